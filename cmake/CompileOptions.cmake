@@ -1,0 +1,54 @@
+# What every source file of the project is compiled with.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
+# Each listed header is also compiled alone: target all_verify_interface_header_sets.
+set(CMAKE_VERIFY_INTERFACE_HEADER_SETS ON)
+
+# "engine/vorstek_engine.h" means the same in every file.
+include_directories(${PROJECT_SOURCE_DIR})
+
+# A fused multiply-add would round once where the calculator rounds twice, and
+# its digits would depend on the processor.
+add_compile_options(-ffp-contract=off)
+
+add_compile_options(
+    -Werror
+    -Wall
+    -Wextra
+    -Wpedantic
+    -Wconversion
+    -Wshadow
+    -Wformat=2
+    -Wcast-align
+    -Wcast-qual
+    -Wextra-semi
+    -Wnon-virtual-dtor
+    -Woverloaded-virtual
+    -Wundef
+    -Wunused)
+
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    add_compile_options(
+        -Wduplicated-branches
+        -Wduplicated-cond
+        -Wlogical-op
+        # Cutting a text to its array is what snprintf is used for here.
+        -Wno-format-truncation)
+else()
+    # GCC's -Wconversion leaves signs alone in C++; both compilers ask the same.
+    add_compile_options(-Wno-sign-conversion)
+endif()
+
+option(VORSTEK_SANITIZE "Check memory use and undefined behaviour at run time" OFF)
+if(VORSTEK_SANITIZE)
+    set(sanitizers -fsanitize=address,undefined,float-cast-overflow)
+    add_compile_options(
+        ${sanitizers}
+        -fno-sanitize-recover=all
+        -fno-omit-frame-pointer)
+    add_compile_definitions(_GLIBCXX_ASSERTIONS)
+    add_link_options(${sanitizers})
+endif()

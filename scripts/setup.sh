@@ -1,0 +1,62 @@
+# shellcheck shell=sh
+# Sourced by ./run and ./test: installs the packages that they need.
+
+# install_missing PACKAGE...
+# Installs those of the Debian packages that are not there yet, and nothing
+# else. Says what it does; returns 1 when something cannot be had.
+install_missing()
+{
+    if ! command -v dpkg-query >/dev/null; then
+        echo "This is no Debian system, so nothing can be installed here." >&2
+        echo "Install what these Debian packages hold, by hand: $*" >&2
+        return 1
+    fi
+
+    missing=
+    for package in "$@"; do
+        is_installed "$package" || missing="$missing $package"
+    done
+    [ -z "$missing" ] && return 0
+
+    as_root=
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "Missing packages:$missing" >&2
+            echo "Only root can install them, and there is no sudo. As root:" >&2
+            echo "    apt-get install --no-install-recommends$missing" >&2
+            return 1
+        fi
+        as_root="sudo"
+        [ -t 0 ] || as_root="sudo -n"   # nobody there to type a password
+    fi
+
+    echo "Installing:$missing"
+    # shellcheck disable=SC2086 # lists of words
+    if apt_get update && apt_get install --yes --no-install-recommends $missing; then
+        return 0
+    fi
+    echo "Could not install:$missing" >&2
+    return 1
+}
+
+is_installed()
+{
+    [ "$(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+# Quiet unless it fails; waits for another apt-get to end; asks nothing.
+apt_get()
+{
+    apt_log=$(mktemp)
+    # shellcheck disable=SC2086 # as_root is a list of words
+    if $as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get -o DPkg::Lock::Timeout=300 -o Acquire::Retries=3 "$@" \
+        >"$apt_log" 2>&1 </dev/null; then
+        rm -f "$apt_log"
+        return 0
+    fi
+    echo "apt-get $* failed:" >&2
+    tail -n 20 "$apt_log" >&2
+    rm -f "$apt_log"
+    return 1
+}

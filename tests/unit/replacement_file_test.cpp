@@ -1,0 +1,382 @@
+#include "toolkit/replacement_file.h"
+
+#include <filesystem>
+#include <string>
+
+#include <doctest/doctest.h>
+
+#include "tests/unit/scratch_folder.h"
+
+#ifndef _WIN32
+#include <csignal>
+
+#include <sys/resource.h>
+#endif
+
+#ifdef __linux__
+#include <linux/capability.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+#endif
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+// Saves Content under Name. Returns what Commit returns, or 0 if Open does.
+int Save(const std::string &Name, const std::string &Content)
+{
+    cReplacementFile File;
+    if (!File.Open(Name.c_str(), "wb"))
+        return 0;
+    fwrite(Content.data(), 1, Content.size(), File.Stream());
+    return File.Commit();
+}
+
+// Whether a file of this name could be saved; saves nothing.
+int Opens(const std::string &Name)
+{
+    cReplacementFile File;
+    return File.Open(Name.c_str(), "wb");
+}
+
+}  // namespace
+
+TEST_CASE("saving makes a file that did not exist")
+{
+    cScratchFolder Folder;
+
+    CHECK(Save(Folder.Name("new.txt"), "01 PI\r\n") == 1);
+
+    CHECK(Folder.Read("new.txt") == "01 PI\r\n");
+    CHECK(Folder.Count() == 1);
+}
+
+TEST_CASE("saving replaces the old content, longer or shorter")
+{
+    cScratchFolder Folder;
+    Folder.Write("program.txt", "the old content");
+
+    CHECK(Save(Folder.Name("program.txt"), "new") == 1);
+    CHECK(Folder.Read("program.txt") == "new");
+    CHECK(Save(Folder.Name("program.txt"), "new and longer than the old content") == 1);
+    CHECK(Folder.Read("program.txt") == "new and longer than the old content");
+    CHECK(Folder.Count() == 1);
+}
+
+TEST_CASE("a file may be saved empty")
+{
+    cScratchFolder Folder;
+    Folder.Write("program.txt", "old");
+
+    CHECK(Save(Folder.Name("program.txt"), "") == 1);
+
+    CHECK(Folder.Read("program.txt") == "");
+}
+
+TEST_CASE("the old file is whole until the new one is committed")
+{
+    cScratchFolder Folder;
+    Folder.Write("program.txt", "old");
+
+    cReplacementFile File;
+    REQUIRE(File.Open(Folder.Name("program.txt").c_str(), "wb") == 1);
+    fputs("new", File.Stream());
+    fflush(File.Stream());
+
+    CHECK(Folder.Count() == 2);  // the new one grows beside it
+    CHECK(Folder.Read("program.txt") == "old");
+    CHECK(File.Commit() == 1);
+    CHECK(Folder.Read("program.txt") == "new");
+}
+
+TEST_CASE("what is not committed leaves the old file and nothing beside it")
+{
+    cScratchFolder Folder;
+    Folder.Write("program.txt", "old");
+
+    {
+        cReplacementFile File;
+        REQUIRE(File.Open(Folder.Name("program.txt").c_str(), "wb") == 1);
+        fputs("half a prog", File.Stream());
+    }
+
+    CHECK(Folder.Read("program.txt") == "old");
+    CHECK(Folder.Count() == 1);
+}
+
+TEST_CASE("text mode writes the line ends of the platform, binary mode what it is given")
+{
+    cScratchFolder   Folder;
+    cReplacementFile Text;
+    cReplacementFile Binary;
+
+    REQUIRE(Text.Open(Folder.Name("text.txt").c_str(), "w") == 1);
+    REQUIRE(Binary.Open(Folder.Name("binary.txt").c_str(), "wb") == 1);
+    fputs("line\n", Text.Stream());
+    fputs("line\n", Binary.Stream());
+    REQUIRE(Text.Commit() == 1);
+    REQUIRE(Binary.Commit() == 1);
+
+#ifdef _WIN32
+    CHECK(Folder.Read("text.txt") == "line\r\n");
+#else
+    CHECK(Folder.Read("text.txt") == "line\n");
+#endif
+    CHECK(Folder.Read("binary.txt") == "line\n");
+}
+
+TEST_CASE("files that look like the temporary one are left alone")
+{
+    cScratchFolder Folder;
+    Folder.Write("program.txt", "old");
+    Folder.Write("~save000.tmp", "somebody's own");
+    fs::create_directory(Folder.Name("~save001.tmp"));
+
+    CHECK(Save(Folder.Name("program.txt"), "new") == 1);
+
+    CHECK(Folder.Read("program.txt") == "new");
+    CHECK(Folder.Read("~save000.tmp") == "somebody's own");
+    CHECK(Folder.Count() == 3);
+}
+
+TEST_CASE("the longest file name that the folder takes can be saved")
+{
+    cScratchFolder Folder;
+#ifdef _WIN32
+    const size_t nLongest = 150;  // the folder's path counts as well there
+#else
+    const size_t nLongest = 255;
+#endif
+    const std::string Long(nLongest, 'n');
+
+    CHECK(Save(Folder.Name(Long), "first") == 1);
+    CHECK(Save(Folder.Name(Long), "second") == 1);
+
+    CHECK(Folder.Read(Long) == "second");
+    CHECK(Folder.Count() == 1);
+}
+
+TEST_CASE("a name in the user's code page can be saved")
+{
+    cScratchFolder    Folder;
+    const std::string Name = "M\xFCller 5 \x80.txt";  // u with dots, Euro sign
+
+    CHECK(Save(Folder.Name(Name), "first") == 1);
+    CHECK(Save(Folder.Name(Name), "second") == 1);
+
+    CHECK(Folder.Read(Name) == "second");
+    CHECK(Folder.Count() == 1);
+}
+
+TEST_CASE("a read-only file is not replaced")
+{
+    cScratchFolder Folder;
+    Folder.Write("program.txt", "old");
+    fs::permissions(Folder.Name("program.txt"), fs::perms::owner_read);
+
+    CHECK(Opens(Folder.Name("program.txt")) == 0);
+
+    CHECK(Folder.Read("program.txt") == "old");
+    CHECK(Folder.Count() == 1);
+    fs::permissions(Folder.Name("program.txt"), fs::perms::owner_all);
+}
+
+TEST_CASE("a folder is not replaced")
+{
+    cScratchFolder Folder;
+    fs::create_directory(Folder.Name("folder"));
+
+    CHECK(Opens(Folder.Name("folder")) == 0);
+    CHECK(Opens(Folder.Name("folder/")) == 0);
+    CHECK(Opens(Folder.Name("")) == 0);
+
+    CHECK(fs::is_directory(Folder.Name("folder")));
+    CHECK(Folder.Count() == 1);
+}
+
+TEST_CASE("no file can be saved in a folder that does not exist, or without a name")
+{
+    cScratchFolder Folder;
+
+    CHECK(Opens(Folder.Name("nowhere/program.txt")) == 0);
+    CHECK(Opens("") == 0);
+
+    CHECK(Folder.Count() == 0);
+}
+
+TEST_CASE("a commit without an opened file fails")
+{
+    cReplacementFile File;
+
+    CHECK(File.Commit() == 0);
+}
+
+TEST_CASE("a target that becomes a folder meanwhile stays one")
+{
+    cScratchFolder   Folder;
+    cReplacementFile File;
+    REQUIRE(File.Open(Folder.Name("program.txt").c_str(), "wb") == 1);
+    fs::create_directories(Folder.Name("program.txt/inside"));
+
+    CHECK(File.Commit() == 0);
+    CHECK(Folder.Count() == 1);
+    CHECK(fs::is_directory(Folder.Name("program.txt/inside")));
+}
+
+#ifndef _WIN32
+
+TEST_CASE("a disk that fills up leaves the old file and nothing beside it")
+{
+    cScratchFolder Folder;
+    Folder.Write("program.txt", "old");
+    const std::string Large(100000, 'x');
+    rlimit            Former;
+    REQUIRE(getrlimit(RLIMIT_FSIZE, &Former) == 0);
+    rlimit Small                      = Former;
+    Small.rlim_cur                    = 50000;
+    void (*const pFormerHandler)(int) = signal(SIGXFSZ, SIG_IGN);
+
+    REQUIRE(setrlimit(RLIMIT_FSIZE, &Small) == 0);
+    const int bFits     = Save(Folder.Name("small.txt"), Large.substr(0, 50000));
+    const int bTooLarge = Save(Folder.Name("program.txt"), Large);
+    const int bOneMore  = Save(Folder.Name("program.txt"), Large.substr(0, 50001));
+    REQUIRE(setrlimit(RLIMIT_FSIZE, &Former) == 0);
+    signal(SIGXFSZ, pFormerHandler);
+
+    CHECK(bFits == 1);
+    CHECK(bTooLarge == 0);
+    CHECK(bOneMore == 0);
+    CHECK(Folder.Read("program.txt") == "old");
+    CHECK(Folder.Count() == 2);
+}
+
+TEST_CASE("a device is written directly and reports what it cannot take")
+{
+    CHECK(Save("/dev/null", "gone") == 1);
+    CHECK(fs::is_character_file("/dev/null"));
+#ifdef __linux__
+    CHECK(Save("/dev/full", "does not fit") == 0);
+    CHECK(fs::is_character_file("/dev/full"));
+#endif
+}
+
+TEST_CASE("a link stays, and the file that it points to is replaced")
+{
+    cScratchFolder Folder;
+    fs::create_directory(Folder.Name("programs"));
+    Folder.Write("programs/program.txt", "old");
+    fs::create_symlink("programs/program.txt", Folder.Name("second.txt"));
+    fs::create_symlink("second.txt", Folder.Name("first.txt"));
+
+    CHECK(Save(Folder.Name("first.txt"), "new") == 1);
+
+    CHECK(fs::is_symlink(Folder.Name("first.txt")));
+    CHECK(fs::is_symlink(Folder.Name("second.txt")));
+    CHECK_FALSE(fs::is_symlink(Folder.Name("programs/program.txt")));
+    CHECK(Folder.Read("programs/program.txt") == "new");
+    CHECK(Folder.Count() == 3);
+}
+
+TEST_CASE("a link to a file that does not exist makes that file")
+{
+    cScratchFolder Folder;
+    fs::create_symlink(fs::absolute(Folder.Name("program.txt")), Folder.Name("link.txt"));
+
+    CHECK(Save(Folder.Name("link.txt"), "new") == 1);
+
+    CHECK(fs::is_symlink(Folder.Name("link.txt")));
+    CHECK(Folder.Read("program.txt") == "new");
+}
+
+TEST_CASE("links that lead in a circle are not replaced")
+{
+    cScratchFolder Folder;
+    fs::create_symlink("second.txt", Folder.Name("first.txt"));
+    fs::create_symlink("first.txt", Folder.Name("second.txt"));
+
+    CHECK(Opens(Folder.Name("first.txt")) == 0);
+
+    CHECK(fs::is_symlink(Folder.Name("first.txt")));
+    CHECK(Folder.Count() == 2);
+}
+
+TEST_CASE("the permissions of the old file are kept")
+{
+    cScratchFolder Folder;
+    Folder.Write("program.txt", "old");
+    const fs::perms nPermissions = fs::perms::owner_all | fs::perms::group_read;
+    fs::permissions(Folder.Name("program.txt"), nPermissions);
+
+    CHECK(Save(Folder.Name("program.txt"), "new") == 1);
+
+    CHECK(fs::status(Folder.Name("program.txt")).permissions() == nPermissions);
+}
+
+#endif
+
+#ifdef __linux__
+
+namespace
+{
+
+// Root is asked for no permission. For the life of this object the test is
+// treated like any other user.
+class cWithoutRootRights
+{
+public:
+    cWithoutRootRights()
+    {
+        REQUIRE(syscall(SYS_capget, &m_Header, m_Former) == 0);
+        __user_cap_data_struct None[2] = {m_Former[0], m_Former[1]};
+        None[0].effective              = 0;
+        None[1].effective              = 0;
+        REQUIRE(syscall(SYS_capset, &m_Header, None) == 0);
+    }
+
+    ~cWithoutRootRights() { syscall(SYS_capset, &m_Header, m_Former); }
+
+    cWithoutRootRights(const cWithoutRootRights &)            = delete;
+    cWithoutRootRights &operator=(const cWithoutRootRights &) = delete;
+
+private:
+    __user_cap_header_struct m_Header    = {_LINUX_CAPABILITY_VERSION_3, 0};
+    __user_cap_data_struct   m_Former[2] = {};
+};
+
+}  // namespace
+
+TEST_CASE("a file that only others may write is not replaced")
+{
+    cScratchFolder Folder;
+    Folder.Write("program.txt", "old");
+    fs::permissions(Folder.Name("program.txt"), fs::perms::owner_read | fs::perms::others_write);
+
+    {
+        const cWithoutRootRights Guard;
+        CHECK(Opens(Folder.Name("program.txt")) == 0);
+    }
+
+    CHECK(Folder.Read("program.txt") == "old");
+    CHECK(Folder.Count() == 1);
+}
+
+TEST_CASE("nothing is saved in a folder that may not be changed")
+{
+    cScratchFolder Folder;
+    Folder.Write("program.txt", "old");
+    fs::permissions(Folder.Name(""), fs::perms::owner_read | fs::perms::owner_exec);
+
+    {
+        const cWithoutRootRights Guard;
+        CHECK(Opens(Folder.Name("program.txt")) == 0);
+        CHECK(Opens(Folder.Name("other.txt")) == 0);
+    }
+
+    fs::permissions(Folder.Name(""), fs::perms::owner_all);
+    CHECK(Folder.Read("program.txt") == "old");
+    CHECK(Folder.Count() == 1);
+}
+
+#endif

@@ -1,0 +1,63 @@
+// dbg_file.h - a text log with a size cap and one generation of backup. The
+// trace of a running program goes through it into "tracelog.txt".
+
+#ifndef TOOLKIT_DBG_FILE_H
+#define TOOLKIT_DBG_FILE_H
+
+#include <cstdint>
+#include <cstdio>
+
+class cMessageBoxes;
+
+// Lets the compiler check a format against its arguments, as for the C
+// library's printf. Positions count from 1, and a member's first is "this".
+#ifdef __MINGW32__
+#define TOOLKIT_PRINTF_FORMAT(nFormat, nFirst)                                                     \
+    __attribute__((format(__MINGW_PRINTF_FORMAT, nFormat, nFirst)))
+#else
+#define TOOLKIT_PRINTF_FORMAT(nFormat, nFirst) __attribute__((format(printf, nFormat, nFirst)))
+#endif
+
+const int      kDbgFileName      = 260;  // characters of a file name, closing zero included
+const int      kDbgMessage       = 512;  // characters of one message, closing zero included
+const uint32_t kMostDbgMegabytes = 100;
+const long     kDbgMegabyte      = 1000000;  // bytes
+
+class cDbgFile
+{
+public:
+    // Keeps what szFileName holds as its backup and opens it empty. The backup
+    // of "tracelog.txt" is "tracelog_older.txt", that of "trace" is
+    // "trace_older". nMaxMegabytes is the cap in units of 1,000,000 bytes, at
+    // most 100. If the file cannot be opened, "C:\windows\temp\dfltlog.txt"
+    // takes its place; if that cannot be opened either, a box says so, quit is
+    // posted, and the log ignores what is written. pBoxes must outlive the log.
+    cDbgFile(const char *szFileName, uint32_t nMaxMegabytes, cMessageBoxes *pBoxes);
+    virtual ~cDbgFile();
+    cDbgFile(const cDbgFile &)            = delete;
+    cDbgFile &operator=(const cDbgFile &) = delete;
+
+    // Writes a text, cut to 511 characters; a line end is the caller's
+    // business. A file above the cap becomes the backup first and starts empty
+    // again, so it exceeds the cap by at most one message. Returns 1, or 0 if
+    // nothing was written.
+    int printf(const char *szFormat, ...) TOOLKIT_PRINTF_FORMAT(2, 3);
+
+    const char *FileName() const { return m_szFileName; }
+    uint32_t    MaxMegabytes() const { return m_nMaxMegabytes; }
+
+private:
+    int  Open();
+    int  OpenDefault();
+    int  KeepWithinCap();
+    void CopyToBackup() const;
+    void GiveUp(const char *szCaption);
+
+    FILE          *m_pFile;     // null when closed
+    uint32_t       m_bEnabled;  // 0 once opening failed for good
+    char           m_szFileName[kDbgFileName];
+    uint32_t       m_nMaxMegabytes;
+    cMessageBoxes *m_pBoxes;
+};
+
+#endif

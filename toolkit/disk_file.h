@@ -1,0 +1,27 @@
+// disk_file.h - the few things about files that neither the C library nor
+// std::filesystem does alike on every platform.
+
+#ifndef TOOLKIT_DISK_FILE_H
+#define TOOLKIT_DISK_FILE_H
+
+#include <cstdio>
+#include <filesystem>
+
+// The path of a file name as fopen() takes it. On Windows that is a name in
+// the user's code page, which std::filesystem by itself takes for Latin-1: the
+// Euro sign of "5 \x80.txt" would become another character and the file
+// another file. Empty for a name that cannot be converted.
+std::filesystem::path PathOfName(const char *szFileName);
+
+// Opens as fopen() does; null on failure.
+FILE *OpenDiskFile(const std::filesystem::path &Path, const char *szMode);
+
+// Creates a file that did not exist and opens it for writing; null if there is
+// something of that name already, or on any other failure.
+FILE *CreateDiskFile(const std::filesystem::path &Path, const char *szMode);
+
+// Flushes pFile and waits until its content is on the disk. Returns 1, or 0
+// when anything could not be written.
+int SyncToDisk(FILE *pFile);
+
+#endif

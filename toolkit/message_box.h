@@ -1,0 +1,47 @@
+// message_box.h - how a message box looks and how it was answered.
+// The portable code asks through cMessageBoxes; the window program shows real
+// boxes, the console program prints them, the tests record them.
+
+#ifndef TOOLKIT_MESSAGE_BOX_H
+#define TOOLKIT_MESSAGE_BOX_H
+
+enum eButtons
+{
+    bnOk,
+    bnOkCancel,
+    bnYesNoCancel,
+    bnRetryCancel
+};
+
+enum eIcon
+{
+    icNone,
+    icError,
+    icQuestion
+};
+
+enum eAnswer
+{
+    anOk,
+    anCancel,
+    anYes,
+    anNo,
+    anRetry
+};
+
+class cMessageBoxes
+{
+public:
+    virtual ~cMessageBoxes() {}
+
+    // Shows a box, waits, returns the button that closed it. szText may hold
+    // '\n' line ends. szCaption null: the application's name.
+    virtual eAnswer Ask(const char *szText, const char *szCaption, eButtons nButtons,
+                        eIcon nIcon) = 0;
+
+    // Asks the application to end: the message loop returns nExitCode once
+    // the work in hand is finished.
+    virtual void PostQuit(int nExitCode) = 0;
+};
+
+#endif

@@ -1,0 +1,146 @@
+#include "toolkit/replacement_file.h"
+
+#include <system_error>
+
+#include "toolkit/disk_file.h"
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+const int kMostLinks       = 40;    // in a row, as the system itself follows
+const int kMostTemporaries = 1000;  // left behind by computers switched off while saving
+const int kTemporaryName   = 16;
+
+// The file that Path stands for once all links are followed; it need not
+// exist. Empty for links that lead in a circle.
+fs::path FollowLinks(fs::path Path)
+{
+    for (int i = 0; i < kMostLinks; i++)
+    {
+        std::error_code Error;
+        const fs::path  Next = fs::read_symlink(Path, Error);
+        if (Error)
+            return Path;
+        Path = Path.parent_path() / Next;  // an absolute Next stands alone
+    }
+    return fs::path();
+}
+
+// Renaming asks the folder for leave, not the file, and root is asked for
+// nothing; a file that is marked read-only is refused to everybody.
+int MayWrite(const fs::path &Path, fs::perms nPermissions)
+{
+    const fs::perms nAnyWrite =
+        fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    if ((nPermissions & nAnyWrite) == fs::perms::none)
+        return 0;
+
+    // Appending nothing changes nothing.
+    FILE *const pFile = OpenDiskFile(Path, "ab");
+    if (!pFile)
+        return 0;
+    return fclose(pFile) == 0;
+}
+
+}  // namespace
+
+cReplacementFile::cReplacementFile() : m_pFile(nullptr) {}
+
+cReplacementFile::~cReplacementFile()
+{
+    if (m_pFile)
+        fclose(m_pFile);
+    RemoveTemporary();
+}
+
+int cReplacementFile::Open(const char *szFileName, const char *szMode)
+{
+    m_Target = FollowLinks(PathOfName(szFileName));
+    if (m_Target.empty())
+        return 0;
+
+    std::error_code       Error;
+    const fs::file_status Status = fs::status(m_Target, Error);
+    switch (Status.type())
+    {
+    case fs::file_type::not_found:
+        return OpenTemporary(szMode);
+    case fs::file_type::regular:
+        return MayWrite(m_Target, Status.permissions()) && OpenTemporary(szMode);
+    case fs::file_type::character:
+    case fs::file_type::block:
+    case fs::file_type::fifo:
+        m_pFile = OpenDiskFile(m_Target, szMode);
+        return m_pFile != nullptr;
+    default:
+        return 0;
+    }
+}
+
+// A short name of its own, so that it fits wherever the target's name fits.
+int cReplacementFile::OpenTemporary(const char *szMode)
+{
+    for (int i = 0; i < kMostTemporaries; i++)
+    {
+        char szName[kTemporaryName];
+        snprintf(szName, sizeof szName, "~save%03d.tmp", i);
+        const fs::path Path = m_Target.parent_path() / szName;
+        m_pFile             = CreateDiskFile(Path, szMode);
+        if (m_pFile)
+        {
+            m_Temporary = Path;
+            return 1;
+        }
+        std::error_code Error;
+        if (!fs::exists(fs::symlink_status(Path, Error)))
+            return 0;
+    }
+    return 0;
+}
+
+int cReplacementFile::Commit()
+{
+    if (!m_pFile)
+        return 0;
+    const int bDone = Finish() && (m_Temporary.empty() || TakePlace());
+    RemoveTemporary();
+    return bDone;
+}
+
+// Writes out and closes the stream. 1 if not a byte was lost on the way.
+int cReplacementFile::Finish()
+{
+    const int bWritten = !ferror(m_pFile);
+    const int bSynced  = m_Temporary.empty() ? fflush(m_pFile) == 0 : SyncToDisk(m_pFile);
+    const int bClosed  = fclose(m_pFile) == 0;
+    m_pFile            = nullptr;
+    return bWritten && bSynced && bClosed;
+}
+
+int cReplacementFile::TakePlace()
+{
+    std::error_code       Error;
+    const fs::file_status Old = fs::status(m_Target, Error);
+    if (fs::exists(Old))
+    {
+        fs::permissions(m_Temporary, Old.permissions(), Error);
+        if (Error)
+            return 0;
+    }
+    fs::rename(m_Temporary, m_Target, Error);
+    if (Error)
+        return 0;
+    m_Temporary.clear();
+    return 1;
+}
+
+// There is none any more once it has taken the target's place.
+void cReplacementFile::RemoveTemporary()
+{
+    std::error_code Ignored;
+    if (!m_Temporary.empty())
+        fs::remove(m_Temporary, Ignored);
+    m_Temporary.clear();
+}
