@@ -1,0 +1,125 @@
+#include "graph/float_scan.h"
+
+#include <cfloat>
+#include <charconv>
+#include <system_error>
+
+namespace
+{
+
+// Far above any exponent that decides between too large and too small, and far
+// below what an int can hold.
+const int kExponentCap = 100000000;
+
+bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+// Space, tab, newline, vertical tab, form feed, carriage return.
+bool IsWhite(char c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+const char *SkipWhite(const char *pText)
+{
+    while (IsWhite(*pText))
+        pText++;
+    return pText;
+}
+
+const char *SkipDigits(const char *pText)
+{
+    while (IsDigit(*pText))
+        pText++;
+    return pText;
+}
+
+// Returns pText itself where no complete exponent stands.
+const char *SkipExponent(const char *pText)
+{
+    if (*pText != 'e' && *pText != 'E')
+        return pText;
+    const char *pDigits = pText + 1;
+    if (*pDigits == '+' || *pDigits == '-')
+        pDigits++;
+    return IsDigit(*pDigits) ? SkipDigits(pDigits) : pText;
+}
+
+// pText stands on the first character of the number, or on none.
+const char *NumberEnd(const char *pText)
+{
+    if (*pText == '+' || *pText == '-')
+        pText++;
+    const char *pEnd = SkipDigits(pText);
+    auto nDigits = pEnd - pText;
+    if (*pEnd == '.')
+    {
+        const char *pFraction = pEnd + 1;
+        pEnd = SkipDigits(pFraction);
+        nDigits += pEnd - pFraction;
+    }
+    return nDigits > 0 ? SkipExponent(pEnd) : nullptr;
+}
+
+int ExponentValue(const char *pText)
+{
+    if (*pText != 'e' && *pText != 'E')
+        return 0;
+    pText++;
+    const bool bNegative = *pText == '-';
+    if (*pText == '+' || *pText == '-')
+        pText++;
+    int nValue = 0;
+    for (; IsDigit(*pText); pText++)
+        if (nValue < kExponentCap)
+            nValue = 10 * nValue + (*pText - '0');
+    return bNegative ? -nValue : nValue;
+}
+
+// Tells a number that is too large from one that is too small: is the decimal
+// exponent of its first digit other than 0 positive? pText is behind the sign.
+bool IsLarge(const char *pText)
+{
+    while (*pText == '0')
+        pText++;
+    int nExponent = 0;
+    for (; IsDigit(*pText); pText++)
+        if (nExponent < kExponentCap)
+            nExponent++;
+    if (*pText == '.')
+    {
+        pText++;
+        if (nExponent == 0)
+            for (; *pText == '0'; pText++)
+                if (nExponent > -kExponentCap)
+                    nExponent--;
+        pText = SkipDigits(pText);
+    }
+    return nExponent + ExponentValue(pText) > 0;
+}
+
+} // namespace
+
+const char *SkipFloat(const char *szText)
+{
+    return NumberEnd(SkipWhite(szText));
+}
+
+const char *ReadFloat(const char *szText, float *pValue)
+{
+    const char *pStart = SkipWhite(szText);
+    const char *pEnd = NumberEnd(pStart);
+    if (pEnd == nullptr)
+        return nullptr;
+
+    const bool bNegative = *pStart == '-';
+    if (*pStart == '+' || *pStart == '-')
+        pStart++;
+    float fAbs = 0.0F;
+    if (std::from_chars(pStart, pEnd, fAbs).ec == std::errc::result_out_of_range)
+        fAbs = IsLarge(pStart) ? FLT_MAX : 0.0F;
+    *pValue = bNegative ? -fAbs : fAbs;
+    return pEnd;
+}

@@ -1,0 +1,120 @@
+#include "graph/graph_file_commands.h"
+
+#include <cstdio>
+
+#include "graph/ascii_data_file.h"
+
+namespace
+{
+
+const int kMessageText = 4608;          // a file name and the words around it
+
+// Red, green, blue, yellow, magenta, cyan, light grey, black, and again.
+const uint32_t kSetColors[] =
+{
+    MakeColor(255, 0, 0),
+    MakeColor(0, 255, 0),
+    MakeColor(0, 0, 255),
+    MakeColor(255, 255, 0),
+    MakeColor(255, 0, 255),
+    MakeColor(0, 255, 255),
+    MakeColor(192, 192, 192),
+    MakeColor(0, 0, 0),
+};
+const uint32_t kColors = sizeof kSetColors / sizeof kSetColors[0];
+
+int ReadOrTell(cAsciiDataFile *pFile, cMessageBoxes *pBoxes, const char *szFile)
+{
+    if (pFile->ReadFromFile(szFile))
+        return 1;
+    char szText[kMessageText];
+    snprintf(szText, sizeof szText, "Could not read the file:\n %s", szFile);
+    pBoxes->Ask(szText, nullptr, bnOk, icNone);
+    return 0;
+}
+
+int AddSets(cVantorPlot *pPlot, const cAsciiDataFile &File)
+{
+    for (uint32_t nSet = 1; nSet <= File.SetCount(); nSet++)
+    {
+        cVantorLineFormat Format;
+        Format.m_crColor = kSetColors[(nSet - 1) % kColors];
+        Format.m_pszLabel = File.Label(nSet);
+        if (!pPlot->AddDataSet(File.RowCount(), File.XValues(), File.YValues(nSet), &Format))
+            return 0;
+    }
+    return 1;
+}
+
+// Returns 0 when the user gave up for lack of memory.
+int CollectSets(cAsciiDataFile *pFile, const cVantorPlot &Plot)
+{
+    const cVantorDataSet *pSet = Plot.DataSet(1);
+    pFile->SetTitle(Plot.Settings().m_szTitle);
+    pFile->SetHorzLabel(Plot.Settings().m_szHorzLabel);
+    pFile->SetExplicitX(pSet->m_pX != nullptr);
+    for (; pSet != nullptr; pSet = pSet->m_pNext)
+    {
+        const float *pX = pSet->m_pX.get();
+        const float *pY = pSet->m_pY.get();
+        if (pFile->Accepts(pSet->m_nPoints, pX, pY)
+            && !pFile->AddSet(pSet->m_nPoints, pX, pY, pSet->m_pszLabel.get()))
+            return 0;
+    }
+    return 1;
+}
+
+void TellIncompatible(cMessageBoxes *pBoxes, uint32_t nWritten, uint32_t nSets,
+                      const char *szFile)
+{
+    char szText[kMessageText];
+    snprintf(szText, sizeof szText,
+             "%u of the %u data sets were written to the file:\n"
+             "  %s\n"
+             "\n"
+             "Data sets must have compatible x axis\n"
+             "values to share an ASCII data file.",
+             static_cast<unsigned>(nWritten), static_cast<unsigned>(nSets), szFile);
+    pBoxes->Ask(szText, nullptr, bnOk, icNone);
+}
+
+} // namespace
+
+int OpenGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile)
+{
+    cAsciiDataFile File(pBoxes);
+    if (!ReadOrTell(&File, pBoxes, szFile))
+        return 0;
+    pPlot->ClearAll();
+    pPlot->SetTitle(File.Title());
+    pPlot->SetHorzLabel(File.HorzLabel());
+    return AddSets(pPlot, File);
+}
+
+int AppendGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile)
+{
+    cAsciiDataFile File(pBoxes);
+    return ReadOrTell(&File, pBoxes, szFile) && AddSets(pPlot, File);
+}
+
+int SaveGraphFile(const cVantorPlot &Plot, cMessageBoxes *pBoxes, const char *szFile)
+{
+    if (Plot.Count() == 0)
+    {
+        pBoxes->Ask("There is no data to save", nullptr, bnOk, icNone);
+        return 0;
+    }
+    cAsciiDataFile File(pBoxes);
+    if (!CollectSets(&File, Plot))
+        return 0;
+    if (!File.WriteToFile(szFile))
+    {
+        char szText[kMessageText];
+        snprintf(szText, sizeof szText, "Could not write the file:\n %s", szFile);
+        pBoxes->Ask(szText, nullptr, bnOk, icNone);
+        return 0;
+    }
+    if (File.SetCount() < Plot.Count())
+        TellIncompatible(pBoxes, File.SetCount(), Plot.Count(), szFile);
+    return 1;
+}

@@ -1,0 +1,73 @@
+// short_line_reader.h - a text file as a sequence of lines of at most 99 bytes.
+// Reads in blocks; a line costs no allocation, the file no memory but one block.
+
+#ifndef GRAPH_SHORT_LINE_READER_H
+#define GRAPH_SHORT_LINE_READER_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+
+// A line of the file, its newline and a closing zero fit into this many bytes.
+// What is longer comes as two or more lines.
+const size_t kShortLine = 100;
+
+const size_t kReadBlock = 65536;   // bytes asked of the file at once
+
+class cShortLineReader
+{
+public:
+    // Where a line begins, for GoBack.
+    struct cMark
+    {
+        uint64_t nOffset;          // bytes from the start of the file
+        uint32_t nLinesBefore;
+    };
+
+    cShortLineReader();
+    ~cShortLineReader();
+    cShortLineReader(const cShortLineReader &) = delete;
+    cShortLineReader &operator=(const cShortLineReader &) = delete;
+
+    // Returns 1, or 0 when szFile is no regular file or cannot be opened. A
+    // directory, a pipe or a device is refused without being opened.
+    int Open(const char *szFile);
+
+    // Reads the next line. Returns 0 at the end of the file, and when the file
+    // cannot be read any further (Failed tells which).
+    int Next();
+
+    // The line read last, without its newline and without a carriage return
+    // before that. A line of exactly 99 characters is followed by an empty one,
+    // which holds its newline. A zero byte in the file ends the text early.
+    const char *Text() const { return m_szLine; }
+
+    // How many lines have been read: the first line is 1.
+    uint32_t LineNumber() const { return m_nLine; }
+
+    // 1 when the file could not be read to its end.
+    int Failed() const { return m_bFailed; }
+
+    // Where the line read last begins.
+    cMark LineStart() const { return m_LineStart; }
+
+    // The next Next reads the line that begins at Mark, afresh from the file.
+    // Returns 0 when the file cannot be set back there.
+    int GoBack(const cMark &Mark);
+
+private:
+    void Fill();
+
+    FILE    *m_pFile;
+    uint64_t m_nBlockOffset;       // where the block stands in the file
+    size_t   m_nNext;              // first byte of the block not yet read
+    size_t   m_nEnd;               // bytes in the block
+    uint32_t m_nLine;
+    int           m_bAtEnd;             // the file has no bytes behind the block
+    int           m_bFailed;
+    cMark         m_LineStart;
+    char          m_szLine[kShortLine];
+    char          m_Block[kReadBlock];
+};
+
+#endif

@@ -1,0 +1,124 @@
+// vantor_plot.h - what the graph shows: the data sets in their order and the
+// settings of the plot. Needs no window.
+
+#ifndef GRAPH_VANTOR_PLOT_H
+#define GRAPH_VANTOR_PLOT_H
+
+#include <cstdint>
+
+#include "graph/vantor_data_set.h"
+#include "toolkit/message_box.h"
+
+// Title and axis label hold up to 100 characters. An empty text is none.
+const int kPlotText = 101;
+
+// The values are those with which the calculator opens its graph.
+struct cVantorPlotSettings
+{
+    char     m_szTitle[kPlotText]     = "My Graph";
+    char     m_szHorzLabel[kPlotText] = "x axis";
+    uint32_t m_nHorzTicks             = 6;
+    uint32_t m_nVertTicks             = 6;
+    float    m_fMinHorzTick           = 0.0F;
+    float    m_fMaxHorzTick           = 10.0F;
+    float    m_fMinVertTick           = 0.0F;
+    float    m_fMaxVertTick           = 5.0F;
+    uint32_t m_bHorzGrid              = 0;
+    uint32_t m_bVertGrid              = 0;
+    uint32_t m_crAxis                 = kBlack;
+    uint32_t m_crText                 = kBlack;
+    uint32_t m_crBackground           = kWhite;
+    uint32_t m_bLegend                = 1;
+};
+
+// A set that grows point by point begins with room for 100 points and doubles
+// it whenever it is full, until the room is 12800 or more.
+const uint32_t kFirstCapacity = 100;
+const uint32_t kMostGrowth    = 12800;
+
+const uint32_t kHintByPoint = 100;      // m_nAllocHint of a set begun by AddPoint
+const uint32_t kHintWhole   = 50;       // and of one made by AddDataSet
+
+const uint32_t kLegendRows = 4;         // visible until the user drags the border
+
+class cVantorPlot
+{
+public:
+    // An empty plot with the default settings in automatic range. pBoxes asks
+    // the user when memory runs out; it outlives the plot.
+    explicit cVantorPlot(cMessageBoxes *pBoxes);
+    virtual ~cVantorPlot();
+    cVantorPlot(const cVantorPlot &) = delete;
+    cVantorPlot &operator=(const cVantorPlot &) = delete;
+
+    // Data lines are numbered from 1 in list order.
+    uint32_t Count() const { return m_nCount; }
+
+    // Line nLine, or null when there is none. Going through the lines upwards,
+    // or asking for the same one again, costs no walk along the list.
+    const cVantorDataSet *DataSet(uint32_t nLine) const;
+
+    // Appends the point to line nLine, 1 to Count() + 1; the last of these
+    // begins a new set with x values and the label "data line # N". Infinities
+    // become +-3.4028235e38; a set without x values ignores fX. Returns 0 and
+    // changes nothing for another line, for a NaN, and when the set is full and
+    // may not grow: one begun here holds 12800 points.
+    int AddPoint(uint32_t nLine, float fX, float fY);
+
+    // Appends a set with copies of nPoints finite values; pX may be null.
+    // Without a format it is a black solid line of width 1. A width of 0 becomes
+    // 1, above 4 it becomes 4; a style above 4 becomes 0. Returns 0 for no points.
+    int AddDataSet(uint32_t nPoints, const float *pX, const float *pY,
+                   const cVantorLineFormat *pFormat);
+
+    // Returns 0 when there is no such line. Those behind it move up by one and
+    // keep their labels.
+    int DeleteDataSet(uint32_t nLine);
+
+    // Gives line nLine other points; its look stays. Without pX it loses its x
+    // values. Returns 0 and changes nothing for no points or no such line.
+    int ReplaceDataSetPoints(uint32_t nLine, uint32_t nPoints, const float *pX,
+                             const float *pY);
+
+    // Leaves no data, no title and no axis label, and 4 legend rows. A range
+    // that the user has fixed stays. Returns 1.
+    int ClearAll();
+
+    const cVantorPlotSettings &Settings() const { return m_Settings; }
+
+    // Takes the settings over and fixes the range to theirs.
+    void ApplySettings(const cVantorPlotSettings &Settings);
+
+    // Of a longer text the first 100 characters are kept.
+    void SetTitle(const char *szTitle);
+    void SetHorzLabel(const char *szLabel);
+
+    // 1 while the range is the user's, 0 while it follows the data.
+    int UserRange() const { return m_bUserRange; }
+
+    // How many rows of the legend the window shows at most.
+    uint32_t LegendRows() const { return m_nLegendRows; }
+    void SetLegendRows(uint32_t nRows) { m_nLegendRows = nRows; }
+
+private:
+    cVantorDataSet *FindDataSet(uint32_t nLine) const;
+    int BeginDataSet(float fX, float fY);
+    int MakeRoom(cVantorDataSet *pSet);
+    std::unique_ptr<cVantorDataSet> NewDataSet(const char *pszLabel);
+    int StorePoints(cVantorDataSet *pSet, uint32_t nPoints, const float *pX, const float *pY);
+    void Link(std::unique_ptr<cVantorDataSet> pSet);
+
+    cMessageBoxes      *m_pBoxes;
+    cVantorPlotSettings m_Settings;
+    int                 m_bUserRange;
+    uint32_t            m_nLegendRows;
+    uint32_t            m_nCount;
+    cVantorDataSet     *m_pHead;            // the list owns its sets
+    cVantorDataSet     *m_pTail;
+
+    // The set found last and its number: where the next search may begin.
+    mutable cVantorDataSet *m_pFound;
+    mutable uint32_t        m_nFound;       // 0: none
+};
+
+#endif
