@@ -1,0 +1,100 @@
+#include "engine/decimal.h"
+
+#include <charconv>
+#include <limits>
+
+static int IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+static int IsSign(char c)
+{
+    return c == '+' || c == '-';
+}
+
+static size_t CountDigits(const char *szText)
+{
+    size_t nDigits = 0;
+    while (IsDigit(szText[nDigits]))
+        nDigits++;
+    return nDigits;
+}
+
+// Length of "e+05" at the start of szText, 0 if it has no digits.
+static size_t ExponentLength(const char *szText)
+{
+    if (*szText != 'e' && *szText != 'E')
+        return 0;
+    const size_t nSign   = IsSign(szText[1]) ? 1 : 0;
+    const size_t nDigits = CountDigits(szText + 1 + nSign);
+    return nDigits ? 1 + nSign + nDigits : 0;
+}
+
+size_t DecimalLength(const char *szText)
+{
+    size_t       nLength   = IsSign(*szText) ? 1 : 0;
+    const size_t nIntegers = CountDigits(szText + nLength);
+    nLength += nIntegers;
+    size_t nPlaces = 0;
+    if (szText[nLength] == '.')
+    {
+        nPlaces = CountDigits(szText + nLength + 1);
+        nLength += 1 + nPlaces;
+    }
+    if (nIntegers + nPlaces == 0)
+        return 0;
+    return nLength + ExponentLength(szText + nLength);
+}
+
+// Power of ten of the first digit that is not 0: 2 for "123", -3 for "0.001".
+static long LeadingPower(const char *pText, const char *pEnd)
+{
+    long nPower   = -1;
+    int  bPoint   = 0;
+    int  bLeading = 1;
+    for (; pText < pEnd && (IsDigit(*pText) || *pText == '.'); pText++)
+    {
+        if (*pText == '.')
+            bPoint = 1;
+        else if (bLeading && *pText == '0')
+            nPower -= bPoint;
+        else
+        {
+            bLeading = 0;
+            nPower += !bPoint;
+        }
+    }
+    return nPower;
+}
+
+// Whether a number that no double can hold is too large, not too small.
+static int IsTooLarge(const char *pText, const char *pEnd)
+{
+    long nExponent = 0;
+    for (const char *p = pText; p < pEnd; p++)
+        if (*p == 'e' || *p == 'E')
+        {
+            p += p[1] == '+' ? 2 : 1;
+            if (std::from_chars(p, pEnd, nExponent).ec != std::errc())
+                return *p != '-';
+            break;
+        }
+    return LeadingPower(pText, pEnd) + nExponent > 0;
+}
+
+int ParseDecimal(const char *szText, double *pdValue)
+{
+    *pdValue             = 0.0;
+    const size_t nLength = DecimalLength(szText);
+    if (nLength == 0)
+        return 0;
+    const char *const pEnd   = szText + nLength;
+    const int         bMinus = *szText == '-';
+    const char *const pFirst = szText + (IsSign(*szText) ? 1 : 0);
+    double            dValue = 0.0;
+    if (std::from_chars(pFirst, pEnd, dValue).ec == std::errc::result_out_of_range)
+        dValue = IsTooLarge(pFirst, pEnd) ? std::numeric_limits<double>::infinity() : 0.0;
+    *pdValue = bMinus ? -dValue : dValue;
+    return *pEnd == 0;
+}

@@ -1,0 +1,31 @@
+// display.h - what the calculator's display shows: lines of text, each with
+// its font and its place. Composed by the engine, drawn by the host.
+
+#ifndef ENGINE_DISPLAY_H
+#define ENGINE_DISPLAY_H
+
+enum eDisplayFont
+{
+    dfLarge,  // 12 points
+    dfSmall   // 8 points
+};
+
+const int kDisplayText  = 24;  // the longest line, 23 characters, and its end
+const int kDisplayLines = 7;   // the stack view needs the most
+
+struct cDisplayLine
+{
+    char         m_szText[kDisplayText];
+    eDisplayFont m_nFont;
+    int          m_nLeft;  // pixels from the origin of the face, to the
+    int          m_nTop;   // upper left corner of the first character
+};
+
+// The first line is always the main one: X, an error text or a program line.
+struct cDisplay
+{
+    cDisplayLine m_Lines[kDisplayLines];
+    int          m_nLines;
+};
+
+#endif

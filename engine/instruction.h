@@ -1,0 +1,49 @@
+// instruction.h - one row of the instruction table: all that is known of an
+// instruction.
+
+#ifndef ENGINE_INSTRUCTION_H
+#define ENGINE_INSTRUCTION_H
+
+class cVorstekEngine;
+
+enum eOperand
+{
+    opNone,
+    opDigits,    // FIX 0 to FIX 9
+    opRegister,  // 0 to 9, .0 to .10 for 10 to 20
+    opLabel      // 0 to 9
+};
+
+// Results that the instruction computes and that are held within
+// +-9.999999999e99 and away from the denormal range.
+enum eClamp
+{
+    clNone,
+    clX,
+    clXY
+};
+
+// How the instruction leaves the calculator.
+enum eEnding
+{
+    enLift,  // X shown, entry ended, the next number pushes the stack
+    enOver,  // the same, but the next number overwrites X
+    enKeep,  // the same, the stack-lift flag as it was
+    enOwn    // the handler sees to it
+};
+
+// Performs the instruction; returns 1, or 0 after an error.
+typedef int (cVorstekEngine::*cHandler)(unsigned nOperand);
+
+struct cInstruction
+{
+    const char *m_szMnemonic;
+    eOperand    m_nOperand;
+    cHandler    m_pExecute;
+    int         m_bLastX;  // the former X goes to LASTx
+    eClamp      m_nClamp;
+    eEnding     m_nEnding;
+    int         m_bJump;  // sets the current line itself
+};
+
+#endif

@@ -1,0 +1,188 @@
+// listing_load.cpp - reads a listing file into program memory. The new program
+// and its listing are built aside; the old ones stay until it is clear that
+// the load goes through.
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+#include "engine/line_box.h"
+#include "engine/listing_parser.h"
+#include "engine/vorstek_engine.h"
+#include "toolkit/read_file.h"
+#include "toolkit/retry_alloc.h"
+
+static const char *const kLoaderCaption = "ERROR";
+
+// A listed line is "NN ", the file line and "\r\n"; "00\r\n" begins and
+// "NN R/S\r\n" stands for each unused line.
+static const size_t kListedExtra  = 5;
+static const size_t kListedUnused = kListedExtra + 3;
+
+struct cVorstekEngine::cLoad
+{
+    ProgramLine m_Program[kProgramLines];
+    unsigned    m_nLines;         // program lines so far
+    unsigned    m_nListingLines;  // listing lines so far
+    char       *m_pListing;
+    size_t      m_nListingLength;
+    size_t      m_nListingRoom;
+
+    void List(const char *szMark, const char *szLine);
+    void ListNumbered(unsigned nNumber, const char *szLine);
+};
+
+void cVorstekEngine::cLoad::List(const char *szMark, const char *szLine)
+{
+    m_nListingLength += static_cast<size_t>(snprintf(m_pListing + m_nListingLength,
+                                                     m_nListingRoom - m_nListingLength, "%s%s\r\n",
+                                                     szMark, szLine));
+    m_nListingLines++;
+}
+
+void cVorstekEngine::cLoad::ListNumbered(unsigned nNumber, const char *szLine)
+{
+    char szMark[16];
+    snprintf(szMark, sizeof szMark, "%02u ", nNumber);
+    List(szMark, szLine);
+}
+
+static size_t CountFileLines(const char *pText, const char *pEnd)
+{
+    char   szLine[kFileLineText];
+    size_t nLines = 0;
+    while ((pText = NextFileLine(pText, pEnd, szLine)) != nullptr)
+        nLines++;
+    return nLines;
+}
+
+int cVorstekEngine::LoadProgram(const char *szFileName)
+{
+    cFileText File;
+    if (strlen(szFileName) >= kFileNameText || !File.Read(szFileName, m_pHost))
+    {
+        char szText[kFileNameText + 64];
+        snprintf(szText, sizeof szText, "ERROR: couldn't open the file '%s' for reading",
+                 szFileName);
+        Ask(szText, bnOk, icError);
+        return 0;
+    }
+    const char *const pEnd   = File.Text() + File.Length();
+    const size_t      nLines = CountFileLines(File.Text(), pEnd);
+    const size_t nRoom = File.Length() + nLines * kListedExtra + kProgramLines * kListedUnused + 1;
+    const std::unique_ptr<char, void (*)(void *)> Listing(
+        AllocateWithRetry(m_pHost, [nRoom] { return static_cast<char *>(malloc(nRoom)); }), free);
+    if (!Listing)
+        return 0;
+
+    cLoad Load          = {};
+    Load.m_pListing     = Listing.get();
+    Load.m_nListingRoom = nRoom;
+    Load.List("00", "");
+    m_bParseOnly    = 1;
+    const int bRead = ReadLines(&Load, File.Text(), pEnd);
+    m_bParseOnly    = 0;
+    if (!bRead)
+        return CancelLoad();
+    FinishLoad(&Load);
+    return 1;
+}
+
+// 0 if the user cancelled.
+int cVorstekEngine::ReadLines(cLoad *pLoad, const char *pText, const char *pEnd)
+{
+    char szLine[kFileLineText];
+    m_nLoaderLine = 0;
+    while ((pText = NextFileLine(pText, pEnd, szLine)) != nullptr)
+    {
+        m_nLoaderLine++;
+        cListingLine Line;
+        ParseListingLine(szLine, m_mapHandlers, &Line);
+        if (Line.m_nKind == llInstruction && !AcceptsLine(Line))
+            Line.m_nKind = llBadOperand;
+        if (Line.m_nKind == llComment)
+            pLoad->List("   ", szLine);
+        else if (Line.m_nKind != llInstruction && Line.m_nKind != llNumber)
+        {
+            if (!RejectLine(Line, szLine))
+                return 0;
+            pLoad->List("-- ", szLine);
+        }
+        else if (pLoad->m_nLines == kLastLine)
+        {
+            Ask("Program memory overflow", bnOk, icNone);
+            return 1;
+        }
+        else
+            StoreLine(pLoad, Line, szLine);
+    }
+    return 1;
+}
+
+// The instruction's own rule decides about the operand.
+int cVorstekEngine::AcceptsLine(const cListingLine &Line)
+{
+    snprintf(m_szMnemonic, sizeof m_szMnemonic, "%s", Line.m_szText);
+    snprintf(m_szOperand, sizeof m_szOperand, "%s", Line.m_szOperandText);
+    return Perform(Line.m_szText, Line.m_nOperand);
+}
+
+void cVorstekEngine::StoreLine(cLoad *pLoad, const cListingLine &Line, const char *szLine)
+{
+    ProgramLine *const pProgramLine = &pLoad->m_Program[++pLoad->m_nLines];
+    pProgramLine->m_nListingLine    = pLoad->m_nListingLines;
+    if (Line.m_nKind == llNumber)
+        SetNumber(pProgramLine, Line.m_szText);
+    else
+    {
+        pProgramLine->m_pHandler = m_mapHandlers.Find(Line.m_szText);
+        pProgramLine->m_nOperand = Line.m_nOperand;
+        memcpy(pProgramLine->m_szText, Line.m_szText, sizeof Line.m_szText);
+        memcpy(pProgramLine->m_szOperandText, Line.m_szOperandText, sizeof Line.m_szOperandText);
+    }
+    pLoad->ListNumbered(pLoad->m_nLines, szLine);
+}
+
+static const char *RejectionText(eListingLine nKind)
+{
+    if (nKind == llBadNumber)
+        return "Error: illegal number on line #";
+    if (nKind == llBadOperand)
+        return "Error: illegal operand on line ";  // without "#", on purpose
+    return "Error: unrecognized instr mnemonic on line #";
+}
+
+// Asks whether to go on without the line.
+int cVorstekEngine::RejectLine(const cListingLine &Line, const char *szLine)
+{
+    char szText[kFileLineText + 64];
+    snprintf(szText, sizeof szText, "%s%u:\n%s", RejectionText(Line.m_nKind), m_nLoaderLine,
+             szLine);
+    return Ask(szText, bnOkCancel, icNone, kLoaderCaption) == anOk;
+}
+
+int cVorstekEngine::CancelLoad()
+{
+    ClearProgram();
+    m_nReturnDepth = 0;
+    RefreshViews();
+    Ask("Program Memory has been cleared", bnOk, icNone);
+    return 0;
+}
+
+void cVorstekEngine::FinishLoad(cLoad *pLoad)
+{
+    const cInstruction *const pRunStop = m_mapHandlers.Find("R/S");
+    for (unsigned nLine = pLoad->m_nLines + 1; nLine <= kLastLine; nLine++)
+    {
+        SetRunStop(pRunStop, &pLoad->m_Program[nLine], pLoad->m_nListingLines);
+        pLoad->ListNumbered(nLine, pRunStop->m_szMnemonic);
+    }
+    memcpy(m_Program, pLoad->m_Program, sizeof m_Program);
+    m_pListing->SetText(pLoad->m_pListing);
+    m_bProgramModified = 0;
+    m_nReturnDepth     = 0;
+    SetCurLine(0);
+    RefreshViews();
+}

@@ -1,0 +1,175 @@
+#include "engine/number_format.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+
+// Sign, up to 309 integer digits, point, 9 places.
+static const int kPrintRoom = 336;
+
+static const char *const kTenSignificant = "%+.9le";
+
+// FIX shows at most 12 characters, sign and point included; the rest is cut,
+// not rounded.
+static const size_t kFixCharacters = 12;
+
+void BuildFormat(unsigned nDigits, char cConversion, char (&szFormat)[12])
+{
+    snprintf(szFormat, sizeof szFormat, "%%+.%1ul%c", nDigits, cConversion);
+}
+
+static const char *NonFiniteText(double dValue)
+{
+    if (std::isnan(dValue))
+        return "+nan";
+    return dValue > 0.0 ? "+inf" : "-inf";
+}
+
+void PrintNumber(const char *szFormat, double dValue, char *szText, size_t nSize)
+{
+    if (!std::isfinite(dValue))
+    {
+        snprintf(szText, nSize, "%s", NonFiniteText(dValue));
+        return;
+    }
+    const int  nDigits = szFormat[3] - '0';
+    const auto nNotation =
+        szFormat[5] == 'f' ? std::chars_format::fixed : std::chars_format::scientific;
+
+    char szPrinted[kPrintRoom];
+    szPrinted[0]     = std::signbit(dValue) ? '-' : '+';
+    char *const pEnd = std::to_chars(szPrinted + 1, szPrinted + sizeof szPrinted - 1,
+                                     std::fabs(dValue), nNotation, nDigits)
+                           .ptr;
+    *pEnd = 0;
+    snprintf(szText, nSize, "%s", szPrinted);
+}
+
+// The digits behind "e+" or "e-", or null where there is no exponent.
+static char *ExponentDigits(char *szText)
+{
+    char *const pExponent = strchr(szText, 'e');
+    return pExponent ? pExponent + 2 : nullptr;
+}
+
+static int HasThreeDigitExponent(char *szText)
+{
+    const char *const pDigits = ExponentDigits(szText);
+    return pDigits && strlen(pDigits) > 2;
+}
+
+// A wrong two-digit exponent is kept on purpose rather than an overlong text.
+static void DropFirstExponentDigit(char *szText)
+{
+    char *const pDigits = ExponentDigits(szText);
+    memmove(pDigits, pDigits + 1, strlen(pDigits));
+}
+
+static unsigned FormatScientific(double dValue, const char *szFormat, char (&szText)[kStackText])
+{
+    PrintNumber(szFormat, dValue, szText, sizeof szText);
+    if (!HasThreeDigitExponent(szText))
+        return 0;
+    PrintNumber(kTenSignificant, dValue, szText, sizeof szText);
+    if (!HasThreeDigitExponent(szText))
+        return 0;
+    DropFirstExponentDigit(szText);
+    return kCodeExponent;
+}
+
+static unsigned FormatFixed(double dValue, const cNumberFormat &Format, char (&szText)[kStackText])
+{
+    const double dMagnitude = std::fabs(dValue);
+    const int    bFits =
+        dValue == 0.0 || (dMagnitude >= Format.m_dFixMin && dMagnitude < Format.m_dFixMax);
+    if (!bFits)
+        return FormatScientific(dValue, Format.m_szSciFormat, szText);
+    PrintNumber(Format.m_szFixFormat, dValue, szText, sizeof szText);
+    szText[kFixCharacters] = 0;
+    return 0;
+}
+
+// The decimal digits of a magnitude: dValue = 0.DIGITS x 10^m_nPoint.
+struct cDecimalDigits
+{
+    char m_szDigits[12];
+    int  m_nPoint;
+};
+
+static cDecimalDigits SplitDigits(double dValue, unsigned nDigits)
+{
+    char szFormat[12];
+    char szPrinted[kStackText];
+    BuildFormat(nDigits - 1, 'e', szFormat);
+    PrintNumber(szFormat, dValue, szPrinted, sizeof szPrinted);
+
+    // "+d.ddde+xx"; one digit stands without a point.
+    cDecimalDigits Digits = {};
+    Digits.m_szDigits[0]  = szPrinted[1];
+    if (nDigits > 1)
+        memcpy(Digits.m_szDigits + 1, szPrinted + 3, nDigits - 1);
+    const char *const pExponent = ExponentDigits(szPrinted);
+    int               nExponent = 0;
+    std::from_chars(pExponent, pExponent + strlen(pExponent), nExponent);
+    Digits.m_nPoint = (pExponent[-1] == '-' ? -nExponent : nExponent) + 1;
+    return Digits;
+}
+
+// The multiple of three that leaves 1 to 3 digits before the point.
+static int EngineeringExponent(int nPoint)
+{
+    if (nPoint >= 1)
+        return (nPoint - 1) / 3 * 3;
+    return nPoint / 3 * 3 - 3;
+}
+
+// 10 with ENG 2 shows "+1.000000000e+01", not "+10.0e+00": odd and kept. The
+// exponent is printed with three digits and always loses the first.
+static void FormatTen(double dValue, char (&szText)[kStackText])
+{
+    PrintNumber(kTenSignificant, dValue, szText, sizeof szText);
+    if (HasThreeDigitExponent(szText))
+        DropFirstExponentDigit(szText);
+}
+
+static unsigned FormatEngineering(double dValue, unsigned nDigits, char (&szText)[kStackText])
+{
+    cDecimalDigits Digits    = SplitDigits(dValue, nDigits + 1);
+    int            nExponent = 0;
+    if (dValue == 0.0)
+        Digits.m_nPoint = 1;
+    else
+        nExponent = EngineeringExponent(Digits.m_nPoint);
+
+    unsigned nCode     = 0;
+    int      nIntegers = Digits.m_nPoint - nExponent;
+    if (nIntegers < 1 || nIntegers > 3)
+    {
+        nCode     = kCodeIntegerDigits;
+        nIntegers = 1;
+    }
+    while (static_cast<int>(strlen(Digits.m_szDigits)) < nIntegers)
+        strcat(Digits.m_szDigits, "0");
+
+    const char *const szPlaces = Digits.m_szDigits + nIntegers;
+    snprintf(szText, sizeof szText, "%c%.*s.%.9se%+03d", std::signbit(dValue) ? '-' : '+',
+             nIntegers, Digits.m_szDigits, szPlaces, nExponent);
+    if (strncmp(szText + 1, "10.", 3) == 0)
+        FormatTen(dValue, szText);
+    return nCode;
+}
+
+unsigned FormatNumber(double dValue, const cNumberFormat &Format, char (&szText)[kStackText])
+{
+    if (!std::isfinite(dValue))
+    {
+        PrintNumber(kTenSignificant, dValue, szText, sizeof szText);
+        return 0;
+    }
+    if (Format.m_nDisplayMode == kModeFix)
+        return FormatFixed(dValue, Format, szText);
+    if (Format.m_nDisplayMode == kModeSci)
+        return FormatScientific(dValue, Format.m_szSciFormat, szText);
+    return FormatEngineering(dValue, Format.m_nDisplayDigits, szText);
+}

@@ -1,0 +1,43 @@
+// pc_keyboard.cpp - characters typed on the PC keyboard.
+
+#include "engine/vorstek_engine.h"
+
+static const char kEscape = 27;
+
+// clang-format off
+static const struct
+{
+    char     m_cChar;
+    unsigned m_nKeyCode;
+} s_Characters[] =
+{
+    { '\r', 11 }, { 'e', 13 },
+    { '-',  15 }, { '7', 16 }, { '8', 17 }, { '9', 18 },
+    { '+',  19 }, { '4', 20 }, { '5', 21 }, { '6', 22 },
+    { '*',  23 }, { '1', 24 }, { '2', 25 }, { '3', 26 },
+    { '/',  27 }, { '0', 28 }, { '.', 29 },
+};
+// clang-format on
+
+void cVorstekEngine::OnChar(char cChar)
+{
+    for (const auto &Row : s_Characters)
+        if (Row.m_cChar == cChar)
+        {
+            OnCalcKey(Row.m_nKeyCode, 1);
+            OnCalcKey(Row.m_nKeyCode, 0);
+            return;
+        }
+    if (cChar != kEscape || !m_bProgramRunning)
+    {
+        PlayRejectSound();
+        return;
+    }
+    StartSound(kSoundHalt);
+    HaltProgram();
+}
+
+void cVorstekEngine::HaltProgram()
+{
+    m_bProgramRunning = 0;
+}

@@ -1,0 +1,72 @@
+// vorstek_host.h - all that the calculator asks of the outside. The window
+// program, the console program and the tests each implement it. Calls come on
+// the engine's own thread.
+
+#ifndef ENGINE_VORSTEK_HOST_H
+#define ENGINE_VORSTEK_HOST_H
+
+#include <cstddef>
+
+#include "toolkit/message_box.h"
+
+struct cDisplay;
+
+enum eFileDialog
+{
+    fdOpen,
+    fdSave
+};
+
+// Commands that the engine enables and disables while it works.
+const unsigned kCommandNew             = 101;
+const unsigned kCommandOpen            = 102;
+const unsigned kCommandExit            = 121;
+const unsigned kCommandRepairHighlight = 209;
+const unsigned kCommandOptions         = 404;
+
+class cVorstekHost : public cMessageBoxes
+{
+public:
+    // Starts WAVE nId (10050 to 10058) and returns at once. Called only while
+    // sounds are on.
+    virtual void StartSound(unsigned nId) = 0;
+
+    // Draws the lines over what the display shows.
+    virtual void DrawDisplay(const cDisplay &Display) = 0;
+
+    // Fills the display's field with black.
+    virtual void BlankDisplay() = 0;
+
+    // Between program lines: handles what is waiting, waits for nothing. Key
+    // events re-enter the engine here and only set flags. A host that
+    // dispatches messages calls the engine's RefreshViews() first. Returns 0
+    // on quit, after it has posted the quit message again.
+    virtual int DrainMessages() = 0;
+
+    // Waits without handling messages.
+    virtual void Pause(unsigned nMilliseconds) = 0;
+
+    // Asks for the name of a program file, filter "Text Files (*.TXT)". 0 if
+    // the user cancelled.
+    virtual int AskFileName(eFileDialog nDialog, char *szName, size_t nSize) = 0;
+
+    // The status bar, for example "filename: UNTITLED".
+    virtual void SetStatusText(const char *szText) = 0;
+
+    // Enables or disables a menu command and its toolbar button.
+    virtual void EnableCommand(unsigned nId, int bEnable) = 0;
+
+    // Show or hide the boxes beside the face; the window changes its size.
+    virtual void ShowListing(int bShow)   = 0;
+    virtual void ShowRegisters(int bShow) = 0;
+
+    // The graph. Data sets count from 1. AddGraphPoint appends to set nLine,
+    // or starts set count + 1; 0 if the set is full. The values are within
+    // +-9.999999999e99 or infinite, never NaN.
+    virtual void     ShowGraph()                                         = 0;
+    virtual void     ClearGraph()                                        = 0;
+    virtual unsigned CountDataSets()                                     = 0;
+    virtual int      AddGraphPoint(unsigned nLine, double dX, double dY) = 0;
+};
+
+#endif
