@@ -1,0 +1,65 @@
+// check_command.cpp - vorstek-cli check: the loader's findings as compilers
+// print theirs.
+
+#include <algorithm>
+#include <ostream>
+
+#include "console/console.h"
+#include "console/headless_host.h"
+
+// Prints the loader's boxes and answers them so that it goes on.
+class cCheckHost : public cHeadlessHost
+{
+public:
+    cCheckHost(const std::string &FileName, const cStreams &Streams)
+        : m_FileName(FileName), m_Streams(Streams), m_pEngine(nullptr), m_nFindings(0)
+    {
+    }
+
+    eAnswer Ask(const char *szText, const char *szCaption, eButtons nButtons, eIcon nIcon) override;
+
+    std::string     m_FileName;
+    cStreams        m_Streams;
+    cVorstekEngine *m_pEngine;
+    unsigned        m_nFindings;
+};
+
+// Everything in front of the message's own line number.
+static std::string Finding(const std::string &Text)
+{
+    return Text.substr(0, Text.find(" on line "));
+}
+
+// The error icon marks a file that cannot be opened, which is no finding.
+eAnswer cCheckHost::Ask(const char *szText, const char *, eButtons nButtons, eIcon nIcon)
+{
+    if (nIcon == icError)
+    {
+        *m_Streams.m_pErr << szText << "\n";
+        return nButtons == bnOk ? anOk : anCancel;
+    }
+    m_nFindings++;
+    *m_Streams.m_pOut << m_FileName << ":" << m_pEngine->LoaderLine() << ": " << Finding(szText)
+                      << "\n";
+    return anOk;
+}
+
+static int CheckFile(const std::string &FileName, const cStreams &Streams)
+{
+    cCheckHost          Host(FileName, Streams);
+    cHeadlessCalculator Calculator(&Host);
+    Host.m_pEngine = &Calculator.m_Engine;
+    if (!Calculator.m_Engine.LoadProgram(FileName.c_str()))
+        return kExitUsage;
+    return Host.m_nFindings ? kExitError : kExitDone;
+}
+
+int CheckCommand(const std::vector<std::string> &Arguments, const cStreams &Streams)
+{
+    if (Arguments.empty())
+        return ReportUsage(Streams, "check wants the file names of programs");
+    int nExitCode = kExitDone;
+    for (const std::string &FileName : Arguments)
+        nExitCode = std::max(nExitCode, CheckFile(FileName, Streams));
+    return nExitCode;
+}

@@ -1,0 +1,57 @@
+#include "console/console.h"
+
+#include <ostream>
+
+static const char *const kUsage =
+    "usage: vorstek-cli run PROGRAM.txt [options]    run a listing, print the stack\n"
+    "       vorstek-cli check PROGRAM.txt...         check listings without running them\n"
+    "       vorstek-cli script [FILE]                key by key, JSON Lines out\n"
+    "\n"
+    "options of run:\n"
+    "  --x V  --y V  --z V  --t V   the stack before the start\n"
+    "  --reg N=V                    register N (0 to 29) before the start\n"
+    "  --label N                    start at label N (0 to 9), as GSB N does\n"
+    "  --trace FILE                 write a trace of the executed lines\n"
+    "  --graph FILE.txt             write what the program drew\n"
+    "  --max-lines N                halt after N executed lines\n"
+    "  --registers                  print the registers that are not zero, too\n"
+    "  --json                       print the whole state as one JSON object\n"
+    "  --realtime                   let PAUSE wait for its second\n"
+    "\n"
+    "exit code: 0 done, 1 the calculator reported an error, 2 wrong usage or file,\n"
+    "           3 halted by --max-lines\n";
+
+int ReportUsage(const cStreams &Streams, const std::string &Text)
+{
+    *Streams.m_pErr << "vorstek-cli: " << Text << "\n";
+    return kExitUsage;
+}
+
+int RunConsole(const std::vector<std::string> &Arguments, const cStreams &Streams)
+{
+    static const struct
+    {
+        const char *m_szName;
+        int (*m_pCommand)(const std::vector<std::string> &, const cStreams &);
+    } s_Commands[] = {
+        {"run", RunCommand},
+        {"check", CheckCommand},
+        {"script", ScriptCommand},
+    };
+
+    if (Arguments.empty())
+    {
+        *Streams.m_pErr << kUsage;
+        return kExitUsage;
+    }
+    const std::string &Name = Arguments.front();
+    if (Name == "--help" || Name == "-h")
+    {
+        *Streams.m_pOut << kUsage;
+        return kExitDone;
+    }
+    for (const auto &Row : s_Commands)
+        if (Name == Row.m_szName)
+            return Row.m_pCommand({Arguments.begin() + 1, Arguments.end()}, Streams);
+    return ReportUsage(Streams, "unknown command '" + Name + "' (see vorstek-cli --help)");
+}

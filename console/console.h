@@ -1,0 +1,36 @@
+// console.h - vorstek-cli: the calculator in a terminal, a script or a build
+// server. No rule of the calculator lives here.
+
+#ifndef CONSOLE_CONSOLE_H
+#define CONSOLE_CONSOLE_H
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+// Exit codes, the same for every command.
+const int kExitDone   = 0;
+const int kExitError  = 1;  // the calculator reported an error
+const int kExitUsage  = 2;  // wrong usage, or a file that cannot be read or written
+const int kExitHalted = 3;  // halted by --max-lines
+
+struct cStreams
+{
+    std::istream *m_pIn;
+    std::ostream *m_pOut;
+    std::ostream *m_pErr;
+};
+
+// Runs the command that the arguments (without the program's name) ask for;
+// returns the exit code.
+int RunConsole(const std::vector<std::string> &Arguments, const cStreams &Streams);
+
+// The commands; Arguments are those behind the command's name.
+int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
+int CheckCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
+int ScriptCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
+
+// Prints "vorstek-cli: " and the text as one line; returns kExitUsage.
+int ReportUsage(const cStreams &Streams, const std::string &Text);
+
+#endif

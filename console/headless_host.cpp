@@ -1,0 +1,71 @@
+#include "console/headless_host.h"
+
+#include "graph/vantor_data_set.h"
+
+cHeadlessHost::cHeadlessHost()
+    : m_Plot(this), m_bListingShown(0), m_bRegistersShown(0), m_bGraphShown(0), m_bQuit(0)
+{
+}
+
+void cHeadlessHost::PostQuit(int)
+{
+    m_bQuit = 1;
+}
+
+void cHeadlessHost::StartSound(unsigned) {}
+
+void cHeadlessHost::DrawDisplay(const cDisplay &) {}
+
+void cHeadlessHost::BlankDisplay() {}
+
+int cHeadlessHost::DrainMessages()
+{
+    return !m_bQuit;
+}
+
+void cHeadlessHost::Pause(unsigned) {}
+
+int cHeadlessHost::AskFileName(eFileDialog, char *, size_t)
+{
+    return 0;
+}
+
+void cHeadlessHost::SetStatusText(const char *) {}
+
+void cHeadlessHost::EnableCommand(unsigned, int) {}
+
+void cHeadlessHost::ShowListing(int bShow)
+{
+    m_bListingShown = bShow;
+}
+
+void cHeadlessHost::ShowRegisters(int bShow)
+{
+    m_bRegistersShown = bShow;
+}
+
+void cHeadlessHost::ShowGraph()
+{
+    m_bGraphShown = 1;
+}
+
+void cHeadlessHost::ClearGraph()
+{
+    m_Plot.ClearAll();
+}
+
+unsigned cHeadlessHost::CountDataSets()
+{
+    return m_Plot.Count();
+}
+
+int cHeadlessHost::AddGraphPoint(unsigned nLine, double dX, double dY)
+{
+    return m_Plot.AddPoint(nLine, NarrowToFloat(dX), NarrowToFloat(dY));
+}
+
+cHeadlessCalculator::cHeadlessCalculator(cHeadlessHost *pHost)
+    : m_Engine(pHost, &m_Listing, &m_Registers)
+{
+    m_Engine.Start();
+}

@@ -1,0 +1,53 @@
+// headless_host.h - a calculator without a window: the boxes beside the face
+// exist in memory, nothing is painted, the graph is a data model. Each command
+// derives from it what it wants to hear of.
+
+#ifndef CONSOLE_HEADLESS_HOST_H
+#define CONSOLE_HEADLESS_HOST_H
+
+#include "engine/memory_line_box.h"
+#include "engine/vorstek_engine.h"
+#include "engine/vorstek_host.h"
+#include "graph/vantor_plot.h"
+
+class cHeadlessHost : public cVorstekHost
+{
+public:
+    cHeadlessHost();
+
+    // Nobody hears, sees or chooses anything.
+    void     PostQuit(int nExitCode) override;
+    void     StartSound(unsigned nId) override;
+    void     DrawDisplay(const cDisplay &Display) override;
+    void     BlankDisplay() override;
+    int      DrainMessages() override;
+    void     Pause(unsigned nMilliseconds) override;
+    int      AskFileName(eFileDialog nDialog, char *szName, size_t nSize) override;
+    void     SetStatusText(const char *szText) override;
+    void     EnableCommand(unsigned nId, int bEnable) override;
+    void     ShowListing(int bShow) override;
+    void     ShowRegisters(int bShow) override;
+    void     ShowGraph() override;
+    void     ClearGraph() override;
+    unsigned CountDataSets() override;
+    int      AddGraphPoint(unsigned nLine, double dX, double dY) override;
+
+    cVantorPlot m_Plot;
+    int         m_bListingShown;
+    int         m_bRegistersShown;
+    int         m_bGraphShown;
+    int         m_bQuit;  // the calculator has asked to end
+};
+
+// An engine with its boxes. The host is built first and outlives it.
+class cHeadlessCalculator
+{
+public:
+    explicit cHeadlessCalculator(cHeadlessHost *pHost);
+
+    cMemoryLineBox m_Listing;
+    cMemoryLineBox m_Registers;
+    cVorstekEngine m_Engine;
+};
+
+#endif

@@ -1,0 +1,178 @@
+// run_command.cpp - vorstek-cli run: loads a listing, runs it, prints the stack.
+
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <memory>
+#include <ostream>
+#include <thread>
+
+#include "console/console.h"
+#include "console/headless_host.h"
+#include "console/json.h"
+#include "console/run_options.h"
+#include "console/state_report.h"
+#include "graph/graph_file_commands.h"
+
+// Boxes go to standard error; the first question is answered with Cancel.
+class cRunHost : public cHeadlessHost
+{
+public:
+    cRunHost(const cRunOptions &Options, const cStreams &Streams)
+        : m_pOptions(&Options), m_Streams(Streams), m_pEngine(nullptr), m_bLoading(0), m_nBoxes(0),
+          m_nLines(0), m_bHalted(0)
+    {
+    }
+
+    eAnswer Ask(const char *szText, const char *szCaption, eButtons nButtons, eIcon nIcon) override;
+    int     DrainMessages() override;
+    void    Pause(unsigned nMilliseconds) override;
+
+    const cRunOptions *m_pOptions;
+    cStreams           m_Streams;
+    cVorstekEngine    *m_pEngine;
+    int                m_bLoading;
+    int                m_nBoxes;   // shown so far
+    uint64_t           m_nLines;   // after which the program still ran
+    int                m_bHalted;  // by the limit of lines
+};
+
+// While loading only the first box is of interest: the load is given up.
+eAnswer cRunHost::Ask(const char *szText, const char *, eButtons nButtons, eIcon)
+{
+    if (m_nBoxes++ == 0 || !m_bLoading)
+        *m_Streams.m_pErr << szText << "\n";
+    return nButtons == bnOk ? anOk : anCancel;
+}
+
+int cRunHost::DrainMessages()
+{
+    if (++m_nLines == m_pOptions->m_nMaxLines)
+    {
+        m_bHalted = 1;
+        m_pEngine->HaltProgram();
+    }
+    return cHeadlessHost::DrainMessages();
+}
+
+void cRunHost::Pause(unsigned nMilliseconds)
+{
+    *m_Streams.m_pOut << DisplayedText(m_pEngine) << "\n";
+    if (!m_pOptions->m_bRealtime)
+        return;
+    m_Streams.m_pOut->flush();
+    std::this_thread::sleep_for(std::chrono::milliseconds(nMilliseconds));
+}
+
+static int LoadQuietly(cRunHost *pHost, const std::string &Name)
+{
+    pHost->m_bLoading = 1;
+    const int bLoaded = pHost->m_pEngine->LoadProgram(Name.c_str());
+    pHost->m_bLoading = 0;
+    if (!bLoaded || pHost->m_nBoxes > 0)
+        return 0;
+    pHost->m_pEngine->TakeLoadedProgram(Name.c_str());
+    return 1;
+}
+
+// Finds out before the run; what exists keeps its content.
+static int IsWritable(const std::string &Name)
+{
+    const auto Open = [&Name](const char *szMode) {
+        return std::unique_ptr<FILE, int (*)(FILE *)>(fopen(Name.c_str(), szMode), fclose);
+    };
+    const int bExists = Open("rb") != nullptr;
+    if (!Open("ab"))
+        return 0;
+    if (!bExists)
+        remove(Name.c_str());
+    return 1;
+}
+
+static void SetUp(const cRunOptions &Options, cVorstekEngine *pEngine)
+{
+    for (const auto &[nLevel, dValue] : Options.m_Levels)
+        pEngine->SetStackLevel(nLevel, dValue);
+    for (const auto &[nRegister, dValue] : Options.m_Registers)
+        pEngine->SetRegister(nRegister, dValue);
+    if (Options.m_TraceFile.empty())
+        return;
+    cOptions Traced = {};
+    Traced.m_bTrace = 1;
+    pEngine->SetTraceFileName(Options.m_TraceFile.c_str());
+    pEngine->ApplyOptions(Traced);
+}
+
+static std::string LevelText(const char *szText)
+{
+    std::string Text = szText;
+    if (Text.starts_with('+'))
+        Text[0] = ' ';
+    return Text;
+}
+
+static void PrintText(const cRunOptions &Options, cHeadlessCalculator *pCalculator,
+                      std::ostream *pOut)
+{
+    const cVorstekState &State = pCalculator->m_Engine.State();
+    *pOut << "T  " << LevelText(State.m_szT) << "\n"
+          << "Z  " << LevelText(State.m_szZ) << "\n"
+          << "Y  " << LevelText(State.m_szY) << "\n"
+          << "X  " << LevelText(State.m_szX) << "\n";
+    if (!Options.m_bRegisters)
+        return;
+    for (unsigned nRegister = 0; nRegister < kRegisters; nRegister++)
+    {
+        char szLine[64];
+        if (State.m_dReg[nRegister] == 0.0)
+            continue;
+        pCalculator->m_Registers.GetLine(nRegister, szLine, sizeof szLine);
+        const std::string Line = szLine;
+        *pOut << Line.substr(0, Line.find('\r')) << "\n";
+    }
+}
+
+static void PrintJson(cHeadlessCalculator *pCalculator, const cHeadlessHost &Host,
+                      std::ostream *pOut)
+{
+    std::string Json;
+    {
+        cJsonList Object(&Json, '{', '}');
+        ReportState(pCalculator, Host, &Object);
+    }
+    *pOut << Json << "\n";
+}
+
+int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Streams)
+{
+    cRunOptions Options;
+    std::string Error;
+    if (!ParseRunOptions(Arguments, &Options, &Error))
+        return ReportUsage(Streams, Error);
+
+    cRunHost            Host(Options, Streams);
+    cHeadlessCalculator Calculator(&Host);
+    Host.m_pEngine = &Calculator.m_Engine;
+    if (!LoadQuietly(&Host, Options.m_Program))
+        return kExitUsage;
+    if (!Options.m_TraceFile.empty() && !IsWritable(Options.m_TraceFile))
+        return ReportUsage(Streams, "cannot write '" + Options.m_TraceFile + "'");
+    SetUp(Options, &Calculator.m_Engine);
+
+    const int bDone =
+        Options.m_nLabel < 0
+            ? Calculator.m_Engine.Perform("R/S", 0)
+            : Calculator.m_Engine.Perform("GSB", static_cast<unsigned>(Options.m_nLabel));
+    if (Options.m_bJson)
+        PrintJson(&Calculator, Host, Streams.m_pOut);
+    else
+        PrintText(Options, &Calculator, Streams.m_pOut);
+    if (!bDone)
+        *Streams.m_pErr << DisplayedText(&Calculator.m_Engine) << "\n";
+    if (!Options.m_GraphFile.empty() &&
+        !SaveGraphFile(Host.m_Plot, &Host, Options.m_GraphFile.c_str()))
+        return kExitUsage;
+    if (!bDone)
+        return kExitError;
+    return Host.m_bHalted ? kExitHalted : kExitDone;
+}

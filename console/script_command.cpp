@@ -1,0 +1,366 @@
+// script_command.cpp - vorstek-cli script: one command a line, JSON Lines out.
+
+#include <fstream>
+#include <istream>
+#include <limits>
+#include <memory>
+#include <ostream>
+
+#include "console/arguments.h"
+#include "console/console.h"
+#include "console/json.h"
+#include "console/script_host.h"
+#include "console/state_report.h"
+#include "graph/graph_file_commands.h"
+#include "toolkit/read_file.h"
+
+class cScript
+{
+public:
+    explicit cScript(std::ostream *pOut);
+
+    // Carries out a line; 0 if it is no command.
+    int Perform(const std::string &Line);
+
+    void ReportBad(unsigned nLine, const std::string &Text);
+
+private:
+    typedef std::vector<std::string> cWords;
+    struct cCommand
+    {
+        const char *m_szName;
+        int (cScript::*m_pPerform)(const std::string &Rest);
+    };
+    static const cCommand s_Commands[];
+
+    int OnDown(const std::string &Rest);
+    int OnUp(const std::string &Rest);
+    int OnKey(const std::string &Rest);
+    int OnText(const std::string &Rest);
+    int OnAnswer(const std::string &Rest);
+    int OnOpen(const std::string &Rest);
+    int OnSave(const std::string &Rest);
+    int OnOption(const std::string &Rest);
+    int OnLimit(const std::string &Rest);
+    int OnAt(const std::string &Rest);
+    int OnGraph(const std::string &Rest);
+    int OnReset(const std::string &Rest);
+    int OnState(const std::string &Rest);
+
+    void Restart();
+
+    std::ostream                        *m_pOut;
+    std::unique_ptr<cScriptHost>         m_pHost;
+    std::unique_ptr<cHeadlessCalculator> m_pCalculator;
+};
+
+const cScript::cCommand cScript::s_Commands[] = {
+    {"down", &cScript::OnDown},   {"up", &cScript::OnUp},         {"key", &cScript::OnKey},
+    {"text", &cScript::OnText},   {"answer", &cScript::OnAnswer}, {"open", &cScript::OnOpen},
+    {"save", &cScript::OnSave},   {"option", &cScript::OnOption}, {"limit", &cScript::OnLimit},
+    {"at", &cScript::OnAt},       {"graph", &cScript::OnGraph},   {"reset", &cScript::OnReset},
+    {"state", &cScript::OnState},
+};
+
+// The first word, and what follows it after one blank.
+static void SplitCommand(const std::string &Line, std::string *pWord, std::string *pRest)
+{
+    const size_t nBlank = Line.find(' ');
+    *pWord              = Line.substr(0, nBlank);
+    *pRest              = nBlank == std::string::npos ? "" : Line.substr(nBlank + 1);
+}
+
+// Any key code is passed on; one beyond 32 bits as the largest.
+static int ParseKeyCode(const std::string &Text, unsigned *pnKeyCode)
+{
+    uint64_t nValue;
+    if (!ParseWholeNumber(Text, &nValue))
+        return 0;
+    const uint64_t kMost = std::numeric_limits<unsigned>::max();
+    *pnKeyCode           = static_cast<unsigned>(nValue < kMost ? nValue : kMost);
+    return 1;
+}
+
+// "\r" stands for Enter, "\e" for Escape.
+static std::string UnescapeText(const std::string &Text)
+{
+    std::string Plain;
+    for (size_t nAt = 0; nAt < Text.size(); nAt++)
+    {
+        const char cNext = Text[nAt] == '\\' && nAt + 1 < Text.size() ? Text[nAt + 1] : '\0';
+        if (cNext == 'r' || cNext == 'e')
+        {
+            Plain.push_back(cNext == 'r' ? '\r' : '\033');
+            nAt++;
+        }
+        else
+            Plain.push_back(Text[nAt]);
+    }
+    return Plain;
+}
+
+// "down N", "up N" or "text CHARS".
+static int ParseEvent(const std::string &Command, cScriptEvent *pEvent)
+{
+    std::string Word;
+    std::string Rest;
+    SplitCommand(Command, &Word, &Rest);
+    if (Word == "text")
+    {
+        pEvent->m_nKind = cScriptEvent::evText;
+        pEvent->m_Text  = UnescapeText(Rest);
+        return !Rest.empty();
+    }
+    pEvent->m_nKind  = Word == "down" ? cScriptEvent::evDown : cScriptEvent::evUp;
+    const auto Words = SplitWords(Rest);
+    return (Word == "down" || Word == "up") && Words.size() == 1 &&
+           ParseKeyCode(Words[0], &pEvent->m_nKeyCode);
+}
+
+cScript::cScript(std::ostream *pOut) : m_pOut(pOut)
+{
+    Restart();
+}
+
+// The calculator goes before the host that it speaks to.
+void cScript::Restart()
+{
+    m_pCalculator.reset();
+    m_pHost            = std::make_unique<cScriptHost>(m_pOut);
+    m_pCalculator      = std::make_unique<cHeadlessCalculator>(m_pHost.get());
+    m_pHost->m_pEngine = &m_pCalculator->m_Engine;
+}
+
+int cScript::Perform(const std::string &Line)
+{
+    std::string Word;
+    std::string Rest;
+    SplitCommand(Line, &Word, &Rest);
+    for (const cCommand &Row : s_Commands)
+        if (Word == Row.m_szName)
+            return (this->*Row.m_pPerform)(Rest);
+    return 0;
+}
+
+void cScript::ReportBad(unsigned nLine, const std::string &Text)
+{
+    std::string Json;
+    {
+        cJsonList Object(&Json, '{', '}');
+        Object.Text("event", "bad");
+        Object.Number("line", nLine);
+        Object.Text("text", Text);
+    }
+    m_pHost->WriteLine(Json);
+}
+
+int cScript::OnDown(const std::string &Rest)
+{
+    cScriptEvent Event;
+    if (!ParseEvent("down " + Rest, &Event))
+        return 0;
+    m_pHost->Deliver(Event);
+    return 1;
+}
+
+int cScript::OnUp(const std::string &Rest)
+{
+    cScriptEvent Event;
+    if (!ParseEvent("up " + Rest, &Event))
+        return 0;
+    m_pHost->Deliver(Event);
+    return 1;
+}
+
+int cScript::OnKey(const std::string &Rest)
+{
+    std::vector<unsigned> Codes;
+    for (const std::string &Word : SplitWords(Rest))
+    {
+        Codes.push_back(0);
+        if (!ParseKeyCode(Word, &Codes.back()))
+            return 0;
+    }
+    for (const unsigned nKeyCode : Codes)
+    {
+        m_pCalculator->m_Engine.OnCalcKey(nKeyCode, 1);
+        m_pCalculator->m_Engine.OnCalcKey(nKeyCode, 0);
+    }
+    return !Codes.empty();
+}
+
+int cScript::OnText(const std::string &Rest)
+{
+    cScriptEvent Event;
+    if (!ParseEvent("text " + Rest, &Event))
+        return 0;
+    m_pHost->Deliver(Event);
+    return 1;
+}
+
+int cScript::OnAnswer(const std::string &Rest)
+{
+    static const struct
+    {
+        const char *m_szName;
+        eAnswer     m_nAnswer;
+    } s_Answers[] = {
+        {"ok", anOk}, {"cancel", anCancel}, {"yes", anYes}, {"no", anNo}, {"retry", anRetry}};
+
+    std::vector<eAnswer> Answers;
+    for (const std::string &Word : SplitWords(Rest))
+    {
+        const size_t nBefore = Answers.size();
+        for (const auto &Row : s_Answers)
+            if (Word == Row.m_szName)
+                Answers.push_back(Row.m_nAnswer);
+        if (Answers.size() == nBefore)
+            return 0;
+    }
+    for (const eAnswer nAnswer : Answers)
+        m_pHost->QueueAnswer(nAnswer);
+    return !Answers.empty();
+}
+
+int cScript::OnOpen(const std::string &Rest)
+{
+    const std::string Name(TrimBlanks(Rest));
+    if (Name.empty())
+        return 0;
+    if (m_pCalculator->m_Engine.LoadProgram(Name.c_str()))
+        m_pCalculator->m_Engine.TakeLoadedProgram(Name.c_str());
+    return 1;
+}
+
+int cScript::OnSave(const std::string &Rest)
+{
+    const std::string Name(TrimBlanks(Rest));
+    if (Name.empty())
+        return 0;
+    m_pCalculator->m_Engine.SaveUnderName(Name.c_str());
+    return 1;
+}
+
+int cScript::OnOption(const std::string &Rest)
+{
+    static const struct
+    {
+        const char *m_szName;
+        int cOptions::*m_pOption;
+        int            m_bOn;  // value that "on" stands for
+    } s_Options[] = {{"sound", &cOptions::m_bSoundOff, 0},
+                     {"trace", &cOptions::m_bTrace, 1},
+                     {"keep-listing", &cOptions::m_bKeepListingOpen, 1},
+                     {"keep-registers", &cOptions::m_bKeepRegistersOpen, 1}};
+
+    const auto Words = SplitWords(Rest);
+    if (Words.size() != 2 || (Words[1] != "on" && Words[1] != "off"))
+        return 0;
+    const cVorstekState &State = m_pCalculator->m_Engine.State();
+    cOptions Options = {State.m_bKeepListingOpen, State.m_bKeepRegistersOpen, State.m_bTrace,
+                        State.m_bSoundOff};
+    for (const auto &Row : s_Options)
+        if (Words[0] == Row.m_szName)
+        {
+            Options.*Row.m_pOption = (Words[1] == "on") == Row.m_bOn;
+            m_pCalculator->m_Engine.ApplyOptions(Options);
+            return 1;
+        }
+    return 0;
+}
+
+int cScript::OnLimit(const std::string &Rest)
+{
+    const auto Words = SplitWords(Rest);
+    uint64_t   nLines;
+    if (Words.size() != 1 || !ParseWholeNumber(Words[0], &nLines))
+        return 0;
+    m_pHost->SetLimit(nLines);
+    return 1;
+}
+
+int cScript::OnAt(const std::string &Rest)
+{
+    std::string  Line;
+    std::string  Command;
+    uint64_t     nLine;
+    cScriptEvent Event;
+    SplitCommand(Rest, &Line, &Command);
+    if (!ParseWholeNumber(Line, &nLine) || !ParseEvent(Command, &Event))
+        return 0;
+    m_pHost->DeliverAfter(nLine, Event);
+    return 1;
+}
+
+int cScript::OnGraph(const std::string &Rest)
+{
+    std::string Word;
+    std::string FileName;
+    SplitCommand(Rest, &Word, &FileName);
+    const std::string Name(TrimBlanks(FileName));
+    if (Name.empty())
+        return 0;
+    if (Word == "open")
+        OpenGraphFile(&m_pHost->m_Plot, m_pHost.get(), Name.c_str());
+    else if (Word == "append")
+        AppendGraphFile(&m_pHost->m_Plot, m_pHost.get(), Name.c_str());
+    else if (Word == "save")
+        SaveGraphFile(m_pHost->m_Plot, m_pHost.get(), Name.c_str());
+    else
+        return 0;
+    return 1;
+}
+
+int cScript::OnReset(const std::string &Rest)
+{
+    if (!TrimBlanks(Rest).empty())
+        return 0;
+    Restart();
+    return 1;
+}
+
+int cScript::OnState(const std::string &Rest)
+{
+    if (!TrimBlanks(Rest).empty())
+        return 0;
+    std::string Json;
+    {
+        cJsonList Object(&Json, '{', '}');
+        Object.Text("event", "state");
+        ReportState(m_pCalculator.get(), *m_pHost, &Object);
+    }
+    m_pHost->WriteLine(Json);
+    return 1;
+}
+
+static int RunScript(std::istream *pIn, std::ostream *pOut)
+{
+    cScript     Script(pOut);
+    int         nExitCode = kExitDone;
+    std::string Line;
+    for (unsigned nLine = 1; std::getline(*pIn, Line); nLine++)
+    {
+        if (Line.ends_with('\r'))
+            Line.pop_back();
+        if (Line.starts_with('#') || TrimBlanks(Line).empty() || Script.Perform(Line))
+            continue;
+        Script.ReportBad(nLine, Line);
+        nExitCode = kExitUsage;
+    }
+    return nExitCode;
+}
+
+int ScriptCommand(const std::vector<std::string> &Arguments, const cStreams &Streams)
+{
+    if (Arguments.size() > 1)
+        return ReportUsage(Streams, "script takes one file at the most");
+    if (Arguments.empty())
+        return RunScript(Streams.m_pIn, Streams.m_pOut);
+    const std::string &Name = Arguments.front();
+    std::ifstream      File;
+    if (IsRegularFile(Name.c_str()))
+        File.open(Name, std::ios::binary);
+    if (!File.is_open())
+        return ReportUsage(Streams, "cannot read '" + Name + "'");
+    return RunScript(&File, Streams.m_pOut);
+}

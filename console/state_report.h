@@ -1,0 +1,19 @@
+// state_report.h - the calculator's state as JSON and as text.
+
+#ifndef CONSOLE_STATE_REPORT_H
+#define CONSOLE_STATE_REPORT_H
+
+#include <string>
+
+#include "console/headless_host.h"
+
+class cJsonList;
+
+// The display's main line as painted now, without trailing blanks: " 5.00",
+// "Error: divide by 0", "03 STO 5", in the stack view "X   5.00".
+std::string DisplayedText(cVorstekEngine *pEngine);
+
+// All keys of the state, in their fixed order.
+void ReportState(cHeadlessCalculator *pCalculator, const cHeadlessHost &Host, cJsonList *pObject);
+
+#endif
