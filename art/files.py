@@ -1,0 +1,83 @@
+"""Writers of the files that the resource compiler takes: BMP and ICO."""
+
+import struct
+import zlib
+
+
+def _dib_header(width, height, bits, image_size, colours):
+    return struct.pack("<IiiHHIIiiII", 40, width, height, 1, bits, 0, image_size,
+                       2835, 2835, colours, 0)
+
+
+def _padded_rows(rows):
+    """Rows of bytes from the bottom up, each filled to four bytes."""
+    return b"".join(row + bytes(-len(row) % 4) for row in reversed(rows))
+
+
+def write_bmp(path, width, height, bits, rows, entries=()):
+    """rows: the bytes of each row from the top; entries: (r, g, b) each."""
+    pixels = _padded_rows(rows)
+    table = b"".join(struct.pack("<BBBB", b, g, r, 0) for r, g, b in entries)
+    offset = 14 + 40 + len(table)
+    with open(path, "wb") as out:
+        out.write(struct.pack("<2sIHHI", b"BM", offset + len(pixels), 0, 0, offset))
+        out.write(_dib_header(width, height, bits, len(pixels), len(entries)))
+        out.write(table + pixels)
+
+
+def write_indexed(path, indices, entries, bits=8):
+    """indices: a two-dimensional array of entry numbers; bits 4 or 8."""
+    height, width = indices.shape
+    if bits == 8:
+        rows = [row.tobytes() for row in indices]
+    else:
+        rows = [bytes((row[x] << 4) | row[x + 1] for x in range(0, width, 2))
+                for row in indices.tolist()]
+    write_bmp(path, width, height, bits, rows, entries)
+
+
+def write_true_colour(path, picture):
+    """picture: an array of sRGB bytes, three a pixel."""
+    height, width = picture.shape[:2]
+    write_bmp(path, width, height, 24, [row[:, ::-1].tobytes() for row in picture])
+
+
+def _icon_dib(picture):
+    """A 32-bit image with its one-bit mask, as icons of up to 48 pixels are
+    stored. picture: red, green, blue, alpha bytes."""
+    height, width = picture.shape[:2]
+    colour = _padded_rows([row[:, [2, 1, 0, 3]].tobytes() for row in picture])
+    mask_rows = []
+    for row in picture:
+        bits = "".join("1" if pixel[3] < 128 else "0" for pixel in row)
+        bits += "0" * (-len(bits) % 8)
+        mask_rows.append(bytes(int(bits[i:i + 8], 2) for i in range(0, len(bits), 8)))
+    mask = _padded_rows(mask_rows)
+    return _dib_header(width, 2 * height, 32, len(colour) + len(mask), 0) + colour + mask
+
+
+def _png(picture):
+    height, width = picture.shape[:2]
+
+    def chunk(kind, data):
+        return (struct.pack(">I", len(data)) + kind + data
+                + struct.pack(">I", zlib.crc32(kind + data)))
+
+    rows = b"".join(b"\0" + row.tobytes() for row in picture)
+    return (b"\x89PNG\r\n\x1a\n"
+            + chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 6, 0, 0, 0))
+            + chunk(b"IDAT", zlib.compress(rows, 9)) + chunk(b"IEND", b""))
+
+
+def write_ico(path, pictures):
+    """Square pictures of red, green, blue, alpha bytes. The 256-pixel image
+    is stored as PNG, as the system expects it."""
+    images = [_png(p) if p.shape[0] >= 256 else _icon_dib(p) for p in pictures]
+    offset = 6 + 16 * len(images)
+    directory = struct.pack("<HHH", 0, 1, len(images))
+    for picture, image in zip(pictures, images):
+        side = picture.shape[0] % 256
+        directory += struct.pack("<BBBBHHII", side, side, 0, 0, 1, 32, len(image), offset)
+        offset += len(image)
+    with open(path, "wb") as out:
+        out.write(directory + b"".join(images))
