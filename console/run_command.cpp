@@ -3,8 +3,10 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <ostream>
+#include <system_error>
 #include <thread>
 
 #include "console/console.h"
@@ -13,14 +15,15 @@
 #include "console/run_options.h"
 #include "console/state_report.h"
 #include "graph/graph_file_commands.h"
+#include "toolkit/disk_file.h"
 
-// Boxes go to standard error; the first question is answered with Cancel.
+// Boxes go to standard error; questions are answered with Cancel.
 class cRunHost : public cHeadlessHost
 {
 public:
     cRunHost(const cRunOptions &Options, const cStreams &Streams)
-        : m_pOptions(&Options), m_Streams(Streams), m_pEngine(nullptr), m_bLoading(0), m_nBoxes(0),
-          m_nLines(0), m_bHalted(0)
+        : m_pOptions(&Options), m_Streams(Streams), m_pEngine(nullptr), m_bLoading(0), m_bSaving(0),
+          m_nBoxes(0), m_nLines(0), m_bHalted(0)
     {
     }
 
@@ -32,6 +35,8 @@ public:
     cStreams           m_Streams;
     cVorstekEngine    *m_pEngine;
     int                m_bLoading;
+    int                m_bSaving;  // the graph; a failure is reported in one line
+    std::string        m_SavingText;
     int                m_nBoxes;   // shown so far
     uint64_t           m_nLines;   // after which the program still ran
     int                m_bHalted;  // by the limit of lines
@@ -40,8 +45,11 @@ public:
 // While loading only the first box is of interest: the load is given up.
 eAnswer cRunHost::Ask(const char *szText, const char *, eButtons nButtons, eIcon)
 {
-    if (m_nBoxes++ == 0 || !m_bLoading)
+    if (m_bSaving)
+        m_SavingText += std::string(szText) + "\n";
+    else if (!m_bLoading || m_nBoxes == 0)
         *m_Streams.m_pErr << szText << "\n";
+    m_nBoxes++;
     return nButtons == bnOk ? anOk : anCancel;
 }
 
@@ -78,15 +86,17 @@ static int LoadQuietly(cRunHost *pHost, const std::string &Name)
 // Finds out before the run; what exists keeps its content.
 static int IsWritable(const std::string &Name)
 {
-    const auto Open = [&Name](const char *szMode) {
-        return std::unique_ptr<FILE, int (*)(FILE *)>(fopen(Name.c_str(), szMode), fclose);
-    };
-    const int bExists = Open("rb") != nullptr;
-    if (!Open("ab"))
-        return 0;
-    if (!bExists)
-        remove(Name.c_str());
-    return 1;
+    namespace fs = std::filesystem;
+    typedef std::unique_ptr<FILE, int (*)(FILE *)> cOpenFile;
+
+    std::error_code Error;
+    const fs::path  Path = PathOfName(Name.c_str());
+    if (fs::exists(fs::symlink_status(Path, Error)))
+        return !fs::is_fifo(Path, Error) && cOpenFile(OpenDiskFile(Path, "ab"), fclose);
+    const int bMade = cOpenFile(CreateDiskFile(Path, "wb"), fclose) != nullptr;
+    if (bMade)
+        fs::remove(Path, Error);
+    return bMade;
 }
 
 static void SetUp(const cRunOptions &Options, cVorstekEngine *pEngine)
@@ -143,6 +153,30 @@ static void PrintJson(cHeadlessCalculator *pCalculator, const cHeadlessHost &Hos
     *pOut << Json << "\n";
 }
 
+static int ReportUnwritable(const cRunHost &Host, const std::string &Name)
+{
+    return ReportUsage(Host.m_Streams, "cannot write '" + Name + "'");
+}
+
+static int SaveGraph(cRunHost *pHost, const std::string &Name)
+{
+    if (pHost->m_Plot.Count() == 0)
+        return ReportUsage(pHost->m_Streams, "nothing was drawn that '" + Name + "' could hold");
+    pHost->m_bSaving = 1;
+    if (!SaveGraphFile(pHost->m_Plot, pHost, Name.c_str()))
+        return ReportUnwritable(*pHost, Name);
+    *pHost->m_Streams.m_pErr << pHost->m_SavingText;
+    return kExitDone;
+}
+
+// 1, or 0 after an error that the display shows.
+static int Start(const cRunOptions &Options, cVorstekEngine *pEngine)
+{
+    if (Options.m_nLabel < 0)
+        return pEngine->Perform("R/S", 0);
+    return pEngine->Perform("GSB", static_cast<unsigned>(Options.m_nLabel));
+}
+
 int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Streams)
 {
     cRunOptions Options;
@@ -156,21 +190,19 @@ int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Stream
     if (!LoadQuietly(&Host, Options.m_Program))
         return kExitUsage;
     if (!Options.m_TraceFile.empty() && !IsWritable(Options.m_TraceFile))
-        return ReportUsage(Streams, "cannot write '" + Options.m_TraceFile + "'");
+        return ReportUnwritable(Host, Options.m_TraceFile);
     SetUp(Options, &Calculator.m_Engine);
 
-    const int bDone =
-        Options.m_nLabel < 0
-            ? Calculator.m_Engine.Perform("R/S", 0)
-            : Calculator.m_Engine.Perform("GSB", static_cast<unsigned>(Options.m_nLabel));
+    const int bDone = Start(Options, &Calculator.m_Engine);
     if (Options.m_bJson)
         PrintJson(&Calculator, Host, Streams.m_pOut);
     else
         PrintText(Options, &Calculator, Streams.m_pOut);
     if (!bDone)
         *Streams.m_pErr << DisplayedText(&Calculator.m_Engine) << "\n";
-    if (!Options.m_GraphFile.empty() &&
-        !SaveGraphFile(Host.m_Plot, &Host, Options.m_GraphFile.c_str()))
+    if (Calculator.m_Engine.IsTraceLost())
+        return ReportUnwritable(Host, Options.m_TraceFile);
+    if (!Options.m_GraphFile.empty() && SaveGraph(&Host, Options.m_GraphFile) != kExitDone)
         return kExitUsage;
     if (!bDone)
         return kExitError;

@@ -2,6 +2,7 @@
 
 #include "console/arguments.h"
 #include "engine/vorstek_state.h"
+#include "toolkit/dbg_file.h"
 
 // Each takes an option's value; 0 if it is not acceptable.
 typedef int (*cTakeValue)(cRunOptions *, const std::string &);
@@ -44,7 +45,7 @@ static int TakeMaxLines(cRunOptions *pOptions, const std::string &Value)
 static int TakeTraceFile(cRunOptions *pOptions, const std::string &Value)
 {
     pOptions->m_TraceFile = Value;
-    return !Value.empty();
+    return !Value.empty() && Value.size() < kDbgFileName;
 }
 
 static int TakeGraphFile(cRunOptions *pOptions, const std::string &Value)
@@ -67,7 +68,7 @@ static const struct
     { "--t",         TakeLevel<3>,  "a number"                          },
     { "--reg",       TakeRegister,  "N=V with a register N from 0 to 29" },
     { "--label",     TakeLabel,     "a label from 0 to 9"               },
-    { "--trace",     TakeTraceFile, "a file name"                       },
+    { "--trace",     TakeTraceFile, "a file name of up to 259 characters"                       },
     { "--graph",     TakeGraphFile, "a file name that ends in .txt"     },
     { "--max-lines", TakeMaxLines,  "a number of lines above 0"         },
 };

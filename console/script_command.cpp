@@ -47,6 +47,7 @@ private:
     int OnReset(const std::string &Rest);
     int OnState(const std::string &Rest);
 
+    int  DeliverNow(const std::string &Command);
     void Restart();
 
     std::ostream                        *m_pOut;
@@ -99,22 +100,31 @@ static std::string UnescapeText(const std::string &Text)
     return Plain;
 }
 
+// A character of several bytes is one keystroke.
+static int IsContinuationByte(char c)
+{
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
 // "down N", "up N" or "text CHARS".
-static int ParseEvent(const std::string &Command, cScriptEvent *pEvent)
+static int ParseEvents(const std::string &Command, std::vector<cScriptEvent> *pEvents)
 {
     std::string Word;
     std::string Rest;
     SplitCommand(Command, &Word, &Rest);
     if (Word == "text")
     {
-        pEvent->m_nKind = cScriptEvent::evText;
-        pEvent->m_Text  = UnescapeText(Rest);
+        for (const char c : UnescapeText(Rest))
+            if (!IsContinuationByte(c))
+                pEvents->push_back({cScriptEvent::evChar, 0, c});
         return !Rest.empty();
     }
-    pEvent->m_nKind  = Word == "down" ? cScriptEvent::evDown : cScriptEvent::evUp;
-    const auto Words = SplitWords(Rest);
-    return (Word == "down" || Word == "up") && Words.size() == 1 &&
-           ParseKeyCode(Words[0], &pEvent->m_nKeyCode);
+    const auto Words    = SplitWords(Rest);
+    unsigned   nKeyCode = 0;
+    if ((Word != "down" && Word != "up") || Words.size() != 1 || !ParseKeyCode(Words[0], &nKeyCode))
+        return 0;
+    pEvents->push_back({Word == "down" ? cScriptEvent::evDown : cScriptEvent::evUp, nKeyCode, 0});
+    return 1;
 }
 
 cScript::cScript(std::ostream *pOut) : m_pOut(pOut)
@@ -154,22 +164,24 @@ void cScript::ReportBad(unsigned nLine, const std::string &Text)
     m_pHost->WriteLine(Json);
 }
 
+int cScript::DeliverNow(const std::string &Command)
+{
+    std::vector<cScriptEvent> Events;
+    if (!ParseEvents(Command, &Events))
+        return 0;
+    for (const cScriptEvent &Event : Events)
+        m_pHost->Deliver(Event);
+    return 1;
+}
+
 int cScript::OnDown(const std::string &Rest)
 {
-    cScriptEvent Event;
-    if (!ParseEvent("down " + Rest, &Event))
-        return 0;
-    m_pHost->Deliver(Event);
-    return 1;
+    return DeliverNow("down " + Rest);
 }
 
 int cScript::OnUp(const std::string &Rest)
 {
-    cScriptEvent Event;
-    if (!ParseEvent("up " + Rest, &Event))
-        return 0;
-    m_pHost->Deliver(Event);
-    return 1;
+    return DeliverNow("up " + Rest);
 }
 
 int cScript::OnKey(const std::string &Rest)
@@ -183,19 +195,15 @@ int cScript::OnKey(const std::string &Rest)
     }
     for (const unsigned nKeyCode : Codes)
     {
-        m_pCalculator->m_Engine.OnCalcKey(nKeyCode, 1);
-        m_pCalculator->m_Engine.OnCalcKey(nKeyCode, 0);
+        m_pHost->Deliver({cScriptEvent::evDown, nKeyCode, 0});
+        m_pHost->Deliver({cScriptEvent::evUp, nKeyCode, 0});
     }
     return !Codes.empty();
 }
 
 int cScript::OnText(const std::string &Rest)
 {
-    cScriptEvent Event;
-    if (!ParseEvent("text " + Rest, &Event))
-        return 0;
-    m_pHost->Deliver(Event);
-    return 1;
+    return DeliverNow("text " + Rest);
 }
 
 int cScript::OnAnswer(const std::string &Rest)
@@ -281,14 +289,15 @@ int cScript::OnLimit(const std::string &Rest)
 
 int cScript::OnAt(const std::string &Rest)
 {
-    std::string  Line;
-    std::string  Command;
-    uint64_t     nLine;
-    cScriptEvent Event;
+    std::string               Line;
+    std::string               Command;
+    uint64_t                  nLine;
+    std::vector<cScriptEvent> Events;
     SplitCommand(Rest, &Line, &Command);
-    if (!ParseWholeNumber(Line, &nLine) || !ParseEvent(Command, &Event))
+    if (!ParseWholeNumber(Line, &nLine) || !ParseEvents(Command, &Events))
         return 0;
-    m_pHost->DeliverAfter(nLine, Event);
+    for (const cScriptEvent &Event : Events)
+        m_pHost->DeliverAfter(nLine, Event);
     return 1;
 }
 

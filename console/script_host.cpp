@@ -88,20 +88,23 @@ void cScriptHost::Pause(unsigned nMilliseconds)
     WriteLine(Json);
 }
 
-// A character of several bytes is one character.
-void cScriptHost::Type(std::string_view Text)
+void cScriptHost::Dispatch(const cScriptEvent &Event)
 {
-    for (size_t nAt = 0; nAt < Text.size(); nAt++)
-        if ((static_cast<unsigned char>(Text[nAt]) & 0xC0) != 0x80)
-            m_pEngine->OnChar(Text[nAt]);
+    if (Event.m_nKind == cScriptEvent::evChar)
+        m_pEngine->OnChar(Event.m_cChar);
+    else
+        m_pEngine->OnCalcKey(Event.m_nKeyCode, Event.m_nKind == cScriptEvent::evDown);
 }
 
 void cScriptHost::Deliver(const cScriptEvent &Event)
 {
-    if (Event.m_nKind == cScriptEvent::evText)
-        Type(Event.m_Text);
-    else
-        m_pEngine->OnCalcKey(Event.m_nKeyCode, Event.m_nKind == cScriptEvent::evDown);
+    Dispatch(Event);
+    while (!m_Waiting.empty())
+    {
+        const cScriptEvent Next = m_Waiting.front();
+        m_Waiting.pop_front();
+        Dispatch(Next);
+    }
 }
 
 void cScriptHost::DeliverAfter(uint64_t nLine, const cScriptEvent &Event)
@@ -109,22 +112,37 @@ void cScriptHost::DeliverAfter(uint64_t nLine, const cScriptEvent &Event)
     m_Later.push_back({m_pEngine->RunNumber() + 1, nLine, Event});
 }
 
+// Moves the events that are due now behind those that wait already.
+void cScriptHost::TakeDueEvents()
+{
+    for (const cLaterEvent &Later : m_Later)
+        if (Later.m_nRun == m_nRun && Later.m_nLine == m_nLines)
+            m_Waiting.push_back(Later.m_Event);
+    std::erase_if(m_Later, [this](const cLaterEvent &Later) {
+        return Later.m_nRun < m_nRun || (Later.m_nRun == m_nRun && Later.m_nLine <= m_nLines);
+    });
+}
+
+// Once the program is halted, what is left waits for the end of the run.
 int cScriptHost::DrainMessages()
 {
     if (m_nRun != m_pEngine->RunNumber())
     {
         m_nRun   = m_pEngine->RunNumber();
         m_nLines = 0;
-        std::erase_if(m_Later, [this](const cLaterEvent &Later) { return Later.m_nRun < m_nRun; });
     }
     m_nLines++;
-    for (const cLaterEvent &Later : m_Later)
-        if (Later.m_nRun == m_nRun && Later.m_nLine == m_nLines)
-            Deliver(Later.m_Event);
+    TakeDueEvents();
+    while (!m_Waiting.empty() && m_pEngine->IsRunning())
+    {
+        const cScriptEvent Next = m_Waiting.front();
+        m_Waiting.pop_front();
+        Dispatch(Next);
+    }
     if (m_nLines >= m_nLimit && m_pEngine->IsRunning())
     {
-        m_pEngine->OnCalcKey(kKeyRunStop, 1);
-        m_pEngine->OnCalcKey(kKeyRunStop, 0);
+        Dispatch({cScriptEvent::evDown, kKeyRunStop, 0});
+        m_Waiting.push_back({cScriptEvent::evUp, kKeyRunStop, 0});
     }
     return cHeadlessHost::DrainMessages();
 }

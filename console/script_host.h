@@ -9,23 +9,22 @@
 #include <deque>
 #include <iosfwd>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "console/headless_host.h"
 
-// A key event or typed characters.
+// A key event or a typed character.
 struct cScriptEvent
 {
     enum eKind
     {
         evDown,
         evUp,
-        evText
+        evChar
     };
-    eKind       m_nKind    = evText;
-    unsigned    m_nKeyCode = 0;
-    std::string m_Text;
+    eKind    m_nKind;
+    unsigned m_nKeyCode;  // of evDown and evUp
+    char     m_cChar;     // of evChar
 };
 
 class cScriptHost : public cHeadlessHost
@@ -38,7 +37,7 @@ public:
     void    Pause(unsigned nMilliseconds) override;
     int     DrainMessages() override;
 
-    // Delivers an event now.
+    // Delivers an event now, and after it what a run left waiting.
     void Deliver(const cScriptEvent &Event);
 
     // Delivers an event in the next run, when its nLine-th line has been
@@ -62,11 +61,13 @@ private:
     };
 
     eAnswer NextAnswer(eButtons nButtons);
-    void    Type(std::string_view Text);
+    void    Dispatch(const cScriptEvent &Event);
+    void    TakeDueEvents();
 
     std::ostream            *m_pOut;
     std::deque<eAnswer>      m_Answers;
     std::vector<cLaterEvent> m_Later;
+    std::deque<cScriptEvent> m_Waiting;  // behind the event in hand
     uint64_t                 m_nLimit;
     unsigned                 m_nRun;    // the run that m_nLines counts in
     uint64_t                 m_nLines;  // executed in it so far

@@ -1,5 +1,6 @@
 #include "engine/decimal.h"
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
 
@@ -48,11 +49,11 @@ size_t DecimalLength(const char *szText)
 }
 
 // Power of ten of the first digit that is not 0: 2 for "123", -3 for "0.001".
-static long LeadingPower(const char *pText, const char *pEnd)
+static long long LeadingPower(const char *pText, const char *pEnd)
 {
-    long nPower   = -1;
-    int  bPoint   = 0;
-    int  bLeading = 1;
+    long long nPower   = -1;
+    int       bPoint   = 0;
+    int       bLeading = 1;
     for (; pText < pEnd && (IsDigit(*pText) || *pText == '.'); pText++)
     {
         if (*pText == '.')
@@ -68,19 +69,28 @@ static long LeadingPower(const char *pText, const char *pEnd)
     return nPower;
 }
 
+// The exponent behind "e", 0 if there is none. One of more digits than a text
+// can have places is as good as kMostExponent.
+static long long Exponent(const char *pText, const char *pEnd)
+{
+    const long long   kMostExponent = 1000000000000;
+    const char *const pMark =
+        std::find_if(pText, pEnd, [](char c) { return c == 'e' || c == 'E'; });
+    if (pMark == pEnd)
+        return 0;
+    const int         bMinus    = pMark[1] == '-';
+    const char *const pDigits   = pMark + (IsSign(pMark[1]) ? 2 : 1);
+    long long         nExponent = 0;
+    if (std::from_chars(pDigits, pEnd, nExponent).ec != std::errc())
+        nExponent = kMostExponent;
+    nExponent = std::min(nExponent, kMostExponent);
+    return bMinus ? -nExponent : nExponent;
+}
+
 // Whether a number that no double can hold is too large, not too small.
 static int IsTooLarge(const char *pText, const char *pEnd)
 {
-    long nExponent = 0;
-    for (const char *p = pText; p < pEnd; p++)
-        if (*p == 'e' || *p == 'E')
-        {
-            p += p[1] == '+' ? 2 : 1;
-            if (std::from_chars(p, pEnd, nExponent).ec != std::errc())
-                return *p != '-';
-            break;
-        }
-    return LeadingPower(pText, pEnd) + nExponent > 0;
+    return LeadingPower(pText, pEnd) + Exponent(pText, pEnd) > 0;
 }
 
 int ParseDecimal(const char *szText, double *pdValue)

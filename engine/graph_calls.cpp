@@ -29,10 +29,10 @@ int cVorstekEngine::OnSumG(unsigned)
         return ShowUserError("Error: bad graph");
     if (m_pHost->AddGraphPoint(m_nGraphLine + 1, m_dX, m_dY))
         return 1;
-    Ask("The Vorstek's program must now halt\n"
-        "since the cVantor window has reached its\n"
-        "memory limit\n",
-        bnOk, icNone);
+    AskUser("The Vorstek's program must now halt\n"
+            "since the cVantor window has reached its\n"
+            "memory limit\n",
+            bnOk, icNone);
     m_bProgramRunning = 0;
     return 1;
 }

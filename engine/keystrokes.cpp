@@ -175,6 +175,12 @@ void cVorstekEngine::SetKeystrokes(const char *szKeystrokes)
     snprintf(m_szKeystrokes, sizeof m_szKeystrokes, "%s", szKeystrokes);
 }
 
+void cVorstekEngine::AppendKeystroke(const char *szKeystroke)
+{
+    const size_t nLength = strlen(m_szKeystrokes);
+    snprintf(m_szKeystrokes + nLength, sizeof m_szKeystrokes - nLength, "%s", szKeystroke);
+}
+
 void cVorstekEngine::SetLastOp(const char *szName)
 {
     snprintf(m_szLastOp, sizeof m_szLastOp, "%s", szName);
@@ -320,6 +326,9 @@ void cVorstekEngine::OnRelease(unsigned nKeyCode)
         SwitchToProgramMode();
     if (!nResult)
         SetKeystrokes(kAwaitPress);
+    // Another key has ended the wait for the one that halted the program.
+    if (!m_bProgramRunning && !IsWaitingForKey())
+        SwitchIfPending();
     m_bPaintStale = 1;
 }
 
@@ -426,9 +435,8 @@ int cVorstekEngine::OnDigitKey(unsigned nDigit)
     }
     if (EndsWith("GTO . "))
     {
-        const size_t nLength        = strlen(m_szKeystrokes);
-        m_szKeystrokes[nLength]     = static_cast<char>('0' + nDigit);
-        m_szKeystrokes[nLength + 1] = 0;
+        const char szDigit[] = {static_cast<char>('0' + nDigit), 0};
+        AppendKeystroke(szDigit);
         return 1;
     }
     if (IsFirstLineDigitPending())
@@ -493,7 +501,7 @@ int cVorstekEngine::PressPoint(const char *)
     for (const char *const szEnding : s_BeforePoint)
         if (EndsWith(szEnding))
         {
-            strcat(m_szKeystrokes, ". ");
+            AppendKeystroke(". ");
             return 1;
         }
     SetKeystrokes("");
@@ -511,7 +519,7 @@ int cVorstekEngine::PressShiftG(const char *)
     for (const char *const szEnding : s_BeforeG)
         if (EndsWith(szEnding))
         {
-            strcat(m_szKeystrokes, "g ");
+            AppendKeystroke("g ");
             return 1;
         }
     SetKeystrokes("g ");

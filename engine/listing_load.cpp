@@ -65,7 +65,7 @@ int cVorstekEngine::LoadProgram(const char *szFileName)
         char szText[kFileNameText + 64];
         snprintf(szText, sizeof szText, "ERROR: couldn't open the file '%s' for reading",
                  szFileName);
-        Ask(szText, bnOk, icError);
+        AskUser(szText, bnOk, icError);
         return 0;
     }
     const char *const pEnd   = File.Text() + File.Length();
@@ -111,7 +111,7 @@ int cVorstekEngine::ReadLines(cLoad *pLoad, const char *pText, const char *pEnd)
         }
         else if (pLoad->m_nLines == kLastLine)
         {
-            Ask("Program memory overflow", bnOk, icNone);
+            AskUser("Program memory overflow", bnOk, icNone);
             return 1;
         }
         else
@@ -159,15 +159,16 @@ int cVorstekEngine::RejectLine(const cListingLine &Line, const char *szLine)
     char szText[kFileLineText + 64];
     snprintf(szText, sizeof szText, "%s%u:\n%s", RejectionText(Line.m_nKind), m_nLoaderLine,
              szLine);
-    return Ask(szText, bnOkCancel, icNone, kLoaderCaption) == anOk;
+    return AskUser(szText, bnOkCancel, icNone, kLoaderCaption) == anOk;
 }
 
 int cVorstekEngine::CancelLoad()
 {
     ClearProgram();
     m_nReturnDepth = 0;
+    m_bPaintStale  = 1;
     RefreshViews();
-    Ask("Program Memory has been cleared", bnOk, icNone);
+    AskUser("Program Memory has been cleared", bnOk, icNone);
     return 0;
 }
 

@@ -1,6 +1,7 @@
 #include "engine/listing_parser.h"
 
 #include <charconv>
+#include <cstdio>
 #include <cstring>
 
 #include "engine/decimal.h"
@@ -46,9 +47,8 @@ static int ParseOperandToken(const char *pToken, size_t nLength, const cMnemonic
     const char *const pEnd = pToken + nLength;
     if (nLength == 1 && *pToken == 'i')
     {
-        if (strlen(pLine->m_szText) + 2 > kLongestToken)
-            return 0;
-        strcat(pLine->m_szText, " i");
+        const size_t nMnemonic = strlen(pLine->m_szText);
+        snprintf(pLine->m_szText + nMnemonic, sizeof pLine->m_szText - nMnemonic, " i");
         return Mnemonics.Contains(pLine->m_szText);
     }
     CopyToken(pToken, nLength, kOperandCharacters, pLine->m_szOperandText);

@@ -83,7 +83,7 @@ int cVorstekEngine::SaveUnderName(const char *szFileName)
     {
         char szText[kFileNameText + 32];
         snprintf(szText, sizeof szText, "Could not write the file:\n %s", szFileName);
-        Ask(szText, bnOk, icError);
+        AskUser(szText, bnOk, icError);
         return 0;
     }
     snprintf(m_szFileName, sizeof m_szFileName, "%s", szFileName);
@@ -114,7 +114,7 @@ int cVorstekEngine::ConfirmDiscard()
     char szText[kFileNameText + 32];
     snprintf(szText, sizeof szText, "Save current changes in %s?",
              m_szFileName[0] ? m_szFileName : kUntitled);
-    const eAnswer nAnswer = Ask(szText, bnYesNoCancel, icQuestion);
+    const eAnswer nAnswer = AskUser(szText, bnYesNoCancel, icQuestion);
     if (nAnswer == anYes)
         return Save();
     return nAnswer == anNo;
@@ -124,11 +124,9 @@ int cVorstekEngine::New()
 {
     if (!ConfirmDiscard())
         return 0;
-    SetKeystrokes("");
-    m_nReturnDepth = 0;
     ClearProgram();
-    m_bPaintStale = 1;
-    RefreshViews();
+    m_nReturnDepth = 0;
+    AbandonKeys();
     return 1;
 }
 
@@ -153,7 +151,15 @@ void cVorstekEngine::TakeLoadedProgram(const char *szFileName)
     m_bProgramModified = 0;
     ShowFileName();
     AbandonEntry();
+    AbandonKeys();
+}
+
+// Pending keys go, and with them the wait for a key; a switch to program mode
+// that waited for it is carried out.
+void cVorstekEngine::AbandonKeys()
+{
     SetKeystrokes("");
+    SwitchIfPending();
     m_bPaintStale = 1;
     RefreshViews();
 }

@@ -166,16 +166,18 @@ int cVorstekEngine::OnReciprocal(unsigned)
     return 1;
 }
 
+// Both parts keep X's sign where they are 0, which not every C library sees to.
 int cVorstekEngine::OnInt(unsigned)
 {
-    std::modf(m_dX, &m_dX);
+    m_dX = std::copysign(std::trunc(m_dX), m_dX);
     return 1;
 }
 
 int cVorstekEngine::OnFrac(unsigned)
 {
-    double dInteger;
-    m_dX = std::modf(m_dX, &dInteger);
+    double       dInteger;
+    const double dFraction = std::modf(m_dX, &dInteger);
+    m_dX                   = std::copysign(dFraction, m_dX);
     return 1;
 }
 

@@ -57,11 +57,9 @@ int cMemoryLineBox::ReplaceLine(unsigned nLine, const char *szText)
 {
     if (nLine >= m_Starts.size())
         return 0;
-    const size_t nStart  = m_Starts[nLine];
-    const size_t nFormer = LineEnd(nLine) - nStart;
-    m_Text.replace(nStart, nFormer, szText);
-    if (strlen(szText) != nFormer)
-        FindLines();
+    const size_t nStart = m_Starts[nLine];
+    m_Text.replace(nStart, LineEnd(nLine) - nStart, szText);
+    FindLines();
     return 1;
 }
 

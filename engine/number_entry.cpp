@@ -17,14 +17,14 @@ static const unsigned kCodeEntryText    = 110;
 static const size_t kLongestInteger  = 11;
 static const size_t kLongestMantissa = 12;
 
-static int IsEntryKey(char cKey)
+static int IsDigitKey(char cKey)
 {
-    return (cKey >= '0' && cKey <= '9') || cKey == '.' || cKey == 'e';
+    return cKey >= '0' && cKey <= '9';
 }
 
 int cVorstekEngine::EnterCharacter(char cKey)
 {
-    if (!IsEntryKey(cKey))
+    if (!IsDigitKey(cKey) && cKey != '.' && cKey != 'e' && !m_szExponent[0])
     {
         ShowProgramError(kCodeEntryKey);
         return 1;
@@ -58,7 +58,7 @@ int cVorstekEngine::EnterCharacter(char cKey)
 int cVorstekEngine::AcceptEntryKey(char cKey)
 {
     int bTaken;
-    if (cKey != '.' && cKey != 'e')
+    if (IsDigitKey(cKey))
         bTaken = AcceptDigit(cKey);
     else if (m_szExponent[0])
         bTaken = 0;
@@ -69,13 +69,21 @@ int cVorstekEngine::AcceptEntryKey(char cKey)
     return bTaken;
 }
 
+// There is room for it.
+void cVorstekEngine::AppendToEntry(char c)
+{
+    const size_t nLength   = strlen(m_szEntry);
+    m_szEntry[nLength]     = c;
+    m_szEntry[nLength + 1] = 0;
+}
+
 int cVorstekEngine::AcceptPoint()
 {
     if (!m_szEntry[0])
         strcpy(m_szEntry, "+0");
     if (strchr(m_szEntry, '.') || strlen(m_szEntry) >= kLongestMantissa)
         return 0;
-    strcat(m_szEntry, ".");
+    AppendToEntry('.');
     return 1;
 }
 
@@ -103,8 +111,7 @@ int cVorstekEngine::AcceptDigit(char cDigit)
     const size_t nLongest = strchr(m_szEntry, '.') ? kLongestMantissa : kLongestInteger;
     if (nLength >= nLongest)
         return 0;
-    m_szEntry[nLength]     = cDigit;
-    m_szEntry[nLength + 1] = 0;
+    AppendToEntry(cDigit);
     return 1;
 }
 

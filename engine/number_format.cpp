@@ -149,8 +149,8 @@ static unsigned FormatEngineering(double dValue, unsigned nDigits, char (&szText
         nCode     = kCodeIntegerDigits;
         nIntegers = 1;
     }
-    while (static_cast<int>(strlen(Digits.m_szDigits)) < nIntegers)
-        strcat(Digits.m_szDigits, "0");
+    for (int i = static_cast<int>(nDigits) + 1; i < nIntegers; i++)
+        Digits.m_szDigits[i] = '0';
 
     const char *const szPlaces = Digits.m_szDigits + nIntegers;
     snprintf(szText, sizeof szText, "%c%.*s.%.9se%+03d", std::signbit(dValue) ? '-' : '+',

@@ -11,8 +11,13 @@ void cVorstekEngine::EnableRunCommands(int bEnable)
         m_pHost->EnableCommand(nId, bEnable);
 }
 
+// A host that goes on draining after the halt could bring a key here that
+// wants to start a second run inside the first; it is refused.
 int cVorstekEngine::RunProgram()
 {
+    if (m_bInRun)
+        return 0;
+    m_bInRun = 1;
     EnableRunCommands(0);
     int nResult       = OpenTrace();
     m_nReturnDepth    = 0;
@@ -24,6 +29,7 @@ int cVorstekEngine::RunProgram()
         if (m_bProgramRunning && !m_pHost->DrainMessages())
             m_bProgramRunning = 0;
     }
+    m_bInRun = 0;
     CloseTrace();
     EnableRunCommands(1);
     RefreshViews();
@@ -48,6 +54,8 @@ int cVorstekEngine::RunLine()
 
 int cVorstekEngine::SingleStep()
 {
+    if (m_bInRun)
+        return 0;
     m_bProgramRunning = 1;
     const int nResult = RunLine();
     m_bProgramRunning = 0;

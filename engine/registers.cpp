@@ -15,34 +15,41 @@ int cVorstekEngine::ThroughIndex(cHandler pDirect)
     return (this->*pDirect)(static_cast<unsigned>(dIndex));
 }
 
+// Stores select their line of the registers box, other changes do not.
+int cVorstekEngine::Store(unsigned nRegister, double dValue)
+{
+    m_dReg[nRegister] = dValue;
+    TraceRegister(nRegister);
+    m_nSelectRegister = static_cast<int>(nRegister);
+    return 1;
+}
+
 // A plain store is not clamped.
 int cVorstekEngine::OnSto(unsigned nRegister)
 {
-    m_dReg[nRegister] = m_dX;
-    TraceRegister(nRegister);
-    return 1;
+    return Store(nRegister, m_dX);
 }
 
 int cVorstekEngine::OnStoPlus(unsigned nRegister)
 {
-    return SetRegister(nRegister, m_dReg[nRegister] + m_dX);
+    return Store(nRegister, Clamp(m_dReg[nRegister] + m_dX));
 }
 
 int cVorstekEngine::OnStoMinus(unsigned nRegister)
 {
-    return SetRegister(nRegister, m_dReg[nRegister] - m_dX);
+    return Store(nRegister, Clamp(m_dReg[nRegister] - m_dX));
 }
 
 int cVorstekEngine::OnStoTimes(unsigned nRegister)
 {
-    return SetRegister(nRegister, m_dReg[nRegister] * m_dX);
+    return Store(nRegister, Clamp(m_dReg[nRegister] * m_dX));
 }
 
 int cVorstekEngine::OnStoDivide(unsigned nRegister)
 {
     if (m_dX == 0.0)
         return ShowUserError("Error: divide by 0");
-    return SetRegister(nRegister, m_dReg[nRegister] / m_dX);
+    return Store(nRegister, Clamp(m_dReg[nRegister] / m_dX));
 }
 
 int cVorstekEngine::OnRcl(unsigned nRegister)

@@ -15,12 +15,10 @@ int cVorstekEngine::AddPoint(double dSign)
     m_dReg[kRegisterSumY] += dSign * m_dY;
     m_dReg[kRegisterSumY2] += dSign * (m_dY * m_dY);
     m_dReg[kRegisterSumXY] += dSign * (m_dX * m_dY);
-    for (unsigned nRegister = kRegisterSumXY; nRegister >= kRegisterN; nRegister--)
-    {
-        m_dReg[nRegister] = Clamp(m_dReg[nRegister]);
-        TraceRegister(nRegister);
-    }
-    m_dX = m_dReg[kRegisterN];
+    for (unsigned nRegister = kRegisterN; nRegister <= kRegisterSumXY; nRegister++)
+        SetRegister(nRegister, m_dReg[nRegister]);
+    m_nSelectRegister = kRegisterN;
+    m_dX              = m_dReg[kRegisterN];
     return 1;
 }
 

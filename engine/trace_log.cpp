@@ -37,6 +37,8 @@ int cVorstekEngine::OpenTrace()
 
 void cVorstekEngine::CloseTrace()
 {
+    if (m_pTraceFile && !m_pTraceFile->Close())
+        m_bTraceLost = 1;
     delete m_pTraceFile;
     m_pTraceFile = nullptr;
 }

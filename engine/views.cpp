@@ -72,7 +72,6 @@ void cVorstekEngine::ShowText(const char *szText)
 void cVorstekEngine::TraceRegister(unsigned nRegister)
 {
     m_nStaleRegisters |= 1u << nRegister;
-    m_nSelectRegister = static_cast<int>(nRegister);
     ReportUnformattable(m_dReg[nRegister]);
 }
 

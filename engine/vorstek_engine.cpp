@@ -8,8 +8,9 @@ static const unsigned kBuckets = 120;
 cVorstekEngine::cVorstekEngine(cVorstekHost *pHost, cLineBox *pListing, cLineBox *pRegisters)
     : cVorstekState{}, m_pHost(pHost), m_pListing(pListing), m_pRegisters(pRegisters),
       m_mapHandlers(kBuckets, pHost), m_pTraceFile(nullptr), m_szTraceFileName("tracelog.txt"),
-      m_nLoaderLine(0), m_nRuns(0), m_bStackStale(1), m_bDisplayShowsX(1), m_nStaleRegisters(0),
-      m_nSelectRegister(-1), m_bHighlightStale(0), m_bPaintStale(0)
+      m_bTraceLost(0), m_nLoaderLine(0), m_nRuns(0), m_bInRun(0), m_bStackStale(1),
+      m_bDisplayShowsX(1), m_nStaleRegisters(0), m_nSelectRegister(-1), m_bHighlightStale(0),
+      m_bPaintStale(0)
 {
     m_bStackLift = 1;
     m_nAngleMode = kAngleDeg;
@@ -40,8 +41,8 @@ const cVorstekState &cVorstekEngine::State()
 }
 
 // During a run the views lag behind; nobody may see that beside a box.
-eAnswer cVorstekEngine::Ask(const char *szText, eButtons nButtons, eIcon nIcon,
-                            const char *szCaption)
+eAnswer cVorstekEngine::AskUser(const char *szText, eButtons nButtons, eIcon nIcon,
+                                const char *szCaption)
 {
     if (m_bProgramRunning)
         RefreshViews();
@@ -52,7 +53,7 @@ void cVorstekEngine::ShowProgramError(unsigned nCode)
 {
     char szText[32];
     snprintf(szText, sizeof szText, "Program Error Code #%03u", nCode);
-    Ask(szText, bnOk, icNone);
+    AskUser(szText, bnOk, icNone);
 }
 
 void cVorstekEngine::ShowKeystrokesError(unsigned nCode)
@@ -60,7 +61,7 @@ void cVorstekEngine::ShowKeystrokesError(unsigned nCode)
     char szText[64];
     snprintf(szText, sizeof szText, "Program Error Code #%03u\nm_szKeystrokes = %s", nCode,
              m_szKeystrokes);
-    Ask(szText, bnOk, icNone);
+    AskUser(szText, bnOk, icNone);
 }
 
 int cVorstekEngine::ShowUserError(const char *szText)

@@ -125,6 +125,9 @@ public:
     // The trace log's name, "tracelog.txt" unless set; kept, not copied.
     void SetTraceFileName(const char *szName) { m_szTraceFileName = szName; }
 
+    // 1 once part of a trace could not be written.
+    int IsTraceLost() const { return m_bTraceLost; }
+
     // Listing files. LoadProgram: 1 when the file was read, rejected lines
     // and an overflow included; 0 when it could not be opened (nothing has
     // changed) or the user cancelled (the program is empty).
@@ -168,18 +171,21 @@ public:
     static const cInstruction s_Instructions[kInstructions];
 
 protected:
+    // Shows "Program Error Code #" and the number; an inconsistency within the
+    // program, which then goes on.
+    void ShowProgramError(unsigned nCode);
+
     cVorstekHost *m_pHost;
 
 private:
     // --- reports
-    void    ShowProgramError(unsigned nCode);
     void    ShowKeystrokesError(unsigned nCode);
     int     ShowUserError(const char *szText);
     void    StartSound(unsigned nId);
     void    PlayErrorSound();
     void    PlayRejectSound();
-    eAnswer Ask(const char *szText, eButtons nButtons, eIcon nIcon,
-                const char *szCaption = nullptr);
+    eAnswer AskUser(const char *szText, eButtons nButtons, eIcon nIcon,
+                    const char *szCaption = nullptr);
 
     // --- views
     void FormatNumber(double dValue, char (&szText)[kStackText]);
@@ -272,6 +278,7 @@ private:
     int OnClearRegisters(unsigned);
     int ThroughIndex(cHandler pDirect);
     int DivideQuietly(unsigned nRegister);
+    int Store(unsigned nRegister, double dValue);
     int RecallOver(unsigned nRegister);
     int OnSto(unsigned nRegister);
     int OnStoPlus(unsigned nRegister);
@@ -310,6 +317,7 @@ private:
     // --- number entry
     int    ChangeEntrySign();
     int    AcceptEntryKey(char cKey);
+    void   AppendToEntry(char c);
     int    AcceptPoint();
     int    AcceptExponentKey();
     int    AcceptDigit(char cDigit);
@@ -340,6 +348,7 @@ private:
     int  IsWaitingForKey() const;
     int  EndsWith(const char *szEnding) const;
     void SetKeystrokes(const char *szKeystrokes);
+    void AppendKeystroke(const char *szKeystroke);
     void SetLastOp(const char *szName);
     int  IsFirstLineDigitPending() const;
     int  CompleteGoTo(unsigned nDigit);
@@ -400,6 +409,7 @@ private:
     int  RejectLine(const cListingLine &Line, const char *szLine);
     int  CancelLoad();
     void FinishLoad(cLoad *pLoad);
+    void AbandonKeys();
     void ShowFileName();
 
     cLineBox    *m_pListing;
@@ -407,8 +417,10 @@ private:
     cMnemonicMap m_mapHandlers;
     cDbgFile    *m_pTraceFile;  // open during a traced run
     const char  *m_szTraceFileName;
+    int          m_bTraceLost;
     unsigned     m_nLoaderLine;
     unsigned     m_nRuns;
+    int          m_bInRun;  // the run loop is at work, be it halted or not
 
     // What the views do not show yet.
     int      m_bStackStale;      // m_szX to m_szT

@@ -38,9 +38,10 @@ public:
     virtual void BlankDisplay() = 0;
 
     // Between program lines: handles what is waiting, waits for nothing. Key
-    // events re-enter the engine here and only set flags. A host that
-    // dispatches messages calls the engine's RefreshViews() first. Returns 0
-    // on quit, after it has posted the quit message again.
+    // events re-enter the engine here and only set flags. Once one of them has
+    // halted the program, what waits behind it is left to the main loop. A host
+    // that dispatches messages calls the engine's RefreshViews() first. Returns
+    // 0 on quit, after it has posted the quit message again.
     virtual int DrainMessages() = 0;
 
     // Waits without handling messages.

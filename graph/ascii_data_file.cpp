@@ -23,10 +23,10 @@ const char kTitle[]         = "Title ";
 const char kHorzAxisLabel[] = "HorzAxisLabel ";
 const char kSetLabels[]     = "SetLabels ";
 
-const char kSeparator[] = " , ";            // between numbers and between labels
+const char kSeparator[] = " , ";  // between numbers and between labels
 
-const uint32_t kMostRows = UINT32_MAX;
-const uint32_t kFirstSets = 8;              // room made by the first AddSet
+const uint32_t kMostRows  = UINT32_MAX;
+const uint32_t kFirstSets = 8;  // room made by the first AddSet
 
 // "-340282346638528859811704183484516925440.000000"
 const int kNumberText = 47;
@@ -45,7 +45,7 @@ const char *SkipBlanks(const char *pText)
     return pText;
 }
 
-// Between two numbers or labels: blanks, at most one comma, blanks.
+// Between two numbers: blanks, at most one comma, blanks.
 const char *SkipSeparator(const char *pText)
 {
     pText = SkipBlanks(pText);
@@ -96,9 +96,9 @@ uint32_t CountNumbers(const char *pText)
 // The digits of "%f", with a point in every locale.
 void WriteNumber(FILE *pFile, float fValue)
 {
-    char szText[kNumberText];
-    const auto Result = std::to_chars(szText, szText + sizeof szText,
-                                      static_cast<double>(fValue), std::chars_format::fixed, 6);
+    char       szText[kNumberText];
+    const auto Result = std::to_chars(szText, szText + sizeof szText, static_cast<double>(fValue),
+                                      std::chars_format::fixed, 6);
     fwrite(szText, 1, static_cast<size_t>(Result.ptr - szText), pFile);
 }
 
@@ -107,10 +107,9 @@ void EndLine(FILE *pFile)
     fputs(kDataFileLineEnd, pFile);
 }
 
-} // namespace
+}  // namespace
 
-cAsciiDataFile::cAsciiDataFile(cMessageBoxes *pBoxes)
-    : m_pBoxes(pBoxes)
+cAsciiDataFile::cAsciiDataFile(cMessageBoxes *pBoxes) : m_pBoxes(pBoxes)
 {
     Clear();
 }
@@ -155,8 +154,7 @@ int cAsciiDataFile::Accepts(uint32_t nPoints, const float *pX, const float *pY) 
     return nPoints == m_nRows && (pX == nullptr || std::equal(pX, pX + nPoints, m_pX.get()));
 }
 
-int cAsciiDataFile::AddSet(uint32_t nPoints, const float *pX, const float *pY,
-                           const char *szLabel)
+int cAsciiDataFile::AddSet(uint32_t nPoints, const float *pX, const float *pY, const char *szLabel)
 {
     if (!Accepts(nPoints, pX, pY))
         return 0;
@@ -178,18 +176,18 @@ int cAsciiDataFile::AddSet(uint32_t nPoints, const float *pX, const float *pY,
         if (!m_pX)
             return 0;
     }
-    m_nRows = nPoints;
+    m_nRows            = nPoints;
     m_pSets[m_nSets++] = std::move(Set);
     return 1;
 }
 
 void cAsciiDataFile::Clear()
 {
-    m_bExplicitX = 0;
-    m_szTitle[0] = '\0';
+    m_bExplicitX     = 0;
+    m_szTitle[0]     = '\0';
     m_szHorzLabel[0] = '\0';
-    m_nSets = 0;
-    m_nSetCapacity = 0;
+    m_nSets          = 0;
+    m_nSetCapacity   = 0;
     m_pSets.reset();
     m_nRows = 0;
     m_pX.reset();
@@ -201,7 +199,7 @@ void cAsciiDataFile::Clear()
 // the arrays have their size before the second stores the values.
 int cAsciiDataFile::Read(cShortLineReader *pReader)
 {
-    cLayout Layout;
+    cLayout     Layout;
     const char *pText = ReadHeader(pReader, &Layout);
     if (!CountData(pReader, pText) || !AllocateArrays() || !pReader->GoBack(Layout.m_Start))
         return 0;
@@ -231,7 +229,7 @@ const char *cAsciiDataFile::ReadHeader(cShortLineReader *pReader, cLayout *pLayo
     if (Begins(pText, kImplicitX) || Begins(pText, kExplicitX))
     {
         m_bExplicitX = Begins(pText, kExplicitX);
-        pText = NextLine(pReader);
+        pText        = NextLine(pReader);
     }
     if (Begins(pText, kTitle))
     {
@@ -243,7 +241,7 @@ const char *cAsciiDataFile::ReadHeader(cShortLineReader *pReader, cLayout *pLayo
         ReadQuoted(pText + strlen(kHorzAxisLabel), m_szHorzLabel);
         pText = NextLine(pReader);
     }
-    pLayout->m_Start = pReader->LineStart();
+    pLayout->m_Start   = pReader->LineStart();
     pLayout->m_bLabels = Begins(pText, kSetLabels);
     return pLayout->m_bLabels ? NextLine(pReader) : pText;
 }
@@ -251,8 +249,8 @@ const char *cAsciiDataFile::ReadHeader(cShortLineReader *pReader, cLayout *pLayo
 // The first pass; pText is the first row.
 int cAsciiDataFile::CountData(cShortLineReader *pReader, const char *pText)
 {
-    const uint32_t nFewest = m_bExplicitX ? 2 : 1;
-    uint32_t nColumns = UINT32_MAX;
+    const uint32_t nFewest  = m_bExplicitX ? 2 : 1;
+    uint32_t       nColumns = UINT32_MAX;
     for (; *pText != '\0'; pText = NextLine(pReader))
     {
         nColumns = std::min(nColumns, CountNumbers(pText));
@@ -285,7 +283,8 @@ int cAsciiDataFile::AllocateArrays()
     return 1;
 }
 
-// Labels go to the sets in turn; what stands between them is stepped over.
+// Labels go to the sets in turn; what stands between them, be it a comma or
+// not, is stepped over.
 // Returns 0 when the user gives up for lack of memory.
 int cAsciiDataFile::ReadLabels(const char *pText)
 {
@@ -300,7 +299,7 @@ int cAsciiDataFile::ReadLabels(const char *pText)
         const char *pEnd = QuotedEnd(pText);
         if (!StoreLabel(&m_pSets[nSet++], pText, pEnd))
             return 0;
-        pText = SkipSeparator(*pEnd == '"' ? pEnd + 1 : pEnd);
+        pText = *pEnd == '"' ? pEnd + 1 : pEnd;
     }
     return 1;
 }
@@ -330,7 +329,7 @@ int cAsciiDataFile::ReadRow(const char *pText, uint32_t nRow)
     for (uint32_t nSet = 0; nSet < m_nSets; nSet++)
     {
         float &fY = m_pSets[nSet].m_pY[nRow];
-        pText = ReadFloat(pText, &fY);
+        pText     = ReadFloat(pText, &fY);
         if (pText == nullptr)
             return 0;
         WidenExtent(fY, &m_fYMin, &m_fYMax);
@@ -408,14 +407,13 @@ int cAsciiDataFile::HasLabels() const
 // Room for nCapacity sets, which is at least their number so far.
 int cAsciiDataFile::ResizeSets(uint32_t nCapacity)
 {
-    auto pSets = AllocateWithRetry(m_pBoxes, [nCapacity]
-    {
+    auto pSets = AllocateWithRetry(m_pBoxes, [nCapacity] {
         return std::unique_ptr<cSet[]>(new (std::nothrow) cSet[nCapacity]);
     });
     if (!pSets)
         return 0;
     std::move(m_pSets.get(), m_pSets.get() + m_nSetCapacity, pSets.get());
-    m_pSets = std::move(pSets);
+    m_pSets        = std::move(pSets);
     m_nSetCapacity = nCapacity;
     return 1;
 }

@@ -68,9 +68,9 @@ public:
 
     const char *Title() const { return m_szTitle; }
     const char *HorzLabel() const { return m_szHorzLabel; }
-    int      ExplicitX() const { return m_bExplicitX; }
-    uint32_t SetCount() const { return m_nSets; }
-    uint32_t RowCount() const { return m_nRows; }
+    int         ExplicitX() const { return m_bExplicitX; }
+    uint32_t    SetCount() const { return m_nSets; }
+    uint32_t    RowCount() const { return m_nRows; }
 
     // RowCount() values; sets count from 1. XValues is null without an x
     // column, Label for a set without one.
@@ -88,30 +88,30 @@ private:
     struct cSet
     {
         std::unique_ptr<float[]> m_pY;
-        std::unique_ptr<char[]>  m_pszLabel;    // null: none
+        std::unique_ptr<char[]>  m_pszLabel;  // null: none
     };
 
     // What the first pass through a file finds out for the second.
     struct cLayout
     {
-        cShortLineReader::cMark m_Start;        // the SetLabels line or the first row
-        int                     m_bLabels;      // there is a SetLabels line
+        cShortLineReader::cMark m_Start;    // the SetLabels line or the first row
+        int                     m_bLabels;  // there is a SetLabels line
     };
 
-    void Clear();
-    int Read(cShortLineReader *pReader);
+    void        Clear();
+    int         Read(cShortLineReader *pReader);
     const char *ReadHeader(cShortLineReader *pReader, cLayout *pLayout);
-    int CountData(cShortLineReader *pReader, const char *pText);
-    int AllocateArrays();
-    int ReadLabels(const char *pText);
-    int StoreLabel(cSet *pSet, const char *pText, const char *pEnd);
-    int ReadRow(const char *pText, uint32_t nRow);
-    int Abort(uint32_t nLine);
+    int         CountData(cShortLineReader *pReader, const char *pText);
+    int         AllocateArrays();
+    int         ReadLabels(const char *pText);
+    int         StoreLabel(cSet *pSet, const char *pText, const char *pEnd);
+    int         ReadRow(const char *pText, uint32_t nRow);
+    int         Abort(uint32_t nLine);
 
     void WriteHeader(FILE *pFile) const;
     void WriteLabels(FILE *pFile) const;
     void WriteRow(FILE *pFile, uint32_t nRow) const;
-    int HasLabels() const;
+    int  HasLabels() const;
 
     int ResizeSets(uint32_t nCapacity);
 
@@ -123,7 +123,7 @@ private:
     uint32_t                 m_nSetCapacity;
     std::unique_ptr<cSet[]>  m_pSets;
     uint32_t                 m_nRows;
-    std::unique_ptr<float[]> m_pX;              // null without an x column
+    std::unique_ptr<float[]> m_pX;  // null without an x column
     float                    m_fXMin;
     float                    m_fXMax;
     float                    m_fYMin;

@@ -52,12 +52,12 @@ const char *NumberEnd(const char *pText)
 {
     if (*pText == '+' || *pText == '-')
         pText++;
-    const char *pEnd = SkipDigits(pText);
-    auto nDigits = pEnd - pText;
+    const char *pEnd    = SkipDigits(pText);
+    auto        nDigits = pEnd - pText;
     if (*pEnd == '.')
     {
         const char *pFraction = pEnd + 1;
-        pEnd = SkipDigits(pFraction);
+        pEnd                  = SkipDigits(pFraction);
         nDigits += pEnd - pFraction;
     }
     return nDigits > 0 ? SkipExponent(pEnd) : nullptr;
@@ -100,7 +100,7 @@ bool IsLarge(const char *pText)
     return nExponent + ExponentValue(pText) > 0;
 }
 
-} // namespace
+}  // namespace
 
 const char *SkipFloat(const char *szText)
 {
@@ -110,7 +110,7 @@ const char *SkipFloat(const char *szText)
 const char *ReadFloat(const char *szText, float *pValue)
 {
     const char *pStart = SkipWhite(szText);
-    const char *pEnd = NumberEnd(pStart);
+    const char *pEnd   = NumberEnd(pStart);
     if (pEnd == nullptr)
         return nullptr;
 

@@ -7,9 +7,10 @@
 namespace
 {
 
-const int kMessageText = 4608;          // a file name and the words around it
+const int kMessageText = 4608;  // a file name and the words around it
 
 // Red, green, blue, yellow, magenta, cyan, light grey, black, and again.
+// clang-format off
 const uint32_t kSetColors[] =
 {
     MakeColor(255, 0, 0),
@@ -21,6 +22,7 @@ const uint32_t kSetColors[] =
     MakeColor(192, 192, 192),
     MakeColor(0, 0, 0),
 };
+// clang-format on
 const uint32_t kColors = sizeof kSetColors / sizeof kSetColors[0];
 
 int ReadOrTell(cAsciiDataFile *pFile, cMessageBoxes *pBoxes, const char *szFile)
@@ -38,7 +40,7 @@ int AddSets(cVantorPlot *pPlot, const cAsciiDataFile &File)
     for (uint32_t nSet = 1; nSet <= File.SetCount(); nSet++)
     {
         cVantorLineFormat Format;
-        Format.m_crColor = kSetColors[(nSet - 1) % kColors];
+        Format.m_crColor  = kSetColors[(nSet - 1) % kColors];
         Format.m_pszLabel = File.Label(nSet);
         if (!pPlot->AddDataSet(File.RowCount(), File.XValues(), File.YValues(nSet), &Format))
             return 0;
@@ -57,15 +59,14 @@ int CollectSets(cAsciiDataFile *pFile, const cVantorPlot &Plot)
     {
         const float *pX = pSet->m_pX.get();
         const float *pY = pSet->m_pY.get();
-        if (pFile->Accepts(pSet->m_nPoints, pX, pY)
-            && !pFile->AddSet(pSet->m_nPoints, pX, pY, pSet->m_pszLabel.get()))
+        if (pFile->Accepts(pSet->m_nPoints, pX, pY) &&
+            !pFile->AddSet(pSet->m_nPoints, pX, pY, pSet->m_pszLabel.get()))
             return 0;
     }
     return 1;
 }
 
-void TellIncompatible(cMessageBoxes *pBoxes, uint32_t nWritten, uint32_t nSets,
-                      const char *szFile)
+void TellIncompatible(cMessageBoxes *pBoxes, uint32_t nWritten, uint32_t nSets, const char *szFile)
 {
     char szText[kMessageText];
     snprintf(szText, sizeof szText,
@@ -78,7 +79,7 @@ void TellIncompatible(cMessageBoxes *pBoxes, uint32_t nWritten, uint32_t nSets,
     pBoxes->Ask(szText, nullptr, bnOk, icNone);
 }
 
-} // namespace
+}  // namespace
 
 int OpenGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile)
 {

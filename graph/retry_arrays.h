@@ -14,8 +14,8 @@ std::unique_ptr<float[]> AllocateFloats(cMessageBoxes *pBoxes, uint32_t nCount);
 
 // Room for nCapacity floats, the first nCount of them copied from pValues.
 // nCapacity is at least nCount.
-std::unique_ptr<float[]> CopyFloats(cMessageBoxes *pBoxes, const float *pValues,
-                                    uint32_t nCount, uint32_t nCapacity);
+std::unique_ptr<float[]> CopyFloats(cMessageBoxes *pBoxes, const float *pValues, uint32_t nCount,
+                                    uint32_t nCapacity);
 
 std::unique_ptr<char[]> CopyText(cMessageBoxes *pBoxes, const char *szText);
 

@@ -17,11 +17,11 @@ const size_t kMostBytes = kShortLine - 1;  // of a line, newline included
 // return and a newline there count as one byte.
 const size_t kLookAhead = kMostBytes + 1;
 
-} // namespace
+}  // namespace
 
 cShortLineReader::cShortLineReader()
-    : m_pFile(nullptr), m_nBlockOffset(0), m_nNext(0), m_nEnd(0), m_nLine(0),
-      m_bAtEnd(0), m_bFailed(0), m_LineStart{0, 0}
+    : m_pFile(nullptr), m_nBlockOffset(0), m_nNext(0), m_nEnd(0), m_nLine(0), m_bAtEnd(0),
+      m_bFailed(0), m_LineStart{0, 0}
 {
     m_szLine[0] = '\0';
 }
@@ -35,13 +35,13 @@ cShortLineReader::~cShortLineReader()
 int cShortLineReader::Open(const char *szFile)
 {
     const std::filesystem::path Path = PathOfName(szFile);
-    std::error_code Ignored;
+    std::error_code             Ignored;
     if (!std::filesystem::is_regular_file(Path, Ignored))
         return 0;
     m_pFile = OpenDiskFile(Path, "rb");
     if (m_pFile == nullptr)
         return 0;
-    setvbuf(m_pFile, nullptr, _IONBF, 0);   // the block is the buffer
+    setvbuf(m_pFile, nullptr, _IONBF, 0);  // the block is the buffer
     return 1;
 }
 
@@ -53,11 +53,11 @@ int cShortLineReader::Next()
     if (nLeft == 0)
         return 0;
 
-    const char *pStart = m_Block + m_nNext;
-    const size_t nMost = std::min(nLeft, kMostBytes);
-    const void *pNewline = memchr(pStart, '\n', nMost);
-    size_t nText = nMost;
-    size_t nUsed = nMost;
+    const char  *pStart   = m_Block + m_nNext;
+    const size_t nMost    = std::min(nLeft, kMostBytes);
+    const void  *pNewline = memchr(pStart, '\n', nMost);
+    size_t       nText    = nMost;
+    size_t       nUsed    = nMost;
     if (pNewline != nullptr)
     {
         nText = static_cast<size_t>(static_cast<const char *>(pNewline) - pStart);
@@ -73,7 +73,7 @@ int cShortLineReader::Next()
 
     memcpy(m_szLine, pStart, nText);
     m_szLine[nText] = '\0';
-    m_LineStart = { m_nBlockOffset + m_nNext, m_nLine };
+    m_LineStart     = {m_nBlockOffset + m_nNext, m_nLine};
     m_nNext += nUsed;
     m_nLine++;
     return 1;
@@ -87,10 +87,10 @@ int cShortLineReader::GoBack(const cMark &Mark)
     if (fseek(m_pFile, static_cast<long>(Mark.nOffset), SEEK_SET) != 0)
         return 0;
     m_nBlockOffset = Mark.nOffset;
-    m_nNext = 0;
-    m_nEnd = 0;
-    m_nLine = Mark.nLinesBefore;
-    m_bAtEnd = 0;
+    m_nNext        = 0;
+    m_nEnd         = 0;
+    m_nLine        = Mark.nLinesBefore;
+    m_bAtEnd       = 0;
     return 1;
 }
 
@@ -100,8 +100,8 @@ void cShortLineReader::Fill()
     const size_t nLeft = m_nEnd - m_nNext;
     memmove(m_Block, m_Block + m_nNext, nLeft);
     m_nBlockOffset += m_nNext;
-    m_nNext = 0;
-    m_nEnd = nLeft + fread(m_Block + nLeft, 1, kReadBlock - nLeft, m_pFile);
+    m_nNext  = 0;
+    m_nEnd   = nLeft + fread(m_Block + nLeft, 1, kReadBlock - nLeft, m_pFile);
     m_bAtEnd = m_nEnd < kReadBlock;
     if (ferror(m_pFile))
         m_bFailed = 1;

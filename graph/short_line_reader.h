@@ -12,7 +12,7 @@
 // What is longer comes as two or more lines.
 const size_t kShortLine = 100;
 
-const size_t kReadBlock = 65536;   // bytes asked of the file at once
+const size_t kReadBlock = 65536;  // bytes asked of the file at once
 
 class cShortLineReader
 {
@@ -20,17 +20,18 @@ public:
     // Where a line begins, for GoBack.
     struct cMark
     {
-        uint64_t nOffset;          // bytes from the start of the file
+        uint64_t nOffset;  // bytes from the start of the file
         uint32_t nLinesBefore;
     };
 
     cShortLineReader();
     ~cShortLineReader();
-    cShortLineReader(const cShortLineReader &) = delete;
+    cShortLineReader(const cShortLineReader &)            = delete;
     cShortLineReader &operator=(const cShortLineReader &) = delete;
 
     // Returns 1, or 0 when szFile is no regular file or cannot be opened. A
-    // directory, a pipe or a device is refused without being opened.
+    // directory, a pipe or a device is refused without being opened. Comes first,
+    // and once.
     int Open(const char *szFile);
 
     // Reads the next line. Returns 0 at the end of the file, and when the file
@@ -59,15 +60,15 @@ private:
     void Fill();
 
     FILE    *m_pFile;
-    uint64_t m_nBlockOffset;       // where the block stands in the file
-    size_t   m_nNext;              // first byte of the block not yet read
-    size_t   m_nEnd;               // bytes in the block
+    uint64_t m_nBlockOffset;  // where the block stands in the file
+    size_t   m_nNext;         // first byte of the block not yet read
+    size_t   m_nEnd;          // bytes in the block
     uint32_t m_nLine;
-    int           m_bAtEnd;             // the file has no bytes behind the block
-    int           m_bFailed;
-    cMark         m_LineStart;
-    char          m_szLine[kShortLine];
-    char          m_Block[kReadBlock];
+    int      m_bAtEnd;  // the file has no bytes behind the block
+    int      m_bFailed;
+    cMark    m_LineStart;
+    char     m_szLine[kShortLine];
+    char     m_Block[kReadBlock];
 };
 
 #endif

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 // The values are those of the platform's pens.
+// clang-format off
 const cVantorStyle kLineStyles[kStyles] =
 {
     { 0, "solid"        },
@@ -12,7 +13,9 @@ const cVantorStyle kLineStyles[kStyles] =
     { 3, "dash-dot"     },
     { 4, "dash-dot-dot" },
 };
+// clang-format on
 
+// clang-format off
 const cVantorStyle kMarkerStyles[kStyles] =
 {
     { 0, "triangle"  },
@@ -21,6 +24,7 @@ const cVantorStyle kMarkerStyles[kStyles] =
     { 3, "vert line" },
     { 4, "horz line" },
 };
+// clang-format on
 
 float cVantorDataSet::X(uint32_t nIndex) const
 {

@@ -19,14 +19,13 @@ enum eGraphType
     gtStoop
 };
 
-const uint32_t kMostLineWidth = 4;         // pixels; the least is 1
+const uint32_t kMostLineWidth = 4;  // pixels; the least is 1
 
-const int kDefaultLabel = 24;                   // "data line # 4294967295"
+const int kDefaultLabel = 24;  // "data line # 4294967295"
 
 // Colours are 0x00BBGGRR, as the platform has them: MakeColor(255, 0, 0) is
 // 0x0000FF. Each part is 0 to 255.
-constexpr uint32_t MakeColor(uint32_t nRed, uint32_t nGreen,
-                                  uint32_t nBlue)
+constexpr uint32_t MakeColor(uint32_t nRed, uint32_t nGreen, uint32_t nBlue)
 {
     return nRed | nGreen << 8 | nBlue << 16;
 }
@@ -38,21 +37,21 @@ const uint32_t kWhite = MakeColor(255, 255, 255);
 struct cVantorStyle
 {
     uint32_t m_nValue;
-    char          m_szName[16];
+    char     m_szName[16];
 };
 
-const int kStyles = 5;
-extern const cVantorStyle kLineStyles[kStyles];     // Plot, StairStep, Stoop
-extern const cVantorStyle kMarkerStyles[kStyles];   // Scatter
+const int                 kStyles = 5;
+extern const cVantorStyle kLineStyles[kStyles];    // Plot, StairStep, Stoop
+extern const cVantorStyle kMarkerStyles[kStyles];  // Scatter
 
 // The look with which a data set is created whole.
 struct cVantorLineFormat
 {
-    uint32_t m_nGraphType = gtPlot;
-    uint32_t m_crColor    = kBlack;
-    uint32_t m_nWidth     = 1;                 // see AddDataSet for odd values
-    uint32_t m_nStyle     = 0;
-    const char   *m_pszLabel   = nullptr;           // null: the default label
+    uint32_t    m_nGraphType = gtPlot;
+    uint32_t    m_crColor    = kBlack;
+    uint32_t    m_nWidth     = 1;  // see AddDataSet for odd values
+    uint32_t    m_nStyle     = 0;
+    const char *m_pszLabel   = nullptr;  // null: the default label
 };
 
 class cVantorDataSet
@@ -68,23 +67,23 @@ public:
     // Computes the extents anew from all points.
     void FindExtents();
 
-    cVantorDataSet          *m_pNext       = nullptr;   // null at the tail
-    uint32_t            m_nPoints     = 0;
-    uint32_t            m_nCapacity   = 0;         // points that the arrays can hold
-    uint32_t            m_nAllocHint  = 0;         // 100 created by a point, 50 whole
-    std::unique_ptr<float[]> m_pX;                      // null: x is the index, from 0
-    std::unique_ptr<float[]> m_pY;                      // as entered
+    cVantorDataSet          *m_pNext      = nullptr;  // null at the tail
+    uint32_t                 m_nPoints    = 0;
+    uint32_t                 m_nCapacity  = 0;  // points that the arrays can hold
+    uint32_t                 m_nAllocHint = 0;  // 100 created by a point, 50 whole
+    std::unique_ptr<float[]> m_pX;              // null: x is the index, from 0
+    std::unique_ptr<float[]> m_pY;              // as entered
     float                    m_fXMin       = kExtentMinStart;
     float                    m_fXMax       = kExtentMaxStart;
-    float                    m_fYMin       = kExtentMinStart;   // of the raw y
+    float                    m_fYMin       = kExtentMinStart;  // of the raw y
     float                    m_fYMax       = kExtentMaxStart;
-    float                    m_fMultiplier = 1.0F;      // plotted is
-    float                    m_fOffset     = 0.0F;      //   multiplier * y + offset
-    uint32_t            m_nGraphType  = gtPlot;
-    uint32_t            m_crColor     = kBlack;
-    uint32_t            m_nWidth      = 1;         // pixels, 1 to 4
-    uint32_t            m_nStyle      = 0;         // 0 to 4, line style or marker
-    std::unique_ptr<char[]>  m_pszLabel;                // never null in a plot
+    float                    m_fMultiplier = 1.0F;  // plotted is
+    float                    m_fOffset     = 0.0F;  //   multiplier * y + offset
+    uint32_t                 m_nGraphType  = gtPlot;
+    uint32_t                 m_crColor     = kBlack;
+    uint32_t                 m_nWidth      = 1;  // pixels, 1 to 4
+    uint32_t                 m_nStyle      = 0;  // 0 to 4, line style or marker
+    std::unique_ptr<char[]>  m_pszLabel;         // never null in a plot
 };
 
 // The calculator's doubles as the graph stores them. Halves the memory of large

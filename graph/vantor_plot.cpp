@@ -10,8 +10,8 @@
 #include "toolkit/retry_alloc.h"
 
 cVantorPlot::cVantorPlot(cMessageBoxes *pBoxes)
-    : m_pBoxes(pBoxes), m_bUserRange(0), m_nLegendRows(kLegendRows), m_nCount(0),
-      m_pHead(nullptr), m_pTail(nullptr), m_pFound(nullptr), m_nFound(0)
+    : m_pBoxes(pBoxes), m_bUserRange(0), m_nLegendRows(kLegendRows), m_nCount(0), m_pHead(nullptr),
+      m_pTail(nullptr), m_pFound(nullptr), m_nFound(0)
 {
 }
 
@@ -46,16 +46,16 @@ int cVantorPlot::AddDataSet(uint32_t nPoints, const float *pX, const float *pY,
 {
     if (nPoints == 0 || pY == nullptr)
         return 0;
-    const cVantorLineFormat Default;
-    const cVantorLineFormat &Format = pFormat != nullptr ? *pFormat : Default;
-    std::unique_ptr<cVantorDataSet> pSet = NewDataSet(Format.m_pszLabel);
+    const cVantorLineFormat         Default;
+    const cVantorLineFormat        &Format = pFormat != nullptr ? *pFormat : Default;
+    std::unique_ptr<cVantorDataSet> pSet   = NewDataSet(Format.m_pszLabel);
     if (!pSet || !StorePoints(pSet.get(), nPoints, pX, pY))
         return 0;
     pSet->m_nAllocHint = kHintWhole;
     pSet->m_nGraphType = Format.m_nGraphType;
-    pSet->m_crColor = Format.m_crColor;
-    pSet->m_nWidth = std::clamp(Format.m_nWidth, uint32_t{1}, kMostLineWidth);
-    pSet->m_nStyle = Format.m_nStyle < kStyles ? Format.m_nStyle : 0;
+    pSet->m_crColor    = Format.m_crColor;
+    pSet->m_nWidth     = std::clamp(Format.m_nWidth, uint32_t{1}, kMostLineWidth);
+    pSet->m_nStyle     = Format.m_nStyle < kStyles ? Format.m_nStyle : 0;
     Link(std::move(pSet));
     return 1;
 }
@@ -64,10 +64,10 @@ int cVantorPlot::DeleteDataSet(uint32_t nLine)
 {
     if (nLine == 0 || nLine > m_nCount)
         return 0;
-    cVantorDataSet *pFormer = nLine > 1 ? FindDataSet(nLine - 1) : nullptr;
-    cVantorDataSet *&pLink = pFormer != nullptr ? pFormer->m_pNext : m_pHead;
-    cVantorDataSet *pSet = pLink;
-    pLink = pSet->m_pNext;
+    cVantorDataSet  *pFormer = nLine > 1 ? FindDataSet(nLine - 1) : nullptr;
+    cVantorDataSet *&pLink   = pFormer != nullptr ? pFormer->m_pNext : m_pHead;
+    cVantorDataSet  *pSet    = pLink;
+    pLink                    = pSet->m_pNext;
     if (pSet == m_pTail)
         m_pTail = pFormer;
     delete pSet;
@@ -90,7 +90,7 @@ int cVantorPlot::ClearAll()
 {
     while (m_pHead != nullptr)
         delete std::exchange(m_pHead, m_pHead->m_pNext);
-    m_pTail = nullptr;
+    m_pTail  = nullptr;
     m_nCount = 0;
     m_pFound = nullptr;
     m_nFound = 0;
@@ -102,7 +102,7 @@ int cVantorPlot::ClearAll()
 
 void cVantorPlot::ApplySettings(const cVantorPlotSettings &Settings)
 {
-    m_Settings = Settings;
+    m_Settings   = Settings;
     m_bUserRange = 1;
 }
 
@@ -145,7 +145,7 @@ int cVantorPlot::BeginDataSet(float fX, float fY)
     pSet->m_pY = AllocateFloats(m_pBoxes, kFirstCapacity);
     if (!pSet->m_pY)
         return 0;
-    pSet->m_nCapacity = kFirstCapacity;
+    pSet->m_nCapacity  = kFirstCapacity;
     pSet->m_nAllocHint = kHintByPoint;
     pSet->Append(fX, fY);
     Link(std::move(pSet));
@@ -157,7 +157,7 @@ int cVantorPlot::MakeRoom(cVantorDataSet *pSet)
 {
     if (pSet->m_nCapacity >= kMostGrowth)
         return 0;
-    const uint32_t nCapacity = 2 * pSet->m_nCapacity;
+    const uint32_t           nCapacity = 2 * pSet->m_nCapacity;
     std::unique_ptr<float[]> pX;
     if (pSet->m_pX)
     {
@@ -169,8 +169,8 @@ int cVantorPlot::MakeRoom(cVantorDataSet *pSet)
         CopyFloats(m_pBoxes, pSet->m_pY.get(), pSet->m_nPoints, nCapacity);
     if (!pY)
         return 0;
-    pSet->m_pX = std::move(pX);
-    pSet->m_pY = std::move(pY);
+    pSet->m_pX        = std::move(pX);
+    pSet->m_pY        = std::move(pY);
     pSet->m_nCapacity = nCapacity;
     return 1;
 }
@@ -179,8 +179,7 @@ int cVantorPlot::MakeRoom(cVantorDataSet *pSet)
 // the number that the set will have.
 std::unique_ptr<cVantorDataSet> cVantorPlot::NewDataSet(const char *pszLabel)
 {
-    auto pSet = AllocateWithRetry(m_pBoxes, []
-    {
+    auto pSet = AllocateWithRetry(m_pBoxes, [] {
         return std::unique_ptr<cVantorDataSet>(new (std::nothrow) cVantorDataSet);
     });
     if (!pSet)
@@ -205,9 +204,9 @@ int cVantorPlot::StorePoints(cVantorDataSet *pSet, uint32_t nPoints, const float
     std::unique_ptr<float[]> pNewY = CopyFloats(m_pBoxes, pY, nPoints, nPoints);
     if (!pNewY)
         return 0;
-    pSet->m_pX = std::move(pNewX);
-    pSet->m_pY = std::move(pNewY);
-    pSet->m_nPoints = nPoints;
+    pSet->m_pX        = std::move(pNewX);
+    pSet->m_pY        = std::move(pNewY);
+    pSet->m_nPoints   = nPoints;
     pSet->m_nCapacity = nPoints;
     pSet->FindExtents();
     return 1;
@@ -216,7 +215,7 @@ int cVantorPlot::StorePoints(cVantorDataSet *pSet, uint32_t nPoints, const float
 void cVantorPlot::Link(std::unique_ptr<cVantorDataSet> pSet)
 {
     cVantorDataSet *&pLink = m_pTail != nullptr ? m_pTail->m_pNext : m_pHead;
-    pLink = pSet.release();
-    m_pTail = pLink;
+    pLink                  = pSet.release();
+    m_pTail                = pLink;
     m_nCount++;
 }

@@ -5,6 +5,7 @@
 #define GRAPH_VANTOR_PLOT_H
 
 #include <cstdint>
+#include <memory>
 
 #include "graph/vantor_data_set.h"
 #include "toolkit/message_box.h"
@@ -36,10 +37,10 @@ struct cVantorPlotSettings
 const uint32_t kFirstCapacity = 100;
 const uint32_t kMostGrowth    = 12800;
 
-const uint32_t kHintByPoint = 100;      // m_nAllocHint of a set begun by AddPoint
-const uint32_t kHintWhole   = 50;       // and of one made by AddDataSet
+const uint32_t kHintByPoint = 100;  // m_nAllocHint of a set begun by AddPoint
+const uint32_t kHintWhole   = 50;   // and of one made by AddDataSet
 
-const uint32_t kLegendRows = 4;         // visible until the user drags the border
+const uint32_t kLegendRows = 4;  // visible until the user drags the border
 
 class cVantorPlot
 {
@@ -48,7 +49,7 @@ public:
     // the user when memory runs out; it outlives the plot.
     explicit cVantorPlot(cMessageBoxes *pBoxes);
     virtual ~cVantorPlot();
-    cVantorPlot(const cVantorPlot &) = delete;
+    cVantorPlot(const cVantorPlot &)            = delete;
     cVantorPlot &operator=(const cVantorPlot &) = delete;
 
     // Data lines are numbered from 1 in list order.
@@ -77,8 +78,7 @@ public:
 
     // Gives line nLine other points; its look stays. Without pX it loses its x
     // values. Returns 0 and changes nothing for no points or no such line.
-    int ReplaceDataSetPoints(uint32_t nLine, uint32_t nPoints, const float *pX,
-                             const float *pY);
+    int ReplaceDataSetPoints(uint32_t nLine, uint32_t nPoints, const float *pX, const float *pY);
 
     // Leaves no data, no title and no axis label, and 4 legend rows. A range
     // that the user has fixed stays. Returns 1.
@@ -98,14 +98,14 @@ public:
 
     // How many rows of the legend the window shows at most.
     uint32_t LegendRows() const { return m_nLegendRows; }
-    void SetLegendRows(uint32_t nRows) { m_nLegendRows = nRows; }
+    void     SetLegendRows(uint32_t nRows) { m_nLegendRows = nRows; }
 
 private:
-    cVantorDataSet *FindDataSet(uint32_t nLine) const;
-    int BeginDataSet(float fX, float fY);
-    int MakeRoom(cVantorDataSet *pSet);
+    cVantorDataSet                 *FindDataSet(uint32_t nLine) const;
+    int                             BeginDataSet(float fX, float fY);
+    int                             MakeRoom(cVantorDataSet *pSet);
     std::unique_ptr<cVantorDataSet> NewDataSet(const char *pszLabel);
-    int StorePoints(cVantorDataSet *pSet, uint32_t nPoints, const float *pX, const float *pY);
+    int  StorePoints(cVantorDataSet *pSet, uint32_t nPoints, const float *pX, const float *pY);
     void Link(std::unique_ptr<cVantorDataSet> pSet);
 
     cMessageBoxes      *m_pBoxes;
@@ -113,12 +113,12 @@ private:
     int                 m_bUserRange;
     uint32_t            m_nLegendRows;
     uint32_t            m_nCount;
-    cVantorDataSet     *m_pHead;            // the list owns its sets
+    cVantorDataSet     *m_pHead;  // the list owns its sets
     cVantorDataSet     *m_pTail;
 
     // The set found last and its number: where the next search may begin.
     mutable cVantorDataSet *m_pFound;
-    mutable uint32_t        m_nFound;       // 0: none
+    mutable uint32_t        m_nFound;  // 0: none
 };
 
 #endif

@@ -22,7 +22,7 @@
 namespace
 {
 
-typedef std::vector<float> cFloats;
+typedef std::vector<float>       cFloats;
 typedef std::vector<std::string> cTexts;
 
 #ifdef _WIN32
@@ -33,13 +33,19 @@ const std::string kEnd = "\n";
 
 struct cFileRig
 {
-    explicit cFileRig(const std::vector<eAnswer> &Answers = {})
-        : m_Boxes(Answers), m_File(&m_Boxes) {}
+    explicit cFileRig(const std::vector<eAnswer> &Answers = {}) : m_Boxes(Answers), m_File(&m_Boxes)
+    {
+    }
 
+    // Each time from a new file: a file that is written again and again goes to
+    // the disk each time, which takes thousands of reads far too long.
     int Read(const std::string &Content)
     {
-        m_Folder.Write("data.txt", Content);
-        return m_File.ReadFromFile(m_Folder.Name("data.txt").c_str());
+        const std::string Name = "read-" + std::to_string(m_nReads++) + ".txt";
+        m_Folder.Write(Name, Content);
+        const int bRead = m_File.ReadFromFile(m_Folder.Name(Name).c_str());
+        std::filesystem::remove(m_Folder.Name(Name));
+        return bRead;
     }
 
     // The written file, each line end as "\n".
@@ -62,10 +68,7 @@ struct cFileRig
         return m_File.AddSet(static_cast<uint32_t>(Y.size()), X.data(), Y.data(), szLabel);
     }
 
-    cFloats X() const
-    {
-        return cFloats(m_File.XValues(), m_File.XValues() + m_File.RowCount());
-    }
+    cFloats X() const { return cFloats(m_File.XValues(), m_File.XValues() + m_File.RowCount()); }
 
     cFloats Y(uint32_t nSet) const
     {
@@ -103,9 +106,10 @@ struct cFileRig
     cScratchFolder  m_Folder;
     cRecordingBoxes m_Boxes;
     cAsciiDataFile  m_File;
+    int             m_nReads = 0;
 };
 
-} // namespace
+}  // namespace
 
 // ---- reading: numbers and columns
 
@@ -119,8 +123,8 @@ TEST_CASE("a file of one number per line is one data set without x values")
     CHECK(Rig.m_File.SetCount() == 1);
     CHECK(Rig.m_File.RowCount() == 3);
     CHECK(Rig.m_File.XValues() == nullptr);
-    CHECK(Rig.Y(1) == cFloats{ 1.5F, -2.0F, 300.0F });
-    CHECK(Rig.Labels() == cTexts{ "-" });
+    CHECK(Rig.Y(1) == cFloats{1.5F, -2.0F, 300.0F});
+    CHECK(Rig.Labels() == cTexts{"-"});
     CHECK(std::string(Rig.m_File.Title()) == "");
     CHECK(std::string(Rig.m_File.HorzLabel()) == "");
     CHECK(Rig.m_Boxes.m_Boxes.empty());
@@ -128,6 +132,7 @@ TEST_CASE("a file of one number per line is one data set without x values")
 
 TEST_CASE("numbers in a row are separated by blanks and at most one comma")
 {
+    // clang-format off
     static const struct { const char *szLine; cFloats Values; } s_Rows[] =
     {
         { "1 2",            { 1, 2 }        },
@@ -159,6 +164,7 @@ TEST_CASE("numbers in a row are separated by blanks and at most one comma")
         { "1e999 -1e999",   { FLT_MAX, -FLT_MAX } },
         { "1e-999 2",       { 0, 2 }        },
     };
+    // clang-format on
     for (const auto &Row : s_Rows)
     {
         CAPTURE(Row.szLine);
@@ -173,8 +179,8 @@ TEST_CASE("numbers in a row are separated by blanks and at most one comma")
 
 TEST_CASE("a line without a number in front fails without a box")
 {
-    for (const char *szLine : { "x", ",1", ".", "-", "inf", "nan", "1\nx\n2", "\"1\"", "/1",
-                                "1\n\v\n", "1\n\r" })
+    for (const char *szLine :
+         {"x", ",1", ".", "-", "inf", "nan", "1\nx\n2", "\"1\"", "/1", "1\n\v\n", "1\n\r"})
     {
         CAPTURE(szLine);
         cFileRig Rig;
@@ -193,8 +199,8 @@ TEST_CASE("the line with the fewest numbers gives the number of sets")
     CHECK(Rig.Read("1 2 3\n4 5\n6 7 8 9\n") == 1);
 
     CHECK(Rig.m_File.SetCount() == 2);
-    CHECK(Rig.Y(1) == cFloats{ 1, 4, 6 });
-    CHECK(Rig.Y(2) == cFloats{ 2, 5, 7 });
+    CHECK(Rig.Y(1) == cFloats{1, 4, 6});
+    CHECK(Rig.Y(2) == cFloats{2, 5, 7});
 }
 
 TEST_CASE("with ExplicitX the first column is the x of all sets")
@@ -205,9 +211,9 @@ TEST_CASE("with ExplicitX the first column is the x of all sets")
 
     CHECK(Rig.m_File.ExplicitX() == 1);
     CHECK(Rig.m_File.SetCount() == 2);
-    CHECK(Rig.X() == cFloats{ 0.5F, -2, 1 });
-    CHECK(Rig.Y(1) == cFloats{ 1, 3, 2 });
-    CHECK(Rig.Y(2) == cFloats{ -4, 9, 0 });
+    CHECK(Rig.X() == cFloats{0.5F, -2, 1});
+    CHECK(Rig.Y(1) == cFloats{1, 3, 2});
+    CHECK(Rig.Y(2) == cFloats{-4, 9, 0});
     CHECK(Rig.m_File.XMin() == -2.0F);
     CHECK(Rig.m_File.XMax() == 1.0F);
     CHECK(Rig.m_File.YMin() == -4.0F);
@@ -239,9 +245,9 @@ TEST_CASE("ExplicitX with one number on a line fails without a box")
 
 TEST_CASE("a file without data lines fails without a box")
 {
-    for (const char *szContent : { "", "\n", "; nothing\n", "ImplicitX\n",
-                                   "ExplicitX\nTitle \"t\"\nHorzAxisLabel \"h\"\n",
-                                   "SetLabels \"a\"\n", "Title \"t\"" })
+    for (const char *szContent :
+         {"", "\n", "; nothing\n", "ImplicitX\n", "ExplicitX\nTitle \"t\"\nHorzAxisLabel \"h\"\n",
+          "SetLabels \"a\"\n", "Title \"t\""})
     {
         CAPTURE(szContent);
         cFileRig Rig;
@@ -265,7 +271,7 @@ TEST_CASE("a second read replaces what the first one left")
     CHECK(std::string(Rig.m_File.Title()) == "");
     CHECK(std::string(Rig.m_File.HorzLabel()) == "");
     CHECK(Rig.m_File.SetCount() == 1);
-    CHECK(Rig.Y(1) == cFloats{ 7, 8 });
+    CHECK(Rig.Y(1) == cFloats{7, 8});
     CHECK(Rig.m_File.YMin() == 7.0F);
 
     CHECK(Rig.Read("x") == 0);
@@ -276,6 +282,7 @@ TEST_CASE("a second read replaces what the first one left")
 
 TEST_CASE("header lines are optional, in order, and matched as they stand")
 {
+    // clang-format off
     static const struct
     {
         const char *szHeader; int bRead; int bExplicitX; const char *szTitle; const char *szLabel;
@@ -318,6 +325,7 @@ TEST_CASE("header lines are optional, in order, and matched as they stand")
         { "SetLabels \"a\"\nTitle \"t\"\n",                     0, 0, "",     ""  },
         { "SetLabels \"a\"\nSetLabels \"a\"\n",                 0, 0, "",     ""  },
     };
+    // clang-format on
     for (const auto &Row : s_Rows)
     {
         CAPTURE(Row.szHeader);
@@ -339,11 +347,12 @@ TEST_CASE("comments and empty lines stand anywhere")
 
     CHECK(Rig.Read("// a\n;b\n\nImplicitX\n  ; c\n1\n\t// d\n \t \n2\n;\n//\n3\n\n") == 1);
 
-    CHECK(Rig.Y(1) == cFloats{ 1, 2, 3 });
+    CHECK(Rig.Y(1) == cFloats{1, 2, 3});
 }
 
 TEST_CASE("SetLabels gives its quoted texts to the sets in turn")
 {
+    // clang-format off
     static const struct { const char *szLine; cTexts Labels; } s_Rows[] =
     {
         { "SetLabels \"a\" , \"b\" , \"c\"",      { "a", "b", "c" }           },
@@ -364,8 +373,9 @@ TEST_CASE("SetLabels gives its quoted texts to the sets in turn")
         { "  SetLabels \"a\" ; \"b\"",            { "a", "b", "-" }           },
         { "SetLabels \"; a\" , \"// b\"",         { "; a", "// b", "-" }      },
     };
+    // clang-format on
     for (const auto &Row : s_Rows)
-        for (const char *szLineEnd : { "\n", "\r\n" })
+        for (const char *szLineEnd : {"\n", "\r\n"})
         {
             CAPTURE(Row.szLine);
             cFileRig Rig;
@@ -373,7 +383,7 @@ TEST_CASE("SetLabels gives its quoted texts to the sets in turn")
             CHECK(Rig.Read(std::string(Row.szLine) + szLineEnd + "1 2 3" + szLineEnd) == 1);
 
             CHECK(Rig.Labels() == Row.Labels);
-            CHECK(Rig.Row(0) == cFloats{ 1, 2, 3 });
+            CHECK(Rig.Row(0) == cFloats{1, 2, 3});
         }
 }
 
@@ -383,22 +393,22 @@ TEST_CASE("the x column takes no label")
 
     CHECK(Rig.Read("ExplicitX\nSetLabels \"a\" , \"b\"\n1 2 3\n") == 1);
 
-    CHECK(Rig.Labels() == cTexts{ "a", "b" });
+    CHECK(Rig.Labels() == cTexts{"a", "b"});
 }
 
 // ---- reading: the length of lines
 
 TEST_CASE("a row of more than 99 bytes with its newline is taken as two rows")
 {
-    cFileRig Rig;
-    const std::string Long = std::string(90, ' ') + "1 2 3 4 5 6 7";     // 103 characters
+    cFileRig          Rig;
+    const std::string Long = std::string(90, ' ') + "1 2 3 4 5 6 7";  // 103 characters
 
     CHECK(Rig.Read(Long + "\n" + "8 9 10\n") == 1);
 
     // "1 2 3 4 5" ends at the 99th character, "6 7" is left over.
     CHECK(Rig.m_File.RowCount() == 3);
-    CHECK(Rig.Y(1) == cFloats{ 1, 6, 8 });
-    CHECK(Rig.Y(2) == cFloats{ 2, 7, 9 });
+    CHECK(Rig.Y(1) == cFloats{1, 6, 8});
+    CHECK(Rig.Y(2) == cFloats{2, 7, 9});
 }
 
 TEST_CASE("a number is cut in two where its line is")
@@ -407,25 +417,25 @@ TEST_CASE("a number is cut in two where its line is")
 
     CHECK(Rig.Read(std::string(97, ' ') + "1234\n") == 1);
 
-    CHECK(Rig.Y(1) == cFloats{ 12, 34 });
+    CHECK(Rig.Y(1) == cFloats{12, 34});
 }
 
 TEST_CASE("a row of exactly 99 characters is one row, whatever its line end")
 {
-    for (const char *szLineEnd : { "\n", "\r\n" })
+    for (const char *szLineEnd : {"\n", "\r\n"})
     {
         cFileRig Rig;
 
         CHECK(Rig.Read(std::string(98, ' ') + "1" + szLineEnd + "2" + szLineEnd) == 1);
 
-        CHECK(Rig.Y(1) == cFloats{ 1, 2 });
+        CHECK(Rig.Y(1) == cFloats{1, 2});
     }
 }
 
 TEST_CASE("a title that does not fit into its line fails as data")
 {
-    cFileRig Rig;
-    const std::string Fits(91, 't');    // Title and two quotes take up 8 of 99
+    cFileRig          Rig;
+    const std::string Fits(91, 't');  // Title and two quotes take up 8 of 99
 
     CHECK(Rig.Read("Title \"" + Fits + "\"\n1\n") == 1);
     CHECK(std::string(Rig.m_File.Title()) == Fits);
@@ -436,7 +446,7 @@ TEST_CASE("a title that does not fit into its line fails as data")
 
 TEST_CASE("labels beyond the 99th byte of their line fail as data")
 {
-    cFileRig Rig;
+    cFileRig    Rig;
     std::string Line = "SetLabels ";
     for (int i = 1; i <= 6; i++)
         Line += (i > 1 ? " , " : "") + ("\"data line # " + std::to_string(i) + "\"");
@@ -451,22 +461,22 @@ TEST_CASE("a zero byte ends the text of its line")
 {
     cFileRig Rig;
 
-    CHECK(Rig.Read(std::string("1 2\0 3\n\0 x\n4 5 6\n", 18)) == 1);
+    CHECK(Rig.Read(std::string("1 2\0 3\n\0 x\n4 5 6\n", 17)) == 1);
 
-    CHECK(Rig.Row(0) == cFloats{ 1, 2 });
-    CHECK(Rig.Row(1) == cFloats{ 4, 5 });
+    CHECK(Rig.Row(0) == cFloats{1, 2});
+    CHECK(Rig.Row(1) == cFloats{4, 5});
 }
 
 TEST_CASE("a million numbers on one line are rows of 99 bytes")
 {
-    cFileRig Rig;
+    cFileRig    Rig;
     std::string Line;
     for (int i = 0; i < 1000000; i++)
         Line += "1 ";
 
     CHECK(Rig.Read(Line) == 1);
 
-    CHECK(Rig.m_File.RowCount() == 20203);      // 2000000 / 99, and the rest
+    CHECK(Rig.m_File.RowCount() == 20203);  // 2000000 / 99, and the rest
     CHECK(Rig.m_File.SetCount() == 1);
 }
 
@@ -496,17 +506,17 @@ std::vector<cFloats> PlainRows(const std::string &Content)
     std::vector<cFloats> Rows;
     for (size_t nStart = 0; nStart < Content.size();)
     {
-        size_t nEnd = Content.find('\n', nStart);
-        nEnd = nEnd == std::string::npos ? Content.size() : nEnd;
+        size_t nEnd      = Content.find('\n', nStart);
+        nEnd             = nEnd == std::string::npos ? Content.size() : nEnd;
         std::string Line = Content.substr(nStart, nEnd - nStart);
-        nStart = nEnd + 1;
+        nStart           = nEnd + 1;
         Line.erase(0, Line.find_first_not_of(" \t"));
         if (Line.empty() || Line[0] == ';')
             continue;
-        cFloats Row;
+        cFloats     Row;
         const char *pText = Line.c_str();
-        float fValue;
-        int nUsed;
+        float       fValue;
+        int         nUsed;
         while (sscanf(pText, "%f%n", &fValue, &nUsed) == 1)
         {
             Row.push_back(std::clamp(fValue, -FLT_MAX, FLT_MAX));
@@ -520,17 +530,19 @@ std::vector<cFloats> PlainRows(const std::string &Content)
     return Rows;
 }
 
-} // namespace
+}  // namespace
 
 TEST_CASE("random rows read as the C library's scanning reads them")
 {
+    // clang-format off
     static const char *const s_Pieces[] =
         { "1", "23", "4.5", ".25", "6.", "-7", "+8", "1e3", "-25E-2", " ", " ", "\t", ",", ",",
           "-", ".", "x", ";", "\n", "\n", "12345.67" };
+    // clang-format on
     const size_t nPieces = sizeof s_Pieces / sizeof s_Pieces[0];
     std::mt19937 Random(1618);
-    int nRead = 0;
-    cFileRig Rig;
+    int          nRead = 0;
+    cFileRig     Rig;
     for (int i = 0; i < 3000; i++)
     {
         std::string Content = "9";
@@ -539,8 +551,8 @@ TEST_CASE("random rows read as the C library's scanning reads them")
 
         const int bRead = Rig.Read(Content);
 
-        const std::vector<cFloats> Rows = PlainRows(Content);
-        size_t nColumns = Rows[0].size();
+        const std::vector<cFloats> Rows     = PlainRows(Content);
+        size_t                     nColumns = Rows[0].size();
         for (const cFloats &Row : Rows)
             nColumns = std::min(nColumns, Row.size());
         CAPTURE(Content);
@@ -551,22 +563,24 @@ TEST_CASE("random rows read as the C library's scanning reads them")
         REQUIRE(Rig.m_File.RowCount() == Rows.size());
         REQUIRE(Rig.m_File.SetCount() == nColumns);
         for (uint32_t nRow = 0; nRow < Rows.size(); nRow++)
-            REQUIRE(Rig.Row(nRow) == cFloats(Rows[nRow].begin(),
-                                             Rows[nRow].begin() + static_cast<int>(nColumns)));
+            REQUIRE(Rig.Row(nRow) ==
+                    cFloats(Rows[nRow].begin(), Rows[nRow].begin() + static_cast<int>(nColumns)));
     }
     CHECK(nRead > 500);
 }
 
 TEST_CASE("any bytes give finite values within the stated extents, or nothing")
 {
+    // clang-format off
     static const char *const s_Pieces[] =
         { "ExplicitX\n", "ImplicitX\n", "Title \"", "HorzAxisLabel ", "SetLabels ", "\"", "\"a\" ,",
           "1", "-2", ".", "e", "E+", "99999999999999999999", "e999", "e-999", "0x", "inf", "nan",
           "\r\n", "\n", "\r", " ", "\t", ",", ";", "//", "\xFF\xFE", "\x80" };
+    // clang-format on
     const size_t nPieces = sizeof s_Pieces / sizeof s_Pieces[0];
     std::mt19937 Random(57721);
-    int nRead = 0;
-    cFileRig Rig;
+    int          nRead = 0;
+    cFileRig     Rig;
     for (int i = 0; i < 3000; i++)
     {
         std::string Content;
@@ -602,7 +616,7 @@ TEST_CASE("the allocations of a read are repeated for as long as the user retrie
     for (int nSucceed = 0; nSucceed < 6; nSucceed++)
     {
         CAPTURE(nSucceed);
-        cFileRig Rig({ anRetry });
+        cFileRig Rig({anRetry});
         Rig.m_Folder.Write("data.txt", "ExplicitX\nSetLabels \"a\" , \"b\"\n1 2 3\n4 5 6\n");
         cFailingMemory Memory(nSucceed, 1);
 
@@ -610,9 +624,9 @@ TEST_CASE("the allocations of a read are repeated for as long as the user retrie
 
         CHECK(Memory.FailuresLeft() == 0);
         CHECK(Rig.m_Boxes.m_Boxes.size() == 1);
-        CHECK(Rig.X() == cFloats{ 1, 4 });
-        CHECK(Rig.Y(2) == cFloats{ 3, 6 });
-        CHECK(Rig.Labels() == cTexts{ "a", "b" });
+        CHECK(Rig.X() == cFloats{1, 4});
+        CHECK(Rig.Y(2) == cFloats{3, 6});
+        CHECK(Rig.Labels() == cTexts{"a", "b"});
     }
 }
 
@@ -621,7 +635,7 @@ TEST_CASE("giving up on memory abandons the read and posts quit")
     for (int nSucceed = 0; nSucceed < 6; nSucceed++)
     {
         CAPTURE(nSucceed);
-        cFileRig Rig({ anCancel });
+        cFileRig Rig({anCancel});
         Rig.m_Folder.Write("data.txt", "ExplicitX\nTitle \"t\"\nSetLabels \"a\" , \"b\"\n1 2 3\n");
         cFailingMemory Memory(nSucceed, 1);
 
@@ -634,7 +648,7 @@ TEST_CASE("giving up on memory abandons the read and posts quit")
                                                "Close other running applications\n"
                                                "and then hit 'Retry'");
         CHECK(Rig.m_Boxes.m_Boxes[0].m_nButtons == bnRetryCancel);
-        CHECK(Rig.m_Boxes.m_QuitCodes == std::vector<int>{ 0 });
+        CHECK(Rig.m_Boxes.m_QuitCodes == std::vector<int>{0});
     }
 }
 
@@ -646,10 +660,11 @@ class cMeddlingBoxes : public cRecordingBoxes
 {
 public:
     explicit cMeddlingBoxes(const std::function<void()> &Meddle)
-        : cRecordingBoxes({ anRetry }), m_Meddle(Meddle) {}
+        : cRecordingBoxes({anRetry}), m_Meddle(Meddle)
+    {
+    }
 
-    eAnswer Ask(const char *szText, const char *szCaption, eButtons nButtons,
-                eIcon nIcon) override
+    eAnswer Ask(const char *szText, const char *szCaption, eButtons nButtons, eIcon nIcon) override
     {
         if (m_Boxes.empty())
             m_Meddle();
@@ -660,11 +675,13 @@ private:
     std::function<void()> m_Meddle;
 };
 
-} // namespace
+}  // namespace
 
 TEST_CASE("a file that changes between the passes aborts at the line that does not fit")
 {
-    const std::string Before = "; comment\nTitle \"t\"\nSetLabels \"a\"\n1 2\n; comment\n3 4\n5 6\n";
+    const std::string Before =
+        "; comment\nTitle \"t\"\nSetLabels \"a\"\n1 2\n; comment\n3 4\n5 6\n";
+    // clang-format off
     static const struct { const char *szAfter; unsigned nLine; } s_Rows[] =
     {
         { "; comment\nTitle \"t\"\nSetLabels \"a\"\n1 2\n; comment\n3 x\n5 6\n", 6 },
@@ -672,9 +689,11 @@ TEST_CASE("a file that changes between the passes aborts at the line that does n
         { "; comment\nTitle \"t\"\nSetLabels \"a\"\n1 2\n; comment\n3 4\n",      6 },
         { "; comment\nTitle \"t\"\nSetLabels \"a\"\n1 2\n; comment\n3 4\n;\n\n", 8 },
         { "; comment\nTitle \"t\"\nSetLabel\n",                                  3 },
+        { "; comment\nTitle \"t\"\n9 9\n1 2\n; comment\n3 4\n5 6\n",            3 },
         { "; comment\nTitle \"t\"\n",                                            2 },
         { "",                                                                    2 },
     };
+    // clang-format on
     for (const auto &Row : s_Rows)
     {
         CAPTURE(Row.szAfter);
@@ -687,10 +706,10 @@ TEST_CASE("a file that changes between the passes aborts at the line that does n
         CHECK(File.ReadFromFile(Folder.Name("data.txt").c_str()) == 0);
 
         REQUIRE(Boxes.m_Boxes.size() == 2);
-        CHECK(Boxes.m_Boxes[1].m_Text == "ERROR: line " + std::to_string(Row.nLine)
-                                         + " of the ASCII data file\n"
-                                           "caused cAsciiDataFile::ReadFromFile()\n"
-                                           "to abort.");
+        CHECK(Boxes.m_Boxes[1].m_Text == "ERROR: line " + std::to_string(Row.nLine) +
+                                             " of the ASCII data file\n"
+                                             "caused cAsciiDataFile::ReadFromFile()\n"
+                                             "to abort.");
         CHECK(Boxes.m_Boxes[1].m_Caption == "");
         CHECK(Boxes.m_Boxes[1].m_nButtons == bnOk);
         CHECK(Boxes.m_Boxes[1].m_nIcon == icError);
@@ -724,31 +743,29 @@ TEST_CASE("a file with everything is written in its fixed layout")
     Rig.m_File.SetExplicitX(1);
     Rig.m_File.SetTitle("Free fall");
     Rig.m_File.SetHorzLabel("seconds");
-    REQUIRE(Rig.AddXY({ 0, 0.5 }, { 100, 98.774F }, "height") == 1);
-    REQUIRE(Rig.AddXY({ 0, 0.5 }, { 0, -4.903F }, nullptr) == 1);
-    REQUIRE(Rig.AddXY({ 0, 0.5 }, { 1, 2 }, "n") == 1);
+    REQUIRE(Rig.AddXY({0, 0.5}, {100, 98.774F}, "height") == 1);
+    REQUIRE(Rig.AddXY({0, 0.5}, {0, -4.903F}, nullptr) == 1);
+    REQUIRE(Rig.AddXY({0, 0.5}, {1, 2}, "n") == 1);
 
     REQUIRE(Rig.m_File.WriteToFile(Rig.m_Folder.Name("written.txt").c_str()) == 1);
 
-    CHECK(Rig.m_Folder.Read("written.txt")
-          == "ExplicitX" + kEnd
-             + "Title \"Free fall\"" + kEnd
-             + "HorzAxisLabel \"seconds\"" + kEnd
-             + "SetLabels \"height\" , \"\" , \"n\"" + kEnd
-             + "0.000000 , 100.000000 , 0.000000 , 1.000000" + kEnd
-             + "0.500000 , 98.774002 , -4.903000 , 2.000000" + kEnd);
+    CHECK(Rig.m_Folder.Read("written.txt") ==
+          "ExplicitX" + kEnd + "Title \"Free fall\"" + kEnd + "HorzAxisLabel \"seconds\"" + kEnd +
+              "SetLabels \"height\" , \"\" , \"n\"" + kEnd +
+              "0.000000 , 100.000000 , 0.000000 , 1.000000" + kEnd +
+              "0.500000 , 98.774002 , -4.903000 , 2.000000" + kEnd);
 }
 
 TEST_CASE("what a file has not is not written")
 {
     cFileRig Rig;
-    REQUIRE(Rig.Add({ 1, 2 }) == 1);
+    REQUIRE(Rig.Add({1, 2}) == 1);
     CHECK(Rig.Written() == "ImplicitX\n1.000000\n2.000000\n");
 
     Rig.m_File.SetHorzLabel("h");
     CHECK(Rig.Written() == "ImplicitX\nHorzAxisLabel \"h\"\n1.000000\n2.000000\n");
 
-    REQUIRE(Rig.Add({ 3, 4 }, "b") == 1);
+    REQUIRE(Rig.Add({3, 4}, "b") == 1);
     CHECK(Rig.Written() == "ImplicitX\nHorzAxisLabel \"h\"\nSetLabels \"\" , \"b\"\n"
                            "1.000000 , 3.000000\n2.000000 , 4.000000\n");
 }
@@ -758,7 +775,7 @@ TEST_CASE("empty texts are none and are not written")
     cFileRig Rig;
     Rig.m_File.SetTitle("");
     Rig.m_File.SetHorzLabel("");
-    REQUIRE(Rig.Add({ 1 }, "") == 1);
+    REQUIRE(Rig.Add({1}, "") == 1);
 
     CHECK(Rig.Written() == "ImplicitX\n1.000000\n");
 }
@@ -770,7 +787,7 @@ TEST_CASE("a file without rows ends after its header")
     CHECK(Rig.Written() == "ImplicitX\nTitle \"t\"\n");
 
     Rig.m_File.SetExplicitX(1);
-    REQUIRE(Rig.AddXY({}, {}, "a") == 0);       // an empty vector has no values at all
+    REQUIRE(Rig.AddXY({}, {}, "a") == 0);  // an empty vector has no values at all
     const float fNone = 0.0F;
     REQUIRE(Rig.m_File.AddSet(0, &fNone, &fNone, "a") == 1);
     CHECK(Rig.Written() == "ExplicitX\nTitle \"t\"\nSetLabels \"a\"\n");
@@ -778,6 +795,7 @@ TEST_CASE("a file without rows ends after its header")
 
 TEST_CASE("numbers are written with six decimals")
 {
+    // clang-format off
     static const struct { float fValue; const char *szText; } s_Rows[] =
     {
         { 0.0F,          "0.000000"              },
@@ -799,19 +817,21 @@ TEST_CASE("numbers are written with six decimals")
         { FLT_MAX,       "340282346638528859811704183484516925440.000000"  },
         { -FLT_MAX,      "-340282346638528859811704183484516925440.000000" },
     };
+    // clang-format on
     for (const auto &Row : s_Rows)
     {
         cFileRig Rig;
-        REQUIRE(Rig.Add({ Row.fValue }) == 1);
+        REQUIRE(Rig.Add({Row.fValue}) == 1);
         CHECK(Rig.Written() == std::string("ImplicitX\n") + Row.szText + "\n");
     }
 }
 
 TEST_CASE("a set is accepted when it fits to the file and to the sets before it")
 {
-    const float kNan = std::numeric_limits<float>::quiet_NaN();
-    static const cFloats s_X = { 1, 2, 3 };
-    static const cFloats s_Y = { 7, 8, 9 };
+    const float          kNan = std::numeric_limits<float>::quiet_NaN();
+    static const cFloats s_X  = {1, 2, 3};
+    static const cFloats s_Y  = {7, 8, 9};
+    // clang-format off
     const struct
     {
         const char *szWhat; int bExplicitX; bool bFirst; cFloats X; cFloats Y; int bAccepted;
@@ -832,6 +852,7 @@ TEST_CASE("a set is accepted when it fits to the file and to the sets before it"
         { "one row less with x",           1, false, { 1, 2 },          { 4, 5 },       0 },
         { "no x where the others have it", 1, false, {},                { 4, 5, 6 },    0 },
     };
+    // clang-format on
     for (const auto &Row : Rows)
     {
         CAPTURE(Row.szWhat);
@@ -840,8 +861,8 @@ TEST_CASE("a set is accepted when it fits to the file and to the sets before it"
         if (!Row.bFirst)
             REQUIRE((Row.bExplicitX ? Rig.AddXY(s_X, s_Y) : Rig.Add(s_Y)) == 1);
         const uint32_t nBefore = Rig.m_File.SetCount();
-        const float *pX = Row.X.empty() ? nullptr : Row.X.data();
-        const float *pY = Row.Y.empty() ? nullptr : Row.Y.data();
+        const float   *pX      = Row.X.empty() ? nullptr : Row.X.data();
+        const float   *pY      = Row.Y.empty() ? nullptr : Row.Y.data();
         const uint32_t nPoints = static_cast<uint32_t>(Row.Y.size());
 
         CHECK(Rig.m_File.Accepts(nPoints, pX, pY) == Row.bAccepted);
@@ -855,36 +876,36 @@ TEST_CASE("a zero and a negative zero are the same x")
 {
     cFileRig Rig;
     Rig.m_File.SetExplicitX(1);
-    REQUIRE(Rig.AddXY({ 0.0F }, { 1 }) == 1);
+    REQUIRE(Rig.AddXY({0.0F}, {1}) == 1);
 
-    CHECK(Rig.AddXY({ -0.0F }, { 2 }) == 1);
+    CHECK(Rig.AddXY({-0.0F}, {2}) == 1);
     CHECK(Rig.Written() == "ExplicitX\n0.000000 , 1.000000 , 2.000000\n");
 }
 
 TEST_CASE("an added set is a copy")
 {
-    cFileRig Rig;
-    cFloats X = { 1, 2 };
-    cFloats Y = { 3, 4 };
+    cFileRig    Rig;
+    cFloats     X     = {1, 2};
+    cFloats     Y     = {3, 4};
     std::string Label = "label";
     Rig.m_File.SetExplicitX(1);
     REQUIRE(Rig.AddXY(X, Y, Label.c_str()) == 1);
-    X = { 0, 0 };
-    Y = { 0, 0 };
+    X     = {0, 0};
+    Y     = {0, 0};
     Label = "xxxxx";
 
-    CHECK(Rig.X() == cFloats{ 1, 2 });
-    CHECK(Rig.Y(1) == cFloats{ 3, 4 });
-    CHECK(Rig.Labels() == cTexts{ "label" });
+    CHECK(Rig.X() == cFloats{1, 2});
+    CHECK(Rig.Y(1) == cFloats{3, 4});
+    CHECK(Rig.Labels() == cTexts{"label"});
 }
 
 TEST_CASE("hundreds of sets are written into one row")
 {
-    cFileRig Rig;
+    cFileRig    Rig;
     std::string Expected = "ImplicitX\n";
     for (int i = 0; i < 300; i++)
     {
-        REQUIRE(Rig.Add({ static_cast<float>(i) }) == 1);
+        REQUIRE(Rig.Add({static_cast<float>(i)}) == 1);
         Expected += (i > 0 ? " , " : "") + std::to_string(i) + ".000000";
     }
 
@@ -894,10 +915,10 @@ TEST_CASE("hundreds of sets are written into one row")
 
 TEST_CASE("what is written with short rows reads back")
 {
-    cFileRig Rig;
+    cFileRig     Rig;
     std::mt19937 Random(14142);
-    cFloats X;
-    cFloats Y;
+    cFloats      X;
+    cFloats      Y;
     for (int i = 0; i < 5000; i++)
     {
         X.push_back(static_cast<float>(i) / 8.0F);
@@ -914,7 +935,7 @@ TEST_CASE("what is written with short rows reads back")
 
     CHECK(std::string(Rig.m_File.Title()) == "t");
     CHECK(std::string(Rig.m_File.HorzLabel()) == "h");
-    CHECK(Rig.Labels() == cTexts{ "a", "-" });
+    CHECK(Rig.Labels() == cTexts{"a", "-"});
     CHECK(Rig.X() == X);
     CHECK(Rig.Y(1) == Y);
     CHECK(Rig.Y(2) == X);
@@ -924,7 +945,7 @@ TEST_CASE("a written row of more than 99 characters does not read back as it was
 {
     cFileRig Rig;
     for (int i = 0; i < 10; i++)
-        REQUIRE(Rig.Add({ 1, 2 }) == 1);        // 10 * 8 + 9 * 3 = 107 characters
+        REQUIRE(Rig.Add({1, 2}) == 1);  // 10 * 8 + 9 * 3 = 107 characters
     Rig.Written();
 
     CHECK(Rig.m_File.ReadFromFile(Rig.m_Folder.Name("written.txt").c_str()) == 1);
@@ -939,7 +960,7 @@ TEST_CASE("a file that cannot be written leaves the old one")
     std::filesystem::create_directory(Rig.m_Folder.Name("folder"));
     Rig.m_Folder.Write("old.txt", "old");
     std::filesystem::permissions(Rig.m_Folder.Name("old.txt"), std::filesystem::perms::owner_read);
-    REQUIRE(Rig.Add({ 1 }) == 1);
+    REQUIRE(Rig.Add({1}) == 1);
 
     CHECK(Rig.m_File.WriteToFile(Rig.m_Folder.Name("folder").c_str()) == 0);
     CHECK(Rig.m_File.WriteToFile(Rig.m_Folder.Name("missing/data.txt").c_str()) == 0);
@@ -956,7 +977,7 @@ TEST_CASE("a file that cannot be written leaves the old one")
 TEST_CASE("a device without room is a failed write")
 {
     cFileRig Rig;
-    REQUIRE(Rig.Add({ 1 }) == 1);
+    REQUIRE(Rig.Add({1}) == 1);
 
     CHECK(Rig.m_File.WriteToFile("/dev/full") == 0);
 }
@@ -969,18 +990,18 @@ TEST_CASE("giving up on memory leaves out the set")
     for (int nSucceed = 0; nSucceed < 4; nSucceed++)
     {
         CAPTURE(nSucceed);
-        cFileRig Rig({ anCancel });
+        cFileRig Rig({anCancel});
         Rig.m_File.SetExplicitX(1);
         {
             cFailingMemory Memory(nSucceed, 1);
-            CHECK(Rig.AddXY({ 1 }, { 2 }, "a") == 0);
+            CHECK(Rig.AddXY({1}, {2}, "a") == 0);
             CHECK(Memory.FailuresLeft() == 0);
         }
         CHECK(Rig.m_File.SetCount() == 0);
         CHECK(Rig.m_File.RowCount() == 0);
-        CHECK(Rig.m_Boxes.m_QuitCodes == std::vector<int>{ 0 });
-        CHECK(Rig.AddXY({ 3 }, { 4 }, "b") == 1);
-        CHECK(Rig.X() == cFloats{ 3 });
-        CHECK(Rig.Labels() == cTexts{ "b" });
+        CHECK(Rig.m_Boxes.m_QuitCodes == std::vector<int>{0});
+        CHECK(Rig.AddXY({3}, {4}, "b") == 1);
+        CHECK(Rig.X() == cFloats{3});
+        CHECK(Rig.Labels() == cTexts{"b"});
     }
 }

@@ -8,6 +8,10 @@
 #include "tests/unit/recording_boxes.h"
 #include "tests/unit/scratch_folder.h"
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 namespace
 {
 
@@ -285,7 +289,45 @@ TEST_CASE("a full log that cannot be reopened says so, quits and writes nothing 
     CHECK(Folder.Read("moved/tracelog.txt") == "fills the log");
 }
 
+TEST_CASE("a log closes once, says that all was written, and takes nothing more")
+{
+    cScratchFolder    Folder;
+    cRecordingBoxes   Boxes;
+    const std::string Name = Folder.Name("log.txt");
+    cDbgFile          Log(Name.c_str(), 1, &Boxes);
+    Log.printf("one\n");
+
+    CHECK(Log.Close() == 1);
+    CHECK(Log.Close() == 1);
+    CHECK(Log.printf("two\n") == 0);
+
+    CHECK(Folder.Read("log.txt") == Line("one"));
+}
+
 #ifndef _WIN32
+
+TEST_CASE("a log on a full disk says at its end that something got lost")
+{
+    cRecordingBoxes Boxes;
+    cDbgFile        Log("/dev/full", 1, &Boxes);
+
+    Log.printf("one\n");
+
+    CHECK(Log.Close() == 0);
+}
+
+TEST_CASE("a log does not wait at a pipe that nobody reads")
+{
+    cScratchFolder    Folder;
+    cRecordingBoxes   Boxes;
+    const std::string Name = Folder.Name("pipe.txt");
+    REQUIRE(mkfifo(Name.c_str(), 0600) == 0);
+
+    cDbgFile Log(Name.c_str(), 1, &Boxes);
+
+    CHECK(std::string(Log.FileName()) == "C:\\windows\\temp\\dfltlog.txt");
+    std::filesystem::remove(Log.FileName());
+}
 
 TEST_CASE("a log that goes to a device leaves no backup")
 {

@@ -22,12 +22,12 @@ bool MustFail()
     return true;
 }
 
-} // namespace
+}  // namespace
 
 cFailingMemory::cFailingMemory(int nSucceed, int nFail)
 {
     s_nSucceed = nSucceed;
-    s_nFail = nFail;
+    s_nFail    = nFail;
 }
 
 cFailingMemory::~cFailingMemory()

@@ -11,7 +11,7 @@ class cFailingMemory
 public:
     cFailingMemory(int nSucceed, int nFail);
     ~cFailingMemory();
-    cFailingMemory(const cFailingMemory &) = delete;
+    cFailingMemory(const cFailingMemory &)            = delete;
     cFailingMemory &operator=(const cFailingMemory &) = delete;
 
     // How many of the failures are still to come.

@@ -26,10 +26,11 @@ uint32_t BitsOf(float fValue)
     return std::bit_cast<uint32_t>(fValue);
 }
 
-} // namespace
+}  // namespace
 
 TEST_CASE("a number is sign, digits with a point, and a complete exponent")
 {
+    // clang-format off
     static const struct { const char *szText; size_t nUsed; float fValue; } s_Rows[] =
     {
         { "0",            1, 0.0F     },
@@ -66,6 +67,7 @@ TEST_CASE("a number is sign, digits with a point, and a complete exponent")
         { " \t 7",        4, 7.0F     },
         { "\r\n\v\f7",    5, 7.0F     },
     };
+    // clang-format on
     for (const auto &Row : s_Rows)
     {
         CAPTURE(Row.szText);
@@ -81,12 +83,14 @@ TEST_CASE("a number is sign, digits with a point, and a complete exponent")
 
 TEST_CASE("where no number stands the value is left alone")
 {
+    // clang-format off
     static const char *const s_Texts[] =
     {
         "", " ", "\t", "\n", ".", "-", "+", "-.", "+-5", "-+5", "--5", "- 5", "+ 5",
         "e5", ".e5", "-e5", ",5", ",", "x", "inf", "-inf", "infinity", "nan", "NAN",
         "\"1\"", "#1", "\302\2401",
     };
+    // clang-format on
     for (const char *szText : s_Texts)
     {
         CAPTURE(szText);
@@ -100,6 +104,7 @@ TEST_CASE("where no number stands the value is left alone")
 
 TEST_CASE("numbers beyond the range of a float saturate or vanish")
 {
+    // clang-format off
     static const struct { const char *szText; float fValue; } s_Rows[] =
     {
         { "3.4028235e38",                        FLT_MAX            },
@@ -130,6 +135,7 @@ TEST_CASE("numbers beyond the range of a float saturate or vanish")
         { "-0",                                  -0.0F              },
         { "-0.000e-999999999",                   -0.0F              },
     };
+    // clang-format on
     for (const auto &Row : s_Rows)
     {
         CAPTURE(Row.szText);
@@ -160,18 +166,18 @@ TEST_CASE("a number is rounded once, straight to a float")
 
 TEST_CASE("every float reads back from its digits")
 {
-    std::mt19937 Random(31415);
+    std::mt19937                       Random(31415);
     std::uniform_int_distribution<int> Precision(8, 30);
     for (int i = 0; i < 100000; i++)
     {
         const float fValue = std::bit_cast<float>(static_cast<uint32_t>(Random()));
         if (!std::isfinite(fValue))
             continue;
-        char szText[64];
+        char       szText[64];
         const auto Result = std::to_chars(szText, szText + sizeof szText - 1, fValue,
                                           std::chars_format::scientific, Precision(Random));
-        *Result.ptr = '\0';
-        float fRead = -77.0F;
+        *Result.ptr       = '\0';
+        float fRead       = -77.0F;
 
         const char *pEnd = ReadFloat(szText, &fRead);
 
@@ -187,7 +193,7 @@ TEST_CASE("every float reads back from its digits")
 TEST_CASE("numbers of a million digits are read")
 {
     const std::string Zeros(1000000, '0');
-    float fValue = -77.0F;
+    float             fValue = -77.0F;
 
     CHECK(ReadFloat(("1" + Zeros).c_str(), &fValue) != nullptr);
     CHECK(fValue == FLT_MAX);
@@ -197,6 +203,12 @@ TEST_CASE("numbers of a million digits are read")
 
     CHECK(ReadFloat(("0." + Zeros + "25e1000001").c_str(), &fValue) != nullptr);
     CHECK(fValue == 2.5F);
+
+    CHECK(ReadFloat(("0." + Zeros + "1e999900").c_str(), &fValue) != nullptr);
+    CHECK(fValue == 0.0F);
+
+    CHECK(ReadFloat(("0." + Zeros + "1e1000100").c_str(), &fValue) != nullptr);
+    CHECK(fValue == FLT_MAX);
 
     CHECK(ReadFloat(("5" + Zeros + "e-1000001").c_str(), &fValue) != nullptr);
     CHECK(fValue == 0.5F);

@@ -25,7 +25,9 @@ const std::string kEnd = "\n";
 struct cGraphRig
 {
     explicit cGraphRig(const std::vector<eAnswer> &Answers = {})
-        : m_Boxes(Answers), m_Plot(&m_Boxes) {}
+        : m_Boxes(Answers), m_Plot(&m_Boxes)
+    {
+    }
 
     int Open(const std::string &Content)
     {
@@ -43,12 +45,14 @@ struct cGraphRig
 
     void AddXY(const cFloats &X, const cFloats &Y)
     {
-        REQUIRE(m_Plot.AddDataSet(static_cast<uint32_t>(Y.size()), X.data(), Y.data(), nullptr) == 1);
+        const uint32_t nPoints = static_cast<uint32_t>(Y.size());
+        REQUIRE(m_Plot.AddDataSet(nPoints, X.data(), Y.data(), nullptr) == 1);
     }
 
     void AddY(const cFloats &Y)
     {
-        REQUIRE(m_Plot.AddDataSet(static_cast<uint32_t>(Y.size()), nullptr, Y.data(), nullptr) == 1);
+        const uint32_t nPoints = static_cast<uint32_t>(Y.size());
+        REQUIRE(m_Plot.AddDataSet(nPoints, nullptr, Y.data(), nullptr) == 1);
     }
 
     const cVantorDataSet &Set(uint32_t nLine)
@@ -76,12 +80,12 @@ struct cGraphRig
     cVantorPlot     m_Plot;
 };
 
-} // namespace
+}  // namespace
 
 TEST_CASE("Open replaces data, title and axis label by those of the file")
 {
     cGraphRig Rig;
-    Rig.AddY({ 1, 2, 3 });
+    Rig.AddY({1, 2, 3});
     Rig.m_Plot.SetLegendRows(9);
 
     CHECK(Rig.Open("ExplicitX\nTitle \"Free fall\"\nHorzAxisLabel \"seconds\"\n"
@@ -135,11 +139,13 @@ TEST_CASE("Open keeps a range that the user has fixed")
 
 TEST_CASE("the sets of a file are coloured by their place, in turns of eight")
 {
+    // clang-format off
     static const uint32_t s_Colors[] =
     {
         0x0000FF, 0x00FF00, 0xFF0000, 0x00FFFF, 0xFF00FF, 0xFFFF00, 0xC0C0C0, 0x000000,
         0x0000FF, 0x00FF00,
     };
+    // clang-format on
     cGraphRig Rig;
 
     CHECK(Rig.Open("1 2 3 4 5 6 7 8 9 10\n") == 1);
@@ -155,7 +161,7 @@ TEST_CASE("the sets of a file are coloured by their place, in turns of eight")
 TEST_CASE("Append adds the sets behind the others and keeps title and axis label")
 {
     cGraphRig Rig;
-    Rig.AddY({ 1, 2, 3 });
+    Rig.AddY({1, 2, 3});
     Rig.m_Plot.SetLegendRows(9);
 
     CHECK(Rig.Append("ExplicitX\nTitle \"t\"\nHorzAxisLabel \"h\"\nSetLabels \"a\"\n"
@@ -176,12 +182,12 @@ TEST_CASE("Append adds the sets behind the others and keeps title and axis label
 
 TEST_CASE("a file that cannot be read leaves the graph as it was")
 {
-    for (const bool bOpen : { true, false })
-        for (const char *szContent : { "", "x\n", "ExplicitX\n1\n2\n" })
+    for (const bool bOpen : {true, false})
+        for (const char *szContent : {"", "x\n", "ExplicitX\n1\n2\n"})
         {
             CAPTURE(szContent);
             cGraphRig Rig;
-            Rig.AddY({ 1, 2, 3 });
+            Rig.AddY({1, 2, 3});
 
             CHECK((bOpen ? Rig.Open(szContent) : Rig.Append(szContent)) == 0);
 
@@ -195,7 +201,7 @@ TEST_CASE("a file that cannot be read leaves the graph as it was")
 
 TEST_CASE("a file that does not exist and a folder cannot be read")
 {
-    for (const char *szName : { "missing.txt", "folder" })
+    for (const char *szName : {"missing.txt", "folder"})
     {
         cGraphRig Rig;
         std::filesystem::create_directory(Rig.m_Folder.Name("folder"));
@@ -211,20 +217,33 @@ TEST_CASE("a file that does not exist and a folder cannot be read")
 TEST_CASE("Save writes title, axis label, labels and points")
 {
     cGraphRig Rig;
-    for (const float fX : { 1.0F, 2.0F })
-        for (const uint32_t nLine : { 1U, 2U })
+    for (const float fX : {1.0F, 2.0F})
+        for (const uint32_t nLine : {1U, 2U})
             REQUIRE(Rig.m_Plot.AddPoint(nLine, fX, fX * static_cast<float>(nLine) / 4.0F) == 1);
 
     CHECK(Rig.Save() == 1);
 
-    CHECK(Rig.m_Folder.Read("saved.txt")
-          == "ExplicitX" + kEnd
-             + "Title \"My Graph\"" + kEnd
-             + "HorzAxisLabel \"x axis\"" + kEnd
-             + "SetLabels \"data line # 1\" , \"data line # 2\"" + kEnd
-             + "1.000000 , 0.250000 , 0.500000" + kEnd
-             + "2.000000 , 0.500000 , 1.000000" + kEnd);
+    CHECK(Rig.m_Folder.Read("saved.txt") ==
+          "ExplicitX" + kEnd + "Title \"My Graph\"" + kEnd + "HorzAxisLabel \"x axis\"" + kEnd +
+              "SetLabels \"data line # 1\" , \"data line # 2\"" + kEnd +
+              "1.000000 , 0.250000 , 0.500000" + kEnd + "2.000000 , 0.500000 , 1.000000" + kEnd);
     CHECK(Rig.m_Boxes.m_Boxes.empty());
+}
+
+TEST_CASE("a title and an axis label of 100 characters are saved whole")
+{
+    cGraphRig         Rig;
+    const std::string Title(100, 't');
+    const std::string Label(100, 'h');
+    Rig.AddY({1});
+    Rig.m_Plot.SetTitle(Title.c_str());
+    Rig.m_Plot.SetHorzLabel(Label.c_str());
+
+    CHECK(Rig.Save() == 1);
+
+    CHECK(Rig.m_Folder.Read("saved.txt") ==
+          "ImplicitX" + kEnd + "Title \"" + Title + "\"" + kEnd + "HorzAxisLabel \"" + Label +
+              "\"" + kEnd + "SetLabels \"data line # 1\"" + kEnd + "1.000000" + kEnd);
 }
 
 TEST_CASE("a graph without title, saved and opened, is the same graph")
@@ -254,29 +273,29 @@ TEST_CASE("an empty graph has no data to save")
 
 TEST_CASE("sets of the other kind than data line 1 are not written, and the user is told")
 {
-    for (const bool bExplicitFirst : { true, false })
+    for (const bool bExplicitFirst : {true, false})
     {
         CAPTURE(bExplicitFirst);
         cGraphRig Rig;
         Rig.m_Plot.ClearAll();
         if (bExplicitFirst)
-            Rig.AddXY({ 5, 6 }, { 1, 2 });
-        Rig.AddY({ 3, 4 });
+            Rig.AddXY({5, 6}, {1, 2});
+        Rig.AddY({3, 4});
         if (!bExplicitFirst)
-            Rig.AddXY({ 5, 6 }, { 1, 2 });
+            Rig.AddXY({5, 6}, {1, 2});
 
         CHECK(Rig.Save() == 1);
 
-        CHECK(Rig.Box() == "1 of the 2 data sets were written to the file:\n  "
-                           + Rig.m_Folder.Name("saved.txt")
-                           + "\n\n"
-                             "Data sets must have compatible x axis\n"
-                             "values to share an ASCII data file.");
-        CHECK(Rig.m_Folder.Read("saved.txt")
-              == (bExplicitFirst ? "ExplicitX" + kEnd + "SetLabels \"data line # 1\"" + kEnd
-                                       + "5.000000 , 1.000000" + kEnd + "6.000000 , 2.000000" + kEnd
-                                 : "ImplicitX" + kEnd + "SetLabels \"data line # 1\"" + kEnd
-                                       + "3.000000" + kEnd + "4.000000" + kEnd));
+        CHECK(Rig.Box() == "1 of the 2 data sets were written to the file:\n  " +
+                               Rig.m_Folder.Name("saved.txt") +
+                               "\n\n"
+                               "Data sets must have compatible x axis\n"
+                               "values to share an ASCII data file.");
+        CHECK(Rig.m_Folder.Read("saved.txt") ==
+              (bExplicitFirst ? "ExplicitX" + kEnd + "SetLabels \"data line # 1\"" + kEnd +
+                                    "5.000000 , 1.000000" + kEnd + "6.000000 , 2.000000" + kEnd
+                              : "ImplicitX" + kEnd + "SetLabels \"data line # 1\"" + kEnd +
+                                    "3.000000" + kEnd + "4.000000" + kEnd));
     }
 }
 
@@ -284,25 +303,24 @@ TEST_CASE("sets with other x values or another length are left out, those behind
 {
     cGraphRig Rig;
     Rig.m_Plot.ClearAll();
-    Rig.AddXY({ 5, 6 }, { 1, 2 });
-    Rig.AddXY({ 5, 6.0000005F }, { 3, 4 });
-    Rig.AddXY({ 5, 6, 7 }, { 3, 4, 5 });
-    Rig.AddXY({ 5, 6 }, { 8, 9 });
+    Rig.AddXY({5, 6}, {1, 2});
+    Rig.AddXY({5, 6.0000005F}, {3, 4});
+    Rig.AddXY({5, 6, 7}, {3, 4, 5});
+    Rig.AddXY({5, 6}, {8, 9});
 
     CHECK(Rig.Save() == 1);
 
     CHECK(Rig.Box().substr(0, 46) == "2 of the 4 data sets were written to the file:");
-    CHECK(Rig.m_Folder.Read("saved.txt")
-          == "ExplicitX" + kEnd + "SetLabels \"data line # 1\" , \"data line # 4\"" + kEnd
-                 + "5.000000 , 1.000000 , 8.000000" + kEnd
-                 + "6.000000 , 2.000000 , 9.000000" + kEnd);
+    CHECK(Rig.m_Folder.Read("saved.txt") ==
+          "ExplicitX" + kEnd + "SetLabels \"data line # 1\" , \"data line # 4\"" + kEnd +
+              "5.000000 , 1.000000 , 8.000000" + kEnd + "6.000000 , 2.000000 , 9.000000" + kEnd);
 }
 
 TEST_CASE("a file that cannot be written is named and stays as it was")
 {
     cGraphRig Rig;
-    Rig.AddY({ 1 });
-    Rig.AddY({ 1, 2 });
+    Rig.AddY({1});
+    Rig.AddY({1, 2});
     std::filesystem::create_directory(Rig.m_Folder.Name("saved.txt"));
 
     CHECK(Rig.Save() == 0);
@@ -317,9 +335,9 @@ TEST_CASE("giving up on memory during a save leaves the old file and shows no ot
     for (int nSucceed = 0; nSucceed < 5; nSucceed++)
     {
         CAPTURE(nSucceed);
-        cGraphRig Rig({ anCancel });
-        Rig.AddY({ 1 });
-        Rig.AddY({ 2 });
+        cGraphRig Rig({anCancel});
+        Rig.AddY({1});
+        Rig.AddY({2});
         Rig.m_Folder.Write("saved.txt", "old");
         {
             cFailingMemory Memory(nSucceed, 1);
@@ -327,20 +345,20 @@ TEST_CASE("giving up on memory during a save leaves the old file and shows no ot
             CHECK(Memory.FailuresLeft() == 0);
         }
         CHECK(Rig.m_Boxes.m_Boxes.size() == 1);
-        CHECK(Rig.m_Boxes.m_QuitCodes == std::vector<int>{ 0 });
+        CHECK(Rig.m_Boxes.m_QuitCodes == std::vector<int>{0});
         CHECK(Rig.m_Folder.Read("saved.txt") == "old");
     }
 }
 
 TEST_CASE("giving up on memory while a file is read leaves the graph as it was")
 {
-    cGraphRig Rig({ anCancel });
-    Rig.AddY({ 1 });
+    cGraphRig Rig({anCancel});
+    Rig.AddY({1});
     {
         cFailingMemory Memory(0, 1);
         CHECK(Rig.Open("7\n") == 0);
     }
-    CHECK(Rig.m_Boxes.m_QuitCodes == std::vector<int>{ 0 });
+    CHECK(Rig.m_Boxes.m_QuitCodes == std::vector<int>{0});
     CHECK(Rig.Set(1).m_pY[0] == 1.0F);
     CHECK(Rig.Title() == "My Graph");
 }

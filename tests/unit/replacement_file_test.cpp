@@ -11,6 +11,7 @@
 #include <csignal>
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 #endif
 
 #ifdef __linux__
@@ -260,6 +261,15 @@ TEST_CASE("a device is written directly and reports what it cannot take")
     CHECK(Save("/dev/full", "does not fit") == 0);
     CHECK(fs::is_character_file("/dev/full"));
 #endif
+}
+
+TEST_CASE("a pipe is refused, not waited for")
+{
+    cScratchFolder Folder;
+    REQUIRE(mkfifo(Folder.Name("pipe").c_str(), 0600) == 0);
+
+    CHECK(Save(Folder.Name("pipe"), "lost") == 0);
+    CHECK(fs::is_fifo(Folder.Name("pipe")));
 }
 
 TEST_CASE("a link stays, and the file that it points to is replaced")

@@ -33,6 +33,8 @@ cLines LinesOf(const cScratchFolder &Folder, const std::string &Content)
     }
     CHECK(pReader->Failed() == 0);
     CHECK(pReader->Next() == 0);
+    pReader.reset();
+    std::filesystem::remove(Folder.Name("lines.txt"));
     return Lines;
 }
 
@@ -56,16 +58,17 @@ cLines PlainLines(const std::string &Content)
         }
         if (Line.back() == '\n')
             Line.pop_back();
-        Lines.push_back(Line.c_str());      // a zero byte ends the text
+        Lines.push_back(Line.c_str());  // a zero byte ends the text
     }
     return Lines;
 }
 
-} // namespace
+}  // namespace
 
 TEST_CASE("a file is read line by line, with either line end or none at the end")
 {
     cScratchFolder Folder;
+    // clang-format off
     static const struct { const char *szContent; cLines Lines; } s_Rows[] =
     {
         { "",                   {}                      },
@@ -81,6 +84,7 @@ TEST_CASE("a file is read line by line, with either line end or none at the end"
         { "\r",                 { "\r" }                },
         { "a\x1A\nb\n",         { "a\x1A", "b" }        },
     };
+    // clang-format on
     for (const auto &Row : s_Rows)
     {
         CAPTURE(Row.szContent);
@@ -91,6 +95,7 @@ TEST_CASE("a file is read line by line, with either line end or none at the end"
 TEST_CASE("a line has at most 99 bytes with its newline and without its carriage return")
 {
     cScratchFolder Folder;
+    // clang-format off
     static const struct { size_t nLength; std::vector<size_t> Pieces; } s_Rows[] =
     {
         {  97, { 97 }           },
@@ -101,8 +106,9 @@ TEST_CASE("a line has at most 99 bytes with its newline and without its carriage
         { 198, { 99, 99, 0 }    },
         { 199, { 99, 99, 1 }    },
     };
+    // clang-format on
     for (const auto &Row : s_Rows)
-        for (const std::string LineEnd : { "\n", "\r\n" })
+        for (const std::string LineEnd : {"\n", "\r\n"})
         {
             CAPTURE(Row.nLength);
             CAPTURE(LineEnd.size());
@@ -122,28 +128,29 @@ TEST_CASE("99 characters at the end of the file are one line")
 {
     cScratchFolder Folder;
 
-    CHECK(LinesOf(Folder, std::string(99, 'x')) == cLines{ std::string(99, 'x') });
+    CHECK(LinesOf(Folder, std::string(99, 'x')) == cLines{std::string(99, 'x')});
 }
 
 TEST_CASE("a carriage return inside a line counts for its length")
 {
-    cScratchFolder Folder;
+    cScratchFolder    Folder;
     const std::string Start(98, 'x');
 
-    CHECK(LinesOf(Folder, Start + "\rx\n") == cLines{ Start + "\r", "x" });
+    CHECK(LinesOf(Folder, Start + "\rx\n") == cLines{Start + "\r", "x"});
 }
 
 TEST_CASE("a zero byte ends the text of its line only")
 {
     cScratchFolder Folder;
 
-    CHECK(LinesOf(Folder, std::string("a\0b\n\0\nc", 7)) == cLines{ "a", "", "c" });
+    CHECK(LinesOf(Folder, std::string("a\0b\n\0\nc", 7)) == cLines{"a", "", "c"});
 }
 
 TEST_CASE("any bytes give the same lines as reading byte by byte")
 {
     cScratchFolder Folder;
-    std::mt19937 Random(2718);
+    std::mt19937   Random(2718);
+    // clang-format off
     static const struct { const char *szBytes; size_t nBytes; } s_Alphabets[] =
     {
         { "x\n",            2 },
@@ -151,11 +158,12 @@ TEST_CASE("any bytes give the same lines as reading byte by byte")
         { "\r\n",           2 },
         { "x\0\r\n",        4 },
     };
+    // clang-format on
     for (const auto &Alphabet : s_Alphabets)
         for (int nRun = 0; nRun < 5; nRun++)
         {
             // Some blocks long, so that lines lie across the ends of blocks.
-            std::string Content;
+            std::string  Content;
             const size_t nLength = 3 * kReadBlock + Random() % 400;
             while (Content.size() < nLength)
             {
@@ -188,7 +196,7 @@ TEST_CASE("lines lie across the end of a block in every way")
 TEST_CASE("the reader goes back to a line and counts on from there")
 {
     cScratchFolder Folder;
-    std::string Content = "; first\r\nsecond\r\n";
+    std::string    Content = "; first\r\nsecond\r\n";
     for (int i = 0; i < 20000; i++)
         Content += "row " + std::to_string(i) + "\n";
     Folder.Write("lines.txt", Content);
@@ -212,21 +220,23 @@ TEST_CASE("the reader goes back to a line and counts on from there")
     REQUIRE(pReader->Next() == 1);
     CHECK(std::string(pReader->Text()) == "row 14999");
     CHECK(pReader->LineNumber() == 15002);
+    CHECK(pReader->LineStart().nOffset == Late.nOffset);
+    CHECK(pReader->LineStart().nLinesBefore == 15001);
 }
 
 TEST_CASE("only regular files are opened")
 {
     cScratchFolder Folder;
     std::filesystem::create_directory(Folder.Name("folder"));
-    std::vector<std::string> Names =
-        { Folder.Name("missing.txt"), Folder.Name("folder"), Folder.Name(""), "" };
+    std::vector<std::string> Names = {Folder.Name("missing.txt"), Folder.Name("folder"),
+                                      Folder.Name(""), ""};
 #ifdef _WIN32
-    Names.insert(Names.end(), { "NUL", "CON", "COM1" });
+    Names.insert(Names.end(), {"NUL", "CON", "COM1"});
 #else
     // Opening a pipe that nobody writes to would wait for ever, and the zeros
     // would have no end.
     REQUIRE(mkfifo(Folder.Name("pipe").c_str(), 0600) == 0);
-    Names.insert(Names.end(), { Folder.Name("pipe"), "/dev/zero", "/dev/null", "/dev/tty" });
+    Names.insert(Names.end(), {Folder.Name("pipe"), "/dev/zero", "/dev/null", "/dev/tty"});
 #endif
     for (const std::string &Name : Names)
     {
@@ -236,6 +246,21 @@ TEST_CASE("only regular files are opened")
         CHECK(pReader->Open(Name.c_str()) == 0);
     }
 }
+
+#ifdef __linux__
+
+TEST_CASE("a file that cannot be read to its end has failed")
+{
+    // The memory of the program itself: a regular file, but nothing lies at
+    // its beginning.
+    auto pReader = std::make_unique<cShortLineReader>();
+    REQUIRE(pReader->Open("/proc/self/mem") == 1);
+
+    CHECK(pReader->Next() == 0);
+    CHECK(pReader->Failed() == 1);
+}
+
+#endif
 
 TEST_CASE("a name in the user's code page is opened")
 {

@@ -9,6 +9,7 @@
 
 TEST_CASE("a double outside the range of a float is narrowed to the largest float")
 {
+    // clang-format off
     static const struct { double dValue; float fStored; } s_Rows[] =
     {
         { 0.0,                    0.0F          },
@@ -24,6 +25,7 @@ TEST_CASE("a double outside the range of a float is narrowed to the largest floa
         { 1e-99,                  0.0F          },
         { 1.401298464324817e-45,  FLT_TRUE_MIN  },
     };
+    // clang-format on
     for (const auto &Row : s_Rows)
     {
         CAPTURE(Row.dValue);
@@ -37,8 +39,10 @@ TEST_CASE("a double outside the range of a float is narrowed to the largest floa
 
 TEST_CASE("the five line styles carry the values of the platform's pens")
 {
+    // clang-format off
     static const char *const s_Names[] =
         { "solid", "dash", "dot", "dash-dot", "dash-dot-dot" };
+    // clang-format on
     for (uint32_t nStyle = 0; nStyle < 5; nStyle++)
     {
         CHECK(kLineStyles[nStyle].m_nValue == nStyle);
@@ -49,8 +53,10 @@ TEST_CASE("the five line styles carry the values of the platform's pens")
 
 TEST_CASE("the five markers are numbered from 0")
 {
+    // clang-format off
     static const char *const s_Names[] =
         { "triangle", "square", "diamond", "vert line", "horz line" };
+    // clang-format on
     for (uint32_t nStyle = 0; nStyle < 5; nStyle++)
     {
         CHECK(kMarkerStyles[nStyle].m_nValue == nStyle);
@@ -82,7 +88,7 @@ TEST_CASE("the default label fits for the largest line number")
 TEST_CASE("a set without x values has its indices as x")
 {
     cVantorDataSet Set;
-    Set.m_pY = std::make_unique<float[]>(3);
+    Set.m_pY        = std::make_unique<float[]>(3);
     Set.m_nCapacity = 3;
 
     Set.Append(50.0F, 7.0F);

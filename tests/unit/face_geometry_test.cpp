@@ -1,0 +1,62 @@
+#include "shell/face_geometry.h"
+
+#include <doctest/doctest.h>
+
+namespace
+{
+
+int Overlap(const cFaceRect &A, const cFaceRect &B)
+{
+    return A.m_nLeft < B.m_nLeft + B.m_nWidth && B.m_nLeft < A.m_nLeft + A.m_nWidth &&
+           A.m_nTop < B.m_nTop + B.m_nHeight && B.m_nTop < A.m_nTop + A.m_nHeight;
+}
+
+}  // namespace
+
+TEST_CASE("the widths of the keys add up to the width of the key strip")
+{
+    int nWidth = 0;
+
+    for (const cFaceRect &Key : kKeyRects)
+    {
+        nWidth += Key.m_nWidth;
+        CHECK(Key.m_nHeight == 31);
+    }
+
+    CHECK(nWidth == 1158);
+}
+
+TEST_CASE("keys and switches lie on the face and do not overlap")
+{
+    for (int i = 0; i < kFaceKeys; i++)
+    {
+        const cFaceRect &Key = kKeyRects[i];
+        CHECK(Key.m_nLeft >= 0);
+        CHECK(Key.m_nLeft + Key.m_nWidth <= kFaceWidth);
+        CHECK(Key.m_nTop + Key.m_nHeight <= kFaceHeight);
+        for (int j = 0; j < i; j++)
+            CHECK_FALSE(Overlap(Key, kKeyRects[j]));
+        for (const cFaceRect &Switch : kSwitchRects)
+            CHECK_FALSE(Overlap(Key, Switch));
+    }
+}
+
+TEST_CASE("keys are numbered row by row, from the left to the right")
+{
+    for (int i = 1; i < kFaceKeys; i++)
+    {
+        const int bSameRow = kKeyRects[i].m_nTop - kKeyRects[i - 1].m_nTop < 10;
+        CHECK((bSameRow ? kKeyRects[i].m_nLeft > kKeyRects[i - 1].m_nLeft
+                        : kKeyRects[i].m_nTop > kKeyRects[i - 1].m_nTop + 40));
+    }
+    CHECK(kKeyRects[10].m_nWidth == 83);
+}
+
+TEST_CASE("the thumb of a slide switch runs through the frames 0 to 12")
+{
+    for (int nPosition = 0; nPosition <= 12; nPosition++)
+        CHECK(ThumbFrame(nPosition, 12, kSwitchFrames) == nPosition * 14 / 13);
+
+    CHECK(ThumbFrame(0, 12, kSwitchFrames) == 0);
+    CHECK(ThumbFrame(12, 12, kSwitchFrames) == 12);
+}
