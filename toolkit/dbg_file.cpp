@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <cstdarg>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
 
+#include "toolkit/disk_file.h"
 #include "toolkit/message_box.h"
 #include "toolkit/read_file.h"
 
@@ -43,7 +46,7 @@ void CopyStream(FILE *pFrom, FILE *pTo)
 
 cDbgFile::cDbgFile(const char *szFileName, uint32_t nMaxMegabytes, cMessageBoxes *pBoxes)
     : m_pFile(nullptr), m_bEnabled(1), m_nMaxMegabytes(std::min(nMaxMegabytes, kMostDbgMegabytes)),
-      m_pBoxes(pBoxes)
+      m_pBoxes(pBoxes), m_bComplete(1)
 {
     snprintf(m_szFileName, sizeof m_szFileName, "%s", szFileName);
     CopyToBackup();
@@ -53,13 +56,25 @@ cDbgFile::cDbgFile(const char *szFileName, uint32_t nMaxMegabytes, cMessageBoxes
 
 cDbgFile::~cDbgFile()
 {
+    Close();
+}
+
+int cDbgFile::Close()
+{
     if (m_pFile)
-        fclose(m_pFile);
+    {
+        if (ferror(m_pFile))
+            m_bComplete = 0;
+        if (fclose(m_pFile) != 0)
+            m_bComplete = 0;
+    }
+    m_pFile = nullptr;
+    return m_bComplete;
 }
 
 int cDbgFile::printf(const char *szFormat, ...)
 {
-    if (!m_bEnabled)
+    if (!m_bEnabled || !m_pFile)
         return 0;
 
     char    szMessage[kDbgMessage];
@@ -73,9 +88,13 @@ int cDbgFile::printf(const char *szFormat, ...)
     return fputs(szMessage, m_pFile) >= 0;
 }
 
+// Opening a pipe might wait for ever for somebody to read it.
 int cDbgFile::Open()
 {
-    m_pFile = fopen(m_szFileName, kOpenMode);
+    std::error_code Error;
+    m_pFile = std::filesystem::is_fifo(PathOfName(m_szFileName), Error)
+                  ? nullptr
+                  : fopen(m_szFileName, kOpenMode);
     return m_pFile != nullptr;
 }
 
@@ -91,7 +110,7 @@ int cDbgFile::KeepWithinCap()
     if (ftell(m_pFile) <= static_cast<long>(m_nMaxMegabytes) * kDbgMegabyte)
         return 1;
 
-    fclose(m_pFile);
+    Close();
     CopyToBackup();
     if (Open())
         return 1;
@@ -124,7 +143,8 @@ void cDbgFile::GiveUp(const char *szCaption)
 {
     char szText[kDbgFileName + 64];
     snprintf(szText, sizeof szText, "couldn't fopen() the output file named:\n%s", m_szFileName);
-    m_bEnabled = 0;
+    m_bEnabled  = 0;
+    m_bComplete = 0;
     m_pBoxes->Ask(szText, szCaption, bnOk, icError);
     m_pBoxes->PostQuit(0);
 }

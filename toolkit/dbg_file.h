@@ -43,6 +43,9 @@ public:
     // nothing was written.
     int printf(const char *szFormat, ...) TOOLKIT_PRINTF_FORMAT(2, 3);
 
+    // Closes the log. Returns 1, or 0 if anything that was written got lost.
+    int Close();
+
     const char *FileName() const { return m_szFileName; }
     uint32_t    MaxMegabytes() const { return m_nMaxMegabytes; }
 
@@ -58,6 +61,7 @@ private:
     char           m_szFileName[kDbgFileName];
     uint32_t       m_nMaxMegabytes;
     cMessageBoxes *m_pBoxes;
+    int            m_bComplete;  // 0 once a write has failed
 };
 
 #endif

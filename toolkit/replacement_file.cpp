@@ -71,7 +71,6 @@ int cReplacementFile::Open(const char *szFileName, const char *szMode)
         return MayWrite(m_Target, Status.permissions()) && OpenTemporary(szMode);
     case fs::file_type::character:
     case fs::file_type::block:
-    case fs::file_type::fifo:
         m_pFile = OpenDiskFile(m_Target, szMode);
         return m_pFile != nullptr;
     default:

@@ -1,0 +1,40 @@
+// dialog_driver.h - answers a dialog that the tested code shows and waits for.
+//
+//     cDialogDriver Driver([](HWND hDialog) { Press(hDialog, IDCANCEL); return 1; });
+//     CHECK(AskFileName(...) == 0);
+//     CHECK(Driver.IsDone());
+
+#ifndef TESTS_WIN32_DIALOG_DRIVER_H
+#define TESTS_WIN32_DIALOG_DRIVER_H
+
+#include "toolkit/win32.h"
+
+#include <functional>
+
+class cDialogDriver
+{
+public:
+    // While the object lives Answer is called from within the dialogs' message
+    // loops, again and again, with the dialog that is in front, until it
+    // returns 1. One driver at a time.
+    explicit cDialogDriver(std::function<int(HWND hDialog)> Answer);
+    ~cDialogDriver();
+    cDialogDriver(const cDialogDriver &)            = delete;
+    cDialogDriver &operator=(const cDialogDriver &) = delete;
+
+    int IsDone() const { return m_bDone; }
+
+private:
+    static void CALLBACK TimerProc(HWND hWnd, UINT nMessage, UINT_PTR nTimer, DWORD dwTime);
+
+    static cDialogDriver *s_pCurrent;
+
+    std::function<int(HWND)> m_Answer;
+    UINT_PTR                 m_nTimer;
+    int                      m_bDone;
+};
+
+// Clicks a button of a dialog as soon as the dialog handles messages again.
+void Press(HWND hDialog, int nButton);
+
+#endif

@@ -1,0 +1,185 @@
+#include "toolkit/win32.h"
+
+#include "toolkit/file_dialogs.h"
+
+#include <cstdio>
+#include <string>
+
+#include <doctest/doctest.h>
+
+#include "tests/unit/scratch_folder.h"
+#include "tests/win32/dialog_driver.h"
+#include "tests/win32/test_frame.h"
+
+namespace
+{
+
+const char kFilter[] = "Text Files (*.TXT)\0*.TXT\0";
+
+// The field for the file's name: an edit field, or one in a combo box.
+HWND NameField(HWND hDialog)
+{
+    const HWND hEdit = GetDlgItem(hDialog, 0x480);
+    return hEdit ? hEdit : GetDlgItem(hDialog, 0x47C);
+}
+
+std::string TextOf(HWND hWnd)
+{
+    char szText[300] = "";
+    SendMessageA(hWnd, WM_GETTEXT, sizeof szText, reinterpret_cast<LPARAM>(szText));
+    return szText;
+}
+
+// Types a name into the file dialog and clicks its default button.
+int Choose(HWND hDialog, const std::string &Name)
+{
+    if (!NameField(hDialog))
+        return 0;
+    SendMessageA(NameField(hDialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Name.c_str()));
+    Press(hDialog, IDOK);
+    return 1;
+}
+
+std::string FullPath(const std::string &Name)
+{
+    char szPath[kFileName] = "";
+    GetFullPathNameA(Name.c_str(), sizeof szPath, szPath, nullptr);
+    return szPath;
+}
+
+std::string CurrentFolder()
+{
+    char szFolder[kFileName] = "";
+    GetCurrentDirectoryA(sizeof szFolder, szFolder);
+    return szFolder;
+}
+
+}  // namespace
+
+TEST_CASE("a file dialog that is cancelled gives 0")
+{
+    const cFrameRig Rig;
+    for (const eFileNameDialog nDialog : {fnOpen, fnSave})
+    {
+        const cDialogDriver Driver([](HWND hDialog) {
+            Press(hDialog, IDCANCEL);
+            return 1;
+        });
+        char                szName[kFileName] = "";
+        CHECK(AskFileName(nDialog, kFilter, nullptr, "txt", szName) == 0);
+    }
+}
+
+TEST_CASE("opening gives the whole path of a file that exists")
+{
+    const cFrameRig      Rig;
+    const cScratchFolder Folder;
+    Folder.Write("old.txt", "01 PI\r\n");
+    const cDialogDriver Driver([&](HWND hDialog) { return Choose(hDialog, "old.txt"); });
+    char                szName[kFileName] = "";
+
+    CHECK(AskFileName(fnOpen, kFilter, FullPath(Folder.Name("")).c_str(), "txt", szName) == 1);
+
+    CHECK(szName == FullPath(Folder.Name("old.txt")));
+}
+
+TEST_CASE("opening insists on a file that exists")
+{
+    const cFrameRig      Rig;
+    const cScratchFolder Folder;
+    int                  nRefused = 0;
+    HWND                 hFile    = nullptr;
+    const cDialogDriver  Driver([&](HWND hDialog) {
+        if (!hFile)
+        {
+            hFile = hDialog;
+            Choose(hDialog, "none.txt");
+            return 0;
+        }
+        if (hDialog != hFile)
+        {
+            nRefused = 1;
+            Press(hDialog, IDOK);
+            return 0;
+        }
+        if (nRefused)
+            Press(hDialog, IDCANCEL);
+        return nRefused;
+    });
+    char                 szName[kFileName] = "";
+
+    CHECK(AskFileName(fnOpen, kFilter, FullPath(Folder.Name("")).c_str(), "txt", szName) == 0);
+
+    CHECK(nRefused == 1);
+}
+
+TEST_CASE("a file dialog begins in the current folder and leaves it")
+{
+    const cFrameRig     Rig;
+    const std::string   Before = CurrentFolder();
+    const cDialogDriver Driver([&](HWND hDialog) { return Choose(hDialog, "here"); });
+    char                szName[kFileName] = "";
+
+    CHECK(AskFileName(fnSave, kFilter, nullptr, nullptr, szName) == 1);
+
+    CHECK(std::string(szName) == Before + "\\here");
+    CHECK(CurrentFolder() == Before);
+}
+
+TEST_CASE("saving proposes the name that it is given")
+{
+    const cFrameRig      Rig;
+    const cScratchFolder Folder;
+    std::string          Proposed;
+    const cDialogDriver  Driver([&](HWND hDialog) {
+        Proposed = TextOf(NameField(hDialog));
+        Press(hDialog, IDOK);
+        return 1;
+    });
+    char                 szName[kFileName] = "plot.txt";
+
+    CHECK(AskFileName(fnSave, kFilter, FullPath(Folder.Name("")).c_str(), "txt", szName) == 1);
+
+    CHECK(Proposed == "plot.txt");
+    CHECK(szName == FullPath(Folder.Name("plot.txt")));
+}
+
+TEST_CASE("saving adds the extension that was left out")
+{
+    const cFrameRig      Rig;
+    const cScratchFolder Folder;
+    const cDialogDriver  Driver([](HWND hDialog) { return Choose(hDialog, "new"); });
+    char                 szName[kFileName] = "";
+
+    CHECK(AskFileName(fnSave, kFilter, FullPath(Folder.Name("")).c_str(), "txt", szName) == 1);
+
+    CHECK(szName == FullPath(Folder.Name("new.txt")));
+}
+
+TEST_CASE("saving asks before a file is overwritten")
+{
+    const cFrameRig      Rig;
+    const cScratchFolder Folder;
+    Folder.Write("old.txt", "01 PI\r\n");
+    HWND                hFile  = nullptr;
+    int                 bAsked = 0;
+    const cDialogDriver Driver([&](HWND hDialog) {
+        if (!hFile)
+        {
+            hFile = hDialog;
+            Choose(hDialog, "old.txt");
+            return 0;
+        }
+        if (hDialog == hFile)
+            return 0;
+        bAsked = 1;
+        Press(hDialog, IDYES);
+        return 1;
+    });
+    char                szName[kFileName] = "";
+
+    CHECK(AskFileName(fnSave, kFilter, FullPath(Folder.Name("")).c_str(), "txt", szName) == 1);
+
+    CHECK(bAsked == 1);
+    CHECK(szName == FullPath(Folder.Name("old.txt")));
+}

@@ -1,0 +1,22 @@
+// The test program's main(); what it accepts is listed by --help.
+
+#include "toolkit/win32.h"
+
+#define DOCTEST_CONFIG_IMPLEMENT
+#include <doctest/doctest.h>
+
+#include "tests/win32/test_desktop.h"
+
+int main(int nArguments, char **pszArguments)
+{
+    if (!cTestDesktop::IsEntered())
+    {
+        const cTestDesktop Desktop(1280, 1024);
+        return Desktop.RunThisProgram();
+    }
+    const INITCOMMONCONTROLSEX Controls = {sizeof Controls, ICC_BAR_CLASSES | ICC_PROGRESS_CLASS};
+    InitCommonControlsEx(&Controls);
+
+    doctest::Context Context(nArguments, pszArguments);
+    return Context.run();
+}

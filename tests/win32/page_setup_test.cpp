@@ -1,0 +1,37 @@
+#include "toolkit/win32.h"
+
+#include "toolkit/page_setup.h"
+
+#include <doctest/doctest.h>
+
+namespace
+{
+
+// Makes the user's unit of measurement another one for a while.
+class cMeasure
+{
+public:
+    explicit cMeasure(const char *szMeasure)
+    {
+        GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_IMEASURE, m_szFormer, sizeof m_szFormer);
+        REQUIRE(SetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_IMEASURE, szMeasure));
+    }
+    ~cMeasure() { SetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_IMEASURE, m_szFormer); }
+    cMeasure(const cMeasure &)            = delete;
+    cMeasure &operator=(const cMeasure &) = delete;
+
+private:
+    char m_szFormer[4] = "";
+};
+
+}  // namespace
+
+TEST_CASE("the user's locale says whether he measures in millimetres")
+{
+    {
+        const cMeasure Metric("0");
+        CHECK(IsMetricLocale() == 1);
+    }
+    const cMeasure Inches("1");
+    CHECK(IsMetricLocale() == 0);
+}

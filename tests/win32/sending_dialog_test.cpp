@@ -1,0 +1,116 @@
+#include "toolkit/win32.h"
+
+#include "toolkit/sending_dialog.h"
+
+#include <string>
+
+#include <doctest/doctest.h>
+
+#include "resources/resource.h"
+#include "tests/win32/dialog_driver.h"
+#include "tests/win32/test_frame.h"
+
+namespace
+{
+
+std::string TextOf(HWND hWnd)
+{
+    char szText[100] = "";
+    GetWindowTextA(hWnd, szText, sizeof szText);
+    return szText;
+}
+
+}  // namespace
+
+TEST_CASE("the sending dialog has its owner's title and names the document")
+{
+    const cFrameRig Rig;
+    cSendingDialog  Dialog;
+
+    REQUIRE(Dialog.Open(Rig.m_Frame.Window(), "R&D.txt") == 1);
+
+    CHECK(TextOf(Dialog.Window()) == "Test frame");
+    CHECK(TextOf(GetDlgItem(Dialog.Window(), IDC_SENDING_DOCUMENT)) == "R&D.txt");
+    CHECK(TextOf(GetDlgItem(Dialog.Window(), IDCANCEL)) == "Cancel");
+    CHECK(GetWindow(Dialog.Window(), GW_OWNER) == Rig.m_Frame.Window());
+    CHECK(IsWindowVisible(Dialog.Window()));
+}
+
+TEST_CASE("the sending dialog goes on until its Cancel button is clicked")
+{
+    const cFrameRig Rig;
+    cSendingDialog  Dialog;
+    REQUIRE(Dialog.Open(Rig.m_Frame.Window(), "a.txt") == 1);
+
+    CHECK(Dialog.PumpMessages() == 1);
+    CHECK(Dialog.PumpMessages() == 1);
+    Press(Dialog.Window(), IDCANCEL);
+    CHECK(Dialog.PumpMessages() == 0);
+    CHECK(Dialog.PumpMessages() == 0);
+}
+
+TEST_CASE("Escape cancels in the sending dialog")
+{
+    const cFrameRig Rig;
+    cSendingDialog  Dialog;
+    REQUIRE(Dialog.Open(Rig.m_Frame.Window(), "a.txt") == 1);
+
+    PostMessageA(Dialog.Window(), WM_KEYDOWN, VK_ESCAPE, 0);
+
+    CHECK(Dialog.PumpMessages() == 0);
+}
+
+TEST_CASE("a sending dialog that is opened again has forgotten the former Cancel")
+{
+    const cFrameRig Rig;
+    cSendingDialog  Dialog;
+    REQUIRE(Dialog.Open(Rig.m_Frame.Window(), "a.txt") == 1);
+    Press(Dialog.Window(), IDCANCEL);
+    REQUIRE(Dialog.PumpMessages() == 0);
+    Dialog.Close();
+    CHECK(Dialog.Window() == nullptr);
+
+    REQUIRE(Dialog.Open(Rig.m_Frame.Window(), "b.txt") == 1);
+
+    CHECK(Dialog.PumpMessages() == 1);
+}
+
+TEST_CASE("other windows get their messages while the sending dialog stands")
+{
+    const cFrameRig Rig;
+    cSendingDialog  Dialog;
+    REQUIRE(Dialog.Open(Rig.m_Frame.Window(), "a.txt") == 1);
+    PostMessageA(Rig.m_Frame.Window(), WM_COMMAND, 777, 0);
+
+    CHECK(Dialog.PumpMessages() == 1);
+
+    REQUIRE(Rig.m_Frame.m_Commands.size() == 1);
+    CHECK(Rig.m_Frame.m_Commands[0].m_nId == 777);
+}
+
+TEST_CASE("the end of the program cancels printing and is not lost")
+{
+    const cFrameRig Rig;
+    cSendingDialog  Dialog;
+    REQUIRE(Dialog.Open(Rig.m_Frame.Window(), "a.txt") == 1);
+    PostQuitMessage(5);
+
+    CHECK(Dialog.PumpMessages() == 0);
+
+    MSG Message = {};
+    CHECK(PeekMessageA(&Message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    CHECK(Message.wParam == 5);
+}
+
+TEST_CASE("the sending dialog goes with its object")
+{
+    const cFrameRig Rig;
+    HWND            hDialog = nullptr;
+    {
+        cSendingDialog Dialog;
+        REQUIRE(Dialog.Open(Rig.m_Frame.Window(), "a.txt") == 1);
+        hDialog = Dialog.Window();
+    }
+
+    CHECK_FALSE(IsWindow(hDialog));
+}

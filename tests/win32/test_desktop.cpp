@@ -1,0 +1,80 @@
+#include "tests/win32/test_desktop.h"
+
+#include <cstdio>
+#include <cstring>
+
+namespace
+{
+
+const char  kNameStart[] = "vorstek-tests-";
+const DWORD kPatience    = 60000;  // milliseconds, on a very busy computer
+
+int IsWine()
+{
+    return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+void CloseHandles(const PROCESS_INFORMATION &Process)
+{
+    CloseHandle(Process.hThread);
+    CloseHandle(Process.hProcess);
+}
+
+}  // namespace
+
+cTestDesktop::cTestDesktop(int nWidth, int nHeight) : m_Explorer()
+{
+    snprintf(m_szName, sizeof m_szName, "%s%lu", kNameStart, GetCurrentProcessId());
+    char szCommand[120];
+    snprintf(szCommand, sizeof szCommand, "explorer.exe /desktop=%s,%dx%d", m_szName, nWidth,
+             nHeight);
+
+    STARTUPINFOA Startup = {};
+    Startup.cb           = sizeof Startup;
+    if (CreateProcessA(nullptr, szCommand, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &Startup,
+                       &m_Explorer))
+        WaitForInputIdle(m_Explorer.hProcess, kPatience);
+}
+
+cTestDesktop::~cTestDesktop()
+{
+    if (!m_Explorer.hProcess)
+        return;
+    TerminateProcess(m_Explorer.hProcess, 0);
+    WaitForSingleObject(m_Explorer.hProcess, kPatience);
+    CloseHandles(m_Explorer);
+}
+
+int cTestDesktop::IsEntered()
+{
+    char        szName[sizeof m_szName] = "";
+    const HDESK hDesktop                = GetThreadDesktop(GetCurrentThreadId());
+    GetUserObjectInformationA(hDesktop, UOI_NAME, szName, sizeof szName, nullptr);
+    return !IsWine() || strncmp(szName, kNameStart, strlen(kNameStart)) == 0;
+}
+
+int cTestDesktop::RunThisProgram() const
+{
+    char szProgram[MAX_PATH] = "";
+    char szDesktop[sizeof m_szName];
+    GetModuleFileNameA(nullptr, szProgram, sizeof szProgram);
+    snprintf(szDesktop, sizeof szDesktop, "%s", m_szName);
+
+    STARTUPINFOA Startup = {};
+    Startup.cb           = sizeof Startup;
+    Startup.lpDesktop    = szDesktop;
+    Startup.dwFlags      = STARTF_USESTDHANDLES;
+    Startup.hStdInput    = GetStdHandle(STD_INPUT_HANDLE);
+    Startup.hStdOutput   = GetStdHandle(STD_OUTPUT_HANDLE);
+    Startup.hStdError    = GetStdHandle(STD_ERROR_HANDLE);
+
+    PROCESS_INFORMATION Second = {};
+    if (!CreateProcessA(szProgram, GetCommandLineA(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                        &Startup, &Second))
+        return 1;
+    DWORD nExitCode = 1;
+    WaitForSingleObject(Second.hProcess, INFINITE);
+    GetExitCodeProcess(Second.hProcess, &nExitCode);
+    CloseHandles(Second);
+    return static_cast<int>(nExitCode);
+}

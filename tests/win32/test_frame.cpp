@@ -1,0 +1,87 @@
+#include "tests/win32/test_frame.h"
+
+#include <doctest/doctest.h>
+
+cWindowClass cTestFrame::s_Class;
+
+const cTestFrame::cMessageRow cTestFrame::s_Messages[] = {
+    {WM_COMMAND, &cTestFrame::OnCommand},
+    {WM_NOTIFY, &cTestFrame::OnNotify},
+    {WM_CTLCOLOREDIT, &cTestFrame::OnCtlColor},
+    {WM_CTLCOLORSTATIC, &cTestFrame::OnCtlColor},
+};
+
+cTestFrame::cTestFrame(cMessageBoxes *pBoxes) : cBaseWindow(pBoxes), m_ClassShare(&s_Class)
+{
+    m_dwStyle = WS_OVERLAPPEDWINDOW | WS_VISIBLE;
+}
+
+cTestFrame::~cTestFrame()
+{
+    Close();
+}
+
+void cTestFrame::Open(const char *szTitle, int nWidth, int nHeight)
+{
+    WNDCLASSA Class     = {};
+    Class.lpfnWndProc   = &WindowProc;
+    Class.hInstance     = ProgramInstance();
+    Class.hCursor       = LoadCursorA(nullptr, IDC_ARROW);
+    Class.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+    Class.lpszClassName = GetClassName();
+    REQUIRE(m_ClassShare.Acquire(Class) == 1);
+
+    const HWND hWnd = CreateWindowExA(m_dwExStyle, GetClassName(), szTitle, m_dwStyle, 20, 20,
+                                      nWidth, nHeight, nullptr, nullptr, ProgramInstance(), this);
+    REQUIRE(hWnd != nullptr);
+    SetCreated(hWnd);
+    SetForegroundWindow(hWnd);
+    HandleWaitingMessages();
+}
+
+void cTestFrame::Close()
+{
+    if (m_hWnd)
+        DestroyWindow(m_hWnd);
+}
+
+LRESULT CALLBACK cTestFrame::WindowProc(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam)
+{
+    return HandleMessage(s_Messages, hWnd, nMessage, wParam, lParam);
+}
+
+LRESULT cTestFrame::OnCommand(WPARAM wParam, LPARAM lParam)
+{
+    m_Commands.push_back({LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam)});
+    return 0;
+}
+
+LRESULT cTestFrame::OnNotify(WPARAM, LPARAM lParam)
+{
+    if (m_OnNotify)
+        m_OnNotify(reinterpret_cast<NMHDR *>(lParam));
+    return 0;
+}
+
+LRESULT cTestFrame::OnCtlColor(WPARAM wParam, LPARAM)
+{
+    return m_OnCtlColor ? reinterpret_cast<LRESULT>(m_OnCtlColor(reinterpret_cast<HDC>(wParam)))
+                        : 0;
+}
+
+void HandleWaitingMessages()
+{
+    MSG Message;
+    while (PeekMessageA(&Message, nullptr, 0, 0, PM_REMOVE))
+    {
+        TranslateMessage(&Message);
+        DispatchMessageA(&Message);
+    }
+}
+
+int ShowedOnlyError(const cRecordingBoxes &Boxes, const char *szText)
+{
+    return Boxes.m_Boxes.size() == 1 && Boxes.m_Boxes[0].m_Text == szText &&
+           Boxes.m_Boxes[0].m_Caption.empty() && Boxes.m_Boxes[0].m_nButtons == bnOk &&
+           Boxes.m_Boxes[0].m_nIcon == icError;
+}

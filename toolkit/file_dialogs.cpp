@@ -1,0 +1,25 @@
+#include "toolkit/file_dialogs.h"
+
+int AskFileName(eFileNameDialog nDialog, const char *szFilter, const char *szFolder,
+                const char *szExtension, char (&szFileName)[kFileName])
+{
+    char szCurrent[kFileName] = "";
+    GetCurrentDirectoryA(sizeof szCurrent, szCurrent);
+
+    OPENFILENAMEA Dialog   = {};
+    Dialog.lStructSize     = sizeof Dialog;
+    Dialog.hwndOwner       = GetForegroundWindow();
+    Dialog.lpstrFilter     = szFilter;
+    Dialog.lpstrFile       = szFileName;
+    Dialog.nMaxFile        = kFileName;
+    Dialog.lpstrInitialDir = szFolder ? szFolder : szCurrent;
+    Dialog.lpstrDefExt     = szExtension;
+    Dialog.Flags           = OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST;
+    if (nDialog == fnOpen)
+    {
+        Dialog.Flags |= OFN_FILEMUSTEXIST;
+        return GetOpenFileNameA(&Dialog) ? 1 : 0;
+    }
+    Dialog.Flags |= OFN_OVERWRITEPROMPT;
+    return GetSaveFileNameA(&Dialog) ? 1 : 0;
+}
