@@ -1,0 +1,48 @@
+#include "shell/window_layout.h"
+
+#include <algorithm>
+
+cLayoutSize FindClientSize(cWindowParts *pParts)
+{
+    pParts->m_nListingWidth   = std::max(pParts->m_nListingWidth, kLeastListingWidth);
+    pParts->m_nRegistersWidth = std::max(pParts->m_nRegistersWidth, kLeastRegistersWidth);
+
+    cLayoutSize Size = {2 * pParts->m_nEdgeX + kFaceWidth, 2 * pParts->m_nEdgeY + kFaceHeight};
+    if (pParts->m_bListing)
+        Size.m_nWidth += pParts->m_nListingWidth;
+    if (pParts->m_bRegisters)
+        Size.m_nWidth += pParts->m_nRegistersWidth;
+    Size.m_nHeight += pParts->m_nToolBarHeight + pParts->m_nStatusBarHeight;
+    return Size;
+}
+
+// Beside the listing the registers take half of the rest, and no more than
+// they need; alone they take all of it.
+static int FindRegistersWidth(const cWindowParts &Parts, int nRest)
+{
+    if (!Parts.m_bRegisters)
+        return 0;
+    return Parts.m_bListing ? std::min(nRest / 2, kRegistersWidth) : nRest;
+}
+
+int FindLayout(const cWindowParts &Parts, const cLayoutSize &Client, cWindowLayout *pLayout)
+{
+    const int nTop    = Parts.m_nToolBarHeight;
+    const int nHeight = Client.m_nHeight - nTop - Parts.m_nStatusBarHeight;
+    if (nHeight <= 0 || Client.m_nWidth <= 0)
+        return 0;
+
+    const int nKeypad    = std::min(2 * Parts.m_nEdgeX + kFaceWidth, Client.m_nWidth);
+    const int nRest      = Client.m_nWidth - nKeypad;
+    const int nRegisters = FindRegistersWidth(Parts, nRest);
+    const int nListing   = Parts.m_bListing ? nRest - nRegisters : 0;
+    pLayout->m_Keypad    = {0, nTop, nKeypad, std::min(2 * Parts.m_nEdgeY + kFaceHeight, nHeight)};
+    pLayout->m_Listing   = {nKeypad, nTop, nListing, nHeight};
+    pLayout->m_Registers = {nKeypad + nListing, nTop, nRegisters, nHeight};
+    return 1;
+}
+
+int FaceOffset(int nScreenHeight)
+{
+    return nScreenHeight < kFullFaceScreen ? kLowFaceOffset : 0;
+}
