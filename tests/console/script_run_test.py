@@ -32,7 +32,8 @@ class LimitTest(RunCase):
                                  (rounds, line, ""))
 
     def test_10000_lines_unless_told(self):
-        self.assertEqual(self.state_after("open endless.txt", START)["reg"][1], 2500)
+        state = self.state_after("open endless.txt", START)
+        self.assertEqual((state["reg"][1], state["line"]), (2500, 1))
 
     def test_the_halting_key_is_pressed_and_released(self):
         sounds, state = self.sounds_and_state("open endless.txt", "limit 6", START)

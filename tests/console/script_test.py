@@ -112,26 +112,41 @@ class CommandTest(ConsoleCase):
     def test_an_empty_script(self):
         self.assertEqual(self.script(), [])
 
-    def test_each_answer_comes_at_once(self):
-        process = subprocess.Popen([*console_case.command, "script"], cwd=self.folder,
+    def talk(self, *arguments):
+        """Starts the program; it is killed at the end of the test, or when it
+        lets the test wait in vain."""
+        process = subprocess.Popen([*console_case.command, "script", *arguments], cwd=self.folder,
                                    stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                                    stderr=subprocess.PIPE)
-        guard = threading.Timer(console_case.TIMEOUT, process.kill)     # the end of a wait in vain
+        guard = threading.Timer(console_case.TIMEOUT, process.kill)
         guard.start()
-        try:
-            for line, event in ((b"down 20\n", "sound"), (b"state\n", "state"), (b"walk\n", "bad"),
-                                (b"open missing.txt\n", "box")):
-                process.stdin.write(line)
-                process.stdin.flush()
-                self.assertEqual(json.loads(process.stdout.readline() or b"{}").get("event"), event)
-            out, err = process.communicate()
-            self.assertEqual((process.returncode, out, err), (2, b"", b""))
-        finally:
+
+        def end():
             guard.cancel()
             process.kill()
             for pipe in (process.stdin, process.stdout, process.stderr):
                 pipe.close()
             process.wait()
+
+        self.addCleanup(end)
+        return process
+
+    def test_each_answer_comes_at_once(self):
+        process = self.talk()
+        for line, event in ((b"down 20\n", "sound"), (b"state\n", "state"), (b"walk\n", "bad"),
+                            (b"open missing.txt\n", "box")):
+            process.stdin.write(line)
+            process.stdin.flush()
+            self.assertEqual(json.loads(process.stdout.readline() or b"{}").get("event"), event)
+        out, err = process.communicate()
+        self.assertEqual((process.returncode, out, err), (2, b"", b""))
+
+    def test_the_answers_to_a_file_come_at_once_too(self):
+        self.listing("PAUSE", "LBL 0", "GTO 0", name="endless.txt")
+        self.write("script.txt", "open endless.txt\nlimit 1000000000000\nkey 30\n")
+        process = self.talk("script.txt")
+        self.assertEqual([process.stdout.readline().strip() for _ in range(2)],
+                         [b'{"event":"sound","id":10050}', b'{"event":"pause","ms":1000}'])
 
 
 class KeyTest(ConsoleCase):
@@ -149,9 +164,10 @@ class KeyTest(ConsoleCase):
         self.assertEqual(self.sounds(f"key {STACK_VIEW}"), [CLICK, STACK_SHOWN, STACK_HIDDEN])
 
     def test_any_key_code_is_passed_on(self):
-        codes = ["0", "33", "100", "4294967295", "18446744073709551616", "007"]
+        codes = ["0", "33", "100", "4294967295", "4294967297", "18446744073709551617"]
         boxes = self.boxes(*(f"key {code}" for code in codes))
-        self.assertEqual([box["text"] for box in boxes], 5 * ["Program Error Code #101"])
+        self.assertEqual([box["text"] for box in boxes], 6 * ["Program Error Code #101"])
+        self.assertEqual(self.sounds("key 007"), [CLICK])
 
     def test_text_types_on_the_keyboard(self):
         self.assertEqual(self.state_after("text 12\\r5*")["stack"][0]["value"], 60)
