@@ -1,5 +1,6 @@
 #include "engine/listing_parser.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
 #include <cstring>
@@ -100,15 +101,22 @@ const char *NextFileLine(const char *pText, const char *pEnd, char (&szLine)[kFi
 {
     if (pText == pEnd)
         return nullptr;
-    size_t nLength = 0;
-    int    bEnded  = 0;
-    while (pText < pEnd && !bEnded && nLength < kFileLineText - 1)
+    const size_t nMost    = kFileLineText - 1;
+    const size_t nLeft    = static_cast<size_t>(pEnd - pText);
+    const void  *pLineEnd = memchr(pText, '\n', std::min(nLeft, nMost + 1));
+    size_t       nTaken   = std::min(nLeft, nMost);
+    size_t       nLength  = nTaken;
+    if (pLineEnd)
     {
-        if (*pText == '\r' && pText + 1 < pEnd && pText[1] == '\n')
-            pText++;
-        bEnded            = *pText == '\n';
-        szLine[nLength++] = *pText++;
+        const size_t nToEnd  = static_cast<size_t>(static_cast<const char *>(pLineEnd) - pText);
+        const size_t nReturn = nToEnd > 0 && pText[nToEnd - 1] == '\r' ? 1 : 0;
+        if (nToEnd - nReturn < nMost)
+        {
+            nTaken  = nToEnd + 1;
+            nLength = nToEnd - nReturn;
+        }
     }
-    szLine[nLength - static_cast<size_t>(bEnded)] = 0;
-    return pText;
+    memcpy(szLine, pText, nLength);
+    szLine[nLength] = 0;
+    return pText + nTaken;
 }
