@@ -240,8 +240,10 @@ int cEditBox::InsertLine(int nLine, const char *szText)
 int cEditBox::ReplaceLine(int nLine, const char *szText)
 {
     const int nStart = LineStart(nLine);
-    const int nEnd   = LineStart(nLine + 1);
-    if (nStart < 0 || nEnd < 0)
+    if (nStart < 0)
+        return 0;
+    const int nEnd = LineStart(nLine + 1);
+    if (nEnd < 0)
         return 0;
     ReplaceRange(nStart, nEnd, szText);
     return 1;
@@ -281,28 +283,25 @@ int cEditBox::SetText(const char *szText)
 
 int cEditBox::HighlightLines(int nLine, int nCount)
 {
-    const int nStart  = LineStart(nLine);
-    const int nBehind = LineStart(nLine + nCount);
-    const int nEnd    = nBehind < 0 ? TextEnd() : nBehind;
+    const int nStart = LineStart(nLine);
     if (nStart < 0)
         return 0;
+    const int nBehind = LineStart(nLine + nCount);
+    const int nEnd    = nBehind < 0 ? TextEnd() : nBehind;
 
     const int nFirst = FirstVisibleLine();
     const int nScroll =
         HighlightScroll(nLine, nFirst, LastVisibleLine(), m_bRich ? kRichScrollMargin : 0);
     SendMessageA(m_hWnd, EM_SETSEL, static_cast<WPARAM>(nStart), nEnd);
-    if (!m_bRich)
-        ScrollTo(kScrollToLeftEdge, nFirst + nScroll);
-    else if (m_bRichScrollOk)
-        ScrollTo(0, nFirst + nScroll);
-    else if (nScroll < 0)
+    ScrollTo(m_bRich ? 0 : kScrollToLeftEdge, nFirst + nScroll);
+    if (!ScrollsByLines() && nScroll < 0)
         SendMessageA(m_hWnd, EM_SCROLLCARET, 0, 0);
     return 1;
 }
 
 HBRUSH cEditBox::OnCtlColor(HDC hDc) const
 {
-    ::SetTextColor(hDc, m_crText);
+    SetTextColor(hDc, m_crText);
     return static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
 }
 
@@ -364,17 +363,26 @@ int cEditBox::LastVisibleLine() const
     return nFirst + static_cast<WORD>(HIWORD(nFound) - nFirst);
 }
 
-// nEnd -1 is the end of the text.
+// nEnd -1 is the end of the text. The view stays at its lines.
 void cEditBox::ReplaceRange(int nStart, int nEnd, const char *szText)
 {
+    const int nFirst = FirstVisibleLine();
     SendMessageA(m_hWnd, EM_SETSEL, static_cast<WPARAM>(nStart), nEnd);
     SendMessageA(m_hWnd, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(szText));
+    ScrollTo(0, nFirst);
 }
 
-// Selecting and replacing may have scrolled already, or not, as the platform
-// pleases.
+// Old rich-edit controls do not.
+int cEditBox::ScrollsByLines() const
+{
+    return !m_bRich || m_bRichScrollOk;
+}
+
+// To a line, wherever the platform has scrolled when it selected or replaced
+// text; and by a number of characters.
 void cEditBox::ScrollTo(int nCharacters, int nFirstLine)
 {
-    SendMessageA(m_hWnd, EM_LINESCROLL, static_cast<WPARAM>(nCharacters),
-                 nFirstLine - FirstVisibleLine());
+    if (ScrollsByLines())
+        SendMessageA(m_hWnd, EM_LINESCROLL, static_cast<WPARAM>(nCharacters),
+                     nFirstLine - FirstVisibleLine());
 }

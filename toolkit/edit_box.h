@@ -63,12 +63,12 @@ public:
     // Always returns 1.
     int GetLine(int nLine, char *szText, size_t nSize) const;
 
-    // Puts szText before line nLine; it carries its own line end. 0 if there is
-    // no such line.
+    // Puts szText before line nLine; it carries its own line end. The view stays
+    // at its lines. 0 if there is no such line.
     int InsertLine(int nLine, const char *szText);
 
-    // Puts szText in the place of line nLine and its line end. 0 if there is no
-    // such line or none behind it.
+    // Puts szText in the place of line nLine and its line end. The view stays at
+    // its lines. 0 if there is no such line or none behind it.
     int ReplaceLine(int nLine, const char *szText);
 
     // The whole text, line ends included.
@@ -111,6 +111,7 @@ private:
     int  FirstVisibleLine() const;
     int  LastVisibleLine() const;
     void ReplaceRange(int nStart, int nEnd, const char *szText);
+    int  ScrollsByLines() const;
     void ScrollTo(int nCharacters, int nFirstLine);
 
     HFONT        m_hFont;

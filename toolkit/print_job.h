@@ -67,7 +67,7 @@ private:
     HDC            m_hDc;
     HWND           m_hOwner;
     cSendingDialog m_Dialog;
-    cPrintJob     *m_pFormer;  // the platform may start a job within a job's messages
+    cPrintJob     *m_pFormer;  // a message that this job has dispatched may start another
 };
 
 #endif

@@ -10,6 +10,7 @@ namespace
 {
 
 const UINT kMenuClosed = 0xFFFF;
+const int  kMostParts  = 256;  // that the platform allows
 
 // The progress bar within the last part, in pixels.
 const int kProgressLeft   = 4;
@@ -99,8 +100,8 @@ void cStatusBar::PlaceProgressBar()
 // The right edge of the part before it, 0 if it is the only one.
 int cStatusBar::LastPartLeft() const
 {
-    int       Edges[kMostStatusParts] = {};
-    const int nParts                  = static_cast<int>(
-        SendMessageA(m_hWnd, SB_GETPARTS, kMostStatusParts, reinterpret_cast<LPARAM>(Edges)));
+    int       Edges[kMostParts] = {};
+    const int nParts            = static_cast<int>(
+        SendMessageA(m_hWnd, SB_GETPARTS, kMostParts, reinterpret_cast<LPARAM>(Edges)));
     return nParts > 1 ? Edges[nParts - 2] : 0;
 }

@@ -13,9 +13,8 @@
 
 class cProgressBar;
 
-const int kStatusText      = 513;  // characters of a part's text, closing zero included
-const int kMenuHelpText    = 129;  // characters of a menu item's help, closing zero included
-const int kMostStatusParts = 256;
+const int kStatusText   = 513;  // characters of a part's text, closing zero included
+const int kMenuHelpText = 129;  // characters of a menu item's help, closing zero included
 
 class cStatusBar : public cBaseWindow
 {

@@ -1,6 +1,7 @@
 #include "toolkit/text_printer.h"
 
 #include <algorithm>
+#include <cstring>
 #include <new>
 
 #include "toolkit/print_job.h"
@@ -36,7 +37,7 @@ void cTextPages::DrawSheet(int nSheet) const
     const int nFirst = FirstLineOfPage(m_Plan, nPage);
     const int nCount = CountLinesOfPage(m_Plan, nPage);
 
-    // Some printers forget both from page to page.
+    // A new page may have forgotten both.
     const cSelectGuard Selected(m_hDc, m_Font.Get());
     SetTextColor(m_hDc, m_Look.m_crText);
     for (int i = 0; i < nCount; i++)

@@ -311,6 +311,20 @@ TEST_CASE("a line without one behind it cannot be replaced")
     CHECK(Rig.Text() == "a\r\nb");
 }
 
+TEST_CASE("changing a line outside the view does not move the view")
+{
+    cEditRig Rig;
+    Rig.m_Box.SetText(NumberedLines(99).c_str());
+    Rig.Send(EM_LINESCROLL, 0, 40);
+
+    Rig.m_Box.ReplaceLine(5, "above\r\n");
+    CHECK(Rig.FirstVisible() == 40);
+    Rig.m_Box.ReplaceLine(98, "below\r\n");
+    CHECK(Rig.FirstVisible() == 40);
+    Rig.m_Box.InsertLine(99, "behind\r\n");
+    CHECK(Rig.FirstVisible() == 40);
+}
+
 TEST_CASE("the text of an edit box is read as far as there is room")
 {
     cEditRig Rig;

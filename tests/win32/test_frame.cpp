@@ -21,7 +21,7 @@ cTestFrame::~cTestFrame()
     Close();
 }
 
-void cTestFrame::Open(const char *szTitle, int nWidth, int nHeight)
+void cTestFrame::Open()
 {
     WNDCLASSA Class     = {};
     Class.lpfnWndProc   = &WindowProc;
@@ -31,8 +31,8 @@ void cTestFrame::Open(const char *szTitle, int nWidth, int nHeight)
     Class.lpszClassName = GetClassName();
     REQUIRE(m_ClassShare.Acquire(Class) == 1);
 
-    const HWND hWnd = CreateWindowExA(m_dwExStyle, GetClassName(), szTitle, m_dwStyle, 20, 20,
-                                      nWidth, nHeight, nullptr, nullptr, ProgramInstance(), this);
+    const HWND hWnd = CreateWindowExA(m_dwExStyle, GetClassName(), "Test frame", m_dwStyle, 20, 20,
+                                      640, 480, nullptr, nullptr, ProgramInstance(), this);
     REQUIRE(hWnd != nullptr);
     SetCreated(hWnd);
     SetForegroundWindow(hWnd);

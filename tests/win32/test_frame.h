@@ -30,8 +30,8 @@ public:
 
     const char *GetClassName() const override { return "cTestFrame"; }
 
-    // A shown top-level window with a title.
-    void Open(const char *szTitle = "Test frame", int nWidth = 640, int nHeight = 480);
+    // A shown top-level window with the title "Test frame".
+    void Open();
 
     // Destroys the window with all its children.
     void Close();
