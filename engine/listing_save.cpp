@@ -15,10 +15,10 @@ static const size_t      kListingMark = 3;  // "05 ", "   " or "-- "
 static const char *const kUntitled    = "UNTITLED";
 
 // Where the line behind the one at pText begins.
-static const char *EndOfLine(const char *pText)
+static const char *EndOfLine(const char *pText, const char *pTextEnd)
 {
-    const char *const pEnd = strchr(pText, '\n');
-    return pEnd ? pEnd + 1 : pText + strlen(pText);
+    const void *const pLineEnd = memchr(pText, '\n', static_cast<size_t>(pTextEnd - pText));
+    return pLineEnd ? static_cast<const char *>(pLineEnd) + 1 : pTextEnd;
 }
 
 static int IsRunStopLine(const char *pLine, const char *pEnd)
@@ -31,12 +31,12 @@ static int IsRunStopLine(const char *pLine, const char *pEnd)
 
 // The end of the last line that is written: trailing R/S lines are not, since
 // an unused line holds R/S. Line 0 is never written.
-static const char *FindListingEnd(const char *pFirst)
+static const char *FindListingEnd(const char *pFirst, const char *pTextEnd)
 {
     const char *pListingEnd = pFirst;
-    for (const char *pLine = pFirst; *pLine;)
+    for (const char *pLine = pFirst; pLine < pTextEnd;)
     {
-        const char *const pEnd = EndOfLine(pLine);
+        const char *const pEnd = EndOfLine(pLine, pTextEnd);
         if (!IsRunStopLine(pLine, pEnd))
             pListingEnd = pEnd;
         pLine = pEnd;
@@ -53,16 +53,16 @@ int cVorstekEngine::SaveProgram(const char *szFileName)
         free);
     if (!Text)
         return 0;
-    m_pListing->GetText(Text.get(), nLength + 1);
+    const char *const pTextEnd = Text.get() + m_pListing->GetText(Text.get(), nLength + 1);
 
     cReplacementFile File;
     if (!File.Open(szFileName, "wb"))
         return 0;
-    const char       *pLine = EndOfLine(Text.get());
-    const char *const pEnd  = FindListingEnd(pLine);
+    const char       *pLine = EndOfLine(Text.get(), pTextEnd);
+    const char *const pEnd  = FindListingEnd(pLine, pTextEnd);
     while (pLine < pEnd)
     {
-        const char *const pNext = EndOfLine(pLine);
+        const char *const pNext = EndOfLine(pLine, pTextEnd);
         fwrite(pLine + kListingMark, 1, static_cast<size_t>(pNext - pLine) - kListingMark,
                File.Stream());
         pLine = pNext;

@@ -24,7 +24,7 @@ if os.name == "posix":
 
 # Generous: an emulator, sanitizers and a busy machine may come together. A
 # program that hangs is found all the same.
-TIMEOUT = 240
+TIMEOUT = 120
 
 REPOSITORY = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 EXAMPLES = os.path.join(REPOSITORY, "examples")
