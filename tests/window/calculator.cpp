@@ -1,0 +1,426 @@
+#include "tests/window/calculator.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+
+#include "resources/resource.h"
+#include "shell/face_geometry.h"
+#include "tests/window/face_reader.h"
+#include "tests/window/input.h"
+#include "tests/window/waiting.h"
+
+static const char kDialogClass[] = "#32770";
+
+static const int kDisplayCharacters = 20;  // of the main line
+static const int kBottomCharacters  = 19;
+static const int kAngleCharacters   = 3;
+
+static std::string TextOf(HWND hWnd)
+{
+    std::string Text(static_cast<size_t>(SendMessageA(hWnd, WM_GETTEXTLENGTH, 0, 0)), 0);
+    SendMessageA(hWnd, WM_GETTEXT, Text.size() + 1, reinterpret_cast<LPARAM>(Text.data()));
+    return Text;
+}
+
+static std::string ClassOf(HWND hWnd)
+{
+    char szClass[64] = "";
+    GetClassNameA(hWnd, szClass, sizeof szClass);
+    return szClass;
+}
+
+static std::vector<std::string> LinesOf(HWND hBox)
+{
+    std::vector<std::string> Lines;
+    const std::string        Text = TextOf(hBox);
+    for (size_t nStart = 0; nStart < Text.size();)
+    {
+        const size_t nEnd = std::min(Text.find("\r\n", nStart), Text.size());
+        Lines.push_back(Text.substr(nStart, nEnd - nStart));
+        nStart = nEnd + 2;
+    }
+    return Lines;
+}
+
+static std::string Trimmed(const std::string &Text)
+{
+    const size_t nFirst = Text.find_first_not_of(' ');
+    if (nFirst == std::string::npos)
+        return "";
+    return Text.substr(nFirst, Text.find_last_not_of(' ') - nFirst + 1);
+}
+
+// The first top window of the process for which IsIt(hWnd), from the front to
+// the back; null if there is none.
+template <class cIsIt> static HWND FindWindowOf(DWORD dwProcess, cIsIt IsIt)
+{
+    struct cSearch
+    {
+        DWORD m_dwProcess;
+        cIsIt m_IsIt;
+        HWND  m_hFound;
+    } Search = {dwProcess, IsIt, nullptr};
+    EnumWindows(
+        [](HWND hWnd, LPARAM lParam) -> BOOL {
+            auto &Current = *reinterpret_cast<cSearch *>(lParam);
+            DWORD dwOwner = 0;
+            GetWindowThreadProcessId(hWnd, &dwOwner);
+            if (dwOwner != Current.m_dwProcess || !IsWindowVisible(hWnd) || !Current.m_IsIt(hWnd))
+                return TRUE;
+            Current.m_hFound = hWnd;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&Search));
+    return Search.m_hFound;
+}
+
+template <class cVisit> static void ForEachChild(HWND hWnd, cVisit Visit)
+{
+    for (HWND hChild = GetWindow(hWnd, GW_CHILD); hChild; hChild = GetWindow(hChild, GW_HWNDNEXT))
+        Visit(hChild);
+}
+
+cOwnedProcess::~cOwnedProcess()
+{
+    if (!hProcess)
+        return;
+    TerminateProcess(hProcess, 0);
+    WaitForSingleObject(hProcess, kPatience);
+    CloseHandle(hThread);
+    CloseHandle(hProcess);
+}
+
+cCalculator::cCalculator(int bStayAtWelcome)
+    : m_hWnd(nullptr),
+      m_nFaceOffset(GetSystemMetrics(SM_CYSCREEN) < kFullFaceScreen ? kLowFaceOffset : 0)
+{
+    std::filesystem::copy_file(VORSTEK_PROGRAM, m_Folder.Name("Vorstek.exe"));
+    std::string  Program = Path("Vorstek.exe");
+    STARTUPINFOA Startup = {};
+    Startup.cb           = sizeof Startup;
+    REQUIRE(CreateProcessA(nullptr, Program.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                           Path("").c_str(), &Startup, &m_Process));
+    const HWND hWelcome = WaitFor([this] { return Welcome(); });
+    REQUIRE(hWelcome);
+    m_Probe.Attach(hWelcome);
+    if (!bStayAtWelcome)
+        PassWelcome();
+}
+
+HWND cCalculator::Welcome() const
+{
+    return FindWindowOf(m_Process.dwProcessId,
+                        [](HWND hWnd) { return TextOf(hWnd) == "Welcome to Vorstek.exe"; });
+}
+
+void cCalculator::PassWelcome()
+{
+    const HWND hOk = GetDlgItem(Welcome(), IDOK);
+    REQUIRE(WaitFor([hOk] { return IsWindowEnabled(hOk); }));
+    ClickMiddleOf(hOk);
+    m_hWnd = WaitFor([this] {
+        return FindWindowOf(m_Process.dwProcessId,
+                            [](HWND hWnd) { return ClassOf(hWnd) == "cVorstek"; });
+    });
+    REQUIRE(m_hWnd);
+    m_Probe.SetWindow(m_hWnd);
+    Settle();
+}
+
+HWND cCalculator::Child(const char *szClass, int nId) const
+{
+    HWND hFound = nullptr;
+    ForEachChild(m_hWnd, [&](HWND hChild) {
+        if (GetDlgCtrlID(hChild) == nId && lstrcmpiA(ClassOf(hChild).c_str(), szClass) == 0)
+            hFound = hChild;
+    });
+    return hFound;
+}
+
+void cCalculator::Settle() const
+{
+    REQUIRE(WaitFor([this] { return !m_Probe.Ask(pbQueue).m_nValue; }));
+}
+
+// --- the face
+
+POINT cCalculator::OnFace(int x, int y) const
+{
+    POINT Point = {x, y - m_nFaceOffset};
+    ClientToScreen(Keypad(), &Point);
+    return Point;
+}
+
+POINT cCalculator::OnKey(unsigned nCode) const
+{
+    const cFaceRect &Rect = kKeyRects[nCode - 1];
+    return OnFace(Rect.m_nLeft + Rect.m_nWidth / 2, Rect.m_nTop + Rect.m_nHeight / 2);
+}
+
+void cCalculator::HitKeys(std::initializer_list<unsigned> Codes)
+{
+    for (const unsigned nCode : Codes)
+    {
+        ::Click(OnKey(nCode));
+        Settle();
+    }
+}
+
+void cCalculator::Slide(eSwitch nSwitch, int bRight)
+{
+    const cFaceRect &Rect    = kSwitchRects[nSwitch];
+    const int        nTravel = Rect.m_nWidth - kThumbWidth;
+    const int        x       = Rect.m_nLeft + kThumbWidth / 2;
+    const int        y       = Rect.m_nTop + Rect.m_nHeight / 2;
+    MoveMouse(OnFace(bRight ? x : x + nTravel, y));
+    PressMouse();
+    MoveMouse(OnFace(bRight ? x + nTravel : x, y));
+    ReleaseMouse();
+    Settle();
+}
+
+std::string cCalculator::Read(int bSmall, int nLeft, int nTop, int nLength) const
+{
+    static const cFaceReader s_Large(ffLarge);
+    static const cFaceReader s_Small(ffSmall);
+
+    // The texts stand in the calculator's window, over the keypad's edge.
+    RECT Face = {};
+    GetWindowRect(Keypad(), &Face);
+    const int x = GetSystemMetrics(SM_CXEDGE) + nLeft;
+    const int y = GetSystemMetrics(SM_CYEDGE) - m_nFaceOffset + nTop;
+    return (bSmall ? s_Small : s_Large).Read(cPicture::OfScreen(Face), x, y, nLength);
+}
+
+int cCalculator::Reads(int bSmall, int nLeft, int nTop, int nLength, const std::string &Text) const
+{
+    std::string Seen;
+    if (WaitFor([&] {
+            Seen = Trimmed(Read(bSmall, nLeft, nTop, nLength));
+            return Seen == Text;
+        }))
+        return 1;
+    MESSAGE("the display shows ", Seen, " where ", Text, " is expected");
+    PhotographScreen().Save("failed-reading");
+    return 0;
+}
+
+int cCalculator::ReadsX(const std::string &Text) const
+{
+    return Reads(0, 59, 66, kDisplayCharacters, Text);
+}
+
+int cCalculator::ReadsProgramLine(const std::string &Text) const
+{
+    return Reads(0, 50, 66, kDisplayCharacters, Text);
+}
+
+int cCalculator::ReadsBottom(const std::string &Text) const
+{
+    return Reads(1, 50, 42, kBottomCharacters, Text);
+}
+
+int cCalculator::ReadsAngle(const std::string &Text) const
+{
+    return Reads(1, 234, 40, kAngleCharacters, Text);
+}
+
+// --- the windows beside it
+
+std::vector<std::string> cCalculator::ListingLines() const
+{
+    return LinesOf(Listing());
+}
+
+std::vector<std::string> cCalculator::RegistersLines() const
+{
+    return LinesOf(Registers());
+}
+
+std::string cCalculator::HighlightedLine() const
+{
+    const auto        nSelection = static_cast<DWORD>(SendMessageA(Listing(), EM_GETSEL, 0, 0));
+    const std::string Text       = TextOf(Listing());
+    const std::string Selected =
+        Text.substr(LOWORD(nSelection), HIWORD(nSelection) - LOWORD(nSelection));
+    return Selected.substr(0, Selected.find("\r\n"));
+}
+
+std::string cCalculator::StatusText() const
+{
+    return m_Probe.Ask(pbStatusText).m_szText;
+}
+
+int cCalculator::IsListingShown() const
+{
+    return IsWindowVisible(Listing());
+}
+
+int cCalculator::IsRegistersShown() const
+{
+    return IsWindowVisible(Registers());
+}
+
+// --- menu
+
+UINT cCalculator::MenuState(unsigned nId) const
+{
+    return static_cast<UINT>(m_Probe.Ask(pbMenuState, nId).m_nValue);
+}
+
+std::string cCalculator::MenuText(unsigned nId) const
+{
+    return m_Probe.Ask(pbMenuText, nId).m_szText;
+}
+
+static POINT MiddleOf(const RECT &Rect)
+{
+    return {(Rect.left + Rect.right) / 2, (Rect.top + Rect.bottom) / 2};
+}
+
+void cCalculator::Choose(unsigned nMenu, unsigned nId)
+{
+    ::Click(MiddleOf(m_Probe.Ask(pbBarRect, nMenu).m_Rect));
+    REQUIRE(WaitFor([&] { return FindWindowA("#32768", nullptr) != nullptr; }));
+    Settle();
+    const cProbeAnswer Item = m_Probe.Ask(pbMenuRect, nId);
+    REQUIRE(Item.m_nValue);
+    ::Click(MiddleOf(Item.m_Rect));
+    Settle();
+}
+
+// --- boxes and dialogs
+
+int cCalculator::HasDialog() const
+{
+    return FindWindowOf(m_Process.dwProcessId,
+                        [](HWND hWnd) { return ClassOf(hWnd) == kDialogClass; }) != nullptr;
+}
+
+HWND cCalculator::Dialog() const
+{
+    return WaitFor([this] {
+        return FindWindowOf(m_Process.dwProcessId, [](HWND hWnd) {
+            return ClassOf(hWnd) == kDialogClass && IsWindowEnabled(hWnd);
+        });
+    });
+}
+
+static std::string WithoutMark(std::string Text)
+{
+    Text.erase(std::remove(Text.begin(), Text.end(), '&'), Text.end());
+    return Text;
+}
+
+static int IsButton(HWND hWnd)
+{
+    return ClassOf(hWnd) == "Button" && IsWindowVisible(hWnd);
+}
+
+cSeenBox cCalculator::Box() const
+{
+    cSeenBox   Box;
+    const HWND hDialog = Dialog();
+    if (!hDialog)
+        return Box;
+    Box.m_Caption = TextOf(hDialog);
+    ForEachChild(hDialog, [&](HWND hChild) {
+        if (IsButton(hChild))
+            Box.m_Buttons.push_back(WithoutMark(TextOf(hChild)));
+        else if (ClassOf(hChild) == "Static" && !TextOf(hChild).empty())
+            Box.m_Text = TextOf(hChild);
+    });
+    return Box;
+}
+
+void cCalculator::Click(const std::string &Button)
+{
+    const HWND hDialog = Dialog();
+    REQUIRE(hDialog);
+    HWND hButton = nullptr;
+    ForEachChild(hDialog, [&](HWND hChild) {
+        if (IsButton(hChild) && WithoutMark(TextOf(hChild)) == Button)
+            hButton = hChild;
+    });
+    REQUIRE_MESSAGE(hButton, "no button " << Button);
+    ClickMiddleOf(hButton);
+    REQUIRE(WaitFor([hDialog] { return !IsWindow(hDialog) || !IsWindowVisible(hDialog); }));
+}
+
+int cCalculator::Answers(const std::string &Text, const std::string &Button,
+                         const std::string &Caption)
+{
+    const cSeenBox Seen = Box();
+    const int      bSo  = Seen.m_Text == Text && Seen.m_Caption == Caption;
+    if (!bSo)
+    {
+        MESSAGE("the box ", Seen.m_Caption, " says: ", Seen.m_Text);
+        PhotographScreen().Save("failed-box");
+    }
+    Click(Button);
+    return bSo;
+}
+
+static HWND NameField(HWND hDialog)
+{
+    const int  kNameEdit  = 0x480;
+    const int  kNameCombo = 0x47C;
+    const HWND hEdit      = GetDlgItem(hDialog, kNameEdit);
+    return hEdit ? hEdit : GetDlgItem(hDialog, kNameCombo);
+}
+
+void cCalculator::GiveFileName(const std::string &Name)
+{
+    const HWND hDialog = Dialog();
+    REQUIRE(hDialog);
+    const HWND hField = WaitFor([hDialog] { return NameField(hDialog); });
+    REQUIRE(hField);
+    ClickMiddleOf(hField);
+    ::HitKey('A', kCtrl);
+    Type(Name);
+    REQUIRE(Eventually(Name, [hField] { return TextOf(hField); }) == Name);
+    ::HitKey(VK_RETURN);
+    WaitFor([hDialog] { return !IsWindowVisible(hDialog) || !IsWindowEnabled(hDialog); });
+    Settle();
+}
+
+// --- the process
+
+int cCalculator::IsRunning() const
+{
+    return WaitForSingleObject(m_Process.hProcess, 0) == WAIT_TIMEOUT;
+}
+
+DWORD cCalculator::ExitCode() const
+{
+    DWORD nExitCode = STILL_ACTIVE;
+    WaitForSingleObject(m_Process.hProcess, kPatience);
+    GetExitCodeProcess(m_Process.hProcess, &nExitCode);
+    return nExitCode;
+}
+
+std::pair<int, int> cCalculator::Objects() const
+{
+    const cProbeAnswer Answer = m_Probe.Ask(pbObjects);
+    return {Answer.m_nValue, Answer.m_nMore};
+}
+
+cPicture cCalculator::Photograph() const
+{
+    RECT Rect = {};
+    GetWindowRect(m_hWnd, &Rect);
+    return cPicture::OfScreen(Rect);
+}
+
+cPicture cCalculator::PhotographScreen() const
+{
+    return cPicture::OfScreen({0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)});
+}
+
+std::string cCalculator::Path(const std::string &File) const
+{
+    char szPath[MAX_PATH] = "";
+    GetFullPathNameA(m_Folder.Name(File).c_str(), sizeof szPath, szPath, nullptr);
+    return szPath;
+}

@@ -1,0 +1,105 @@
+#include "tests/window/input.h"
+
+#include "tests/window/probe_link.h"
+
+static void Send(const INPUT &Input)
+{
+    cProbeLink::Current()->Inject(Input);
+}
+
+// Where the mouse was moved last.
+static POINT s_Mouse = {};
+
+// The platform has 65536 steps across the screen and rounds the position that
+// they stand for down; half a step more keeps it on its pixel.
+static LONG StepsOf(LONG nPixel, int nPixels)
+{
+    return static_cast<LONG>((static_cast<LONGLONG>(nPixel) * 65536 + 32768) / nPixels);
+}
+
+// Each event says where it happens, as those of a real mouse do.
+static void SendMouse(DWORD dwWhat)
+{
+    INPUT Input      = {};
+    Input.type       = INPUT_MOUSE;
+    Input.mi.dx      = StepsOf(s_Mouse.x, GetSystemMetrics(SM_CXSCREEN));
+    Input.mi.dy      = StepsOf(s_Mouse.y, GetSystemMetrics(SM_CYSCREEN));
+    Input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | dwWhat;
+    Send(Input);
+}
+
+static void SendKey(WORD nKey, DWORD dwFlags)
+{
+    INPUT Input      = {};
+    Input.type       = INPUT_KEYBOARD;
+    Input.ki.wVk     = nKey;
+    Input.ki.wScan   = static_cast<WORD>(MapVirtualKeyA(nKey, MAPVK_VK_TO_VSC));
+    Input.ki.dwFlags = dwFlags;
+    Send(Input);
+}
+
+void MoveMouse(POINT Position)
+{
+    s_Mouse = Position;
+    SendMouse(0);
+}
+
+void PressMouse(eMouseButton nButton)
+{
+    SendMouse(nButton == mbLeft ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN);
+}
+
+void ReleaseMouse(eMouseButton nButton)
+{
+    SendMouse(nButton == mbLeft ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP);
+}
+
+void Click(POINT Position, eMouseButton nButton)
+{
+    MoveMouse(Position);
+    PressMouse(nButton);
+    ReleaseMouse(nButton);
+}
+
+void ClickMiddleOf(HWND hWnd)
+{
+    RECT Rect = {};
+    GetWindowRect(hWnd, &Rect);
+    Click({(Rect.left + Rect.right) / 2, (Rect.top + Rect.bottom) / 2});
+}
+
+void HitKey(WORD nKey, unsigned nModifiers)
+{
+    const struct
+    {
+        unsigned m_nBit;
+        WORD     m_nKey;
+    } Modifiers[] = {{kCtrl, VK_CONTROL}, {kShift, VK_SHIFT}, {kAlt, VK_MENU}};
+
+    for (const auto &Modifier : Modifiers)
+        if (nModifiers & Modifier.m_nBit)
+            SendKey(Modifier.m_nKey, 0);
+    // Without the mark, Insert and Delete are those of the number pad.
+    const DWORD dwExtended = nKey >= VK_PRIOR && nKey <= VK_DELETE ? KEYEVENTF_EXTENDEDKEY : 0;
+    SendKey(nKey, dwExtended);
+    SendKey(nKey, dwExtended | KEYEVENTF_KEYUP);
+    for (const auto &Modifier : Modifiers)
+        if (nModifiers & Modifier.m_nBit)
+            SendKey(Modifier.m_nKey, KEYEVENTF_KEYUP);
+}
+
+void Type(const std::string &Text)
+{
+    for (const char c : Text)
+    {
+        WCHAR szWide[2] = {};
+        MultiByteToWideChar(CP_ACP, 0, &c, 1, szWide, 1);
+        INPUT Input      = {};
+        Input.type       = INPUT_KEYBOARD;
+        Input.ki.wScan   = szWide[0];
+        Input.ki.dwFlags = KEYEVENTF_UNICODE;
+        Send(Input);
+        Input.ki.dwFlags |= KEYEVENTF_KEYUP;
+        Send(Input);
+    }
+}

@@ -1,0 +1,155 @@
+#include "tests/window/probe.h"
+
+#include <algorithm>
+
+#include <winternl.h>
+
+namespace
+{
+
+// Wine's own GDI handle table, 64 bits: one entry for each possible handle.
+struct cGdiEntry
+{
+    unsigned long long m_nObject;
+    DWORD              m_nOwner;
+    WORD               m_nUnique;
+    BYTE               m_nType;  // 0: free
+    BYTE               m_nFlags;
+    unsigned long long m_nUser;
+};
+
+const size_t kGdiEntries        = 16384;
+const size_t kGdiTableInPeb     = 0xF8;
+const int    kFreshMenus        = 64;
+const UINT   kIndexOfUserHandle = 0xFFFF;
+const UINT   kAnyInput          = QS_INPUT | QS_POSTMESSAGE;
+
+int CountGdiEntries()
+{
+    PROCESS_BASIC_INFORMATION Process = {};
+    NtQueryInformationProcess(GetCurrentProcess(), ProcessBasicInformation, &Process,
+                              sizeof Process, nullptr);
+    const char *const pPeb   = reinterpret_cast<const char *>(Process.PebBaseAddress);
+    const auto *const pTable = *reinterpret_cast<cGdiEntry *const *>(pPeb + kGdiTableInPeb);
+    int               nUsed  = 0;
+    for (size_t i = 0; i < kGdiEntries; i++)
+        nUsed += pTable[i].m_nType != 0;
+    return nUsed;
+}
+
+// Wine does not count the user objects. It gives out the handles that were
+// freed last, then the next higher ones, so the highest of some fresh ones
+// rises with what was never freed.
+int HighestFreshHandle()
+{
+    HMENU hMenus[kFreshMenus];
+    UINT  nHighest = 0;
+    for (HMENU &hMenu : hMenus)
+    {
+        hMenu              = CreateMenu();
+        const auto nHandle = static_cast<UINT>(reinterpret_cast<UINT_PTR>(hMenu));
+        nHighest           = std::max(nHighest, nHandle & kIndexOfUserHandle);
+    }
+    for (const HMENU hMenu : hMenus)
+        DestroyMenu(hMenu);
+    return static_cast<int>(nHighest);
+}
+
+void CountObjects(cProbeAnswer *pAnswer)
+{
+    pAnswer->m_nValue = static_cast<int>(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS));
+    pAnswer->m_nMore  = static_cast<int>(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS));
+    if (pAnswer->m_nValue != 0)
+        return;
+    pAnswer->m_nValue = CountGdiEntries();
+    pAnswer->m_nMore  = HighestFreshHandle();
+}
+
+// The menu with the item, and its position there; null if there is none.
+HMENU FindItem(HMENU hMenu, UINT nId, int *pnPosition)
+{
+    for (int i = 0; i < GetMenuItemCount(hMenu); i++)
+    {
+        const HMENU hSub   = GetSubMenu(hMenu, i);
+        const HMENU hFound = hSub ? FindItem(hSub, nId, pnPosition) : nullptr;
+        if (hFound)
+            return hFound;
+        if (!hSub && GetMenuItemID(hMenu, i) == nId)
+        {
+            *pnPosition = i;
+            return hMenu;
+        }
+    }
+    return nullptr;
+}
+
+void FindItemRect(HWND hWnd, UINT nId, cProbeAnswer *pAnswer)
+{
+    int         nPosition = 0;
+    const HMENU hMenu     = FindItem(GetMenu(hWnd), nId, &nPosition);
+    pAnswer->m_nValue =
+        hMenu && GetMenuItemRect(hWnd, hMenu, static_cast<UINT>(nPosition), &pAnswer->m_Rect);
+}
+
+HWND FindStatusBar(HWND hWnd)
+{
+    return FindWindowExA(hWnd, nullptr, STATUSCLASSNAMEA, nullptr);
+}
+
+void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
+{
+    const HMENU hMenu = GetMenu(hWnd);
+    switch (nProbe)
+    {
+    case pbInput:
+        pAnswer->m_nValue = static_cast<int>(SendInput(1, &pAnswer->m_Input, sizeof(INPUT)));
+        break;
+    case pbQueue:
+        pAnswer->m_nValue = HIWORD(GetQueueStatus(kAnyInput)) != 0;
+        break;
+    case pbMenuState:
+        pAnswer->m_nValue = static_cast<int>(GetMenuState(hMenu, nId, MF_BYCOMMAND));
+        break;
+    case pbMenuText:
+        GetMenuStringA(hMenu, nId, pAnswer->m_szText, sizeof pAnswer->m_szText, MF_BYCOMMAND);
+        break;
+    case pbMenuRect:
+        FindItemRect(hWnd, nId, pAnswer);
+        break;
+    case pbBarRect:
+        pAnswer->m_nValue = GetMenuItemRect(hWnd, hMenu, nId, &pAnswer->m_Rect);
+        break;
+    case pbStatusText:
+        SendMessageA(FindStatusBar(hWnd), SB_GETTEXTA, 0,
+                     reinterpret_cast<LPARAM>(pAnswer->m_szText));
+        break;
+    case pbObjects:
+        CountObjects(pAnswer);
+        break;
+    }
+}
+
+}  // namespace
+
+// The hook, which sees what is sent to the windows of the program's thread.
+extern "C" __declspec(dllexport) LRESULT CALLBACK ProbeHook(int nCode, WPARAM wParam, LPARAM lParam)
+{
+    static const UINT s_nMessage = RegisterWindowMessageA(kProbeMessage);
+
+    const auto *const pSent = reinterpret_cast<const CWPSTRUCT *>(lParam);
+    if (nCode == HC_ACTION && pSent->message == s_nMessage)
+    {
+        const HANDLE hMemory = OpenFileMappingA(FILE_MAP_ALL_ACCESS, FALSE, kProbeMemory);
+        auto *const  pAnswer = static_cast<cProbeAnswer *>(
+            MapViewOfFile(hMemory, FILE_MAP_ALL_ACCESS, 0, 0, sizeof(cProbeAnswer)));
+        if (pAnswer)
+        {
+            Answer(pSent->hwnd, static_cast<eProbe>(pSent->wParam),
+                   static_cast<UINT>(pSent->lParam), pAnswer);
+            pAnswer->m_nCount++;
+            UnmapViewOfFile(pAnswer);
+        }
+        CloseHandle(hMemory);
+    }
+    return CallNextHookEx(nullptr, nCode, wParam, lParam);
+}
