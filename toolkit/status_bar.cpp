@@ -76,6 +76,7 @@ void cStatusBar::OnMenuSelect(UINT nItem, UINT nFlags, HMENU hMenu)
 void cStatusBar::AutoSize()
 {
     SendMessageA(m_hWnd, WM_SIZE, 0, 0);
+    InvalidateRect(m_hWnd, nullptr, TRUE);  // the size grip has gone elsewhere
     if (m_pProgressBar)
         PlaceProgressBar();
 }

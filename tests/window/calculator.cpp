@@ -43,6 +43,13 @@ static std::vector<std::string> LinesOf(HWND hBox)
     return Lines;
 }
 
+std::string FullPath(const std::string &Name)
+{
+    char szPath[MAX_PATH] = "";
+    GetFullPathNameA(Name.c_str(), sizeof szPath, szPath, nullptr);
+    return szPath;
+}
+
 static std::string Trimmed(const std::string &Text)
 {
     const size_t nFirst = Text.find_first_not_of(' ');
@@ -300,11 +307,14 @@ int cCalculator::HasDialog() const
 
 HWND cCalculator::Dialog() const
 {
-    return WaitFor([this] {
+    const HWND hDialog = WaitFor([this] {
         return FindWindowOf(m_Process.dwProcessId, [](HWND hWnd) {
             return ClassOf(hWnd) == kDialogClass && IsWindowEnabled(hWnd);
         });
     });
+    if (!hDialog)
+        PhotographScreen().Save("no-dialog");
+    return hDialog;
 }
 
 static std::string WithoutMark(std::string Text)
@@ -332,6 +342,14 @@ cSeenBox cCalculator::Box() const
             Box.m_Text = TextOf(hChild);
     });
     return Box;
+}
+
+void cCalculator::Check(int nId)
+{
+    const HWND hControl = GetDlgItem(Dialog(), nId);
+    REQUIRE(hControl);
+    ClickMiddleOf(hControl);
+    Settle();
 }
 
 void cCalculator::Click(const std::string &Button)
@@ -420,7 +438,5 @@ cPicture cCalculator::PhotographScreen() const
 
 std::string cCalculator::Path(const std::string &File) const
 {
-    char szPath[MAX_PATH] = "";
-    GetFullPathNameA(m_Folder.Name(File).c_str(), sizeof szPath, szPath, nullptr);
-    return szPath;
+    return FullPath(m_Folder.Name(File));
 }

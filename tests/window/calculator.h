@@ -45,6 +45,9 @@ enum eSwitch
     swMode
 };
 
+// "Z:\\calculator\\loop.txt" for "loop.txt".
+std::string FullPath(const std::string &Name);
+
 class cCalculator
 {
 public:
@@ -111,6 +114,9 @@ public:
 
     // The box in front, waited for; all empty if none comes.
     cSeenBox Box() const;
+
+    // Clicks a control of the dialog in front: a check box, a radio button.
+    void Check(int nId);
 
     // Clicks the button with this text, waits until the dialog has gone.
     void Click(const std::string &Button);

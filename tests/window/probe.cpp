@@ -83,12 +83,13 @@ HMENU FindItem(HMENU hMenu, UINT nId, int *pnPosition)
     return nullptr;
 }
 
+// The window of a popup is the platform's business.
 void FindItemRect(HWND hWnd, UINT nId, cProbeAnswer *pAnswer)
 {
     int         nPosition = 0;
     const HMENU hMenu     = FindItem(GetMenu(hWnd), nId, &nPosition);
     pAnswer->m_nValue =
-        hMenu && GetMenuItemRect(hWnd, hMenu, static_cast<UINT>(nPosition), &pAnswer->m_Rect);
+        hMenu && GetMenuItemRect(nullptr, hMenu, static_cast<UINT>(nPosition), &pAnswer->m_Rect);
 }
 
 HWND FindStatusBar(HWND hWnd)

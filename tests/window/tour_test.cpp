@@ -1,0 +1,26 @@
+// Shows the calculator at work. ./run does this where there is no screen.
+
+#include "tests/window/calculator.h"
+
+#include <doctest/doctest.h>
+
+#include "tests/window/waiting.h"
+
+TEST_CASE("a listing of the examples is opened with the file dialog and run with the mouse")
+{
+    cCalculator Calculator;
+    Calculator.Choose(2, IDM_OPTIONS);
+    Calculator.Check(IDC_KEEP_LISTING);
+    Calculator.Check(IDC_KEEP_REGISTERS);
+    Calculator.Click("OK");
+
+    Calculator.Choose(0, IDM_OPEN);
+    Calculator.GiveFileName(FullPath(VORSTEK_EXAMPLES "/queens.txt"));
+    CHECK(Eventually(std::string("   ; Queens on a chessboard, none of which attacks another"),
+                     [&] { return Calculator.ListingLines()[1]; }) ==
+          "   ; Queens on a chessboard, none of which attacks another");
+    Calculator.HitKeys({17, 30});  // 8 R/S
+    CHECK(Calculator.ReadsX("15863724"));
+    Calculator.Settle();
+    Calculator.Photograph().Save("queens");
+}
