@@ -6,6 +6,7 @@ static const char *const kUsage =
     "usage: vorstek-cli run PROGRAM.txt [options]    run a listing, print the stack\n"
     "       vorstek-cli check PROGRAM.txt...         check listings without running them\n"
     "       vorstek-cli script [FILE]                key by key, JSON Lines out\n"
+    "       vorstek-cli gif IN.bmp OUT.gif [options] turn a picture into a GIF file\n"
     "\n"
     "options of run:\n"
     "  --x V  --y V  --z V  --t V   the stack before the start\n"
@@ -17,6 +18,9 @@ static const char *const kUsage =
     "  --registers                  print the registers that are not zero, too\n"
     "  --json                       print the whole state as one JSON object\n"
     "  --realtime                   let PAUSE wait for its second\n"
+    "\n"
+    "options of gif:\n"
+    "  --options \"ilace xscreen=N yscreen=N xpos=N ypos=N background=N transcol=N|edge\"\n"
     "\n"
     "exit code: 0 done, 1 the calculator reported an error, 2 wrong usage or file,\n"
     "           3 halted by --max-lines\n";
@@ -37,6 +41,7 @@ int RunConsole(const std::vector<std::string> &Arguments, const cStreams &Stream
         {"run", RunCommand},
         {"check", CheckCommand},
         {"script", ScriptCommand},
+        {"gif", GifCommand},
     };
 
     if (Arguments.empty())

@@ -1,0 +1,118 @@
+// gif_command.cpp - vorstek-cli gif: a BMP file becomes a GIF file, as the
+// graph's export makes one.
+
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+#include "console/console.h"
+#include "imaging/bmp_reader.h"
+#include "imaging/byte_sink.h"
+#include "imaging/byte_source.h"
+#include "imaging/colour_reduction.h"
+#include "imaging/gif_writer.h"
+#include "toolkit/disk_file.h"
+#include "toolkit/read_file.h"
+#include "toolkit/replacement_file.h"
+
+namespace
+{
+
+struct cGifArguments
+{
+    std::string m_Bmp;
+    std::string m_Gif;
+    std::string m_Options;
+};
+
+// 1, or 0 with what is wrong, in one line.
+int ParseGifArguments(const std::vector<std::string> &Arguments, cGifArguments *pParsed,
+                      std::string *pError)
+{
+    std::vector<std::string> Names;
+    for (size_t i = 0; i < Arguments.size(); i++)
+    {
+        if (Arguments[i] == "--options")
+        {
+            if (++i == Arguments.size())
+            {
+                *pError = "--options wants a value";
+                return 0;
+            }
+            pParsed->m_Options = Arguments[i];
+        }
+        else if (Arguments[i].starts_with("--"))
+        {
+            *pError = "unknown option '" + Arguments[i] + "'";
+            return 0;
+        }
+        else
+            Names.push_back(Arguments[i]);
+    }
+    if (Names.size() != 2)
+    {
+        *pError = "gif wants the names of a BMP file and of a GIF file";
+        return 0;
+    }
+    pParsed->m_Bmp = Names[0];
+    pParsed->m_Gif = Names[1];
+    return 1;
+}
+
+// 1, or 0 with what is wrong, in one line.
+int ReadPicture(const std::string &Name, cBmpPicture *pPicture, std::string *pError)
+{
+    typedef std::unique_ptr<FILE, int (*)(FILE *)> cOpenFile;
+
+    *pError = "cannot read '" + Name + "'";
+    if (!IsRegularFile(Name.c_str()))
+        return 0;
+    std::error_code             Error;
+    const std::filesystem::path Path    = PathOfName(Name.c_str());
+    const uint64_t              nLength = std::filesystem::file_size(Path, Error);
+    const cOpenFile             File(OpenDiskFile(Path, "rb"), fclose);
+    if (Error || !File)
+        return 0;
+    cFileSource Source(File.get(), nLength);
+    const char *szError;
+    if (!ReadBmp(&Source, pPicture, &szError))
+    {
+        *pError = "'" + Name + "' " + szError;
+        return 0;
+    }
+    return 1;
+}
+
+int WritePicture(const cReducedImage &Reduced, const cGifArguments &Arguments)
+{
+    cReplacementFile File;
+    if (!File.Open(Arguments.m_Gif.c_str(), "wb"))
+        return 0;
+    cFileSink Sink(File.Stream());
+    return WriteGifFile(&Sink, Reduced.Dib(), Arguments.m_Options.c_str()) == grWritten &&
+           File.Commit();
+}
+
+}  // namespace
+
+int GifCommand(const std::vector<std::string> &Arguments, const cStreams &Streams)
+{
+    cGifArguments Parsed;
+    cReducedImage Reduced;
+    std::string   Error;
+    if (!ParseGifArguments(Arguments, &Parsed, &Error))
+        return ReportUsage(Streams, Error);
+    {
+        // The picture is given back before the encoder wants memory.
+        cBmpPicture Picture;
+        if (!ReadPicture(Parsed.m_Bmp, &Picture, &Error))
+            return ReportUsage(Streams, Error);
+        if (!ReduceColours(Picture.Dib(), &Reduced))
+            return ReportUsage(Streams, "'" + Parsed.m_Bmp + "' does not fit into memory");
+    }
+    if (!WritePicture(Reduced, Parsed))
+        return ReportUsage(Streams, "cannot write '" + Parsed.m_Gif + "'");
+    return kExitDone;
+}
