@@ -6,6 +6,7 @@ static const char *const kUsage =
     "usage: vorstek-cli run PROGRAM.txt [options]    run a listing, print the stack\n"
     "       vorstek-cli check PROGRAM.txt...         check listings without running them\n"
     "       vorstek-cli script [FILE]                key by key, JSON Lines out\n"
+    "       vorstek-cli plot DATA.txt OUT.svg [options]  draw a data file\n"
     "       vorstek-cli gif IN.bmp OUT.gif [options] turn a picture into a GIF file\n"
     "\n"
     "options of run:\n"
@@ -14,10 +15,18 @@ static const char *const kUsage =
     "  --label N                    start at label N (0 to 9), as GSB N does\n"
     "  --trace FILE                 write a trace of the executed lines\n"
     "  --graph FILE.txt             write what the program drew\n"
+    "  --graph FILE.svg             draw it\n"
     "  --max-lines N                halt after N executed lines\n"
     "  --registers                  print the registers that are not zero, too\n"
     "  --json                       print the whole state as one JSON object\n"
     "  --realtime                   let PAUSE wait for its second\n"
+    "\n"
+    "options of plot:\n"
+    "  --title T  --label T         texts above and below instead of the file's\n"
+    "  --type TYPE                  plot, stairstep, scatter or stoop\n"
+    "  --grid                       grid lines instead of ticks\n"
+    "  --no-legend                  leave the legend out\n"
+    "  --size WxH                   pixels, 640x480 if not given\n"
     "\n"
     "options of gif:\n"
     "  --options \"ilace xscreen=N yscreen=N xpos=N ypos=N background=N transcol=N|edge\"\n"
@@ -41,6 +50,7 @@ int RunConsole(const std::vector<std::string> &Arguments, const cStreams &Stream
         {"run", RunCommand},
         {"check", CheckCommand},
         {"script", ScriptCommand},
+        {"plot", PlotCommand},
         {"gif", GifCommand},
     };
 

@@ -27,6 +27,7 @@ int RunConsole(const std::vector<std::string> &Arguments, const cStreams &Stream
 
 // The commands; Arguments are those behind the command's name.
 int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
+int PlotCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
 int CheckCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
 int ScriptCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
 int GifCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);

@@ -4,47 +4,7 @@
 #include <cmath>
 #include <cstdio>
 
-static const char *const kReplacement = "\xEF\xBF\xBD";  // U+FFFD
-
-static unsigned ByteAt(std::string_view Text, size_t nAt)
-{
-    return nAt < Text.size() ? static_cast<unsigned char>(Text[nAt]) : 0;
-}
-
-// Lead bytes of UTF-8 and what may follow them. The first continuation byte is
-// narrower where it would spell an overlong form, a surrogate or a code beyond
-// U+10FFFF.
-static const struct
-{
-    unsigned m_nLeadMin;
-    unsigned m_nLeadMax;
-    unsigned m_nNextMin;
-    unsigned m_nNextMax;
-    size_t   m_nLength;
-} s_Sequences[] = {
-    {0xC2, 0xDF, 0x80, 0xBF, 2}, {0xE0, 0xE0, 0xA0, 0xBF, 3}, {0xE1, 0xEC, 0x80, 0xBF, 3},
-    {0xED, 0xED, 0x80, 0x9F, 3}, {0xEE, 0xEF, 0x80, 0xBF, 3}, {0xF0, 0xF0, 0x90, 0xBF, 4},
-    {0xF1, 0xF3, 0x80, 0xBF, 4}, {0xF4, 0xF4, 0x80, 0x8F, 4},
-};
-
-// Length of the valid sequence of several bytes at nAt, 0 if there is none.
-static size_t SequenceLength(std::string_view Text, size_t nAt)
-{
-    const unsigned nLead = ByteAt(Text, nAt);
-    for (const auto &Row : s_Sequences)
-    {
-        if (nLead < Row.m_nLeadMin || nLead > Row.m_nLeadMax)
-            continue;
-        const unsigned nNext = ByteAt(Text, nAt + 1);
-        if (nNext < Row.m_nNextMin || nNext > Row.m_nNextMax)
-            return 0;
-        for (size_t i = 2; i < Row.m_nLength; i++)
-            if ((ByteAt(Text, nAt + i) & 0xC0) != 0x80)
-                return 0;
-        return Row.m_nLength;
-    }
-    return 0;
-}
+#include "toolkit/utf8.h"
 
 static void AppendAscii(std::string *pJson, char c)
 {
@@ -70,13 +30,13 @@ void AppendJsonText(std::string *pJson, std::string_view Text)
     pJson->push_back('"');
     for (size_t nAt = 0; nAt < Text.size();)
     {
-        const size_t nLength = SequenceLength(Text, nAt);
-        if (nLength)
-            pJson->append(Text.substr(nAt, nLength));
-        else if (ByteAt(Text, nAt) < 0x80)
+        const size_t nLength = Utf8Length(Text.substr(nAt));
+        if (nLength == 1)
             AppendAscii(pJson, Text[nAt]);
+        else if (nLength > 1)
+            pJson->append(Text.substr(nAt, nLength));
         else
-            pJson->append(kReplacement);
+            pJson->append(kReplacementCharacter);
         nAt += nLength ? nLength : 1;
     }
     pJson->push_back('"');

@@ -15,6 +15,7 @@
 #include "console/run_options.h"
 #include "console/state_report.h"
 #include "graph/graph_file_commands.h"
+#include "graph/svg_file.h"
 #include "toolkit/disk_file.h"
 
 // Boxes go to standard error; questions are answered with Cancel.
@@ -158,12 +159,21 @@ static int ReportUnwritable(const cRunHost &Host, const std::string &Name)
     return ReportUsage(Host.m_Streams, "cannot write '" + Name + "'");
 }
 
-static int SaveGraph(cRunHost *pHost, const std::string &Name)
+static int WriteGraph(cRunHost *pHost, const cRunOptions &Options)
 {
+    const char *const szName = Options.m_GraphFile.c_str();
+    if (Options.m_bGraphAsData)
+        return SaveGraphFile(pHost->m_Plot, pHost, szName);
+    return SaveSvgFile(pHost->m_Plot, kPlotWidth, kPlotHeight, szName);
+}
+
+static int SaveGraph(cRunHost *pHost, const cRunOptions &Options)
+{
+    const std::string &Name = Options.m_GraphFile;
     if (pHost->m_Plot.Count() == 0)
         return ReportUsage(pHost->m_Streams, "nothing was drawn that '" + Name + "' could hold");
     pHost->m_bSaving = 1;
-    if (!SaveGraphFile(pHost->m_Plot, pHost, Name.c_str()))
+    if (!WriteGraph(pHost, Options))
         return ReportUnwritable(*pHost, Name);
     *pHost->m_Streams.m_pErr << pHost->m_SavingText;
     return kExitDone;
@@ -202,7 +212,7 @@ int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Stream
         *Streams.m_pErr << DisplayedText(&Calculator.m_Engine) << "\n";
     if (Calculator.m_Engine.IsTraceLost())
         return ReportUnwritable(Host, Options.m_TraceFile);
-    if (!Options.m_GraphFile.empty() && SaveGraph(&Host, Options.m_GraphFile) != kExitDone)
+    if (!Options.m_GraphFile.empty() && SaveGraph(&Host, Options) != kExitDone)
         return kExitUsage;
     if (!bDone)
         return kExitError;

@@ -50,8 +50,9 @@ static int TakeTraceFile(cRunOptions *pOptions, const std::string &Value)
 
 static int TakeGraphFile(cRunOptions *pOptions, const std::string &Value)
 {
-    pOptions->m_GraphFile = Value;
-    return Value.ends_with(".txt") || Value.ends_with(".TXT");
+    pOptions->m_GraphFile    = Value;
+    pOptions->m_bGraphAsData = Value.ends_with(".txt") || Value.ends_with(".TXT");
+    return pOptions->m_bGraphAsData || Value.ends_with(".svg") || Value.ends_with(".SVG");
 }
 
 // clang-format off
@@ -69,7 +70,7 @@ static const struct
     { "--reg",       TakeRegister,  "N=V with a register N from 0 to 29" },
     { "--label",     TakeLabel,     "a label from 0 to 9"               },
     { "--trace",     TakeTraceFile, "a file name of up to 259 characters"                       },
-    { "--graph",     TakeGraphFile, "a file name that ends in .txt"     },
+    { "--graph",     TakeGraphFile, "a file name that ends in .txt or .svg"},
     { "--max-lines", TakeMaxLines,  "a number of lines above 0"         },
 };
 

@@ -11,15 +11,16 @@
 struct cRunOptions
 {
     std::string                              m_Program;
-    std::vector<std::pair<unsigned, double>> m_Levels;          // 0 X to 3 T, as given
-    std::vector<std::pair<unsigned, double>> m_Registers;       // 0 to 29, as given
-    int                                      m_nLabel = -1;     // -1: start at line 1
-    std::string                              m_TraceFile;       // "" for none
-    std::string                              m_GraphFile;       // "" for none
-    uint64_t                                 m_nMaxLines  = 0;  // 0: no limit
-    int                                      m_bRegisters = 0;
-    int                                      m_bJson      = 0;
-    int                                      m_bRealtime  = 0;
+    std::vector<std::pair<unsigned, double>> m_Levels;            // 0 X to 3 T, as given
+    std::vector<std::pair<unsigned, double>> m_Registers;         // 0 to 29, as given
+    int                                      m_nLabel = -1;       // -1: start at line 1
+    std::string                              m_TraceFile;         // "" for none
+    std::string                              m_GraphFile;         // "" for none
+    int                                      m_bGraphAsData = 0;  // else as a picture
+    uint64_t                                 m_nMaxLines    = 0;  // 0: no limit
+    int                                      m_bRegisters   = 0;
+    int                                      m_bJson        = 0;
+    int                                      m_bRealtime    = 0;
 };
 
 // 1, or 0 with what is wrong, in one line.

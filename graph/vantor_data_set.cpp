@@ -41,6 +41,12 @@ void cVantorDataSet::Append(float fX, float fY)
     m_nPoints++;
 }
 
+int cVantorDataSet::Widens(float fX, float fY) const
+{
+    const float fShownX = m_pX ? fX : static_cast<float>(m_nPoints);
+    return fShownX < m_fXMin || fShownX > m_fXMax || fY < m_fYMin || fY > m_fYMax;
+}
+
 void cVantorDataSet::FindExtents()
 {
     m_fXMin = m_fYMin = kExtentMinStart;
@@ -50,6 +56,14 @@ void cVantorDataSet::FindExtents()
         WidenExtent(X(nPoint), &m_fXMin, &m_fXMax);
         WidenExtent(m_pY[nPoint], &m_fYMin, &m_fYMax);
     }
+}
+
+double LastSpacing(const cVantorDataSet &Set)
+{
+    if (!Set.m_pX)
+        return 1.0;
+    const float *const pLast = Set.m_pX.get() + Set.m_nPoints - 1;
+    return static_cast<double>(pLast[0]) - static_cast<double>(pLast[-1]);
 }
 
 float NarrowToFloat(double dValue)

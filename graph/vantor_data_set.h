@@ -64,6 +64,9 @@ public:
     // room for it. Without x values fX is ignored.
     void Append(float fX, float fY);
 
+    // 1 when the point, once appended, lies outside the present extents.
+    int Widens(float fX, float fY) const;
+
     // Computes the extents anew from all points.
     void FindExtents();
 
@@ -85,6 +88,17 @@ public:
     uint32_t                 m_nStyle      = 0;  // 0 to 4, line style or marker
     std::unique_ptr<char[]>  m_pszLabel;         // never null in a plot
 };
+
+// The y at which a stored y is plotted.
+inline double PlottedY(const cVantorDataSet &Set, float fY)
+{
+    return static_cast<double>(Set.m_fMultiplier) * static_cast<double>(fY) +
+           static_cast<double>(Set.m_fOffset);
+}
+
+// From the second-last x to the last, below 0 where x goes backwards. 1 without
+// x values; with them there are at least 2 points.
+double LastSpacing(const cVantorDataSet &Set);
 
 // The calculator's doubles as the graph stores them. Halves the memory of large
 // sets. Beyond the range of a float: +-3.4028235e38, so 9.999999999e99 becomes

@@ -9,15 +9,29 @@
 #include "graph/retry_arrays.h"
 #include "toolkit/retry_alloc.h"
 
+namespace
+{
+
+void StoreLook(const cVantorLineFormat &Format, cVantorDataSet *pSet)
+{
+    pSet->m_nGraphType = Format.m_nGraphType;
+    pSet->m_crColor    = Format.m_crColor;
+    pSet->m_nWidth     = std::clamp(Format.m_nWidth, uint32_t{1}, kMostLineWidth);
+    pSet->m_nStyle     = Format.m_nStyle < kStyles ? Format.m_nStyle : 0;
+}
+
+}  // namespace
+
 cVantorPlot::cVantorPlot(cMessageBoxes *pBoxes)
-    : m_pBoxes(pBoxes), m_bUserRange(0), m_nLegendRows(kLegendRows), m_nCount(0), m_pHead(nullptr),
+    : m_pBoxes(pBoxes), m_bUserRange(0), m_bRangeStale(0), m_nClientWidth(kPlotWidth),
+      m_nClientHeight(kPlotHeight), m_nLegendRows(kLegendRows), m_nCount(0), m_pHead(nullptr),
       m_pTail(nullptr), m_pFound(nullptr), m_nFound(0)
 {
 }
 
 cVantorPlot::~cVantorPlot()
 {
-    ClearAll();
+    DeleteAll();
 }
 
 const cVantorDataSet *cVantorPlot::DataSet(uint32_t nLine) const
@@ -37,7 +51,7 @@ int cVantorPlot::AddPoint(uint32_t nLine, float fX, float fY)
     cVantorDataSet *pSet = FindDataSet(nLine);
     if (pSet->m_nPoints == pSet->m_nCapacity && !MakeRoom(pSet))
         return 0;
-    pSet->Append(fX, fY);
+    AppendPoint(pSet, nLine, fX, fY);
     return 1;
 }
 
@@ -52,11 +66,10 @@ int cVantorPlot::AddDataSet(uint32_t nPoints, const float *pX, const float *pY,
     if (!pSet || !StorePoints(pSet.get(), nPoints, pX, pY))
         return 0;
     pSet->m_nAllocHint = kHintWhole;
-    pSet->m_nGraphType = Format.m_nGraphType;
-    pSet->m_crColor    = Format.m_crColor;
-    pSet->m_nWidth     = std::clamp(Format.m_nWidth, uint32_t{1}, kMostLineWidth);
-    pSet->m_nStyle     = Format.m_nStyle < kStyles ? Format.m_nStyle : 0;
+    StoreLook(Format, pSet.get());
     Link(std::move(pSet));
+    FollowData();
+    OnPlotChanged();
     return 1;
 }
 
@@ -64,6 +77,7 @@ int cVantorPlot::DeleteDataSet(uint32_t nLine)
 {
     if (nLine == 0 || nLine > m_nCount)
         return 0;
+    OnLabelRemoved(nLine);
     cVantorDataSet  *pFormer = nLine > 1 ? FindDataSet(nLine - 1) : nullptr;
     cVantorDataSet *&pLink   = pFormer != nullptr ? pFormer->m_pNext : m_pHead;
     cVantorDataSet  *pSet    = pLink;
@@ -74,6 +88,8 @@ int cVantorPlot::DeleteDataSet(uint32_t nLine)
     m_nCount--;
     m_pFound = pFormer;
     m_nFound = nLine - 1;
+    FollowData();
+    OnPlotChanged();
     return 1;
 }
 
@@ -81,39 +97,112 @@ int cVantorPlot::ReplaceDataSetPoints(uint32_t nLine, uint32_t nPoints, const fl
                                       const float *pY)
 {
     cVantorDataSet *pSet = FindDataSet(nLine);
-    if (pSet == nullptr || nPoints == 0 || pY == nullptr)
+    if (pSet == nullptr || nPoints == 0 || pY == nullptr || !StorePoints(pSet, nPoints, pX, pY))
         return 0;
-    return StorePoints(pSet, nPoints, pX, pY);
+    FollowData();
+    OnPlotChanged();
+    return 1;
+}
+
+int cVantorPlot::FormatDataSet(uint32_t nLine, const cVantorLineFormat &Format, float fMultiplier,
+                               float fOffset)
+{
+    cVantorDataSet *pSet = FindDataSet(nLine);
+    if (pSet == nullptr)
+        return 0;
+    if (Format.m_pszLabel != nullptr)
+    {
+        std::unique_ptr<char[]> pszLabel = CopyText(m_pBoxes, Format.m_pszLabel);
+        if (!pszLabel)
+            return 0;
+        pSet->m_pszLabel = std::move(pszLabel);
+        OnLabelChanged(nLine);
+    }
+    StoreLook(Format, pSet);
+    pSet->m_fMultiplier = fMultiplier;
+    pSet->m_fOffset     = fOffset;
+    FollowData();
+    OnPlotChanged();
+    return 1;
 }
 
 int cVantorPlot::ClearAll()
 {
-    while (m_pHead != nullptr)
-        delete std::exchange(m_pHead, m_pHead->m_pNext);
-    m_pTail  = nullptr;
-    m_nCount = 0;
-    m_pFound = nullptr;
-    m_nFound = 0;
-    SetTitle("");
-    SetHorzLabel("");
-    m_nLegendRows = kLegendRows;
+    for (uint32_t nLine = m_nCount; nLine > 0; nLine--)
+        OnLabelRemoved(nLine);
+    DeleteAll();
+    m_Settings.m_szTitle[0]     = '\0';
+    m_Settings.m_szHorzLabel[0] = '\0';
+    m_nLegendRows               = kLegendRows;
+    FollowData();
+    OnPlotChanged();
     return 1;
+}
+
+cPlotRange cVantorPlot::Range() const
+{
+    return {m_Settings.m_nHorzTicks,   m_Settings.m_nVertTicks,   m_Settings.m_fMinHorzTick,
+            m_Settings.m_fMaxHorzTick, m_Settings.m_fMinVertTick, m_Settings.m_fMaxVertTick};
 }
 
 void cVantorPlot::ApplySettings(const cVantorPlotSettings &Settings)
 {
-    m_Settings   = Settings;
-    m_bUserRange = 1;
+    m_Settings              = Settings;
+    m_Settings.m_nHorzTicks = std::min(Settings.m_nHorzTicks, kMostTicks);
+    m_Settings.m_nVertTicks = std::min(Settings.m_nVertTicks, kMostTicks);
+    m_bUserRange            = 1;
+    OnChecksChanged();
+    OnPlotChanged();
+}
+
+void cVantorPlot::AutoRange()
+{
+    m_bUserRange = 0;
+    FollowData();
+    OnChecksChanged();
+    OnPlotChanged();
+}
+
+void cVantorPlot::SetClientSize(int nWidth, int nHeight)
+{
+    m_nClientWidth  = nWidth;
+    m_nClientHeight = nHeight;
+    m_bRangeStale   = 1;
+    OnPlotChanged();
+}
+
+void cVantorPlot::SetGrid(int bHorz, int bVert)
+{
+    m_Settings.m_bHorzGrid = bHorz != 0;
+    m_Settings.m_bVertGrid = bVert != 0;
+    OnChecksChanged();
+    OnPlotChanged();
+}
+
+void cVantorPlot::SetLegend(int bLegend)
+{
+    m_Settings.m_bLegend = bLegend != 0;
+    m_bRangeStale        = 1;
+    OnChecksChanged();
+    OnPlotChanged();
 }
 
 void cVantorPlot::SetTitle(const char *szTitle)
 {
     snprintf(m_Settings.m_szTitle, sizeof m_Settings.m_szTitle, "%s", szTitle);
+    OnPlotChanged();
 }
 
 void cVantorPlot::SetHorzLabel(const char *szLabel)
 {
     snprintf(m_Settings.m_szHorzLabel, sizeof m_Settings.m_szHorzLabel, "%s", szLabel);
+    OnPlotChanged();
+}
+
+void cVantorPlot::SetLegendRows(uint32_t nRows)
+{
+    m_nLegendRows = nRows;
+    OnPlotChanged();
 }
 
 // Null when there is no such line.
@@ -149,7 +238,25 @@ int cVantorPlot::BeginDataSet(float fX, float fY)
     pSet->m_nAllocHint = kHintByPoint;
     pSet->Append(fX, fY);
     Link(std::move(pSet));
+    FollowData();
+    OnPlotChanged();
     return 1;
+}
+
+// The automatic range depends on the extents of the sets, and with bars on
+// their last spacing; while these stay, it need not be found again. A point
+// that changes neither extents nor range is drawn by itself.
+void cVantorPlot::AppendPoint(cVantorDataSet *pSet, uint32_t nLine, float fX, float fY)
+{
+    const bool       bWidens = pSet->Widens(fX, fY);
+    const cPlotRange Former  = Range();
+    pSet->Append(fX, fY);
+    if (bWidens || m_bRangeStale || pSet->m_nGraphType == gtStoop)
+        FollowData();
+    if (bWidens || !(Range() == Former))
+        OnPlotChanged();
+    else
+        OnPointAdded(nLine);
 }
 
 // Doubles the room of a full set. Returns 0 when it may not grow.
@@ -218,4 +325,31 @@ void cVantorPlot::Link(std::unique_ptr<cVantorDataSet> pSet)
     pLink                  = pSet.release();
     m_pTail                = pLink;
     m_nCount++;
+    OnLabelAdded(m_nCount);
+}
+
+void cVantorPlot::DeleteAll()
+{
+    while (m_pHead != nullptr)
+        delete std::exchange(m_pHead, m_pHead->m_pNext);
+    m_pTail  = nullptr;
+    m_nCount = 0;
+    m_pFound = nullptr;
+    m_nFound = 0;
+}
+
+// Runs the automatic range, unless the user has fixed it.
+void cVantorPlot::FollowData()
+{
+    if (m_bUserRange)
+        return;
+    const cPlotRange Found =
+        FindRange(m_pHead, m_nClientWidth, m_nClientHeight, static_cast<int>(m_Settings.m_bLegend));
+    m_Settings.m_nHorzTicks   = Found.m_nHorzTicks;
+    m_Settings.m_nVertTicks   = Found.m_nVertTicks;
+    m_Settings.m_fMinHorzTick = Found.m_fXMin;
+    m_Settings.m_fMaxHorzTick = Found.m_fXMax;
+    m_Settings.m_fMinVertTick = Found.m_fYMin;
+    m_Settings.m_fMaxVertTick = Found.m_fYMax;
+    m_bRangeStale             = 0;
 }

@@ -1,5 +1,6 @@
-// vantor_plot.h - what the graph shows: the data sets in their order and the
-// settings of the plot. Needs no window.
+// vantor_plot.h - what the graph shows: the data sets in their order, the
+// settings of the plot and the range of its axes. Needs no window; one that
+// shows the plot derives from it and overrides what stands under "hooks".
 
 #ifndef GRAPH_VANTOR_PLOT_H
 #define GRAPH_VANTOR_PLOT_H
@@ -7,6 +8,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "graph/plot_range.h"
 #include "graph/vantor_data_set.h"
 #include "toolkit/message_box.h"
 
@@ -41,6 +43,10 @@ const uint32_t kHintByPoint = 100;  // m_nAllocHint of a set begun by AddPoint
 const uint32_t kHintWhole   = 50;   // and of one made by AddDataSet
 
 const uint32_t kLegendRows = 4;  // visible until the user drags the border
+
+// Pixels of a plot that no window has given another size.
+const int kPlotWidth  = 640;
+const int kPlotHeight = 480;
 
 class cVantorPlot
 {
@@ -80,14 +86,33 @@ public:
     // values. Returns 0 and changes nothing for no points or no such line.
     int ReplaceDataSetPoints(uint32_t nLine, uint32_t nPoints, const float *pX, const float *pY);
 
+    // Gives line nLine another look. Odd values become what AddDataSet makes of
+    // them; without a label it keeps its own. Returns 0 and changes nothing when
+    // there is no such line.
+    int FormatDataSet(uint32_t nLine, const cVantorLineFormat &Format, float fMultiplier,
+                      float fOffset);
+
     // Leaves no data, no title and no axis label, and 4 legend rows. A range
     // that the user has fixed stays. Returns 1.
     int ClearAll();
 
+    // Tick counts and range are those that are shown, whoever chose them.
     const cVantorPlotSettings &Settings() const { return m_Settings; }
+    cPlotRange                 Range() const;
 
-    // Takes the settings over and fixes the range to theirs.
+    // Takes the settings over and fixes the range to theirs. More than 26 ticks
+    // become 26.
     void ApplySettings(const cVantorPlotSettings &Settings);
+
+    // From now on the range follows the data.
+    void AutoRange();
+
+    // The size in pixels on which the automatic range bases its tick counts, at
+    // the next change of the data.
+    void SetClientSize(int nWidth, int nHeight);
+
+    void SetGrid(int bHorz, int bVert);
+    void SetLegend(int bLegend);  // as SetClientSize for the tick counts
 
     // Of a longer text the first 100 characters are kept.
     void SetTitle(const char *szTitle);
@@ -98,19 +123,49 @@ public:
 
     // How many rows of the legend the window shows at most.
     uint32_t LegendRows() const { return m_nLegendRows; }
-    void     SetLegendRows(uint32_t nRows) { m_nLegendRows = nRows; }
+    void     SetLegendRows(uint32_t nRows);
+
+    // Who is asked when memory runs out.
+    cMessageBoxes *Boxes() const { return m_pBoxes; }
+
+protected:
+    // Hooks: what a window does about a change that has just been made. Here
+    // nothing is done. None is called from constructor or destructor.
+
+    // Something that is seen has changed: lay out again, paint all of it anew.
+    virtual void OnPlotChanged() {}
+
+    // A picture of the plot lacks only the last point of line nLine, which
+    // DrawAddedPoint draws at once: neither extents nor range have changed.
+    virtual void OnPointAdded(uint32_t /*nLine*/) {}
+
+    // The labels of the data sets, for the lists of a window. A set is removed
+    // right after OnLabelRemoved, and those behind it move up.
+    virtual void OnLabelAdded(uint32_t /*nLine*/) {}
+    virtual void OnLabelChanged(uint32_t /*nLine*/) {}
+    virtual void OnLabelRemoved(uint32_t /*nLine*/) {}
+
+    // Check marks: UserRange() tells of "Auto Range", Settings() of "Grid" and
+    // "Legend".
+    virtual void OnChecksChanged() {}
 
 private:
-    cVantorDataSet                 *FindDataSet(uint32_t nLine) const;
-    int                             BeginDataSet(float fX, float fY);
-    int                             MakeRoom(cVantorDataSet *pSet);
+    cVantorDataSet *FindDataSet(uint32_t nLine) const;
+    int             BeginDataSet(float fX, float fY);
+    void            AppendPoint(cVantorDataSet *pSet, uint32_t nLine, float fX, float fY);
+    int             MakeRoom(cVantorDataSet *pSet);
     std::unique_ptr<cVantorDataSet> NewDataSet(const char *pszLabel);
     int  StorePoints(cVantorDataSet *pSet, uint32_t nPoints, const float *pX, const float *pY);
     void Link(std::unique_ptr<cVantorDataSet> pSet);
+    void DeleteAll();
+    void FollowData();
 
     cMessageBoxes      *m_pBoxes;
     cVantorPlotSettings m_Settings;
     int                 m_bUserRange;
+    int                 m_bRangeStale;  // not for the present size and legend
+    int                 m_nClientWidth;
+    int                 m_nClientHeight;
     uint32_t            m_nLegendRows;
     uint32_t            m_nCount;
     cVantorDataSet     *m_pHead;  // the list owns its sets

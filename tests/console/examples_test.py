@@ -476,6 +476,155 @@ class PlotTest(DrawingCase):
         self.assert_stops_with("Error: divide by 0", z=0, y=1, x=0)
 
 
+class DampedTest(DrawingCase):
+    name = "damped.txt"
+
+    def test_an_oscillation_between_two_curves(self):
+        for swings, decrement in ((5, 0.4), (1, 0), (2, -0.25), (0, 3)):
+            with self.subTest(swings=swings, decrement=decrement):
+                state = self.result(y=swings, x=decrement).state
+                times = [k / 30 for k in range(30 * swings + 1)]
+                left = [math.exp(-decrement * t) for t in times]
+
+                self.assert_close(shown(state), left[-1])
+                wave, above, below = self.lines(state)
+                self.assert_line(wave, [(t, a * math.cos(2 * math.pi * t))
+                                        for t, a in zip(times, left)])
+                self.assert_line(above, list(zip(times, left)))
+                self.assert_line(below, [(t, -a) for t, a in zip(times, left)])
+
+    def test_sign_and_fraction_of_the_swings_are_ignored(self):
+        self.assertEqual(self.lines(self.result(y=-2.9, x=0.1).state),
+                         self.lines(self.result(y=2, x=0.1).state))
+
+    def test_what_was_drawn_before_is_cleared(self):
+        self.assert_clears("text 2\\r0.1")
+
+    def test_the_most_swings(self):
+        self.assertEqual(len(self.lines(self.result(y=426, x=0).state)[0][0]), 12781)
+
+
+class DiceTest(DrawingCase):
+    name = "dice.txt"
+
+    @staticmethod
+    def counts(seed, throws):
+        """What the generator of the header gives."""
+        counts, r = [0] * 13, math.modf(abs(seed))[0]
+        for _ in range(max(throws, 1)):
+            pips = 0
+            for _ in range(2):
+                r = math.modf(9821 * r + 0.211327)[0]
+                pips += int(6 * r) + 1
+            counts[pips] += 1
+        return counts[2:]
+
+    def test_the_counts_of_each_sum(self):
+        for seed, throws in ((0.5, 600), (0.1, 1), (12.75, 3000), (-0.3, 50)):
+            with self.subTest(seed=seed, throws=throws):
+                state = self.result(y=seed, x=throws).state
+                counts = self.counts(seed, throws)
+
+                self.assertEqual(shown(state), counts[5])
+                (x, y), = self.lines(state)
+                self.assertEqual((x, y), (list(range(2, 13)), counts))
+                self.assertEqual(sum(y), throws)
+
+    def test_many_throws_come_near_to_the_chances(self):
+        (_, y), = self.lines(self.result(y=0.7, x=20000).state)
+        for total, count in enumerate(y, 2):
+            chance = (6 - abs(total - 7)) / 36
+            self.assertLess(abs(count - 20000 * chance), 5 * math.sqrt(20000 * chance))
+
+    def test_less_than_one_throw_is_one(self):
+        for throws in (0, -5, 0.9):
+            self.assertEqual(sum(self.lines(self.result(y=0.5, x=throws).state)[0][1]), 1)
+
+    def test_the_second_game_begins_anew(self):
+        self.assert_clears("text .5\\r60")
+
+
+class LissajousTest(DrawingCase):
+    name = "lissajous.txt"
+
+    def test_the_figure(self):
+        for a, b, ahead in ((3, 2, 20), (1, 1, 90), (5, -4, 0), (0.5, 7, -33)):
+            with self.subTest(a=a, b=b, ahead=ahead):
+                state = self.result(z=a, y=b, x=ahead).state
+
+                self.assertEqual(shown(state), ahead)
+                line, = self.lines(state)
+                self.assert_line(line, [(math.sin(math.radians(a * t + ahead)),
+                                         math.sin(math.radians(b * t)))
+                                        for t in range(360, -1, -1)])
+
+    def test_what_was_drawn_before_is_cleared(self):
+        self.assert_clears("text 3\\r2\\r20")
+
+
+class NewtonTest(DrawingCase):
+    name = "newton.txt"
+
+    def test_the_function_and_the_steps_to_its_root(self):
+        state = self.result(z=1, y=4, x=3.8).state
+        curve, steps = self.lines(state)
+
+        def f(x):
+            return x ** 3 - 2 * x - 5
+
+        self.assert_close(shown(state), 2.0945514815423265)
+        self.assertLess(abs(shown(state, "Y")), 1e-8)
+        self.assert_line(curve, [(x, f(x)) for x in (4 - 3 / 40 * k for k in range(40, -1, -1))])
+        guess, wanted = 3.8, []
+        for _ in range(len(steps[0]) // 2):
+            wanted += [(guess, 0), (guess, f(guess))]
+            guess -= f(guess) / (3 * guess ** 2 - 2)
+        self.assertEqual(len(steps[0]), len(wanted))
+        for x, y, (wanted_x, wanted_y) in zip(*steps, wanted):
+            self.assertLess(max(abs(x - wanted_x), abs(y - wanted_y)), 1e-4)
+
+    def test_a_function_of_the_users_own(self):
+        self.put_function("RAD", "cos")
+        self.assert_close(self.x(z=1, y=2, x=1.2), math.pi / 2)
+
+    def test_twenty_steps_without_a_root(self):
+        self.put_function("x^2", "1", "+")
+        state = self.result(z=-2, y=2, x=0.5).state
+        self.assertEqual(len(self.lines(state)[1][0]), 40)
+
+    def test_a_level_function(self):
+        self.put_function("CLX", "5")
+        self.assert_stops_with("Error: divide by 0", z=0, y=1, x=0)
+
+    def test_what_was_drawn_before_is_cleared(self):
+        self.assert_clears("text 1\\r4\\r3.8")
+
+
+class TrendTest(DrawingCase):
+    name = "trend.txt"
+
+    def test_points_and_the_line_of_least_squares(self):
+        for values in ((1.2, 1.7, 3.1, 3.3, 4.6, 5.1), (3, -3), (5, 5, 5), range(9, 0, -1)):
+            with self.subTest(values=values):
+                count = len(values)
+                state = self.result(x=count, reg=dict(enumerate(values, 1))).state
+                slope, intercept = statistics.linear_regression(range(1, count + 1), values)
+
+                self.assertLess(abs(shown(state) - slope), 1e-9)
+                self.assertLess(abs(shown(state, "Y") - intercept), 1e-9)
+                *points, line = self.lines(state)
+                for x, point in zip(range(count, 0, -1), points):
+                    self.assert_line(point, [(x, values[x - 1])])
+                self.assertEqual(len(points), count)
+                self.assert_line(line, [(x, intercept + slope * x) for x in (0, count + 1)])
+
+    def test_one_point_has_no_line(self):
+        self.assert_stops_with("Error: bad summation", x=1)
+
+    def test_what_was_drawn_before_is_cleared(self):
+        self.assert_clears("text 4")
+
+
 class ThrowsTest(DrawingCase):
     name = "throws.txt"
 
@@ -774,13 +923,31 @@ class HeaderTest(ConsoleCase):
                         self.assertIn(line, kept)       # in this order
 
     def test_the_table_lists_each_example_with_its_first_command(self):
-        rows = re.findall(r"^\| \[(.+?)\]\((.+?)\) \|.*\| `vorstek-cli (.+?)` \|$",
-                          source("README.md"), re.M)
+        rows = self.rows("run")
 
         self.assertEqual([row[0] for row in rows], listings())
         for name, target, arguments in rows:
             self.assertEqual(target, name)
             self.assertEqual(arguments.split(), examples_of(name)[0][0])
+
+
+    def test_the_table_lists_each_data_file_with_a_command_that_works(self):
+        shutil.copytree(EXAMPLES, self.path("examples"))
+        rows = self.rows("plot")
+
+        self.assertEqual(["data/" + row[0] for row in rows], [row[1] for row in rows])
+        self.assertEqual([row[0] for row in rows], sorted(os.listdir(os.path.join(EXAMPLES,
+                                                                                  "data"))))
+        for _, target, arguments in rows:
+            self.assertEqual(arguments.split()[1], "examples/" + target)
+            out = self.start(*arguments.split())
+            self.assertEqual((out.code, out.out, out.err), (0, "", ""))
+
+    @staticmethod
+    def rows(command):
+        """File, link and arguments of the table with these commands."""
+        return re.findall(rf"^\| \[(.+?)\]\((.+?)\) \|.*\| `vorstek-cli ({command} .+?)` \|$",
+                          source("README.md"), re.M)
 
 
 class AllTest(ConsoleCase):

@@ -142,13 +142,14 @@ class RandomTest(ConsoleCase):
     def test_random_command_lines(self):
         self.listing("LBL 1", "5", "STO 3", "PAUSE", "SumG", name="program.txt")
         self.write("data.txt", "key 20\nstate\nwalk\n")
-        words = ["run", "check", "script", "--x", "--y", "--reg", "--label", "--trace", "--graph",
+        words = ["run", "check", "script", "plot", "--title", "--type", "stoop", "--size", "90x60",
+                 "--grid", "--no-legend", "graph.svg", "--x", "--y", "--reg", "--label", "--trace", "--graph",
                  "--max-lines", "--registers", "--json", "--realtime", "--help", "--", "-", "",
                  "5=1", "1", "-3e5", "program.txt", "program.txt", "data.txt", "missing.txt",
                  "folder", "trace.txt", "graph.txt", "5=", "x y", "\u00e9"]
         chance = Chance(4)
         for _ in range(rounds(150)):
-            arguments = [chance.choice(("run", "run", "run", "check", "script", "walk"))]
+            arguments = [chance.choice(("run", "run", "run", "check", "script", "plot", "walk"))]
             arguments += chance.some(7, lambda: chance.choice(words))
             self.start(*arguments)      # its exit code is looked at there
 
@@ -170,6 +171,14 @@ class LargeFileTest(ConsoleCase):
         result = self.start("check", "program.txt")
         self.assertEqual((result.code, result.out.count("\n")), (1, (self.LINES * 64 + 510) // 511))
         self.assertEqual(self.start("run", "program.txt").code, 2)
+
+    def test_a_data_file_of_100_megabytes(self):
+        row = b"1.234567 , 2.345678 , 3.456789 , 4.567890 , 5.678901 , 6.789012 , 7.890123 , 8\n"
+        self.write("data.txt", 100 * 1024 * 1024 // len(row) * row + b"9 8 7\n")
+        self.assertEqual(self.boxes("graph open data.txt"), [])
+        self.write("data.txt", 100 * 1024 * 1024 // len(row) * row + b"nine\n")
+        text, = (box["text"] for box in self.boxes("graph open data.txt"))
+        self.assertEqual(text, "Could not read the file:\n data.txt")
 
     def test_data_and_script_of_megabytes(self):
         self.write("data.txt", 500000 * b"1 , 2\n")

@@ -266,8 +266,8 @@ class GraphFileTest(ConsoleCase):
         self.run_listing(("3", "SumG"), "--graph", "graph.txt")
         self.assertEqual(self.read_text("graph.txt").splitlines()[-1], "3.000000 , 0.000000")
 
-    def test_only_data_files_are_written(self):
-        for name in ("graph.svg", "graph", "graph.txt.bak"):
+    def test_only_data_files_and_pictures_are_written(self):
+        for name in ("graph.gif", "graph", "graph.txt.bak"):
             result = self.run_listing(self.DRAW, "--graph", name, code=2)
             self.assertRegex(result.err, r"\A[^\n]*--graph[^\n]*\n\Z")
             self.assertFalse(os.path.exists(self.path(name)))

@@ -6,6 +6,7 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <doctest/doctest.h>
@@ -103,7 +104,7 @@ TEST_CASE("applied settings are kept and fix the range")
     cVantorPlotSettings Settings;
     snprintf(Settings.m_szTitle, sizeof Settings.m_szTitle, "Fall");
     Settings.m_szHorzLabel[0] = '\0';
-    Settings.m_nHorzTicks     = 30;
+    Settings.m_nHorzTicks     = 20;
     Settings.m_fMaxVertTick   = -2.5F;
     Settings.m_bLegend        = 0;
 
@@ -112,7 +113,7 @@ TEST_CASE("applied settings are kept and fix the range")
     CHECK(Rig.m_Plot.UserRange() == 1);
     CHECK(std::string(Rig.m_Plot.Settings().m_szTitle) == "Fall");
     CHECK(std::string(Rig.m_Plot.Settings().m_szHorzLabel) == "");
-    CHECK(Rig.m_Plot.Settings().m_nHorzTicks == 30);
+    CHECK(Rig.m_Plot.Settings().m_nHorzTicks == 20);
     CHECK(Rig.m_Plot.Settings().m_fMaxVertTick == -2.5F);
     CHECK(Rig.m_Plot.Settings().m_bLegend == 0);
 }
@@ -649,6 +650,214 @@ TEST_CASE("giving up on memory for replaced points keeps the old ones")
 namespace
 {
 
+// A window that writes down what it hears, and the range it would show then.
+class cHearingPlot : public cVantorPlot
+{
+public:
+    explicit cHearingPlot(cMessageBoxes *pBoxes) : cVantorPlot(pBoxes) {}
+
+    // What was heard since the last call: "changed", "point 1", "added 2" ...
+    std::string Heard() { return std::exchange(m_Heard, ""); }
+
+protected:
+    void OnPlotChanged() override { Hear("changed"); }
+    void OnPointAdded(uint32_t nLine) override { Hear("point " + std::to_string(nLine)); }
+    void OnLabelAdded(uint32_t nLine) override
+    {
+        Hear("added " + std::to_string(nLine) + " " + DataSet(nLine)->m_pszLabel.get());
+    }
+    void OnLabelChanged(uint32_t nLine) override
+    {
+        Hear("renamed " + std::to_string(nLine) + " " + DataSet(nLine)->m_pszLabel.get());
+    }
+    void OnLabelRemoved(uint32_t nLine) override { Hear("removed " + std::to_string(nLine)); }
+    void OnChecksChanged() override { Hear(UserRange() ? "checks, fixed" : "checks, automatic"); }
+
+private:
+    void Hear(const std::string &Text) { m_Heard += (m_Heard.empty() ? "" : "; ") + Text; }
+
+    std::string m_Heard;
+};
+
+struct cHearingRig
+{
+    cHearingRig() : m_Plot(&m_Boxes) {}
+
+    // Points (0, 0) and (10, 10) in line 1; what was heard of them is forgotten.
+    void Begin()
+    {
+        REQUIRE(m_Plot.AddPoint(1, 0.0F, 0.0F) == 1);
+        REQUIRE(m_Plot.AddPoint(1, 10.0F, 10.0F) == 1);
+        m_Plot.Heard();
+    }
+
+    cRecordingBoxes m_Boxes;
+    cHearingPlot    m_Plot;
+};
+
+}  // namespace
+
+TEST_CASE("a point within the extents is drawn by itself, one beyond them with all")
+{
+    cHearingRig Rig;
+    CHECK(Rig.m_Plot.AddPoint(1, 0.0F, 0.0F) == 1);
+    CHECK(Rig.m_Plot.Heard() == "added 1 data line # 1; changed");
+    CHECK(Rig.m_Plot.AddPoint(1, 10.0F, 10.0F) == 1);
+    CHECK(Rig.m_Plot.Heard() == "changed");
+    CHECK(Rig.m_Plot.AddPoint(1, 10.0F, 0.0F) == 1);
+    CHECK(Rig.m_Plot.Heard() == "point 1");
+    CHECK(Rig.m_Plot.AddPoint(1, 5.0F, 10.001F) == 1);
+    CHECK(Rig.m_Plot.Heard() == "changed");
+    CHECK(Rig.m_Plot.AddPoint(3, 5.0F, 5.0F) == 0);
+    CHECK(Rig.m_Plot.Heard().empty());
+}
+
+TEST_CASE("with a fixed range, too, a point beyond the extents of its set repaints")
+{
+    cHearingRig Rig;
+    Rig.Begin();
+    Rig.m_Plot.ApplySettings(cVantorPlotSettings());
+    CHECK(Rig.m_Plot.Heard() == "checks, fixed; changed");
+
+    CHECK(Rig.m_Plot.AddPoint(1, 3.0F, 3.0F) == 1);
+    CHECK(Rig.m_Plot.Heard() == "point 1");
+    CHECK(Rig.m_Plot.AddPoint(1, 3.0F, 50.0F) == 1);
+    CHECK(Rig.m_Plot.Heard() == "changed");
+}
+
+TEST_CASE("a point that changes the number of ticks, or the end of bars, repaints")
+{
+    cHearingRig Rig;
+    Rig.Begin();
+    Rig.m_Plot.SetClientSize(900, 480);
+    CHECK(Rig.m_Plot.Heard() == "changed");
+    CHECK(Rig.m_Plot.Range().m_nHorzTicks == 6);  // until the data change
+    CHECK(Rig.m_Plot.AddPoint(1, 3.0F, 3.0F) == 1);
+    CHECK(Rig.m_Plot.Heard() == "changed");
+    CHECK(Rig.m_Plot.Range().m_nHorzTicks == 8);
+    CHECK(Rig.m_Plot.AddPoint(1, 3.0F, 3.0F) == 1);
+    CHECK(Rig.m_Plot.Heard() == "point 1");
+
+    cVantorLineFormat Stoop;
+    Stoop.m_nGraphType = gtStoop;
+    REQUIRE(Rig.m_Plot.FormatDataSet(1, Stoop, 1.0F, 0.0F) == 1);
+    CHECK(Rig.m_Plot.Range().m_fXMax == 10.0F);  // the last two x are equal
+    Rig.m_Plot.Heard();
+    CHECK(Rig.m_Plot.AddPoint(1, 5.0F, 3.0F) == 1);
+    CHECK(Rig.m_Plot.Heard() == "changed");
+    CHECK(Rig.m_Plot.Range().m_fXMax == 12.0F);
+    CHECK(Rig.m_Plot.AddPoint(1, 7.0F, 3.0F) == 1);
+    CHECK(Rig.m_Plot.Heard() == "point 1");
+}
+
+TEST_CASE("a window hears of every other change after it was made")
+{
+    cHearingRig       Rig;
+    const float       Y[]   = {1.0F, 2.0F};
+    cVantorLineFormat Named = {};
+    Named.m_pszLabel        = "Named";
+    Rig.Begin();
+
+    CHECK(Rig.m_Plot.AddDataSet(2, nullptr, Y, &Named) == 1);
+    CHECK(Rig.m_Plot.Heard() == "added 2 Named; changed");
+    CHECK(Rig.m_Plot.ReplaceDataSetPoints(1, 2, nullptr, Y) == 1);
+    CHECK(Rig.m_Plot.Heard() == "changed");
+    CHECK(Rig.m_Plot.FormatDataSet(1, Named, 1.0F, 0.0F) == 1);
+    CHECK(Rig.m_Plot.Heard() == "renamed 1 Named; changed");
+    CHECK(Rig.m_Plot.DeleteDataSet(1) == 1);
+    CHECK(Rig.m_Plot.Heard() == "removed 1; changed");
+    CHECK(Rig.m_Plot.AddPoint(2, 1.0F, 1.0F) == 1);
+    CHECK(Rig.m_Plot.Heard() == "added 2 data line # 2; changed");
+    CHECK(Rig.m_Plot.ClearAll() == 1);
+    CHECK(Rig.m_Plot.Heard() == "removed 2; removed 1; changed");
+    Rig.m_Plot.SetTitle("t");
+    Rig.m_Plot.SetHorzLabel("h");
+    Rig.m_Plot.SetLegendRows(7);
+    CHECK(Rig.m_Plot.Heard() == "changed; changed; changed");
+    Rig.m_Plot.SetGrid(1, 0);
+    CHECK(Rig.m_Plot.Heard() == "checks, automatic; changed");
+    Rig.m_Plot.SetLegend(0);
+    CHECK(Rig.m_Plot.Heard() == "checks, automatic; changed");
+    Rig.m_Plot.ApplySettings(cVantorPlotSettings());
+    CHECK(Rig.m_Plot.Heard() == "checks, fixed; changed");
+    Rig.m_Plot.AutoRange();
+    CHECK(Rig.m_Plot.Heard() == "checks, automatic; changed");
+
+    CHECK(Rig.m_Plot.DeleteDataSet(9) == 0);
+    CHECK(Rig.m_Plot.AddDataSet(0, nullptr, Y, nullptr) == 0);
+    CHECK(Rig.m_Plot.ReplaceDataSetPoints(9, 2, nullptr, Y) == 0);
+    CHECK(Rig.m_Plot.FormatDataSet(9, Named, 1.0F, 0.0F) == 0);
+    CHECK(Rig.m_Plot.Heard().empty());
+}
+
+TEST_CASE("the range follows the data until the user fixes it, and again on demand")
+{
+    cPlotRig Rig;
+    REQUIRE(Rig.AddMany(1, 11) == 1);  // (100, -0) to (110, -10)
+    CHECK(Rig.m_Plot.Range() == cPlotRange{6, 6, 100.0F, 110.0F, -10.0F, 0.0F});
+
+    cVantorPlotSettings Settings = Rig.m_Plot.Settings();
+    Settings.m_fMaxHorzTick      = 105.0F;
+    Rig.m_Plot.ApplySettings(Settings);
+    REQUIRE(Rig.m_Plot.AddPoint(1, 500.0F, 5.0F) == 1);
+    REQUIRE(Rig.m_Plot.ClearAll() == 1);
+    CHECK(Rig.m_Plot.Range() == cPlotRange{6, 6, 100.0F, 105.0F, -10.0F, 0.0F});
+
+    REQUIRE(Rig.AddMany(1, 3) == 1);
+    Rig.m_Plot.AutoRange();
+    CHECK(Rig.m_Plot.UserRange() == 0);
+    CHECK(Rig.m_Plot.Range() == cPlotRange{6, 6, 100.0F, 102.0F, -2.0F, 0.0F});
+    REQUIRE(Rig.m_Plot.ClearAll() == 1);
+    CHECK(Rig.m_Plot.Range() == cPlotRange{6, 6, 0.0F, 10.0F, 0.0F, 10.0F});
+}
+
+TEST_CASE("a set takes another look, and another label when one is given")
+{
+    cPlotRig Rig;
+    REQUIRE(Rig.AddWhole(2, false) == 1);
+    cVantorLineFormat Format;
+    Format.m_nGraphType = gtStoop;
+    Format.m_crColor    = MakeColor(1, 2, 3);
+    Format.m_nWidth     = 9;
+    Format.m_nStyle     = 5;
+
+    CHECK(Rig.m_Plot.FormatDataSet(1, Format, 2.0F, -1.0F) == 1);
+
+    CHECK(Rig.Set(1).m_nGraphType == gtStoop);
+    CHECK(Rig.Set(1).m_crColor == MakeColor(1, 2, 3));
+    CHECK(Rig.Set(1).m_nWidth == 4);
+    CHECK(Rig.Set(1).m_nStyle == 0);
+    CHECK(Rig.Set(1).m_fMultiplier == 2.0F);
+    CHECK(Rig.Set(1).m_fOffset == -1.0F);
+    CHECK(Rig.Label(1) == "data line # 1");
+    CHECK(Rig.m_Plot.Range() == cPlotRange{6, 6, 0.0F, 2.0F, 4.0F, 6.0F});
+
+    Format.m_pszLabel = "";
+    CHECK(Rig.m_Plot.FormatDataSet(1, Format, 2.0F, -1.0F) == 1);
+    CHECK(Rig.Label(1).empty());
+}
+
+TEST_CASE("giving up on memory for a label leaves the look as it was")
+{
+    cPlotRig Rig({anCancel});
+    REQUIRE(Rig.AddWhole(2, false) == 1);
+    cVantorLineFormat Format;
+    Format.m_nWidth   = 3;
+    Format.m_pszLabel = "new";
+    {
+        const cFailingMemory Failing(0, 1);
+        CHECK(Rig.m_Plot.FormatDataSet(1, Format, 2.0F, 0.0F) == 0);
+    }
+
+    CHECK(Rig.Label(1) == "data line # 1");
+    CHECK(Rig.Set(1).m_nWidth == 1);
+    CHECK(Rig.Set(1).m_fMultiplier == 1.0F);
+    CHECK(Rig.m_Boxes.m_QuitCodes == std::vector<int>{0});
+}
+
+namespace
+{
+
 // What a set should be, kept by the plainest means.
 struct cPlainSet
 {
@@ -683,7 +892,7 @@ bool IsSame(const cVantorDataSet &Set, const cPlainSet &Plain)
 class cRandomWorker
 {
 public:
-    explicit cRandomWorker(uint32_t nSeed) : m_Random(nSeed) {}
+    explicit cRandomWorker(uint32_t nSeed) : m_Random(nSeed) { m_Rig.m_Plot.AutoRange(); }
 
     void DoSomething()
     {
@@ -694,8 +903,10 @@ public:
             AddDataSet();
         else if (nChoice < 960)
             DeleteDataSet();
-        else if (nChoice < 999)
+        else if (nChoice < 980)
             ReplaceDataSetPoints();
+        else if (nChoice < 999)
+            FormatDataSet();
         else
             ClearAll();
     }
@@ -706,9 +917,17 @@ public:
         return pSet != nullptr && IsSame(*pSet, m_Plain[nLine - 1]);
     }
 
+    // The automatic range is what going round all sets anew gives.
+    bool IsRangeSame() const
+    {
+        const cVantorPlot &Plot = m_Rig.m_Plot;
+        return Plot.Range() == FindRange(Plot.DataSet(1), m_nWidth, kPlotHeight,
+                                         static_cast<int>(Plot.Settings().m_bLegend));
+    }
+
     bool IsAllSame() const
     {
-        bool bSame = m_Rig.m_Plot.Count() == m_Plain.size();
+        bool bSame = m_Rig.m_Plot.Count() == m_Plain.size() && IsRangeSame();
         for (uint32_t nLine = 1; bSame && nLine <= m_Plain.size(); nLine++)
             bSame = IsLineSame(nLine);
         return bSame;
@@ -717,6 +936,7 @@ public:
     // A line that was touched by the last operation, 0 for none.
     uint32_t m_nTouched    = 0;
     size_t   m_nMostPoints = 0;
+    int      m_nWidth      = kPlotWidth;  // of the client area
 
 private:
     uint32_t Below(uint32_t nLimit) { return static_cast<uint32_t>(m_Random() % nLimit); }
@@ -821,6 +1041,22 @@ private:
         m_Plain[nLine - 1] = Set;
     }
 
+    // Also gives the plot another size, which counts from now on.
+    void FormatDataSet()
+    {
+        const uint32_t    nLine = AnyLine();
+        cVantorLineFormat Format;
+        Format.m_nGraphType = Below(5);
+        m_nWidth            = static_cast<int>(Below(1000));
+        m_Rig.m_Plot.SetClientSize(m_nWidth, kPlotHeight);
+
+        REQUIRE(m_Rig.m_Plot.FormatDataSet(nLine, Format, AnyValue(), AnyValue()) ==
+                (Exists(nLine) ? 1 : 0));
+
+        m_Rig.m_Plot.AutoRange();
+        m_nTouched = Exists(nLine) ? nLine : 0;
+    }
+
     void ClearAll()
     {
         REQUIRE(m_Rig.m_Plot.ClearAll() == 1);
@@ -843,7 +1079,8 @@ TEST_CASE("100000 random operations agree with a plain recomputation")
         Worker.DoSomething();
         const bool bSame = i % 100 == 0
                                ? Worker.IsAllSame()
-                               : Worker.m_nTouched == 0 || Worker.IsLineSame(Worker.m_nTouched);
+                               : Worker.m_nTouched == 0 ||
+                                     (Worker.IsRangeSame() && Worker.IsLineSame(Worker.m_nTouched));
         CAPTURE(i);
         REQUIRE(bSame);
     }

@@ -1,0 +1,134 @@
+#include "console/plot_options.h"
+
+#include "console/arguments.h"
+
+// Each takes an option's value; 0 if it is not acceptable.
+typedef int (*cTakeValue)(cPlotOptions *, const std::string &);
+
+static int TakeTitle(cPlotOptions *pOptions, const std::string &Value)
+{
+    pOptions->m_Title = Value;
+    return 1;
+}
+
+static int TakeLabel(cPlotOptions *pOptions, const std::string &Value)
+{
+    pOptions->m_Label = Value;
+    return 1;
+}
+
+static int TakeType(cPlotOptions *pOptions, const std::string &Value)
+{
+    // clang-format off
+    static const struct { const char *m_szName; uint32_t m_nType; } s_Types[] =
+    {
+        { "plot",      gtPlot      },
+        { "stairstep", gtStairStep },
+        { "scatter",   gtScatter   },
+        { "stoop",     gtStoop     },
+    };
+    // clang-format on
+    for (const auto &Row : s_Types)
+        if (Value == Row.m_szName)
+        {
+            pOptions->m_nType = Row.m_nType;
+            return 1;
+        }
+    return 0;
+}
+
+static int TakePixels(const std::string &Text, int *pnPixels)
+{
+    uint64_t nPixels;
+    if (!ParseWholeNumber(Text, &nPixels) || nPixels < 1 || nPixels > kMostPictureSize)
+        return 0;
+    *pnPixels = static_cast<int>(nPixels);
+    return 1;
+}
+
+static int TakeSize(cPlotOptions *pOptions, const std::string &Value)
+{
+    const size_t nCross = Value.find('x');
+    return nCross != std::string::npos &&
+           TakePixels(Value.substr(0, nCross), &pOptions->m_nWidth) &&
+           TakePixels(Value.substr(nCross + 1), &pOptions->m_nHeight);
+}
+
+// clang-format off
+static const struct
+{
+    const char *m_szName;
+    cTakeValue  m_pTake;
+    const char *m_szWanted;
+} s_Options[] =
+{
+    { "--title", TakeTitle, "a text"                                  },
+    { "--label", TakeLabel, "a text"                                  },
+    { "--type",  TakeType,  "plot, stairstep, scatter or stoop"       },
+    { "--size",  TakeSize,  "WxH, width and height from 1 to 16383 pixels" },
+};
+// clang-format on
+
+static int TakeFlag(const std::string &Name, cPlotOptions *pOptions)
+{
+    if (Name == "--grid")
+        pOptions->m_bGrid = 1;
+    else if (Name == "--no-legend")
+        pOptions->m_bLegend = 0;
+    else
+        return 0;
+    return 1;
+}
+
+// Takes the option at *pnAt with its value; *pnAt then is at the value.
+static int TakeOption(const std::vector<std::string> &Arguments, size_t *pnAt,
+                      cPlotOptions *pOptions, std::string *pError)
+{
+    const std::string &Name = Arguments[*pnAt];
+    for (const auto &Row : s_Options)
+    {
+        if (Name != Row.m_szName)
+            continue;
+        if (++*pnAt < Arguments.size() && Row.m_pTake(pOptions, Arguments[*pnAt]))
+            return 1;
+        *pError = Name + " wants " + Row.m_szWanted;
+        return 0;
+    }
+    *pError = "unknown option '" + Name + "'";
+    return 0;
+}
+
+// The first name is that of the data, the second that of the picture.
+static int TakeFileName(const std::string &Word, cPlotOptions *pOptions, std::string *pError)
+{
+    if (pOptions->m_DataFile.empty())
+        pOptions->m_DataFile = Word;
+    else if (pOptions->m_PictureFile.empty())
+        pOptions->m_PictureFile = Word;
+    else
+    {
+        *pError = "plot takes one data file and one picture, not '" + Word + "' too";
+        return 0;
+    }
+    return 1;
+}
+
+int ParsePlotOptions(const std::vector<std::string> &Arguments, cPlotOptions *pOptions,
+                     std::string *pError)
+{
+    for (size_t nAt = 0; nAt < Arguments.size(); nAt++)
+    {
+        const std::string &Word = Arguments[nAt];
+        if (!Word.starts_with("--"))
+        {
+            if (!TakeFileName(Word, pOptions, pError))
+                return 0;
+        }
+        else if (!TakeFlag(Word, pOptions) && !TakeOption(Arguments, &nAt, pOptions, pError))
+            return 0;
+    }
+    if (!pOptions->m_PictureFile.empty())
+        return 1;
+    *pError = "plot wants the file names of data and picture";
+    return 0;
+}

@@ -1,0 +1,48 @@
+// plot_range.h - the range of values that a plot shows by itself: nice bounds
+// around all data sets and a number of ticks that suits the window.
+// Pure: no plot state, no window, no locale.
+
+#ifndef GRAPH_PLOT_RANGE_H
+#define GRAPH_PLOT_RANGE_H
+
+#include <cstdint>
+
+class cVantorDataSet;
+
+// The number of ticks that is drawn at most on an axis.
+const uint32_t kMostTicks = 26;
+
+// What an axis shows, from its first to its last tick. The minimum is above
+// the maximum where the user wants it so.
+struct cPlotRange
+{
+    uint32_t m_nHorzTicks;
+    uint32_t m_nVertTicks;
+    float    m_fXMin;
+    float    m_fXMax;
+    float    m_fYMin;
+    float    m_fYMax;
+};
+
+inline bool operator==(const cPlotRange &a, const cPlotRange &b)
+{
+    return a.m_nHorzTicks == b.m_nHorzTicks && a.m_nVertTicks == b.m_nVertTicks &&
+           a.m_fXMin == b.m_fXMin && a.m_fXMax == b.m_fXMax && a.m_fYMin == b.m_fYMin &&
+           a.m_fYMax == b.m_fYMax;
+}
+
+// A bound pushed outwards by 0.05 % and then rounded to three significant
+// digits, to the nearest: 1234 becomes 1230 either way. Up is for maxima, down
+// for minima: 9.875 becomes 9.88 as a maximum and 9.87 as a minimum.
+double RoundUp(double dValue);
+double RoundDown(double dValue);
+
+// How many ticks suit a client area of this size: 2 to 8, and 2 to 6 or 11.
+uint32_t HorzTickCount(int nWidth);
+uint32_t VertTickCount(int nHeight, int bLegend);
+
+// The range for a client area of this size around all data sets from pFirst on.
+// Without any: 6 ticks and 0 to 10 both ways.
+cPlotRange FindRange(const cVantorDataSet *pFirst, int nWidth, int nHeight, int bLegend);
+
+#endif

@@ -1,0 +1,124 @@
+#include "graph/plot_vertices.h"
+
+namespace
+{
+
+// Corners relative to the point, y down.
+struct cMarker
+{
+    int    m_nCorners;
+    cPoint m_Corners[kMostCorners];
+};
+
+// clang-format off
+const cMarker kMarkers[kStyles] =
+{
+    { 3, { { -2,  2 }, {  0, -2 }, { 2, 2 }           } },  // triangle
+    { 4, { { -2, -2 }, {  2, -2 }, { 2, 2 }, { -2, 2 } } },  // square
+    { 4, { { -2,  0 }, {  0, -2 }, { 2, 0 }, {  0, 2 } } },  // diamond
+    { 4, { { -1, -3 }, {  1, -3 }, { 1, 3 }, { -1, 3 } } },  // vert line
+    { 4, { { -3, -1 }, {  3, -1 }, { 3, 1 }, { -3, 1 } } },  // horz line
+};
+// clang-format on
+
+const cMarker &MarkerOf(uint32_t nStyle)
+{
+    return kMarkers[nStyle < kStyles ? nStyle : 0];
+}
+
+bool HasSteps(const cVantorDataSet &Set)
+{
+    return Set.m_nGraphType == gtStairStep || Set.m_nGraphType == gtStoop;
+}
+
+// The points, with a step between each two of them.
+cPoint *StoreSteps(const cPlotLayout &Layout, const cVantorDataSet &Set, cPoint *pVertices)
+{
+    cPoint At    = Layout.PixelOf(Set, 0);
+    *pVertices++ = At;
+    for (uint32_t nPoint = 1; nPoint < Set.m_nPoints; nPoint++)
+    {
+        const cPoint Next = Layout.PixelOf(Set, nPoint);
+        *pVertices++      = {Next.m_nX, At.m_nY};
+        *pVertices++      = Next;
+        At                = Next;
+    }
+    return pVertices;
+}
+
+void StoreBars(const cPlotLayout &Layout, const cVantorDataSet &Set, cPoint *pVertices)
+{
+    const int    nBottom = Layout.m_Plot.m_nBottom;
+    const double dEnd    = static_cast<double>(Set.X(Set.m_nPoints - 1)) + LastSpacing(Set);
+    const int    nEnd    = Layout.PixelX(dEnd);
+
+    cPoint *pBehind   = StoreSteps(Layout, Set, pVertices + 1);
+    pVertices[0]      = {pVertices[1].m_nX, nBottom};
+    const int nHeight = pBehind[-1].m_nY;
+    pBehind[0]        = {nEnd, nHeight};
+    pBehind[1]        = {nEnd, nBottom};
+}
+
+}  // namespace
+
+int IsDrawnAsMarkers(const cVantorDataSet &Set)
+{
+    return Set.m_nGraphType == gtScatter || Set.m_nPoints == 1;
+}
+
+int MarkerCorners(uint32_t nStyle)
+{
+    return MarkerOf(nStyle).m_nCorners;
+}
+
+cPoint *StoreMarker(uint32_t nStyle, cPoint At, cPoint *pVertices)
+{
+    const cMarker &Marker = MarkerOf(nStyle);
+    for (int i = 0; i < Marker.m_nCorners; i++)
+        *pVertices++ = {At.m_nX + Marker.m_Corners[i].m_nX, At.m_nY + Marker.m_Corners[i].m_nY};
+    return pVertices;
+}
+
+size_t CountLineVertices(const cVantorDataSet &Set)
+{
+    const size_t nPoints = Set.m_nPoints;
+    switch (Set.m_nGraphType)
+    {
+    case gtStairStep:
+        return 2 * nPoints - 1;
+    case gtStoop:
+        return 2 * nPoints + 2;
+    default:
+        return nPoints;
+    }
+}
+
+void StoreLineVertices(const cPlotLayout &Layout, const cVantorDataSet &Set, cPoint *pVertices)
+{
+    if (Set.m_nGraphType == gtStairStep)
+        StoreSteps(Layout, Set, pVertices);
+    else if (Set.m_nGraphType == gtStoop)
+        StoreBars(Layout, Set, pVertices);
+    else
+        for (uint32_t nPoint = 0; nPoint < Set.m_nPoints; nPoint++)
+            pVertices[nPoint] = Layout.PixelOf(Set, nPoint);
+}
+
+void StoreMarkerVertices(const cPlotLayout &Layout, const cVantorDataSet &Set, cPoint *pVertices)
+{
+    for (uint32_t nPoint = 0; nPoint < Set.m_nPoints; nPoint++)
+        pVertices = StoreMarker(Set.m_nStyle, Layout.PixelOf(Set, nPoint), pVertices);
+}
+
+size_t StoreAddedVertices(const cPlotLayout &Layout, const cVantorDataSet &Set,
+                          cPoint (&Vertices)[3])
+{
+    const cPoint Former = Layout.PixelOf(Set, Set.m_nPoints - 2);
+    const cPoint Added  = Layout.PixelOf(Set, Set.m_nPoints - 1);
+    size_t       nCount = 0;
+    Vertices[nCount++]  = Former;
+    if (HasSteps(Set))
+        Vertices[nCount++] = {Added.m_nX, Former.m_nY};
+    Vertices[nCount++] = Added;
+    return nCount;
+}

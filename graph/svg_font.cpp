@@ -1,0 +1,69 @@
+#include "graph/svg_font.h"
+
+#include <cstdint>
+#include <string_view>
+
+#include "toolkit/utf8.h"
+
+namespace
+{
+
+const int kUnitsPerEm = 2048;
+const int kOtherWidth = 1139;  // a digit's
+
+const unsigned kFirstAscii  = 0x20;
+const unsigned kFirstLatin1 = 0xA0;
+
+// clang-format off
+const int kAsciiWidths[] =  // from the blank to "~"
+{
+     569,  569,  727, 1139, 1139, 1821, 1366,  391,  682,  682,  797, 1196,  569,  682,  569,  569,
+    1139, 1139, 1139, 1139, 1139, 1139, 1139, 1139, 1139, 1139,  569,  569, 1196, 1196, 1196, 1139,
+    2079, 1366, 1366, 1479, 1479, 1366, 1251, 1593, 1479,  569, 1024, 1366, 1139, 1706, 1479, 1593,
+    1366, 1593, 1479, 1366, 1251, 1479, 1366, 1933, 1366, 1366, 1251,  569,  569,  569,  961, 1139,
+     682, 1139, 1139, 1024, 1139, 1139,  569, 1139, 1139,  455,  455, 1024,  455, 1706, 1139, 1139,
+    1139, 1139,  682, 1024,  569, 1139, 1024, 1479, 1024, 1024, 1024,  684,  532,  684, 1196,
+};
+
+const int kLatin1Widths[] =  // from the no-break space to U+00FF
+{
+     569,  682, 1139, 1139, 1139, 1139,  532, 1139,  682, 1509,  758, 1139, 1196,  682, 1509, 1131,
+     819, 1124,  682,  682,  682, 1180, 1100,  569,  682,  682,  748, 1139, 1708, 1708, 1708, 1251,
+    1366, 1366, 1366, 1366, 1366, 1366, 2048, 1479, 1366, 1366, 1366, 1366,  569,  569,  569,  569,
+    1479, 1479, 1593, 1593, 1593, 1593, 1593, 1196, 1593, 1479, 1479, 1479, 1479, 1366, 1366, 1251,
+    1139, 1139, 1139, 1139, 1139, 1139, 1821, 1024, 1139, 1139, 1139, 1139,  569,  569,  569,  569,
+    1139, 1139, 1139, 1139, 1139, 1139, 1139, 1124, 1251, 1139, 1139, 1139, 1139, 1024, 1139, 1024,
+};
+// clang-format on
+
+template <int nCount> int WidthOf(const int (&Widths)[nCount], unsigned nFirst, unsigned nCode)
+{
+    return nCode >= nFirst && nCode - nFirst < nCount ? Widths[nCode - nFirst] : kOtherWidth;
+}
+
+// Of the character of nLength bytes that Text begins with.
+int CharacterWidth(std::string_view Text, size_t nLength)
+{
+    const unsigned nLead = static_cast<unsigned char>(Text[0]);
+    if (nLength == 1)
+        return WidthOf(kAsciiWidths, kFirstAscii, nLead);
+    if (nLength != 2)
+        return kOtherWidth;
+    const unsigned nNext = static_cast<unsigned char>(Text[1]);
+    return WidthOf(kLatin1Widths, kFirstLatin1, (nLead & 0x1F) << 6 | (nNext & 0x3F));
+}
+
+}  // namespace
+
+int SvgTextWidth(const char *szText)
+{
+    int64_t          nUnits = 0;
+    std::string_view Text   = szText;
+    while (!Text.empty())
+    {
+        const size_t nLength = Utf8Length(Text);
+        nUnits += CharacterWidth(Text, nLength);
+        Text.remove_prefix(nLength > 0 ? nLength : 1);
+    }
+    return static_cast<int>((nUnits * kSvgFontSize + kUnitsPerEm / 2) / kUnitsPerEm);
+}

@@ -1,0 +1,21 @@
+// svg_font.h - how wide texts of an SVG file are. Whoever shows the file draws
+// them; the layout has to know before. The figures are the advance widths of
+// Liberation Sans, in units of 2048 to the em; Arial and Helvetica have the same.
+// Pure: no canvas, no file.
+
+#ifndef GRAPH_SVG_FONT_H
+#define GRAPH_SVG_FONT_H
+
+const char *const kSvgFontFamily = "Liberation Sans, Arial, Helvetica, sans-serif";
+
+// Pixels.
+const int kSvgFontSize   = 14;
+const int kSvgTextHeight = 16;  // of a line
+const int kSvgAscent     = 13;  // from the top of a line to its base line
+
+// The width of a text in UTF-8, rounded to whole pixels: "M" is 12 wide, "-2.5"
+// 24. Characters beyond Latin-1, and bytes that are none, are taken to be as
+// wide as a digit.
+int SvgTextWidth(const char *szText);
+
+#endif

@@ -1,0 +1,54 @@
+"""The pictures in docs/pictures and tests/golden: drawing them again gives the same
+bytes. scripts/make-pictures rewrites them."""
+
+import os
+import shlex
+import shutil
+
+from console_case import EXAMPLES, REPOSITORY, ConsoleCase, main
+
+
+class PicturesTest(ConsoleCase):
+
+    def setUp(self):
+        super().setUp()
+        shutil.copytree(EXAMPLES, self.path("examples"))
+        shutil.copytree(os.path.join(REPOSITORY, "tests", "golden"),
+                        self.path(os.path.join("tests", "golden")))
+
+    def commands(self, folder):
+        with open(os.path.join(folder, "commands.txt"), encoding="utf-8") as file:
+            lines = file.read().splitlines()
+        return [shlex.split(line) for line in lines if line and not line.startswith("#")]
+
+    def pictures(self, folder):
+        return sorted(name for name in os.listdir(folder) if name.endswith(".svg"))
+
+    def assert_same(self, *folder):
+        folder = os.path.join(REPOSITORY, *folder)
+        for arguments in self.commands(folder):
+            result = self.start(*arguments)
+            self.assertEqual((result.code, result.err), (0, ""), arguments)
+
+        self.assertEqual(self.pictures(self.folder), self.pictures(folder))
+        for name in self.pictures(folder):
+            with self.subTest(picture=os.path.join(folder, name)):
+                with open(os.path.join(folder, name), "rb") as file:
+                    wanted = file.read().split(b"\n")
+                self.assertEqual(self.read(name).split(b"\n"), wanted)
+
+    def test_golden_pictures(self):
+        self.assert_same("tests", "golden")
+
+    def test_pictures_of_the_examples(self):
+        self.assert_same("docs", "pictures")
+
+    def test_the_examples_show_each_of_their_pictures(self):
+        with open(os.path.join(EXAMPLES, "README.md"), encoding="utf-8") as file:
+            text = file.read()
+        for name in self.pictures(os.path.join(REPOSITORY, "docs", "pictures")):
+            self.assertIn("../docs/pictures/" + name, text)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,441 @@
+#include "toolkit/win32.h"
+
+#include "graph/gdi_canvas.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include <doctest/doctest.h>
+
+#include "graph/plot_renderer.h"
+#include "graph/plot_vertices.h"
+#include "tests/unit/recording_boxes.h"
+#include "tests/unit/recording_canvas.h"
+#include "toolkit/gdi.h"
+
+namespace
+{
+
+const COLORREF kRed  = RGB(255, 0, 0);
+const COLORREF kBlue = RGB(0, 0, 255);
+
+HBITMAP MakeBitmap(int nWidth, int nHeight)
+{
+    BITMAPINFO Info              = {};
+    Info.bmiHeader.biSize        = sizeof Info.bmiHeader;
+    Info.bmiHeader.biWidth       = nWidth;
+    Info.bmiHeader.biHeight      = -nHeight;
+    Info.bmiHeader.biPlanes      = 1;
+    Info.bmiHeader.biBitCount    = 32;
+    Info.bmiHeader.biCompression = BI_RGB;
+    void *pBits                  = nullptr;
+    return CreateDIBSection(nullptr, &Info, DIB_RGB_COLORS, &pBits, nullptr, 0);
+}
+
+// A white bitmap in memory that can be drawn on and looked at.
+struct cPaperRig
+{
+    cPaperRig(int nWidth, int nHeight)
+        : m_nWidth(nWidth), m_nHeight(nHeight), m_Bitmap(MakeBitmap(nWidth, nHeight)),
+          m_Dc(nullptr), m_Selected(m_Dc.Get(), m_Bitmap.Get())
+    {
+        REQUIRE(m_Bitmap.Get() != nullptr);
+        cGdiCanvas(m_Dc.Get(), nullptr).FillBox({0, 0, nWidth, nHeight}, RGB(255, 255, 255));
+    }
+
+    COLORREF Pixel(int nX, int nY) const { return GetPixel(m_Dc.Get(), nX, nY); }
+
+    // A row a line; '#' is red, '+' blue, '.' white, '?' anything else.
+    std::string Picture() const
+    {
+        std::string Text;
+        for (int nY = 0; nY < m_nHeight; nY++)
+        {
+            for (int nX = 0; nX < m_nWidth; nX++)
+                Text += Sign(Pixel(nX, nY));
+            Text += '\n';
+        }
+        return Text;
+    }
+
+    static char Sign(COLORREF crPixel)
+    {
+        return crPixel == kRed                 ? '#'
+               : crPixel == kBlue              ? '+'
+               : crPixel == RGB(255, 255, 255) ? '.'
+                                               : '?';
+    }
+
+    // The least box around all that is not white.
+    cRect DrawnBox() const
+    {
+        cRect Box = {m_nWidth, m_nHeight, 0, 0};
+        for (int nY = 0; nY < m_nHeight; nY++)
+            for (int nX = 0; nX < m_nWidth; nX++)
+                if (Pixel(nX, nY) != RGB(255, 255, 255))
+                    Box = {std::min(Box.m_nLeft, nX), std::min(Box.m_nTop, nY),
+                           std::max(Box.m_nRight, nX + 1), std::max(Box.m_nBottom, nY + 1)};
+        return Box;
+    }
+
+    int CountPixels(COLORREF crColor) const
+    {
+        int nCount = 0;
+        for (int nPixel = 0; nPixel < m_nWidth * m_nHeight; nPixel++)
+            nCount += Pixel(nPixel % m_nWidth, nPixel / m_nWidth) == crColor;
+        return nCount;
+    }
+
+    int          m_nWidth;
+    int          m_nHeight;
+    cGdiBitmap   m_Bitmap;
+    cMemoryDc    m_Dc;
+    cSelectGuard m_Selected;
+};
+
+// Where Expected has a '*', the platform may draw or not.
+bool IsLike(const std::string &Picture, const std::string &Expected)
+{
+    return std::equal(Picture.begin(), Picture.end(), Expected.begin(), Expected.end(),
+                      [](char c, char cExpected) { return cExpected == '*' || c == cExpected; });
+}
+
+void CheckPicture(const cPaperRig &Rig, const std::string &Expected)
+{
+    const std::string Picture = Rig.Picture();
+    CAPTURE(Picture);
+    CAPTURE(Expected);
+    CHECK(IsLike(Picture, Expected));
+}
+
+// A plot with everything: each type, grid, title, labels, legend.
+struct cFullPlot
+{
+    cFullPlot() : m_Plot(&m_Boxes)
+    {
+        const float X[] = {0.0F, 1.0F, 2.5F, 3.0F};
+        const float Y[] = {1.0F, -2.0F, 4.0F, 0.5F};
+        for (uint32_t nType = gtPlot; nType <= gtStoop; nType++)
+        {
+            cVantorLineFormat Format;
+            Format.m_nGraphType = nType;
+            Format.m_nStyle     = nType;
+            Format.m_nWidth     = nType % 2 + 1;
+            REQUIRE(m_Plot.AddDataSet(4, nType % 2 != 0 ? X : nullptr, Y, &Format) == 1);
+        }
+        m_Plot.SetGrid(1, 0);
+    }
+
+    int Draw(cPlotCanvas *pCanvas) const
+    {
+        const cRect       Picture = {0, 0, 400, 300};
+        const cPlotLayout Layout  = LayOutPlot(m_Plot, {ptImage, Picture}, *pCanvas);
+        pCanvas->FillBox(Picture, m_Plot.Settings().m_crBackground);
+        return DrawPlot(Layout, m_Plot, pCanvas);
+    }
+
+    cRecordingBoxes m_Boxes;
+    cVantorPlot     m_Plot;
+};
+
+// The pixels of a line along an axis, in a picture of this width.
+void Cover(cPoint From, cPoint To, int nWidth, std::vector<int> *pCovered)
+{
+    const cPoint Step = {From.m_nX < To.m_nX ? 1 : 0, From.m_nY < To.m_nY ? 1 : 0};
+    for (; !(From == To); From = {From.m_nX + Step.m_nX, From.m_nY + Step.m_nY})
+        (*pCovered)[static_cast<size_t>(From.m_nY * nWidth + From.m_nX)] = 1;
+}
+
+}  // namespace
+
+TEST_CASE("lines cover their first pixel and end before their last one")
+{
+    cPaperRig      Rig(12, 7);
+    const cPoint   Points[]  = {{1, 1}, {5, 1}, {7, 1}, {7, 4}};
+    const uint32_t nCounts[] = {2, 2};
+    const cPoint   Bent[]    = {{1, 6}, {4, 3}, {10, 3}, {10, 6}};
+
+    cGdiCanvas(Rig.m_Dc.Get(), nullptr).Polylines(Points, nCounts, 2, {0, 1, kRed});
+    cGdiCanvas(Rig.m_Dc.Get(), nullptr).Polyline(Bent, 4, {0, 1, kBlue});
+
+    CheckPicture(Rig, "............\n"
+                      ".####..#....\n"
+                      ".......#....\n"
+                      "....+++++++.\n"
+                      "...+......+.\n"
+                      "..+.......+.\n"
+                      ".+..........\n");
+}
+
+TEST_CASE("the markers are filled and outlined")
+{
+    // clang-format off
+    static const struct { uint32_t nStyle; const char *szPicture; } s_Rows[] =
+    {
+        { 0, ".........\n"
+             ".........\n"
+             "....#....\n"
+             "...*#*...\n"
+             "...###...\n"
+             "..*###*..\n"
+             "..#####..\n"
+             ".........\n"
+             ".........\n" },
+        { 1, ".........\n"
+             ".........\n"
+             "..#####..\n"
+             "..#####..\n"
+             "..#####..\n"
+             "..#####..\n"
+             "..#####..\n"
+             ".........\n"
+             ".........\n" },
+        { 2, ".........\n"
+             ".........\n"
+             "....#....\n"
+             "...###...\n"
+             "..#####..\n"
+             "...###...\n"
+             "....#....\n"
+             ".........\n"
+             ".........\n" },
+        { 3, ".........\n"
+             "...###...\n"
+             "...###...\n"
+             "...###...\n"
+             "...###...\n"
+             "...###...\n"
+             "...###...\n"
+             "...###...\n"
+             ".........\n" },
+        { 4, ".........\n"
+             ".........\n"
+             ".........\n"
+             ".#######.\n"
+             ".#######.\n"
+             ".#######.\n"
+             ".........\n"
+             ".........\n"
+             ".........\n" },
+    };
+    // clang-format on
+    for (const auto &Row : s_Rows)
+    {
+        CAPTURE(Row.nStyle);
+        cPaperRig     Rig(9, 9);
+        cPoint        Corners[kMostCorners];
+        const int32_t nCorners = MarkerCorners(Row.nStyle);
+        StoreMarker(Row.nStyle, {4, 4}, Corners);
+        cGdiCanvas(Rig.m_Dc.Get(), nullptr).Polygons(Corners, &nCorners, 1, kRed);
+        CheckPicture(Rig, Row.szPicture);
+    }
+}
+
+TEST_CASE("many polygons go out in one call")
+{
+    cPaperRig     Rig(11, 5);
+    cPoint        Corners[2 * kMostCorners];
+    const int32_t nCorners[] = {4, 3};
+    StoreMarker(0, {8, 2}, StoreMarker(2, {2, 2}, Corners));
+
+    cGdiCanvas(Rig.m_Dc.Get(), nullptr).Polygons(Corners, nCorners, 2, kBlue);
+
+    CheckPicture(Rig, "..+.....+..\n"
+                      ".+++...*+*.\n"
+                      "+++++..+++.\n"
+                      ".+++..*+++*\n"
+                      "..+...+++++\n");
+}
+
+TEST_CASE("dashed lines leave the background in their gaps, wide lines have none")
+{
+    for (uint32_t nStyle = 0; nStyle < kStyles; nStyle++)
+    {
+        CAPTURE(nStyle);
+        cPaperRig    Thin(80, 1);
+        cPaperRig    Wide(80, 9);
+        const cPoint Line[] = {{0, 0}, {80, 0}};
+        const cPoint Down[] = {{0, 4}, {80, 4}};
+        cGdiCanvas(Thin.m_Dc.Get(), nullptr).Polyline(Line, 2, {nStyle, 1, kRed});
+        cGdiCanvas(Wide.m_Dc.Get(), nullptr).Polyline(Down, 2, {nStyle, 3, kRed});
+
+        const std::string Row = Thin.Picture();
+        CHECK(Row[0] == '#');
+        CHECK((Row.find('.') == std::string::npos) == (nStyle == 0));
+        CHECK(Wide.Picture().substr(4 * 81, 80) == std::string(80, '#'));
+    }
+}
+
+TEST_CASE("a clip cuts right column and bottom row off, and nested ones what both cut")
+{
+    cPaperRig  Rig(8, 6);
+    cGdiCanvas Canvas(Rig.m_Dc.Get(), nullptr);
+    Canvas.PushClip({1, 1, 6, 5});
+    Canvas.PushClip({3, 0, 8, 3});
+    Canvas.FillBox({0, 0, 8, 6}, kRed);
+    Canvas.PopClip();
+    Canvas.FillBox({0, 3, 8, 6}, kBlue);
+    Canvas.PopClip();
+    Canvas.FillBox({0, 5, 2, 6}, kRed);
+
+    CheckPicture(Rig, "........\n"
+                      "...###..\n"
+                      "...###..\n"
+                      ".+++++..\n"
+                      ".+++++..\n"
+                      "##......\n");
+}
+
+TEST_CASE("texts are measured and stand where they are put, in their colour")
+{
+    cPaperRig      Rig(200, 60);
+    const cGdiFont Font(CreateFontA(-14, 0, 0, 0, FW_NORMAL, 0, 0, 0, ANSI_CHARSET, 0, 0,
+                                    DEFAULT_QUALITY, FF_SWISS, "Arial"));
+    cGdiCanvas     Canvas(Rig.m_Dc.Get(), Font.Get());
+    const int      nWidth  = Canvas.TextWidth("HHHH");
+    const int      nHeight = Canvas.TextHeight();
+
+    REQUIRE(nWidth > 20);
+    REQUIRE(nHeight > 10);
+    CHECK(Canvas.TextWidth("") == 0);
+    CHECK(Canvas.TextWidth("HHHH ") > nWidth);
+    // Beside a letter there is some air, and a character may be drawn a pixel
+    // narrower than it is measured.
+    const int nAir = 3 + 4;
+    static const struct
+    {
+        eAlign nAlign;
+        int    nLeft;
+    } s_Rows[] = {{alLeft, 100}, {alCenter, 100 - nWidth / 2}, {alRight, 100 - nWidth}};
+    for (const auto &Row : s_Rows)
+    {
+        CAPTURE(Row.nAlign);
+        Canvas.FillBox({0, 0, 200, 60}, RGB(255, 255, 255));
+        Canvas.Label({100, 20}, Row.nAlign, "HHHH", kBlue);
+        const cRect Box = Rig.DrawnBox();
+        CHECK(Box.m_nLeft >= Row.nLeft);
+        CHECK(Box.m_nLeft <= Row.nLeft + nAir);
+        CHECK(Box.m_nRight <= Row.nLeft + nWidth + 1);
+        CHECK(Box.m_nRight >= Row.nLeft + nWidth - nAir);
+        CHECK(Box.m_nTop >= 20);
+        CHECK(Box.m_nBottom <= 20 + nHeight);
+    }
+}
+
+TEST_CASE("what lies behind a text shows through")
+{
+    cPaperRig  Rig(100, 40);
+    cGdiCanvas Canvas(Rig.m_Dc.Get(), nullptr);
+    Canvas.FillBox({0, 0, 100, 40}, kRed);
+    SetBkColor(Rig.m_Dc.Get(), RGB(0, 255, 0));
+
+    Canvas.Label({10, 10}, alLeft, "text", kBlue);
+
+    CHECK(Rig.Picture().find('+') != std::string::npos);
+    CHECK(Rig.Picture().find('.') == std::string::npos);
+    CHECK(Rig.CountPixels(RGB(0, 255, 0)) == 0);
+}
+
+TEST_CASE("a device has its resolution")
+{
+    cPaperRig        Rig(10, 10);
+    const cGdiCanvas Canvas(Rig.m_Dc.Get(), nullptr);
+
+    CHECK(Canvas.PixelsPerInchX() == GetDeviceCaps(Rig.m_Dc.Get(), LOGPIXELSX));
+    CHECK(Canvas.PixelsPerInchY() == GetDeviceCaps(Rig.m_Dc.Get(), LOGPIXELSY));
+    CHECK(Canvas.PixelsPerInchX() > 0);
+}
+
+TEST_CASE("a context has what it had before")
+{
+    cPaperRig       Rig(400, 300);
+    const HDC       hDc = Rig.m_Dc.Get();
+    const cFullPlot Full;
+    const cGdiFont  Font(
+         CreateFontA(-20, 0, 0, 0, FW_NORMAL, 0, 0, 0, ANSI_CHARSET, 0, 0, 0, FF_SWISS, "Arial"));
+    SetTextColor(hDc, kRed);
+    SetTextAlign(hDc, TA_RIGHT | TA_BOTTOM);
+    SetBkMode(hDc, OPAQUE);
+    IntersectClipRect(hDc, 5, 6, 300, 200);
+    const HGDIOBJ hPen   = GetCurrentObject(hDc, OBJ_PEN);
+    const HGDIOBJ hBrush = GetCurrentObject(hDc, OBJ_BRUSH);
+    const HGDIOBJ hFont  = GetCurrentObject(hDc, OBJ_FONT);
+    {
+        cGdiCanvas Canvas(hDc, Font.Get());
+        CHECK(GetCurrentObject(hDc, OBJ_FONT) == Font.Get());
+        CHECK(Full.Draw(&Canvas) == 1);
+    }
+
+    CHECK(GetCurrentObject(hDc, OBJ_PEN) == hPen);
+    CHECK(GetCurrentObject(hDc, OBJ_BRUSH) == hBrush);
+    CHECK(GetCurrentObject(hDc, OBJ_FONT) == hFont);
+    CHECK(GetTextColor(hDc) == kRed);
+    CHECK(GetTextAlign(hDc) == (TA_RIGHT | TA_BOTTOM));
+    CHECK(GetBkMode(hDc) == OPAQUE);
+    RECT Clip = {};
+    GetClipBox(hDc, &Clip);
+    CHECK(Clip.left == 5);
+    CHECK(Clip.top == 6);
+    CHECK(Clip.right == 300);
+    CHECK(Clip.bottom == 200);
+}
+
+// A process has room for ten to sixty-five thousand objects: one left behind by
+// each call would leave no room for a hundred more.
+TEST_CASE("seventy thousand calls leave no object behind")
+{
+    cPaperRig      Rig(9, 9);
+    const cPoint   Points[]  = {{1, 1}, {8, 1}, {4, 8}};
+    const uint32_t nCounts[] = {3};
+    const int32_t  nCorners  = 3;
+    for (int i = 0; i < 70000; i++)
+    {
+        cGdiCanvas Canvas(Rig.m_Dc.Get(), nullptr);
+        Canvas.PushClip({0, 0, 9, 9});
+        Canvas.FillBox({0, 0, 9, 9}, kRed);
+        Canvas.Polylines(Points, nCounts, 1, {1, 1, kBlue});
+        Canvas.Polyline(Points, 3, {0, 2, kBlue});
+        Canvas.Polygons(Points, &nCorners, 1, kBlue);
+        Canvas.Label({0, 0}, alCenter, "t", kBlue);
+        Canvas.PopClip();
+    }
+
+    std::vector<HPEN> Pens(100);
+    for (HPEN &hPen : Pens)
+        hPen = CreatePen(PS_SOLID, 1, kRed);
+    CHECK(std::count(Pens.begin(), Pens.end(), nullptr) == 0);
+    for (const HPEN hPen : Pens)
+        DeleteObject(hPen);
+}
+
+// The same layout is recorded; what was recorded must be seen, and no more.
+TEST_CASE("the axes on a bitmap are those that were recorded")
+{
+    cPaperRig           Rig(400, 300);
+    cRecordingBoxes     Boxes;
+    cVantorPlot         Plot(&Boxes);
+    cVantorPlotSettings Settings = Plot.Settings();
+    Settings.m_crAxis            = kBlue;
+    Settings.m_crText            = RGB(0, 200, 0);
+    Settings.m_bHorzGrid         = 1;
+    Settings.m_bLegend           = 0;
+    Plot.ApplySettings(Settings);
+    cGdiCanvas        Canvas(Rig.m_Dc.Get(), nullptr);
+    const cPlotLayout Layout = LayOutPlot(Plot, {ptImage, {0, 0, 400, 300}}, Canvas);
+    cRecordingCanvas  Recorded;
+
+    REQUIRE(DrawPlot(Layout, Plot, &Recorded) == 1);
+    REQUIRE(DrawPlot(Layout, Plot, &Canvas) == 1);
+
+    std::vector<int> Covered(400 * 300);
+    for (const auto *pLines : Recorded.Calls(cRecordingCanvas::caLines))
+        for (size_t i = 0; i < pLines->m_Points.size(); i += 2)
+            Cover(pLines->m_Points[i], pLines->m_Points[i + 1], 400, &Covered);
+    int nWrong = 0;
+    for (int nPixel = 0; nPixel < 400 * 300; nPixel++)
+        nWrong += (Rig.Pixel(nPixel % 400, nPixel / 400) == kBlue) != (Covered[nPixel] != 0);
+    CHECK(std::count(Covered.begin(), Covered.end(), 1) > 2000);
+    CHECK(nWrong == 0);
+    CHECK(Rig.CountPixels(RGB(0, 200, 0)) > 100);
+}
