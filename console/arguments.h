@@ -8,6 +8,9 @@
 #include <string_view>
 #include <vector>
 
+// Words behind this one are no options.
+const char *const kEndOfOptions = "--";
+
 // A whole text of decimal digits. A number beyond 64 bits is the largest one.
 // 0 if there is anything else in it.
 int ParseWholeNumber(std::string_view Text, uint64_t *pnValue);
@@ -17,6 +20,15 @@ int ParseNumber(const std::string &Text, double *pdValue);
 
 // The words between blanks (spaces and tabs).
 std::vector<std::string> SplitWords(std::string_view Text);
+
+// File names of a command that has no options: all words, but those in front
+// of "--" must not begin with "--". 0 with what is wrong, in one line.
+int TakeFileNames(const std::vector<std::string> &Arguments, std::vector<std::string> *pNames,
+                  std::string *pError);
+
+// What is said of an option that there is none of: "unknown option '--w' (see
+// vorstek-cli --help)".
+std::string UnknownOption(const std::string &Name);
 
 // The text without the blanks around it.
 std::string_view TrimBlanks(std::string_view Text);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <ostream>
 
+#include "console/arguments.h"
 #include "console/console.h"
 #include "console/headless_host.h"
 
@@ -56,10 +57,14 @@ static int CheckFile(const std::string &FileName, const cStreams &Streams)
 
 int CheckCommand(const std::vector<std::string> &Arguments, const cStreams &Streams)
 {
-    if (Arguments.empty())
+    std::vector<std::string> Names;
+    std::string              Error;
+    if (!TakeFileNames(Arguments, &Names, &Error))
+        return ReportUsage(Streams, Error);
+    if (Names.empty())
         return ReportUsage(Streams, "check wants the file names of programs");
     int nExitCode = kExitDone;
-    for (const std::string &FileName : Arguments)
+    for (const std::string &FileName : Names)
         nExitCode = std::max(nExitCode, CheckFile(FileName, Streams));
     return nExitCode;
 }

@@ -1,6 +1,10 @@
 #include "console/console.h"
 
+#include <algorithm>
+#include <new>
 #include <ostream>
+
+#include "console/arguments.h"
 
 static const char *const kUsage =
     "usage: vorstek-cli run PROGRAM.txt [options]    run a listing, print the stack\n"
@@ -40,18 +44,30 @@ int ReportUsage(const cStreams &Streams, const std::string &Text)
     return kExitUsage;
 }
 
-int RunConsole(const std::vector<std::string> &Arguments, const cStreams &Streams)
+// Wherever it stands, as somebody who looks for help may have begun to type;
+// a name like this one goes behind "--".
+static int AsksForHelp(const std::vector<std::string> &Arguments)
+{
+    const auto End = std::find(Arguments.begin(), Arguments.end(), kEndOfOptions);
+    return std::find(Arguments.begin(), End, "--help") != End ||
+           std::find(Arguments.begin(), End, "-h") != End;
+}
+
+static int PrintUsage(const cStreams &Streams)
+{
+    *Streams.m_pOut << kUsage;
+    return kExitDone;
+}
+
+static int FindAndRun(const std::vector<std::string> &Arguments, const cStreams &Streams)
 {
     static const struct
     {
         const char *m_szName;
         int (*m_pCommand)(const std::vector<std::string> &, const cStreams &);
     } s_Commands[] = {
-        {"run", RunCommand},
-        {"check", CheckCommand},
-        {"script", ScriptCommand},
-        {"plot", PlotCommand},
-        {"gif", GifCommand},
+        {"run", RunCommand},   {"check", CheckCommand}, {"script", ScriptCommand},
+        {"plot", PlotCommand}, {"gif", GifCommand},
     };
 
     if (Arguments.empty())
@@ -59,14 +75,26 @@ int RunConsole(const std::vector<std::string> &Arguments, const cStreams &Stream
         *Streams.m_pErr << kUsage;
         return kExitUsage;
     }
-    const std::string &Name = Arguments.front();
+    const std::string             &Name = Arguments.front();
+    const std::vector<std::string> Rest(Arguments.begin() + 1, Arguments.end());
     if (Name == "--help" || Name == "-h")
-    {
-        *Streams.m_pOut << kUsage;
-        return kExitDone;
-    }
+        return PrintUsage(Streams);
     for (const auto &Row : s_Commands)
         if (Name == Row.m_szName)
-            return Row.m_pCommand({Arguments.begin() + 1, Arguments.end()}, Streams);
+            return AsksForHelp(Rest) ? PrintUsage(Streams) : Row.m_pCommand(Rest, Streams);
     return ReportUsage(Streams, "unknown command '" + Name + "' (see vorstek-cli --help)");
+}
+
+// The message is a literal, as there may be no memory to compose one.
+int RunConsole(const std::vector<std::string> &Arguments, const cStreams &Streams)
+{
+    try
+    {
+        return FindAndRun(Arguments, Streams);
+    }
+    catch (const std::bad_alloc &)
+    {
+        *Streams.m_pErr << "vorstek-cli: not enough memory\n";
+        return kExitUsage;
+    }
 }

@@ -22,7 +22,7 @@ struct cStreams
 };
 
 // Runs the command that the arguments (without the program's name) ask for;
-// returns the exit code.
+// returns the exit code. Memory that runs out ends the command with kExitUsage.
 int RunConsole(const std::vector<std::string> &Arguments, const cStreams &Streams);
 
 // The commands; Arguments are those behind the command's name.

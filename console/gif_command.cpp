@@ -7,6 +7,7 @@
 #include <memory>
 #include <system_error>
 
+#include "console/arguments.h"
 #include "console/console.h"
 #include "imaging/bmp_reader.h"
 #include "imaging/byte_sink.h"
@@ -32,9 +33,12 @@ int ParseGifArguments(const std::vector<std::string> &Arguments, cGifArguments *
                       std::string *pError)
 {
     std::vector<std::string> Names;
+    int                      bOptions = 1;
     for (size_t i = 0; i < Arguments.size(); i++)
     {
-        if (Arguments[i] == "--options")
+        if (bOptions && Arguments[i] == kEndOfOptions)
+            bOptions = 0;
+        else if (bOptions && Arguments[i] == "--options")
         {
             if (++i == Arguments.size())
             {
@@ -43,9 +47,9 @@ int ParseGifArguments(const std::vector<std::string> &Arguments, cGifArguments *
             }
             pParsed->m_Options = Arguments[i];
         }
-        else if (Arguments[i].starts_with("--"))
+        else if (bOptions && Arguments[i].starts_with("--"))
         {
-            *pError = "unknown option '" + Arguments[i] + "'";
+            *pError = UnknownOption(Arguments[i]);
             return 0;
         }
         else

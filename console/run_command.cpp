@@ -2,21 +2,17 @@
 
 #include <chrono>
 #include <cmath>
-#include <cstdio>
-#include <filesystem>
-#include <memory>
 #include <ostream>
-#include <system_error>
 #include <thread>
 
 #include "console/console.h"
 #include "console/headless_host.h"
 #include "console/json.h"
+#include "console/run_files.h"
 #include "console/run_options.h"
 #include "console/state_report.h"
 #include "graph/graph_file_commands.h"
 #include "graph/svg_file.h"
-#include "toolkit/disk_file.h"
 
 // Boxes go to standard error; questions are answered with Cancel.
 class cRunHost : public cHeadlessHost
@@ -64,13 +60,18 @@ int cRunHost::DrainMessages()
     return cHeadlessHost::DrainMessages();
 }
 
+// JSON keeps standard output for itself. A program that writes where nothing
+// arrives any more is halted.
 void cRunHost::Pause(unsigned nMilliseconds)
 {
-    *m_Streams.m_pOut << DisplayedText(m_pEngine) << "\n";
-    if (!m_pOptions->m_bRealtime)
-        return;
-    m_Streams.m_pOut->flush();
-    std::this_thread::sleep_for(std::chrono::milliseconds(nMilliseconds));
+    std::ostream *const pOut = m_pOptions->m_bJson ? m_Streams.m_pErr : m_Streams.m_pOut;
+    *pOut << DisplayedText(m_pEngine) << "\n";
+    if (m_pOptions->m_bRealtime)
+        pOut->flush();
+    if (!*m_Streams.m_pOut)
+        m_pEngine->HaltProgram();
+    else if (m_pOptions->m_bRealtime)
+        std::this_thread::sleep_for(std::chrono::milliseconds(nMilliseconds));
 }
 
 static int LoadQuietly(cRunHost *pHost, const std::string &Name)
@@ -82,22 +83,6 @@ static int LoadQuietly(cRunHost *pHost, const std::string &Name)
         return 0;
     pHost->m_pEngine->TakeLoadedProgram(Name.c_str());
     return 1;
-}
-
-// Finds out before the run; what exists keeps its content.
-static int IsWritable(const std::string &Name)
-{
-    namespace fs = std::filesystem;
-    typedef std::unique_ptr<FILE, int (*)(FILE *)> cOpenFile;
-
-    std::error_code Error;
-    const fs::path  Path = PathOfName(Name.c_str());
-    if (fs::exists(fs::symlink_status(Path, Error)))
-        return !fs::is_fifo(Path, Error) && cOpenFile(OpenDiskFile(Path, "ab"), fclose);
-    const int bMade = cOpenFile(CreateDiskFile(Path, "wb"), fclose) != nullptr;
-    if (bMade)
-        fs::remove(Path, Error);
-    return bMade;
 }
 
 static void SetUp(const cRunOptions &Options, cVorstekEngine *pEngine)
@@ -187,11 +172,20 @@ static int Start(const cRunOptions &Options, cVorstekEngine *pEngine)
     return pEngine->Perform("GSB", static_cast<unsigned>(Options.m_nLabel));
 }
 
+// Says how a run ended; returns the exit code.
+static int ReportEnd(int bDone, const cRunHost &Host)
+{
+    if (bDone)
+        return Host.m_bHalted ? kExitHalted : kExitDone;
+    *Host.m_Streams.m_pErr << DisplayedText(Host.m_pEngine) << "\n";
+    return kExitError;
+}
+
 int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Streams)
 {
     cRunOptions Options;
     std::string Error;
-    if (!ParseRunOptions(Arguments, &Options, &Error))
+    if (!ParseRunOptions(Arguments, &Options, &Error) || !AreFilesApart(Options, &Error))
         return ReportUsage(Streams, Error);
 
     cRunHost            Host(Options, Streams);
@@ -199,22 +193,21 @@ int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Stream
     Host.m_pEngine = &Calculator.m_Engine;
     if (!LoadQuietly(&Host, Options.m_Program))
         return kExitUsage;
-    if (!Options.m_TraceFile.empty() && !IsWritable(Options.m_TraceFile))
-        return ReportUnwritable(Host, Options.m_TraceFile);
+    if (!AreFilesWritable(Options, &Error))
+        return ReportUsage(Streams, Error);
     SetUp(Options, &Calculator.m_Engine);
 
     const int bDone = Start(Options, &Calculator.m_Engine);
+    if (!*Streams.m_pOut)
+        return kExitUsage;  // main() says why
     if (Options.m_bJson)
         PrintJson(&Calculator, Host, Streams.m_pOut);
     else
         PrintText(Options, &Calculator, Streams.m_pOut);
-    if (!bDone)
-        *Streams.m_pErr << DisplayedText(&Calculator.m_Engine) << "\n";
+    const int nExitCode = ReportEnd(bDone, Host);
     if (Calculator.m_Engine.IsTraceLost())
         return ReportUnwritable(Host, Options.m_TraceFile);
-    if (!Options.m_GraphFile.empty() && SaveGraph(&Host, Options) != kExitDone)
-        return kExitUsage;
-    if (!bDone)
-        return kExitError;
-    return Host.m_bHalted ? kExitHalted : kExitDone;
+    if (Options.m_GraphFile.empty() || (nExitCode != kExitDone && Host.m_Plot.Count() == 0))
+        return nExitCode;  // a program cut short need not have drawn
+    return SaveGraph(&Host, Options) == kExitDone ? nExitCode : kExitUsage;
 }

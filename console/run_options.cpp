@@ -111,17 +111,20 @@ static int TakeOption(const std::vector<std::string> &Arguments, size_t *pnAt,
         *pError = Name + " wants " + Row.m_szWanted;
         return 0;
     }
-    *pError = "unknown option '" + Name + "'";
+    *pError = UnknownOption(Name);
     return 0;
 }
 
 int ParseRunOptions(const std::vector<std::string> &Arguments, cRunOptions *pOptions,
                     std::string *pError)
 {
+    int bOptions = 1;
     for (size_t nAt = 0; nAt < Arguments.size(); nAt++)
     {
         const std::string &Word = Arguments[nAt];
-        if (Word.starts_with("--"))
+        if (bOptions && Word == kEndOfOptions)
+            bOptions = 0;
+        else if (bOptions && Word.starts_with("--"))
         {
             if (!TakeFlag(Word, pOptions) && !TakeOption(Arguments, &nAt, pOptions, pError))
                 return 0;

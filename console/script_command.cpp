@@ -82,6 +82,14 @@ static int ParseKeyCode(const std::string &Text, unsigned *pnKeyCode)
     return 1;
 }
 
+// The whole rest of a line. No file has a zero in its name, and the name in
+// front of it would be another file's.
+static int ParseFileName(const std::string &Rest, std::string *pName)
+{
+    *pName = TrimBlanks(Rest);
+    return !pName->empty() && pName->find('\0') == std::string::npos;
+}
+
 // "\r" stands for Enter, "\e" for Escape.
 static std::string UnescapeText(const std::string &Text)
 {
@@ -232,8 +240,8 @@ int cScript::OnAnswer(const std::string &Rest)
 
 int cScript::OnOpen(const std::string &Rest)
 {
-    const std::string Name(TrimBlanks(Rest));
-    if (Name.empty())
+    std::string Name;
+    if (!ParseFileName(Rest, &Name))
         return 0;
     if (m_pCalculator->m_Engine.LoadProgram(Name.c_str()))
         m_pCalculator->m_Engine.TakeLoadedProgram(Name.c_str());
@@ -242,8 +250,8 @@ int cScript::OnOpen(const std::string &Rest)
 
 int cScript::OnSave(const std::string &Rest)
 {
-    const std::string Name(TrimBlanks(Rest));
-    if (Name.empty())
+    std::string Name;
+    if (!ParseFileName(Rest, &Name))
         return 0;
     m_pCalculator->m_Engine.SaveUnderName(Name.c_str());
     return 1;
@@ -305,9 +313,9 @@ int cScript::OnGraph(const std::string &Rest)
 {
     std::string Word;
     std::string FileName;
+    std::string Name;
     SplitCommand(Rest, &Word, &FileName);
-    const std::string Name(TrimBlanks(FileName));
-    if (Name.empty())
+    if (!ParseFileName(FileName, &Name))
         return 0;
     if (Word == "open")
         OpenGraphFile(&m_pHost->m_Plot, m_pHost.get(), Name.c_str());
@@ -342,12 +350,13 @@ int cScript::OnState(const std::string &Rest)
     return 1;
 }
 
-static int RunScript(std::istream *pIn, std::ostream *pOut)
+// Goes on while it is heard; InputName is for the message.
+static int RunScript(std::istream *pIn, const std::string &InputName, const cStreams &Streams)
 {
-    cScript     Script(pOut);
+    cScript     Script(Streams.m_pOut);
     int         nExitCode = kExitDone;
     std::string Line;
-    for (unsigned nLine = 1; std::getline(*pIn, Line); nLine++)
+    for (unsigned nLine = 1; *Streams.m_pOut && std::getline(*pIn, Line); nLine++)
     {
         if (Line.ends_with('\r'))
             Line.pop_back();
@@ -356,20 +365,26 @@ static int RunScript(std::istream *pIn, std::ostream *pOut)
         Script.ReportBad(nLine, Line);
         nExitCode = kExitUsage;
     }
+    if (pIn->bad())
+        return ReportUsage(Streams, "cannot read " + InputName);
     return nExitCode;
 }
 
 int ScriptCommand(const std::vector<std::string> &Arguments, const cStreams &Streams)
 {
-    if (Arguments.size() > 1)
+    std::vector<std::string> Names;
+    std::string              Error;
+    if (!TakeFileNames(Arguments, &Names, &Error))
+        return ReportUsage(Streams, Error);
+    if (Names.size() > 1)
         return ReportUsage(Streams, "script takes one file at the most");
-    if (Arguments.empty())
-        return RunScript(Streams.m_pIn, Streams.m_pOut);
-    const std::string &Name = Arguments.front();
-    std::ifstream      File;
-    if (IsRegularFile(Name.c_str()))
-        File.open(Name, std::ios::binary);
+    if (Names.empty())
+        return RunScript(Streams.m_pIn, "standard input", Streams);
+    const std::string Quoted = "'" + Names.front() + "'";
+    std::ifstream     File;
+    if (IsRegularFile(Names.front().c_str()))
+        File.open(Names.front(), std::ios::binary);
     if (!File.is_open())
-        return ReportUsage(Streams, "cannot read '" + Name + "'");
-    return RunScript(&File, Streams.m_pOut);
+        return ReportUsage(Streams, "cannot read " + Quoted);
+    return RunScript(&File, Quoted, Streams);
 }

@@ -1,6 +1,7 @@
 #include "console/script_host.h"
 
 #include <ostream>
+#include <vector>
 
 #include "console/json.h"
 
@@ -109,21 +110,24 @@ void cScriptHost::Deliver(const cScriptEvent &Event)
 
 void cScriptHost::DeliverAfter(uint64_t nLine, const cScriptEvent &Event)
 {
-    m_Later.push_back({m_pEngine->RunNumber() + 1, nLine, Event});
+    m_Later.insert({{m_pEngine->RunNumber() + 1, nLine}, Event});
 }
 
-// Moves the events that are due now behind those that wait already.
+// Moves the events that are due now behind those that wait already. Those of
+// a moment that has passed unreached are dropped.
 void cScriptHost::TakeDueEvents()
 {
-    for (const cLaterEvent &Later : m_Later)
-        if (Later.m_nRun == m_nRun && Later.m_nLine == m_nLines)
-            m_Waiting.push_back(Later.m_Event);
-    std::erase_if(m_Later, [this](const cLaterEvent &Later) {
-        return Later.m_nRun < m_nRun || (Later.m_nRun == m_nRun && Later.m_nLine <= m_nLines);
-    });
+    const cMoment Now(m_nRun, m_nLines);
+    while (!m_Later.empty() && m_Later.begin()->first <= Now)
+    {
+        if (m_Later.begin()->first == Now)
+            m_Waiting.push_back(m_Later.begin()->second);
+        m_Later.erase(m_Later.begin());
+    }
 }
 
-// Once the program is halted, what is left waits for the end of the run.
+// Once the program is halted, what is left waits for the end of the run. A
+// program that nobody hears any more is halted too.
 int cScriptHost::DrainMessages()
 {
     if (m_nRun != m_pEngine->RunNumber())
@@ -132,6 +136,8 @@ int cScriptHost::DrainMessages()
         m_nLines = 0;
     }
     m_nLines++;
+    if (!*m_pOut)
+        m_pEngine->HaltProgram();
     TakeDueEvents();
     while (!m_Waiting.empty() && m_pEngine->IsRunning())
     {

@@ -8,8 +8,9 @@
 #include <cstdint>
 #include <deque>
 #include <iosfwd>
+#include <map>
 #include <string>
-#include <vector>
+#include <utility>
 
 #include "console/headless_host.h"
 
@@ -53,24 +54,20 @@ public:
     cVorstekEngine *m_pEngine;
 
 private:
-    struct cLaterEvent
-    {
-        unsigned     m_nRun;
-        uint64_t     m_nLine;
-        cScriptEvent m_Event;
-    };
+    // A run and the lines executed in it.
+    typedef std::pair<unsigned, uint64_t> cMoment;
 
     eAnswer NextAnswer(eButtons nButtons);
     void    Dispatch(const cScriptEvent &Event);
     void    TakeDueEvents();
 
-    std::ostream            *m_pOut;
-    std::deque<eAnswer>      m_Answers;
-    std::vector<cLaterEvent> m_Later;
-    std::deque<cScriptEvent> m_Waiting;  // behind the event in hand
-    uint64_t                 m_nLimit;
-    unsigned                 m_nRun;    // the run that m_nLines counts in
-    uint64_t                 m_nLines;  // executed in it so far
+    std::ostream                        *m_pOut;
+    std::deque<eAnswer>                  m_Answers;
+    std::multimap<cMoment, cScriptEvent> m_Later;    // as given where moments are equal
+    std::deque<cScriptEvent>             m_Waiting;  // behind the event in hand
+    uint64_t                             m_nLimit;
+    unsigned                             m_nRun;    // the run that m_nLines counts in
+    uint64_t                             m_nLines;  // executed in it so far
 };
 
 #endif

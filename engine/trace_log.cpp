@@ -17,6 +17,7 @@ static const unsigned kCodeReturnDepth = 118;
 static const int kInstructionWidth = 21;
 static const int kNumberWidth      = 18;
 
+// The log cuts its messages; a path of more than 511 characters takes two.
 // Returns 0 when memory is short and the user gave up.
 int cVorstekEngine::OpenTrace()
 {
@@ -28,8 +29,10 @@ int cVorstekEngine::OpenTrace()
     if (!m_pTraceFile)
         return 0;
     const time_t nNow = time(nullptr);
-    m_pTraceFile->printf("Program from file '%s'\nrun on %s\n", m_szFileName,
-                         asctime(localtime(&nNow)));
+    m_pTraceFile->printf("Program from file '");
+    for (size_t nAt = 0; nAt < strlen(m_szFileName); nAt += kDbgMessage - 1)
+        m_pTraceFile->printf("%s", m_szFileName + nAt);
+    m_pTraceFile->printf("'\nrun on %s\n", asctime(localtime(&nNow)));
     m_pTraceFile->printf(" Instruction          X                 Y                 Reg[0]       "
                          "Subr Return Addr\n");
     return 1;

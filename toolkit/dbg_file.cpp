@@ -23,17 +23,6 @@ const size_t kSuffixLength    = sizeof kBackupSuffix - 1;
 // Text mode; where the C library knows "c", a flush goes through to the disk.
 const char kOpenMode[] = "wtc";
 
-void BackupName(const char *szName, char (&szBackup)[kDbgFileName])
-{
-    const size_t nLength = std::min(strlen(szName), kDbgFileName - 1 - kSuffixLength);
-    size_t       nStem   = nLength;
-    if (nLength >= kExtensionLength &&
-        memcmp(szName + nLength - kExtensionLength, kTextExtension, kExtensionLength) == 0)
-        nStem -= kExtensionLength;
-    snprintf(szBackup, sizeof szBackup, "%.*s%s%.*s", static_cast<int>(nStem), szName,
-             kBackupSuffix, static_cast<int>(nLength - nStem), szName + nStem);
-}
-
 void CopyStream(FILE *pFrom, FILE *pTo)
 {
     char   Block[16384];
@@ -43,6 +32,17 @@ void CopyStream(FILE *pFrom, FILE *pTo)
 }
 
 }  // namespace
+
+void DbgBackupName(const char *szName, char (&szBackup)[kDbgFileName])
+{
+    const size_t nLength = std::min(strlen(szName), kDbgFileName - 1 - kSuffixLength);
+    size_t       nStem   = nLength;
+    if (nLength >= kExtensionLength &&
+        memcmp(szName + nLength - kExtensionLength, kTextExtension, kExtensionLength) == 0)
+        nStem -= kExtensionLength;
+    snprintf(szBackup, sizeof szBackup, "%.*s%s%.*s", static_cast<int>(nStem), szName,
+             kBackupSuffix, static_cast<int>(nLength - nStem), szName + nStem);
+}
 
 cDbgFile::cDbgFile(const char *szFileName, uint32_t nMaxMegabytes, cMessageBoxes *pBoxes)
     : m_pFile(nullptr), m_bEnabled(1), m_nMaxMegabytes(std::min(nMaxMegabytes, kMostDbgMegabytes)),
@@ -129,7 +129,7 @@ void cDbgFile::CopyToBackup() const
         return;
 
     char szBackup[kDbgFileName];
-    BackupName(m_szFileName, szBackup);
+    DbgBackupName(m_szFileName, szBackup);
     FILE *const pTo = fopen(szBackup, "wb");
     if (pTo)
     {

@@ -23,15 +23,18 @@ const int      kDbgMessage       = 512;  // characters of one message, closing z
 const uint32_t kMostDbgMegabytes = 100;
 const long     kDbgMegabyte      = 1000000;  // bytes
 
+// The name of a log's backup: "tracelog_older.txt" for "tracelog.txt",
+// "trace_older" for "trace". Only 253 characters of szName count.
+void DbgBackupName(const char *szName, char (&szBackup)[kDbgFileName]);
+
 class cDbgFile
 {
 public:
-    // Keeps what szFileName holds as its backup and opens it empty. The backup
-    // of "tracelog.txt" is "tracelog_older.txt", that of "trace" is
-    // "trace_older". nMaxMegabytes is the cap in units of 1,000,000 bytes, at
-    // most 100. If the file cannot be opened, "C:\windows\temp\dfltlog.txt"
-    // takes its place; if that cannot be opened either, a box says so, quit is
-    // posted, and the log ignores what is written. pBoxes must outlive the log.
+    // Keeps what szFileName holds as its backup and opens it empty.
+    // nMaxMegabytes is the cap in units of 1,000,000 bytes, at most 100. If the
+    // file cannot be opened, "C:\windows\temp\dfltlog.txt" takes its place; if
+    // that cannot be opened either, a box says so, quit is posted, and the log
+    // ignores what is written. pBoxes must outlive the log.
     cDbgFile(const char *szFileName, uint32_t nMaxMegabytes, cMessageBoxes *pBoxes);
     virtual ~cDbgFile();
     cDbgFile(const cDbgFile &)            = delete;

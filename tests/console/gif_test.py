@@ -71,12 +71,17 @@ class GifTest(GifCase):
         self.convert("four.bmp", "four.bmp")
         self.assertEqual(self.read("four.bmp")[:6], b"GIF87a")
 
+    def test_no_option_behind_two_dashes(self):
+        self.assertEqual(self.start("gif", "--", "four.bmp", "--options").code, 0)
+        self.assertTrue(os.path.exists(self.path("--options")))
+
     def test_wrong_usage(self):
         self.assert_refused(mentions="BMP")
         self.assert_refused("four.bmp", mentions="BMP")
         self.assert_refused("four.bmp", "four.gif", "five.gif", mentions="BMP")
         self.assert_refused("four.bmp", "four.gif", "--options", mentions="--options")
-        self.assert_refused("four.bmp", "four.gif", "--interlace", mentions="--interlace")
+        self.assert_refused("four.bmp", "four.gif", "--interlace",
+                            mentions="'--interlace' (see vorstek-cli --help)")
         self.assertEqual(os.listdir(self.folder), ["four.bmp"])
 
     def test_files_that_cannot_be_read_leave_the_old_picture(self):

@@ -175,8 +175,15 @@ class RefusalTest(PictureCase):
             self.assert_refused("data.txt", "out.svg", "--size", size, mentions="--size")
 
     def test_unknown_options(self):
-        for option in ("--legend", "--Grid", "--", "--json"):
-            self.assert_refused("data.txt", "out.svg", option, mentions=option)
+        for option in ("--legend", "--Grid", "--json"):
+            self.assert_refused("data.txt", "out.svg", option,
+                                mentions=f"'{option}' (see vorstek-cli --help)")
+
+    def test_no_option_behind_two_dashes(self):
+        self.write("data.txt", DATA)
+        self.assertEqual(self.start("plot", "--", "data.txt", "--grid.svg").code, 0)
+        self.assertTrue(os.path.exists(self.path("--grid.svg")))
+        self.assert_refused("data.txt", "out.svg", "--", "--grid", mentions="'--grid'")
 
     def test_data_that_cannot_be_read(self):
         self.write("words.txt", "no numbers here\n")

@@ -1,6 +1,7 @@
 """vorstek-cli run: start, stop, output and the files it writes."""
 
 import datetime
+import json
 import os
 import struct
 import time
@@ -109,6 +110,11 @@ class OutputTest(ConsoleCase):
     def test_pauses_print_the_display(self):
         result = self.run_listing(("5", "PAUSE", "CHS", "PAUSE", "FIX 0", "PAUSE"))
         self.assertEqual(result.out.splitlines()[:3], [" 5.00", "-5.00", "-5"])
+
+    def test_pauses_leave_standard_output_to_json(self):
+        result = self.run_listing(("5", "PAUSE", "CHS", "PAUSE"), "--json")
+        self.assertEqual(list(json.loads(result.out)), STATE_KEYS)
+        self.assertEqual(result.err, " 5.00\n-5.00\n")
 
     def test_pauses_do_not_wait(self):
         begin = time.monotonic()
@@ -272,10 +278,35 @@ class GraphFileTest(ConsoleCase):
             self.assertRegex(result.err, r"\A[^\n]*--graph[^\n]*\n\Z")
             self.assertFalse(os.path.exists(self.path(name)))
 
-    def test_a_data_file_that_cannot_be_written(self):
-        name = os.path.join("missing", "graph.txt")
-        result = self.run_listing(("3", "SumG"), "--graph", name, code=2)
+    def test_a_data_file_that_cannot_be_written_is_found_before_the_run(self):
+        os.mkdir(self.path("folder.txt"))
+        for name in (os.path.join("missing", "graph.txt"), "folder.txt"):
+            result = self.run_listing(("3", "SumG", "PAUSE"), "--graph", name, "--trace",
+                                      "trace.txt", code=2)
+            self.assertEqual((result.out, result.err),
+                             ("", f"vorstek-cli: cannot write '{name}'\n"))
+            self.assertEqual(sorted(os.listdir(self.folder)), ["folder.txt", "program.txt"])
+
+    def test_a_program_that_draws_nothing_leaves_the_data_file_alone(self):
+        result = self.run_listing(("3",), "--graph", "graph.txt", code=2)
         self.assertRegex(result.err, r"\A[^\n]*graph.txt[^\n]*\n\Z")
+        self.assertEqual(os.listdir(self.folder), ["program.txt"])
+
+        self.write("graph.txt", "old\n")
+        os.utime(self.path("graph.txt"), (10 ** 9, 10 ** 9))
+        self.run_program("program.txt", "--graph", "graph.txt", code=2)
+        self.assertEqual(self.read("graph.txt"), b"old\n")
+        self.assertEqual(os.stat(self.path("graph.txt")).st_mtime, 10 ** 9)
+        self.assertEqual(sorted(os.listdir(self.folder)), ["graph.txt", "program.txt"])
+
+    def test_cut_short_before_anything_was_drawn(self):
+        failed = self.run_listing(("0", "1/x", "SumG"), "--graph", "graph.txt", code=1)
+        self.assertTrue(failed.err.startswith("Error: divide by 0\n"))
+        halted = self.run_listing(("1", "2", "SumG"), "--graph", "graph.txt", "--max-lines", "2",
+                                  code=3)
+        for result in (failed, halted):
+            self.assertNotIn("graph.txt", result.err)
+        self.assertEqual(os.listdir(self.folder), ["program.txt"])
 
     def test_after_an_error_and_after_the_last_line(self):
         self.run_listing(("3", "SumG", "0", "1/x"), "--graph", "graph.txt", code=1)
@@ -301,6 +332,72 @@ class GraphFileTest(ConsoleCase):
         self.assertEqual(result.state["reg"][1], 12800)
         self.assertEqual(result.err, "The Vorstek's program must now halt\n"
                                      "since the cVantor window has reached its\nmemory limit\n\n")
+
+
+class FilesApartCase(ConsoleCase):
+    """No file of a run is lost under another one."""
+
+    def setUp(self):
+        super().setUp()
+        self.listing("3", "SumG", "PAUSE")
+
+    def content(self):
+        return {name: self.read(name) for name in os.listdir(self.folder)
+                if os.path.isfile(self.path(name))}
+
+    def assert_refused(self, *arguments, who):
+        before = self.content()
+        result = self.run_program(*arguments, code=2)
+        self.assertEqual(result.out, "")
+        self.assertRegex(result.err, rf"\Avorstek-cli: {who} are the same file '[^\n]+'\n\Z")
+        self.assertEqual(self.content(), before)
+
+
+class FilesApartTest(FilesApartCase):
+
+    def test_the_program_is_not_overwritten(self):
+        for name in ("program.txt", os.path.join(".", "program.txt"), self.path("program.txt")):
+            self.assert_refused("program.txt", "--graph", name, who="PROGRAM and --graph")
+            self.assert_refused("program.txt", "--trace", name, who="PROGRAM and --trace")
+
+    def test_trace_and_graph_stay_apart(self):
+        for name in ("new.txt", os.path.join("missing", "..", "new.txt"), self.path("new.txt")):
+            self.assert_refused("program.txt", "--graph", "new.txt", "--trace", name,
+                                who="--trace and --graph")
+        self.write("old.txt", "old")
+        self.assert_refused("program.txt", "--graph", "old.txt", "--trace",
+                            os.path.join(".", "old.txt"), who="--trace and --graph")
+
+    def test_nor_does_the_backup_of_a_trace_overwrite_anything(self):
+        self.write("trace.txt", "old")
+        self.write("trace_older.txt", "5\n")
+        self.assert_refused("trace_older.txt", "--trace", "trace.txt",
+                            who="PROGRAM and the backup of --trace")
+        self.assert_refused("program.txt", "--trace", "trace.txt", "--graph", "trace_older.txt",
+                            who="the backup of --trace and --graph")
+
+    def test_names_that_differ(self):
+        os.mkdir(self.path("folder"))
+        self.run_program("program.txt", "--trace", os.path.join("folder", "program.txt"), "--graph",
+                         "graph.txt")
+        self.run_program("program.txt", "--trace", "new.txt", "--graph",
+                         os.path.join("folder", "new.txt"))
+
+
+class LinkedFilesApartTest(LinuxCase, FilesApartCase):
+
+    def test_links_to_the_program(self):
+        os.symlink("program.txt", self.path("soft.txt"))
+        os.link(self.path("program.txt"), self.path("hard.txt"))
+        for name in ("soft.txt", "hard.txt"):
+            self.assert_refused("program.txt", "--graph", name, who="PROGRAM and --graph")
+            self.assert_refused(name, "--trace", "program.txt", who="PROGRAM and --trace")
+
+    def test_links_to_folders(self):
+        os.mkdir(self.path("folder"))
+        os.symlink("folder", self.path("link"))
+        self.assert_refused("program.txt", "--trace", "folder/new.txt", "--graph", "link/new.txt",
+                            who="--trace and --graph")
 
 
 class NumberTest(ConsoleCase):

@@ -1,5 +1,7 @@
 """Programs run by a script: limit, and keys that arrive at a given line."""
 
+import time
+
 from console_case import (CLICK, ERROR, HALT, MODE_SWITCH, PROGRAM_MODE, REJECT, STACK_HIDDEN,
                           STACK_SHOWN, STACK_VIEW, ConsoleCase, key_line, main)
 
@@ -135,6 +137,14 @@ class AtTest(RunCase):
         self.assertEqual([event["id"] for event in events], [CLICK, HALT, CLICK, HALT])
         events = self.script("open short.txt", "at 5 text x", "at 6 text x", START, START)
         self.assertEqual([event["id"] for event in events], [CLICK, CLICK])
+
+    def test_events_by_the_hundred_thousand(self):
+        begin = time.monotonic()
+        state = self.state_after("option sound off", "limit 1000000", "open endless.txt",
+                                 *(f"at {line} text x" for line in range(300000, 0, -1)),
+                                 "at 300000 down 20", "at 300001 down 31", START)
+        self.assertEqual((state["reg"][1], state["show_stack"]), (75000, 0))
+        self.assertLess(time.monotonic() - begin, 30)
 
     def test_line_0_is_never_reached(self):
         sounds, _ = self.sounds_and_state("open endless.txt", "limit 9", "at 0 text x", START)

@@ -83,6 +83,17 @@ class CommandTest(ConsoleCase):
                                     "option sound", "at 1 down", "limit", "state", code=2)
         self.assertEqual(before, after)
 
+    def test_a_zero_byte_in_a_file_name(self):
+        self.listing("1", "2")
+        self.write("data.txt", "1\n")
+        lines = [f"{command} {name}" for name in ("program.txt\0.bak", "\0", "data.txt\0")
+                 for command in ("open", "save", "graph open", "graph append", "graph save")]
+        *bad, state = self.script(*lines, "state", code=2)
+        self.assertEqual([(event["line"], event["text"]) for event in bad],
+                         list(enumerate(lines, 1)))
+        self.assertEqual((state["file"], state["graph"]), ("", []))
+        self.assertEqual(self.read("program.txt"), b"1\n2\n")
+
     def test_blank_lines_and_comments(self):
         self.assertEqual(self.script("", "#", "# state", "#state", ""), [])
         self.assertEqual(self.bad_lines("", "# one", " # two", "walk"),

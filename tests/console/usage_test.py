@@ -1,9 +1,13 @@
 """Exit codes and messages of the command line: what is refused before anything
-runs."""
+runs, and what happens when nobody hears the answers. And the script that
+builds the program and passes its arguments on."""
 
 import os
+import shutil
+import subprocess
+import time
 
-from console_case import ConsoleCase, LinuxCase, main
+from console_case import REPOSITORY, ConsoleCase, LinuxCase, key_line, main
 
 
 class UsageTest(ConsoleCase):
@@ -41,8 +45,34 @@ class UsageTest(ConsoleCase):
         self.assert_refused("script", "missing.txt", mentions="missing.txt")
 
     def test_unknown_options(self):
-        for option in ("--w", "--X", "--xx", "--register", "--"):
-            self.assert_refused("run", "program.txt", option, "1")
+        for option in ("--w", "--X", "--xx", "--register"):
+            for arguments in (["run", "program.txt", option, "1"], ["check", option, "program.txt"],
+                              ["script", option]):
+                self.assert_refused(*arguments, mentions=f"'{option}' (see vorstek-cli --help)")
+
+    def test_no_option_behind_two_dashes(self):
+        self.write("--json", "7\n")
+        self.assertEqual(self.run_program("--", "--json").out.splitlines()[-1], "X   7.00")
+        self.assertEqual(self.run_program("--y", "5", "--", "--json").out.splitlines()[-1],
+                         "X   7.00")
+        self.assertEqual(self.start("check", "--", "--json", "program.txt").code, 0)
+        self.assertEqual(self.start("script", "--", "--json").events,
+                         [{"event": "bad", "line": 1, "text": "7"}])
+        self.assert_refused("run", "program.txt", "--", "--json", mentions="--json")
+        self.assert_refused("check", "--", "--", mentions="'--'")
+        for command in ("run", "check"):
+            self.assert_refused(command, "--")
+        self.assertEqual(self.start("script", "--").code, 0)
+
+    def test_help(self):
+        usage = self.start("--help")
+        self.assertEqual((usage.code, usage.err), (0, ""))
+        self.assertTrue(usage.out.startswith("usage: vorstek-cli run"))
+        for arguments in (["-h"], ["run", "--help"], ["check", "--help"], ["script", "--help"],
+                          ["run", "-h"], ["run", "missing.txt", "--wrong", "--help"]):
+            result = self.start(*arguments)
+            self.assertEqual((result.code, result.out, result.err), (0, usage.out, ""), arguments)
+        self.assert_refused("check", "--", "--help", mentions="--help")
 
     def test_options_without_their_value(self):
         for option in ("--x", "--y", "--z", "--t", "--reg", "--label", "--trace", "--graph",
@@ -77,19 +107,40 @@ class UnwritableOutputTest(LinuxCase):
     def setUp(self):
         super().setUp()
         self.listing("1", "PAUSE", "PAUSE", name="program.txt")
+        self.listing("1", name="quiet.txt")
         self.listing("nonsense", name="bad.txt")
+        self.listing("LBL 0", "PAUSE", "GTO 0", name="endless.txt")
 
     def assert_output_lost(self, *arguments, stdin=b""):
         with open("/dev/full", "wb") as full:
             result = self.start(*arguments, stdin=stdin, stdout=full)
-        self.assertEqual(result.code, 2, arguments)
-        self.assertRegex(result.err, r"\A[^\n]+\n\Z")
+        self.assertEqual((result.code, result.err),
+                         (2, "vorstek-cli: cannot write to standard output\n"), arguments)
 
     def test_output_to_a_full_disk(self):
         self.assert_output_lost("run", "program.txt")
-        self.assert_output_lost("run", "program.txt", "--json")
+        self.assert_output_lost("run", "quiet.txt", "--json")
         self.assert_output_lost("check", "bad.txt")
         self.assert_output_lost("script", stdin="state\n")
+
+    def test_lost_output_halts_the_program(self):
+        self.write("graph.txt", "old")
+        self.assert_output_lost("run", "endless.txt", "--graph", "graph.txt")
+        self.assertEqual(self.read("graph.txt"), b"old")
+        self.assert_output_lost("script", stdin="open endless.txt\nlimit 1000000000000\n" +
+                                key_line("R/S") + "\n")
+
+    def test_lost_output_ends_the_waiting(self):
+        self.listing(*90 * ["PAUSE"], name="slow.txt")
+        begin = time.monotonic()
+        self.assert_output_lost("run", "slow.txt", "--realtime")
+        self.assertLess(time.monotonic() - begin, 45)
+
+    def test_lost_output_ends_the_script(self):
+        self.assert_output_lost("script", stdin="open program.txt\nsave first.txt\nstate\n"
+                                                "save second.txt\n")
+        self.assertTrue(os.path.exists(self.path("first.txt")))
+        self.assertFalse(os.path.exists(self.path("second.txt")))
 
     def start_closed(self, *arguments, closed, stdin=None):
         return self.start(*arguments, stdin=stdin, preexec_fn=lambda: os.close(closed))
@@ -111,6 +162,80 @@ class UnwritableOutputTest(LinuxCase):
     def test_closed_standard_error(self):
         self.assertEqual(self.start_closed("run", "missing.txt", closed=2).code, 2)
         self.assertEqual(self.start_closed("run", "program.txt", closed=2).code, 0)
+
+
+class UnreadableInputTest(LinuxCase):
+
+    def test_a_folder_as_standard_input(self):
+        folder = os.open(self.folder, os.O_RDONLY)
+        self.addCleanup(os.close, folder)
+        result = self.start("script", stdin=None, preexec_fn=lambda: os.dup2(folder, 0))
+        self.assertEqual((result.code, result.out, result.err),
+                         (2, "", "vorstek-cli: cannot read standard input\n"))
+
+    def test_a_file_that_fails_while_it_is_read(self):
+        # A process has no memory at its address 0.
+        result = self.start("script", "/proc/self/mem")
+        self.assertEqual((result.code, result.out, result.err),
+                         (2, "", "vorstek-cli: cannot read '/proc/self/mem'\n"))
+
+
+class RunScriptTest(LinuxCase):
+    """./run, in a copy of the project that holds nothing else. The program is
+    built already; it and the tools of the build only say their arguments."""
+
+    def setUp(self):
+        super().setUp()
+        for name in ("run", os.path.join("scripts", "setup.sh")):
+            os.makedirs(os.path.dirname(self.path(os.path.join("project", name))), exist_ok=True)
+            shutil.copy(os.path.join(REPOSITORY, name), self.path(os.path.join("project", name)))
+        self.write_tool(os.path.join("project", "build", "native", "console", "vorstek-cli"),
+                        'echo "vorstek-cli $*"')
+        self.write_tool(os.path.join("tools", "cmake"), 'echo "cmake $*" >>"$LOG"')
+        for tool in ("sh", "cat", "dirname", "id", "mkdir", "readlink", "tail"):
+            os.symlink(shutil.which(tool), self.path(os.path.join("tools", tool)))
+
+    def write_tool(self, name, line):
+        os.makedirs(os.path.dirname(self.path(name)), exist_ok=True)
+        self.write(name, f"#!/bin/sh\n{line}\n")
+        os.chmod(self.path(name), 0o755)
+
+    def run_script(self, name, *arguments):
+        return subprocess.run([self.path(name), *arguments], cwd="/", capture_output=True,
+                              text=True, timeout=60, check=False,
+                              env={"PATH": self.path("tools"), "LOG": self.path("log")})
+
+    def assert_built_and_run(self, name):
+        done = self.run_script(name, "check", "two words")
+        self.assertEqual((done.returncode, done.stdout), (0, "vorstek-cli check two words\n"),
+                         done.stderr)
+        self.assertIn(f"cmake -S {os.path.realpath(self.path('project'))} ", self.read_text("log"))
+        return done.stderr
+
+    def test_without_a_package_manager(self):
+        message = self.assert_built_and_run("project/run")
+        self.assertIn("Going on with what there is.", message)
+
+    def test_without_anybody_who_may_install(self):
+        self.write_tool(os.path.join("tools", "dpkg-query"), "exit 1")
+        os.remove(self.path(os.path.join("tools", "id")))
+        self.write_tool(os.path.join("tools", "id"), "echo 1000")
+        message = self.assert_built_and_run("project/run")
+        self.assertIn("Only root can install them", message)
+        self.assertIn("Going on with what there is.", message)
+
+    def test_through_links(self):
+        os.symlink("project/run", self.path("first"))
+        os.symlink(self.path("first"), self.path("second link"))
+        os.symlink("project", self.path("folder"))
+        for name in ("first", "second link", "folder/run"):
+            self.assert_built_and_run(name)
+
+    def test_a_build_that_fails(self):
+        self.write_tool(os.path.join("tools", "cmake"), "echo no compiler; exit 1")
+        done = self.run_script("project/run")
+        self.assertEqual((done.returncode, done.stdout), (1, ""))
+        self.assertIn("no compiler", done.stderr)
 
 
 if __name__ == "__main__":

@@ -114,6 +114,24 @@ TEST_CASE("a trace begins with the program's name, the date and a heading")
     }
 }
 
+TEST_CASE("a trace's head is whole however long the program's path is")
+{
+    for (const size_t nLength : {471u, 510u, 511u, 512u, 1022u, 1023u})
+    {
+        cTraceRig         Rig;
+        const std::string Path(nLength, 'p');
+        Rig.m_Engine.TakeLoadedProgram(Path.c_str());
+
+        Rig.Type("R/S");
+
+        const std::vector<std::string> Log = Rig.Log();
+        REQUIRE(Log.size() == 5);
+        CHECK(Log[0] == "Program from file '" + Path + "'");
+        CHECK(IsDate(Log[1].substr(7)));
+        CHECK_TEXT(Log[3], kHeading);
+    }
+}
+
 TEST_CASE("a trace has one line for each executed line")
 {
     cTraceRig Rig;
