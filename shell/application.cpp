@@ -36,8 +36,15 @@ eAnswer cPlatformBoxes::Ask(const char *szText, const char *szCaption, eButtons 
                             eIcon nIcon)
 {
     const char *const szShown = szCaption ? szCaption : g_pApplication->Name();
-    return AnswerOf(MessageBoxA(m_hOwner, szText, szShown,
-                                s_ButtonTypes[nButtons].m_nType | s_IconTypes[nIcon].m_nType));
+    const HWND        hActive = GetActiveWindow();
+    const BOOL        bWaits  = hActive && hActive != m_hOwner && IsWindowEnabled(m_hOwner);
+    if (bWaits)
+        EnableWindow(m_hOwner, FALSE);
+    const int nButton = MessageBoxA(hActive ? hActive : m_hOwner, szText, szShown,
+                                    s_ButtonTypes[nButtons].m_nType | s_IconTypes[nIcon].m_nType);
+    if (bWaits)
+        EnableWindow(m_hOwner, TRUE);
+    return AnswerOf(nButton);
 }
 
 void cPlatformBoxes::PostQuit(int nExitCode)

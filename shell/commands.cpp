@@ -31,6 +31,7 @@ const cVorstek::cCommandRow cVorstek::s_Commands[] =
     { IDM_REPAIR_HIGHLIGHT, &cVorstek::OnRepairHighlight },
     { IDM_TOOLBAR,          &cVorstek::OnToggleToolBar   },
     { IDM_STATUS_BAR,       &cVorstek::OnToggleStatusBar },
+    { IDM_GRAPH,            &cVorstek::OnToggleGraph     },
     { IDM_OPTIONS,          &cVorstek::OnOptions         },
     { IDM_HELP,             &cVorstek::OnHelp            },
     { IDM_ABOUT,            &cVorstek::OnAbout           },
@@ -135,8 +136,10 @@ void cVorstek::ToggleBar(cBaseWindow *pBar, unsigned nCommand)
         pBar->Show();
     CheckMenuItem(GetMenu(m_hWnd), nCommand,
                   MF_BYCOMMAND | static_cast<UINT>(pBar->IsVisible() ? MF_CHECKED : MF_UNCHECKED));
-    SizeWindow();
     LayOutAgain();
+    // Without this the window's ground is painted where the bar was, over the
+    // face that has moved there.
+    RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void cVorstek::OnToggleToolBar()
@@ -147,6 +150,20 @@ void cVorstek::OnToggleToolBar()
 void cVorstek::OnToggleStatusBar()
 {
     ToggleBar(&m_StatusBar, IDM_STATUS_BAR);
+}
+
+void cVorstek::OnToggleGraph()
+{
+    if (!m_Graph.IsVisible())
+    {
+        m_Graph.ShowGraph();
+        CheckGraph(1);
+    }
+    else
+    {
+        m_Graph.Hide();
+        OnGraphHidden();
+    }
 }
 
 void cVorstek::OnOptions()

@@ -127,8 +127,17 @@ void cVorstek::ShowRegisters(int bShow)
     ShowBox(&m_RegistersBox, bShow);
 }
 
-// The graph has no window yet; its data can be drawn into all the same.
-void cVorstek::ShowGraph() {}
+void cVorstek::ShowGraph()
+{
+    m_Graph.ShowBehindKeyboard();
+    CheckGraph(1);
+}
+
+void cVorstek::CheckGraph(int bShown)
+{
+    CheckMenuItem(GetMenu(m_hWnd), IDM_GRAPH,
+                  MF_BYCOMMAND | static_cast<UINT>(bShown ? MF_CHECKED : MF_UNCHECKED));
+}
 
 void cVorstek::ClearGraph()
 {
@@ -143,6 +152,21 @@ unsigned cVorstek::CountDataSets()
 int cVorstek::AddGraphPoint(unsigned nLine, double dX, double dY)
 {
     return m_Graph.AddPoint(nLine, NarrowToFloat(dX), NarrowToFloat(dY));
+}
+
+int cVorstek::IsDrawing() const
+{
+    return m_bProgramRunning;
+}
+
+void cVorstek::OnGraphHidden()
+{
+    CheckGraph(0);
+}
+
+void cVorstek::UseAccelerators(HWND hWnd, HACCEL hTable)
+{
+    g_pApplication->SetAccelerators(hWnd, hTable);
 }
 
 // A leftover from the time when it was shown in the status bar.

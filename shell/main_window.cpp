@@ -2,6 +2,7 @@
 
 #include "shell/vorstek.h"
 
+#include <algorithm>
 #include <new>
 
 #include "resources/resource.h"
@@ -20,11 +21,10 @@ static const int kLeastHeightOn600 = 570;
 
 static const int kHighlightImage = 12;  // in the toolbar bitmap
 
-static const unsigned kCodeFonts = 129;
+static const int kGraphWidth  = 640;  // of the graph's window
+static const int kGraphHeight = 480;
 
-const char *const kNotWhileRunning = "Not allowed while a calculator\n"
-                                     "program is running (hit any\n"
-                                     "calculator key to halt the program)\n";
+static const unsigned kCodeFonts = 129;
 
 // clang-format off
 const cVorstek::cMessageRow cVorstek::s_Messages[] =
@@ -58,7 +58,7 @@ cWindowClass cVorstek::s_Class;
 cVorstek::cVorstek()
     : cBaseWindow(this), cVorstekEngine(this, &m_ListingLines, &m_RegistersLines), m_ToolBar(this),
       m_StatusBar(this), m_ListingBox(this), m_RegistersBox(this), m_ListingLines(&m_ListingBox),
-      m_RegistersLines(&m_RegistersBox), m_Keypad(this), m_Graph(this),
+      m_RegistersLines(&m_RegistersBox), m_Keypad(this), m_Graph(this, this),
       m_nListingWidth(kListingWidth), m_nRegistersWidth(kRegistersWidth), m_nFaceOffset(0),
       m_hAccelerators(nullptr), m_hFaceBitmap(nullptr), m_hKeyBitmap(nullptr),
       m_hSwitchBitmap(nullptr), m_hFacePalette(nullptr), m_hLargeFont(nullptr),
@@ -115,9 +115,12 @@ int cVorstek::Create()
     }
     CreateFonts();
     SizeWindow();
+    if (!CreateGraph())
+        return 0;
     ShowWindow(m_hWnd, SW_SHOWNORMAL);
     m_bVisible = 1;
     UpdateWindow(m_hWnd);
+    RefreshViews();
     PaintDisplay();
     return 1;
 }
@@ -198,7 +201,6 @@ int cVorstek::CreateBars()
     m_ToolBar.AddBitmap(IDB_TOOLBAR, CountToolImages(this), More, 2);
     m_ToolBar.Show();
     EnableCommand(IDM_REPAIR_HIGHLIGHT, 0);
-    EnableMenuItem(GetMenu(m_hWnd), IDM_GRAPH, MF_BYCOMMAND | MF_GRAYED);
 
     const int nRightEdge = -1;
     if (!m_StatusBar.Create(this, 0, 0, 0, 0, IDC_STATUSBAR, 1, &nRightEdge))
@@ -318,6 +320,26 @@ void cVorstek::CreateFonts()
     m_hSmallFont = CreateDisplayFont(kSmallPoints);
     if (!m_hLargeFont || !m_hSmallFont)
         ShowProgramError(kCodeFonts);
+}
+
+// The graph comes up beside the calculator where there is room for it.
+int cVorstek::CreateGraph()
+{
+    RECT Window = {};
+    GetWindowRect(m_hWnd, &Window);
+    const int bFits = Window.right > 0 && Window.top >= 0 &&
+                      Window.right + kGraphWidth <= GetSystemMetrics(SM_CXSCREEN);
+    const int nX = bFits ? Window.right : 0;
+    const int nY = bFits ? std::max<int>(Window.top, 1) : 0;  // 0: where the platform likes
+
+    const cVantorBoxSettings Settings;
+    if (!m_Graph.Create(Settings, nX, nY, kGraphWidth, kGraphHeight, 1))
+    {
+        PostQuit(0);
+        return 0;
+    }
+    m_Graph.Box()->AutoRange();
+    return 1;
 }
 
 // --- layout

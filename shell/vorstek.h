@@ -7,7 +7,8 @@
 #include "toolkit/win32.h"
 
 #include "engine/vorstek_engine.h"
-#include "graph/vantor_plot.h"
+#include "graph/vantor.h"
+#include "graph/vantor_host.h"
 #include "shell/button_array.h"
 #include "shell/edit_line_box.h"
 #include "shell/window_host.h"
@@ -21,7 +22,7 @@
 struct cWindowParts;
 
 // The host's boxes come first: the other bases keep a pointer to them.
-class cVorstek : public cWindowHost, public cBaseWindow, public cVorstekEngine
+class cVorstek : public cWindowHost, public cVantorHost, public cBaseWindow, public cVorstekEngine
 {
 public:
     cVorstek();
@@ -49,6 +50,11 @@ public:
     unsigned CountDataSets() override;
     int      AddGraphPoint(unsigned nLine, double dX, double dY) override;
 
+    // What the graph's window asks for.
+    int  IsDrawing() const override;
+    void OnGraphHidden() override;
+    void UseAccelerators(HWND hWnd, HACCEL hTable) override;
+
 private:
     using cMessageRow = cMessageRowOf<cVorstek>;
     struct cCommandRow;
@@ -64,6 +70,7 @@ private:
     int          CreateBoxes();
     int          CreateBox(cEditBox *pBox, uint32_t nId);
     int          CreateKeypad();
+    int          CreateGraph();
     int          AddKeys();
     int          Listen(uint32_t nSlot, cCallbackRec::cMemberCall pfnMember);
     void         CreateFonts();
@@ -121,10 +128,12 @@ private:
     void OnRepairHighlight();
     void OnToggleToolBar();
     void OnToggleStatusBar();
+    void OnToggleGraph();
     void OnOptions();
     void OnHelp();
     void OnAbout();
 
+    void CheckGraph(int bShown);
     void ToggleBar(cBaseWindow *pBar, unsigned nCommand);
     void EnableEditCommands(HMENU hMenu);
 
@@ -135,7 +144,7 @@ private:
     cEditLineBox m_ListingLines;
     cEditLineBox m_RegistersLines;
     cButtonArray m_Keypad;
-    cVantorPlot  m_Graph;
+    cVantor      m_Graph;
 
     int      m_nListingWidth;
     int      m_nRegistersWidth;

@@ -33,6 +33,16 @@ cTextBand PlanTextBand(const cPaper &Paper, const cPageMargins &Margins)
             std::max(Paper.m_nHeight - nTop - nBottom, 0)};
 }
 
+cSheetBox PlanSheetBox(const cPaper &Paper, const cPageMargins &Margins)
+{
+    const cTextBand Band   = PlanTextBand(Paper, Margins);
+    const int       nRight = WiderOf(Margins.m_nRight, Paper.m_nDpiAcross, Paper.m_nEdgeRight);
+    const int       nLeft  = Band.m_nLeft - Paper.m_nEdgeLeft;
+    const int       nTop   = Band.m_nTop - Paper.m_nEdgeTop;
+    return {nLeft, nTop, std::max(Paper.m_nWidth - nRight - Paper.m_nEdgeLeft, nLeft),
+            nTop + Band.m_nHeight};
+}
+
 cSheetPoint LinePosition(const cPaper &Paper, const cTextBand &Band, int nLineHeight, int nLine)
 {
     const int nAcross = Band.m_nLeft - Paper.m_nEdgeLeft;

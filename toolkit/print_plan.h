@@ -37,6 +37,19 @@ struct cTextBand
 // wider.
 cTextBand PlanTextBand(const cPaper &Paper, const cPageMargins &Margins);
 
+// The part of a sheet that holds a picture, in pixels from the first printable
+// one at the reader's top left. Right and bottom do not belong to it.
+struct cSheetBox
+{
+    int m_nLeft;
+    int m_nTop;
+    int m_nRight;
+    int m_nBottom;
+};
+
+// The same for a picture; where the margins leave nothing it is empty.
+cSheetBox PlanSheetBox(const cPaper &Paper, const cPageMargins &Margins);
+
 struct cSheetPoint
 {
     int m_nX;

@@ -8,6 +8,7 @@
 #include "shell/face_geometry.h"
 #include "tests/window/face_reader.h"
 #include "tests/window/input.h"
+#include "tests/window/program_file.h"
 #include "tests/window/waiting.h"
 
 static const char kDialogClass[] = "#32770";
@@ -121,18 +122,33 @@ HWND cCalculator::Welcome() const
                         [](HWND hWnd) { return TextOf(hWnd) == "Welcome to Vorstek.exe"; });
 }
 
+HWND cCalculator::FindMainWindow() const
+{
+    return FindWindowOf(m_Process.dwProcessId,
+                        [](HWND hWnd) { return ClassOf(hWnd) == "cVorstek"; });
+}
+
 void cCalculator::PassWelcome()
 {
     const HWND hOk = GetDlgItem(Welcome(), IDOK);
     REQUIRE(WaitFor([hOk] { return IsWindowEnabled(hOk); }));
     ClickMiddleOf(hOk);
-    m_hWnd = WaitFor([this] {
-        return FindWindowOf(m_Process.dwProcessId,
-                            [](HWND hWnd) { return ClassOf(hWnd) == "cVorstek"; });
-    });
+    m_hWnd = WaitFor([this] { return FindMainWindow(); });
     REQUIRE(m_hWnd);
     m_Probe.SetWindow(m_hWnd);
     Settle();
+}
+
+HWND cCalculator::PassWelcomeToDialog()
+{
+    const HWND hOk = GetDlgItem(Welcome(), IDOK);
+    REQUIRE(WaitFor([hOk] { return IsWindowEnabled(hOk); }));
+    ClickMiddleOf(hOk);
+    REQUIRE(WaitFor([this] { return !Welcome(); }));
+    const HWND hDialog = Dialog();
+    REQUIRE(hDialog);
+    m_Probe.SetWindow(hDialog);
+    return hDialog;
 }
 
 HWND cCalculator::Child(const char *szClass, int nId) const
@@ -150,6 +166,12 @@ void cCalculator::Settle() const
     REQUIRE(WaitFor([this] { return !m_Probe.Ask(pbQueue).m_nValue; }));
 }
 
+void cCalculator::SettlePaint() const
+{
+    Settle();
+    REQUIRE(WaitFor([this] { return !m_Probe.Ask(pbPaint).m_nValue; }));
+}
+
 // --- the face
 
 POINT cCalculator::OnFace(int x, int y) const
@@ -163,6 +185,17 @@ POINT cCalculator::OnKey(unsigned nCode) const
 {
     const cFaceRect &Rect = kKeyRects[nCode - 1];
     return OnFace(Rect.m_nLeft + Rect.m_nWidth / 2, Rect.m_nTop + Rect.m_nHeight / 2);
+}
+
+int cCalculator::ShowsFaceFrom(int nFirst) const
+{
+    const int          kMargin = 30;   // left of the keys
+    const int          kRows   = 450;  // that every window shows
+    const cProgramFile Program;
+    POINT              At = {0, 0};
+    ClientToScreen(Keypad(), &At);
+    return Program.Bitmap(IDB_FACE).Holds(
+        0, nFirst, cPicture::OfScreen({At.x, At.y, At.x + kMargin, At.y + kRows}));
 }
 
 void cCalculator::HitKeys(std::initializer_list<unsigned> Codes)
@@ -286,15 +319,110 @@ static POINT MiddleOf(const RECT &Rect)
     return {(Rect.left + Rect.right) / 2, (Rect.top + Rect.bottom) / 2};
 }
 
-void cCalculator::Choose(unsigned nMenu, unsigned nId)
+std::string cCalculator::MenuTitle(unsigned nMenu) const
 {
-    ::Click(MiddleOf(m_Probe.Ask(pbBarRect, nMenu).m_Rect));
-    REQUIRE(WaitFor([&] { return FindWindowA("#32768", nullptr) != nullptr; }));
+    return m_Probe.Ask(pbMenuTitle, nMenu).m_szText;
+}
+
+cSeenItem cCalculator::MenuItem(unsigned nMenu, unsigned nPosition) const
+{
+    const cProbeAnswer Item = m_Probe.Ask(pbMenuItem, ItemAt(nMenu, nPosition));
+    return {Item.m_nValue, static_cast<UINT>(Item.m_nMore), Item.m_szText};
+}
+
+static const char kMenuClass[] = "#32768";
+
+void cCalculator::OpenMenu(unsigned nMenu)
+{
+    // Twice at the same place would be a double click.
+    static int s_nAside = 0;
+    s_nAside            = 8 - s_nAside;
+    POINT At            = MiddleOf(m_Probe.Ask(pbBarRect, nMenu).m_Rect);
+    At.x += s_nAside - 4;
+    ::Click(At);
+    REQUIRE(WaitFor([] { return FindWindowA(kMenuClass, nullptr) != nullptr; }));
     Settle();
+}
+
+void cCalculator::PointAtItem(unsigned nId)
+{
     const cProbeAnswer Item = m_Probe.Ask(pbMenuRect, nId);
     REQUIRE(Item.m_nValue);
-    ::Click(MiddleOf(Item.m_Rect));
+    // Twice, as Wine may lose a move that comes while a menu handles another.
+    MoveMouse({Item.m_Rect.left + 1, MiddleOf(Item.m_Rect).y});
     Settle();
+    MoveMouse(MiddleOf(Item.m_Rect));
+    Settle();
+}
+
+void cCalculator::CloseMenu()
+{
+    ::HitKey(VK_ESCAPE);
+    ::HitKey(VK_ESCAPE);
+    REQUIRE(WaitFor([] { return FindWindowA(kMenuClass, nullptr) == nullptr; }));
+    Settle();
+}
+
+void cCalculator::Choose(unsigned nMenu, unsigned nId)
+{
+    OpenMenu(nMenu);
+    PointAtItem(nId);
+    PressMouse();
+    ReleaseMouse();
+    Settle();
+}
+
+void cCalculator::Drag(LRESULT nPart, int dx, int dy)
+{
+    const POINT At = FramePoint(m_hWnd, nPart);
+    MoveMouse(At);
+    Settle();
+    PressMouse();
+    Settle();
+    // Wine may lose a move that comes while it handles another; the mouse rests
+    // where the window has followed it twice.
+    RECT Before = {};
+    RECT Now    = {};
+    do
+    {
+        Before = Now;
+        MoveMouse({At.x + dx - 1, At.y + dy - 1});
+        Settle();
+        MoveMouse({At.x + dx, At.y + dy});
+        Settle();
+        GetWindowRect(m_hWnd, &Now);
+    }
+    while (!EqualRect(&Before, &Now));
+    ReleaseMouse();
+    Settle();
+}
+
+// --- toolbar
+
+cSeenButton cCalculator::Button(unsigned nPosition) const
+{
+    const cProbeAnswer Button = m_Probe.Ask(pbToolButton, nPosition);
+    return {Button.m_nValue, Button.m_nMore, Button.m_nState, Button.m_Rect};
+}
+
+void cCalculator::ClickButton(unsigned nId)
+{
+    unsigned nPosition = 0;
+    while (Button(nPosition).m_nId > -1 && Button(nPosition).m_nId != static_cast<int>(nId))
+        nPosition++;
+    const cSeenButton Found = Button(nPosition);
+    REQUIRE(Found.m_nId == static_cast<int>(nId));
+    ::Click(MiddleOf(Found.m_Rect));
+    Settle();
+}
+
+std::string cCalculator::ToolTip() const
+{
+    const HWND hTip = WaitFor([this] {
+        return FindWindowOf(m_Process.dwProcessId,
+                            [](HWND hWnd) { return ClassOf(hWnd) == TOOLTIPS_CLASSA; });
+    });
+    return hTip ? TextOf(hTip) : "";
 }
 
 // --- boxes and dialogs
@@ -344,12 +472,10 @@ cSeenBox cCalculator::Box() const
     return Box;
 }
 
-void cCalculator::Check(int nId)
+int cCalculator::BoxIcon() const
 {
-    const HWND hControl = GetDlgItem(Dialog(), nId);
-    REQUIRE(hControl);
-    ClickMiddleOf(hControl);
-    Settle();
+    const auto nBox = reinterpret_cast<UINT_PTR>(Dialog());
+    return m_Probe.Ask(pbBoxIcon, static_cast<UINT>(nBox)).m_nValue;
 }
 
 void cCalculator::Click(const std::string &Button)
@@ -364,6 +490,60 @@ void cCalculator::Click(const std::string &Button)
     REQUIRE_MESSAGE(hButton, "no button " << Button);
     ClickMiddleOf(hButton);
     REQUIRE(WaitFor([hDialog] { return !IsWindow(hDialog) || !IsWindowVisible(hDialog); }));
+}
+
+void cCalculator::ClickControl(int nId)
+{
+    const HWND hDialog = Dialog();
+    REQUIRE(hDialog);
+    const HWND hControl = GetDlgItem(hDialog, nId);
+    REQUIRE_MESSAGE(hControl, "no control " << nId);
+    ClickMiddleOf(hControl);
+    Settle();
+}
+
+HWND cCalculator::FocusedWindow() const
+{
+    GUITHREADINFO Thread = {};
+    Thread.cbSize        = sizeof Thread;
+    GetGUIThreadInfo(m_Process.dwThreadId, &Thread);
+    return Thread.hwndFocus;
+}
+
+int cCalculator::FocusedControl() const
+{
+    return GetDlgCtrlID(FocusedWindow());
+}
+
+void cCalculator::HitShortcut(int nKey, unsigned nModifiers)
+{
+    REQUIRE(
+        WaitFor([this] { return FocusedWindow() == m_hWnd && GetForegroundWindow() == m_hWnd; }));
+    ::HitKey(static_cast<WORD>(nKey), nModifiers);
+}
+
+void cCalculator::CloseDialogWith(int nKey)
+{
+    const HWND hDialog = Dialog();
+    REQUIRE(hDialog);
+    REQUIRE(WaitFor([&] {
+        const HWND hFocus = FocusedWindow();
+        return GetForegroundWindow() == hDialog && (hFocus == hDialog || IsChild(hDialog, hFocus));
+    }));
+    Settle();
+    ::HitKey(static_cast<WORD>(nKey));
+    REQUIRE(WaitFor([hDialog] { return !IsWindow(hDialog) || !IsWindowVisible(hDialog); }));
+    Settle();
+}
+
+void cCalculator::KeepOpen(int bListing, int bRegisters)
+{
+    const unsigned nViewMenu = 2;
+    Choose(nViewMenu, IDM_OPTIONS);
+    ClickControl(bListing ? IDC_KEEP_LISTING : IDC_OPEN_LISTING);
+    ClickControl(bRegisters ? IDC_KEEP_REGISTERS : IDC_OPEN_REGISTERS);
+    Click("OK");
+    Settle();
 }
 
 int cCalculator::Answers(const std::string &Text, const std::string &Button,
@@ -388,22 +568,37 @@ static HWND NameField(HWND hDialog)
     return hEdit ? hEdit : GetDlgItem(hDialog, kNameCombo);
 }
 
-void cCalculator::GiveFileName(const std::string &Name)
+void cCalculator::EnterFileName(const std::string &Name)
 {
     const HWND hDialog = Dialog();
     REQUIRE(hDialog);
     const HWND hField = WaitFor([hDialog] { return NameField(hDialog); });
     REQUIRE(hField);
     ClickMiddleOf(hField);
-    ::HitKey('A', kCtrl);
+    ::HitKey(VK_HOME);
+    ::HitKey(VK_END, kShift);
     Type(Name);
     REQUIRE(Eventually(Name, [hField] { return TextOf(hField); }) == Name);
     ::HitKey(VK_RETURN);
+    Settle();
+}
+
+void cCalculator::GiveFileName(const std::string &Name)
+{
+    const HWND hDialog = Dialog();
+    if (!hDialog)
+        PhotographScreen().Save("failed-file-dialog");
+    EnterFileName(Name);
     WaitFor([hDialog] { return !IsWindowVisible(hDialog) || !IsWindowEnabled(hDialog); });
     Settle();
 }
 
 // --- the process
+
+int cCalculator::HasClassIcon(unsigned nId) const
+{
+    return m_Probe.Ask(pbClassIcon, nId).m_nValue;
+}
 
 int cCalculator::IsRunning() const
 {

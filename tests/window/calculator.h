@@ -39,6 +39,23 @@ struct cOwnedProcess : PROCESS_INFORMATION
     cOwnedProcess &operator=(const cOwnedProcess &) = delete;
 };
 
+// A button of the toolbar.
+struct cSeenButton
+{
+    int  m_nId;  // command, 0: separator, -1: there is none
+    int  m_nImage;
+    int  m_nState;  // TBSTATE_ flags
+    RECT m_Rect;    // on the screen
+};
+
+// An item of a popup menu.
+struct cSeenItem
+{
+    int         m_nId;     // command, 0: separator, -1: there is none
+    UINT        m_nState;  // MF_ flags
+    std::string m_Text;
+};
+
 enum eSwitch
 {
     swStackView,
@@ -62,6 +79,13 @@ public:
     HWND Welcome() const;
     void PassWelcome();
 
+    // Clicks the welcome box's OK, as soon as that can be done, and goes on with
+    // whatever dialog follows instead of the calculator.
+    HWND PassWelcomeToDialog();
+
+    // The calculator's window, as soon as there is one; null until then.
+    HWND FindMainWindow() const;
+
     HWND Window() const { return m_hWnd; }
     HWND Keypad() const { return Child("cButtonArray", IDC_KEYPAD); }
     HWND Listing() const { return Child("Edit", IDC_LISTING); }
@@ -74,6 +98,10 @@ public:
     // Where a point of the unshifted face is on the screen.
     POINT OnFace(int x, int y) const;
     POINT OnKey(unsigned nCode) const;
+
+    // Whether the keypad shows the painted face from its row nFirst on, looked
+    // at where no key, switch or display is.
+    int ShowsFaceFrom(int nFirst) const;
 
     // Clicks keys, each when the one before has been taken.
     void HitKeys(std::initializer_list<unsigned> Codes);
@@ -105,6 +133,26 @@ public:
     // Opens a menu of the bar and clicks an item, both with the mouse.
     void Choose(unsigned nMenu, unsigned nId);
 
+    // Items by their places, popups too; whether they are grey is up to date
+    // only while the menu is open.
+    std::string MenuTitle(unsigned nMenu) const;
+    cSeenItem   MenuItem(unsigned nMenu, unsigned nPosition) const;
+
+    // Opens a menu with the mouse, moves it to an item, closes all menus.
+    void OpenMenu(unsigned nMenu);
+    void PointAtItem(unsigned nId);
+    void CloseMenu();
+
+    // Drags a border or corner of the window, HTRIGHT or HTBOTTOMRIGHT.
+    void Drag(LRESULT nPart, int dx, int dy);
+
+    // --- toolbar
+    cSeenButton Button(unsigned nPosition) const;
+    void        ClickButton(unsigned nId);
+
+    // The tooltip that the platform shows after a while; empty if none comes.
+    std::string ToolTip() const;
+
     // --- boxes and dialogs
 
     // The dialog in front, message boxes included; waits for one. Null if none
@@ -115,8 +163,9 @@ public:
     // The box in front, waited for; all empty if none comes.
     cSeenBox Box() const;
 
-    // Clicks a control of the dialog in front: a check box, a radio button.
-    void Check(int nId);
+    // Number of the platform's icon (32513: error, 32514: question) in the box in
+    // front, 0 for none.
+    int BoxIcon() const;
 
     // Clicks the button with this text, waits until the dialog has gone.
     void Click(const std::string &Button);
@@ -125,13 +174,40 @@ public:
     int Answers(const std::string &Text, const std::string &Button,
                 const std::string &Caption = "Vorstek");
 
-    // The file dialogs: types the name and presses the default button.
+    // Clicks a control of the dialog in front.
+    void ClickControl(int nId);
+
+    // Hits a key as soon as the calculator's window has the keyboard, which it
+    // gets back some time after a dialog has closed.
+    void HitShortcut(int nKey, unsigned nModifiers = 0);
+
+    // Hits a key, by which the dialog in front closes, when it has the keyboard.
+    void CloseDialogWith(int nKey);
+
+    // Number of the control that has the keyboard; 0 for none.
+    int FocusedControl() const;
+
+    // Opens the options dialog with its menu item, chooses which boxes to keep
+    // open, clicks OK.
+    void KeepOpen(int bListing, int bRegisters);
+
+    // The file dialogs: types the name and presses the default button; waits
+    // until the dialog has closed or asks something.
     void GiveFileName(const std::string &Name);
+
+    // The same for a name with which the dialog stays as it is.
+    void EnterFileName(const std::string &Name);
 
     // --- the process
 
+    // Whether the window's class has the program's icon nId.
+    int HasClassIcon(unsigned nId) const;
+
     // Returns when all input so far has been handled.
     void Settle() const;
+
+    // The same, and what that changed on the screen has been painted.
+    void SettlePaint() const;
 
     int   IsRunning() const;
     DWORD ExitCode() const;  // waits for the end; STILL_ACTIVE if it does not come
@@ -149,6 +225,7 @@ public:
     std::string Path(const std::string &File) const;
 
 private:
+    HWND FocusedWindow() const;
     HWND Child(const char *szClass, int nId) const;
     int  Reads(int bSmall, int nLeft, int nTop, int nLength, const std::string &Text) const;
 

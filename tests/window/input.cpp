@@ -1,10 +1,14 @@
 #include "tests/window/input.h"
 
+#include <vector>
+
+#include <doctest/doctest.h>
+
 #include "tests/window/probe_link.h"
 
-static void Send(const INPUT &Input)
+static void Send(const std::vector<INPUT> &Inputs)
 {
-    cProbeLink::Current()->Inject(Input);
+    cProbeLink::Current()->Inject(Inputs);
 }
 
 // Where the mouse was moved last.
@@ -25,17 +29,17 @@ static void SendMouse(DWORD dwWhat)
     Input.mi.dx      = StepsOf(s_Mouse.x, GetSystemMetrics(SM_CXSCREEN));
     Input.mi.dy      = StepsOf(s_Mouse.y, GetSystemMetrics(SM_CYSCREEN));
     Input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | dwWhat;
-    Send(Input);
+    Send({Input});
 }
 
-static void SendKey(WORD nKey, DWORD dwFlags)
+static INPUT KeyInput(WORD nKey, DWORD dwFlags)
 {
     INPUT Input      = {};
     Input.type       = INPUT_KEYBOARD;
     Input.ki.wVk     = nKey;
     Input.ki.wScan   = static_cast<WORD>(MapVirtualKeyA(nKey, MAPVK_VK_TO_VSC));
     Input.ki.dwFlags = dwFlags;
-    Send(Input);
+    return Input;
 }
 
 void MoveMouse(POINT Position)
@@ -68,6 +72,34 @@ void ClickMiddleOf(HWND hWnd)
     Click({(Rect.left + Rect.right) / 2, (Rect.top + Rect.bottom) / 2});
 }
 
+static int IsPart(HWND hWnd, POINT Point, LRESULT nPart)
+{
+    return SendMessageA(hWnd, WM_NCHITTEST, 0, MAKELPARAM(Point.x, Point.y)) == nPart;
+}
+
+// Looked for at the corner below, at the right edge and in the caption; asking
+// for every point would take seconds.
+POINT FramePoint(HWND hWnd, LRESULT nPart)
+{
+    RECT Rect = {};
+    GetWindowRect(hWnd, &Rect);
+    for (int i = 1; i < 10; i++)
+    {
+        const POINT Corner = {Rect.right - i, Rect.bottom - i};
+        const POINT Edge   = {Rect.right - i, (Rect.top + Rect.bottom) / 2};
+        if (IsPart(hWnd, Corner, nPart))
+            return Corner;
+        if (IsPart(hWnd, Edge, nPart))
+            return Edge;
+    }
+    const int nCaption = GetSystemMetrics(SM_CYCAPTION);
+    for (int x = Rect.right - 1; x >= Rect.left; x -= 3)
+        if (IsPart(hWnd, {x, Rect.top + nCaption / 2}, nPart))
+            return {x, Rect.top + nCaption / 2};
+    FAIL("the frame has no part ", nPart);
+    return {};
+}
+
 void HitKey(WORD nKey, unsigned nModifiers)
 {
     const struct
@@ -76,16 +108,20 @@ void HitKey(WORD nKey, unsigned nModifiers)
         WORD     m_nKey;
     } Modifiers[] = {{kCtrl, VK_CONTROL}, {kShift, VK_SHIFT}, {kAlt, VK_MENU}};
 
+    // With nothing between them: a window that has just been activated looks
+    // at the real keyboard, where the modifiers are not held.
+    std::vector<INPUT> Inputs;
     for (const auto &Modifier : Modifiers)
         if (nModifiers & Modifier.m_nBit)
-            SendKey(Modifier.m_nKey, 0);
+            Inputs.push_back(KeyInput(Modifier.m_nKey, 0));
     // Without the mark, Insert and Delete are those of the number pad.
     const DWORD dwExtended = nKey >= VK_PRIOR && nKey <= VK_DELETE ? KEYEVENTF_EXTENDEDKEY : 0;
-    SendKey(nKey, dwExtended);
-    SendKey(nKey, dwExtended | KEYEVENTF_KEYUP);
+    Inputs.push_back(KeyInput(nKey, dwExtended));
+    Inputs.push_back(KeyInput(nKey, dwExtended | KEYEVENTF_KEYUP));
     for (const auto &Modifier : Modifiers)
         if (nModifiers & Modifier.m_nBit)
-            SendKey(Modifier.m_nKey, KEYEVENTF_KEYUP);
+            Inputs.push_back(KeyInput(Modifier.m_nKey, KEYEVENTF_KEYUP));
+    Send(Inputs);
 }
 
 void Type(const std::string &Text)
@@ -98,8 +134,8 @@ void Type(const std::string &Text)
         Input.type       = INPUT_KEYBOARD;
         Input.ki.wScan   = szWide[0];
         Input.ki.dwFlags = KEYEVENTF_UNICODE;
-        Send(Input);
-        Input.ki.dwFlags |= KEYEVENTF_KEYUP;
-        Send(Input);
+        INPUT Released   = Input;
+        Released.ki.dwFlags |= KEYEVENTF_KEYUP;
+        Send({Input, Released});
     }
 }

@@ -21,6 +21,9 @@ void ReleaseMouse(eMouseButton nButton = mbLeft);
 void Click(POINT Position, eMouseButton nButton = mbLeft);
 void ClickMiddleOf(HWND hWnd);
 
+// A point of the window's frame with this part, HTCLOSE or HTRIGHT.
+POINT FramePoint(HWND hWnd, LRESULT nPart);
+
 // Modifiers of a key, added up.
 const unsigned kCtrl  = 1;
 const unsigned kShift = 2;

@@ -83,13 +83,64 @@ HMENU FindItem(HMENU hMenu, UINT nId, int *pnPosition)
     return nullptr;
 }
 
-// The window of a popup is the platform's business.
+// A popup menu has a window of its own, which null stands for.
 void FindItemRect(HWND hWnd, UINT nId, cProbeAnswer *pAnswer)
 {
     int         nPosition = 0;
     const HMENU hMenu     = FindItem(GetMenu(hWnd), nId, &nPosition);
     pAnswer->m_nValue =
         hMenu && GetMenuItemRect(nullptr, hMenu, static_cast<UINT>(nPosition), &pAnswer->m_Rect);
+}
+
+void DescribeItem(HMENU hBar, UINT nItemAt, cProbeAnswer *pAnswer)
+{
+    const HMENU hMenu     = GetSubMenu(hBar, static_cast<int>(nItemAt >> 8));
+    const UINT  nPosition = nItemAt & 0xFF;
+    pAnswer->m_nMore      = static_cast<int>(GetMenuState(hMenu, nPosition, MF_BYPOSITION));
+    pAnswer->m_nValue     = pAnswer->m_nMore == -1
+                                ? -1
+                                : static_cast<int>(GetMenuItemID(hMenu, static_cast<int>(nPosition)));
+    GetMenuStringA(hMenu, nPosition, pAnswer->m_szText, sizeof pAnswer->m_szText, MF_BYPOSITION);
+}
+
+void DescribeButton(HWND hToolBar, UINT nPosition, cProbeAnswer *pAnswer)
+{
+    TBBUTTON Button   = {};
+    pAnswer->m_nValue = -1;
+    if (!SendMessageA(hToolBar, TB_GETBUTTON, nPosition, reinterpret_cast<LPARAM>(&Button)))
+        return;
+    SendMessageA(hToolBar, TB_GETITEMRECT, nPosition, reinterpret_cast<LPARAM>(&pAnswer->m_Rect));
+    MapWindowPoints(hToolBar, nullptr, reinterpret_cast<POINT *>(&pAnswer->m_Rect), 2);
+    pAnswer->m_nValue = Button.fsStyle & TBSTYLE_SEP ? 0 : Button.idCommand;
+    pAnswer->m_nMore  = Button.iBitmap;
+    pAnswer->m_nState = Button.fsState;
+}
+
+// A shared icon has one handle, however often it is loaded.
+int HasClassIcon(HWND hWnd, UINT nIcon)
+{
+    const HICON hIcon = LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(nIcon));
+    return hIcon && GetClassLongPtrA(hWnd, GCLP_HICON) == reinterpret_cast<ULONG_PTR>(hIcon);
+}
+
+int IconOfBox(HWND hBox)
+{
+    const int kHand        = 32513;
+    const int kInformation = 32516;
+    for (HWND hChild = GetWindow(hBox, GW_CHILD); hChild; hChild = GetWindow(hChild, GW_HWNDNEXT))
+        for (int nIcon = kHand; nIcon <= kInformation; nIcon++)
+        {
+            const auto hShown = reinterpret_cast<HICON>(SendMessageA(hChild, STM_GETICON, 0, 0));
+            if (hShown && IsWindowVisible(hChild) &&
+                hShown == LoadIconA(nullptr, MAKEINTRESOURCEA(nIcon)))
+                return nIcon;
+        }
+    return 0;
+}
+
+HWND FindToolBar(HWND hWnd)
+{
+    return FindWindowExA(hWnd, nullptr, TOOLBARCLASSNAMEA, nullptr);
 }
 
 HWND FindStatusBar(HWND hWnd)
@@ -103,10 +154,14 @@ void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
     switch (nProbe)
     {
     case pbInput:
-        pAnswer->m_nValue = static_cast<int>(SendInput(1, &pAnswer->m_Input, sizeof(INPUT)));
+        pAnswer->m_nValue =
+            static_cast<int>(SendInput(pAnswer->m_nInputs, pAnswer->m_Inputs, sizeof(INPUT)));
         break;
     case pbQueue:
         pAnswer->m_nValue = HIWORD(GetQueueStatus(kAnyInput)) != 0;
+        break;
+    case pbPaint:
+        pAnswer->m_nValue = HIWORD(GetQueueStatus(QS_PAINT)) != 0;
         break;
     case pbMenuState:
         pAnswer->m_nValue = static_cast<int>(GetMenuState(hMenu, nId, MF_BYCOMMAND));
@@ -119,6 +174,21 @@ void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
         break;
     case pbBarRect:
         pAnswer->m_nValue = GetMenuItemRect(hWnd, hMenu, nId, &pAnswer->m_Rect);
+        break;
+    case pbMenuItem:
+        DescribeItem(hMenu, nId, pAnswer);
+        break;
+    case pbMenuTitle:
+        GetMenuStringA(hMenu, nId, pAnswer->m_szText, sizeof pAnswer->m_szText, MF_BYPOSITION);
+        break;
+    case pbToolButton:
+        DescribeButton(FindToolBar(hWnd), nId, pAnswer);
+        break;
+    case pbClassIcon:
+        pAnswer->m_nValue = HasClassIcon(hWnd, nId);
+        break;
+    case pbBoxIcon:
+        pAnswer->m_nValue = IconOfBox(reinterpret_cast<HWND>(static_cast<UINT_PTR>(nId)));
         break;
     case pbStatusText:
         SendMessageA(FindStatusBar(hWnd), SB_GETTEXTA, 0,

@@ -13,24 +13,45 @@ const char *const kProbeMemory  = "vorstek-window-probe-answer";
 
 enum eProbe
 {
-    pbInput,       // m_Input is handed to the system
+    pbInput,       // the inputs are handed to the system, all at once
     pbQueue,       // m_nValue: 1 while input or posted messages wait
+    pbPaint,       // m_nValue: 1 while a window waits to be painted
     pbMenuState,   // m_nValue: MF_ flags of a menu item; -1: no such item
     pbMenuText,    // m_szText
     pbMenuRect,    // m_Rect: where the open menu shows the item, on the screen
     pbBarRect,     // the same for an item of the menu bar; lParam its position
+    pbMenuItem,    // m_nValue: command, 0: separator, -1: none; m_nMore: MF_
+                   // flags; m_szText. lParam an ItemAt()
+    pbMenuTitle,   // m_szText: of an item of the menu bar; lParam its position
+    pbToolButton,  // m_nValue: command, 0: separator, -1: none; m_nMore: image,
+                   // m_nState: TBSTATE_ flags; m_Rect: on the screen. lParam its
+                   // position
+    pbClassIcon,   // m_nValue: 1 if the window's class has the icon; lParam its
+                   // number
+    pbBoxIcon,     // m_nValue: number of the platform's icon that the message box
+                   // lParam shows, 0: none
     pbStatusText,  // m_szText: of the status bar's only part
     pbObjects      // m_nValue: GDI objects, m_nMore: windows, menus and their like
 };
 
+const int kMostInputs = 8;  // a key with all its modifiers
+
+// An item of a popup menu by its place.
+inline UINT ItemAt(UINT nPopup, UINT nPosition)
+{
+    return nPopup << 8 | nPosition;
+}
+
 struct cProbeAnswer
 {
-    INPUT m_Input;
+    INPUT m_Inputs[kMostInputs];
+    UINT  m_nInputs;
     DWORD m_nCount;  // of the questions answered so far
     int   m_nValue;
     int   m_nMore;
+    int   m_nState;
     RECT  m_Rect;
-    char  m_szText[260];
+    char  m_szText[600];  // more than a status bar holds
 };
 
 #endif

@@ -1,5 +1,7 @@
 #include "tests/window/probe_link.h"
 
+#include <algorithm>
+
 #include <doctest/doctest.h>
 
 #include "tests/window/waiting.h"
@@ -11,7 +13,7 @@ cProbeLink::cProbeLink()
                                    sizeof(cProbeAnswer), kProbeMemory)),
       m_pAnswer(static_cast<cProbeAnswer *>(
           MapViewOfFile(m_hMemory, FILE_MAP_ALL_ACCESS, 0, 0, sizeof(cProbeAnswer)))),
-      m_hHook(nullptr), m_hWnd(nullptr)
+      m_hHook(nullptr), m_hWnd(nullptr), m_dwThread(0)
 {
     s_pCurrent = this;
 }
@@ -31,28 +33,47 @@ void cProbeLink::Attach(HWND hWnd)
     REQUIRE(hProbe);
     const auto pfnHook = reinterpret_cast<HOOKPROC>(
         reinterpret_cast<void (*)()>(GetProcAddress(hProbe, "ProbeHook")));
-    m_hHook =
-        SetWindowsHookExA(WH_CALLWNDPROC, pfnHook, hProbe, GetWindowThreadProcessId(hWnd, nullptr));
+    m_dwThread = GetWindowThreadProcessId(hWnd, nullptr);
+    m_hHook    = SetWindowsHookExA(WH_CALLWNDPROC, pfnHook, hProbe, m_dwThread);
     REQUIRE(m_hHook);
     m_hWnd = hWnd;
 }
 
-cProbeAnswer cProbeLink::Ask(eProbe nProbe, UINT nId) const
+// The window, or while it is not there any other of the thread.
+HWND cProbeLink::AnyWindow(HWND hWnd) const
+{
+    HWND hAny = IsWindow(hWnd) ? hWnd : nullptr;
+    if (!hAny)
+        EnumThreadWindows(
+            m_dwThread,
+            [](HWND hOther, LPARAM lParam) -> BOOL {
+                *reinterpret_cast<HWND *>(lParam) = hOther;
+                return FALSE;
+            },
+            reinterpret_cast<LPARAM>(&hAny));
+    return hAny;
+}
+
+cProbeAnswer cProbeLink::AskWindow(HWND hWnd, eProbe nProbe, UINT nId) const
 {
     static const UINT s_nMessage = RegisterWindowMessageA(kProbeMessage);
 
     const DWORD nBefore    = m_pAnswer->m_nCount;
     m_pAnswer->m_nValue    = 0;
     m_pAnswer->m_szText[0] = 0;
-    DWORD_PTR nResult      = 0;
-    SendMessageTimeoutA(m_hWnd, s_nMessage, nProbe, static_cast<LPARAM>(nId), SMTO_NORMAL,
-                        kPatience, &nResult);
-    REQUIRE(m_pAnswer->m_nCount == nBefore + 1);
+    REQUIRE(WaitFor([&] {
+        DWORD_PTR nResult = 0;
+        SendMessageTimeoutA(AnyWindow(hWnd), s_nMessage, nProbe, static_cast<LPARAM>(nId),
+                            SMTO_NORMAL, kPatience, &nResult);
+        return m_pAnswer->m_nCount == nBefore + 1;
+    }));
     return *m_pAnswer;
 }
 
-void cProbeLink::Inject(const INPUT &Input) const
+void cProbeLink::Inject(const std::vector<INPUT> &Inputs) const
 {
-    m_pAnswer->m_Input = Input;
-    REQUIRE(Ask(pbInput).m_nValue == 1);
+    REQUIRE(Inputs.size() <= kMostInputs);
+    std::copy(Inputs.begin(), Inputs.end(), m_pAnswer->m_Inputs);
+    m_pAnswer->m_nInputs = static_cast<UINT>(Inputs.size());
+    REQUIRE(Ask(pbInput).m_nValue == static_cast<int>(Inputs.size()));
 }

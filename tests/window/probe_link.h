@@ -5,6 +5,8 @@
 
 #include "toolkit/win32.h"
 
+#include <vector>
+
 #include "tests/window/probe.h"
 
 // There is one at a time; mouse and keyboard go through it.
@@ -22,18 +24,27 @@ public:
     // The window that is asked from now on, of the same thread.
     void SetWindow(HWND hWnd) { m_hWnd = hWnd; }
 
-    cProbeAnswer Ask(eProbe nProbe, UINT nId = 0) const;
-    void         Inject(const INPUT &Input) const;
+    // A window that has gone while it was asked is replaced by another of the
+    // thread.
+    cProbeAnswer Ask(eProbe nProbe, UINT nId = 0) const { return AskWindow(m_hWnd, nProbe, nId); }
+    cProbeAnswer AskWindow(HWND hWnd, eProbe nProbe, UINT nId = 0) const;
+
+    // Hands inputs to the system, kMostInputs at the most, with nothing between
+    // them.
+    void Inject(const std::vector<INPUT> &Inputs) const;
 
     static const cProbeLink *Current() { return s_pCurrent; }
 
 private:
+    HWND AnyWindow(HWND hWnd) const;
+
     static cProbeLink *s_pCurrent;
 
     HANDLE        m_hMemory;
     cProbeAnswer *m_pAnswer;
     HHOOK         m_hHook;
     HWND          m_hWnd;
+    DWORD         m_dwThread;
 };
 
 #endif

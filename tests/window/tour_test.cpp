@@ -9,10 +9,7 @@
 TEST_CASE("a listing of the examples is opened with the file dialog and run with the mouse")
 {
     cCalculator Calculator;
-    Calculator.Choose(2, IDM_OPTIONS);
-    Calculator.Check(IDC_KEEP_LISTING);
-    Calculator.Check(IDC_KEEP_REGISTERS);
-    Calculator.Click("OK");
+    Calculator.KeepOpen(1, 1);
 
     Calculator.Choose(0, IDM_OPEN);
     Calculator.GiveFileName(FullPath(VORSTEK_EXAMPLES "/queens.txt"));

@@ -1,0 +1,24 @@
+// graph_print.h - the plot on paper: one page, as large as the margins allow.
+
+#ifndef GRAPH_GRAPH_PRINT_H
+#define GRAPH_GRAPH_PRINT_H
+
+#include "toolkit/win32.h"
+
+#include "toolkit/page_margins.h"
+
+class cVantorBox;
+
+// How the plot lies on the paper.
+struct cPageChoice
+{
+    cPageMargins m_Margins = {kDefaultMargin, kDefaultMargin, kDefaultMargin, kDefaultMargin};
+    int          m_bTurned = 0;  // by a quarter, its left edge up
+};
+
+// Asks for a printer and prints the plot with its legend as a document named
+// szDocument. hFrame is disabled meanwhile, and the user may cancel. Returns 1
+// once all copies are handed to the spooler.
+int PrintGraph(cVantorBox *pBox, HWND hFrame, const char *szDocument);
+
+#endif

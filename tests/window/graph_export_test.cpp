@@ -1,0 +1,152 @@
+// Pictures of the graph as files.
+
+#include "tests/window/graph_window.h"
+
+#include <doctest/doctest.h>
+
+#include "tests/window/input.h"
+#include "tests/window/waiting.h"
+
+namespace
+{
+
+// Little endian, of a file's content.
+unsigned Word(const std::string &Content, size_t nAt)
+{
+    return static_cast<unsigned char>(Content[nAt]) |
+           static_cast<unsigned>(static_cast<unsigned char>(Content[nAt + 1])) << 8;
+}
+
+struct cExportRig
+{
+    cExportRig() : m_Graph(&m_Calculator)
+    {
+        m_Graph.Open("line.txt", "ExplicitX\nTitle \"A line\"\n0 , 0\n1 , 1\n2 , 4\n");
+    }
+
+    void SetDepth(const char *szText)
+    {
+        SendMessageA(m_Graph.Field(IDC_IMAGE_DEPTH), WM_SETTEXT, 0,
+                     reinterpret_cast<LPARAM>(szText));
+    }
+
+    void Start(unsigned nCommand) { m_Graph.Choose(gmFile, nCommand); }
+
+    cCalculator  m_Calculator;
+    cGraphWindow m_Graph;
+};
+
+}  // namespace
+
+TEST_CASE("a bitmap file is as large and as deep as was asked for")
+{
+    cExportRig     Rig;
+    const cPicture Before = Rig.m_Graph.Photograph();
+    Rig.Start(IDM_CREATE_BMP);
+    CHECK(Rig.m_Calculator.Box().m_Caption == "Create .BMP File");
+    CHECK(Rig.m_Graph.Text(IDC_IMAGE_WIDTH) == "640");
+    CHECK(Rig.m_Graph.Text(IDC_IMAGE_HEIGHT) == "480");
+    CHECK(Rig.m_Graph.Text(IDC_IMAGE_DEPTH) == "24  (millions of colors)");
+    CHECK(Rig.m_Graph.Items(IDC_IMAGE_DEPTH) ==
+          "1   (monochrome) 4   (16 colors) 8   (256 colors) 16  (thousands of colors) "
+          "24  (millions of colors) ");
+    Rig.m_Graph.Fill(IDC_IMAGE_WIDTH, "300");
+    Rig.m_Graph.Fill(IDC_IMAGE_HEIGHT, "200");
+    Rig.m_Graph.PhotographDialog("create-bmp");
+    Rig.m_Calculator.Click("OK");
+    Rig.m_Calculator.GiveFileName(Rig.m_Calculator.Path("line.bmp"));
+    CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+
+    const std::string Bmp = Rig.m_Calculator.Folder().Read("line.bmp");
+    REQUIRE(Bmp.size() == 54 + 300 * 3 * 200);
+    CHECK(Bmp.substr(0, 2) == "BM");
+    CHECK(Word(Bmp, 18) == 300);
+    CHECK(Word(Bmp, 22) == 200);
+    CHECK(Word(Bmp, 28) == 24);
+    CHECK(Rig.m_Graph.Photograph() == Before);
+
+    Rig.Start(IDM_CREATE_BMP);
+    CHECK(Rig.m_Graph.Text(IDC_IMAGE_WIDTH) == "300");
+    Rig.m_Graph.Escape();
+}
+
+TEST_CASE("a GIF file is written, whose depth cannot be chosen")
+{
+    cExportRig Rig;
+    Rig.Start(IDM_CREATE_GIF);
+    CHECK(Rig.m_Calculator.Box().m_Caption == "Create .GIF File");
+    CHECK_FALSE(IsWindowEnabled(Rig.m_Graph.Field(IDC_IMAGE_DEPTH)));
+    Rig.m_Graph.PhotographDialog("create-gif");
+    Rig.m_Calculator.Click("OK");
+    Rig.m_Calculator.GiveFileName(Rig.m_Calculator.Path("line"));
+    CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+
+    const std::string Gif = Rig.m_Calculator.Folder().Read("line.gif");
+    CHECK(Gif.substr(0, 4) == "GIF8");
+    CHECK(Word(Gif, 6) == 640);
+    CHECK(Word(Gif, 8) == 480);
+    CHECK(Gif.back() == ';');
+}
+
+TEST_CASE("a size that is no number or out of range is refused field by field")
+{
+    static const struct
+    {
+        const char *szWidth;
+        const char *szHeight;
+        const char *szText;
+    } s_Rows[] = {
+        {"x", "y", "ERROR: your \"Width\" value produced an error"},
+        {"-1", "200", "ERROR: your \"Width\" value produced an error"},
+        {"1601", "x", "ERROR: your \"Width\" value was out of range"},
+        {"1600", "x", "ERROR: your \"Height\" value produced an error"},
+        {"1600", "1601", "ERROR: your \"Height\" value was out of range"},
+    };
+    cExportRig Rig;
+    Rig.Start(IDM_CREATE_BMP);
+    for (const auto &Row : s_Rows)
+    {
+        CAPTURE(Row.szText);
+        Rig.m_Graph.Fill(IDC_IMAGE_WIDTH, Row.szWidth);
+        Rig.m_Graph.Fill(IDC_IMAGE_HEIGHT, Row.szHeight);
+        CHECK(Rig.m_Graph.Refuses(Row.szText));
+    }
+    Rig.m_Graph.Fill(IDC_IMAGE_HEIGHT, "200");
+    Rig.SetDepth("7 of them");
+    CHECK(Rig.m_Graph.Refuses("ERROR: your \"Bits Per Pixel\" value produced an error"));
+    Rig.SetDepth("8");
+    Rig.m_Graph.Fill(IDC_IMAGE_HEIGHT, "1600");
+    Rig.m_Calculator.Click("OK");
+    Rig.m_Calculator.GiveFileName(Rig.m_Calculator.Path("large.bmp"));
+    CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+    CHECK(Rig.m_Calculator.Folder().Read("large.bmp").size() == 54 + 1024 + 1600 * 1600);
+}
+
+TEST_CASE("a picture without pixels, or in a folder that is not there, is not written")
+{
+    cExportRig Rig;
+    for (const char *const szHeight : {"0", "-5"})
+    {
+        CAPTURE(szHeight);
+        Rig.Start(IDM_CREATE_GIF);
+        Rig.m_Graph.Fill(IDC_IMAGE_HEIGHT, szHeight);
+        Rig.m_Calculator.Click("OK");
+        CHECK(Rig.m_Calculator.Answers(
+            "Could not write the file:\n " + Rig.m_Calculator.Path("line"), "OK"));
+        CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+    }
+}
+
+TEST_CASE("a cancelled export leaves no file")
+{
+    cExportRig   Rig;
+    const size_t nFiles = Rig.m_Calculator.Folder().Count();
+    Rig.Start(IDM_CREATE_BMP);
+    Rig.m_Graph.Escape();
+    Rig.Start(IDM_CREATE_BMP);
+    Rig.m_Calculator.Click("OK");
+    REQUIRE(Rig.m_Calculator.Dialog());
+    HitKey(VK_ESCAPE);
+    CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+    CHECK(Rig.m_Calculator.Folder().Count() == nFiles);
+}

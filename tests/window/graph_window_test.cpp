@@ -1,0 +1,350 @@
+// The graph's window as a person works it: with the calculator, and by its own
+// menus and mouse.
+
+#include "tests/window/graph_window.h"
+
+#include <doctest/doctest.h>
+
+#include "tests/window/input.h"
+#include "tests/window/waiting.h"
+
+namespace
+{
+
+const unsigned kWhite = 0xFFFFFF;
+
+const char *const kNotWhileRunning = "Not allowed while a calculator\n"
+                                     "program is running (hit any\n"
+                                     "calculator key to halt the program)\n";
+
+POINT OnPlot(const cGraphWindow &Graph, int x, int y)
+{
+    POINT Point = {x, y};
+    ClientToScreen(Graph.Plot(), &Point);
+    return Point;
+}
+
+HWND Legend(const cGraphWindow &Graph)
+{
+    return FindWindowExA(Graph.Plot(), nullptr, "LISTBOX", nullptr);
+}
+
+RECT PlaceInPlot(const cGraphWindow &Graph, HWND hChild)
+{
+    RECT Rect = {};
+    GetWindowRect(hChild, &Rect);
+    MapWindowPoints(nullptr, Graph.Plot(), reinterpret_cast<POINT *>(&Rect), 2);
+    return Rect;
+}
+
+int SelectedRow(const cGraphWindow &Graph)
+{
+    return static_cast<int>(SendMessageA(Legend(Graph), LB_GETCURSEL, 0, 0));
+}
+
+// Where two pictures of the same size differ: 0 nowhere.
+int CountDifferences(const cPicture &a, const cPicture &b)
+{
+    int nDifferent = 0;
+    for (int y = 0; y < a.Height(); y++)
+        for (int x = 0; x < a.Width(); x++)
+            nDifferent += a.At(x, y) != b.At(x, y);
+    return nDifferent;
+}
+
+// A diagonal from corner to corner of a range that is fixed by its ends.
+const char *const kDiagonal = "ExplicitX\n0 , 0\n1 , 1\n2 , 2\n3 , 3\n4 , 4\n";
+
+}  // namespace
+
+TEST_CASE("the graph comes and goes with its menu item and keeps its data")
+{
+    cCalculator Calculator;
+    CHECK((Calculator.MenuState(IDM_GRAPH) & MF_CHECKED) == 0);
+    cGraphWindow Graph(&Calculator);
+    CHECK((Calculator.MenuState(IDM_GRAPH) & MF_CHECKED) != 0);
+    CHECK(IsWindowVisible(Graph.Window()));
+    Graph.Photograph().Save("graph-empty");
+    Graph.Open("diagonal.txt", kDiagonal);
+    CHECK(Graph.Count() == 1);
+
+    SUBCASE("by the calculator's menu")
+    {
+        Calculator.Choose(2, IDM_GRAPH);
+    }
+    SUBCASE("by its own menu")
+    {
+        Graph.Choose(gmFile, IDM_GRAPH_EXIT);
+    }
+    SUBCASE("by its key")
+    {
+        SetForegroundWindow(Graph.Window());
+        HitKey('E', kCtrl);
+    }
+    CHECK(Eventually(FALSE, [&] { return IsWindowVisible(Graph.Window()); }) == FALSE);
+    Calculator.Settle();
+    CHECK((Calculator.MenuState(IDM_GRAPH) & MF_CHECKED) == 0);
+
+    Calculator.Choose(2, IDM_GRAPH);
+    CHECK(Eventually(TRUE, [&] { return IsWindowVisible(Graph.Window()); }) == TRUE);
+    CHECK(Graph.Count() == 1);
+}
+
+TEST_CASE("a program that draws shows the graph, point by point and as a whole alike")
+{
+    cCalculator Calculator;
+    Calculator.Choose(0, IDM_OPEN);
+    Calculator.GiveFileName(FullPath(VORSTEK_EXAMPLES "/waves.txt"));
+    Calculator.HitKey(30);
+    cGraphWindow Graph(&Calculator);
+    REQUIRE(WaitFor([&] {
+        Calculator.Settle();
+        return (Calculator.MenuState(IDM_OPEN) & MF_GRAYED) == 0;
+    }));
+    const cPicture Drawn = Graph.Photograph();
+    Drawn.Save("graph-waves");
+    InvalidateRect(Graph.Plot(), nullptr, TRUE);
+    Graph.Choose(gmView, IDM_GRID);
+    CHECK(CountDifferences(Drawn, Graph.Photograph()) > 0);
+    Graph.Photograph().Save("graph-grid");
+    Graph.Choose(gmView, IDM_GRID);
+    CHECK(CountDifferences(Drawn, Graph.Photograph()) == 0);
+}
+
+TEST_CASE("the point nearest to the mouse is read out while the button is held")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("two.txt", "ImplicitX\nTitle \"Two\"\n1 , 5\n2 , 5\n3 , 5\n");
+    REQUIRE(Graph.Count() == 2);
+    const cPicture Before = Graph.Photograph();
+
+    RECT Client = {};
+    GetClientRect(Graph.Plot(), &Client);
+    MoveMouse(OnPlot(Graph, Client.right / 2, Client.bottom / 8));
+    PressMouse();
+    Calculator.Settle();
+    CHECK(SelectedRow(Graph) == 1);  // the upper line
+    const cPicture Held = Graph.Photograph();
+    Held.Save("graph-readout");
+    CHECK(CountDifferences(Before, Held) > 0);
+
+    MoveMouse(OnPlot(Graph, 80, Client.bottom / 2));
+    Calculator.Settle();
+    CHECK(SelectedRow(Graph) == 0);
+    CHECK(CountDifferences(Held, Graph.Photograph()) > 0);
+
+    ReleaseMouse();
+    Calculator.Settle();
+    SendMessageA(Legend(Graph), LB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+    CHECK(CountDifferences(Before, Graph.Photograph()) == 0);
+}
+
+TEST_CASE("of two sets with a point at the same pixel the later one is read out")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("same.txt", "ImplicitX\n1 , 1\n2 , 2\n3 , 3\n");
+    RECT Client = {};
+    GetClientRect(Graph.Plot(), &Client);
+    MoveMouse(OnPlot(Graph, Client.right / 2, Client.bottom / 2));
+    PressMouse();
+    Calculator.Settle();
+    CHECK(SelectedRow(Graph) == 1);
+    ReleaseMouse();
+    Calculator.Settle();
+}
+
+TEST_CASE("nothing is read out without data or beside the plot")
+{
+    cCalculator    Calculator;
+    cGraphWindow   Graph(&Calculator);
+    const cPicture Empty  = Graph.Photograph();
+    RECT           Client = {};
+    GetClientRect(Graph.Plot(), &Client);
+    MoveMouse(OnPlot(Graph, Client.right / 2, Client.bottom / 2));
+    PressMouse();
+    Calculator.Settle();
+    CHECK(CountDifferences(Empty, Graph.Photograph()) == 0);
+    ReleaseMouse();
+
+    Graph.Open("diagonal.txt", kDiagonal);
+    const cPicture Shown = Graph.Photograph();
+    MoveMouse(OnPlot(Graph, 2, Client.bottom / 2));
+    PressMouse();
+    Calculator.Settle();
+    CHECK(CountDifferences(Shown, Graph.Photograph()) == 0);
+    CHECK(SelectedRow(Graph) == LB_ERR);
+    ReleaseMouse();
+    Calculator.Settle();
+}
+
+TEST_CASE("the border of the legend is dragged to each number of rows")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("six.txt", "ImplicitX\n1,2,3,4,5,6\n2,3,4,5,6,7\n");
+    REQUIRE(Graph.Count() == 6);
+    const int nRow  = static_cast<int>(SendMessageA(Legend(Graph), LB_GETITEMHEIGHT, 0, 0));
+    RECT      Inner = {};
+    GetClientRect(Legend(Graph), &Inner);
+    CHECK(Inner.bottom == 4 * nRow);
+
+    for (const int nWanted : {5, 6, 3, 2, 1, 4})
+    {
+        RECT Place = PlaceInPlot(Graph, Legend(Graph));
+        MoveMouse(OnPlot(Graph, 100, Place.top - 1));
+        PressMouse();
+        Calculator.Settle();
+        const int nTop = Place.bottom - (Place.bottom - Place.top - Inner.bottom) - nWanted * nRow;
+        MoveMouse(OnPlot(Graph, 100, nTop));
+        Calculator.Settle();
+        GetClientRect(Legend(Graph), &Inner);
+        CHECK(Inner.bottom == nWanted * nRow);
+        POINT Pointer = {};
+        GetCursorPos(&Pointer);
+        CHECK(Pointer.y == OnPlot(Graph, 0, PlaceInPlot(Graph, Legend(Graph)).top).y);
+        ReleaseMouse();
+        Calculator.Settle();
+        Graph.Photograph();
+    }
+    Graph.Photograph().Save("graph-legend");
+}
+
+TEST_CASE("legend, grid and status bar are switched, and both menus tell")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("diagonal.txt", kDiagonal);
+    CHECK((Graph.MenuState(IDM_LEGEND) & MF_CHECKED) != 0);
+    CHECK((Graph.MenuState(IDM_GRID) & MF_CHECKED) == 0);
+    CHECK((Graph.MenuState(IDM_GRAPH_STATUS_BAR) & MF_CHECKED) != 0);
+    CHECK((Graph.MenuState(IDM_AUTO_RANGE) & MF_CHECKED) != 0);
+
+    Graph.Choose(gmView, IDM_LEGEND);
+    CHECK((Graph.MenuState(IDM_LEGEND) & MF_CHECKED) == 0);
+    Graph.Photograph().Save("graph-no-legend");
+    CHECK_FALSE(IsWindowVisible(Legend(Graph)));
+    Graph.Choose(gmView, IDM_LEGEND);
+    CHECK((Graph.MenuState(IDM_LEGEND) & MF_CHECKED) != 0);
+    Graph.Photograph();
+    CHECK(IsWindowVisible(Legend(Graph)));
+
+    Graph.Choose(gmView, IDM_GRID);
+    CHECK((Graph.MenuState(IDM_GRID) & MF_CHECKED) != 0);
+
+    RECT Before = {};
+    RECT After  = {};
+    GetClientRect(Graph.Plot(), &Before);
+    Graph.Choose(gmView, IDM_GRAPH_STATUS_BAR);
+    CHECK((Graph.MenuState(IDM_GRAPH_STATUS_BAR) & MF_CHECKED) == 0);
+    GetClientRect(Graph.Plot(), &After);
+    CHECK(After.bottom > Before.bottom);
+    Graph.Photograph().Save("graph-no-status-bar");
+}
+
+TEST_CASE("data files are opened, appended and saved, and a bad one changes nothing")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    CHECK(Graph.StatusText() == "filename: UNTITLED");
+
+    Graph.Choose(gmFile, IDM_GRAPH_SAVE);
+    CHECK(Calculator.Answers("There is no data to save", "OK"));
+
+    Graph.Open("diagonal.txt", kDiagonal);
+    CHECK(Graph.StatusText() == "filename: " + Calculator.Path("diagonal.txt"));
+    const cPicture Shown = Graph.Photograph();
+
+    Calculator.Folder().Write("bad.txt", "ExplicitX\n");
+    Graph.Choose(gmFile, IDM_GRAPH_OPEN);
+    Calculator.GiveFileName(Calculator.Path("bad.txt"));
+    CHECK(Calculator.Answers("Could not read the file:\n " + Calculator.Path("bad.txt"), "OK"));
+    CHECK(Graph.Count() == 1);
+    CHECK(Graph.StatusText() == "filename: " + Calculator.Path("diagonal.txt"));
+
+    Graph.Choose(gmFile, IDM_GRAPH_OPEN);
+    REQUIRE(Calculator.Dialog());
+    HitKey(VK_ESCAPE);
+    CHECK(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
+    CHECK(CountDifferences(Shown, Graph.Photograph()) == 0);
+
+    Calculator.Folder().Write("more.txt", "ImplicitX\n7\n8\n");
+    Graph.Choose(gmFile, IDM_GRAPH_APPEND);
+    Calculator.GiveFileName(Calculator.Path("more.txt"));
+    CHECK(Graph.Count() == 2);
+    CHECK(Graph.StatusText() == "filename: " + Calculator.Path("diagonal.txt"));
+
+    Graph.Choose(gmFile, IDM_GRAPH_NEW);
+    CHECK(Graph.Count() == 0);
+    CHECK(Graph.StatusText() == "filename: UNTITLED");
+}
+
+TEST_CASE("while a program runs the graph can be looked at, not changed")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("diagonal.txt", kDiagonal);
+    Calculator.Folder().Write("loop.txt", "LBL 1\nSumG\nISZ\nGTO 1\n");
+    Calculator.Choose(0, IDM_OPEN);
+    Calculator.GiveFileName(Calculator.Path("loop.txt"));
+    Calculator.Folder().Write("still.txt", "LBL 1\nGTO 1\n");
+    Calculator.Choose(0, IDM_OPEN);
+    Calculator.GiveFileName(Calculator.Path("still.txt"));
+    Calculator.HitKey(30);
+
+    for (const unsigned nId :
+         {IDM_GRAPH_NEW, IDM_GRAPH_OPEN, IDM_GRAPH_APPEND, IDM_ENTER_Y, IDM_ENTER_XY,
+          IDM_PRINT_SETUP, IDM_PRINT_GRAPH, IDM_CREATE_BMP, IDM_CREATE_GIF, IDM_REFORMAT_PLOT,
+          IDM_AUTO_RANGE, IDM_REFORMAT_LINE, IDM_EDIT_DATA_SET, IDM_DELETE_LINE})
+    {
+        CAPTURE(nId);
+        PostMessageA(Graph.Window(), WM_COMMAND, nId, 0);
+        CHECK(Calculator.Answers(kNotWhileRunning, "OK"));
+    }
+    CHECK(Graph.Count() == 1);
+    Graph.Choose(gmView, IDM_GRID);
+    CHECK((Graph.MenuState(IDM_GRID) & MF_CHECKED) != 0);
+    RECT Client = {};
+    GetClientRect(Graph.Plot(), &Client);
+    MoveMouse(OnPlot(Graph, Client.right / 2, Client.bottom / 2));
+    PressMouse();
+    CHECK(Eventually(0, [&] { return SelectedRow(Graph); }) == 0);
+    ReleaseMouse();
+    CHECK((Calculator.MenuState(IDM_OPEN) & MF_GRAYED) != 0);
+}
+
+TEST_CASE("the context menu does what the menu bar does")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("diagonal.txt", kDiagonal);
+    RECT Client = {};
+    GetClientRect(Graph.Plot(), &Client);
+    const POINT At = OnPlot(Graph, Client.right / 3, Client.bottom / 3);
+    Click(At, mbRight);
+    const HWND hMenu = WaitFor([] { return FindWindowA("#32768", nullptr); });
+    REQUIRE(hMenu);
+    Calculator.Settle();
+    Calculator.PhotographScreen().Save("graph-context");
+    HitKey(VK_DOWN);  // "Reformat Plot..."
+    HitKey(VK_RETURN);
+    const cSeenBox Box = Calculator.Box();
+    CHECK(Box.m_Caption == "Reformat Plot");
+    HitKey(VK_ESCAPE);
+    CHECK(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
+}
+
+TEST_CASE("the window is resized from the smallest to the whole screen")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("diagonal.txt", kDiagonal);
+    for (const POINT Size : {POINT{120, 100}, POINT{200, 500}, POINT{1280, 1024}, POINT{640, 480}})
+    {
+        SetWindowPos(Graph.Window(), HWND_TOP, 0, 0, Size.x, Size.y, 0);
+        Calculator.Settle();
+        Graph.Photograph().Save("graph-" + std::to_string(Size.x) + "x" + std::to_string(Size.y));
+    }
+    CHECK(Graph.ColorAt(2, 2) == kWhite);
+}

@@ -1,0 +1,153 @@
+// Typing on the PC keyboard, with the real window in front.
+
+#include "tests/window/calculator.h"
+
+#include <cstring>
+
+#include <doctest/doctest.h>
+
+#include "tests/window/common_steps.h"
+#include "tests/window/input.h"
+#include "tests/window/waiting.h"
+
+namespace
+{
+
+const unsigned kKeySst    = 1;
+const unsigned kKeyStore  = 8;
+const unsigned kKeyEnter  = 11;
+const unsigned kKeyClearX = 14;
+
+const char kMapped[] = "e-789+456*123/0.";
+
+void TypeCharacter(char c)
+{
+    Type(std::string(1, c));
+}
+
+// All printable characters that are on no key of the calculator, and some that
+// are not printable.
+std::string Unmapped()
+{
+    std::string Characters = "\b\t\n";
+    for (int c = ' '; c < 256; c++)
+        if (c != 127 && !strchr(kMapped, c))
+            Characters += static_cast<char>(c);
+    return Characters;
+}
+
+}  // namespace
+
+TEST_CASE("every mapped character does what a click on its key does")
+{
+    static const struct
+    {
+        char     m_cTyped;
+        unsigned m_nKey;
+    } s_Rows[] = {
+        {'\r', 11}, {'e', 13}, {'-', 15}, {'7', 16}, {'8', 17}, {'9', 18},
+        {'+', 19},  {'4', 20}, {'5', 21}, {'6', 22}, {'*', 23}, {'1', 24},
+        {'2', 25},  {'3', 26}, {'/', 27}, {'0', 28}, {'.', 29},
+    };
+    cCalculator Calculator;
+    for (const auto &Row : s_Rows)
+        for (const unsigned nBefore : {kKeyClearX, kKeyStore})
+        {
+            CAPTURE(Row.m_nKey);
+            CAPTURE(nBefore);
+            // 2 in Y, then 3 in X, then perhaps a prefix that the key completes.
+            Calculator.HitKeys({kKeyClearX, 25, kKeyEnter, 26, nBefore, Row.m_nKey});
+            const cPicture Clicked = PhotographFace(Calculator);
+            Calculator.HitKeys({kKeyClearX, 25, kKeyEnter, 26, nBefore});
+            const cPicture Before = PhotographFace(Calculator);
+
+            TypeCharacter(Row.m_cTyped);
+            CHECK(LooksLike(Calculator, Clicked));
+            CHECK_FALSE(Before == Clicked);
+        }
+}
+
+TEST_CASE("a sum is typed, and other characters do nothing")
+{
+    cCalculator Calculator;
+
+    Type("12\r3.5+");
+    CHECK(Calculator.ReadsX("15.50"));
+    CHECK(Calculator.ReadsBottom("LastOp:  +"));
+    HitKey(VK_RETURN);
+    CHECK(Calculator.ReadsBottom("LastOp:  ENTER"));
+    Type("2e3");
+    CHECK(Calculator.ReadsX("2.e+03"));
+    HitKey(VK_NUMLOCK);
+    HitKey(VK_NUMPAD7);
+    CHECK(Calculator.ReadsX("2.e+37"));
+
+    // In the middle of a number and of an instruction.
+    for (const unsigned nKey : {24U, kKeyStore})
+    {
+        Calculator.HitKey(nKey);
+        const cPicture Before = PhotographFace(Calculator);
+        Type(Unmapped());
+        HitKey(VK_ESCAPE);
+        HitKey(VK_F5);
+        HitKey(VK_UP);
+        HitKey(VK_SHIFT);
+        CHECK(LooksLike(Calculator, Before));
+        CHECK_FALSE(Calculator.HasDialog());
+    }
+    Type("7");
+    CHECK(Calculator.ReadsBottom("LastOp:  STO 7"));
+}
+
+TEST_CASE("what is typed reaches the calculator after a click into a box beside it")
+{
+    cCalculator Calculator;
+    Calculator.HitKey(kKeySst);  // opens both
+    REQUIRE(Calculator.IsListingShown());
+    REQUIRE(Calculator.IsRegistersShown());
+
+    ClickMiddleOf(Calculator.Listing());
+    Type("12");
+    CHECK(Calculator.ReadsX("12."));
+    ClickMiddleOf(Calculator.Registers());
+    Type("3\r");
+    CHECK(Calculator.ReadsX("123.00"));
+    ClickMiddleOf(Calculator.StatusBar());
+    Type("5*");
+    CHECK(Calculator.ReadsX("615.00"));
+
+    // The boxes are as they were.
+    CHECK(Calculator.ListingLines()[1] == "01 R/S");
+    CHECK(Calculator.RegistersLines()[0] == "Reg[ 0] = +0.00");
+    Calculator.Photograph().Save("boxes-after-typing");
+}
+
+TEST_CASE("a running program is halted by Escape and by a mapped character, and by no other")
+{
+    cCalculator Calculator;
+    RunListing(&Calculator, "LBL 1\r\nGTO 1\r\n");
+    const auto IsRunning = [&] { return Calculator.MenuState(IDM_NEW) == MF_GRAYED; };
+    CHECK(IsRunning());
+
+    Type(Unmapped());
+    Calculator.Settle();
+    CHECK(IsRunning());
+
+    HitKey(VK_ESCAPE);
+    CHECK(Eventually(false, IsRunning) == false);
+    CHECK(Calculator.ReadsBottom("LastOp:  R/S"));
+    HitKey(VK_ESCAPE);
+
+    // The character that halts a program is not typed into X.
+    for (const char c : std::string("\r") + kMapped)
+    {
+        Calculator.HitKey(30);
+        CHECK(IsRunning());
+        TypeCharacter(c);
+        CHECK(Eventually(false, IsRunning) == false);
+        CHECK(Calculator.ReadsX("0.00"));
+        CHECK(Calculator.ReadsBottom("LastOp:  R/S"));
+    }
+    Type("6");
+    CHECK(Calculator.ReadsX("6."));
+}

@@ -1,0 +1,239 @@
+// Where the parts of the window are, whatever is shown and however large the
+// window is made.
+
+#include "tests/window/calculator.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+
+#include "tests/window/input.h"
+#include "tests/window/waiting.h"
+
+namespace
+{
+
+const unsigned kViewMenu = 2;
+
+const int kFace         = 306;  // width of the painted face, in pixels
+const int kFaceRows     = 567;
+const int kMostRegister = 210;
+
+struct cPlace
+{
+    int m_nLeft;
+    int m_nTop;
+    int m_nWidth;
+    int m_nHeight;
+
+    bool operator==(const cPlace &) const = default;
+};
+
+doctest::String toString(const cPlace &Place)
+{
+    return doctest::toString(Place.m_nLeft) + "," + doctest::toString(Place.m_nTop) + " " +
+           doctest::toString(Place.m_nWidth) + "x" + doctest::toString(Place.m_nHeight);
+}
+
+cPlace PlaceOf(HWND hParent, HWND hChild)
+{
+    RECT Rect = {};
+    GetWindowRect(hChild, &Rect);
+    MapWindowPoints(nullptr, hParent, reinterpret_cast<POINT *>(&Rect), 2);
+    return {Rect.left, Rect.top, Rect.right - Rect.left, Rect.bottom - Rect.top};
+}
+
+SIZE SizeOf(HWND hWnd)
+{
+    RECT Rect = {};
+    GetWindowRect(hWnd, &Rect);
+    return {Rect.right - Rect.left, Rect.bottom - Rect.top};
+}
+
+// What the window should look like, kept beside the real one.
+struct cModel
+{
+    int m_bToolBar        = 1;
+    int m_bStatusBar      = 1;
+    int m_bListing        = 0;
+    int m_bRegisters      = 0;
+    int m_nListingWidth   = 200;
+    int m_nRegistersWidth = 210;
+
+    // Width of the client area after a box was shown or hidden.
+    int ClientWidth()
+    {
+        m_nListingWidth   = std::max(m_nListingWidth, 110);
+        m_nRegistersWidth = std::max(m_nRegistersWidth, 100);
+        return 2 * GetSystemMetrics(SM_CXEDGE) + kFace + (m_bListing ? m_nListingWidth : 0) +
+               (m_bRegisters ? m_nRegistersWidth : 0);
+    }
+
+    void Divide(int nRest)
+    {
+        if (m_bRegisters)
+            m_nRegistersWidth = m_bListing ? std::min(nRest / 2, kMostRegister) : nRest;
+        if (m_bListing)
+            m_nListingWidth = nRest - (m_bRegisters ? m_nRegistersWidth : 0);
+    }
+};
+
+// Compares all children with the model, in a client area of the present size.
+void CheckPlaces(cCalculator &Calculator, cModel *pModel)
+{
+    const HWND hWnd   = Calculator.Window();
+    RECT       Client = {};
+    GetClientRect(hWnd, &Client);
+    CAPTURE(Client.right);
+    CAPTURE(Client.bottom);
+    const int nBar    = SizeOf(Calculator.ToolBar()).cy;
+    const int nStatus = SizeOf(Calculator.StatusBar()).cy;
+    const int nTop    = pModel->m_bToolBar ? nBar : 0;
+    const int nBottom = Client.bottom - (pModel->m_bStatusBar ? nStatus : 0);
+    const int nHeight = nBottom - nTop;
+    const int nKeypad = std::min<int>(2 * GetSystemMetrics(SM_CXEDGE) + kFace, Client.right);
+    const int nRows   = std::min(2 * GetSystemMetrics(SM_CYEDGE) + kFaceRows, nHeight);
+    pModel->Divide(std::max<int>(Client.right - nKeypad, 0));
+
+    CHECK(IsWindowVisible(Calculator.ToolBar()) == pModel->m_bToolBar);
+    CHECK(IsWindowVisible(Calculator.StatusBar()) == pModel->m_bStatusBar);
+    CHECK(Calculator.IsListingShown() == pModel->m_bListing);
+    CHECK(Calculator.IsRegistersShown() == pModel->m_bRegisters);
+    if (pModel->m_bToolBar)
+        CHECK(PlaceOf(hWnd, Calculator.ToolBar()) == cPlace{0, 0, Client.right, nBar});
+    if (pModel->m_bStatusBar)
+        CHECK(PlaceOf(hWnd, Calculator.StatusBar()) == cPlace{0, nBottom, Client.right, nStatus});
+    CHECK(PlaceOf(hWnd, Calculator.Keypad()) == cPlace{0, nTop, nKeypad, nRows});
+    CHECK(Eventually(1, [&] { return Calculator.ShowsFaceFrom(0); }) == 1);
+    if (pModel->m_bListing)
+        CHECK(PlaceOf(hWnd, Calculator.Listing()) ==
+              cPlace{nKeypad, nTop, pModel->m_nListingWidth, nHeight});
+    if (pModel->m_bRegisters)
+        CHECK(PlaceOf(hWnd, Calculator.Registers()) ==
+              cPlace{nKeypad + (pModel->m_bListing ? pModel->m_nListingWidth : 0), nTop,
+                     pModel->m_nRegistersWidth, nHeight});
+}
+
+void KeepOpen(cCalculator &Calculator, cModel *pModel, int bListing, int bRegisters)
+{
+    Calculator.KeepOpen(bListing, bRegisters);
+    pModel->m_bListing   = bListing;
+    pModel->m_bRegisters = bRegisters;
+    RECT Client          = {};
+    GetClientRect(Calculator.Window(), &Client);
+    CHECK(Client.right == pModel->ClientWidth());
+    CheckPlaces(Calculator, pModel);
+}
+
+void Toggle(cCalculator &Calculator, cModel *pModel, unsigned nCommand)
+{
+    const SIZE Before = SizeOf(Calculator.Window());
+    Calculator.Choose(kViewMenu, nCommand);
+    int *const pbShown = nCommand == IDM_TOOLBAR ? &pModel->m_bToolBar : &pModel->m_bStatusBar;
+    *pbShown           = !*pbShown;
+    CHECK(((Calculator.MenuState(nCommand) & MF_CHECKED) != 0) == (*pbShown != 0));
+    CHECK(SizeOf(Calculator.Window()).cx == Before.cx);
+    CHECK(SizeOf(Calculator.Window()).cy == Before.cy);
+    CheckPlaces(Calculator, pModel);
+}
+
+}  // namespace
+
+TEST_CASE("bars and boxes take their places in every combination")
+{
+    cCalculator Calculator;
+    cModel      Model;
+    CheckPlaces(Calculator, &Model);
+    static const struct
+    {
+        int m_bListing;
+        int m_bRegisters;
+    } s_Boxes[]  = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
+    int nPicture = 0;
+    for (const auto &Boxes : s_Boxes)
+    {
+        KeepOpen(Calculator, &Model, Boxes.m_bListing, Boxes.m_bRegisters);
+        // Each of these leads to another combination and the last one back.
+        for (const unsigned nCommand : {IDM_TOOLBAR, IDM_STATUS_BAR, IDM_TOOLBAR, IDM_STATUS_BAR})
+        {
+            Toggle(Calculator, &Model, nCommand);
+            Calculator.HitKeys({14, 16});  // CLx 7
+            CHECK(Calculator.ReadsX("7."));
+            Calculator.Photograph().Save("layout-" + std::to_string(nPicture++));
+        }
+    }
+}
+
+TEST_CASE("the window is dragged larger and smaller, down to its least size")
+{
+    cCalculator Calculator;
+    cModel      Model;
+    const HWND  hWnd  = Calculator.Window();
+    const SIZE  First = SizeOf(hWnd);
+
+    // without boxes
+    Calculator.Drag(HTBOTTOMRIGHT, 120, 90);
+    CHECK(SizeOf(hWnd).cx == First.cx + 120);
+    CHECK(SizeOf(hWnd).cy == First.cy + 90);
+    CheckPlaces(Calculator, &Model);
+    Calculator.Photograph().Save("grown");
+    Calculator.Drag(HTBOTTOMRIGHT, -600, -600);
+    CHECK(SizeOf(hWnd).cx == 318);
+    CHECK(SizeOf(hWnd).cy == 617);
+    CheckPlaces(Calculator, &Model);
+    Calculator.Photograph().Save("least");
+    Calculator.HitKeys({16, 11});  // 7 ENTER
+    CHECK(Calculator.ReadsX("7.00"));
+
+    // with both: the registers take half of the rest, and 210 at the most
+    KeepOpen(Calculator, &Model, 1, 1);
+    CHECK(Model.m_nListingWidth == 205);
+    CHECK(Model.m_nRegistersWidth == 205);
+    Calculator.Drag(HTRIGHT, 301, 0);
+    CheckPlaces(Calculator, &Model);
+    CHECK(Model.m_nListingWidth == 501);
+    CHECK(Model.m_nRegistersWidth == 210);
+    Calculator.Photograph().Save("wide");
+    Calculator.Drag(HTRIGHT, -610, 0);
+    CheckPlaces(Calculator, &Model);
+    CHECK(Model.m_nListingWidth == 51);
+    CHECK(Model.m_nRegistersWidth == 50);
+
+    // too narrow now; shown again they have their least widths
+    KeepOpen(Calculator, &Model, 1, 1);
+    CHECK(Model.m_nListingWidth == 105);
+    CHECK(Model.m_nRegistersWidth == 105);
+    KeepOpen(Calculator, &Model, 0, 1);
+    CHECK(Model.m_nRegistersWidth == 105);
+    Calculator.Drag(HTRIGHT, 400, 0);
+    CheckPlaces(Calculator, &Model);
+    CHECK(Model.m_nRegistersWidth == 505);
+    Calculator.Drag(HTRIGHT, -900, 0);
+    CHECK(SizeOf(hWnd).cx == 318);
+    CheckPlaces(Calculator, &Model);
+    KeepOpen(Calculator, &Model, 0, 1);
+    CHECK(Model.m_nRegistersWidth == 100);
+
+    // The face's keys are where they are seen.
+    Calculator.HitKeys({14, 24, 28});  // CLx 1 0
+    CHECK(Calculator.ReadsX("10."));
+}
+
+TEST_CASE("a click into a box leaves the keyboard with the calculator and shows no caret")
+{
+    cCalculator Calculator;
+    Calculator.KeepOpen(1, 1);
+    for (const HWND hBox : {Calculator.Listing(), Calculator.Registers()})
+    {
+        ClickMiddleOf(hBox);
+        Calculator.Settle();
+        GUITHREADINFO Thread = {};
+        Thread.cbSize        = sizeof Thread;
+        REQUIRE(GetGUIThreadInfo(GetWindowThreadProcessId(hBox, nullptr), &Thread));
+        CHECK(Thread.hwndFocus == Calculator.Window());
+        CHECK(Thread.hwndCaret == nullptr);
+    }
+    Type("42");
+    CHECK(Calculator.ReadsX("42."));
+    Calculator.Photograph().Save("boxes");
+}

@@ -1,0 +1,117 @@
+// Screens of the heights at which something changes. Each test runs on the
+// screen that its suite is named after; on others it is left out.
+
+#include "tests/window/calculator.h"
+
+#include <doctest/doctest.h>
+
+#include "tests/window/input.h"
+
+namespace
+{
+
+bool IsScreenOther(int nWidth, int nHeight)
+{
+    return GetSystemMetrics(SM_CXSCREEN) != nWidth || GetSystemMetrics(SM_CYSCREEN) != nHeight;
+}
+
+SIZE SizeOf(HWND hWnd)
+{
+    RECT Rect = {};
+    GetWindowRect(hWnd, &Rect);
+    return {Rect.right - Rect.left, Rect.bottom - Rect.top};
+}
+
+// The size of the window after it was dragged as small as it can be.
+std::pair<int, int> DraggedSmall(cCalculator &Calculator)
+{
+    Calculator.Drag(HTBOTTOMRIGHT, -500, -500);
+    const SIZE Size = SizeOf(Calculator.Window());
+    return {Size.cx, Size.cy};
+}
+
+void CheckSum(cCalculator &Calculator)
+{
+    Calculator.HitKeys({25, 11, 26, 19});  // 2 ENTER 3 +
+    CHECK(Calculator.ReadsX("5.00"));
+    CHECK(Calculator.ReadsBottom("LastOp:  +"));
+    CHECK(Calculator.ReadsAngle("deg"));
+}
+
+void CheckWorking(cCalculator &Calculator)
+{
+    CheckSum(Calculator);
+    Calculator.Slide(swMode, 0);
+    Calculator.HitKey(30);  // R/S
+    CHECK(Calculator.ReadsProgramLine("01 R/S"));
+    CHECK(Calculator.IsListingShown());
+    Calculator.Slide(swMode, 1);
+    CHECK(Calculator.ReadsX("5.00"));
+    CHECK_FALSE(Calculator.IsListingShown());
+}
+
+}  // namespace
+
+TEST_CASE("a screen of 599 rows is refused" * doctest::test_suite("800x599") *
+          doctest::skip(IsScreenOther(800, 599)))
+{
+    cCalculator Calculator(1);
+    Calculator.PassWelcomeToDialog();
+    const cSeenBox Expected = {"Vorstek",
+                               "Sorry, but this program requires a screen\n"
+                               "resolution of at least 800 by 600 pixels.\n"
+                               "To change your computer's screen resolution\n"
+                               "right click on an empty portion of your\n"
+                               "desktop,  choose 'Properties' from the pop-up\n"
+                               "menu, go to the 'Settings' tab and then adjust\n"
+                               "the slider labeled 'Screen area'.\n",
+                               {"OK"}};
+    CHECK((Calculator.Box() == Expected));
+    CHECK(Calculator.BoxIcon() == 32513);
+    CHECK(Calculator.FindMainWindow() == nullptr);
+    Calculator.PhotographScreen().Save("screen-599");
+    Calculator.Click("OK");
+    CHECK(Calculator.ExitCode() == 0);
+}
+
+TEST_CASE("on a screen of 600 rows the window keeps its height and the face is shifted" *
+          doctest::test_suite("800x600") * doctest::skip(IsScreenOther(800, 600)))
+{
+    cCalculator Calculator;
+    CHECK(Calculator.ShowsFaceFrom(35));
+    CHECK_FALSE(Calculator.ShowsFaceFrom(0));
+    Calculator.PhotographScreen().Save("screen-600");
+    RECT Window = {};
+    GetWindowRect(Calculator.Window(), &Window);
+    CHECK(Window.bottom <= 600);
+    CheckWorking(Calculator);
+    CHECK(SizeOf(Calculator.Window()).cy == Window.bottom - Window.top);
+    Calculator.KeepOpen(1, 1);
+    CHECK(SizeOf(Calculator.Window()).cy == Window.bottom - Window.top);
+    Calculator.KeepOpen(0, 0);
+    CHECK(DraggedSmall(Calculator) == std::pair<int, int>(318, 570));
+    CheckSum(Calculator);
+    Calculator.PhotographScreen().Save("screen-600-least");
+}
+
+TEST_CASE("on a screen of 767 rows the face is shifted" * doctest::test_suite("1024x767") *
+          doctest::skip(IsScreenOther(1024, 767)))
+{
+    cCalculator Calculator;
+    CHECK(Calculator.ShowsFaceFrom(35));
+    CHECK_FALSE(Calculator.ShowsFaceFrom(0));
+    CheckWorking(Calculator);
+    Calculator.PhotographScreen().Save("screen-767");
+    CHECK(DraggedSmall(Calculator) == std::pair<int, int>(318, 617));
+}
+
+TEST_CASE("on a screen of 768 rows the whole face is shown" * doctest::test_suite("1024x768") *
+          doctest::skip(IsScreenOther(1024, 768)))
+{
+    cCalculator Calculator;
+    CHECK(Calculator.ShowsFaceFrom(0));
+    CHECK_FALSE(Calculator.ShowsFaceFrom(35));
+    CheckWorking(Calculator);
+    Calculator.PhotographScreen().Save("screen-768");
+    CHECK(DraggedSmall(Calculator) == std::pair<int, int>(318, 617));
+}

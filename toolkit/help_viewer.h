@@ -1,0 +1,18 @@
+// help_viewer.h - compiled help files, in the platform's viewer if it has one.
+
+#ifndef TOOLKIT_HELP_VIEWER_H
+#define TOOLKIT_HELP_VIEWER_H
+
+#include "toolkit/win32.h"
+
+#include "toolkit/message_box.h"
+
+// Open a help file with its table of contents, or at a topic, which is the
+// name of a page in it. The viewer's window, null if it does not come up.
+HWND OpenHelpContents(const char *szFile);
+HWND OpenHelpTopic(const char *szFile, const char *szTopic);
+
+// Says that the viewer did not find szFile, "VORSTEK.CHM".
+void ReportMissingHelp(cMessageBoxes *pBoxes, const char *szFile);
+
+#endif
