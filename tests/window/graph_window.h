@@ -101,7 +101,6 @@ public:
 private:
     HWND Focus(int nId) const;
     void WaitForPaint() const;
-    void WaitForScreen() const;
     int  ClickOk(const std::string &Text);
 
     cCalculator *m_pCalculator;
