@@ -15,7 +15,7 @@ int ShowHelp(HWND *phHelpWnd)
     *phHelpWnd = OpenHelpContents("VORSTEK.chm");
     if (*phHelpWnd || OpenIntroduction())
         return 1;
-    cPlatformBoxes Boxes;  // without an owner
+    cPlatformBoxes Boxes;
     ReportMissingHelp(&Boxes, "VORSTEK.CHM");
     return 0;
 }
