@@ -127,7 +127,7 @@ private:
     cPointOfSet NearestTo(POINT Mouse) const;
     POINT       PixelOf(const cPointOfSet &Point) const
     {
-        return ::PixelOf(*m_pPlot, *m_pRange, Point.m_dX, Point.m_dPlotted);
+        return ::PixelOf(m_Area, *m_pRange, Point.m_dX, Point.m_dPlotted);
     }
 
     // Without the legend, whose selection stays.
@@ -141,7 +141,6 @@ private:
     int                         m_nWidth      = 0;
     int                         m_nHeight     = 0;  // above the legend
     int                         m_nTextHeight = 0;
-    std::unique_ptr<cSeenPlot>  m_pPlot;
     std::unique_ptr<cSeenRange> m_pRange;
     cPicture                    m_Before;
 };
@@ -166,8 +165,7 @@ cReadoutRig::cReadoutRig()
     MapWindowPoints(nullptr, m_Graph.Plot(), reinterpret_cast<POINT *>(&Legend), 2);
     m_nWidth  = Whole.Width();
     m_nHeight = Legend.top;
-    m_pPlot   = std::make_unique<cSeenPlot>(Whole);
-    m_Area    = m_pPlot->m_Rect;
+    m_Area    = cSeenPlot(Whole).m_Rect;
     m_pRange  = std::make_unique<cSeenRange>(&m_Calculator, &m_Graph);
     m_Graph.PhotographPlot();
     m_Before = PlotOnly();

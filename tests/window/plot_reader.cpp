@@ -11,60 +11,54 @@
 static const unsigned kBlack = 0x000000;
 static const unsigned kWhite = 0xFFFFFF;
 
-// The longest run of black pixels in one line of nLength: where it begins and
-// how long it is.
-struct cRun
+// The line, of nLines, in which the most black pixels are. A data line may lie
+// over some of those of an axis.
+template <class cLook> static int BlackestLine(int nLines, int nLength, cLook At)
 {
-    int m_nFirst  = 0;
-    int m_nLength = 0;
-};
-
-template <class cLook> static cRun LongestRun(int nLength, cLook At)
-{
-    cRun Longest;
-    int  nRun = 0;
-    for (int i = 0; i < nLength; i++)
+    int nBlackest = 0;
+    int nMost     = 0;
+    for (int nLine = 0; nLine < nLines; nLine++)
     {
-        nRun = At(i) == kBlack ? nRun + 1 : 0;
-        if (nRun > Longest.m_nLength)
-            Longest = {i - nRun + 1, nRun};
+        int nBlack = 0;
+        for (int i = 0; i < nLength; i++)
+            nBlack += At(nLine, i) == kBlack;
+        if (nBlack > nMost)
+        {
+            nBlackest = nLine;
+            nMost     = nBlack;
+        }
     }
-    return Longest;
+    REQUIRE(nMost > 0);
+    return nBlackest;
 }
 
+// Each mark reaches two pixels to both sides of its axis; inside of the plot
+// data lines may lie over it.
 cSeenPlot::cSeenPlot(const cPicture &Picture) : m_Rect(), m_nHorzTicks(0), m_nVertTicks(0)
 {
-    cRun Axis;
-    for (int x = 0; x < Picture.Width(); x++)
-    {
-        const cRun Run = LongestRun(Picture.Height(), [&](int y) { return Picture.At(x, y); });
-        if (Run.m_nLength > Axis.m_nLength)
-        {
-            Axis        = Run;
-            m_Rect.left = x;
-            m_Rect.top  = Run.m_nFirst;
-        }
-    }
-    Axis = {};
-    for (int y = 0; y < Picture.Height(); y++)
-    {
-        const cRun Run = LongestRun(Picture.Width(), [&](int x) { return Picture.At(x, y); });
-        if (Run.m_nLength > Axis.m_nLength)
-        {
-            Axis          = Run;
-            m_Rect.bottom = y;
-            m_Rect.right  = Run.m_nFirst + Run.m_nLength - 1;
-        }
-    }
-    REQUIRE(Axis.m_nLength > 0);
-    // Each mark reaches two pixels to both sides of its axis.
-    for (int y = m_Rect.top; y <= m_Rect.bottom; y++)
-        m_nVertTicks += Picture.At(m_Rect.left - 1, y) == kBlack &&
-                        Picture.At(m_Rect.left - 2, y) == kBlack &&
-                        (y == m_Rect.bottom || Picture.At(m_Rect.left + 2, y) == kBlack);
-    for (int x = m_Rect.left; x <= m_Rect.right; x++)
-        m_nHorzTicks += Picture.At(x, m_Rect.bottom + 1) == kBlack &&
-                        Picture.At(x, m_Rect.bottom + 2) == kBlack;
+    const int nWidth  = Picture.Width();
+    const int nHeight = Picture.Height();
+    const int nLeft = BlackestLine(nWidth, nHeight, [&](int x, int y) { return Picture.At(x, y); });
+    const int nBottom =
+        BlackestLine(nHeight, nWidth, [&](int y, int x) { return Picture.At(x, y); });
+
+    const auto IsMarked = [&](int y) {
+        return Picture.At(nLeft - 1, y) == kBlack && Picture.At(nLeft - 2, y) == kBlack &&
+               (Picture.At(nLeft + 1, y) == kBlack || Picture.At(nLeft + 2, y) == kBlack);
+    };
+    int nTop = 0;
+    while (nTop < nBottom && !IsMarked(nTop))
+        nTop++;
+    for (int y = nTop; y <= nBottom; y++)
+        m_nVertTicks += IsMarked(y);
+
+    int nRight = nLeft;
+    while (nRight + 1 < nWidth && Picture.At(nRight + 1, nBottom) == kBlack)
+        nRight++;
+    for (int x = nLeft; x <= nRight; x++)
+        m_nHorzTicks +=
+            Picture.At(x, nBottom + 1) == kBlack && Picture.At(x, nBottom + 2) == kBlack;
+    m_Rect = {nLeft, nTop, nRight, nBottom};
 }
 
 cSeenRange::cSeenRange(cCalculator *pCalculator, cGraphWindow *pGraph)
@@ -83,13 +77,12 @@ cSeenRange::cSeenRange(cCalculator *pCalculator, cGraphWindow *pGraph)
     REQUIRE(WaitFor([=] { return !IsWindow(hDialog); }));
 }
 
-POINT PixelOf(const cSeenPlot &Plot, const cSeenRange &Range, double dX, double dY)
+POINT PixelOf(const RECT &Plot, const cSeenRange &Range, double dX, double dY)
 {
-    const RECT  &Rect  = Plot.m_Rect;
-    const double dHorz = (Rect.right - Rect.left - 1) / (Range.m_dXMax - Range.m_dXMin);
-    const double dVert = (Rect.bottom - Rect.top) / (Range.m_dYMax - Range.m_dYMin);
-    return {Rect.left + lround((dX - Range.m_dXMin) * dHorz),
-            Rect.top + lround((Range.m_dYMax - dY) * dVert)};
+    const double dHorz = (Plot.right - Plot.left - 1) / (Range.m_dXMax - Range.m_dXMin);
+    const double dVert = (Plot.bottom - Plot.top) / (Range.m_dYMax - Range.m_dYMin);
+    return {Plot.left + lround((dX - Range.m_dXMin) * dHorz),
+            Plot.top + lround((Range.m_dYMax - dY) * dVert)};
 }
 
 int CountInk(const cPicture &Picture)

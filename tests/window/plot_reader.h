@@ -33,8 +33,8 @@ struct cSeenRange
     double   m_dYMax;
 };
 
-// The pixel of a value in a plot with this range.
-POINT PixelOf(const cSeenPlot &Plot, const cSeenRange &Range, double dX, double dY);
+// The pixel of a value in a plot with this rectangle and range.
+POINT PixelOf(const RECT &Plot, const cSeenRange &Range, double dX, double dY);
 
 // How many pixels of a picture are not white, or not alike in two of one size.
 int CountInk(const cPicture &Picture);
