@@ -61,8 +61,8 @@ cWindowClass cVantorBox::s_Class;
 
 cVantorBox::cVantorBox(cMessageBoxes *pBoxes)
     : cBaseWindow(pBoxes), cVantorPlot(pBoxes), m_LogFont(), m_nFontTenths(0), m_Legend(pBoxes),
-      m_bDrawn(0), m_Layout(), m_bLaidOut(0), m_bDragsLegend(0), m_bReadsOut(0), m_Mouse(),
-      m_bReadoutShown(0), m_Nearest(), m_ClassShare(&s_Class)
+      m_bDrawn(0), m_bWillDraw(0), m_Layout(), m_bLaidOut(0), m_bDragsLegend(0), m_bReadsOut(0),
+      m_Mouse(), m_bReadoutShown(0), m_Nearest(), m_ClassShare(&s_Class)
 {
     m_dwStyle = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
 }
@@ -137,12 +137,15 @@ cVantorBoxSettings cVantorBox::BoxSettings() const
 // --- the plot has changed
 
 // Pictures may be late: a running program changes the plot far more often than
-// anybody could see.
+// anybody could see. The platform is asked once for each, which costs more than
+// the point that is added.
 void cVantorBox::OnPlotChanged()
 {
     m_bLaidOut = 0;
     m_bDrawn   = 0;
-    InvalidateRect(m_hWnd, nullptr, FALSE);
+    if (!m_bWillDraw)
+        InvalidateRect(m_hWnd, nullptr, FALSE);
+    m_bWillDraw = 1;
 }
 
 void cVantorBox::OnPointAdded(uint32_t nLine)
@@ -240,6 +243,7 @@ int cVantorBox::DrawIntoBuffer()
 
 LRESULT cVantorBox::OnPaint(WPARAM, LPARAM)
 {
+    m_bWillDraw = 0;
     if (!m_bDrawn)
     {
         Layout();  // moves the legend, which changes what is to be painted
@@ -270,6 +274,7 @@ LRESULT cVantorBox::OnEraseBackground(WPARAM, LPARAM)
 
 LRESULT cVantorBox::OnSize(WPARAM, LPARAM lParam)
 {
+    m_bWillDraw = 0;  // what was asked for does not reach the new size
     SetClientSize(LOWORD(lParam), HIWORD(lParam));
     return 0;
 }

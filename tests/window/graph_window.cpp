@@ -77,6 +77,34 @@ unsigned cGraphWindow::ColorAt(int x, int y) const
     return cPicture::OfScreen(RectOf(Plot())).At(x, y);
 }
 
+cPicture cGraphWindow::LookAtPlot() const
+{
+    return cPicture::OfScreen(RectOf(Plot()));
+}
+
+cPicture cGraphWindow::PhotographPlot() const
+{
+    WaitForScreen();
+    return LookAtPlot();
+}
+
+POINT cGraphWindow::OnPlot(int x, int y) const
+{
+    POINT Point = {x, y};
+    ClientToScreen(Plot(), &Point);
+    return Point;
+}
+
+HWND cGraphWindow::Legend() const
+{
+    return GetDlgItem(Plot(), IDC_LEGEND);
+}
+
+int cGraphWindow::SelectedRow() const
+{
+    return static_cast<int>(SendMessageA(Legend(), LB_GETCURSEL, 0, 0));
+}
+
 // --- menu
 
 UINT cGraphWindow::MenuState(unsigned nId) const
