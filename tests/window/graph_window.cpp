@@ -84,7 +84,7 @@ cPicture cGraphWindow::LookAtPlot() const
 
 cPicture cGraphWindow::PhotographPlot() const
 {
-    WaitForScreen();
+    WaitForPaint();
     return LookAtPlot();
 }
 
