@@ -172,7 +172,7 @@ def main(folder):
     for name, columns, arrows in MOVEMENTS:
         movement(folder / name, columns, arrows)
     face(folder / "face.png")
-    for name in ("damped", "trend", "rain", "shots"):
+    for name in ("damped", "rain", "shots"):
         graph(name + ".svg", folder / f"{name}.png")
 
 
