@@ -103,6 +103,11 @@ def key_caps(text):
     return " ".join(caps)
 
 
+# Keys of one instruction stay on one line.
+def keys_in_text(match):
+    return f'<span class="caps">{key_caps(match.group(1))}</span>'
+
+
 def keys_table(match):
     rows = []
     for line in match.group(2).strip("\n").split("\n"):
@@ -137,7 +142,7 @@ def set_page(pages, at):
     """The page as it is read, in ASCII: no viewer can mistake its letters."""
     text = pages[at].source
     text = re.sub(r'<pre class="(keys[^"]*)"[^>]*>(.*?)</pre>', keys_table, text, flags=re.S)
-    text = re.sub(r"<kbd>(.*?)</kbd>", lambda found: key_caps(found.group(1)), text)
+    text = re.sub(r"<kbd>(.*?)</kbd>", keys_in_text, text)
     text = re.sub(r' data-\w+="[^"]*"', "", text)
     head, foot = page_ends(pages, at)
     text = text.replace("<body>\n", "<body>\n" + head).replace("</body>", foot + "</body>")
