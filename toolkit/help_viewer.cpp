@@ -27,9 +27,9 @@ static int IsThere(const char *szPath)
 
 int FindHelp(const char *szName, char (&szPath)[MAX_PATH])
 {
-    const DWORD nLength = GetModuleFileNameA(nullptr, szPath, sizeof szPath);
-    char *const pName   = strrchr(szPath, '\\');
-    const size_t nRoom  = pName ? sizeof szPath - static_cast<size_t>(pName + 1 - szPath) : 0;
+    const DWORD  nLength = GetModuleFileNameA(nullptr, szPath, sizeof szPath);
+    char *const  pName   = strrchr(szPath, '\\');
+    const size_t nRoom   = pName ? sizeof szPath - static_cast<size_t>(pName + 1 - szPath) : 0;
     if (!IsThere(szName) && nLength < sizeof szPath && strlen(szName) < nRoom)
     {
         snprintf(pName + 1, nRoom, "%s", szName);

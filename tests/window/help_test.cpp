@@ -5,7 +5,9 @@
 
 #include <doctest/doctest.h>
 
+#include <cstring>
 #include <filesystem>
+#include <fstream>
 
 #include "resources/resource.h"
 #include "tests/window/input.h"
@@ -13,8 +15,6 @@
 
 namespace
 {
-
-const unsigned kHelpMenu = 3;
 
 std::string MissingText(const std::string &File)
 {
@@ -38,6 +38,85 @@ void BringHelp(cCalculator &Calculator)
                           std::filesystem::copy_options::recursive);
 }
 
+// How many pages there are whose name begins so; each is a topic.
+int Pages(cCalculator &Calculator, const std::string &Beginning)
+{
+    int nPages = 0;
+    for (const auto &File : std::filesystem::directory_iterator(Calculator.Path("HtmlHelp")))
+        if (File.path().extension() == ".htm" &&
+            File.path().filename().string().starts_with(Beginning))
+            nPages++;
+    return nPages;
+}
+
+HWND WaitForViewer(const char *szTitle)
+{
+    return WaitFor([=] { return FindWindowA(nullptr, szTitle); });
+}
+
+// What the viewer's contents hold once they are complete.
+int CountTopics(HWND hViewer, int nExpected)
+{
+    return Eventually(nExpected, [=] {
+        HWND hTree = nullptr;
+        EnumChildWindows(
+            hViewer,
+            [](HWND hChild, LPARAM lParam) -> BOOL {
+                char szClass[64] = "";
+                GetClassNameA(hChild, szClass, sizeof szClass);
+                if (strcmp(szClass, WC_TREEVIEWA) != 0)
+                    return TRUE;
+                *reinterpret_cast<HWND *>(lParam) = hChild;
+                return FALSE;
+            },
+            reinterpret_cast<LPARAM>(&hTree));
+        return static_cast<int>(SendMessageA(hTree, TVM_GETCOUNT, 0, 0));
+    });
+}
+
+// What the user's browser would be: a program for pages that notes in a file
+// which page it is given. Wine without its browser knows none; where there is
+// one, nothing is touched and the test fails.
+class cPageReader
+{
+public:
+    explicit cPageReader(const std::string &Note) : m_Note(Note)
+    {
+        LONG nSize = 0;
+        REQUIRE(RegQueryValueA(HKEY_CLASSES_ROOT, ".htm", nullptr, &nSize) != ERROR_SUCCESS);
+        SetClass(".htm", "vorstek.page");
+        SetClass("vorstek.page\\shell\\open\\command", "cmd.exe /c echo %1>\"" + Note + "\"");
+    }
+
+    ~cPageReader()
+    {
+        RegDeleteTreeA(HKEY_CLASSES_ROOT, ".htm");
+        RegDeleteTreeA(HKEY_CLASSES_ROOT, "vorstek.page");
+    }
+
+    cPageReader(const cPageReader &)            = delete;
+    cPageReader &operator=(const cPageReader &) = delete;
+
+    // The page, empty until one has been opened.
+    std::string Opened() const
+    {
+        std::ifstream File(m_Note);
+        std::string   Line;
+        std::getline(File, Line);
+        while (!Line.empty() && (Line.back() == '\r' || Line.back() == ' '))
+            Line.pop_back();
+        return Line;
+    }
+
+private:
+    static void SetClass(const char *szKey, const std::string &Value)
+    {
+        REQUIRE(RegSetValueA(HKEY_CLASSES_ROOT, szKey, REG_SZ, Value.c_str(), 0) == ERROR_SUCCESS);
+    }
+
+    std::string m_Note;
+};
+
 }  // namespace
 
 TEST_CASE("the graph's help that is not there is reported and the graph goes on")
@@ -56,12 +135,53 @@ TEST_CASE("the graph's help that is not there is reported and the graph goes on"
     CHECK(Graph.Count() == 1);
 }
 
-TEST_CASE("with its help there the calculator opens it and goes on")
+TEST_CASE("the help opens with its contents, and the calculator goes on")
 {
     cCalculator Calculator;
     BringHelp(Calculator);
-    Calculator.Choose(kHelpMenu, IDM_HELP);
-    Calculator.Settle();
-    Calculator.PhotographScreen().Save("help-there");
+    Calculator.HitShortcut(VK_F1);
+    const HWND hViewer = WaitForViewer("Vorstek Help");
+    REQUIRE(hViewer);
+    CHECK(CountTopics(hViewer, Pages(Calculator, "")) == Pages(Calculator, ""));
     CHECK(Calculator.HasDialog() == 0);
+    Calculator.PhotographScreen().Save("help-there");
+
+    // Beside the calculator, so that its face is free.
+    RECT Frame = {};
+    GetWindowRect(Calculator.Window(), &Frame);
+    SetWindowPos(hViewer, nullptr, Frame.right + 10, Frame.top, 300, 300, SWP_NOACTIVATE);
+    Calculator.Settle();
+    Calculator.HitKey(16);
+    CHECK(Calculator.ReadsX("7."));
+
+    Calculator.HitShortcut('E', kCtrl);
+    CHECK(Calculator.ExitCode() == 0);
+    CHECK(FindWindowA(nullptr, "Vorstek Help") == nullptr);
+}
+
+TEST_CASE("the graph's help opens with its own contents")
+{
+    cCalculator Calculator;
+    BringHelp(Calculator);
+    cGraphWindow Graph(&Calculator);
+    Graph.Choose(gmHelp, IDM_GRAPH_HELP);
+    const HWND hViewer = WaitForViewer("cVantor Help");
+    REQUIRE(hViewer);
+    CHECK(CountTopics(hViewer, Pages(Calculator, "cVantor")) == Pages(Calculator, "cVantor"));
+    CHECK(Calculator.HasDialog() == 0);
+}
+
+TEST_CASE("without a help file the introduction is opened as a page")
+{
+    cCalculator Calculator;
+    BringHelp(Calculator);
+    std::filesystem::remove(Calculator.Path("VORSTEK.chm"));
+    const cPageReader Reader(Calculator.Path("opened.txt"));
+    Calculator.HitShortcut(VK_F1);
+    const std::string Page = Calculator.Path("HtmlHelp\\Introduction.htm");
+    CHECK(Eventually(Page, [&] { return Reader.Opened(); }) == Page);
+    CHECK(Calculator.HasDialog() == 0);
+
+    Calculator.HitKey(16);
+    CHECK(Calculator.ReadsX("7."));
 }
