@@ -43,15 +43,19 @@ def fact(state, name):
 
 
 class ManualCase(ConsoleCase):
+    """With the files of all pages, and the examples, as a reader has them.
+    Where processes start slowly few of them matter: what can be, is asked of
+    one."""
 
-    def place(self, page):
-        """The files of a page, and the examples, as its reader has them."""
-        shutil.rmtree(self.folder)
+    def setUp(self):
+        super().setUp()
         shutil.copytree(EXAMPLES, self.path("examples"))
-        for element in page.having("pre"):
-            name = element.attributes.get("data-file")
-            if name:
-                self.write(name, element.text.lstrip("\n"))
+        for page in ALL_PAGES:
+            for element in page.having("pre"):
+                name = element.attributes.get("data-file")
+                if name:
+                    self.assertFalse(os.path.exists(self.path(name)), f"{page.name}: {name} again")
+                    self.write(name, element.text.lstrip("\n"))
 
 
 class KeysTest(ManualCase):
@@ -60,20 +64,17 @@ class KeysTest(ManualCase):
     listing that it opens first."""
 
     def test_displays_and_notes(self):
-        count = 0
+        script, wanted = ["option sound off"], []
         for page in ALL_PAGES:
-            script, wanted = self.script_of(page)
-            if not wanted:
-                continue
-            self.place(page)
-            with self.subTest(page=page.name):
-                states = self.states("option sound off", *script)
-                self.assertEqual(len(states), len(wanted))
-                for state, (line, text) in zip(states, wanted):
-                    with self.subTest(page=page.name, line=line, text=text):
-                        self.compare(state, text)
-                        count += 1
-        self.assertGreater(count, 200)
+            more, texts = self.script_of(page)
+            script += more
+            wanted += texts
+        states = self.states(*script)
+        self.assertEqual(len(states), len(wanted))
+        self.assertGreater(len(wanted), 300)
+        for state, (name, line, text) in zip(states, wanted):
+            with self.subTest(page=name, line=line, text=text):
+                self.compare(state, text)
 
     def script_of(self, page):
         script, wanted = [], []
@@ -88,7 +89,7 @@ class KeysTest(ManualCase):
                     script += key_commands(keys)
                     if told:
                         script += ["state"]
-                        wanted.append((number, told[0]))
+                        wanted.append((page.name, number, told[0]))
         return script, wanted
 
     def compare(self, state, text):
@@ -127,19 +128,24 @@ class InstructionsTest(ManualCase):
         self.assertEqual(sorted(self.entries()), sorted(table))
 
     def test_the_keys_record_the_instruction(self):
-        without = []
-        for mnemonic, (page, heading, elements) in self.entries().items():
-            with self.subTest(mnemonic=mnemonic, page=page.name):
-                effect = next(element for element in elements if "effect" in element.classes)
-                if effect.text.startswith("no key"):
-                    without.append(mnemonic)
-                    continue
-                keys = next(element for element in elements if element.tag == "kbd")
-                state = self.state_after("up 32", *key_commands(keys.text))
-                self.assertEqual(state["line"], 1)
-                recorded = state["program"][1]
-                self.assertRegex(recorded, "^" + re.escape(mnemonic) + r"( \.?\d)?$")
+        script, keyed, without = [], [], []
+        for mnemonic, (_, _, elements) in self.entries().items():
+            effect = next(element for element in elements if "effect" in element.classes)
+            if effect.text.startswith("no key"):
+                without.append(mnemonic)
+                continue
+            keys = next(element for element in elements if element.tag == "kbd")
+            script += ["reset", "up 32", *key_commands(keys.text), "state"]
+            keyed.append(mnemonic)
+
+        states = self.states(*script)
+
         self.assertEqual(sorted(without), ["->H", "->H.MS"])
+        self.assertEqual(len(states), len(keyed))
+        for mnemonic, state in zip(keyed, states):
+            with self.subTest(mnemonic=mnemonic):
+                self.assertEqual(state["line"], 1)
+                self.assertRegex(state["program"][1], "^" + re.escape(mnemonic) + r"( \.?\d)?$")
 
     def test_entries_tell_what_goes_to_lastx(self):
         table = table_of_instructions()
@@ -159,38 +165,39 @@ class TextTest(ManualCase):
     """Listings, data files and sessions."""
 
     def test_listings_pass_the_check(self):
+        names, told = [], ""
         for page in ALL_PAGES:
             for block in page.having("pre", "listing"):
-                with self.subTest(page=page.name, line=block.line):
-                    self.write("listing.txt", block.text.lstrip("\n"))
-                    result = self.start("check", "listing.txt")
-                    told = block.attributes.get("data-finding", "")
-                    self.assertEqual(result.out.replace("listing.txt:", "").rstrip("\n"), told)
-                    self.assertEqual(result.code, 1 if told else 0)
+                names.append(block.attributes["data-file"])
+                for line in block.attributes.get("data-finding", "").splitlines():
+                    told += f"{names[-1]}:{line}\n"
+
+        result = self.start("check", *names)
+
+        self.assertGreater(len(names), 15)
+        self.assertEqual((result.code, result.out), (1, told))
 
     def test_data_files_are_read(self):
-        count = 0
+        script, shapes = [], []
         for page in ALL_PAGES:
             for block in page.having("pre", "data"):
-                with self.subTest(page=page.name, line=block.line):
-                    self.write("data.txt", block.text.lstrip("\n"))
-                    events = self.script("graph open data.txt", "state")
-                    self.assertEqual([event["event"] for event in events], ["state"])
-                    shape = [len(data_set["y"]) for data_set in events[0]["graph"]]
-                    sets, points = block.attributes["data-shape"].split("x")
-                    self.assertEqual(shape, int(sets) * [int(points)])
-                    count += 1
-        self.assertGreater(count, 2)
+                sets, points = block.attributes["data-shape"].split("x")
+                shapes.append(int(sets) * [int(points)])
+                self.write(f"data-{len(shapes)}.txt", block.text.lstrip("\n"))
+                script += [f"graph open data-{len(shapes)}.txt", "state"]
+
+        events = self.script(*script)
+
+        self.assertGreater(len(shapes), 2)
+        self.assertEqual([[len(data_set["y"]) for data_set in event["graph"]]
+                          for event in events], shapes)
 
     def test_sessions(self):
         """Lines behind "$" are commands; what follows is what they print.
         "..." at the end of a line, or as a line, stands for what differs."""
         count = 0
         for page in ALL_PAGES:
-            blocks = page.having("pre", "session")
-            if blocks:
-                self.place(page)
-            for block in blocks:
+            for block in page.having("pre", "session"):
                 code = 0
                 for command, printed in self.commands(block.text):
                     with self.subTest(page=page.name, line=block.line, command=command):
