@@ -93,13 +93,18 @@ def key_cap(token, shift):
 
 
 def key_caps(text):
-    """Each digit of a number is a key."""
+    """Each digit of a number is a key. A shifted key stays on the line of its
+    shift."""
     caps, shift = [], None
     for token in html.unescape(text).split():
         parts = list(token) if re.fullmatch(r"[\d.]+", token) else [token]
         for part in parts:
-            caps.append(key_cap(part, shift))
-            shift = part if part in ("f", "g") else None
+            cap = key_cap(part, shift)
+            if shift:
+                caps[-1] = f'<span class="caps">{caps[-1]} {cap}</span>'
+            else:
+                caps.append(cap)
+            shift = part if part in ("f", "g") and not shift else None
     return " ".join(caps)
 
 
