@@ -206,6 +206,16 @@ class TextTest(ManualCase):
                         count += 1
         self.assertGreater(count, 10)
 
+    def test_names_of_the_state(self):
+        page = next(page for page in ALL_PAGES if page.name == "console.htm")
+        at = next(number for number, element in enumerate(page.elements)
+                  if element.attributes.get("id") == "state")
+        names = [element.text for element in page.elements[at + 1:] if element.tag == "code"]
+
+        state = self.state_after()
+
+        self.assertEqual(names, ["run --json", *state])
+
     @staticmethod
     def commands(text):
         for part in re.split(r"^\$ ", text.lstrip("\n"), flags=re.M)[1:]:
