@@ -156,10 +156,13 @@ def set_page(pages, at):
 
 # --- what the help compiler reads
 
-def sitemap(name, address):
-    quoted = [html.escape(text) for text in (name, f"{PAGES}/{address}")]
-    return ('<LI><OBJECT type="text/sitemap"><param name="Name" value="%s">'
-            '<param name="Local" value="%s"></OBJECT>\n' % tuple(quoted))
+def sitemap(name, *topics):
+    """A line of contents or index; topics are (title, address)."""
+    params = [("Name", name)]
+    for title, address in topics:
+        params += [("Name", title)] * (len(topics) > 1) + [("Local", f"{PAGES}/{address}")]
+    return '<LI><OBJECT type="text/sitemap">%s</OBJECT>\n' % "".join(
+        f'<param name="{key}" value="{html.escape(value)}">' for key, value in params)
 
 
 def sitemap_file(items):
@@ -171,15 +174,19 @@ def contents_file(outline):
     text, depth = "", -1
     for level, page in outline:
         text += "<UL>\n" * (level - depth) + "</UL>\n" * (depth - level)
-        text += sitemap(page.title, page.name)
+        text += sitemap(page.title, (page.title, page.name))
         depth = level
     return sitemap_file(text + "</UL>\n" * (depth + 1))
 
 
 def index_file(outline):
-    entries = {entry for _, page in outline for entry in page.index()}
-    ordered = sorted(entries, key=lambda entry: (entry[0].lower(), entry))
-    return sitemap_file("<UL>\n" + "".join(sitemap(*entry) for entry in ordered) + "</UL>\n")
+    topics = {}
+    for _, page in outline:
+        for word, address in page.index():
+            topics.setdefault(word, []).append((page.title, address))
+    words = sorted(topics, key=lambda word: (word.lower(), word))
+    return sitemap_file("<UL>\n" + "".join(sitemap(word, *topics[word]) for word in words) +
+                        "</UL>\n")
 
 
 def project_file(name, title, outline, others):

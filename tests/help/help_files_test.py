@@ -34,7 +34,7 @@ def outline(contents):
 
 
 def sitemap(path):
-    """(depth, name, address) of each entry of contents or index."""
+    """(depth, name, addresses) of each entry of contents or index."""
     with open(path, encoding="cp1252") as file:
         text = file.read()
     depth = -1
@@ -44,8 +44,9 @@ def sitemap(path):
         elif word == "</UL>":
             depth -= 1
         else:
-            values = dict(re.findall(r'<param name="(\w+)" value="([^"]*)">', word))
-            yield depth, html.unescape(values["Name"]), html.unescape(values["Local"])
+            values = [(key, html.unescape(value)) for key, value in
+                      re.findall(r'<param name="(\w+)" value="([^"]*)">', word)]
+            yield depth, values[0][1], [value for key, value in values if key == "Local"]
 
 
 class HelpFileTest(unittest.TestCase):
@@ -90,11 +91,11 @@ class HelpFileTest(unittest.TestCase):
             with self.subTest(help=name):
                 stem = name.split(".")[0]
                 entries = list(sitemap(self.inside(name, stem + ".hhc")))
-                self.assertEqual([(depth, address) for depth, _, address in entries],
-                                 [(depth, "HtmlHelp/" + page)
+                self.assertEqual([(depth, addresses) for depth, _, addresses in entries],
+                                 [(depth, ["HtmlHelp/" + page])
                                   for depth, page in outline(contents)])
-                for _, title, address in entries:
-                    page = Page(self.inside(name, address))
+                for _, title, addresses in entries:
+                    page = Page(self.inside(name, addresses[0]))
                     self.assertEqual(title, page.having("title")[0].text)
 
     def test_index(self):
@@ -103,8 +104,10 @@ class HelpFileTest(unittest.TestCase):
             entries = list(sitemap(self.inside(name, stem + ".hhk")))
             words = [word for _, word, _ in entries]
             self.assertGreater(len(words), 60)
-            self.assertEqual(words, sorted(words, key=str.lower))
-            for _, word, address in entries:
+            self.assertTrue(all(addresses for _, _, addresses in entries))
+            self.assertEqual(words, sorted(set(words), key=lambda word: (word.lower(), word)))
+            for word, address in [(word, address) for _, word, addresses in entries
+                                  for address in addresses]:
                 with self.subTest(help=name, word=word):
                     file, _, anchor = address.partition("#")
                     page = Page(self.inside(name, file))

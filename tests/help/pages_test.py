@@ -130,6 +130,10 @@ class PagesTest(WebCase):
                 self.assertIn("charset=utf-8", page.having("meta")[0].attributes["content"])
                 self.assertFalse(page.having("script"))
 
+    def test_no_title_twice(self):
+        titles = [page.having("title")[0].text for page in pages()]
+        self.assertEqual(sorted(titles), sorted(set(titles)))
+
     def test_pictures_say_what_they_show_and_are_used(self):
         used = set()
         for page in pages():
