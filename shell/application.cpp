@@ -85,11 +85,25 @@ void cApplication::SetAccelerators(HWND hWnd, HACCEL hTable)
     m_hAccelTable = hTable;
 }
 
+// The dialog that a window belongs to; null if it is none's.
+static HWND DialogOf(HWND hWnd)
+{
+    const HWND hRoot       = GetAncestor(hWnd, GA_ROOT);
+    char       szClass[16] = "";
+    GetClassNameA(hRoot, szClass, sizeof szClass);
+    return lstrcmpA(szClass, "#32770") == 0 ? hRoot : nullptr;
+}
+
+// While a program runs this is also where the keys of a dialog come by that was
+// open before: they are none of the accelerators.
 void cApplication::Dispatch(MSG *pMessage)
 {
     if (m_hModelessDlg && IsDialogMessageA(m_hModelessDlg, pMessage))
         return;
-    if (m_hAccelTable && TranslateAcceleratorA(m_hAccelWnd, m_hAccelTable, pMessage))
+    const HWND hDialog = DialogOf(pMessage->hwnd);
+    if (hDialog && IsDialogMessageA(hDialog, pMessage))
+        return;
+    if (!hDialog && m_hAccelTable && TranslateAcceleratorA(m_hAccelWnd, m_hAccelTable, pMessage))
         return;
     TranslateMessage(pMessage);
     DispatchMessageA(pMessage);

@@ -109,7 +109,25 @@ void cListBox::UpdateHorizontalExtent()
     int nWidest = 0;
     for (int i = 0, nCount = Count(); i < nCount; i++)
         nWidest = std::max(nWidest, ItemWidth(Dc.Get(), i));
-    SendMessageA(m_hWnd, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(nWidest + kExtentMargin), 0);
+    SetHorizontalExtent(nWidest + kExtentMargin);
+}
+
+// A scroll bar cuts its page down to its range, and keeps it when the range
+// grows: it would be shown, and hidden again, each time an empty list gets an
+// item. So it gets both at once.
+void cListBox::SetHorizontalExtent(int nExtent)
+{
+    if (SendMessageA(m_hWnd, LB_GETHORIZONTALEXTENT, 0, 0) == nExtent)
+        return;
+    RECT Client = {};
+    GetClientRect(m_hWnd, &Client);
+    SCROLLINFO Info = {};
+    Info.cbSize     = sizeof Info;
+    Info.fMask      = SIF_RANGE | SIF_PAGE;
+    Info.nMax       = nExtent - 1;
+    Info.nPage      = static_cast<UINT>(Client.right);
+    SetScrollInfo(m_hWnd, SB_HORZ, &Info, TRUE);
+    SendMessageA(m_hWnd, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(nExtent), 0);
 }
 
 int cListBox::ItemWidth(HDC hDc, int nIndex) const

@@ -50,6 +50,7 @@ private:
     int                     PutItem(int nIndex, const char *szText);
     std::unique_ptr<char[]> CopyItem(int nIndex) const;
     void                    UpdateHorizontalExtent();
+    void                    SetHorizontalExtent(int nExtent);
     int                     ItemWidth(HDC hDc, int nIndex) const;
 };
 

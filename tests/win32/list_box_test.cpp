@@ -180,6 +180,27 @@ TEST_CASE("the width of items is measured in the font of the list box")
     CHECK(Rig.Extent() == Size.cx + 5);
 }
 
+TEST_CASE("an empty list box that gets an item has no scroll bar for it, and showed none")
+{
+    cListRig Rig;
+    Rig.m_List.SetItem(-1, "first");
+    Rig.m_List.DeleteItem(0);
+    RECT Before = {};
+    GetClientRect(Rig.m_List.Window(), &Before);
+    HandleWaitingMessages();
+    ValidateRect(Rig.m_List.Window(), nullptr);
+
+    Rig.m_List.SetItem(-1, "second");
+
+    RECT After = {};
+    GetClientRect(Rig.m_List.Window(), &After);
+    CHECK_FALSE(Rig.HasScrollBar());
+    CHECK(EqualRect(&Before, &After));
+    SCROLLINFO Info = {sizeof Info, SIF_PAGE | SIF_RANGE, 0, 0, 0, 0, 0};
+    GetScrollInfo(Rig.m_List.Window(), SB_HORZ, &Info);
+    CHECK(static_cast<int>(Info.nPage) > Info.nMax);
+}
+
 TEST_CASE("a horizontal scroll bar appears when an item is too wide")
 {
     cListRig Rig;
