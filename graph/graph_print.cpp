@@ -41,6 +41,8 @@ int DrawGraphPage(HDC hDc, const cPaper &Upright, const cVantorBox &Box, const c
     const cGdiFont  Font(MakeFont(Box, Paper));
     const cSheetBox Free = PlanSheetBox(Paper, Page.m_Margins);
     const cRect     Room = {Free.m_nLeft, Free.m_nTop, Free.m_nRight, Free.m_nBottom};
+    if (Room.IsEmpty())
+        return 1;
     if (Page.m_bTurned)
     {
         cTurnedCanvas Canvas(hDc, Font.Get(), PrintableWidth(Upright));

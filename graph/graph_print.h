@@ -18,7 +18,7 @@ struct cPageChoice
 };
 
 // Draws the plot with its legend on a device with such a sheet, upright; the
-// plot's ground fills what the margins leave. 0 if memory ran out and the user
+// plot's ground fills what the margins leave, be it nothing. 0 if memory ran out and the user
 // gave up.
 int DrawGraphPage(HDC hDc, const cPaper &Upright, const cVantorBox &Box, const cPageChoice &Page);
 

@@ -69,7 +69,7 @@ public:
     // 0, draws one and returns 0 to give up. Returns 1 once everything is handed
     // to the spooler; 0 when the printer fails or the user has cancelled. A
     // cancelled document is ended; how much of it comes out is the spooler's
-    // business. Called once.
+    // business. One whose page failed is left to DeleteDC. Called once.
     int Send(const char *szDocument, int nSheets, const std::function<int(int nSheet)> &DrawSheet);
 
 private:
