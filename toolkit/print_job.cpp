@@ -19,12 +19,12 @@ int cPrinter::Ask(HWND hOwner, ePages nPages)
     Dialog.hwndOwner   = hOwner;
     Dialog.Flags       = PD_RETURNDC | PD_ALLPAGES | PD_NOSELECTION | PD_HIDEPRINTTOFILE;
     Dialog.Flags |= nPages == pgOnePage ? PD_NOPAGENUMS : 0;
-    Dialog.nCopies     = 1;
-    Dialog.nFromPage   = 1;
-    Dialog.nToPage     = 1;
-    Dialog.nMinPage    = 1;
-    Dialog.nMaxPage    = 0xFFFF;
-    const int bDone    = PrintDlgA(&Dialog) ? 1 : 0;
+    Dialog.nCopies   = 1;
+    Dialog.nFromPage = 1;
+    Dialog.nToPage   = 1;
+    Dialog.nMinPage  = 1;
+    Dialog.nMaxPage  = 0xFFFF;
+    const int bDone  = PrintDlgA(&Dialog) ? 1 : 0;
     GlobalFree(Dialog.hDevMode);
     GlobalFree(Dialog.hDevNames);
 

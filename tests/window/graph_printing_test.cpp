@@ -132,7 +132,7 @@ TEST_CASE("the graph is printed with its legend on one page, as large as the mar
     CHECK(Ink.m_nTop < kInch + 10);
     CHECK(CountRules(Page.m_Picture, 0) == 4);  // an axis and the legend's frame
     const cInk Red = Page.InkOf(kRed);
-    CHECK(Red.m_nTop < 2 * kInch);                              // the data
+    CHECK(Red.m_nTop < 2 * kInch);                               // the data
     CHECK(Red.m_nBottom > Page.m_Picture.Height() - 2 * kInch);  // the sample
 
     Rig.m_Graph.Choose(gmView, IDM_GRID);
