@@ -12,8 +12,8 @@
 namespace
 {
 
-const int   kErrorIcon = 32513;
-const DWORD kRoom      = 100;  // bytes: for the headers of a BMP, not for its pixels
+const int  kErrorIcon = 32513;
+const UINT kMuchRoom  = 10 * 1024 * 1024;  // bytes
 
 // Little endian, of a file's content.
 unsigned Word(const std::string &Content, size_t nAt)
@@ -36,6 +36,14 @@ struct cExportRig
     }
 
     void Start(unsigned nCommand) { m_Graph.Choose(gmFile, nCommand); }
+
+    // Goes through both dialogs.
+    void Create(unsigned nCommand, const std::string &File)
+    {
+        Start(nCommand);
+        m_Calculator.Click("OK");
+        m_Calculator.GiveFileName(m_Calculator.Path(File));
+    }
 
     // Whether the box comes that says so of a file, and no other dialog then.
     int FailsToWrite(const std::string &File)
@@ -175,31 +183,24 @@ TEST_CASE("a picture for which the disk has no room is reported; half a GIF goes
 {
     cExportRig     Rig;
     const cPicture Before = Rig.m_Graph.Photograph();
-    for (const unsigned nCommand : {IDM_CREATE_BMP, IDM_CREATE_GIF})
+    for (const char *const szKind : {"bmp", "gif"})
     {
-        CAPTURE(nCommand);
-        cProbeLink::Current()->Ask(pbDiskRoom, kRoom);
-        Rig.Start(nCommand);
-        Rig.m_Calculator.Click("OK");
-        Rig.m_Calculator.GiveFileName(Rig.m_Calculator.Path("full"));
-        CHECK(Rig.FailsToWrite(nCommand == IDM_CREATE_BMP ? "full.bmp" : "full.gif"));
-    }
-    CHECK(Rig.m_Calculator.Folder().Read("full.bmp").size() == 54);
-    CHECK_FALSE(Rig.m_Calculator.Folder().Has("full.gif"));
-    CHECK(Rig.m_Graph.Photograph() == Before);
+        CAPTURE(szKind);
+        const unsigned    nCommand = szKind[0] == 'b' ? IDM_CREATE_BMP : IDM_CREATE_GIF;
+        const std::string Whole    = std::string("whole.") + szKind;
+        const std::string Half     = std::string("half.") + szKind;
+        cProbeLink::Current()->Ask(pbDiskRoom, kMuchRoom);
+        Rig.Create(nCommand, Whole);
+        CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+        const size_t nSize = Rig.m_Calculator.Folder().Read(Whole).size();
 
-    // Once there is room again both are written, the one over its half.
-    cProbeLink::Current()->Ask(pbDiskRoom, 10 * 1024 * 1024);
-    Rig.Start(IDM_CREATE_BMP);
-    Rig.m_Calculator.Click("OK");
-    Rig.m_Calculator.GiveFileName(Rig.m_Calculator.Path("full.bmp"));
-    Rig.m_Calculator.Click("Yes");
-    Rig.Start(IDM_CREATE_GIF);
-    Rig.m_Calculator.Click("OK");
-    Rig.m_Calculator.GiveFileName(Rig.m_Calculator.Path("full"));
-    CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
-    CHECK(Rig.m_Calculator.Folder().Read("full.bmp").size() == 54 + 640 * 3 * 480);
-    CHECK(Rig.m_Calculator.Folder().Read("full.gif").back() == ';');
+        cProbeLink::Current()->Ask(pbDiskRoom, static_cast<UINT>(nSize - 1));
+        Rig.Create(nCommand, Half);
+        CHECK(Rig.FailsToWrite(Half));
+    }
+    CHECK(Rig.m_Calculator.Folder().Read("half.bmp").size() == 54);
+    CHECK_FALSE(Rig.m_Calculator.Folder().Has("half.gif"));
+    CHECK(Rig.m_Graph.Photograph() == Before);
 }
 
 TEST_CASE("a file that another program holds is reported and stays as it is")
@@ -214,9 +215,7 @@ TEST_CASE("a file that another program holds is reported and stays as it is")
             CreateFileA(Rig.m_Calculator.Path(File).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                         OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
         REQUIRE(hFile != INVALID_HANDLE_VALUE);
-        Rig.Start(nCommand);
-        Rig.m_Calculator.Click("OK");
-        Rig.m_Calculator.GiveFileName(Rig.m_Calculator.Path(File));
+        Rig.Create(nCommand, File);
         Rig.m_Calculator.Click("Yes");
         CHECK(Rig.FailsToWrite(File));
         CloseHandle(hFile);
