@@ -20,6 +20,7 @@ namespace
 using cTexts = std::vector<std::vector<std::string>>;
 
 // Controls of the platform's dialogs.
+const int kSelection    = rad2;
 const int kPageRange    = rad3;
 const int kFromPage     = edt1;
 const int kToPage       = edt2;
@@ -120,6 +121,7 @@ TEST_CASE("a long listing is printed with every line once, page by page within t
     cPrintRig Rig;
     Rig.Ask();
     CHECK(TextOfControl(Rig.m_Calculator, kCopies) == "1");
+    CHECK_FALSE(IsWindowEnabled(GetDlgItem(Rig.m_Calculator.Dialog(), kSelection)));
     PhotographDialog(Rig.m_Calculator, "print-dialog");
     const cPrintedDocument All = Rig.Print();
     CHECK(Rig.IsFree());
