@@ -1,5 +1,6 @@
 #include "graph/graph_print.h"
 
+#include "graph/gdi_canvas.h"
 #include "graph/plot_renderer.h"
 #include "graph/turned_canvas.h"
 #include "graph/vantor_box.h"
@@ -43,13 +44,11 @@ int DrawGraphPage(HDC hDc, const cPaper &Upright, const cVantorBox &Box, const c
     const cRect     Room = {Free.m_nLeft, Free.m_nTop, Free.m_nRight, Free.m_nBottom};
     if (Room.IsEmpty())
         return 1;
-    if (Page.m_bTurned)
-    {
-        cTurnedCanvas Canvas(hDc, Font.Get(), PrintableWidth(Upright));
-        return DrawOn(&Canvas, Box, Room, 1);
-    }
-    cGdiCanvas Canvas(hDc, Font.Get());
-    return DrawOn(&Canvas, Box, Room, 0);
+    cGdiCanvas Sheet(hDc, Font.Get());
+    if (!Page.m_bTurned)
+        return DrawOn(&Sheet, Box, Room, 0);
+    cTurnedCanvas Canvas(&Sheet, PrintableWidth(Upright));
+    return DrawOn(&Canvas, Box, Room, 1);
 }
 
 int PrintGraph(cVantorBox *pBox, HWND hFrame, const char *szDocument)

@@ -7,6 +7,7 @@
 
 #include <doctest/doctest.h>
 
+#include "graph/gdi_canvas.h"
 #include "tests/win32/drawn_sheet.h"
 #include "toolkit/gdi.h"
 #include "toolkit/print_plan.h"
@@ -31,7 +32,8 @@ void CheckSame(const std::function<void(cPlotCanvas *)> &Draw)
         Draw(&Canvas);
     }
     {
-        cTurnedCanvas Canvas(Turned.Dc(), nullptr, kHeight);
+        cGdiCanvas    Sheet(Turned.Dc(), nullptr);
+        cTurnedCanvas Canvas(&Sheet, kHeight);
         Draw(&Canvas);
     }
     REQUIRE(Upright.DrawnBox().Width() > 0);
@@ -63,11 +65,13 @@ TEST_CASE("lines and filled shapes are turned pixel by pixel")
         const cPoint   Axes[]    = {{5, 3}, {5, 35}, {5, 35}, {50, 35}};
         const uint32_t nCounts[] = {2, 2};
         const cPoint   Steps[]   = {{5, 30}, {20, 30}, {20, 10}, {45, 10}};
+        const cPoint   Wide[]    = {{15, 15}, {15, 30}};
         const cPoint   Square[]  = {{30, 20}, {36, 20}, {36, 26}, {30, 26}};
         const int32_t  nCorners  = 4;
         pCanvas->FillBox({1, 2, 55, 38}, RGB(255, 255, 200));
         pCanvas->Polylines(Axes, nCounts, 2, {0, 1, RGB(0, 0, 0)});
         pCanvas->Polyline(Steps, 4, {0, 1, kRed});
+        pCanvas->Polyline(Wide, 2, {0, 3, kRed});
         pCanvas->Polygons(Square, &nCorners, 1, kBlue);
     });
 }
@@ -93,15 +97,16 @@ TEST_CASE("a clip is exact on a turned sheet, and what follows it is turned too"
 
 TEST_CASE("a turned text has the size of an upright one")
 {
-    const cDrawnSheet   Sheet(kHeight, kWidth);
     const cGdiFont      Level(MakeFont(0));
     const cGdiFont      Down(MakeFont(kTurnedText));
-    const cDrawnSheet   Upright(kWidth, kHeight);
-    const cGdiCanvas    UprightCanvas(Upright.Dc(), Level.Get());
-    const cTurnedCanvas Canvas(Sheet.Dc(), Down.Get(), kHeight);
+    const cDrawnSheet   Sheet(kHeight, kWidth);
+    const cDrawnSheet   Other(kHeight, kWidth);
+    const cGdiCanvas    Upright(Sheet.Dc(), Level.Get());
+    cGdiCanvas          Turned(Other.Dc(), Down.Get());
+    const cTurnedCanvas Canvas(&Turned, kHeight);
 
-    CHECK(Canvas.TextHeight() == UprightCanvas.TextHeight());
-    CHECK(Canvas.TextWidth("0.25") == UprightCanvas.TextWidth("0.25"));
+    CHECK(Canvas.TextHeight() == Upright.TextHeight());
+    CHECK(Canvas.TextWidth("0.25") == Upright.TextWidth("0.25"));
     CHECK(Canvas.TextWidth("0.25") > 20);
 }
 
@@ -112,15 +117,13 @@ TEST_CASE("a turned text runs down the sheet from, around or to its place")
     {
         CAPTURE(nAlign);
         const cDrawnSheet Sheet(kHeight, kWidth);
-        int               nLength = 0;
-        int               nHeight = 0;
-        {
-            cTurnedCanvas Canvas(Sheet.Dc(), Down.Get(), kHeight);
-            nLength = Canvas.TextWidth("HHH");
-            nHeight = Canvas.TextHeight();
-            Canvas.Label({30, 5}, nAlign, "HHH", kRed);
-        }
+        cGdiCanvas        Turned(Sheet.Dc(), Down.Get());
+        cTurnedCanvas     Canvas(&Turned, kHeight);
+        const int         nLength = Canvas.TextWidth("HHH");
+        const int         nHeight = Canvas.TextHeight();
         const int nAbove = nAlign == alLeft ? 0 : nAlign == alCenter ? nLength / 2 : nLength;
+
+        Canvas.Label({30, 5}, nAlign, "HHH", kRed);
 
         const cRect Ink = Sheet.DrawnBox();
         CHECK(Ink.m_nTop >= 30 - nAbove - 1);
@@ -130,19 +133,4 @@ TEST_CASE("a turned text runs down the sheet from, around or to its place")
         CHECK(Ink.m_nRight > kHeight - 5 - nHeight / 2);
         CHECK(Ink.m_nLeft >= kHeight - 5 - nHeight);
     }
-}
-
-TEST_CASE("a device context is upright again when its turned canvas goes")
-{
-    const cDrawnSheet Sheet(kHeight, kWidth);
-    {
-        cTurnedCanvas Canvas(Sheet.Dc(), nullptr, kHeight);
-        Canvas.Label({3, 3}, alLeft, "H", kRed);
-    }
-    POINT Point = {7, 11};
-
-    LPtoDP(Sheet.Dc(), &Point, 1);
-
-    CHECK(Point.x == 7);
-    CHECK(Point.y == 11);
 }

@@ -82,6 +82,15 @@ std::vector<std::string> WordsOf(const cPrintedPage &Page)
     return Words;
 }
 
+int CountRed(const cPicture &Picture, const RECT &Part)
+{
+    int nCount = 0;
+    for (int y = Part.top; y < Part.bottom; y++)
+        for (int x = Part.left; x < Part.right; x++)
+            nCount += Picture.At(x, y) == kRed;
+    return nCount;
+}
+
 // How many black lines run over more than half of the page from left to right,
 // as its reader holds it.
 int CountRules(const cPicture &Picture, int bTurned)
@@ -151,7 +160,10 @@ TEST_CASE("the graph is printed with its legend on one page, as large as the mar
 
 TEST_CASE("the page setup turns the graph and keeps its margins free")
 {
-    cGraphRig              Rig;
+    cGraphRig Rig;
+    Rig.m_Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
+    Rig.m_Graph.Fill(IDC_LINE_WIDTH, "4");
+    Rig.m_Calculator.Click("OK");
     const cPrintedDocument Upright = Rig.Print();
     Rig.m_Graph.Choose(gmFile, IDM_PRINT_SETUP);
     Rig.m_Calculator.ClickControl(kLandscape);
@@ -172,6 +184,14 @@ TEST_CASE("the page setup turns the graph and keeps its margins free")
     CHECK(Ink.m_nRight > Page.m_Picture.Width() - kInch * 3 / 2 - 10);
     CHECK(CountRules(Page.m_Picture, 1) == 4);
     CHECK(WordsOf(Page) == WordsOf(Upright.m_Pages[0]));
+    // The sample of the first line is as long and as wide as before, but for
+    // what falls between the pixels.
+    const cPicture &Before = Upright.m_Pages[0].m_Picture;
+    const int       nBefore =
+        CountRed(Before, {kInch, Before.Height() - 2 * kInch, 2 * kInch, Before.Height()});
+    const int nTurned = CountRed(Page.m_Picture, {kInch, 2 * kInch, 2 * kInch, 3 * kInch});
+    CHECK(nTurned > nBefore * 2 / 3);
+    CHECK(nTurned < nBefore * 3 / 2);
 
     Rig.m_Graph.Choose(gmFile, IDM_PRINT_SETUP);
     CHECK(IsDlgButtonChecked(Rig.m_Calculator.Dialog(), kLandscape));
