@@ -5,16 +5,22 @@
 // Each takes an option's value; 0 if it is not acceptable.
 typedef int (*cTakeValue)(cPlotOptions *, const std::string &);
 
+// What the plot has room for.
+static int IsPlotText(const std::string &Value)
+{
+    return Value.size() < kPlotText;
+}
+
 static int TakeTitle(cPlotOptions *pOptions, const std::string &Value)
 {
     pOptions->m_Title = Value;
-    return 1;
+    return IsPlotText(Value);
 }
 
 static int TakeLabel(cPlotOptions *pOptions, const std::string &Value)
 {
     pOptions->m_Label = Value;
-    return 1;
+    return IsPlotText(Value);
 }
 
 static int TakeType(cPlotOptions *pOptions, const std::string &Value)
@@ -62,8 +68,8 @@ static const struct
     const char *m_szWanted;
 } s_Options[] =
 {
-    { "--title", TakeTitle, "a text"                                  },
-    { "--label", TakeLabel, "a text"                                  },
+    { "--title", TakeTitle, "a text of at most 100 bytes"             },
+    { "--label", TakeLabel, "a text of at most 100 bytes"             },
     { "--type",  TakeType,  "plot, stairstep, scatter or stoop"       },
     { "--size",  TakeSize,  "WxH, width and height from 1 to 16383 pixels" },
 };

@@ -71,8 +71,8 @@ void cVorstekEngine::ComposeProgram(cDisplay *pDisplay)
 {
     if (m_nCurLine > kLastLine)
     {
+        SetCurLine(kLastLine);  // the box may let the display be drawn once more
         ShowProgramError(kCodeStepRange);
-        SetCurLine(kLastLine);
     }
     const ProgramLine &Line  = m_Program[m_nCurLine];
     const char *const  szGap = Line.m_szOperandText[0] ? " " : "";

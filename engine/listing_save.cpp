@@ -44,6 +44,14 @@ static const char *FindListingEnd(const char *pFirst, const char *pTextEnd)
     return pListingEnd;
 }
 
+// A box that keeps less than it was given may end within a mark.
+static void WriteListingLine(const char *pLine, const char *pEnd, FILE *pStream)
+{
+    const auto nLength = static_cast<size_t>(pEnd - pLine);
+    if (nLength > kListingMark)
+        fwrite(pLine + kListingMark, 1, nLength - kListingMark, pStream);
+}
+
 // The new content is complete on disk before it takes the old file's place.
 int cVorstekEngine::SaveProgram(const char *szFileName)
 {
@@ -63,8 +71,7 @@ int cVorstekEngine::SaveProgram(const char *szFileName)
     while (pLine < pEnd)
     {
         const char *const pNext = EndOfLine(pLine, pTextEnd);
-        fwrite(pLine + kListingMark, 1, static_cast<size_t>(pNext - pLine) - kListingMark,
-               File.Stream());
+        WriteListingLine(pLine, pNext, File.Stream());
         pLine = pNext;
     }
     return File.Commit();

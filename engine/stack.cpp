@@ -1,6 +1,6 @@
 // stack.cpp - movements of the stack, how operations end, and the
-// instructions that only move numbers. Each movement takes the level's text
-// along; it is made again from the number when somebody looks.
+// instructions that only move numbers. A level's text is made from its number
+// when somebody looks.
 
 #include "engine/vorstek_engine.h"
 

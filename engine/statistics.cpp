@@ -6,9 +6,10 @@
 #include "engine/vorstek_engine.h"
 
 // Adds (dSign 1) or removes (dSign -1) the point; nothing keeps n from going
-// negative.
+// negative. LASTx comes first: of the lines written, that of n stays selected.
 int cVorstekEngine::AddPoint(double dSign)
 {
+    SaveLastX(m_dX);
     m_dReg[kRegisterN] += dSign;
     m_dReg[kRegisterSumX] += dSign * m_dX;
     m_dReg[kRegisterSumX2] += dSign * (m_dX * m_dX);

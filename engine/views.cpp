@@ -72,12 +72,14 @@ void cVorstekEngine::ShowText(const char *szText)
 void cVorstekEngine::TraceRegister(unsigned nRegister)
 {
     m_nStaleRegisters |= 1u << nRegister;
+    m_nSelectRegister = -1;
     ReportUnformattable(m_dReg[nRegister]);
 }
 
 void cVorstekEngine::TraceLastX()
 {
     m_nStaleRegisters |= 1u << kLastXLine;
+    m_nSelectRegister = -1;
     ReportUnformattable(m_dLastX);
 }
 

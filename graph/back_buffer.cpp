@@ -29,6 +29,8 @@ int cBackBuffer::Fit(HWND hWnd)
 
 void cBackBuffer::Show(HDC hWindowDc, const RECT &Part) const
 {
+    if (!m_hDc)
+        return;
     BitBlt(hWindowDc, Part.left, Part.top, Part.right - Part.left, Part.bottom - Part.top, m_hDc,
            Part.left, Part.top, SRCCOPY);
 }

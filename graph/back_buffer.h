@@ -25,7 +25,7 @@ public:
     // Null before the first Fit.
     HDC Dc() const { return m_hDc; }
 
-    // Copies a part to the same place of the window.
+    // Copies a part to the same place of the window; nothing before the first Fit.
     void Show(HDC hWindowDc, const RECT &Part) const;
 
 private:

@@ -1,7 +1,10 @@
 #include "graph/gdi_canvas.h"
 
 #include <cstddef>
+#include <memory>
+#include <new>
 
+#include "graph/column_runs.h"
 #include "toolkit/gdi.h"
 
 using cGdiPen   = cGdiObject<HPEN>;
@@ -13,16 +16,22 @@ static_assert(offsetof(cPoint, m_nX) == offsetof(POINT, x));
 static_assert(offsetof(cPoint, m_nY) == offsetof(POINT, y));
 static_assert(sizeof(uint32_t) == sizeof(DWORD));
 
+static const size_t kFewPoints = 100;  // quickly drawn in any case
+
 static const POINT *AsPoints(const cPoint *pPoints)
 {
     return reinterpret_cast<const POINT *>(pPoints);
 }
 
 // Line styles are numbered as the platform's pens.
+static int PenStyle(const cPlotPen &Pen)
+{
+    return Pen.m_nWidth > 1 ? PS_SOLID : static_cast<int>(Pen.m_nStyle);
+}
+
 static HPEN MakePen(const cPlotPen &Pen)
 {
-    const int nStyle = Pen.m_nWidth > 1 ? PS_SOLID : static_cast<int>(Pen.m_nStyle);
-    return CreatePen(nStyle, static_cast<int>(Pen.m_nWidth), Pen.m_crColor);
+    return CreatePen(PenStyle(Pen), static_cast<int>(Pen.m_nWidth), Pen.m_crColor);
 }
 
 // A transparent background also leaves the gaps of dashes as they are.
@@ -82,7 +91,14 @@ void cGdiCanvas::Polyline(const cPoint *pPoints, size_t nPoints, const cPlotPen 
 {
     const cGdiPen      GdiPen(MakePen(Pen));
     const cSelectGuard Selected(m_hDc, GdiPen.Get());
-    ::Polyline(m_hDc, AsPoints(pPoints), static_cast<int>(nPoints));
+
+    // The time for a wide line grows faster than its vertices do. Where
+    // there is no memory to make it shorter, it is drawn as it is.
+    const std::unique_ptr<cPoint[]> pMerged(nPoints > kFewPoints && PenStyle(Pen) == PS_SOLID
+                                                ? new (std::nothrow) cPoint[nPoints]
+                                                : nullptr);
+    const size_t nMerged = pMerged ? MergeColumns(pPoints, nPoints, pMerged.get()) : nPoints;
+    ::Polyline(m_hDc, AsPoints(pMerged ? pMerged.get() : pPoints), static_cast<int>(nMerged));
 }
 
 void cGdiCanvas::Polygons(const cPoint *pPoints, const int32_t *pCounts, size_t nPolygons,
@@ -92,6 +108,7 @@ void cGdiCanvas::Polygons(const cPoint *pPoints, const int32_t *pCounts, size_t 
     const cGdiBrush    Brush(CreateSolidBrush(crColor));
     const cSelectGuard SelectedPen(m_hDc, Pen.Get());
     const cSelectGuard SelectedBrush(m_hDc, Brush.Get());
+    SetPolyFillMode(m_hDc, WINDING);  // otherwise two that overlap have a hole
     PolyPolygon(m_hDc, AsPoints(pPoints), pCounts, static_cast<int>(nPolygons));
 }
 

@@ -9,12 +9,14 @@
 #include "graph/plot_ticks.h"
 #include "toolkit/center_window.h"
 #include "toolkit/gdi.h"
+#include "toolkit/modal_guard.h"
 #include "toolkit/retry_alloc.h"
 
 void cGraphDialog::Run(int nTemplate)
 {
-    DialogBoxParamA(ProgramInstance(), MAKEINTRESOURCEA(nTemplate),
-                    GetAncestor(m_pBox->Window(), GA_ROOT), &DialogProc,
+    const HWND        hOwner = GetAncestor(m_pBox->Window(), GA_ROOT);
+    const cModalGuard Others(hOwner);
+    DialogBoxParamA(ProgramInstance(), MAKEINTRESOURCEA(nTemplate), hOwner, &DialogProc,
                     reinterpret_cast<LPARAM>(this));
 }
 

@@ -49,7 +49,7 @@ void cImageSizeDialog::OnInit()
     SetSpinRange(IDC_IMAGE_WIDTH_SPIN, 1, kMostPixels);
     SetSpinRange(IDC_IMAGE_HEIGHT_SPIN, 1, kMostPixels);
     SetUnsigned(IDC_IMAGE_WIDTH, static_cast<uint32_t>(m_pChoice->m_nWidth));
-    SetUnsigned(IDC_IMAGE_HEIGHT, static_cast<uint32_t>(m_pChoice->m_nHeight));
+    SetDlgItemInt(m_hDialog, IDC_IMAGE_HEIGHT, static_cast<UINT>(m_pChoice->m_nHeight), TRUE);
     for (const auto &Depth : kDepths)
     {
         const LRESULT nRow = SendDlgItemMessageA(m_hDialog, IDC_IMAGE_DEPTH, CB_ADDSTRING, 0,

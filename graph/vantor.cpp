@@ -226,9 +226,10 @@ void cVantor::OnNew()
     ShowFileName();
 }
 
+// The graph's own name is proposed for saving.
 int cVantor::AskName(eFileNameDialog nDialog, char (&szName)[kFileName]) const
 {
-    szName[0] = 0;
+    snprintf(szName, sizeof szName, "%s", nDialog == fnSave ? m_szFileName : "");
     return AskFileName(nDialog, kTextFiles, nullptr, "txt", szName);
 }
 

@@ -61,8 +61,8 @@ cWindowClass cVantorBox::s_Class;
 
 cVantorBox::cVantorBox(cMessageBoxes *pBoxes)
     : cBaseWindow(pBoxes), cVantorPlot(pBoxes), m_LogFont(), m_nFontTenths(0), m_Legend(pBoxes),
-      m_bDrawn(0), m_Layout(), m_bLaidOut(0), m_bDragsLegend(0), m_bReadsOut(0), m_Mouse(),
-      m_bReadoutShown(0), m_Nearest(), m_ClassShare(&s_Class)
+      m_bDrawn(0), m_bDraws(0), m_bWillDraw(0), m_Layout(), m_bLaidOut(0), m_bDragsLegend(0),
+      m_bReadsOut(0), m_Mouse(), m_bReadoutShown(0), m_Nearest(), m_ClassShare(&s_Class)
 {
     m_dwStyle = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
 }
@@ -137,12 +137,15 @@ cVantorBoxSettings cVantorBox::BoxSettings() const
 // --- the plot has changed
 
 // Pictures may be late: a running program changes the plot far more often than
-// anybody could see.
+// anybody could see. The platform is asked once for each, which costs more than
+// the point that is added.
 void cVantorBox::OnPlotChanged()
 {
     m_bLaidOut = 0;
     m_bDrawn   = 0;
-    InvalidateRect(m_hWnd, nullptr, FALSE);
+    if (!m_bWillDraw)
+        InvalidateRect(m_hWnd, nullptr, FALSE);
+    m_bWillDraw = 1;
 }
 
 void cVantorBox::OnPointAdded(uint32_t nLine)
@@ -226,37 +229,36 @@ void cVantorBox::PlaceLegend()
     }
 }
 
-// 0 if there is no memory for it.
-int cVantorBox::DrawIntoBuffer()
+// Without memory for it a box asks what to do, and paints the windows meanwhile:
+// that must not come here again.
+void cVantorBox::DrawIntoBuffer()
 {
     if (!m_Buffer.Fit(m_hWnd))
-        return 0;
+        return;
     const cPlotLayout &Present = Layout();
     cGdiCanvas         Canvas(m_Buffer.Dc(), Font());
     Canvas.FillBox(Target().m_Rect, Settings().m_crBackground);
+    m_bDraws = 1;
     m_bDrawn = DrawPlot(Present, *this, &Canvas);
-    return 1;
+    m_bDraws = 0;
 }
 
 LRESULT cVantorBox::OnPaint(WPARAM, LPARAM)
 {
-    if (!m_bDrawn)
-    {
-        Layout();  // moves the legend, which changes what is to be painted
-        DrawIntoBuffer();
-    }
+    m_bWillDraw = 0;
+    Layout();  // may move the legend, which changes what is to be painted
     PAINTSTRUCT Paint;
     const HDC   hDc = BeginPaint(m_hWnd, &Paint);
-    if (m_Buffer.Dc())
-        m_Buffer.Show(hDc, Paint.rcPaint);
+    if (!m_bDrawn && !m_bDraws)
+        DrawIntoBuffer();
+    m_Buffer.Show(hDc, Paint.rcPaint);
     EndPaint(m_hWnd, &Paint);
 
-    m_bReadoutShown = 0;
+    EraseReadout();
     if (m_bReadsOut)
     {
         FindReadout();
         const cWindowDc Dc(m_hWnd);
-        m_Buffer.Show(Dc.Get(), Paint.rcPaint);
         DrawReadout(Dc.Get());
     }
     return 0;
@@ -270,6 +272,7 @@ LRESULT cVantorBox::OnEraseBackground(WPARAM, LPARAM)
 
 LRESULT cVantorBox::OnSize(WPARAM, LPARAM lParam)
 {
+    m_bWillDraw = 0;  // what was asked for does not reach the new size
     SetClientSize(LOWORD(lParam), HIWORD(lParam));
     return 0;
 }
@@ -454,10 +457,12 @@ void cVantorBox::DrawReadout(HDC hDc)
     if (!m_bReadoutShown)
         return;
     const cVantorDataSet &Set = *DataSet(m_Nearest.m_nLine);
-    char                  szText[64];
-    snprintf(szText, sizeof szText, "x,y = %.6g, %.6g",
-             static_cast<double>(Set.X(m_Nearest.m_nIndex)),
-             static_cast<double>(Set.m_pY[m_Nearest.m_nIndex]));
+    char                  szX[kValueText];
+    char                  szY[kValueText];
+    char                  szText[2 * kValueText + 16];
+    FormatValue(static_cast<double>(Set.X(m_Nearest.m_nIndex)), szX);
+    FormatValue(static_cast<double>(Set.m_pY[m_Nearest.m_nIndex]), szY);
+    snprintf(szText, sizeof szText, "x,y = %s, %s", szX, szY);
     cGdiCanvas Canvas(hDc, Font());
     DrawTitle(m_Layout, Settings().m_szTitle, Settings().m_crBackground, &Canvas);
     SetBkMode(hDc, OPAQUE);

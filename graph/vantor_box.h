@@ -88,7 +88,7 @@ private:
     void        MakeFont(const cVantorBoxSettings &Settings);
     cPlotTarget Target() const;
     void        PlaceLegend();
-    int         DrawIntoBuffer();
+    void        DrawIntoBuffer();
     RECT        TitleStrip();
 
     // --- legend
@@ -109,7 +109,9 @@ private:
     int                       m_nFontTenths;
     cListBox                  m_Legend;  // one row for each data line
     cBackBuffer               m_Buffer;
-    int                       m_bDrawn;  // the buffer holds the present plot
+    int                       m_bDrawn;     // the buffer holds the present plot
+    int                       m_bDraws;     // it is being drawn
+    int                       m_bWillDraw;  // the platform has been asked for a WM_PAINT
     cPlotLayout               m_Layout;
     int                       m_bLaidOut;      // m_Layout is that of the present plot
     int                       m_bDragsLegend;  // the mouse has the legend's upper border

@@ -3,6 +3,9 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "toolkit/modal_guard.h"
+#include "toolkit/retry_alloc.h"
+
 static const DWORD kIdlePeriod = 33;
 
 cApplication  *g_pApplication = nullptr;
@@ -37,14 +40,10 @@ eAnswer cPlatformBoxes::Ask(const char *szText, const char *szCaption, eButtons 
 {
     const char *const szShown = szCaption ? szCaption : g_pApplication->Name();
     const HWND        hActive = GetActiveWindow();
-    const BOOL        bWaits  = hActive && hActive != m_hOwner && IsWindowEnabled(m_hOwner);
-    if (bWaits)
-        EnableWindow(m_hOwner, FALSE);
-    const int nButton = MessageBoxA(hActive ? hActive : m_hOwner, szText, szShown,
-                                    s_ButtonTypes[nButtons].m_nType | s_IconTypes[nIcon].m_nType);
-    if (bWaits)
-        EnableWindow(m_hOwner, TRUE);
-    return AnswerOf(nButton);
+    const HWND        hOwner  = hActive ? hActive : m_hOwner;
+    const cModalGuard Others(hOwner);
+    return AnswerOf(MessageBoxA(hOwner, szText, szShown,
+                                s_ButtonTypes[nButtons].m_nType | s_IconTypes[nIcon].m_nType));
 }
 
 void cPlatformBoxes::PostQuit(int nExitCode)
@@ -65,12 +64,19 @@ static char *ModuleBaseName()
     return strdup(pName);
 }
 
+static char *ApplicationName(const char *szAppName, cMessageBoxes *pBoxes)
+{
+    return AllocateWithRetry(
+        pBoxes, [szAppName] { return szAppName ? strdup(szAppName) : ModuleBaseName(); });
+}
+
 cApplication::cApplication(HINSTANCE hInstance, const char *szCmdLine, const char *szAppName)
-    : cCallbackObj(1, &s_Boxes), m_pszAppName(szAppName ? strdup(szAppName) : ModuleBaseName()),
-      m_hInstance(hInstance), m_lpCmdLine(szCmdLine), m_bIdleEnabled(1), m_hModelessDlg(nullptr),
-      m_bIdleWanted(0), m_dwIdlePeriod(kIdlePeriod), m_hAccelWnd(nullptr), m_hAccelTable(nullptr)
+    : cCallbackObj(1, &s_Boxes), m_pszAppName(nullptr), m_hInstance(hInstance),
+      m_lpCmdLine(szCmdLine), m_bIdleEnabled(1), m_hModelessDlg(nullptr), m_bIdleWanted(0),
+      m_dwIdlePeriod(kIdlePeriod), m_hAccelWnd(nullptr), m_hAccelTable(nullptr)
 {
     g_pApplication = this;
+    m_pszAppName   = ApplicationName(szAppName, &s_Boxes);
 }
 
 cApplication::~cApplication()

@@ -12,8 +12,8 @@
 const uint32_t kSlotIdle = 0;
 
 // Message boxes of the platform. A box stands above the window that is being
-// worked with, a dialog perhaps, else above the owner; both wait for the answer.
-// Owner null: none.
+// worked with, a dialog perhaps, else above the owner; all windows wait for the
+// answer. Owner null: none.
 class cPlatformBoxes : public cMessageBoxes
 {
 public:

@@ -3,6 +3,7 @@
 #include "engine/vorstek_engine.h"
 #include "resources/resource.h"
 #include "toolkit/center_window.h"
+#include "toolkit/modal_guard.h"
 
 static void ShowOptions(HWND hDialog, const cOptions &Options)
 {
@@ -49,6 +50,7 @@ static INT_PTR CALLBACK OptionsProc(HWND hDialog, UINT nMessage, WPARAM wParam, 
 
 int AskOptions(HWND hOwner, cOptions *pOptions)
 {
+    const cModalGuard Others(hOwner);
     return DialogBoxParamA(ProgramInstance(), MAKEINTRESOURCEA(IDD_OPTIONS), hOwner, OptionsProc,
                            reinterpret_cast<LPARAM>(pOptions)) == IDOK;
 }
@@ -68,5 +70,6 @@ static INT_PTR CALLBACK AboutProc(HWND hDialog, UINT nMessage, WPARAM wParam, LP
 
 void ShowAbout(HWND hOwner)
 {
+    const cModalGuard Others(hOwner);
     DialogBoxParamA(ProgramInstance(), MAKEINTRESOURCEA(IDD_ABOUT), hOwner, AboutProc, 0);
 }

@@ -5,8 +5,10 @@
 
 static int OpenIntroduction()
 {
-    const HINSTANCE hResult = ShellExecuteA(nullptr, "open", "HtmlHelp\\Introduction.htm", nullptr,
-                                            nullptr, SW_SHOWNORMAL);
+    char szPath[MAX_PATH];
+    FindHelp("HtmlHelp\\Introduction.htm", szPath);
+    const HINSTANCE hResult =
+        ShellExecuteA(nullptr, "open", szPath, nullptr, nullptr, SW_SHOWNORMAL);
     return reinterpret_cast<INT_PTR>(hResult) > 32;
 }
 
@@ -15,7 +17,7 @@ int ShowHelp(HWND *phHelpWnd)
     *phHelpWnd = OpenHelpContents("VORSTEK.chm");
     if (*phHelpWnd || OpenIntroduction())
         return 1;
-    cPlatformBoxes Boxes;  // without an owner
+    cPlatformBoxes Boxes;
     ReportMissingHelp(&Boxes, "VORSTEK.CHM");
     return 0;
 }

@@ -28,21 +28,13 @@ void cVorstek::StartSound(unsigned nId)
     PlaySoundA(MAKEINTRESOURCEA(nId), ProgramInstance(), SND_RESOURCE | SND_ASYNC | SND_NODEFAULT);
 }
 
-static int ToolBarHeight(const cToolBar &ToolBar)
-{
-    RECT Rect = {};
-    if (!ToolBar.IsVisible())
-        return 0;
-    GetWindowRect(ToolBar.Window(), &Rect);
-    return Rect.bottom - Rect.top;
-}
-
+// A font that could not be had is left to the platform.
 void cVorstek::DrawDisplay(const cDisplay &Display)
 {
-    if (!m_hLargeFont)
+    if (!m_bFonts)
         return;
     const int       nLeft = GetSystemMetrics(SM_CXEDGE);
-    const int       nTop  = GetSystemMetrics(SM_CYEDGE) - m_nFaceOffset + ToolBarHeight(m_ToolBar);
+    const int       nTop  = GetSystemMetrics(SM_CYEDGE) - m_nFaceOffset + HeightOf(m_ToolBar);
     const cWindowDc Dc(m_hWnd);
     SetTextColor(Dc.Get(), kLit);
     SetBkColor(Dc.Get(), kUnlit);
@@ -60,7 +52,7 @@ void cVorstek::BlankDisplay()
 {
     RECT Field = kBlankField;
     OffsetRect(&Field, GetSystemMetrics(SM_CXBORDER),
-               GetSystemMetrics(SM_CYBORDER) - m_nFaceOffset + ToolBarHeight(m_ToolBar));
+               GetSystemMetrics(SM_CYBORDER) - m_nFaceOffset + HeightOf(m_ToolBar));
     const cWindowDc Dc(m_hWnd);
     FillRect(Dc.Get(), &Field, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
 }

@@ -62,7 +62,8 @@ cVorstek::cVorstek()
       m_nListingWidth(kListingWidth), m_nRegistersWidth(kRegistersWidth), m_nFaceOffset(0),
       m_hAccelerators(nullptr), m_hFaceBitmap(nullptr), m_hKeyBitmap(nullptr),
       m_hSwitchBitmap(nullptr), m_hFacePalette(nullptr), m_hLargeFont(nullptr),
-      m_hSmallFont(nullptr), m_hHelpWnd(nullptr), m_dwLastDrain(0), m_ClassShare(&s_Class)
+      m_hSmallFont(nullptr), m_bFonts(0), m_bSizeLater(0), m_hHelpWnd(nullptr), m_dwLastDrain(0),
+      m_ClassShare(&s_Class)
 {
     m_dwStyle   = WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX;
     m_dwExStyle = WS_EX_CONTROLPARENT;
@@ -114,7 +115,7 @@ int cVorstek::Create()
         return 0;
     }
     CreateFonts();
-    SizeWindow();
+    SizeWithBoxes();
     if (!CreateGraph())
         return 0;
     ShowWindow(m_hWnd, SW_SHOWNORMAL);
@@ -216,6 +217,7 @@ int cVorstek::CreateBox(cEditBox *pBox, uint32_t nId)
     pBox->SetReadOnly(1);
     pBox->SetFont("Courier New", kBoxPointSize, kFontFixedPitch);
     HideCaret(pBox->Window());
+    pBox->Show();
     return 1;
 }
 
@@ -318,6 +320,7 @@ void cVorstek::CreateFonts()
 {
     m_hLargeFont = CreateDisplayFont(kLargePoints);
     m_hSmallFont = CreateDisplayFont(kSmallPoints);
+    m_bFonts     = 1;
     if (!m_hLargeFont || !m_hSmallFont)
         ShowProgramError(kCodeFonts);
 }
@@ -344,7 +347,7 @@ int cVorstek::CreateGraph()
 
 // --- layout
 
-static int HeightOf(const cBaseWindow &Bar)
+int cVorstek::HeightOf(const cBaseWindow &Bar)
 {
     RECT Rect = {};
     if (!Bar.IsVisible())
@@ -365,6 +368,15 @@ cWindowParts cVorstek::Parts() const
     Parts.m_nListingWidth    = m_nListingWidth;
     Parts.m_nRegistersWidth  = m_nRegistersWidth;
     return Parts;
+}
+
+// The window begins without its boxes, but they have shared the room once.
+void cVorstek::SizeWithBoxes()
+{
+    SizeWindow();
+    m_ListingBox.Hide();
+    m_RegistersBox.Hide();
+    SizeWindow();
 }
 
 void cVorstek::SizeWindow()
@@ -420,6 +432,16 @@ void cVorstek::LayOutAgain()
     LayOut(Client.right, Client.bottom);
 }
 
+// A minimised window waits until it comes back.
+void cVorstek::SizeToBoxes()
+{
+    m_bSizeLater = IsIconic(m_hWnd);
+    if (m_bSizeLater)
+        return;
+    SizeWindow();
+    LayOutAgain();
+}
+
 void cVorstek::ShowBox(cEditBox *pBox, int bShow)
 {
     if (!pBox->IsVisible() == !bShow)
@@ -428,8 +450,7 @@ void cVorstek::ShowBox(cEditBox *pBox, int bShow)
         pBox->Show();
     else
         pBox->Hide();
-    SizeWindow();
-    LayOutAgain();
+    SizeToBoxes();
 }
 
 // --- messages
@@ -443,13 +464,18 @@ LRESULT cVorstek::OnCreate(WPARAM, LPARAM)
 
 LRESULT cVorstek::OnDestroy(WPARAM, LPARAM)
 {
+    DestroyWindow(m_Graph.Window());
     PostQuitMessage(0);
     return 0;
 }
 
-LRESULT cVorstek::OnSize(WPARAM, LPARAM lParam)
+LRESULT cVorstek::OnSize(WPARAM wParam, LPARAM lParam)
 {
-    if (m_Keypad.IsCreated())
+    if (!m_Keypad.IsCreated() || wParam == SIZE_MINIMIZED)
+        return 0;
+    if (m_bSizeLater)
+        SizeToBoxes();
+    else
         LayOut(LOWORD(lParam), HIWORD(lParam));
     return 0;
 }

@@ -78,7 +78,10 @@ private:
 
     // --- layout
     cWindowParts Parts() const;
+    static int   HeightOf(const cBaseWindow &Bar);  // 0 while it is hidden
     void         SizeWindow();
+    void         SizeWithBoxes();
+    void         SizeToBoxes();
     void         LayOut(int nClientWidth, int nClientHeight);
     void         LayOutAgain();
     void         PlaceBox(cEditBox *pBox, const struct cFaceRect &Rect);
@@ -156,7 +159,9 @@ private:
     HPALETTE m_hFacePalette;
     HFONT    m_hLargeFont;
     HFONT    m_hSmallFont;
-    HWND     m_hHelpWnd;  // null while no help is open
+    int      m_bFonts;      // the fonts have been looked for
+    int      m_bSizeLater;  // the size changed while the window was minimised
+    HWND     m_hHelpWnd;    // null while no help is open
     DWORD    m_dwLastDrain;
 
     cWindowClassShare m_ClassShare;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "toolkit/modal_guard.h"
+
 namespace
 {
 
@@ -28,6 +30,8 @@ int AskColor(HWND hOwner, COLORREF *pcrColor)
     Dialog.rgbResult     = *pcrColor;
     Dialog.lpCustColors  = Custom.m_Colors;
     Dialog.Flags         = CC_RGBINIT | CC_ANYCOLOR;
+
+    const cModalGuard Others(hOwner);
     if (!ChooseColorA(&Dialog))
         return 0;
     s_Custom  = Custom;
@@ -44,6 +48,8 @@ int AskFont(HWND hOwner, LOGFONTA *pFont, COLORREF *pcrText)
     Dialog.lpLogFont   = &Font;
     Dialog.rgbColors   = *pcrText;
     Dialog.Flags       = CF_SCREENFONTS | CF_INITTOLOGFONTSTRUCT | CF_EFFECTS | CF_FORCEFONTEXIST;
+
+    const cModalGuard Others(hOwner);
     if (!ChooseFontA(&Dialog))
         return 0;
     *pFont   = Font;

@@ -1,5 +1,7 @@
 #include "toolkit/file_dialogs.h"
 
+#include "toolkit/modal_guard.h"
+
 int AskFileName(eFileNameDialog nDialog, const char *szFilter, const char *szFolder,
                 const char *szExtension, char (&szFileName)[kFileName])
 {
@@ -15,6 +17,8 @@ int AskFileName(eFileNameDialog nDialog, const char *szFilter, const char *szFol
     Dialog.lpstrInitialDir = szFolder ? szFolder : szCurrent;
     Dialog.lpstrDefExt     = szExtension;
     Dialog.Flags           = OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST;
+
+    const cModalGuard Others(Dialog.hwndOwner);
     if (nDialog == fnOpen)
     {
         Dialog.Flags |= OFN_FILEMUSTEXIST;

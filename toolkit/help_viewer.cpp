@@ -1,6 +1,7 @@
 #include "toolkit/help_viewer.h"
 
 #include <cstdio>
+#include <cstring>
 
 static const UINT kDisplayTopic    = 0;  // HH_DISPLAY_TOPIC
 static const UINT kDisplayContents = 1;  // HH_DISPLAY_TOC
@@ -19,6 +20,25 @@ static HMODULE LoadViewer()
     return hModule ? hModule : LoadLibraryA("hhctrl.ocx");
 }
 
+static int IsThere(const char *szPath)
+{
+    return GetFileAttributesA(szPath) != INVALID_FILE_ATTRIBUTES;
+}
+
+void FindHelp(const char *szName, char (&szPath)[MAX_PATH])
+{
+    const DWORD  nLength = GetModuleFileNameA(nullptr, szPath, sizeof szPath);
+    char *const  pName   = strrchr(szPath, '\\');
+    const size_t nRoom   = pName ? sizeof szPath - static_cast<size_t>(pName + 1 - szPath) : 0;
+    if (!IsThere(szName) && nLength < sizeof szPath && strlen(szName) < nRoom)
+    {
+        snprintf(pName + 1, nRoom, "%s", szName);
+        if (IsThere(szPath))
+            return;
+    }
+    snprintf(szPath, sizeof szPath, "%s", szName);
+}
+
 static HWND OpenHelp(const char *szFile, UINT nCommand, const char *szTopic)
 {
     static HMODULE s_hViewer = LoadViewer();
@@ -28,7 +48,9 @@ static HWND OpenHelp(const char *szFile, UINT nCommand, const char *szTopic)
         reinterpret_cast<void *>(GetProcAddress(s_hViewer, "HtmlHelpA")));
     if (!pfnHtmlHelp)
         return nullptr;
-    return pfnHtmlHelp(nullptr, szFile, nCommand, reinterpret_cast<DWORD_PTR>(szTopic));
+    char szPath[MAX_PATH];
+    FindHelp(szFile, szPath);
+    return pfnHtmlHelp(nullptr, szPath, nCommand, reinterpret_cast<DWORD_PTR>(szTopic));
 }
 
 HWND OpenHelpContents(const char *szFile)

@@ -168,6 +168,11 @@ class RefusalTest(PictureCase):
     def test_options_without_or_with_a_bad_value(self):
         for option in ("--title", "--label", "--type", "--size"):
             self.assert_refused("data.txt", "out.svg", option, mentions=option)
+        for option in ("--title", "--label"):
+            self.assert_refused("data.txt", "out.svg", option, 101 * "a", mentions="100 bytes")
+            self.plot(option, 50 * "é")
+            self.assertIn(50 * "é", self.read("out.svg").decode())
+            os.remove(self.path("out.svg"))
         for kind in ("", "Plot", "bars", "0"):
             self.assert_refused("data.txt", "out.svg", "--type", kind, mentions="--type")
         for size in ("", "640", "x", "640x", "x480", "0x480", "640x0", "-1x5", "16384x1",

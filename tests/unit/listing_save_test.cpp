@@ -60,6 +60,18 @@ TEST_CASE("a program is saved without numbers, comments and rejected lines in th
     }
 }
 
+TEST_CASE("a listing that the box has cut off within a line's mark is saved as far as it goes")
+{
+    for (const char *const szRest : {"", "0", "02", "02 ", "\r\n"})
+    {
+        CAPTURE_TEXT(szRest);
+        cSaveRig Rig;
+        Rig.m_Listing.SetText((std::string("00\r\n01 CLX\r\n") + szRest).c_str());
+
+        CHECK_TEXT(Rig.Saved(), "CLX\r\n");
+    }
+}
+
 TEST_CASE("a cleared program is saved as an empty file")
 {
     cSaveRig Rig;

@@ -313,11 +313,30 @@ TEST_CASE("RCL and arithmetic select no register")
 {
     cCalculatorRig Rig;
     Rig.Run("STO", 3);
+    Rig.RegisterLine(0);
     Rig.Run("RCL", 7);
+    Rig.Run("STO", 3);
     Rig.Run("+");
+    Rig.Run("STO+", 4);
+    Rig.Run("RCL", 7);
     Rig.RegisterLine(0);
 
-    CHECK(Rig.m_Registers.HighlightedLine() == 3);
+    CHECK(Rig.m_Registers.HighlightedLine() == 4);
+}
+
+TEST_CASE(
+    "a line that is written after that of a store leaves none selected, seen at once or later")
+{
+    cCalculatorRig Rig;
+    Rig.Run("STO", 3);
+    Rig.Run("sqrt");
+    Rig.RegisterLine(0);
+    CHECK(Rig.m_Registers.HighlightedLine() == 0);
+
+    Rig.Run("STO", 3);
+    Rig.Run("Sum+");
+    Rig.RegisterLine(0);
+    CHECK(Rig.m_Registers.HighlightedLine() == 10);
 }
 
 TEST_CASE("clearing and counting rewrite their lines and select none")

@@ -259,6 +259,7 @@ TEST_CASE("code 106: the number of boxes is that of the numbers formatted")
         { "SCI",     2, 1 },
         { "ENG",     2, 0 },   // shows three digits of the mantissa
         { "RAD",     0, 1 },
+        { "PAUSE",   0, 1 },
         { "pi",      0, 0 },
         { "LBL",     1, 1 },
         { "x=0",     0, 1 },

@@ -3,6 +3,7 @@
 #include "graph/gdi_canvas.h"
 
 #include <algorithm>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -246,6 +247,45 @@ TEST_CASE("many polygons go out in one call")
                       "+++++..+++.\n"
                       ".+++..*+++*\n"
                       "..+...+++++\n");
+}
+
+TEST_CASE("markers that overlap are filled as those that stand alone")
+{
+    cPaperRig     Rig(11, 7);
+    cPoint        Corners[3 * kMostCorners];
+    const int32_t nCorners[] = {4, 4, 4};
+    StoreMarker(1, {6, 3}, StoreMarker(1, {6, 3}, StoreMarker(1, {3, 2}, Corners)));
+
+    cGdiCanvas(Rig.m_Dc.Get(), nullptr).Polygons(Corners, nCorners, 3, kBlue);
+
+    CheckPicture(Rig, ".+++++.....\n"
+                      ".++++++++..\n"
+                      ".++++++++..\n"
+                      ".++++++++..\n"
+                      ".++++++++..\n"
+                      "....+++++..\n"
+                      "...........\n");
+}
+
+// A curve that moves up and down in a few columns, and leaves the picture.
+TEST_CASE("a line that goes to and fro in a column looks like each of its steps")
+{
+    std::mt19937 Random(7);
+    for (uint32_t nWidth = 1; nWidth <= kMostLineWidth; nWidth++)
+    {
+        CAPTURE(nWidth);
+        std::vector<cPoint> Points;
+        for (int i = 0; i < 400; i++)
+            Points.push_back({i / 13 + 5, static_cast<int>(Random() % 70) - 10});
+        cPaperRig Whole(40, 50);
+        cPaperRig InSteps(40, 50);
+        cGdiCanvas(Whole.m_Dc.Get(), nullptr).Polyline(Points.data(), 400, {0, nWidth, kRed});
+        cGdiCanvas Steps(InSteps.m_Dc.Get(), nullptr);
+        for (size_t i = 0; i + 1 < Points.size(); i++)
+            Steps.Polyline(&Points[i], 2, {0, nWidth, kRed});
+
+        CheckPicture(Whole, InSteps.Picture());
+    }
 }
 
 TEST_CASE("dashed lines leave the background in their gaps, wide lines have none")

@@ -568,12 +568,24 @@ static HWND NameField(HWND hDialog)
     return hEdit ? hEdit : GetDlgItem(hDialog, kNameCombo);
 }
 
-void cCalculator::EnterFileName(const std::string &Name)
+// The field of the file dialog in front.
+HWND cCalculator::FileNameField() const
 {
     const HWND hDialog = Dialog();
     REQUIRE(hDialog);
     const HWND hField = WaitFor([hDialog] { return NameField(hDialog); });
     REQUIRE(hField);
+    return hField;
+}
+
+std::string cCalculator::ProposedFileName() const
+{
+    return TextOf(FileNameField());
+}
+
+void cCalculator::EnterFileName(const std::string &Name)
+{
+    const HWND hField = FileNameField();
     ClickMiddleOf(hField);
     ::HitKey(VK_HOME);
     ::HitKey(VK_END, kShift);

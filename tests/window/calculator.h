@@ -195,6 +195,9 @@ public:
     // until the dialog has closed or asks something.
     void GiveFileName(const std::string &Name);
 
+    // The name that the dialog begins with.
+    std::string ProposedFileName() const;
+
     // The same for a name with which the dialog stays as it is.
     void EnterFileName(const std::string &Name);
 
@@ -226,6 +229,7 @@ public:
 
 private:
     HWND FocusedWindow() const;
+    HWND FileNameField() const;
     HWND Child(const char *szClass, int nId) const;
     int  Reads(int bSmall, int nLeft, int nTop, int nLength, const std::string &Text) const;
 

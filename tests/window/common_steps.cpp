@@ -35,13 +35,7 @@ cPicture PhotographFace(const cCalculator &Calculator)
     RECT Rect = {};
     Calculator.SettlePaint();
     GetWindowRect(Calculator.Keypad(), &Rect);
-    for (;;)
-    {
-        const cPicture Picture = cPicture::OfScreen(Rect);
-        Sleep(kLookAgain);
-        if (cPicture::OfScreen(Rect) == Picture)
-            return Picture;
-    }
+    return cPicture::OfScreen(Rect);
 }
 
 int LooksLike(const cCalculator &Calculator, const cPicture &Face)

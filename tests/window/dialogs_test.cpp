@@ -197,7 +197,7 @@ TEST_CASE("OK shows and hides the boxes and keeps the listing of program mode")
     Calculator.KeepOpen(1, 0);
     CHECK(Calculator.IsListingShown());
     CHECK_FALSE(Calculator.IsRegistersShown());
-    CHECK(WidthOf() == nFace + 200);
+    CHECK(WidthOf() == nFace + 205);
     CHECK(IsHighlightCommandEnabled(Calculator));
     CHECK(Calculator.HighlightedLine() == "00");
 

@@ -98,42 +98,39 @@ TEST_CASE("Tab goes through the fields as they are read, Enter is OK and Escape 
                                     "1.000000\r\n2.000000\r\n3.000000\r\n");
 }
 
-TEST_CASE("a program that clears the graph under a dialog does no harm")
+TEST_CASE("under a dialog of the graph the calculator waits, and no program starts")
 {
     cCalculator  Calculator;
     cGraphWindow Graph(&Calculator);
+    Graph.Open("two.txt", "1 , 10\n2 , 20\n3 , 30\n");
     Calculator.Folder().Write("clear.txt", "ClearG\n");
     Calculator.Choose(0, IDM_OPEN);
     Calculator.GiveFileName(Calculator.Path("clear.txt"));
     REQUIRE(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
 
-    for (const unsigned nCommand : {IDM_DELETE_LINE, IDM_REFORMAT_LINE, IDM_EDIT_DATA_SET})
+    for (const unsigned nCommand :
+         {IDM_DELETE_LINE, IDM_REFORMAT_LINE, IDM_EDIT_DATA_SET, IDM_REFORMAT_PLOT})
     {
         CAPTURE(nCommand);
-        Graph.Open("two.txt", "1 , 10\n2 , 20\n3 , 30\n");
         Graph.Choose(gmEdit, nCommand);
-        Calculator.HitKeys({3, 29, 28, 28, 30});  // GTO . 0 0, R/S
-        CHECK(Eventually(0, [&] { return Graph.Count(); }) == 0);
-        CHECK(Graph.Refuses("ERROR: your \"Line #\" value produced an error"));
+        REQUIRE(Calculator.Dialog());
+        CHECK_FALSE(IsWindowEnabled(Calculator.Window()));
+        Calculator.HitKey(30);  // R/S
+        Calculator.Settle();
+        CHECK(Graph.Count() == 2);
         Graph.Escape();
+        CHECK(IsWindowEnabled(Calculator.Window()));
     }
-
-    Graph.Open("two.txt", "1 , 10\n2 , 20\n3 , 30\n");
-    Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
-    Calculator.HitKeys({3, 29, 28, 28, 30});
+    Calculator.HitKey(30);
     CHECK(Eventually(0, [&] { return Graph.Count(); }) == 0);
-    Calculator.Click("OK");
-    CHECK((Graph.MenuState(IDM_AUTO_RANGE) & MF_CHECKED) == 0);
-    CHECK(Calculator.IsRunning());
 }
 
-TEST_CASE("a box above a dialog keeps the dialog and the calculator waiting")
+TEST_CASE("a box above a dialog keeps the dialog waiting too")
 {
     cCalculator  Calculator;
     cGraphWindow Graph(&Calculator);
     Graph.Choose(gmEdit, IDM_DELETE_LINE);
     const HWND hDialog = Calculator.Dialog();
-    CHECK(IsWindowEnabled(Calculator.Window()));
     CHECK_FALSE(IsWindowEnabled(Graph.Window()));
 
     ClickMiddleOf(Graph.Field(IDOK));
@@ -144,10 +141,11 @@ TEST_CASE("a box above a dialog keeps the dialog and the calculator waiting")
     CHECK_FALSE(IsWindowEnabled(Graph.Window()));
     Calculator.Click("OK");
     CHECK(Eventually(TRUE, [&] { return IsWindowEnabled(hDialog); }) == TRUE);
-    CHECK(Eventually(TRUE, [&] { return IsWindowEnabled(Calculator.Window()); }) == TRUE);
-    CHECK(Graph.FocusedField() == IDC_DELETED_LINE);
+    CHECK_FALSE(IsWindowEnabled(Calculator.Window()));
+    CHECK(Eventually(IDC_DELETED_LINE, [&] { return Graph.FocusedField(); }) == IDC_DELETED_LINE);
     Graph.Escape();
     CHECK(IsWindowEnabled(Graph.Window()));
+    CHECK(IsWindowEnabled(Calculator.Window()));
 }
 
 TEST_CASE("the calculator may be closed under a dialog of the graph")

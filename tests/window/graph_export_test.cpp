@@ -134,6 +134,10 @@ TEST_CASE("a picture without pixels, or in a folder that is not there, is not wr
         CHECK(Rig.m_Calculator.Answers(
             "Could not write the file:\n " + Rig.m_Calculator.Path("line"), "OK"));
         CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+
+        Rig.Start(IDM_CREATE_GIF);
+        CHECK(Rig.m_Graph.Text(IDC_IMAGE_HEIGHT) == szHeight);
+        Rig.m_Graph.Escape();
     }
 }
 

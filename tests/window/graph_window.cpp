@@ -7,8 +7,7 @@
 #include "tests/window/input.h"
 #include "tests/window/waiting.h"
 
-static const unsigned kViewMenu    = 2;   // of the calculator
-static const DWORD    kScreenDelay = 60;  // milliseconds
+static const unsigned kViewMenu = 2;  // of the calculator
 
 static std::string TextOf(HWND hWnd)
 {
@@ -66,23 +65,44 @@ void cGraphWindow::WaitForPaint() const
         WaitFor([this] { return !cProbeLink::Current()->AskWindow(m_hWnd, pbPaint).m_nValue; }));
 }
 
-// The platform hands what has been painted to the screen a little later.
-void cGraphWindow::WaitForScreen() const
-{
-    WaitForPaint();
-    Sleep(kScreenDelay);
-}
-
 cPicture cGraphWindow::Photograph() const
 {
-    WaitForScreen();
+    WaitForPaint();
     return cPicture::OfScreen(RectOf(m_hWnd));
 }
 
 unsigned cGraphWindow::ColorAt(int x, int y) const
 {
-    WaitForScreen();
+    WaitForPaint();
     return cPicture::OfScreen(RectOf(Plot())).At(x, y);
+}
+
+cPicture cGraphWindow::LookAtPlot() const
+{
+    return cPicture::OfScreen(RectOf(Plot()));
+}
+
+cPicture cGraphWindow::PhotographPlot() const
+{
+    WaitForPaint();
+    return LookAtPlot();
+}
+
+POINT cGraphWindow::OnPlot(int x, int y) const
+{
+    POINT Point = {x, y};
+    ClientToScreen(Plot(), &Point);
+    return Point;
+}
+
+HWND cGraphWindow::Legend() const
+{
+    return GetDlgItem(Plot(), IDC_LEGEND);
+}
+
+int cGraphWindow::SelectedRow() const
+{
+    return static_cast<int>(SendMessageA(Legend(), LB_GETCURSEL, 0, 0));
 }
 
 // --- menu
@@ -252,14 +272,14 @@ std::string cGraphWindow::Items(int nId) const
 
 unsigned cGraphWindow::ColorOf(int nId) const
 {
-    WaitForScreen();
+    WaitForPaint();
     const cPicture Picture = cPicture::OfScreen(RectOf(Field(nId)));
     return Picture.At(Picture.Width() / 2, Picture.Height() / 2);
 }
 
 void cGraphWindow::PhotographDialog(const std::string &Name) const
 {
-    WaitForScreen();
+    WaitForPaint();
     cPicture::OfScreen(RectOf(m_pCalculator->Dialog())).Save(Name);
 }
 

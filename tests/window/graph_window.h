@@ -40,6 +40,16 @@ public:
     cPicture Photograph() const;
     unsigned ColorAt(int x, int y) const;  // in the plot
 
+    // The plot without the frame: at once, and when all has been painted.
+    cPicture LookAtPlot() const;
+    cPicture PhotographPlot() const;
+
+    // Where a point of the plot is on the screen.
+    POINT OnPlot(int x, int y) const;
+
+    HWND Legend() const;
+    int  SelectedRow() const;  // of the legend, from 0; -1 for none
+
     // --- menu
     UINT        MenuState(unsigned nId) const;
     std::string StatusText() const;
@@ -101,7 +111,6 @@ public:
 private:
     HWND Focus(int nId) const;
     void WaitForPaint() const;
-    void WaitForScreen() const;
     int  ClickOk(const std::string &Text);
 
     cCalculator *m_pCalculator;

@@ -164,6 +164,32 @@ TEST_CASE("of two sets with a point at the same pixel the later one is read out"
     Calculator.Settle();
 }
 
+TEST_CASE("what is painted anew under a readout keeps its cross-hair and its text")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("diagonal.txt", kDiagonal);
+    RECT Client = {};
+    GetClientRect(Graph.Plot(), &Client);
+    MoveMouse(OnPlot(Graph, Client.right / 2, Client.bottom / 2));
+    PressMouse();
+    Calculator.Settle();
+    const cPicture Shown = Graph.Photograph();
+
+    const RECT Parts[] = {{0, 0, 10, 10},
+                          {Client.right / 2, Client.bottom / 2, Client.right, Client.bottom},
+                          {0, 0, Client.right, 8},
+                          Client};
+    for (const RECT &Part : Parts)
+    {
+        CAPTURE(Part.right);
+        RedrawWindow(Graph.Plot(), &Part, nullptr, RDW_INVALIDATE);
+        CHECK(CountDifferences(Shown, Graph.Photograph()) == 0);
+    }
+    ReleaseMouse();
+    Calculator.Settle();
+}
+
 TEST_CASE("nothing is read out without data or beside the plot")
 {
     cCalculator    Calculator;
@@ -277,6 +303,11 @@ TEST_CASE("data files are opened, appended and saved, and a bad one changes noth
     HitKey(VK_ESCAPE);
     CHECK(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
     CHECK(CountDifferences(Shown, Graph.Photograph()) == 0);
+
+    Graph.Choose(gmFile, IDM_GRAPH_SAVE_AS);
+    const std::string Proposed = "diagonal.txt";  // in its folder
+    CHECK(Eventually(Proposed, [&] { return Calculator.ProposedFileName(); }) == Proposed);
+    Graph.Escape();
 
     Calculator.Folder().Write("more.txt", "ImplicitX\n7\n8\n");
     Graph.Choose(gmFile, IDM_GRAPH_APPEND);

@@ -4,6 +4,7 @@
 
 #include <doctest/doctest.h>
 
+#include "tests/window/mouse_link.h"
 #include "tests/window/probe_link.h"
 
 static void Send(const std::vector<INPUT> &Inputs)
@@ -11,24 +12,11 @@ static void Send(const std::vector<INPUT> &Inputs)
     cProbeLink::Current()->Inject(Inputs);
 }
 
-// Where the mouse was moved last.
-static POINT s_Mouse = {};
-
-// The platform has 65536 steps across the screen and rounds the position that
-// they stand for down; half a step more keeps it on its pixel.
-static LONG StepsOf(LONG nPixel, int nPixels)
-{
-    return static_cast<LONG>((static_cast<LONGLONG>(nPixel) * 65536 + 32768) / nPixels);
-}
-
-// Each event says where it happens, as those of a real mouse do.
-static void SendMouse(DWORD dwWhat)
+static void SendButton(DWORD dwWhat)
 {
     INPUT Input      = {};
     Input.type       = INPUT_MOUSE;
-    Input.mi.dx      = StepsOf(s_Mouse.x, GetSystemMetrics(SM_CXSCREEN));
-    Input.mi.dy      = StepsOf(s_Mouse.y, GetSystemMetrics(SM_CYSCREEN));
-    Input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | dwWhat;
+    Input.mi.dwFlags = dwWhat;
     Send({Input});
 }
 
@@ -44,18 +32,18 @@ static INPUT KeyInput(WORD nKey, DWORD dwFlags)
 
 void MoveMouse(POINT Position)
 {
-    s_Mouse = Position;
-    SendMouse(0);
+    cMouseLink::Current()->MoveTo(Position);
+    cProbeLink::Current()->Ask(pbQueue);
 }
 
 void PressMouse(eMouseButton nButton)
 {
-    SendMouse(nButton == mbLeft ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN);
+    SendButton(nButton == mbLeft ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN);
 }
 
 void ReleaseMouse(eMouseButton nButton)
 {
-    SendMouse(nButton == mbLeft ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP);
+    SendButton(nButton == mbLeft ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP);
 }
 
 void Click(POINT Position, eMouseButton nButton)

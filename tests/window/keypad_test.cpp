@@ -113,7 +113,6 @@ TEST_CASE("every key does what stands on it, above it in gold and on it in blue"
         {4, "Keystrs: f", "Keystrs: f", "Keystrs: f"},
         {5, "Keystrs: g", "Keystrs: g", "Keystrs: g"},
         {10, "LastOp:  Sum+", "LastOp:  Sum-", "LastOp:  ENTER"},  // DEL needs program mode
-        {10, "LastOp:  Sum+", "LastOp:  Sum-", "LastOp:  ENTER"},
         {6, "LastOp:  x<>y", "LastOp:  Mean", "LastOp:  %"},
         {7, "LastOp:  Rolldown", "LastOp:  StdDev", "LastOp:  RCL i"},
         {8, "Keystrs: STO", "LastOp:  LR", "LastOp:  DSZ"},

@@ -57,8 +57,8 @@ struct cModel
     int m_bStatusBar      = 1;
     int m_bListing        = 0;
     int m_bRegisters      = 0;
-    int m_nListingWidth   = 200;
-    int m_nRegistersWidth = 210;
+    int m_nListingWidth   = 205;  // 200 and 210 have been shared out
+    int m_nRegistersWidth = 205;
 
     // Width of the client area after a box was shown or hidden.
     int ClientWidth()

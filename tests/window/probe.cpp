@@ -138,6 +138,12 @@ int IconOfBox(HWND hBox)
     return 0;
 }
 
+// Wine keeps what is painted from the screen until the thread is about to wait.
+void ShowWhatIsPainted()
+{
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, 0, QS_ALLINPUT);
+}
+
 HWND FindToolBar(HWND hWnd)
 {
     return FindWindowExA(hWnd, nullptr, TOOLBARCLASSNAMEA, nullptr);
@@ -161,6 +167,7 @@ void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
         pAnswer->m_nValue = HIWORD(GetQueueStatus(kAnyInput)) != 0;
         break;
     case pbPaint:
+        ShowWhatIsPainted();
         pAnswer->m_nValue = HIWORD(GetQueueStatus(QS_PAINT)) != 0;
         break;
     case pbMenuState:

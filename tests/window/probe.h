@@ -15,7 +15,8 @@ enum eProbe
 {
     pbInput,       // the inputs are handed to the system, all at once
     pbQueue,       // m_nValue: 1 while input or posted messages wait
-    pbPaint,       // m_nValue: 1 while a window waits to be painted
+    pbPaint,       // m_nValue: 1 while a window waits to be painted; what is
+                   // painted is on the screen
     pbMenuState,   // m_nValue: MF_ flags of a menu item; -1: no such item
     pbMenuText,    // m_szText
     pbMenuRect,    // m_Rect: where the open menu shows the item, on the screen

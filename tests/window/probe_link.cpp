@@ -29,7 +29,7 @@ cProbeLink::~cProbeLink()
 
 void cProbeLink::Attach(HWND hWnd)
 {
-    const HMODULE hProbe = LoadLibraryA("window-probe.dll");
+    const HMODULE hProbe = LoadLibraryA(VORSTEK_PROBE);
     REQUIRE(hProbe);
     const auto pfnHook = reinterpret_cast<HOOKPROC>(
         reinterpret_cast<void (*)()>(GetProcAddress(hProbe, "ProbeHook")));

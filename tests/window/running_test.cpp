@@ -238,6 +238,31 @@ TEST_CASE("during a run the window is repainted, moved and sized, and its menus 
     CHECK_FALSE(Calculator.HasDialog());
 }
 
+TEST_CASE("a listing that opens while the window is minimised has its width when it is restored")
+{
+    cCalculator Calculator;
+    RECT        Client = {};
+    GetClientRect(Calculator.Window(), &Client);
+    const LONG nWithout = Client.right;
+    RunListing(&Calculator, kEndless);
+    Calculator.Slide(swMode, 0);
+
+    PostSystemCommand(Calculator, SC_MINIMIZE);
+    REQUIRE(WaitFor([&] { return IsIconic(Calculator.Window()); }));
+    PostMessageA(Calculator.Window(), WM_CHAR, VK_ESCAPE, 0);
+    CHECK(HasHalted(Calculator));
+    PostSystemCommand(Calculator, SC_RESTORE);
+    REQUIRE(WaitFor([&] { return !IsIconic(Calculator.Window()); }));
+    Calculator.Settle();
+
+    RECT Listing = {};
+    CHECK(Calculator.IsListingShown());
+    GetClientRect(Calculator.Window(), &Client);
+    GetWindowRect(Calculator.Listing(), &Listing);
+    CHECK(Client.right == nWithout + 205);
+    CHECK(Listing.right - Listing.left == 205);
+}
+
 TEST_CASE("PAUSE shows X for a second, and a key that is hit meanwhile halts the program")
 {
     cCalculator Calculator;

@@ -1,0 +1,220 @@
+// window_bench.cpp - how fast the graph's window is: a program that draws,
+// beside the same program in the console; painting; the readout. Prints one
+// line per figure: a name, the value, its unit and what is aimed at.
+
+#include "tests/window/graph_window.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <doctest/doctest.h>
+
+#include "graph/vantor.h"
+#include "tests/unit/recording_boxes.h"
+#include "tests/window/common_steps.h"
+#include "tests/window/waiting.h"
+
+namespace
+{
+
+const int      kRounds     = 5;
+const uint32_t kPoints     = 12800;  // of a set that is full
+const unsigned kKeyRunStop = 30;
+
+void Print(const char *szName, double dValue, const char *szUnit, const char *szAim)
+{
+    printf("%s|%.1f|%s|%s\n", szName, dValue, szUnit, szAim);
+    fflush(stdout);
+}
+
+double Now()
+{
+    LARGE_INTEGER Count     = {};
+    LARGE_INTEGER PerSecond = {};
+    QueryPerformanceCounter(&Count);
+    QueryPerformanceFrequency(&PerSecond);
+    return static_cast<double>(Count.QuadPart) / static_cast<double>(PerSecond.QuadPart);
+}
+
+template <class cDeed> double Seconds(cDeed Deed)
+{
+    const double dStart = Now();
+    Deed();
+    return Now() - dStart;
+}
+
+double Median(std::vector<double> Values)
+{
+    std::sort(Values.begin(), Values.end());
+    return Values[Values.size() / 2];
+}
+
+template <class cDeed> double MedianSeconds(cDeed Deed)
+{
+    std::vector<double> Times;
+    for (int i = 0; i < kRounds; i++)
+        Times.push_back(Seconds(Deed));
+    return Median(Times);
+}
+
+void HandleWaitingMessages()
+{
+    MSG Message;
+    while (PeekMessageA(&Message, nullptr, 0, 0, PM_REMOVE))
+        DispatchMessageA(&Message);
+}
+
+// The graph alone, 640 by 480, with sets of as many points as a program draws.
+struct cGraphRig
+{
+    explicit cGraphRig(int nSets, const cVantorLineFormat &Format = {}, float fNoise = 0.0F)
+    {
+        REQUIRE(m_Graph.Create({}, 0, 0, 640, 480, 0));
+        m_Graph.Box()->AutoRange();
+        for (int nSet = 0; nSet < nSets; nSet++)
+            AddWave(static_cast<float>(nSet), fNoise, Format);
+        HandleWaitingMessages();
+    }
+    ~cGraphRig() { SendMessageA(m_Graph.Window(), WM_CLOSE, 0, 0); }
+
+    void AddWave(float fPhase, float fNoise, const cVantorLineFormat &Format)
+    {
+        std::mt19937       Random(1);
+        std::vector<float> X(kPoints);
+        std::vector<float> Y(kPoints);
+        for (uint32_t i = 0; i < kPoints; i++)
+        {
+            X[i] = static_cast<float>(i) * 0.01F;
+            Y[i] = std::sin(X[i] + fPhase) + fNoise * static_cast<float>(Random() % 1000);
+        }
+        REQUIRE(m_Graph.Box()->AddDataSet(kPoints, X.data(), Y.data(), &Format));
+    }
+
+    // All of it, as after a change of the settings.
+    void Repaint()
+    {
+        m_Graph.Box()->AutoRange();
+        UpdateWindow(m_Graph.Box()->Window());
+        GdiFlush();
+    }
+
+    cRecordingBoxes m_Boxes;
+    cVantor         m_Graph{&m_Boxes, nullptr};
+};
+
+// Fill a set: with an x that grows from point to point, so that all is painted
+// anew, and with points that stay within the range.
+const char kGrowing[] = "12800\r\nSTO 0\r\nClearG\r\n0\r\nSTO 1\r\nLBL 1\r\n1\r\nSTO+ 1\r\n"
+                        "RCL 1\r\nsin\r\nRCL 1\r\nSumG\r\nDSZ\r\nGTO 1\r\nR/S\r\n";
+const char kStaying[] = "12800\r\nSTO 0\r\nClearG\r\n0\r\nSTO 1\r\nLBL 1\r\n1\r\nSTO+ 1\r\n"
+                        "RCL 1\r\nsin\r\nRCL 1\r\ncos\r\nSumG\r\nDSZ\r\nGTO 1\r\nR/S\r\n";
+
+void RunConsole(const cCalculator &Calculator)
+{
+    std::string Command = std::string(VORSTEK_CLI) + " run " + Calculator.Path("program.txt") +
+                          " --graph " + Calculator.Path("drawn.txt");
+    SECURITY_ATTRIBUTES Inherited = {sizeof Inherited, nullptr, TRUE};
+    const HANDLE        hNowhere =
+        CreateFileA("NUL", GENERIC_WRITE, 0, &Inherited, OPEN_EXISTING, 0, nullptr);
+    STARTUPINFOA Startup = {};
+    Startup.cb           = sizeof Startup;
+    Startup.dwFlags      = STARTF_USESTDHANDLES;
+    Startup.hStdOutput   = hNowhere;
+    Startup.hStdError    = hNowhere;
+    cOwnedProcess Process;
+    REQUIRE(CreateProcessA(nullptr, Command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                           &Startup, &Process));
+    CloseHandle(hNowhere);
+    REQUIRE(WaitForSingleObject(Process.hProcess, kPatience) == WAIT_OBJECT_0);
+    DWORD dwExit = 1;
+    GetExitCodeProcess(Process.hProcess, &dwExit);
+    REQUIRE(dwExit == 0);
+}
+
+// From its first line until the calculator may open another.
+void RunWindow(cCalculator *pCalculator)
+{
+    pCalculator->HitKey(kKeyRunStop);
+    REQUIRE(WaitFor([=] { return (pCalculator->MenuState(IDM_OPEN) & MF_GRAYED) == 0; }));
+}
+
+// The program in window and console in turn, so that a machine that grows slow
+// slows both.
+void CompareRuns(const char *szName, const char *szProgram, const char *szLastX)
+{
+    cCalculator Calculator;
+    OpenListing(&Calculator, szProgram);
+    std::vector<double> Console;
+    std::vector<double> Window;
+    std::vector<double> Beyond;
+    for (int i = 0; i < kRounds; i++)
+    {
+        Calculator.HitKeys({3, 29, 28, 28, 14});  // GTO . 0 0, CLX
+        Console.push_back(Seconds([&] { RunConsole(Calculator); }));
+        Window.push_back(Seconds([&] { RunWindow(&Calculator); }));
+        Beyond.push_back(Window.back() - Console.back());
+        REQUIRE(Calculator.ReadsX(szLastX));
+    }
+    printf("%s|||\n", szName);
+    Print("  in the console", 1000 * Median(Console), "ms", "");
+    Print("  in the window", 1000 * Median(Window), "ms", "");
+    Print("  longer by", 1000 * Median(Beyond), "ms", "1000 at most");
+}
+
+}  // namespace
+
+TEST_CASE("a program that draws")
+{
+    CompareRuns("12,800 points by a program, x grows", kGrowing, "12800.00");
+    CompareRuns("12,800 points by a program, all within the range", kStaying, "-0.94");
+}
+
+TEST_CASE("a full repaint")
+{
+    static const struct
+    {
+        const char *m_szName;
+        uint32_t    m_nType;
+        uint32_t    m_nWidth;
+        uint32_t    m_nStyle;
+        float       m_fNoise;
+        const char *m_szAim;
+    } s_Rows[] = {
+        {"20 sets of 12,800 points repainted", gtPlot, 1, 0, 0.0F, "100 at most"},
+        {"the same, noise", gtPlot, 1, 0, 0.01F, ""},
+        {"the same, dashed", gtPlot, 1, 1, 0.0F, ""},
+        {"the same, 4 pixels wide", gtPlot, 4, 0, 0.0F, ""},
+        {"the same, stairs", gtStairStep, 1, 0, 0.0F, ""},
+        {"the same, markers", gtScatter, 1, 0, 0.0F, ""},
+        {"the same, bars", gtStoop, 1, 0, 0.0F, ""},
+    };
+    for (const auto &Row : s_Rows)
+    {
+        cGraphRig Rig(20, {Row.m_nType, 0, Row.m_nWidth, Row.m_nStyle, nullptr}, Row.m_fNoise);
+        Print(Row.m_szName, 1000 * MedianSeconds([&] { Rig.Repaint(); }), "ms", Row.m_szAim);
+    }
+}
+
+TEST_CASE("the readout")
+{
+    const int  kMoves = 100;
+    cGraphRig  Rig(20);  // 256,000 points
+    const HWND hPlot  = Rig.m_Graph.Box()->Window();
+    RECT       Client = {};
+    GetClientRect(hPlot, &Client);
+    const auto At = [&](int nMove) {
+        return MAKELPARAM(Client.right / 4 + 2 * nMove, Client.bottom / 4 + nMove);
+    };
+    SendMessageA(hPlot, WM_LBUTTONDOWN, MK_LBUTTON, At(0));
+    const double dSeconds = MedianSeconds([&] {
+        for (int i = 0; i < kMoves; i++)
+            SendMessageA(hPlot, WM_MOUSEMOVE, MK_LBUTTON, At(i));
+        GdiFlush();
+    });
+    SendMessageA(hPlot, WM_LBUTTONUP, 0, At(0));
+    Print("readout over 256,000 points", kMoves / dSeconds, "pictures a second", "20 at least");
+}

@@ -1,0 +1,39 @@
+#include "graph/column_runs.h"
+
+#include <algorithm>
+
+static const size_t kKept = 4;  // of a run
+
+// The vertex behind the run that begins with pFirst.
+static const cPoint *EndOfRun(const cPoint *pFirst, const cPoint *pEnd)
+{
+    return std::find_if(pFirst, pEnd, [=](cPoint At) { return At.m_nX != pFirst->m_nX; });
+}
+
+static bool IsHigher(cPoint a, cPoint b)
+{
+    return a.m_nY < b.m_nY;
+}
+
+size_t MergeColumns(const cPoint *pVertices, size_t nVertices, cPoint *pMerged)
+{
+    if (nVertices == 0)
+        return 0;
+    const cPoint *const pLast  = pVertices + nVertices - 1;
+    cPoint             *pStore = pMerged;
+    for (const cPoint *pFirst = pVertices; pFirst != pLast;)
+    {
+        const cPoint *const pBehind = EndOfRun(pFirst, pLast);
+        if (pBehind - pFirst <= static_cast<ptrdiff_t>(kKept))
+            pStore = std::copy(pFirst, pBehind, pStore);
+        else
+        {
+            const auto [pHighest, pLowest] = std::minmax_element(pFirst, pBehind, IsHigher);
+            for (const cPoint *const pKept : {pFirst, pHighest, pLowest, pBehind - 1})
+                *pStore++ = *pKept;
+        }
+        pFirst = pBehind;
+    }
+    *pStore++ = *pLast;
+    return static_cast<size_t>(pStore - pMerged);
+}

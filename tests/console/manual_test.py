@@ -1,0 +1,245 @@
+"""The examples of the manual: keystrokes, listings, data files and what stands
+in a terminal give what their pages say."""
+
+import os
+import re
+import shlex
+import shutil
+import unittest
+
+from console_case import EXAMPLES, REPOSITORY, ConsoleCase, main
+from manual_pages import NoSuchKey, key_commands, pages
+
+# What a note may tell behind the display: "Y = 3.00", "R5 = 7.00",
+# "R.1 = 2.00", "LASTx = 4", "line = 03", "points = 12".
+NOTE = re.compile(r"\b([XYZT]|LASTx|R\.?\d+|line|sets|points) = ([-+\w.]*\w)")
+
+ALL_PAGES = pages()
+
+
+def table_of_instructions():
+    """Mnemonic, and whether it keeps X in LASTx, of each row of the table."""
+    path = os.path.join(REPOSITORY, "engine", "instruction_table.cpp")
+    with open(path, encoding="utf-8") as file:
+        rows = re.findall(r'^    \{ "([^"]+)", +op\w+, +&cVorstekEngine::\w+, +([01]),',
+                          file.read(), re.M)
+    return {mnemonic: last_x == "1" for mnemonic, last_x in rows}
+
+
+def fact(state, name):
+    """What the state says of a name in a note, as the manual writes it."""
+    if name in "XYZT":
+        return state["stack"]["XYZT".index(name)]["text"].lstrip("+")
+    if name == "LASTx":
+        return state["registers"][30].split(" = ")[1].lstrip("+")
+    if name == "line":
+        return f"{state['line']:02}"
+    if name == "sets":
+        return str(len(state["graph"]))
+    if name == "points":
+        return str(sum(len(data_set["y"]) for data_set in state["graph"]))
+    register = 10 + int(name[2:]) if name[1] == "." else int(name[1:])
+    return state["registers"][register].split(" = ")[1].lstrip("+")
+
+
+class ManualCase(ConsoleCase):
+    """With the files of all pages, and the examples, as a reader has them.
+    Where processes start slowly few of them matter: what can be, is asked of
+    one."""
+
+    def setUp(self):
+        super().setUp()
+        shutil.copytree(EXAMPLES, self.path("examples"))
+        for page in ALL_PAGES:
+            for element in page.having("pre"):
+                name = element.attributes.get("data-file")
+                if name:
+                    self.assertFalse(os.path.exists(self.path(name)), f"{page.name}: {name} again")
+                    self.write(name, element.text.lstrip("\n"))
+
+
+class KeysTest(ManualCase):
+    """<pre class="keys">: KEYS | DISPLAY | NOTE. A block has a fresh
+    calculator, "continued" that of the block before it; data-open names the
+    listing that it opens first."""
+
+    def test_displays_and_notes(self):
+        script, wanted = ["option sound off"], []
+        for page in ALL_PAGES:
+            more, texts = self.script_of(page)
+            script += more
+            wanted += texts
+        states = self.states(*script)
+        self.assertEqual(len(states), len(wanted))
+        self.assertGreater(len(wanted), 300)
+        for state, (name, line, text) in zip(states, wanted):
+            with self.subTest(page=name, line=line, text=text):
+                self.compare(state, text)
+
+    def script_of(self, page):
+        script, wanted = [], []
+        for block in page.having("pre", "keys"):
+            if "continued" not in block.classes:
+                script += ["reset"]
+            if "data-open" in block.attributes:
+                script += ["open " + block.attributes["data-open"]]
+            for number, line in enumerate(block.text.strip("\n").split("\n"), block.line + 1):
+                keys, *told = line.split("|", 1)
+                with self.subTest(page=page.name, line=number):
+                    script += key_commands(keys)
+                    if told:
+                        script += ["state"]
+                        wanted.append((page.name, number, told[0]))
+        return script, wanted
+
+    def compare(self, state, text):
+        display, _, note = (part.strip() for part in (text + "|").partition("|"))
+        if display:
+            self.assertEqual(state["display"].strip(), display)
+        for name, value in NOTE.findall(note):
+            self.assertEqual(fact(state, name), value, name)
+
+    def test_keys_in_the_text_are_on_the_face(self):
+        for page in ALL_PAGES:
+            for element in page.having("kbd"):
+                if "pc" in element.classes:
+                    continue
+                with self.subTest(page=page.name, line=element.line):
+                    self.assertTrue(key_commands(element.text))
+
+    def test_a_text_that_is_on_no_key_is_found(self):
+        for text in ("sqrt", "ln", "f 1/x", "g FIX", "f f ln"):
+            with self.assertRaises(NoSuchKey):
+                key_commands(text)
+
+
+class InstructionsTest(ManualCase):
+    """The reference: <h3 data-instruction="MNEMONIC"> begins an entry."""
+
+    def entries(self):
+        return {heading.attributes["data-instruction"]: (page, heading, elements)
+                for page in ALL_PAGES for heading, elements in page.sections("h3")
+                if "data-instruction" in heading.attributes}
+
+    def test_each_instruction_of_the_table_has_an_entry(self):
+        table = table_of_instructions()
+
+        self.assertEqual(len(table), 80)
+        self.assertEqual(sorted(self.entries()), sorted(table))
+
+    def test_the_keys_record_the_instruction(self):
+        script, keyed, without = [], [], []
+        for mnemonic, (_, _, elements) in self.entries().items():
+            effect = next(element for element in elements if "effect" in element.classes)
+            if effect.text.startswith("no key"):
+                without.append(mnemonic)
+                continue
+            keys = next(element for element in elements if element.tag == "kbd")
+            script += ["reset", "up 32", *key_commands(keys.text), "state"]
+            keyed.append(mnemonic)
+
+        states = self.states(*script)
+
+        self.assertEqual(sorted(without), ["->H", "->H.MS"])
+        self.assertEqual(len(states), len(keyed))
+        for mnemonic, state in zip(keyed, states):
+            with self.subTest(mnemonic=mnemonic):
+                self.assertEqual(state["line"], 1)
+                self.assertRegex(state["program"][1], "^" + re.escape(mnemonic) + r"( \.?\d)?$")
+
+    def test_entries_tell_what_goes_to_lastx(self):
+        table = table_of_instructions()
+        for mnemonic, (page, _, elements) in self.entries().items():
+            with self.subTest(mnemonic=mnemonic, page=page.name):
+                effect = next(element for element in elements if "effect" in element.classes)
+                self.assertEqual("LASTx \u2190 X" in effect.text, table[mnemonic])
+
+    def test_each_entry_has_an_example(self):
+        for mnemonic, (page, _, elements) in self.entries().items():
+            with self.subTest(mnemonic=mnemonic, page=page.name):
+                self.assertTrue([element for element in elements if element.tag == "pre"
+                                 and {"keys", "session"} & set(element.classes)])
+
+
+class TextTest(ManualCase):
+    """Listings, data files and sessions."""
+
+    def test_listings_pass_the_check(self):
+        names, told = [], ""
+        for page in ALL_PAGES:
+            for block in page.having("pre", "listing"):
+                names.append(block.attributes["data-file"])
+                for line in block.attributes.get("data-finding", "").splitlines():
+                    told += f"{names[-1]}:{line}\n"
+
+        result = self.start("check", *names)
+
+        self.assertGreater(len(names), 15)
+        self.assertEqual((result.code, result.out), (1, told))
+
+    def test_data_files_are_read(self):
+        script, shapes = [], []
+        for page in ALL_PAGES:
+            for block in page.having("pre", "data"):
+                sets, points = block.attributes["data-shape"].split("x")
+                shapes.append(int(sets) * [int(points)])
+                self.write(f"data-{len(shapes)}.txt", block.text.lstrip("\n"))
+                script += [f"graph open data-{len(shapes)}.txt", "state"]
+
+        events = self.script(*script)
+
+        self.assertGreater(len(shapes), 2)
+        self.assertEqual([[len(data_set["y"]) for data_set in event["graph"]]
+                          for event in events], shapes)
+
+    def test_sessions(self):
+        """Lines behind "$" are commands; what follows is what they print.
+        "..." at the end of a line, or as a line, stands for what differs."""
+        count = 0
+        for page in ALL_PAGES:
+            for block in page.having("pre", "session"):
+                code = 0
+                for command, printed in self.commands(block.text):
+                    with self.subTest(page=page.name, line=block.line, command=command):
+                        out, code = self.perform(command, code)
+                        self.assert_prints(out, printed)
+                        count += 1
+        self.assertGreater(count, 10)
+
+    def test_names_of_the_state(self):
+        page = next(page for page in ALL_PAGES if page.name == "console.htm")
+        at = next(number for number, element in enumerate(page.elements)
+                  if element.attributes.get("id") == "state")
+        names = [element.text for element in page.elements[at + 1:] if element.tag == "code"]
+
+        state = self.state_after()
+
+        self.assertEqual(names, ["run --json", *state])
+
+    @staticmethod
+    def commands(text):
+        for part in re.split(r"^\$ ", text.lstrip("\n"), flags=re.M)[1:]:
+            command, _, printed = part.partition("\n")
+            yield command, printed.rstrip("\n")
+
+    def perform(self, command, code):
+        """What a line of the terminal prints, and the exit code."""
+        program, *arguments = shlex.split(command)
+        if program == "echo":
+            self.assertEqual(arguments, ["$?"])
+            return f"{code}", 0
+        if program == "cat":
+            return self.read_text(arguments[0]).rstrip("\n"), 0
+        self.assertEqual(program, "vorstek-cli")
+        result = self.start(*arguments)
+        return (result.out + result.err).rstrip("\n"), result.code
+
+    def assert_prints(self, out, printed):
+        pattern = ".*".join(re.escape(part) for part in printed.split("..."))
+        if not re.fullmatch(pattern, out, re.S):
+            self.assertEqual(out, printed)
+
+
+if __name__ == "__main__":
+    unittest.TestCase.maxDiff = None
+    main()

@@ -1,0 +1,113 @@
+#include "toolkit/win32.h"
+
+#include "shell/application.h"
+
+#include <memory>
+#include <string>
+
+#include <doctest/doctest.h>
+
+#include "resources/resource.h"
+
+namespace
+{
+
+const int   kEnoughIdling = 3;
+const DWORD kWait         = 200;  // milliseconds, several idle periods
+
+int s_nIdle;
+
+void CountIdle(cCallbackObj *, void *, uintptr_t)
+{
+    if (++s_nIdle == kEnoughIdling)
+        PostQuitMessage(7);
+}
+
+void CALLBACK GiveUp(HWND, UINT, UINT_PTR nTimer, DWORD)
+{
+    KillTimer(nullptr, nTimer);
+    PostQuitMessage(5);
+}
+
+// Runs until the idle callback has been called often enough (7) or kWait is over
+// (5), and returns which of both.
+int RunIdling(int bEnabled, int bWanted)
+{
+    cApplication Application(ProgramInstance(), "", "Calculator");
+    auto         pRecord = std::make_unique<cCallbackRec>();
+    pRecord->nSlot       = kSlotIdle;
+    pRecord->pfnStatic   = &CountIdle;
+    REQUIRE(Application.Register(pRecord.get()) == 1);
+    pRecord.release();
+    Application.SetIdleEnabled(bEnabled);
+    Application.SetIdleWanted(bWanted);
+
+    s_nIdle              = 0;
+    const UINT_PTR nGive = SetTimer(nullptr, 0, kWait * (bEnabled && bWanted ? 50 : 1), &GiveUp);
+    const int      nCode = Application.Run();
+    KillTimer(nullptr, nGive);
+    return nCode;
+}
+
+INT_PTR CALLBACK IgnoreAll(HWND, UINT, WPARAM, LPARAM)
+{
+    return FALSE;
+}
+
+}  // namespace
+
+TEST_CASE("the application keeps what it is given; without a name it takes that of its file")
+{
+    {
+        const cApplication Named(ProgramInstance(), "a b", "Calculator");
+        CHECK(std::string(Named.Name()) == "Calculator");
+        CHECK(std::string(Named.CommandLine()) == "a b");
+        CHECK(Named.Instance() == ProgramInstance());
+        CHECK(g_pApplication == &Named);
+    }
+    CHECK(g_pApplication == nullptr);
+    const cApplication Unnamed(ProgramInstance(), "", nullptr);
+    CHECK(std::string(Unnamed.Name()) == "win32-tests");
+}
+
+TEST_CASE("the message loop returns the code of the quit message")
+{
+    cApplication Application(ProgramInstance(), "", "Calculator");
+    PostQuitMessage(3);
+    CHECK(Application.Run() == 3);
+}
+
+TEST_CASE("idling takes place while it is enabled and wanted, in periods")
+{
+    const DWORD dwStart = GetTickCount();
+    CHECK(RunIdling(1, 1) == 7);
+    CHECK(GetTickCount() - dwStart >= kEnoughIdling * 33u);
+
+    CHECK(RunIdling(0, 1) == 5);
+    CHECK(s_nIdle == 0);
+    CHECK(RunIdling(1, 0) == 5);
+    CHECK(s_nIdle == 0);
+}
+
+TEST_CASE("a modeless dialog gets its keys before anybody else")
+{
+    cApplication Application(ProgramInstance(), "", "Calculator");
+    const HWND hDialog = CreateDialogParamA(ProgramInstance(), MAKEINTRESOURCEA(IDD_REFORMAT_PLOT),
+                                            nullptr, &IgnoreAll, 0);
+    REQUIRE(hDialog);
+    ShowWindow(hDialog, SW_SHOW);
+    const HWND hFirst = GetDlgItem(hDialog, IDC_PLOT_TITLE);
+    SetFocus(hFirst);
+    MSG Tab     = {};
+    Tab.hwnd    = hFirst;
+    Tab.message = WM_KEYDOWN;
+    Tab.wParam  = VK_TAB;
+
+    Application.Dispatch(&Tab);
+    CHECK(GetFocus() == hFirst);
+
+    Application.SetModelessDialog(hDialog);
+    Application.Dispatch(&Tab);
+    CHECK(GetFocus() == GetDlgItem(hDialog, IDC_HORZ_LABEL));
+    DestroyWindow(hDialog);
+}

@@ -1,0 +1,86 @@
+#include "toolkit/help_viewer.h"
+
+#include <doctest/doctest.h>
+
+#include <cstdio>
+#include <string>
+
+namespace
+{
+
+// A file of this name, gone at the end.
+class cFileThere
+{
+public:
+    explicit cFileThere(const std::string &Name) : m_Name(Name)
+    {
+        FILE *const pFile = fopen(Name.c_str(), "w");
+        REQUIRE(pFile);
+        fclose(pFile);
+    }
+
+    ~cFileThere() { remove(m_Name.c_str()); }
+
+    cFileThere(const cFileThere &)            = delete;
+    cFileThere &operator=(const cFileThere &) = delete;
+
+private:
+    std::string m_Name;
+};
+
+// Another current folder until the end of the scope.
+class cOtherFolder
+{
+public:
+    cOtherFolder()
+    {
+        GetCurrentDirectoryA(sizeof m_szFormer, m_szFormer);
+        char szOther[MAX_PATH] = "";
+        GetTempPathA(sizeof szOther, szOther);
+        SetCurrentDirectoryA(szOther);
+    }
+
+    ~cOtherFolder() { SetCurrentDirectoryA(m_szFormer); }
+
+    cOtherFolder(const cOtherFolder &)            = delete;
+    cOtherFolder &operator=(const cOtherFolder &) = delete;
+
+private:
+    char m_szFormer[MAX_PATH];
+};
+
+std::string BesideProgram(const std::string &Name)
+{
+    char szProgram[MAX_PATH] = "";
+    GetModuleFileNameA(nullptr, szProgram, sizeof szProgram);
+    const std::string Program = szProgram;
+    return Program.substr(0, Program.rfind('\\') + 1) + Name;
+}
+
+std::string Found(const char *szName)
+{
+    char szPath[MAX_PATH];
+    FindHelp(szName, szPath);
+    return szPath;
+}
+
+}  // namespace
+
+TEST_CASE("a help file is found in the current folder, else beside the program")
+{
+    const cOtherFolder Elsewhere;
+    CHECK(Found("beside.chm") == "beside.chm");  // nowhere
+
+    const cFileThere Beside(BesideProgram("beside.chm"));
+    CHECK(Found("beside.chm") == BesideProgram("beside.chm"));
+
+    const cFileThere Here("beside.chm");
+    CHECK(Found("beside.chm") == "beside.chm");
+}
+
+TEST_CASE("a name that is too long for a path stays what it is, cut")
+{
+    const std::string Name(300, 'n');
+
+    CHECK(Found(Name.c_str()) == Name.substr(0, MAX_PATH - 1));
+}

@@ -1,0 +1,283 @@
+// The readout of points in the graph's window, beside a search of the test's
+// own.
+
+#include "tests/window/graph_window.h"
+
+#include <climits>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <doctest/doctest.h>
+
+#include "tests/window/input.h"
+#include "tests/window/plot_reader.h"
+#include "tests/window/waiting.h"
+#include "toolkit/gdi.h"
+
+namespace
+{
+
+const int kReach     = 6;  // of the cross-hair
+const int kPositions = 9;  // of the mouse, along each axis
+
+const unsigned kColour = 0xFFFFFF;
+
+struct cPointOfSet
+{
+    int    m_nSet;  // from 0
+    double m_dX;
+    double m_dY;        // as stored
+    double m_dPlotted;  // by multiplier and offset
+};
+
+// Three columns: the second lies upside down on the first, the third meets
+// both, and the last two rows are the same.
+const double kRows[][4] = {
+    {0, 1, 9, 4},   {1, 2.5, 7.5, 4},   {2, 4, 6, 4},    {3, 5, 5, 5},     {4, 6, 4, 6},
+    {5, 7.5, 2, 7}, {6.5, 9, 1, 1.125}, {8, 3, 7, -2.5}, {9.75, 0, 10, 3}, {9.75, 0, 10, 3},
+};
+const double kMultiplier = -1.0;
+const double kOffset     = 10.0;
+
+std::string DataFile()
+{
+    std::string Text = "ExplicitX\nTitle \"Three\"\n";
+    for (const auto &Row : kRows)
+    {
+        char szLine[100];
+        snprintf(szLine, sizeof szLine, "%g,%g,%g,%g\n", Row[0], Row[1], Row[2], Row[3]);
+        Text += szLine;
+    }
+    return Text;
+}
+
+// In the order of the sets, the second one scaled.
+std::vector<cPointOfSet> Points()
+{
+    std::vector<cPointOfSet> All;
+    for (int nSet = 0; nSet < 3; nSet++)
+        for (const auto &Row : kRows)
+        {
+            const double y = Row[nSet + 1];
+            All.push_back({nSet, Row[0], y, nSet == 1 ? kMultiplier * y + kOffset : y});
+        }
+    return All;
+}
+
+// How the title's place looks with this text.
+cPicture TitleStrip(int nWidth, int nHeight, const std::string &Text)
+{
+    return cPicture::Drawn(nWidth, nHeight, [&](HDC hDc) {
+        const RECT         Whole = {0, 0, nWidth, nHeight};
+        const cSelectGuard Font(hDc, GetStockObject(SYSTEM_FONT));
+        FillRect(hDc, &Whole, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+        SetTextAlign(hDc, TA_TOP | TA_CENTER);
+        TextOutA(hDc, nWidth / 2, 0, Text.c_str(), static_cast<int>(Text.size()));
+    });
+}
+
+int TextHeight()
+{
+    const cWindowDc    Screen(nullptr);
+    const cSelectGuard Font(Screen.Get(), GetStockObject(SYSTEM_FONT));
+    TEXTMETRICA        Metrics = {};
+    GetTextMetricsA(Screen.Get(), &Metrics);
+    return Metrics.tmHeight + Metrics.tmExternalLeading;
+}
+
+// Whether the cross-hair at At turns the pixel (x, y) round: where its two
+// lines meet it does so twice.
+bool IsTurned(POINT At, int x, int y)
+{
+    const bool bHorz = y == At.y && abs(x - At.x) <= kReach;
+    const bool bVert = x == At.x && abs(y - At.y) <= kReach;
+    return bHorz != bVert;
+}
+
+class cReadoutRig
+{
+public:
+    cReadoutRig();
+
+    // Whether the window comes to show the point nearest to the mouse, and
+    // nothing else than before.
+    int ShowsNearest(POINT Mouse) const;
+
+    // Whether it comes to show what it did before.
+    int ShowsNothing() const
+    {
+        return WaitFor([&] { return CountDifferences(PlotOnly(), m_Before) == 0; });
+    }
+
+    void MoveTo(POINT Mouse)
+    {
+        MoveMouse(m_Graph.OnPlot(Mouse.x, Mouse.y));
+        m_Calculator.Settle();
+    }
+
+    cCalculator  m_Calculator;
+    cGraphWindow m_Graph;
+    RECT         m_Area = {};  // of the plot
+
+private:
+    cPointOfSet NearestTo(POINT Mouse) const;
+    POINT       PixelOf(const cPointOfSet &Point) const
+    {
+        return ::PixelOf(m_Area, *m_pRange, Point.m_dX, Point.m_dPlotted);
+    }
+
+    // Without the legend, whose selection stays.
+    cPicture PlotOnly() const
+    {
+        const POINT At = m_Graph.OnPlot(0, 0);
+        return cPicture::OfScreen({At.x, At.y, At.x + m_nWidth, At.y + m_nHeight});
+    }
+    int ShowsCrossHair(const cPicture &Seen, POINT At) const;
+
+    int                         m_nWidth      = 0;
+    int                         m_nHeight     = 0;  // above the legend
+    int                         m_nTextHeight = 0;
+    std::unique_ptr<cSeenRange> m_pRange;
+    cPicture                    m_Before;
+};
+
+cReadoutRig::cReadoutRig()
+    : m_Graph(&m_Calculator), m_nTextHeight(TextHeight()),
+      m_Before(cPicture::OfScreen({0, 0, 1, 1}))
+{
+    m_Graph.Open("three.txt", DataFile());
+    REQUIRE(m_Graph.Count() == 3);
+    PostMessageA(m_Graph.Window(), WM_COMMAND, IDM_REFORMAT_LINE, 0);
+    REQUIRE(m_Calculator.Dialog());
+    m_Graph.Fill(IDC_FORMATTED_LINE, "2");
+    m_Graph.Fill(IDC_MULTIPLIER, "-1");
+    m_Graph.Fill(IDC_OFFSET, "10");
+    m_Calculator.Click("OK");
+
+    const cPicture Whole = m_Graph.PhotographPlot();
+    Whole.Save("graph-readout-before");
+    RECT Legend = {};
+    GetWindowRect(m_Graph.Legend(), &Legend);
+    MapWindowPoints(nullptr, m_Graph.Plot(), reinterpret_cast<POINT *>(&Legend), 2);
+    m_nWidth  = Whole.Width();
+    m_nHeight = Legend.top;
+    m_Area    = cSeenPlot(Whole).m_Rect;
+    m_pRange  = std::make_unique<cSeenRange>(&m_Calculator, &m_Graph);
+    m_Graph.PhotographPlot();
+    m_Before = PlotOnly();
+}
+
+// Of those at the same distance the last.
+cPointOfSet cReadoutRig::NearestTo(POINT Mouse) const
+{
+    cPointOfSet Nearest   = {};
+    LONG        nDistance = LONG_MAX;
+    for (const cPointOfSet &Point : Points())
+    {
+        const POINT At   = PixelOf(Point);
+        const LONG  nFar = labs(At.x - Mouse.x) + labs(At.y - Mouse.y);
+        if (nFar <= nDistance)
+        {
+            Nearest   = Point;
+            nDistance = nFar;
+        }
+    }
+    return Nearest;
+}
+
+// Nothing but the lines of the cross-hair has changed below the title.
+int cReadoutRig::ShowsCrossHair(const cPicture &Seen, POINT At) const
+{
+    for (int y = m_nTextHeight; y < m_nHeight; y++)
+        for (int x = 0; x < m_nWidth; x++)
+        {
+            const bool bInPlot =
+                x >= m_Area.left && x < m_Area.right && y >= m_Area.top && y < m_Area.bottom;
+            const unsigned nTurn = bInPlot && IsTurned(At, x, y) ? kColour : 0;
+            if (Seen.At(x, y) != (m_Before.At(x, y) ^ nTurn))
+                return 0;
+        }
+    return 1;
+}
+
+int cReadoutRig::ShowsNearest(POINT Mouse) const
+{
+    const cPointOfSet Nearest = NearestTo(Mouse);
+    char              szText[64];
+    snprintf(szText, sizeof szText, "x,y = %.6g, %.6g", Nearest.m_dX, Nearest.m_dY);
+    const cPicture Title = TitleStrip(m_nWidth, m_nTextHeight, szText);
+    const POINT    At    = PixelOf(Nearest);
+    const int      bSeen = WaitFor([&] {
+        const cPicture Seen = PlotOnly();
+        return Seen.Holds(0, 0, Title) && ShowsCrossHair(Seen, At);
+    });
+    if (!bSeen)
+    {
+        MESSAGE("expected ", szText, " at ", At.x, ",", At.y);
+        Title.Save("failed-title");
+        PlotOnly().Save("failed-readout");
+    }
+    return bSeen && m_Graph.SelectedRow() == Nearest.m_nSet;
+}
+
+}  // namespace
+
+TEST_CASE("wherever the mouse is, the nearest point of all sets is read out")
+{
+    cReadoutRig Rig;
+    const RECT &Area   = Rig.m_Area;
+    const LONG  nRight = Area.right - 1;
+    const LONG  nLower = Area.bottom - 1;
+
+    // Pressed in each corner: left and top belong to the plot, right and
+    // bottom do not.
+    for (const POINT Corner :
+         {POINT{Area.left, Area.top}, {nRight, Area.top}, {Area.left, nLower}, {nRight, nLower}})
+    {
+        Rig.MoveTo(Corner);
+        PressMouse();
+        CHECK(Rig.ShowsNearest(Corner));
+        ReleaseMouse();
+        CHECK(Rig.ShowsNothing());
+    }
+    for (const POINT Beside : {POINT{Area.left - 1, Area.top + 20},
+                               {Area.left + 20, Area.top - 1},
+                               {Area.right, Area.top + 20},
+                               {Area.left + 20, Area.bottom}})
+    {
+        Rig.MoveTo(Beside);
+        PressMouse();
+        Rig.m_Calculator.Settle();
+        CHECK(Rig.ShowsNothing());
+        ReleaseMouse();
+    }
+
+    // Moved while it is held: closer together towards the upper left corner.
+    Rig.MoveTo({Area.left, Area.top});
+    PressMouse();
+    for (int i = 0; i < kPositions; i++)
+        for (int j = 0; j < kPositions; j++)
+        {
+            const auto  Share = [](int n) { return (exp2(n) - 1) / (exp2(kPositions - 1) - 1); };
+            const POINT Mouse = {Area.left + lround(Share(i) * (nRight - Area.left)),
+                                 Area.top + lround(Share(j) * (nLower - Area.top))};
+            CAPTURE(Mouse.x);
+            CAPTURE(Mouse.y);
+            Rig.MoveTo(Mouse);
+            REQUIRE(Rig.ShowsNearest(Mouse));
+        }
+    Rig.m_Graph.Photograph().Save("graph-readout-three");
+
+    // Outside of the plot it goes on, over the frame too.
+    for (const POINT Outside : {POINT{2, Area.top + 40}, {Area.right + 5, 2}, {90, -30}})
+    {
+        Rig.MoveTo(Outside);
+        CHECK(Rig.ShowsNearest(Outside));
+    }
+    ReleaseMouse();
+    CHECK(Rig.ShowsNothing());
+}

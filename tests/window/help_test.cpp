@@ -1,0 +1,187 @@
+// The help command: with the help files beside the program, and without them.
+
+#include "tests/window/calculator.h"
+#include "tests/window/graph_window.h"
+
+#include <doctest/doctest.h>
+
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+
+#include "resources/resource.h"
+#include "tests/window/input.h"
+#include "tests/window/waiting.h"
+
+namespace
+{
+
+std::string MissingText(const std::string &File)
+{
+    return "ERROR: HtmlHelp() failed to find the " + File +
+           " file.\n\n"
+           "This probably means that your computer has an archaic\n"
+           "version of Internet Explorer.  You can download the\n"
+           "latest version of Internet Explorer from Microsoft's\n"
+           "web site or you can get Version 5.5 from the CD you\n"
+           "used to install this software (in either case, you\n"
+           "don't have to make it your default web browser).\n";
+}
+
+// Help files and pages beside the program, as the build leaves them.
+void BringHelp(cCalculator &Calculator)
+{
+    const std::filesystem::path Built = std::filesystem::path(VORSTEK_PROGRAM).parent_path();
+    for (const char *szName : {"VORSTEK.chm", "cVantor.CHM"})
+        std::filesystem::copy_file(Built / szName, Calculator.Path(szName));
+    std::filesystem::copy(Built / "HtmlHelp", Calculator.Path("HtmlHelp"),
+                          std::filesystem::copy_options::recursive);
+}
+
+// How many pages there are whose name begins so; each is a topic.
+int Pages(cCalculator &Calculator, const std::string &Beginning)
+{
+    int nPages = 0;
+    for (const auto &File : std::filesystem::directory_iterator(Calculator.Path("HtmlHelp")))
+        if (File.path().extension() == ".htm" &&
+            File.path().filename().string().starts_with(Beginning))
+            nPages++;
+    return nPages;
+}
+
+HWND WaitForViewer(const char *szTitle)
+{
+    return WaitFor([=] { return FindWindowA(nullptr, szTitle); });
+}
+
+// What the viewer's contents hold once they are complete.
+int CountTopics(HWND hViewer, int nExpected)
+{
+    return Eventually(nExpected, [=] {
+        HWND hTree = nullptr;
+        EnumChildWindows(
+            hViewer,
+            [](HWND hChild, LPARAM lParam) -> BOOL {
+                char szClass[64] = "";
+                GetClassNameA(hChild, szClass, sizeof szClass);
+                if (strcmp(szClass, WC_TREEVIEWA) != 0)
+                    return TRUE;
+                *reinterpret_cast<HWND *>(lParam) = hChild;
+                return FALSE;
+            },
+            reinterpret_cast<LPARAM>(&hTree));
+        return static_cast<int>(SendMessageA(hTree, TVM_GETCOUNT, 0, 0));
+    });
+}
+
+// What the user's browser would be: a program for pages that notes in a file
+// which page it is given. Wine without its browser knows none; where there is
+// one, nothing is touched and the test fails.
+class cPageReader
+{
+public:
+    explicit cPageReader(const std::string &Note) : m_Note(Note)
+    {
+        LONG nSize = 0;
+        REQUIRE(RegQueryValueA(HKEY_CLASSES_ROOT, ".htm", nullptr, &nSize) != ERROR_SUCCESS);
+        SetClass(".htm", "vorstek.page");
+        SetClass("vorstek.page\\shell\\open\\command", "cmd.exe /c echo %1>\"" + Note + "\"");
+    }
+
+    ~cPageReader()
+    {
+        RegDeleteTreeA(HKEY_CLASSES_ROOT, ".htm");
+        RegDeleteTreeA(HKEY_CLASSES_ROOT, "vorstek.page");
+    }
+
+    cPageReader(const cPageReader &)            = delete;
+    cPageReader &operator=(const cPageReader &) = delete;
+
+    // The page, empty until one has been opened.
+    std::string Opened() const
+    {
+        std::ifstream File(m_Note);
+        std::string   Line;
+        std::getline(File, Line);
+        while (!Line.empty() && (Line.back() == '\r' || Line.back() == ' '))
+            Line.pop_back();
+        return Line;
+    }
+
+private:
+    static void SetClass(const char *szKey, const std::string &Value)
+    {
+        REQUIRE(RegSetValueA(HKEY_CLASSES_ROOT, szKey, REG_SZ, Value.c_str(), 0) == ERROR_SUCCESS);
+    }
+
+    std::string m_Note;
+};
+
+}  // namespace
+
+TEST_CASE("the graph's help that is not there is reported and the graph goes on")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Choose(gmHelp, IDM_GRAPH_HELP);
+    const cSeenBox Seen = Calculator.Box();
+    CHECK(Seen.m_Caption == "Vorstek");
+    CHECK(Seen.m_Text == MissingText("CVANTOR.CHM"));
+    CHECK((Seen.m_Buttons == std::vector<std::string>{"OK"}));
+    Calculator.Click("OK");
+    CHECK(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
+
+    Graph.Open("3.txt", "1\n2\n3\n");
+    CHECK(Graph.Count() == 1);
+}
+
+TEST_CASE("the help opens with its contents, and the calculator goes on")
+{
+    cCalculator Calculator;
+    BringHelp(Calculator);
+    Calculator.HitShortcut(VK_F1);
+    const HWND hViewer = WaitForViewer("Vorstek Help");
+    REQUIRE(hViewer);
+    CHECK(CountTopics(hViewer, Pages(Calculator, "")) == Pages(Calculator, ""));
+    CHECK(Calculator.HasDialog() == 0);
+    Calculator.PhotographScreen().Save("help-there");
+
+    // Beside the calculator, so that its face is free.
+    RECT Frame = {};
+    GetWindowRect(Calculator.Window(), &Frame);
+    SetWindowPos(hViewer, nullptr, Frame.right + 10, Frame.top, 300, 300, SWP_NOACTIVATE);
+    Calculator.Settle();
+    Calculator.HitKey(16);
+    CHECK(Calculator.ReadsX("7."));
+
+    Calculator.HitShortcut('E', kCtrl);
+    CHECK(Calculator.ExitCode() == 0);
+    CHECK(FindWindowA(nullptr, "Vorstek Help") == nullptr);
+}
+
+TEST_CASE("the graph's help opens with its own contents")
+{
+    cCalculator Calculator;
+    BringHelp(Calculator);
+    cGraphWindow Graph(&Calculator);
+    Graph.Choose(gmHelp, IDM_GRAPH_HELP);
+    const HWND hViewer = WaitForViewer("cVantor Help");
+    REQUIRE(hViewer);
+    CHECK(CountTopics(hViewer, Pages(Calculator, "cVantor")) == Pages(Calculator, "cVantor"));
+    CHECK(Calculator.HasDialog() == 0);
+}
+
+TEST_CASE("without a help file the introduction is opened as a page")
+{
+    cCalculator Calculator;
+    BringHelp(Calculator);
+    std::filesystem::remove(Calculator.Path("VORSTEK.chm"));
+    const cPageReader Reader(Calculator.Path("opened.txt"));
+    Calculator.HitShortcut(VK_F1);
+    const std::string Page = Calculator.Path("HtmlHelp\\Introduction.htm");
+    CHECK(Eventually(Page, [&] { return Reader.Opened(); }) == Page);
+    CHECK(Calculator.HasDialog() == 0);
+
+    Calculator.HitKey(16);
+    CHECK(Calculator.ReadsX("7."));
+}

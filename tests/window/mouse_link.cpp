@@ -1,0 +1,54 @@
+#include "tests/window/mouse_link.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include <doctest/doctest.h>
+
+#include "tests/window/waiting.h"
+
+cMouseLink::cMouseLink() : m_nSocket(INVALID_SOCKET)
+{
+    const char *const szPort = getenv("VORSTEK_MOUSE");
+    if (!szPort)
+        return;
+    WSADATA Ignored = {};
+    REQUIRE(WSAStartup(MAKEWORD(2, 2), &Ignored) == 0);
+    sockaddr_in Address     = {};
+    Address.sin_family      = AF_INET;
+    Address.sin_port        = htons(static_cast<u_short>(atoi(szPort)));
+    Address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    m_nSocket               = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
+    REQUIRE(connect(m_nSocket, reinterpret_cast<sockaddr *>(&Address), sizeof Address) == 0);
+}
+
+cMouseLink::~cMouseLink()
+{
+    if (!IsOpen())
+        return;
+    closesocket(m_nSocket);
+    WSACleanup();
+}
+
+void cMouseLink::MoveTo(POINT Position) const
+{
+    if (!IsOpen())
+    {
+        SetCursorPos(Position.x, Position.y);
+        return;
+    }
+    char      szLine[40];
+    const int nLength = snprintf(szLine, sizeof szLine, "%ld %ld\n", Position.x, Position.y);
+    REQUIRE(send(m_nSocket, szLine, nLength, 0) == nLength);
+    REQUIRE(recv(m_nSocket, szLine, 1, 0) == 1);
+
+    // Wine's desktop listens in its own time.
+    DWORD_PTR nIgnored = 0;
+    SendMessageTimeoutA(GetDesktopWindow(), WM_NULL, 0, 0, SMTO_NORMAL, kPatience, &nIgnored);
+}
+
+const cMouseLink *cMouseLink::Current()
+{
+    static const cMouseLink s_Link;
+    return &s_Link;
+}

@@ -1,0 +1,33 @@
+// modal_guard.h - a dialog makes its owner wait; the program's other windows
+// would go on, and start in the dialog's own message loop what does not belong
+// there.
+
+#ifndef TOOLKIT_MODAL_GUARD_H
+#define TOOLKIT_MODAL_GUARD_H
+
+#include "toolkit/win32.h"
+
+#include <vector>
+
+// Disables all visible windows of the thread but the owner, which the dialog
+// disables itself, until the end of the scope.
+//
+//     const cModalGuard Others(hOwner);
+//     DialogBoxParamA(...);
+class cModalGuard
+{
+public:
+    // hOwner null: none is left out.
+    explicit cModalGuard(HWND hOwner);
+    ~cModalGuard();
+    cModalGuard(const cModalGuard &)            = delete;
+    cModalGuard &operator=(const cModalGuard &) = delete;
+
+private:
+    static BOOL CALLBACK Disable(HWND hWnd, LPARAM lParam);
+
+    HWND              m_hOwner;
+    std::vector<HWND> m_Disabled;
+};
+
+#endif
