@@ -30,6 +30,7 @@ SetCompressor /SOLID lzma
 !define CHECK_VERB    "${TEXT_FILES}\shell\Vorstek.Check"
 
 Name "Vorstek"
+BrandingText "Vorstek ${VERSION}"
 OutFile "${OUTPUT}"
 InstallDir "$LOCALAPPDATA\Programs\Vorstek"
 InstallDirRegKey HKCU "${UNINSTALL_KEY}" "InstallLocation"
@@ -44,7 +45,6 @@ VIAddVersionKey "LegalCopyright" ""
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
-!define MUI_COMPONENTSPAGE_SMALLDESC
 !define MUI_FINISHPAGE_RUN "$INSTDIR\Vorstek.exe"
 !define MUI_FINISHPAGE_NOAUTOCLOSE
 

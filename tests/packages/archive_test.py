@@ -40,6 +40,8 @@ class ArchiveTest(unittest.TestCase):
 
     def test_it_holds_programs_examples_help_and_nothing_else(self):
         kept = examples() | built_help()
+        for name in ("VORSTEK.chm", "cVantor.CHM", "HtmlHelp/Introduction.htm"):
+            self.assertIn(name, kept)
         self.assertEqual(sorted(self.held), sorted([*PROGRAMS, "README.txt", *kept]))
         for name, data in kept.items():
             self.assertEqual(self.read(name), data, name)
