@@ -108,7 +108,7 @@ SectionEnd
 
 ; The calculator's window takes no file from its command line, so listings are
 ; run and checked in the console. Double clicks stay with the editor.
-Section /o "Run and check listings from the Explorer" SectionListings
+Section /o "Explorer entries" SectionListings
     WriteRegStr HKCU "${RUN_VERB}" "" "Run as Vorstek program"
     WriteRegStr HKCU "${RUN_VERB}" "Icon" "$INSTDIR\Vorstek.exe"
     WriteRegStr HKCU "${RUN_VERB}\command" "" '"$SYSDIR\cmd.exe" /k ""$INSTDIR\vorstek-cli.exe" run "%1""'
