@@ -225,7 +225,7 @@ void cVantorBox::PlaceLegend()
     {
         m_Legend.Move(Place.m_nLeft, Place.m_nTop, Place.Width(), Place.Height(), 1);
         m_Legend.Show();
-        InvalidateRect(m_Legend.Window(), nullptr, TRUE);
+        InvalidateRect(m_Legend.Window(), nullptr, Count() == 0);  // rows fill it
     }
 }
 
@@ -347,6 +347,20 @@ static void DrawSample(const cVantorDataSet &Set, const cRect &Place, cPlotCanva
     pCanvas->Polyline(Line, 2, PenOf(Set));
 }
 
+// A label for which the list is too narrow ends in dots: a scroll bar would take
+// the place of the rows.
+void cVantorBox::DrawLegendLabel(const DRAWITEMSTRUCT &Item, const char *szLabel) const
+{
+    const int          bSelected = (Item.itemState & ODS_SELECTED) != 0;
+    const cSelectGuard Selected(Item.hDC, Font());
+    RECT               Room = Item.rcItem;
+    Room.left += kLabelLeft;
+    Room.top += kRowSpace / 2;
+    SetTextColor(Item.hDC, GetSysColor(bSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+    SetBkMode(Item.hDC, TRANSPARENT);
+    DrawTextA(Item.hDC, szLabel, -1, &Room, DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+}
+
 // The sample keeps the plot's background when its row is selected.
 LRESULT cVantorBox::OnDrawItem(WPARAM, LPARAM lParam)
 {
@@ -361,8 +375,7 @@ LRESULT cVantorBox::OnDrawItem(WPARAM, LPARAM lParam)
     cGdiCanvas            Canvas(Item.hDC, Font());
     Canvas.FillBox(Sample, Settings().m_crBackground);
     DrawSample(Set, {kSampleSpace, nTop, kSampleRight, Item.rcItem.bottom}, &Canvas);
-    Canvas.Label({kLabelLeft, nTop + kRowSpace / 2}, alLeft, Set.m_pszLabel.get(),
-                 GetSysColor(bSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+    DrawLegendLabel(Item, Set.m_pszLabel.get());
     return TRUE;
 }
 

@@ -27,6 +27,13 @@ struct cVantorBoxSettings : cVantorPlotSettings
     int      m_bSystemFont = 1;  // 1: the stock SYSTEM_FONT, m_LogFont does not count
 };
 
+// A horizontal scroll bar would hide the rows of so low a list.
+class cLegendWindow : public cListBox
+{
+public:
+    explicit cLegendWindow(cMessageBoxes *pBoxes) : cListBox(pBoxes) { m_dwStyle &= ~WS_HSCROLL; }
+};
+
 class cVantorBox : public cBaseWindow, public cVantorPlot
 {
 public:
@@ -83,6 +90,7 @@ private:
     LRESULT OnContextMenu(WPARAM wParam, LPARAM lParam);
     LRESULT OnCommand(WPARAM wParam, LPARAM lParam);
     LRESULT OnDrawItem(WPARAM wParam, LPARAM lParam);
+    void    DrawLegendLabel(const DRAWITEMSTRUCT &Item, const char *szLabel) const;
 
     // --- painting
     void        MakeFont(const cVantorBoxSettings &Settings);
@@ -107,7 +115,7 @@ private:
     LOGFONTA                  m_LogFont;
     std::unique_ptr<cGdiFont> m_Font;  // null: the stock SYSTEM_FONT
     int                       m_nFontTenths;
-    cListBox                  m_Legend;  // one row for each data line
+    cLegendWindow             m_Legend;  // one row for each data line
     cBackBuffer               m_Buffer;
     int                       m_bDrawn;     // the buffer holds the present plot
     int                       m_bDraws;     // it is being drawn

@@ -246,6 +246,19 @@ TEST_CASE("the border of the legend is dragged to each number of rows")
     Graph.Photograph().Save("graph-legend");
 }
 
+TEST_CASE("a label that is longer than the legend is wide leaves the rows in their places")
+{
+    cCalculator       Calculator;
+    cGraphWindow      Graph(&Calculator);
+    const std::string Long = std::string(79, 'W');
+    Graph.Open("long.txt", "ImplicitX\nSetLabels \"" + Long + "\"\n1\n2\n");
+    const int nRow  = static_cast<int>(SendMessageA(Legend(Graph), LB_GETITEMHEIGHT, 0, 0));
+    RECT      Inner = {};
+    GetClientRect(Legend(Graph), &Inner);
+    CHECK(Inner.bottom == nRow);
+    Graph.Photograph().Save("graph-long-label");
+}
+
 TEST_CASE("legend, grid and status bar are switched, and both menus tell")
 {
     cCalculator  Calculator;

@@ -1,0 +1,173 @@
+// The commands of the graph's window, from its menu, its keys and its context
+// menu.
+
+#include "tests/window/graph_window.h"
+
+#include <string>
+
+#include <doctest/doctest.h>
+
+#include "tests/window/input.h"
+#include "tests/window/probe_link.h"
+#include "tests/window/waiting.h"
+
+namespace
+{
+
+const int kError = 32513;  // the platform's icon
+
+// What the platform shows when there is a printer, or when there is none.
+const char kAny[] = "";
+
+struct cMenuRow
+{
+    eGraphMenu  m_nMenu;
+    unsigned    m_nId;  // 0: separator
+    const char *m_szText;
+    const char *m_szCaption;  // of the dialog that it opens; null: none
+    int         m_nKey;       // that does the same, 0: none
+    unsigned    m_nModifiers;
+    int         m_nContext;  // place in the context menu, from 1; 0: none
+};
+
+// clang-format off
+const cMenuRow kRows[] =
+{
+    { gmFile, IDM_GRAPH_NEW,        "&New\tCtrl+N",                 nullptr,            0,     0,     0 },
+    { gmFile, IDM_GRAPH_OPEN,       "&Open...\tCtrl+O",             "Open",             'O',   kCtrl, 0 },
+    { gmFile, IDM_GRAPH_APPEND,     "Appen&d...\tCtrl+A",           "Open",             'A',   kCtrl, 0 },
+    { gmFile, IDM_ENTER_Y,          "Manually enter &y data...",    "Enter New Data Set", 0,   0,     0 },
+    { gmFile, IDM_ENTER_XY,         "&Manually enter x,y data...",  "Enter New Data Set", 0,   0,     0 },
+    { gmFile, IDM_GRAPH_SAVE,       "&Save\tCtrl+S",                "Vorstek",          'S',   kCtrl, 0 },
+    { gmFile, IDM_GRAPH_SAVE_AS,    "Save &As...",                  "Vorstek",          0,     0,     0 },
+    { gmFile, 0,                    "",                             nullptr,            0,     0,     0 },
+    { gmFile, IDM_PRINT_SETUP,      "Print Set&up...",              kAny,               0,     0,     5 },
+    { gmFile, IDM_PRINT_GRAPH,      "&Print Graph...\tCtrl+P",      kAny,               'P',   kCtrl, 6 },
+    { gmFile, 0,                    "",                             nullptr,            0,     0,     0 },
+    { gmFile, IDM_CREATE_BMP,       "Create &BMP file...",          "Create .BMP File", 0,     0,     7 },
+    { gmFile, IDM_CREATE_GIF,       "Create &GIF file...",          "Create .GIF File", 0,     0,     8 },
+    { gmFile, 0,                    "",                             nullptr,            0,     0,     0 },
+    { gmFile, IDM_GRAPH_EXIT,       "E&xit\tCtrl+E",                nullptr,            0,     0,     0 },
+    { gmEdit, IDM_REFORMAT_PLOT,    "&Reformat Plot...",            "Reformat Plot",    0,     0,     1 },
+    { gmEdit, IDM_AUTO_RANGE,       "&Auto Range",                  nullptr,            0,     0,     0 },
+    { gmEdit, IDM_REFORMAT_LINE,    "Reformat &Line...",            "Reformat Line",    0,     0,     3 },
+    { gmEdit, IDM_EDIT_DATA_SET,    "&Edit Data Set...",            "Edit Data Set",    0,     0,     0 },
+    { gmEdit, IDM_DELETE_LINE,      "&Delete Line...",              "Delete Line",      0,     0,     4 },
+    { gmView, IDM_LEGEND,           "&Legend",                      nullptr,            0,     0,     0 },
+    { gmView, IDM_GRID,             "&Grid",                        nullptr,            0,     0,     0 },
+    { gmView, IDM_GRAPH_STATUS_BAR, "&Status Bar",                  nullptr,            0,     0,     0 },
+    { gmHelp, IDM_GRAPH_HELP,       "&Help...",                     "Vorstek",          VK_F1, 0,     0 },
+    { gmHelp, IDM_GRAPH_ABOUT,      "&About cVantor...",            "About cVantor...", 0,     0,     0 },
+};
+// clang-format on
+
+// Opens the context menu and hits Enter on its item at this place, separators
+// not counted.
+void ChooseInContext(const cCalculator &Calculator, const cGraphWindow &Graph, int nPlace)
+{
+    Click(Graph.OnPlot(60, 60), mbRight);
+    REQUIRE(WaitFor([] { return FindWindowA("#32768", nullptr) != nullptr; }));
+    Calculator.Settle();
+    for (int i = 0; i < nPlace; i++)
+        HitKey(VK_DOWN);
+    HitKey(VK_RETURN);
+    Calculator.Settle();
+}
+
+}  // namespace
+
+TEST_CASE("each command of the menu is opened from the bar, by its key and from the context menu")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    const auto   OpensAndCloses = [&](const char *szCaption) {
+        REQUIRE(Calculator.Dialog());
+        if (szCaption != kAny)
+            CHECK(Graph.Caption() == szCaption);
+        Graph.Escape();
+        REQUIRE(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
+    };
+
+    eGraphMenu nMenu  = gmFile;
+    UINT       nPlace = 0;
+    for (const cMenuRow &Row : kRows)
+    {
+        const std::string Text = Row.m_szText;
+        CAPTURE(Text);
+        nPlace = Row.m_nMenu == nMenu ? nPlace : 0;
+        nMenu  = Row.m_nMenu;
+        const cProbeAnswer Item =
+            cProbeLink::Current()->AskWindow(Graph.Window(), pbMenuItem, ItemAt(nMenu, nPlace++));
+        CHECK(Item.m_szText == Text);
+        CHECK(Item.m_nValue == static_cast<int>(Row.m_nId));
+        if (!Row.m_szCaption)
+            continue;
+        Graph.Choose(Row.m_nMenu, Row.m_nId);
+        OpensAndCloses(Row.m_szCaption);
+        if (Row.m_nKey)
+        {
+            HitKey(static_cast<WORD>(Row.m_nKey), Row.m_nModifiers);
+            OpensAndCloses(Row.m_szCaption);
+        }
+        if (Row.m_nContext)
+        {
+            ChooseInContext(Calculator, Graph, Row.m_nContext);
+            OpensAndCloses(Row.m_szCaption);
+        }
+    }
+}
+
+TEST_CASE("the graph is emptied, ranged and saved by its keys, and its missing help is reported")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+
+    Graph.Choose(gmHelp, IDM_GRAPH_HELP);
+    const cSeenBox Expected = {"Vorstek",
+                               "ERROR: HtmlHelp() failed to find the CVANTOR.CHM file.\n\n"
+                               "This probably means that your computer has an archaic\n"
+                               "version of Internet Explorer.  You can download the\n"
+                               "latest version of Internet Explorer from Microsoft's\n"
+                               "web site or you can get Version 5.5 from the CD you\n"
+                               "used to install this software (in either case, you\n"
+                               "don't have to make it your default web browser).\n",
+                               {"OK"}};
+    CHECK((Calculator.Box() == Expected));
+    CHECK(Calculator.BoxIcon() == kError);
+    Calculator.PhotographScreen().Save("graph-help");
+    Calculator.Click("OK");
+
+    // A file that cannot be read, appended too, and a cancelled dialog leave all
+    // as it was.
+    Graph.Open("bend.txt", "1,4\n3,2\n2,5\n");
+    const cPicture Shown = Graph.PhotographPlot();
+    Calculator.Folder().Write("bad.txt", "ExplicitX\n1\n");
+    for (const unsigned nId : {IDM_GRAPH_OPEN, IDM_GRAPH_APPEND})
+    {
+        Graph.Choose(gmFile, nId);
+        Calculator.GiveFileName(Calculator.Path("bad.txt"));
+        CHECK(Calculator.Answers("Could not read the file:\n " + Calculator.Path("bad.txt"), "OK"));
+        Graph.Choose(gmFile, nId);
+        Graph.Escape();
+    }
+    Graph.Choose(gmFile, IDM_GRAPH_SAVE_AS);
+    Graph.Escape();
+    CHECK((Graph.PhotographPlot() == Shown));
+    CHECK(Graph.StatusText() == "filename: " + Calculator.Path("bend.txt"));
+
+    HitKey('S', kCtrl);
+    Calculator.Settle();
+    CHECK(Calculator.Folder().Read("bend.txt").substr(0, 9) == "ImplicitX");
+
+    // The range that the dialog fixes follows the data again.
+    Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
+    Calculator.Click("OK");
+    CHECK((Graph.MenuState(IDM_AUTO_RANGE) & MF_CHECKED) == 0);
+    ChooseInContext(Calculator, Graph, 2);
+    CHECK((Graph.MenuState(IDM_AUTO_RANGE) & MF_CHECKED) != 0);
+
+    HitKey('N', kCtrl);
+    Calculator.Settle();
+    CHECK(Graph.Count() == 0);
+    CHECK(Graph.StatusText() == "filename: UNTITLED");
+}
