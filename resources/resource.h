@@ -14,6 +14,17 @@
 #define IDI_VORSTEK 10001
 #define IDI_GRAPH 15550
 
+// Sounds, WAVE resources; the engine's kSoundClick and the others
+#define IDW_KEY_CLICK 10050
+#define IDW_REFUSAL 10051
+#define IDW_ERROR 10052
+#define IDW_HALTED 10053
+#define IDW_CLEARED 10054
+#define IDW_SLIDE_ON 10055
+#define IDW_SLIDE_OFF 10056
+#define IDW_PROGRAM_MODE 10057
+#define IDW_RUN_MODE 10058
+
 // Child windows of the main window
 #define IDC_TOOLBAR 1001
 #define IDC_STATUSBAR 1002

@@ -26,3 +26,12 @@ cPicture cProgramFile::Bitmap(unsigned nId) const
         BitBlt(hDc, 0, 0, Info.bmWidth, Info.bmHeight, Source.Get(), 0, 0, SRCCOPY);
     });
 }
+
+std::string cProgramFile::Bytes(const char *szKind, unsigned nId) const
+{
+    const HRSRC hFound = FindResourceA(m_hModule, MAKEINTRESOURCEA(nId), szKind);
+    if (!hFound)
+        return "";
+    const auto pBytes = static_cast<const char *>(LockResource(LoadResource(m_hModule, hFound)));
+    return {pBytes, SizeofResource(m_hModule, hFound)};
+}

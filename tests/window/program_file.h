@@ -5,6 +5,8 @@
 
 #include "toolkit/win32.h"
 
+#include <string>
+
 #include "tests/window/picture.h"
 
 class cProgramFile
@@ -19,6 +21,10 @@ public:
 
     // The bitmap resource nId.
     cPicture Bitmap(unsigned nId) const;
+
+    // The bytes of resource nId of a kind, "WAVE" or a number of the platform's;
+    // empty if there is none.
+    std::string Bytes(const char *szKind, unsigned nId) const;
 
 private:
     HMODULE m_hModule;

@@ -1,0 +1,115 @@
+"""The Debian package, unpacked in a folder of its own: debian_test.py PACKAGES"""
+
+import gzip
+import hashlib
+import json
+import pathlib
+import re
+import tempfile
+import unittest
+
+import package_case
+from package_case import ROOT, examples, files, package, run, version
+
+DOCS = "usr/share/doc/vorstek-cli/"
+PAGE = "usr/share/man/man1/vorstek-cli.1.gz"
+
+
+class DebianTest(unittest.TestCase):
+
+    @classmethod
+    def setUpClass(cls):
+        architecture = run("dpkg", "--print-architecture").stdout.decode().strip()
+        cls.deb = package(f"vorstek-cli_VERSION_{architecture}.deb")
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        cls.root = pathlib.Path(folder.name)
+        for option, target in (("--extract", cls.root / "root"), ("--control", cls.root / "control")):
+            done = run("dpkg-deb", option, cls.deb, target)
+            assert done.returncode == 0, done.stderr
+        cls.held = files(cls.root / "root")
+
+    def program(self, *arguments):
+        return run(self.root / "root/usr/bin/vorstek-cli", *arguments,
+                   cwd=self.root / "root" / DOCS / "examples")
+
+    def manual(self):
+        """The text of the manual page."""
+        page = self.root / "page.1"
+        page.write_bytes(gzip.decompress(self.held[PAGE]))
+        done = run("mandoc", "-T", "utf8", "-O", "width=200", page)
+        return re.sub(".\b", "", done.stdout.decode())
+
+    def test_it_holds_program_manual_examples_and_nothing_else(self):
+        kept = {"usr/share/doc/vorstek-cli/" + name: data for name, data in examples().items()}
+        papers = [DOCS + name for name in ("changelog.gz", "console.md", "copyright")]
+        self.assertEqual(sorted(self.held),
+                         sorted(["usr/bin/vorstek-cli", PAGE, *papers, *kept]))
+        for name, data in kept.items():
+            self.assertEqual(self.held[name], data, name)
+
+    def test_everybody_may_read_it_and_only_root_change_it(self):
+        done = run("dpkg-deb", "--contents", self.deb)
+        for line in done.stdout.decode().splitlines():
+            mode, owner, *_, name = line.split()
+            wanted = "drwxr-xr-x" if name.endswith("/") else "-rw-r--r--"
+            if name == "./usr/bin/vorstek-cli":
+                wanted = "-rwxr-xr-x"
+            self.assertEqual((mode, owner), (wanted, "root/root"), name)
+
+    def test_what_it_says_of_itself(self):
+        def field(name):
+            return run("dpkg-deb", "--field", self.deb, name).stdout.decode().strip()
+
+        self.assertEqual(field("Package"), "vorstek-cli")
+        self.assertEqual(field("Version"), version())
+        self.assertRegex(field("Depends"), r"\blibc6 \(>= [0-9.]+\)")
+        self.assertRegex(field("Depends"), r"\blibstdc\+\+6\b")
+        size = sum(map(len, self.held.values())) / 1024
+        self.assertTrue(size <= int(field("Installed-Size")) <= size + 100)
+        changes = gzip.decompress(self.held[DOCS + "changelog.gz"]).decode()
+        self.assertTrue(changes.startswith(f"vorstek-cli ({version()}) "), changes[:80])
+
+    def test_sums_of_its_files_are_right(self):
+        lines = (self.root / "control/md5sums").read_text().splitlines()
+        self.assertEqual(sorted(lines), sorted(
+            f"{hashlib.md5(data).hexdigest()}  {name}" for name, data in self.held.items()))
+
+    def test_the_program_runs(self):
+        done = self.program("--help")
+        self.assertEqual(done.returncode, 0)
+        self.assertTrue(done.stdout.startswith(b"usage: vorstek-cli run "))
+        done = self.program("run", "quadratic.txt", "--z", "2", "--y", "-4", "--x", "-6")
+        self.assertEqual(done.stdout.split(), b"T 0.00 Z 0.00 Y -1.00 X 3.00".split())
+
+    def test_two_readers_have_no_complaint_about_the_manual(self):
+        page = self.root / "page.1"
+        page.write_bytes(gzip.decompress(self.held[PAGE]))
+        for command in (("mandoc", "-T", "lint", "-W", "style"),
+                        ("man", "--warnings", "--local-file")):
+            done = run(*command, page)
+            self.assertEqual((done.returncode, done.stderr.decode()), (0, ""))
+        self.assertEqual(run("mandoc", "-T", "lint", "-W", "style", page).stdout, b"")
+
+    def test_the_manual_names_the_version_all_options_and_the_whole_state(self):
+        text = self.manual()
+        self.assertIn(f"Vorstek {version()}", text)
+        usage = self.program("--help").stdout.decode()
+        state = json.loads(self.program("run", "queens.txt", "--x", "4", "--json").stdout)
+        words = {*re.findall(r"--[a-z-]+", usage), *state}
+        self.assertGreater(len(words), 40)
+        for word in sorted(words):
+            self.assertRegex(text, rf"(?<![\w-]){re.escape(word)}(?![\w-])")
+
+    def test_the_manual_shows_what_its_examples_print(self):
+        text = self.manual()
+        command = re.search(r"\$ vorstek-cli (run quadratic.*)", text)[1]
+        printed = self.program(*command.split()).stdout.decode()
+        self.assertIn(re.sub(r"\s+", " ", printed), re.sub(r"\s+", " ", text))
+
+    def test_the_description_of_the_console_program_is_the_projects(self):
+        self.assertEqual(self.held[DOCS + "console.md"], (ROOT / "docs/console.md").read_bytes())
+
+
+if __name__ == "__main__":
+    package_case.main(1)

@@ -1,0 +1,214 @@
+"""The installer, in a Windows of its own under Wine:
+installer_test.py PACKAGES START-SHORTCUT.EXE"""
+
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import tempfile
+import time
+import unittest
+import zipfile
+
+import package_case
+from package_case import ROOT, files, package, version, wine
+
+PREFIX = ROOT / "build" / os.environ["WINE_FOLDER"]
+KEY = r"Software\Microsoft\Windows\CurrentVersion\Uninstall\Vorstek"
+MACHINE = r"HKLM\Software\Microsoft\Windows\CurrentVersion"
+VERBS = r"Software\Classes\SystemFileAssociations\.txt\shell\Vorstek."
+PATIENCE = 120      # seconds, on a very busy computer
+
+
+def wait_for(is_so):
+    end = time.monotonic() + PATIENCE
+    while not is_so() and time.monotonic() < end:
+        time.sleep(0.05)
+
+
+def windows_name(path):
+    """C:\\folder\\file of a path in the prefix."""
+    return "C:\\" + str(path.relative_to(PREFIX / "drive_c")).replace("/", "\\")
+
+
+def registry(root):
+    """The keys below a key, "HKCU", with their values, as lines."""
+    with tempfile.TemporaryDirectory() as folder:
+        path = pathlib.Path(folder) / "export.reg"
+        done = wine("reg", "export", root, f"Z:{path}", "/y")
+        assert done.returncode == 0, done.stdout
+        return path.read_text(encoding="utf-16").splitlines()
+
+
+def values(lines, key):
+    """The values of a key of the user by their names, "@" being the one without;
+    none if there is no such key."""
+    found, here = {}, False
+    for line in lines:
+        if line.startswith("["):
+            here = line == f"[HKEY_CURRENT_USER\\{key}]"
+        elif here and "=" in line:
+            name, value = line.split("=", 1)
+            if value.startswith('"'):
+                value = re.sub(r"\\(.)", r"\1", value[1:-1])
+            found[name.strip('"')] = value
+    return found
+
+
+def state():
+    """All that an installer could leave behind: paths, and keys of the registry."""
+    keys = {line for root in ("HKCU", MACHINE) for line in registry(root) if line.startswith("[")}
+    paths = {path.relative_to(PREFIX).as_posix() for path in (PREFIX / "drive_c").rglob("*")
+             if "/temp/" not in str(path).lower()}
+    return paths, keys
+
+
+class InstallerTest(unittest.TestCase):
+
+    @classmethod
+    def setUpClass(cls):
+        # Made anew only where an earlier test has left something.
+        if any("vorstek" in name.lower() for names in state() for name in names):
+            shutil.rmtree(PREFIX)
+            wine("cmd", "/c", "exit")
+        cls.user = next(path for path in (PREFIX / "drive_c/users").iterdir()
+                        if path.name != "Public")
+        cls.folder = cls.user / "AppData/Local/Programs/Vorstek"
+        cls.shortcut = (cls.user / "AppData/Roaming/Microsoft/Windows/Start Menu/Programs"
+                        / "Vorstek.lnk")
+        with zipfile.ZipFile(package("vorstek-VERSION-windows-x64.zip")) as archive:
+            cls.files = {entry.filename.split("/", 1)[1]: archive.read(entry)
+                         for entry in archive.infolist() if not entry.is_dir()}
+        # What Wine itself keeps of the first use of its parts is no trace.
+        cls.install("/LISTINGS")
+        cls.start_program().communicate(timeout=PATIENCE)
+        cls.uninstall()
+        cls.before = state()
+
+    @classmethod
+    def install(cls, *options, code=0):
+        done = wine(package("vorstek-VERSION-setup.exe"), "/S", *options)
+        assert done.returncode == code, done
+
+    @classmethod
+    def uninstall(cls, folder=None, left=()):
+        """The uninstaller goes on in a copy of itself; so wait for its end. left
+        is what stays in the folder."""
+        folder = folder or cls.folder
+        wine(folder / "Uninstall.exe", "/S")
+        if left:
+            wait_for(lambda: {path.name for path in folder.iterdir()} == set(left))
+        else:
+            wait_for(lambda: not folder.exists())
+        wait_for(lambda: not values(registry("HKCU"), KEY))
+
+    def assert_nothing_left(self, *exceptions):
+        paths, keys = state()
+        self.assertEqual(sorted(paths - self.before[0]), sorted(exceptions))
+        self.assertEqual(sorted(keys - self.before[1]), [])
+        self.assertEqual(self.before[0] - paths, set())
+        for name in keys | paths - set(exceptions):
+            self.assertNotIn("vorstek", name.lower())
+            self.assertNotIn("SystemFileAssociations\\.txt", name)
+
+    def installed(self, folder=None):
+        """What is installed, without the uninstaller."""
+        held = files(folder or self.folder)
+        self.assertEqual(held.pop("Uninstall.exe")[:2], b"MZ")
+        return held
+
+    @classmethod
+    def start_program(cls, mark=None):
+        arguments = [package_case.ARGUMENTS[1], windows_name(cls.shortcut)]
+        return subprocess.Popen([ROOT / "scripts" / "wine-run", *arguments, *([mark] if mark else [])],
+                                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, text=True)
+
+    def test_it_installs_a_program_that_starts_with_its_help_and_goes_without_a_trace(self):
+        self.install()
+
+        self.assertEqual(self.installed(), self.files)
+        name = windows_name(self.folder)
+        lines = registry("HKCU")
+        key = values(lines, KEY)
+        self.assertEqual(key["DisplayName"], "Vorstek")
+        self.assertEqual(key["DisplayVersion"], version())
+        self.assertEqual(key["InstallLocation"], name)
+        self.assertEqual(key["DisplayIcon"], name + "\\Vorstek.exe")
+        self.assertEqual(key["UninstallString"], f'"{name}\\Uninstall.exe"')
+        self.assertEqual(key["QuietUninstallString"], f'"{name}\\Uninstall.exe" /S')
+        size = sum(map(len, self.files.values())) / 1024
+        self.assertTrue(size <= int(key["EstimatedSize"].removeprefix("dword:"), 16) <= size + 200)
+        self.assertFalse(any("Vorstek.Run" in line for line in lines))
+        self.assertFalse(any("Vorstek" in line for line in registry(MACHINE)))
+
+        started = self.start_program()
+        out, _ = started.communicate(timeout=PATIENCE)
+        self.assertEqual(out.splitlines(), [
+            f"target: {name}\\Vorstek.exe", f"folder: {name}", "window: Vorstek",
+            "help: found", "exit code: 0"])
+        self.assertEqual(started.returncode, 0)
+
+        self.uninstall()
+        self.assert_nothing_left()
+
+    def test_entries_for_listings_come_when_chosen_stay_with_an_update_and_go(self):
+        self.install("/LISTINGS")
+        cli = windows_name(self.folder / "vorstek-cli.exe")
+        for again in (False, True):
+            if again:
+                self.install()
+            lines = registry("HKCU")
+            for verb, command in (("Run", "run"), ("Check", "check")):
+                self.assertEqual(values(lines, VERBS + verb)["@"], f"{verb} as Vorstek program")
+                self.assertEqual(
+                    values(lines, VERBS + verb + "\\command")["@"],
+                    f'"C:\\windows\\system32\\cmd.exe" /k ""{cli}" {command} "%1""')
+        self.uninstall()
+        self.assert_nothing_left()
+
+    def test_another_folder_and_what_an_older_version_had(self):
+        folder = PREFIX / "drive_c" / "Tools" / "Calculator"
+        self.install("/D=" + windows_name(folder))
+        self.assertEqual(self.installed(folder), self.files)
+        # An update goes where the program is.
+        (folder / "examples/base.txt").unlink()
+        self.install()
+        self.assertEqual(self.installed(folder), self.files)
+        self.assertFalse(self.folder.exists())
+        self.uninstall(folder)
+        folder.parent.rmdir()
+        self.assert_nothing_left()
+
+    def test_what_the_user_has_made_stays(self):
+        self.install()
+        mine = self.folder / "examples" / "mine.txt"
+        trace = self.folder / "tracelog.txt"
+        mine.write_text("LBL 1\n")
+        trace.write_text("01 LBL 1\n")
+        self.uninstall(left=("examples", "tracelog.txt"))
+        self.assertEqual(files(self.folder), {"examples/mine.txt": b"LBL 1\n",
+                                              "tracelog.txt": b"01 LBL 1\n"})
+        self.assert_nothing_left(*(path.relative_to(PREFIX).as_posix() for path in (
+            self.folder.parent, self.folder, mine.parent, mine, trace)))
+        shutil.rmtree(self.folder.parent)
+
+    def test_a_program_at_work_is_neither_replaced_nor_removed(self):
+        self.install()
+        with tempfile.NamedTemporaryFile() as mark:
+            started = self.start_program(f"Z:{mark.name}")
+            for line in started.stdout:
+                if line.startswith("window: "):
+                    break
+            self.install(code=2)
+            done = wine(self.folder / "Uninstall.exe", "/S", "_?=" + windows_name(self.folder))
+            self.assertEqual(done.returncode, 2)
+            self.assertEqual(self.installed(), self.files)
+        started.communicate(timeout=PATIENCE)
+        self.assertEqual(started.returncode, 0)
+        self.uninstall()
+        self.assert_nothing_left()
+
+
+if __name__ == "__main__":
+    package_case.main(2)
