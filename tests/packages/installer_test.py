@@ -17,6 +17,7 @@ from package_case import ROOT, files, package, version, wine
 PREFIX = ROOT / "build" / os.environ["WINE_FOLDER"]
 KEY = r"Software\Microsoft\Windows\CurrentVersion\Uninstall\Vorstek"
 MACHINE = r"HKLM\Software\Microsoft\Windows\CurrentVersion"
+WINE_KEYS = r"[HKEY_CURRENT_USER\Software\Wine"
 VERBS = r"Software\Classes\SystemFileAssociations\.txt\shell\Vorstek."
 PATIENCE = 120      # seconds, on a very busy computer
 
@@ -57,8 +58,10 @@ def values(lines, key):
 
 
 def state():
-    """All that an installer could leave behind: paths, and keys of the registry."""
-    keys = {line for root in ("HKCU", MACHINE) for line in registry(root) if line.startswith("[")}
+    """All that an installer could leave behind: paths, and keys of the registry
+    but for those in which Wine notes its own affairs."""
+    keys = {line for root in ("HKCU", MACHINE) for line in registry(root)
+            if line.startswith("[") and not line.startswith(WINE_KEYS)}
     paths = {path.relative_to(PREFIX).as_posix() for path in (PREFIX / "drive_c").rglob("*")
              if "/temp/" not in str(path).lower()}
     return paths, keys
@@ -70,6 +73,9 @@ class InstallerTest(unittest.TestCase):
     def setUpClass(cls):
         # Made anew only where an earlier test has left something.
         if any("vorstek" in name.lower() for names in state() for name in names):
+            for option in ("-k", "-w"):     # ends what still runs there
+                subprocess.run(["wineserver", option], env={**os.environ, "WINEPREFIX": PREFIX},
+                               timeout=PATIENCE, check=False)
             shutil.rmtree(PREFIX)
             wine("cmd", "/c", "exit")
         cls.user = next(path for path in (PREFIX / "drive_c/users").iterdir()
