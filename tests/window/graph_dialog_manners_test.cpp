@@ -27,8 +27,9 @@ TEST_CASE("a hundred openings of each dialog leave nothing behind")
     cCalculator  Calculator;
     cGraphWindow Graph(&Calculator);
     Graph.Open("two.txt", "1 , 10\n2 , 20\n3 , 30\n");
-    for (const unsigned nCommand : {IDM_REFORMAT_PLOT, IDM_REFORMAT_LINE, IDM_EDIT_DATA_SET,
-                                    IDM_DELETE_LINE, IDM_ENTER_Y, IDM_ENTER_XY, IDM_GRAPH_ABOUT})
+    for (const unsigned nCommand :
+         {IDM_REFORMAT_PLOT, IDM_REFORMAT_LINE, IDM_EDIT_DATA_SET, IDM_DELETE_LINE, IDM_ENTER_Y,
+          IDM_ENTER_XY, IDM_GRAPH_ABOUT, IDM_CREATE_BMP, IDM_CREATE_GIF})
     {
         CAPTURE(nCommand);
         const auto OpenOften = [&](int nTimes) {
