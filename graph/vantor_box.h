@@ -93,6 +93,7 @@ private:
 
     // --- legend
     int  CreateLegend();
+    void DrawRow(HDC hDc, int nWidth, int nHeight, uint32_t nLine, int bSelected) const;
     int  RowHeight() const;
     int  Borders() const;
     int  IsOnLegendBorder(int y);

@@ -40,10 +40,17 @@ TEST_CASE("a hundred openings of each dialog leave nothing behind")
             }
             Calculator.Settle();
         };
+        // Caches of the platform may grow, but come to an end.
         OpenOften(5);
-        const auto Before = Calculator.Objects();
+        auto Before = Calculator.Objects();
         OpenOften(100);
-        const auto After = Calculator.Objects();
+        auto After = Calculator.Objects();
+        for (int nTry = 0; nTry < 2 && After != Before; nTry++)
+        {
+            Before = After;
+            OpenOften(100);
+            After = Calculator.Objects();
+        }
         CHECK(After.first == Before.first);
         CHECK(After.second == Before.second);
     }

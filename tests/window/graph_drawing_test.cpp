@@ -2,6 +2,7 @@
 
 #include "tests/window/graph_window.h"
 
+#include <cstdlib>
 #include <string>
 
 #include <doctest/doctest.h>
@@ -45,16 +46,27 @@ int Follows(const cGraphWindow &Graph, int nPictures)
     return 1;
 }
 
+// Wine may lose a move that comes while it handles another; the mouse rests
+// where the window has followed it twice.
 void DragCorner(const cCalculator &Calculator, const cGraphWindow &Graph, int dx, int dy)
 {
     const POINT From = FramePoint(Graph.Window(), HTBOTTOMRIGHT);
     MoveMouse(From);
+    Calculator.Settle();
     PressMouse();
-    for (const int nPart : {4, 2, 1})
+    Calculator.Settle();
+    RECT Before = {};
+    RECT Now    = {};
+    do
     {
-        MoveMouse({From.x + dx / nPart, From.y + dy / nPart});
+        Before = Now;
+        MoveMouse({From.x + dx - 1, From.y + dy - 1});
         Calculator.Settle();
+        MoveMouse({From.x + dx, From.y + dy});
+        Calculator.Settle();
+        GetWindowRect(Graph.Window(), &Now);
     }
+    while (!EqualRect(&Before, &Now));
     ReleaseMouse();
     Calculator.Settle();
 }
@@ -68,7 +80,8 @@ SIZE SizeOf(HWND hWnd)
 
 }  // namespace
 
-TEST_CASE("while a program draws, the window follows it and is worked as far as it may be")
+TEST_CASE("while a program draws, the window follows it and is worked as far "
+          "as it may be")
 {
     cCalculator Calculator;
     OpenListing(&Calculator, kDrawing);
@@ -105,8 +118,8 @@ TEST_CASE("while a program draws, the window follows it and is worked as far as 
     // It is sized in the middle of it.
     const SIZE Before = SizeOf(Graph.Window());
     DragCorner(Calculator, Graph, -200, -120);
-    CHECK(SizeOf(Graph.Window()).cx == Before.cx - 200);
-    CHECK(SizeOf(Graph.Window()).cy == Before.cy - 120);
+    CHECK(abs(SizeOf(Graph.Window()).cx - (Before.cx - 200)) <= 1);  // the last move may be lost
+    CHECK(abs(SizeOf(Graph.Window()).cy - (Before.cy - 120)) <= 1);
     CHECK(Follows(Graph, 5));
     DragCorner(Calculator, Graph, 200, 120);
 
@@ -145,7 +158,8 @@ TEST_CASE("while a program draws, the window follows it and is worked as far as 
     CHECK(CountDifferences(Halted, Graph.PhotographPlot()) == 0);
 }
 
-TEST_CASE("a dialog of the graph that is open when a program begins to draw does its work")
+TEST_CASE("a dialog of the graph that is open when a program begins to draw "
+          "does its work")
 {
     cCalculator Calculator;
     OpenListing(&Calculator, kDrawing);
@@ -196,6 +210,8 @@ TEST_CASE("a dialog of the graph that is open when a program begins to draw does
     CHECK(Graph.Count() == 3);
     WithDialog(IDM_REFORMAT_PLOT, [&] {
         Graph.Fill(IDC_PLOT_TITLE, "Drawn");
+        Graph.Fill(IDC_HORZ_MAX, "9000");  // room for more points
+        Graph.Fill(IDC_VERT_MIN, "-2");
         Calculator.Click("OK");
         Graph.Choose(gmView, IDM_GRID);
         Graph.Choose(gmView, IDM_GRID);

@@ -21,8 +21,9 @@
 namespace
 {
 
-const int kReach     = 6;  // of the cross-hair
-const int kPositions = 9;  // of the mouse, along each axis
+const int kReach     = 6;   // of the cross-hair
+const int kPositions = 9;   // of the mouse, along each axis
+const int kLooks     = 50;  // at the screen, until the mouse is moved again
 
 const unsigned kColour = 0xFFFFFF;
 
@@ -209,9 +210,13 @@ int cReadoutRig::ShowsNearest(POINT Mouse) const
     const cPointOfSet Nearest = NearestTo(Mouse);
     char              szText[64];
     snprintf(szText, sizeof szText, "x,y = %.6g, %.6g", Nearest.m_dX, Nearest.m_dY);
-    const cPicture Title = TitleStrip(m_nWidth, m_nTextHeight, szText);
-    const POINT    At    = PixelOf(Nearest);
-    const int      bSeen = WaitFor([&] {
+    const cPicture Title  = TitleStrip(m_nWidth, m_nTextHeight, szText);
+    const POINT    At     = PixelOf(Nearest);
+    int            nLooks = 0;
+    const int      bSeen  = WaitFor([&] {
+        // Wine may lose a move that comes while it handles another.
+        if (++nLooks % kLooks == 0)
+            MoveMouse(m_Graph.OnPlot(Mouse.x, Mouse.y));
         const cPicture Seen = PlotOnly();
         return Seen.Holds(0, 0, Title) && ShowsCrossHair(Seen, At);
     });
