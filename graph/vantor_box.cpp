@@ -349,33 +349,45 @@ static void DrawSample(const cVantorDataSet &Set, const cRect &Place, cPlotCanva
 
 // A label for which the list is too narrow ends in dots: a scroll bar would take
 // the place of the rows.
-void cVantorBox::DrawLegendLabel(const DRAWITEMSTRUCT &Item, const char *szLabel) const
+void cVantorBox::DrawLegendLabel(HDC hDc, const RECT &Row, const char *szLabel, int bSelected) const
 {
-    const int          bSelected = (Item.itemState & ODS_SELECTED) != 0;
-    const cSelectGuard Selected(Item.hDC, Font());
-    RECT               Room = Item.rcItem;
+    const cSelectGuard Selected(hDc, Font());
+    RECT               Room = Row;
     Room.left += kLabelLeft;
     Room.top += kRowSpace / 2;
-    SetTextColor(Item.hDC, GetSysColor(bSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
-    SetBkMode(Item.hDC, TRANSPARENT);
-    DrawTextA(Item.hDC, szLabel, -1, &Room, DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+    SetTextColor(hDc, GetSysColor(bSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+    SetBkMode(hDc, TRANSPARENT);
+    DrawTextA(hDc, szLabel, -1, &Room, DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
-// The sample keeps the plot's background when its row is selected.
+// The row of data line nLine, from (0, 0) on. The sample keeps the plot's
+// background when its row is selected.
+void cVantorBox::DrawRow(HDC hDc, int nWidth, int nHeight, uint32_t nLine, int bSelected) const
+{
+    const RECT Row = {0, 0, nWidth, nHeight};
+    FillRect(hDc, &Row, GetSysColorBrush(bSelected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+    const cVantorDataSet *const pSet = DataSet(nLine);
+    if (!pSet)
+        return;
+    cGdiCanvas Canvas(hDc, Font());
+    Canvas.FillBox({0, 0, kSampleRight + kSampleSpace, nHeight}, Settings().m_crBackground);
+    DrawSample(*pSet, {kSampleSpace, 0, kSampleRight, nHeight}, &Canvas);
+    DrawLegendLabel(hDc, Row, pSet->m_pszLabel.get(), bSelected);
+}
+
+// By way of a bitmap: while a program draws, the rows are painted many times a
+// second, and must not be seen empty.
 LRESULT cVantorBox::OnDrawItem(WPARAM, LPARAM lParam)
 {
-    const auto &Item      = *reinterpret_cast<const DRAWITEMSTRUCT *>(lParam);
-    const int   bSelected = (Item.itemState & ODS_SELECTED) != 0;
-    FillRect(Item.hDC, &Item.rcItem, GetSysColorBrush(bSelected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
-    if (Item.itemID >= Count())
-        return TRUE;
-    const cVantorDataSet &Set    = *DataSet(Item.itemID + 1);
-    const int             nTop   = Item.rcItem.top;
-    const cRect           Sample = {0, nTop, kSampleRight + kSampleSpace, Item.rcItem.bottom};
-    cGdiCanvas            Canvas(Item.hDC, Font());
-    Canvas.FillBox(Sample, Settings().m_crBackground);
-    DrawSample(Set, {kSampleSpace, nTop, kSampleRight, Item.rcItem.bottom}, &Canvas);
-    DrawLegendLabel(Item, Set.m_pszLabel.get());
+    const auto        &Item    = *reinterpret_cast<const DRAWITEMSTRUCT *>(lParam);
+    const int          nWidth  = Item.rcItem.right - Item.rcItem.left;
+    const int          nHeight = Item.rcItem.bottom - Item.rcItem.top;
+    const cMemoryDc    Memory(Item.hDC);
+    const cGdiBitmap   Bitmap(CreateCompatibleBitmap(Item.hDC, nWidth, nHeight));
+    const cSelectGuard Selected(Memory.Get(), Bitmap.Get());
+    DrawRow(Memory.Get(), nWidth, nHeight, Item.itemID + 1, (Item.itemState & ODS_SELECTED) != 0);
+    BitBlt(Item.hDC, Item.rcItem.left, Item.rcItem.top, nWidth, nHeight, Memory.Get(), 0, 0,
+           SRCCOPY);
     return TRUE;
 }
 

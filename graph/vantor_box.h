@@ -90,7 +90,6 @@ private:
     LRESULT OnContextMenu(WPARAM wParam, LPARAM lParam);
     LRESULT OnCommand(WPARAM wParam, LPARAM lParam);
     LRESULT OnDrawItem(WPARAM wParam, LPARAM lParam);
-    void    DrawLegendLabel(const DRAWITEMSTRUCT &Item, const char *szLabel) const;
 
     // --- painting
     void        MakeFont(const cVantorBoxSettings &Settings);
@@ -101,6 +100,8 @@ private:
 
     // --- legend
     int  CreateLegend();
+    void DrawRow(HDC hDc, int nWidth, int nHeight, uint32_t nLine, int bSelected) const;
+    void DrawLegendLabel(HDC hDc, const RECT &Row, const char *szLabel, int bSelected) const;
     int  RowHeight() const;
     int  Borders() const;
     int  IsOnLegendBorder(int y);

@@ -325,15 +325,15 @@ void cVorstek::CreateFonts()
         ShowProgramError(kCodeFonts);
 }
 
-// The graph comes up beside the calculator where there is room for it.
+// The graph comes up beside the calculator. On a narrow screen it lies over it,
+// but as far to the right as it can, so that some keys are still seen.
 int cVorstek::CreateGraph()
 {
     RECT Window = {};
     GetWindowRect(m_hWnd, &Window);
-    const int bFits = Window.right > 0 && Window.top >= 0 &&
-                      Window.right + kGraphWidth <= GetSystemMetrics(SM_CXSCREEN);
-    const int nX = bFits ? Window.right : 0;
-    const int nY = bFits ? std::max<int>(Window.top, 1) : 0;  // 0: where the platform likes
+    const int nRoom = std::max(GetSystemMetrics(SM_CXSCREEN) - kGraphWidth, 0);
+    const int nX    = std::clamp<int>(Window.right, 0, nRoom);
+    const int nY    = nX > 0 ? std::max<int>(Window.top, 1) : 0;  // 0: where the platform likes
 
     const cVantorBoxSettings Settings;
     if (!m_Graph.Create(Settings, nX, nY, kGraphWidth, kGraphHeight, 1))

@@ -27,8 +27,9 @@ TEST_CASE("a hundred openings of each dialog leave nothing behind")
     cCalculator  Calculator;
     cGraphWindow Graph(&Calculator);
     Graph.Open("two.txt", "1 , 10\n2 , 20\n3 , 30\n");
-    for (const unsigned nCommand : {IDM_REFORMAT_PLOT, IDM_REFORMAT_LINE, IDM_EDIT_DATA_SET,
-                                    IDM_DELETE_LINE, IDM_ENTER_Y, IDM_ENTER_XY, IDM_GRAPH_ABOUT})
+    for (const unsigned nCommand :
+         {IDM_REFORMAT_PLOT, IDM_REFORMAT_LINE, IDM_EDIT_DATA_SET, IDM_DELETE_LINE, IDM_ENTER_Y,
+          IDM_ENTER_XY, IDM_GRAPH_ABOUT, IDM_CREATE_BMP, IDM_CREATE_GIF})
     {
         CAPTURE(nCommand);
         const auto OpenOften = [&](int nTimes) {
@@ -39,10 +40,17 @@ TEST_CASE("a hundred openings of each dialog leave nothing behind")
             }
             Calculator.Settle();
         };
+        // Caches of the platform may grow, but come to an end.
         OpenOften(5);
-        const auto Before = Calculator.Objects();
+        auto Before = Calculator.Objects();
         OpenOften(100);
-        const auto After = Calculator.Objects();
+        auto After = Calculator.Objects();
+        for (int nTry = 0; nTry < 2 && After != Before; nTry++)
+        {
+            Before = After;
+            OpenOften(100);
+            After = Calculator.Objects();
+        }
         CHECK(After.first == Before.first);
         CHECK(After.second == Before.second);
     }

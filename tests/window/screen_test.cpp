@@ -5,7 +5,9 @@
 
 #include <doctest/doctest.h>
 
+#include "tests/window/graph_window.h"
 #include "tests/window/input.h"
+#include "tests/window/waiting.h"
 
 namespace
 {
@@ -92,6 +94,50 @@ TEST_CASE("on a screen of 600 rows the window keeps its height and the face is s
     CHECK(DraggedSmall(Calculator) == std::pair<int, int>(318, 570));
     CheckSum(Calculator);
     Calculator.PhotographScreen().Save("screen-600-least");
+}
+
+TEST_CASE("on a screen of 600 rows the graph and its dialogs are seen whole" *
+          doctest::test_suite("800x600") * doctest::skip(IsScreenOther(800, 600)))
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    const auto   IsOnScreen = [](HWND hWnd) {
+        RECT Rect = {};
+        GetWindowRect(hWnd, &Rect);
+        return Rect.left >= 0 && Rect.top >= 0 && Rect.right <= 800 && Rect.bottom <= 600;
+    };
+    Graph.Open("bend.txt", "ExplicitX\nTitle \"Bend\"\n0,1\n1,4\n2,2\n");
+    CHECK(IsOnScreen(Graph.Window()));
+    RECT Place = {};
+    GetWindowRect(Graph.Window(), &Place);
+    CHECK(Place.left == 160);
+    CHECK(SizeOf(Graph.Window()).cx == 640);
+    CHECK(SizeOf(Graph.Window()).cy == 480);
+    Graph.Photograph();
+    Calculator.PhotographScreen().Save("screen-600-graph");
+
+    for (const unsigned nId :
+         {IDM_REFORMAT_PLOT, IDM_REFORMAT_LINE, IDM_EDIT_DATA_SET, IDM_DELETE_LINE, IDM_ENTER_Y,
+          IDM_ENTER_XY, IDM_CREATE_BMP, IDM_CREATE_GIF, IDM_GRAPH_ABOUT})
+    {
+        CAPTURE(nId);
+        PostMessageA(Graph.Window(), WM_COMMAND, nId, 0);
+        REQUIRE(Calculator.Dialog());
+        CHECK(IsOnScreen(Calculator.Dialog()));
+        Graph.Escape();
+    }
+
+    // The whole screen, and back.
+    PostMessageA(Graph.Window(), WM_SYSCOMMAND, SC_MAXIMIZE, 0);
+    CHECK(WaitFor([&] { return SizeOf(Graph.Window()).cx >= 800; }));
+    Graph.Photograph();
+    Calculator.PhotographScreen().Save("screen-600-graph-whole");
+    PostMessageA(Graph.Window(), WM_SYSCOMMAND, SC_RESTORE, 0);
+    CHECK(WaitFor([&] { return SizeOf(Graph.Window()).cx == 640; }));
+
+    // The calculator behind it comes to the front and goes on.
+    Graph.Choose(gmFile, IDM_GRAPH_EXIT);
+    CheckSum(Calculator);
 }
 
 TEST_CASE("on a screen of 767 rows the face is shifted" * doctest::test_suite("1024x767") *
