@@ -141,11 +141,12 @@ private:
     HANDLE m_hFile;
 };
 
-// 1 if the file is complete and closed.
+// 1 if the file is complete and closed. Not every library's fclose tells that
+// the last bytes found no room.
 int WriteGif(const cReducedImage &Reduced, FILE *pFile)
 {
     cFileSink Sink(pFile);
-    const int bWritten = WriteGifFile(&Sink, Reduced.Dib(), "") == grWritten;
+    const int bWritten = WriteGifFile(&Sink, Reduced.Dib(), "") == grWritten && fflush(pFile) == 0;
     return fclose(pFile) == 0 && bWritten;
 }
 

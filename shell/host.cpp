@@ -8,6 +8,7 @@
 #include "graph/vantor_data_set.h"
 #include "resources/resource.h"
 #include "shell/face_geometry.h"
+#include "shell/sounds.h"
 #include "toolkit/file_dialogs.h"
 #include "toolkit/gdi.h"
 
@@ -25,7 +26,7 @@ static const RECT kBlankField = {44, 40, 260, 92};
 
 void cVorstek::StartSound(unsigned nId)
 {
-    PlaySoundA(MAKEINTRESOURCEA(nId), ProgramInstance(), SND_RESOURCE | SND_ASYNC | SND_NODEFAULT);
+    PlayProgramSound(nId);
 }
 
 // A font that could not be had is left to the platform.

@@ -4,14 +4,14 @@
 
 #include "engine/vorstek_engine.h"
 #include "resources/resource.h"
+#include "shell/sounds.h"
 #include "toolkit/center_window.h"
 
 static const UINT kWelcomeTime = 2000;  // milliseconds
 
 static void AllowOk(HWND hDialog)
 {
-    PlaySoundA(MAKEINTRESOURCEA(kSoundStackView), ProgramInstance(),
-               SND_RESOURCE | SND_ASYNC | SND_NODEFAULT);
+    PlayProgramSound(kSoundStackView);  // the chime, too
     KillTimer(hDialog, IDT_WELCOME);
     EnableWindow(GetDlgItem(hDialog, IDOK), TRUE);
 }

@@ -63,7 +63,8 @@ int cDbgFile::Close()
 {
     if (m_pFile)
     {
-        if (ferror(m_pFile))
+        // Not every library's fclose tells that the last bytes found no room.
+        if (fflush(m_pFile) != 0 || ferror(m_pFile))
             m_bComplete = 0;
         if (fclose(m_pFile) != 0)
             m_bComplete = 0;

@@ -1,27 +1,30 @@
 #include "toolkit/page_setup.h"
 
+#include "toolkit/modal_guard.h"
+
 namespace
 {
 
-// What the platform says of the default printer, with the orientation as
-// asked for. Null without a printer; else the caller frees it.
-HGLOBAL DefaultPrinterMode(int bLandscape)
+// Lets the dialog begin with what the platform says of the default printer, and
+// with the orientation that is asked for. The mode counts only together with
+// the printer's name. Without a printer both stay null; else the caller frees
+// them.
+void BeginWithDefaultPrinter(int bLandscape, PAGESETUPDLGA *pDialog)
 {
     PAGESETUPDLGA Default = {};
     Default.lStructSize   = sizeof Default;
     Default.Flags         = PSD_RETURNDEFAULT | PSD_NOWARNING;
     if (!PageSetupDlgA(&Default))
-        return nullptr;
-    GlobalFree(Default.hDevNames);
+        return;
+    pDialog->hDevMode  = Default.hDevMode;
+    pDialog->hDevNames = Default.hDevNames;
 
     auto *const pMode = static_cast<DEVMODEA *>(GlobalLock(Default.hDevMode));
-    if (pMode)
-    {
-        pMode->dmFields |= DM_ORIENTATION;
-        pMode->dmOrientation = bLandscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
-        GlobalUnlock(Default.hDevMode);
-    }
-    return Default.hDevMode;
+    if (!pMode)
+        return;
+    pMode->dmFields |= DM_ORIENTATION;
+    pMode->dmOrientation = bLandscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
+    GlobalUnlock(Default.hDevMode);
 }
 
 void ReadOrientation(HGLOBAL hMode, int *pbLandscape)
@@ -50,12 +53,13 @@ int AskPageSetup(cPageMargins *pMargins, int *pbLandscape)
     PAGESETUPDLGA Dialog = {};
     Dialog.lStructSize   = sizeof Dialog;
     Dialog.hwndOwner     = GetForegroundWindow();
-    Dialog.hDevMode      = DefaultPrinterMode(*pbLandscape);
     Dialog.Flags         = PSD_MARGINS;
     Dialog.Flags |= bMetric ? PSD_INHUNDREDTHSOFMILLIMETERS : PSD_INTHOUSANDTHSOFINCHES;
+    BeginWithDefaultPrinter(*pbLandscape, &Dialog);
     Dialog.rtMargin = {Shown.m_nLeft, Shown.m_nTop, Shown.m_nRight, Shown.m_nBottom};
 
-    const int bDone = PageSetupDlgA(&Dialog) ? 1 : 0;
+    const cModalGuard Others(Dialog.hwndOwner);
+    const int         bDone = PageSetupDlgA(&Dialog) ? 1 : 0;
     if (bDone)
     {
         const cPageMargins Read = {Dialog.rtMargin.left, Dialog.rtMargin.top, Dialog.rtMargin.right,

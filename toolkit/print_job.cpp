@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+static const cPageCalls kPlatformCalls = {&StartDocA, &StartPage, &EndPage, &EndDoc};
+
 cPrintJob *cPrintJob::s_pCurrent = nullptr;
 
 cPrinter::~cPrinter()
@@ -10,18 +12,19 @@ cPrinter::~cPrinter()
         DeleteDC(m_hDc);
 }
 
-int cPrinter::Ask(HWND hOwner)
+int cPrinter::Ask(HWND hOwner, ePages nPages)
 {
     PRINTDLGA Dialog   = {};
     Dialog.lStructSize = sizeof Dialog;
     Dialog.hwndOwner   = hOwner;
     Dialog.Flags       = PD_RETURNDC | PD_ALLPAGES | PD_NOSELECTION | PD_HIDEPRINTTOFILE;
-    Dialog.nCopies     = 1;
-    Dialog.nFromPage   = 1;
-    Dialog.nToPage     = 1;
-    Dialog.nMinPage    = 1;
-    Dialog.nMaxPage    = 0xFFFF;
-    const int bDone    = PrintDlgA(&Dialog) ? 1 : 0;
+    Dialog.Flags |= nPages == pgOnePage ? PD_NOPAGENUMS : 0;
+    Dialog.nCopies   = 1;
+    Dialog.nFromPage = 1;
+    Dialog.nToPage   = 1;
+    Dialog.nMinPage  = 1;
+    Dialog.nMaxPage  = 0xFFFF;
+    const int bDone  = PrintDlgA(&Dialog) ? 1 : 0;
     GlobalFree(Dialog.hDevMode);
     GlobalFree(Dialog.hDevNames);
 
@@ -48,7 +51,10 @@ cPaper PaperOf(HDC hDc)
             nHeight - nTop - GetDeviceCaps(hDc, VERTRES)};
 }
 
-cPrintJob::cPrintJob(HDC hDc, HWND hOwner) : m_hDc(hDc), m_hOwner(hOwner), m_pFormer(s_pCurrent)
+cPrintJob::cPrintJob(HDC hDc, HWND hOwner) : cPrintJob(hDc, hOwner, kPlatformCalls) {}
+
+cPrintJob::cPrintJob(HDC hDc, HWND hOwner, const cPageCalls &Calls)
+    : m_hDc(hDc), m_hOwner(hOwner), m_Others(hOwner), m_Calls(Calls), m_pFormer(s_pCurrent)
 {
     s_pCurrent = this;
     EnableWindow(hOwner, FALSE);
@@ -63,6 +69,17 @@ cPrintJob::~cPrintJob()
     s_pCurrent = m_pFormer;
 }
 
+int cPrintJob::Send(const char *szDocument, int nSheets,
+                    const std::function<int(int nSheet)> &DrawSheet)
+{
+    if (!Begin(szDocument))
+        return 0;
+    for (int i = 0; i < nSheets; i++)
+        if (!SendSheet(i, DrawSheet))
+            return 0;
+    return m_Calls.m_pfnEndDoc(m_hDc) > 0;
+}
+
 int cPrintJob::Begin(const char *szDocument)
 {
     m_Dialog.Open(m_hOwner, szDocument);
@@ -71,22 +88,13 @@ int cPrintJob::Begin(const char *szDocument)
     DOCINFOA Document    = {};
     Document.cbSize      = sizeof Document;
     Document.lpszDocName = szDocument;
-    return StartDocA(m_hDc, &Document) > 0;
+    return m_Calls.m_pfnStartDoc(m_hDc, &Document) > 0;
 }
 
-int cPrintJob::BeginPage()
+int cPrintJob::SendSheet(int nSheet, const std::function<int(int nSheet)> &DrawSheet)
 {
-    return GoesOn() && StartPage(m_hDc) > 0;
-}
-
-int cPrintJob::EndPage()
-{
-    return ::EndPage(m_hDc) > 0 && GoesOn();
-}
-
-int cPrintJob::End()
-{
-    return EndDoc(m_hDc) > 0;
+    return GoesOn() && m_Calls.m_pfnStartPage(m_hDc) > 0 && DrawSheet(nSheet) &&
+           m_Calls.m_pfnEndPage(m_hDc) > 0 && GoesOn();
 }
 
 // Ends the document if the user has cancelled.
@@ -94,7 +102,7 @@ int cPrintJob::GoesOn()
 {
     if (m_Dialog.PumpMessages())
         return 1;
-    EndDoc(m_hDc);
+    m_Calls.m_pfnEndDoc(m_hDc);
     return 0;
 }
 

@@ -25,6 +25,11 @@ cPaper TurnPaper(const cPaper &Paper)
             Paper.m_nEdgeLeft};
 }
 
+int PrintableWidth(const cPaper &Paper)
+{
+    return Paper.m_nWidth - Paper.m_nEdgeLeft - Paper.m_nEdgeRight;
+}
+
 cTextBand PlanTextBand(const cPaper &Paper, const cPageMargins &Margins)
 {
     const int nTop    = WiderOf(Margins.m_nTop, Paper.m_nDpiDown, Paper.m_nEdgeTop);

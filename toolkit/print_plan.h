@@ -25,6 +25,13 @@ struct cPaper
 // its right edge becomes the reader's top, its upper edge the reader's left.
 cPaper TurnPaper(const cPaper &Paper);
 
+// Escapement and orientation of a font for that: a quarter to the right, in
+// tenths of a degree.
+const int kTurnedText = -900;
+
+// Of an upright sheet, in pixels: without its edges.
+int PrintableWidth(const cPaper &Paper);
+
 // The part of a sheet that holds text, in pixels from the reader's top left.
 struct cTextBand
 {

@@ -7,8 +7,7 @@
 #include "toolkit/print_job.h"
 #include "toolkit/retry_alloc.h"
 
-static const int    kQuarterTurn   = -900;  // tenths of a degree, clockwise
-static const size_t kLineEndLength = 2;     // "\r\n"
+static const size_t kLineEndLength = 2;  // "\r\n"
 
 cTextPages::cTextPages(HDC hDc, const cTextSource &Source, const cTextLook &Look,
                        const cPaper &Paper, const cPrintChoice &Choice)
@@ -57,8 +56,8 @@ HFONT cTextPages::MakeFont() const
     LogFont.lfHeight = PrinterFontHeight(m_Look.m_nPointSize, m_Paper.m_nDpiDown);
     if (m_Paper.m_bTurned)
     {
-        LogFont.lfEscapement  = kQuarterTurn;
-        LogFont.lfOrientation = kQuarterTurn;
+        LogFont.lfEscapement  = kTurnedText;
+        LogFont.lfOrientation = kTurnedText;
     }
     return CreateFontIndirectA(&LogFont);
 }
@@ -75,22 +74,15 @@ int PrintText(const cTextSource &Source, const cTextLook &Look, HWND hOwner, con
               cMessageBoxes *pBoxes)
 {
     cPrinter Printer;
-    if (!Printer.Ask(hOwner))
+    if (!Printer.Ask(hOwner, pgManyPages))
         return 0;
     cTextPages Pages(Printer.Dc(), Source, Look, PaperOf(Printer.Dc()), Printer.Choice());
     if (Pages.CountSheets() == 0 || !Pages.Prepare(pBoxes))
         return 0;
 
     cPrintJob Job(Printer.Dc(), hOwner);
-    if (!Job.Begin(szDocument))
-        return 0;
-    for (int i = 0; i < Pages.CountSheets(); i++)
-    {
-        if (!Job.BeginPage())
-            return 0;
-        Pages.DrawSheet(i);
-        if (!Job.EndPage())
-            return 0;
-    }
-    return Job.End();
+    return Job.Send(szDocument, Pages.CountSheets(), [&Pages](int nSheet) {
+        Pages.DrawSheet(nSheet);
+        return 1;
+    });
 }

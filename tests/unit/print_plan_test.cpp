@@ -77,6 +77,48 @@ TEST_CASE("a turned sheet has its right edge at the top and its upper edge at th
     CHECK(Turned.m_nEdgeBottom == 30);
 }
 
+TEST_CASE("a picture lies between the margins, from the first printable pixel of the sheet")
+{
+    const cSheetBox Box = PlanSheetBox(kLetter, {1000, 500, 2000, 250});
+
+    CHECK(Box.m_nLeft == 300 - 30);
+    CHECK(Box.m_nTop == 300 - 40);
+    CHECK(Box.m_nRight == 2550 - 600 - 30);
+    CHECK(Box.m_nBottom == 6600 - 150 - 40);
+}
+
+TEST_CASE("a picture without margins fills what can be printed")
+{
+    const cSheetBox Box = PlanSheetBox(kLetter, {0, 0, 0, 0});
+
+    CHECK(Box.m_nLeft == 0);
+    CHECK(Box.m_nTop == 0);
+    CHECK(Box.m_nRight == 2550 - 30 - 50);
+    CHECK(Box.m_nBottom == 6600 - 40 - 60);
+    CHECK(PrintableWidth(kLetter) == Box.m_nRight);
+}
+
+TEST_CASE("a picture on a turned sheet keeps the margins as its reader holds it")
+{
+    const cSheetBox Box = PlanSheetBox(TurnPaper(kLetter), {1000, 500, 2000, 250});
+
+    CHECK(Box.m_nLeft == 600 - 40);           // at 600 pixels per inch, from the upper edge
+    CHECK(Box.m_nTop == 150 - 50);            // at 300, from the right edge
+    CHECK(Box.m_nRight == 6600 - 1200 - 40);  // two inches above the lower edge
+    CHECK(Box.m_nBottom == 2550 - 75 - 50);
+}
+
+TEST_CASE("margins that leave nothing of the sheet give an empty box for a picture")
+{
+    const cSheetBox Narrow = PlanSheetBox(kLetter, {6000, 500, 6000, 500});
+    const cSheetBox Low    = PlanSheetBox(kLetter, {500, 6000, 500, 6000});
+
+    CHECK(Narrow.m_nRight == Narrow.m_nLeft);
+    CHECK(Narrow.m_nBottom > Narrow.m_nTop);
+    CHECK(Low.m_nBottom == Low.m_nTop);
+    CHECK(Low.m_nRight > Low.m_nLeft);
+}
+
 TEST_CASE("lines follow each other down an upright sheet, from its first printable pixel")
 {
     const cTextBand Band = PlanTextBand(kLetter, {1000, 500, 1000, 250});

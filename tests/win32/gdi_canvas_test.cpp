@@ -13,6 +13,7 @@
 #include "graph/plot_vertices.h"
 #include "tests/unit/recording_boxes.h"
 #include "tests/unit/recording_canvas.h"
+#include "tests/win32/drawn_sheet.h"
 #include "toolkit/gdi.h"
 
 namespace
@@ -21,39 +22,18 @@ namespace
 const COLORREF kRed  = RGB(255, 0, 0);
 const COLORREF kBlue = RGB(0, 0, 255);
 
-HBITMAP MakeBitmap(int nWidth, int nHeight)
+// A sheet that shows itself as text.
+struct cPaperRig : cDrawnSheet
 {
-    BITMAPINFO Info              = {};
-    Info.bmiHeader.biSize        = sizeof Info.bmiHeader;
-    Info.bmiHeader.biWidth       = nWidth;
-    Info.bmiHeader.biHeight      = -nHeight;
-    Info.bmiHeader.biPlanes      = 1;
-    Info.bmiHeader.biBitCount    = 32;
-    Info.bmiHeader.biCompression = BI_RGB;
-    void *pBits                  = nullptr;
-    return CreateDIBSection(nullptr, &Info, DIB_RGB_COLORS, &pBits, nullptr, 0);
-}
-
-// A white bitmap in memory that can be drawn on and looked at.
-struct cPaperRig
-{
-    cPaperRig(int nWidth, int nHeight)
-        : m_nWidth(nWidth), m_nHeight(nHeight), m_Bitmap(MakeBitmap(nWidth, nHeight)),
-          m_Dc(nullptr), m_Selected(m_Dc.Get(), m_Bitmap.Get())
-    {
-        REQUIRE(m_Bitmap.Get() != nullptr);
-        cGdiCanvas(m_Dc.Get(), nullptr).FillBox({0, 0, nWidth, nHeight}, RGB(255, 255, 255));
-    }
-
-    COLORREF Pixel(int nX, int nY) const { return GetPixel(m_Dc.Get(), nX, nY); }
+    using cDrawnSheet::cDrawnSheet;
 
     // A row a line; '#' is red, '+' blue, '.' white, '?' anything else.
     std::string Picture() const
     {
         std::string Text;
-        for (int nY = 0; nY < m_nHeight; nY++)
+        for (int nY = 0; nY < Height(); nY++)
         {
-            for (int nX = 0; nX < m_nWidth; nX++)
+            for (int nX = 0; nX < Width(); nX++)
                 Text += Sign(Pixel(nX, nY));
             Text += '\n';
         }
@@ -68,31 +48,13 @@ struct cPaperRig
                                                : '?';
     }
 
-    // The least box around all that is not white.
-    cRect DrawnBox() const
-    {
-        cRect Box = {m_nWidth, m_nHeight, 0, 0};
-        for (int nY = 0; nY < m_nHeight; nY++)
-            for (int nX = 0; nX < m_nWidth; nX++)
-                if (Pixel(nX, nY) != RGB(255, 255, 255))
-                    Box = {std::min(Box.m_nLeft, nX), std::min(Box.m_nTop, nY),
-                           std::max(Box.m_nRight, nX + 1), std::max(Box.m_nBottom, nY + 1)};
-        return Box;
-    }
-
     int CountPixels(COLORREF crColor) const
     {
         int nCount = 0;
-        for (int nPixel = 0; nPixel < m_nWidth * m_nHeight; nPixel++)
-            nCount += Pixel(nPixel % m_nWidth, nPixel / m_nWidth) == crColor;
+        for (int nPixel = 0; nPixel < Width() * Height(); nPixel++)
+            nCount += Pixel(nPixel % Width(), nPixel / Width()) == crColor;
         return nCount;
     }
-
-    int          m_nWidth;
-    int          m_nHeight;
-    cGdiBitmap   m_Bitmap;
-    cMemoryDc    m_Dc;
-    cSelectGuard m_Selected;
 };
 
 // Where Expected has a '*', the platform may draw or not.
@@ -157,8 +119,8 @@ TEST_CASE("lines cover their first pixel and end before their last one")
     const uint32_t nCounts[] = {2, 2};
     const cPoint   Bent[]    = {{1, 6}, {4, 3}, {10, 3}, {10, 6}};
 
-    cGdiCanvas(Rig.m_Dc.Get(), nullptr).Polylines(Points, nCounts, 2, {0, 1, kRed});
-    cGdiCanvas(Rig.m_Dc.Get(), nullptr).Polyline(Bent, 4, {0, 1, kBlue});
+    cGdiCanvas(Rig.Dc(), nullptr).Polylines(Points, nCounts, 2, {0, 1, kRed});
+    cGdiCanvas(Rig.Dc(), nullptr).Polyline(Bent, 4, {0, 1, kBlue});
 
     CheckPicture(Rig, "............\n"
                       ".####..#....\n"
@@ -228,7 +190,7 @@ TEST_CASE("the markers are filled and outlined")
         cPoint        Corners[kMostCorners];
         const int32_t nCorners = MarkerCorners(Row.nStyle);
         StoreMarker(Row.nStyle, {4, 4}, Corners);
-        cGdiCanvas(Rig.m_Dc.Get(), nullptr).Polygons(Corners, &nCorners, 1, kRed);
+        cGdiCanvas(Rig.Dc(), nullptr).Polygons(Corners, &nCorners, 1, kRed);
         CheckPicture(Rig, Row.szPicture);
     }
 }
@@ -240,7 +202,7 @@ TEST_CASE("many polygons go out in one call")
     const int32_t nCorners[] = {4, 3};
     StoreMarker(0, {8, 2}, StoreMarker(2, {2, 2}, Corners));
 
-    cGdiCanvas(Rig.m_Dc.Get(), nullptr).Polygons(Corners, nCorners, 2, kBlue);
+    cGdiCanvas(Rig.Dc(), nullptr).Polygons(Corners, nCorners, 2, kBlue);
 
     CheckPicture(Rig, "..+.....+..\n"
                       ".+++...*+*.\n"
@@ -256,7 +218,7 @@ TEST_CASE("markers that overlap are filled as those that stand alone")
     const int32_t nCorners[] = {4, 4, 4};
     StoreMarker(1, {6, 3}, StoreMarker(1, {6, 3}, StoreMarker(1, {3, 2}, Corners)));
 
-    cGdiCanvas(Rig.m_Dc.Get(), nullptr).Polygons(Corners, nCorners, 3, kBlue);
+    cGdiCanvas(Rig.Dc(), nullptr).Polygons(Corners, nCorners, 3, kBlue);
 
     CheckPicture(Rig, ".+++++.....\n"
                       ".++++++++..\n"
@@ -279,8 +241,8 @@ TEST_CASE("a line that goes to and fro in a column looks like each of its steps"
             Points.push_back({i / 13 + 5, static_cast<int>(Random() % 70) - 10});
         cPaperRig Whole(40, 50);
         cPaperRig InSteps(40, 50);
-        cGdiCanvas(Whole.m_Dc.Get(), nullptr).Polyline(Points.data(), 400, {0, nWidth, kRed});
-        cGdiCanvas Steps(InSteps.m_Dc.Get(), nullptr);
+        cGdiCanvas(Whole.Dc(), nullptr).Polyline(Points.data(), 400, {0, nWidth, kRed});
+        cGdiCanvas Steps(InSteps.Dc(), nullptr);
         for (size_t i = 0; i + 1 < Points.size(); i++)
             Steps.Polyline(&Points[i], 2, {0, nWidth, kRed});
 
@@ -297,8 +259,8 @@ TEST_CASE("dashed lines leave the background in their gaps, wide lines have none
         cPaperRig    Wide(80, 9);
         const cPoint Line[] = {{0, 0}, {80, 0}};
         const cPoint Down[] = {{0, 4}, {80, 4}};
-        cGdiCanvas(Thin.m_Dc.Get(), nullptr).Polyline(Line, 2, {nStyle, 1, kRed});
-        cGdiCanvas(Wide.m_Dc.Get(), nullptr).Polyline(Down, 2, {nStyle, 3, kRed});
+        cGdiCanvas(Thin.Dc(), nullptr).Polyline(Line, 2, {nStyle, 1, kRed});
+        cGdiCanvas(Wide.Dc(), nullptr).Polyline(Down, 2, {nStyle, 3, kRed});
 
         const std::string Row = Thin.Picture();
         CHECK(Row[0] == '#');
@@ -310,7 +272,7 @@ TEST_CASE("dashed lines leave the background in their gaps, wide lines have none
 TEST_CASE("a clip cuts right column and bottom row off, and nested ones what both cut")
 {
     cPaperRig  Rig(8, 6);
-    cGdiCanvas Canvas(Rig.m_Dc.Get(), nullptr);
+    cGdiCanvas Canvas(Rig.Dc(), nullptr);
     Canvas.PushClip({1, 1, 6, 5});
     Canvas.PushClip({3, 0, 8, 3});
     Canvas.FillBox({0, 0, 8, 6}, kRed);
@@ -332,7 +294,7 @@ TEST_CASE("texts are measured and stand where they are put, in their colour")
     cPaperRig      Rig(200, 60);
     const cGdiFont Font(CreateFontA(-14, 0, 0, 0, FW_NORMAL, 0, 0, 0, ANSI_CHARSET, 0, 0,
                                     DEFAULT_QUALITY, FF_SWISS, "Arial"));
-    cGdiCanvas     Canvas(Rig.m_Dc.Get(), Font.Get());
+    cGdiCanvas     Canvas(Rig.Dc(), Font.Get());
     const int      nWidth  = Canvas.TextWidth("HHHH");
     const int      nHeight = Canvas.TextHeight();
 
@@ -366,9 +328,9 @@ TEST_CASE("texts are measured and stand where they are put, in their colour")
 TEST_CASE("what lies behind a text shows through")
 {
     cPaperRig  Rig(100, 40);
-    cGdiCanvas Canvas(Rig.m_Dc.Get(), nullptr);
+    cGdiCanvas Canvas(Rig.Dc(), nullptr);
     Canvas.FillBox({0, 0, 100, 40}, kRed);
-    SetBkColor(Rig.m_Dc.Get(), RGB(0, 255, 0));
+    SetBkColor(Rig.Dc(), RGB(0, 255, 0));
 
     Canvas.Label({10, 10}, alLeft, "text", kBlue);
 
@@ -380,17 +342,17 @@ TEST_CASE("what lies behind a text shows through")
 TEST_CASE("a device has its resolution")
 {
     cPaperRig        Rig(10, 10);
-    const cGdiCanvas Canvas(Rig.m_Dc.Get(), nullptr);
+    const cGdiCanvas Canvas(Rig.Dc(), nullptr);
 
-    CHECK(Canvas.PixelsPerInchX() == GetDeviceCaps(Rig.m_Dc.Get(), LOGPIXELSX));
-    CHECK(Canvas.PixelsPerInchY() == GetDeviceCaps(Rig.m_Dc.Get(), LOGPIXELSY));
+    CHECK(Canvas.PixelsPerInchX() == GetDeviceCaps(Rig.Dc(), LOGPIXELSX));
+    CHECK(Canvas.PixelsPerInchY() == GetDeviceCaps(Rig.Dc(), LOGPIXELSY));
     CHECK(Canvas.PixelsPerInchX() > 0);
 }
 
 TEST_CASE("a context has what it had before")
 {
     cPaperRig       Rig(400, 300);
-    const HDC       hDc = Rig.m_Dc.Get();
+    const HDC       hDc = Rig.Dc();
     const cFullPlot Full;
     const cGdiFont  Font(
          CreateFontA(-20, 0, 0, 0, FW_NORMAL, 0, 0, 0, ANSI_CHARSET, 0, 0, 0, FF_SWISS, "Arial"));
@@ -431,7 +393,7 @@ TEST_CASE("seventy thousand calls leave no object behind")
     const int32_t  nCorners  = 3;
     for (int i = 0; i < 70000; i++)
     {
-        cGdiCanvas Canvas(Rig.m_Dc.Get(), nullptr);
+        cGdiCanvas Canvas(Rig.Dc(), nullptr);
         Canvas.PushClip({0, 0, 9, 9});
         Canvas.FillBox({0, 0, 9, 9}, kRed);
         Canvas.Polylines(Points, nCounts, 1, {1, 1, kBlue});
@@ -461,7 +423,7 @@ TEST_CASE("the axes on a bitmap are those that were recorded")
     Settings.m_bHorzGrid         = 1;
     Settings.m_bLegend           = 0;
     Plot.ApplySettings(Settings);
-    cGdiCanvas        Canvas(Rig.m_Dc.Get(), nullptr);
+    cGdiCanvas        Canvas(Rig.Dc(), nullptr);
     const cPlotLayout Layout = LayOutPlot(Plot, {ptImage, {0, 0, 400, 300}}, Canvas);
     cRecordingCanvas  Recorded;
 

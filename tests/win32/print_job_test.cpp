@@ -2,10 +2,76 @@
 
 #include "toolkit/print_job.h"
 
+#include <functional>
+#include <string>
+
 #include <doctest/doctest.h>
 
+#include "tests/win32/dialog_driver.h"
 #include "tests/win32/test_frame.h"
 #include "toolkit/gdi.h"
+
+namespace
+{
+
+// The calls of a printer that fails where it is told to; m_Log is what was
+// called, in this order.
+struct cFakePrinter
+{
+    cFakePrinter() { s_pCurrent = this; }
+    ~cFakePrinter() { s_pCurrent = nullptr; }
+    cFakePrinter(const cFakePrinter &)            = delete;
+    cFakePrinter &operator=(const cFakePrinter &) = delete;
+
+    static cPageCalls Calls() { return {&StartDoc, &StartPage, &EndPage, &EndDoc}; }
+
+    static int Call(const std::string &Name)
+    {
+        s_pCurrent->m_Log += Name + " ";
+        return s_pCurrent->m_Failing == Name ? SP_ERROR : 1;
+    }
+    static int WINAPI StartDoc(HDC, const DOCINFOA *pDocument)
+    {
+        return Call(std::string("StartDoc ") + pDocument->lpszDocName);
+    }
+    static int WINAPI StartPage(HDC) { return Call("StartPage"); }
+    static int WINAPI EndPage(HDC) { return Call("EndPage"); }
+    static int WINAPI EndDoc(HDC) { return Call("EndDoc"); }
+
+    static cFakePrinter *s_pCurrent;
+
+    std::string m_Failing;
+    std::string m_Log;
+};
+
+cFakePrinter *cFakePrinter::s_pCurrent = nullptr;
+
+// A job of two sheets on a fake printer.
+struct cJobRig
+{
+    int Send(const std::function<int(int)> &Draw)
+    {
+        cPrintJob Job(m_Dc.Get(), m_Rig.m_Frame.Window(), cFakePrinter::Calls());
+        return Job.Send("a.txt", 2, Draw);
+    }
+
+    // Draws nothing and notes the sheets.
+    int Send()
+    {
+        return Send([this](int nSheet) {
+            m_Printer.m_Log += std::to_string(nSheet) + " ";
+            return 1;
+        });
+    }
+
+    void Cancel() { Press(GetLastActivePopup(m_Rig.m_Frame.Window()), IDCANCEL); }
+
+    cFrameRig    m_Rig;
+    cMemoryDc    m_Dc{nullptr};
+    cFakePrinter m_Printer;
+};
+
+}  // namespace
 
 TEST_CASE("the owner of a print job is disabled while the job lives")
 {
@@ -25,7 +91,7 @@ TEST_CASE("a print job stands behind its dialog and leaves nothing of it")
     const cMemoryDc Dc(nullptr);
     {
         cPrintJob Job(Dc.Get(), Rig.m_Frame.Window());
-        Job.Begin("a.txt");
+        Job.Send("a.txt", 0, [](int) { return 1; });
         CHECK(GetLastActivePopup(Rig.m_Frame.Window()) != Rig.m_Frame.Window());
     }
 
@@ -39,7 +105,80 @@ TEST_CASE("a document cannot be printed on something that is no printer")
     const cMemoryDc Dc(nullptr);
     cPrintJob       Job(Dc.Get(), Rig.m_Frame.Window());
 
-    CHECK(Job.Begin("a.txt") == 0);
+    int nDrawn = 0;
+
+    CHECK(Job.Send("a.txt", 1, [&nDrawn](int) { return ++nDrawn; }) == 0);
+    CHECK(nDrawn == 0);
+}
+
+TEST_CASE("a document is started, sent sheet by sheet, and ended")
+{
+    cJobRig Rig;
+
+    CHECK(Rig.Send() == 1);
+
+    CHECK(Rig.m_Printer.m_Log == "StartDoc a.txt StartPage 0 EndPage StartPage 1 EndPage EndDoc ");
+}
+
+TEST_CASE("a printer that fails ends the job; only a document that has no page open is ended")
+{
+    // clang-format off
+    static const struct { const char *szFailing; const char *szLog; } s_Rows[] =
+    {
+        { "StartDoc a.txt", "StartDoc a.txt " },
+        { "StartPage",      "StartDoc a.txt StartPage " },
+        { "EndPage",        "StartDoc a.txt StartPage 0 EndPage " },
+        { "EndDoc",         "StartDoc a.txt StartPage 0 EndPage StartPage 1 EndPage EndDoc " },
+    };
+    // clang-format on
+    for (const auto &Row : s_Rows)
+    {
+        CAPTURE(Row.szFailing);
+        cJobRig Rig;
+        Rig.m_Printer.m_Failing = Row.szFailing;
+
+        CHECK(Rig.Send() == 0);
+
+        CHECK(Rig.m_Printer.m_Log == Row.szLog);
+        CHECK(IsWindowEnabled(Rig.m_Rig.m_Frame.Window()));
+    }
+}
+
+TEST_CASE("a sheet that cannot be drawn ends the job without a further call")
+{
+    cJobRig Rig;
+
+    CHECK(Rig.Send([](int) { return 0; }) == 0);
+
+    CHECK(Rig.m_Printer.m_Log == "StartDoc a.txt StartPage ");
+}
+
+TEST_CASE("a document that is cancelled while a sheet is drawn is ended behind that sheet")
+{
+    cJobRig Rig;
+
+    CHECK(Rig.Send([&Rig](int) {
+        Rig.Cancel();
+        return 1;
+    }) == 0);
+
+    CHECK(Rig.m_Printer.m_Log == "StartDoc a.txt StartPage EndPage EndDoc ");
+    CHECK(IsWindowEnabled(Rig.m_Rig.m_Frame.Window()));
+    CHECK(GetLastActivePopup(Rig.m_Rig.m_Frame.Window()) == Rig.m_Rig.m_Frame.Window());
+}
+
+TEST_CASE("the end of the program ends the document")
+{
+    cJobRig Rig;
+
+    CHECK(Rig.Send([](int) {
+        PostQuitMessage(3);
+        return 1;
+    }) == 0);
+
+    CHECK(Rig.m_Printer.m_Log == "StartDoc a.txt StartPage EndPage EndDoc ");
+    MSG Message = {};
+    CHECK(PeekMessageA(&Message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
 }
 
 TEST_CASE("the paper of a device is its sheet, upright")

@@ -30,6 +30,24 @@ void PostSystemCommand(const cCalculator &Calculator, unsigned nCommand)
     PostMessageA(Calculator.Window(), WM_SYSCOMMAND, nCommand, 0);
 }
 
+void FillField(cCalculator *pCalculator, int nId, const std::string &Text)
+{
+    const HWND hField = GetDlgItem(pCalculator->Dialog(), nId);
+    pCalculator->ClickControl(nId);
+    REQUIRE(Eventually(nId, [&] { return pCalculator->FocusedControl(); }) == nId);
+    SendMessageA(hField, EM_SETSEL, 0, -1);
+    Type(Text);
+    REQUIRE(Eventually(Text, [&] { return TextOfControl(*pCalculator, nId); }) == Text);
+}
+
+std::string TextOfControl(const cCalculator &Calculator, int nId)
+{
+    char szText[100] = "";
+    SendDlgItemMessageA(Calculator.Dialog(), nId, WM_GETTEXT, sizeof szText,
+                        reinterpret_cast<LPARAM>(szText));
+    return szText;
+}
+
 cPicture PhotographFace(const cCalculator &Calculator)
 {
     RECT Rect = {};

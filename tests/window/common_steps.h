@@ -20,6 +20,13 @@ void RunListing(cCalculator *pCalculator, const std::string &Listing);
 void PostCommand(const cCalculator &Calculator, unsigned nId);
 void PostSystemCommand(const cCalculator &Calculator, unsigned nCommand);
 
+// Clicks into a field of the dialog in front and types another text over what
+// is there.
+void FillField(cCalculator *pCalculator, int nId, const std::string &Text);
+
+// What a control of the dialog in front says.
+std::string TextOfControl(const cCalculator &Calculator, int nId);
+
 // The keypad with its edge, when all input so far has been handled and all that
 // it changed has been painted.
 cPicture PhotographFace(const cCalculator &Calculator);

@@ -2,6 +2,8 @@
 
 #include "tests/window/graph_window.h"
 
+#include <filesystem>
+
 #include <doctest/doctest.h>
 
 #include "tests/window/input.h"
@@ -9,6 +11,9 @@
 
 namespace
 {
+
+const int  kErrorIcon = 32513;
+const UINT kMuchRoom  = 10 * 1024 * 1024;  // bytes
 
 // Little endian, of a file's content.
 unsigned Word(const std::string &Content, size_t nAt)
@@ -31,6 +36,23 @@ struct cExportRig
     }
 
     void Start(unsigned nCommand) { m_Graph.Choose(gmFile, nCommand); }
+
+    // Goes through both dialogs.
+    void Create(unsigned nCommand, const std::string &File)
+    {
+        Start(nCommand);
+        m_Calculator.Click("OK");
+        m_Calculator.GiveFileName(m_Calculator.Path(File));
+    }
+
+    // Whether the box comes that says so of a file, and no other dialog then.
+    int FailsToWrite(const std::string &File)
+    {
+        const std::string Text = "Could not write the file:\n " + m_Calculator.Path(File);
+        return Eventually(Text, [this] { return m_Calculator.Box().m_Text; }) == Text &&
+               m_Calculator.BoxIcon() == kErrorIcon && m_Calculator.Answers(Text, "OK") &&
+               Eventually(0, [this] { return m_Calculator.HasDialog(); }) == 0;
+    }
 
     cCalculator  m_Calculator;
     cGraphWindow m_Graph;
@@ -141,16 +163,103 @@ TEST_CASE("a picture without pixels, or in a folder that is not there, is not wr
     }
 }
 
-TEST_CASE("a cancelled export leaves no file")
+TEST_CASE("a cancelled export leaves no file, and the window as it was")
 {
-    cExportRig   Rig;
-    const size_t nFiles = Rig.m_Calculator.Folder().Count();
-    Rig.Start(IDM_CREATE_BMP);
-    Rig.m_Graph.Escape();
-    Rig.Start(IDM_CREATE_BMP);
-    Rig.m_Calculator.Click("OK");
-    REQUIRE(Rig.m_Calculator.Dialog());
-    HitKey(VK_ESCAPE);
-    CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
-    CHECK(Rig.m_Calculator.Folder().Count() == nFiles);
+    cExportRig     Rig;
+    const size_t   nFiles = Rig.m_Calculator.Folder().Count();
+    const cPicture Before = Rig.m_Graph.Photograph();
+    for (const unsigned nCommand : {IDM_CREATE_BMP, IDM_CREATE_GIF})
+    {
+        CAPTURE(nCommand);
+        Rig.Start(nCommand);
+        Rig.m_Graph.Escape();
+        Rig.Start(nCommand);
+        Rig.m_Calculator.Click("OK");
+        REQUIRE(Rig.m_Calculator.Dialog());
+        Rig.m_Calculator.CloseDialogWith(VK_ESCAPE);
+        CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+        CHECK(Rig.m_Calculator.Folder().Count() == nFiles);
+    }
+    CHECK(Rig.m_Graph.Photograph() == Before);
+}
+
+TEST_CASE("a picture for which the disk has no room is reported; half a GIF goes, half a BMP stays")
+{
+    cExportRig     Rig;
+    const cPicture Before = Rig.m_Graph.Photograph();
+    for (const char *const szKind : {"bmp", "gif"})
+    {
+        CAPTURE(szKind);
+        const unsigned    nCommand = szKind[0] == 'b' ? IDM_CREATE_BMP : IDM_CREATE_GIF;
+        const std::string Whole    = std::string("whole.") + szKind;
+        const std::string Half     = std::string("half.") + szKind;
+        cProbeLink::Current()->Ask(pbDiskRoom, kMuchRoom);
+        Rig.Create(nCommand, Whole);
+        CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+        const size_t nSize = Rig.m_Calculator.Folder().Read(Whole).size();
+
+        cProbeLink::Current()->Ask(pbDiskRoom, static_cast<UINT>(nSize - 1));
+        Rig.Create(nCommand, Half);
+        CHECK(Rig.FailsToWrite(Half));
+    }
+    CHECK(Rig.m_Calculator.Folder().Read("half.bmp").size() == 54);
+    CHECK_FALSE(Rig.m_Calculator.Folder().Has("half.gif"));
+    CHECK(Rig.m_Graph.Photograph() == Before);
+}
+
+TEST_CASE("a file that another program holds is reported and stays as it is")
+{
+    cExportRig Rig;
+    for (const unsigned nCommand : {IDM_CREATE_BMP, IDM_CREATE_GIF})
+    {
+        CAPTURE(nCommand);
+        const std::string File = nCommand == IDM_CREATE_BMP ? "held.bmp" : "held.gif";
+        Rig.m_Calculator.Folder().Write(File, "old");
+        const HANDLE hFile =
+            CreateFileA(Rig.m_Calculator.Path(File).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+        REQUIRE(hFile != INVALID_HANDLE_VALUE);
+        Rig.Create(nCommand, File);
+        Rig.m_Calculator.Click("Yes");
+        CHECK(Rig.FailsToWrite(File));
+        CloseHandle(hFile);
+        CHECK(Rig.m_Calculator.Folder().Read(File) == "old");
+    }
+}
+
+TEST_CASE("a folder that has vanished takes no picture, and the window stays as it was")
+{
+    cExportRig        Rig;
+    const std::string Folder = Rig.m_Calculator.Path("gone");
+    REQUIRE(CreateDirectoryA(Folder.c_str(), nullptr));
+    Rig.m_Graph.Open("gone/line.txt", "0\n1\n4\n");
+    const cPicture Before = Rig.m_Graph.Photograph();
+    std::filesystem::remove_all(Folder);
+    for (const unsigned nCommand : {IDM_CREATE_BMP, IDM_CREATE_GIF})
+    {
+        CAPTURE(nCommand);
+        Rig.Start(nCommand);
+        Rig.m_Calculator.Click("OK");
+        Rig.m_Calculator.GiveFileName(Folder + "\\line");
+        Rig.m_Calculator.Click("OK");  // the platform says so
+        Rig.m_Calculator.CloseDialogWith(VK_ESCAPE);
+        CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+    }
+    CHECK_FALSE(std::filesystem::exists(Folder));
+    CHECK(Rig.m_Graph.Photograph() == Before);
+}
+
+TEST_CASE("a screen that cannot hold such bitmaps is told of before anything is asked for")
+{
+    cExportRig Rig;
+    cProbeLink::Current()->Ask(pbNoDibs);
+    for (const unsigned nCommand : {IDM_CREATE_BMP, IDM_CREATE_GIF})
+    {
+        CAPTURE(nCommand);
+        Rig.Start(nCommand);
+        CHECK(Rig.m_Calculator.Answers("Sorry, your video hardware does not support this option.",
+                                       "OK", "ERROR"));
+        Rig.m_Calculator.Settle();
+        CHECK_FALSE(Rig.m_Calculator.HasDialog());
+    }
 }

@@ -4,6 +4,8 @@
 #include <cstring>
 #include <filesystem>
 
+#include <doctest/doctest.h>
+
 #include "toolkit/gdi.h"
 
 static const WORD     kBitsPerPixel = 32;
@@ -55,6 +57,26 @@ cPicture cPicture::OfScreen(const RECT &Part)
         const cWindowDc Screen(nullptr);
         BitBlt(hDc, 0, 0, nWidth, nHeight, Screen.Get(), Part.left, Part.top, SRCCOPY);
     });
+}
+
+cPicture cPicture::OfFile(const std::string &Name)
+{
+    FILE *const pFile   = fopen(Name.c_str(), "rb");
+    int         nWidth  = 0;
+    int         nHeight = 0;
+    REQUIRE(pFile);
+    REQUIRE(fscanf(pFile, "P6 %d %d 255", &nWidth, &nHeight) == 2);
+    fgetc(pFile);  // the one blank before the pixels
+    cPicture                   Picture(nWidth, nHeight);
+    std::vector<unsigned char> Rgb(3 * Picture.m_Pixels.size());
+    const size_t               nRead = fread(Rgb.data(), 1, Rgb.size(), pFile);
+    fclose(pFile);
+    REQUIRE(nRead == Rgb.size());
+    for (size_t i = 0; i < Picture.m_Pixels.size(); i++)
+        Picture.m_Pixels[i] = kOpaque | static_cast<unsigned>(Rgb[3 * i]) << 16 |
+                              static_cast<unsigned>(Rgb[3 * i + 1]) << 8 |
+                              static_cast<unsigned>(Rgb[3 * i + 2]);
+    return Picture;
 }
 
 unsigned cPicture::At(int x, int y) const

@@ -14,6 +14,9 @@ public:
     // A copy of this part of the screen.
     static cPicture OfScreen(const RECT &Part);
 
+    // A file of the kind PPM ("P6") with 8 bits per channel, which must exist.
+    static cPicture OfFile(const std::string &Name);
+
     // One that is drawn into: Draw gets a device context of a black picture.
     template <class cDraw> static cPicture Drawn(int nWidth, int nHeight, cDraw Draw)
     {

@@ -4,6 +4,8 @@
 
 #include <winternl.h>
 
+#include "tests/window/faults.h"
+
 namespace
 {
 
@@ -203,6 +205,12 @@ void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
         break;
     case pbObjects:
         CountObjects(pAnswer);
+        break;
+    case pbDiskRoom:
+        LeaveRoomOnDisk(nId);
+        break;
+    case pbNoDibs:
+        HideDibSupport();
         break;
     }
 }

@@ -32,7 +32,9 @@ enum eProbe
     pbBoxIcon,     // m_nValue: number of the platform's icon that the message box
                    // lParam shows, 0: none
     pbStatusText,  // m_szText: of the status bar's only part
-    pbObjects      // m_nValue: GDI objects, m_nMore: windows, menus and their like
+    pbObjects,     // m_nValue: GDI objects, m_nMore: windows, menus and their like
+    pbDiskRoom,    // the disk is full after lParam bytes
+    pbNoDibs       // the screen cannot hold device-independent bitmaps
 };
 
 const int kMostInputs = 8;  // a key with all its modifiers

@@ -1,0 +1,89 @@
+#include "toolkit/win32.h"
+
+#include "graph/graph_print.h"
+
+#include <doctest/doctest.h>
+
+#include "graph/vantor_box.h"
+#include "tests/win32/drawn_sheet.h"
+#include "tests/win32/test_frame.h"
+
+namespace
+{
+
+const COLORREF kGround = RGB(255, 255, 200);
+
+// A sheet of 4 by 5 inches at 100 pixels per inch. What can be printed begins
+// 10 pixels right of and 20 below its corner, and ends 30 and 40 before it.
+const int    kDpi     = 100;
+const int    kAcross  = 400 - 10 - 30;
+const int    kDown    = 500 - 20 - 40;
+const cPaper kSheet   = {0, kDpi, kDpi, 400, 500, 10, 20, 30, 40};
+const int    kMargins = 500;  // thousandths of an inch
+
+struct cGraphRig
+{
+    cGraphRig() : m_Box(&m_Rig.m_Boxes), m_Sheet(kAcross, kDown)
+    {
+        cVantorBoxSettings Settings;
+        Settings.m_crBackground = kGround;
+        REQUIRE(m_Box.Create(&m_Rig.m_Frame, Settings, 1) == 1);
+        const float Y[] = {1.0F, 3.0F, 2.0F};
+        REQUIRE(m_Box.AddDataSet(3, nullptr, Y, nullptr) == 1);
+    }
+    ~cGraphRig() { m_Rig.m_Frame.Close(); }
+    cGraphRig(const cGraphRig &)            = delete;
+    cGraphRig &operator=(const cGraphRig &) = delete;
+
+    cFrameRig   m_Rig;
+    cVantorBox  m_Box;
+    cDrawnSheet m_Sheet;
+};
+
+}  // namespace
+
+TEST_CASE("a printed graph fills what its margins leave with its ground")
+{
+    for (const int bTurned : {0, 1})
+    {
+        CAPTURE(bTurned);
+        cGraphRig   Rig;
+        cPageChoice Page;
+        Page.m_Margins = {kMargins, kMargins, kMargins, kMargins};
+        Page.m_bTurned = bTurned;
+
+        CHECK(DrawGraphPage(Rig.m_Sheet.Dc(), kSheet, Rig.m_Box, Page) == 1);
+
+        const cRect Box = Rig.m_Sheet.DrawnBox();
+        CHECK(Box == cRect{50 - 10, 50 - 20, 350 - 10, 450 - 20});
+        CHECK(Rig.m_Sheet.Pixel(Box.m_nLeft, Box.m_nTop + 1) != kWhite);
+        CHECK(Rig.m_Sheet.Pixel(Box.m_nRight - 2, Box.m_nTop + 1) == kGround);
+    }
+}
+
+TEST_CASE("margins that leave nothing of the sheet print an empty page")
+{
+    for (const int bTurned : {0, 1})
+    {
+        CAPTURE(bTurned);
+        cGraphRig   Rig;
+        cPageChoice Page;
+        Page.m_Margins = {3000, 3000, 3000, 3000};
+        Page.m_bTurned = bTurned;
+
+        CHECK(DrawGraphPage(Rig.m_Sheet.Dc(), kSheet, Rig.m_Box, Page) == 1);
+
+        CHECK(Rig.m_Sheet.DrawnBox().IsEmpty());
+    }
+}
+
+TEST_CASE("a printed graph leaves the window's layout alone")
+{
+    cGraphRig         Rig;
+    const cPlotLayout Before = Rig.m_Box.Layout();
+
+    REQUIRE(DrawGraphPage(Rig.m_Sheet.Dc(), kSheet, Rig.m_Box, cPageChoice()) == 1);
+
+    CHECK(Rig.m_Box.Layout().m_Plot == Before.m_Plot);
+    CHECK(Rig.m_Box.Layout().m_nKind == ptScreen);
+}

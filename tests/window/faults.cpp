@@ -1,0 +1,89 @@
+#include "tests/window/faults.h"
+
+namespace
+{
+
+using cWriteFile     = BOOL(WINAPI *)(HANDLE, LPCVOID, DWORD, LPDWORD, LPOVERLAPPED);
+using cGetDeviceCaps = int(WINAPI *)(HDC, int);
+
+cWriteFile     s_pfnWriteFile     = nullptr;
+cGetDeviceCaps s_pfnGetDeviceCaps = nullptr;
+DWORD          s_nRoom            = 0;
+
+// Every call that the module makes to one function goes to another.
+void ReplaceCall(HMODULE hModule, FARPROC pfnFormer, FARPROC pfnNew)
+{
+    auto *const pBase    = reinterpret_cast<BYTE *>(hModule);
+    const auto *pDos     = reinterpret_cast<const IMAGE_DOS_HEADER *>(pBase);
+    const auto *pHeaders = reinterpret_cast<const IMAGE_NT_HEADERS *>(pBase + pDos->e_lfanew);
+    const auto &Imports  = pHeaders->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+    for (auto *pLibrary =
+             reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR *>(pBase + Imports.VirtualAddress);
+         pLibrary->Name != 0; pLibrary++)
+        for (auto *pCall = reinterpret_cast<FARPROC *>(pBase + pLibrary->FirstThunk);
+             *pCall != nullptr; pCall++)
+        {
+            DWORD dwFormer = 0;
+            if (*pCall != pfnFormer ||
+                !VirtualProtect(pCall, sizeof *pCall, PAGE_READWRITE, &dwFormer))
+                continue;
+            *pCall = pfnNew;
+            VirtualProtect(pCall, sizeof *pCall, dwFormer, &dwFormer);
+        }
+}
+
+// In the program and in the library of C, whose files are written with it too.
+// Returns the platform's function.
+FARPROC ReplaceCalls(const char *szLibrary, const char *szName, FARPROC pfnNew)
+{
+    const FARPROC pfnFormer = GetProcAddress(GetModuleHandleA(szLibrary), szName);
+    ReplaceCall(GetModuleHandleA(nullptr), pfnFormer, pfnNew);
+    ReplaceCall(GetModuleHandleA("msvcrt.dll"), pfnFormer, pfnNew);
+    return pfnFormer;
+}
+
+template <class cFunction> FARPROC AsAny(cFunction pfnFunction)
+{
+    return reinterpret_cast<FARPROC>(reinterpret_cast<void (*)()>(pfnFunction));
+}
+
+template <class cFunction> cFunction As(FARPROC pfnAny)
+{
+    return reinterpret_cast<cFunction>(reinterpret_cast<void (*)()>(pfnAny));
+}
+
+BOOL WINAPI WriteWithinRoom(HANDLE hFile, LPCVOID pBytes, DWORD nBytes, LPDWORD pnWritten,
+                            LPOVERLAPPED pOverlapped)
+{
+    if (nBytes <= s_nRoom)
+    {
+        s_nRoom -= nBytes;
+        return s_pfnWriteFile(hFile, pBytes, nBytes, pnWritten, pOverlapped);
+    }
+    *pnWritten = 0;
+    SetLastError(ERROR_DISK_FULL);
+    return FALSE;
+}
+
+int WINAPI CapsWithoutDibs(HDC hDc, int nIndex)
+{
+    const int nCaps = s_pfnGetDeviceCaps(hDc, nIndex);
+    return nIndex == RASTERCAPS ? nCaps & ~RC_DI_BITMAP : nCaps;
+}
+
+}  // namespace
+
+void LeaveRoomOnDisk(DWORD nBytes)
+{
+    s_nRoom = nBytes;
+    if (!s_pfnWriteFile)
+        s_pfnWriteFile =
+            As<cWriteFile>(ReplaceCalls("kernel32.dll", "WriteFile", AsAny(&WriteWithinRoom)));
+}
+
+void HideDibSupport()
+{
+    if (!s_pfnGetDeviceCaps)
+        s_pfnGetDeviceCaps =
+            As<cGetDeviceCaps>(ReplaceCalls("gdi32.dll", "GetDeviceCaps", AsAny(&CapsWithoutDibs)));
+}

@@ -1,0 +1,16 @@
+// faults.h - what goes wrong on a computer and cannot be had on every one: the
+// program in which this is loaded meets it from now on.
+
+#ifndef TESTS_WINDOW_FAULTS_H
+#define TESTS_WINDOW_FAULTS_H
+
+#include "toolkit/win32.h"
+
+// The disk has room for so many bytes more; a write beyond them fails as a whole,
+// as on a full disk.
+void LeaveRoomOnDisk(DWORD nBytes);
+
+// The screen cannot hold device-independent bitmaps.
+void HideDibSupport();
+
+#endif

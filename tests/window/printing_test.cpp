@@ -1,0 +1,282 @@
+// The listing on paper, and the dialogs of the printer.
+
+#include "tests/window/paper_tray.h"
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include <dlgs.h>
+#include <doctest/doctest.h>
+
+#include "tests/window/calculator.h"
+#include "tests/window/common_steps.h"
+#include "tests/window/input.h"
+#include "tests/window/waiting.h"
+
+namespace
+{
+
+using cTexts = std::vector<std::vector<std::string>>;
+
+// Controls of the platform's dialogs.
+const int kSelection    = rad2;
+const int kPageRange    = rad3;
+const int kFromPage     = edt1;
+const int kToPage       = edt2;
+const int kCopies       = edt3;
+const int kCollate      = chx2;
+const int kLandscape    = rad2;
+const int kMarginLeft   = edt4;
+const int kMarginTop    = edt5;
+const int kMarginRight  = edt6;
+const int kMarginBottom = edt7;
+const int kMarginGroup  = grp4;
+
+const unsigned kFileMenu   = 0;
+const int      kInch       = 100;  // in the units of cInk
+const int      kTolerance  = 2;    // what a letter may stand off its place
+const int      kLineHeight = 15;   // at most, of 9 points
+
+// "; line 001" to "; line 300". The 99 lines of the program stand there too.
+std::string LongListing()
+{
+    std::string Listing;
+    for (int i = 1; i <= 300; i++)
+    {
+        char szLine[32];
+        snprintf(szLine, sizeof szLine, "; line %03d\r\n", i);
+        Listing += szLine;
+    }
+    return Listing;
+}
+
+// Without the blanks that set comments apart.
+std::vector<std::string> ListingOf(const cCalculator &Calculator)
+{
+    std::vector<std::string> Lines = Calculator.ListingLines();
+    for (std::string &Line : Lines)
+        Line.erase(0, Line.find_first_not_of(' '));
+    return Lines;
+}
+
+std::vector<std::string> AllLines(const cTexts &Pages)
+{
+    std::vector<std::string> Lines;
+    for (const auto &Page : Pages)
+        Lines.insert(Lines.end(), Page.begin(), Page.end());
+    return Lines;
+}
+
+struct cPrintRig
+{
+    cPrintRig() { OpenListing(&m_Calculator, LongListing()); }
+
+    void Ask()
+    {
+        m_Calculator.HitShortcut('P', kCtrl);
+        REQUIRE(m_Calculator.Dialog());
+    }
+
+    void ChoosePages(const char *szFrom, const char *szTo)
+    {
+        m_Calculator.ClickControl(kPageRange);
+        FillField(&m_Calculator, kFromPage, szFrom);
+        FillField(&m_Calculator, kToPage, szTo);
+    }
+
+    cPrintedDocument Print()
+    {
+        m_Calculator.Click("OK");
+        return m_Tray.Next();
+    }
+
+    void SetUp() { m_Calculator.Choose(kFileMenu, IDM_PAGE_SETUP); }
+
+    // After what was done the window is as it was: it gets the keyboard.
+    int IsFree()
+    {
+        return WaitFor([this] {
+            return IsWindowEnabled(m_Calculator.Window()) &&
+                   GetForegroundWindow() == m_Calculator.Window();
+        });
+    }
+
+    cPaperTray  m_Tray;
+    cCalculator m_Calculator;
+};
+
+void PhotographDialog(const cCalculator &Calculator, const std::string &Name)
+{
+    RECT Rect = {};
+    Calculator.SettlePaint();
+    GetWindowRect(Calculator.Dialog(), &Rect);
+    cPicture::OfScreen(Rect).Save(Name);
+}
+
+}  // namespace
+
+TEST_CASE("a long listing is printed with every line once, page by page within the margins")
+{
+    cPrintRig Rig;
+    Rig.Ask();
+    CHECK(TextOfControl(Rig.m_Calculator, kCopies) == "1");
+    CHECK_FALSE(IsWindowEnabled(GetDlgItem(Rig.m_Calculator.Dialog(), kSelection)));
+    PhotographDialog(Rig.m_Calculator, "print-dialog");
+    const cPrintedDocument All = Rig.Print();
+    CHECK(Rig.IsFree());
+
+    const std::string File = Rig.m_Calculator.Path("program.txt");
+    CHECK(All.m_Title == File);
+    CHECK(AllLines(All.m_Texts) == ListingOf(Rig.m_Calculator));
+    REQUIRE(All.m_Pages.size() > 3);
+    for (const cPrintedPage &Page : All.m_Pages)
+    {
+        const cInk Ink  = Page.Ink();
+        const int  bEnd = &Page == &All.m_Pages.back();
+        CHECK(Ink.m_nLeft >= kInch - kTolerance);
+        CHECK(Ink.m_nTop >= kInch - kTolerance);
+        CHECK(Ink.m_nTop < kInch + kLineHeight);
+        CHECK(Ink.m_nBottom <= Page.m_Picture.Height() - kInch + kTolerance);
+        CHECK((bEnd || Ink.m_nBottom > Page.m_Picture.Height() - kInch - kLineHeight));
+        CHECK((bEnd || Page.m_Lines.size() == All.m_Pages[0].m_Lines.size()));
+    }
+    CHECK(All.m_Pages[0].Ink().m_nLeft <= kInch + kTolerance);
+    All.Save(1, "print-listing");
+}
+
+TEST_CASE("a range of pages and copies in either order are printed as chosen")
+{
+    cPrintRig Rig;
+    Rig.Ask();
+    const cTexts All = Rig.Print().m_Texts;
+    REQUIRE(All.size() > 3);
+
+    Rig.Ask();
+    Rig.ChoosePages("2", "3");
+    CHECK(Rig.Print().m_Texts == cTexts{All[1], All[2]});
+
+    Rig.Ask();
+    Rig.ChoosePages("1", "2");
+    FillField(&Rig.m_Calculator, kCopies, "2");
+    CHECK(Rig.Print().m_Texts == cTexts{All[0], All[0], All[1], All[1]});
+
+    Rig.Ask();
+    Rig.ChoosePages("1", "2");
+    FillField(&Rig.m_Calculator, kCopies, "2");
+    Rig.m_Calculator.ClickControl(kCollate);
+    PhotographDialog(Rig.m_Calculator, "print-copies");
+    CHECK(Rig.Print().m_Texts == cTexts{All[0], All[1], All[0], All[1]});
+}
+
+TEST_CASE("margins and orientation of the page setup hold for what is printed, and are kept")
+{
+    cPrintRig Rig;
+    Rig.SetUp();
+    CHECK(TextOfControl(Rig.m_Calculator, kMarginLeft) == "1");
+    FillField(&Rig.m_Calculator, kMarginLeft, "2");
+    FillField(&Rig.m_Calculator, kMarginTop, "3");
+    FillField(&Rig.m_Calculator, kMarginBottom, "1.5");
+    PhotographDialog(Rig.m_Calculator, "page-setup");
+    Rig.m_Calculator.Click("OK");
+    CHECK(Rig.IsFree());
+    Rig.Ask();
+    Rig.ChoosePages("1", "1");
+    const cPrintedDocument Upright = Rig.Print();
+    const cInk             Ink     = Upright.m_Pages[0].Ink();
+    const int              nSheet  = Upright.m_Pages[0].m_Picture.Height();
+    CHECK(abs(Ink.m_nLeft - 2 * kInch) <= kTolerance);
+    CHECK(Ink.m_nTop >= 3 * kInch - kTolerance);
+    CHECK(Ink.m_nTop < 3 * kInch + kLineHeight);
+    CHECK(Ink.m_nBottom <= nSheet - kInch * 3 / 2 + kTolerance);
+    CHECK(Ink.m_nBottom > nSheet - kInch * 3 / 2 - kLineHeight);
+    Upright.Save(1, "print-margins");
+
+    Rig.SetUp();
+    CHECK(TextOfControl(Rig.m_Calculator, kMarginTop) == "3");
+    FillField(&Rig.m_Calculator, kMarginTop, "5");
+    Rig.m_Calculator.ClickControl(kLandscape);
+    Rig.m_Calculator.Click("Cancel");
+    Rig.SetUp();
+    CHECK(TextOfControl(Rig.m_Calculator, kMarginLeft) == "2");
+    CHECK(TextOfControl(Rig.m_Calculator, kMarginTop) == "3");
+    CHECK(TextOfControl(Rig.m_Calculator, kMarginRight) == "1");
+    CHECK(TextOfControl(Rig.m_Calculator, kMarginBottom) == "1.500");
+
+    // The platform turns the margins with the sheet.
+    Rig.m_Calculator.ClickControl(kLandscape);
+    FillField(&Rig.m_Calculator, kMarginLeft, "2");
+    FillField(&Rig.m_Calculator, kMarginTop, "3");
+    FillField(&Rig.m_Calculator, kMarginRight, "1");
+    FillField(&Rig.m_Calculator, kMarginBottom, "1.5");
+    Rig.m_Calculator.Click("OK");
+
+    // The text runs down the sheet: its top is the right edge, its left the
+    // upper one.
+    Rig.Ask();
+    const cPrintedDocument Turned = Rig.Print();
+    CHECK(AllLines(Turned.m_Texts) == ListingOf(Rig.m_Calculator));
+    CHECK(Turned.m_Texts.size() > Upright.m_Texts.size());
+    const cInk Down   = Turned.m_Pages[0].Ink();
+    const int  nWidth = Turned.m_Pages[0].m_Picture.Width();
+    CHECK(abs(Down.m_nTop - 2 * kInch) <= kTolerance);
+    CHECK(Down.m_nRight <= nWidth - 3 * kInch + kTolerance);
+    CHECK(Down.m_nRight > nWidth - 3 * kInch - kLineHeight);
+    CHECK(Down.m_nLeft >= kInch * 3 / 2 - kTolerance);
+    CHECK(Down.m_nLeft < kInch * 3 / 2 + kLineHeight);
+    Turned.Save(1, "print-landscape");
+    Rig.SetUp();
+    PhotographDialog(Rig.m_Calculator, "page-setup-landscape");
+    CHECK(IsDlgButtonChecked(Rig.m_Calculator.Dialog(), kLandscape));
+    CHECK(TextOfControl(Rig.m_Calculator, kMarginTop) == "3");
+    Rig.m_Calculator.Click("Cancel");
+}
+
+TEST_CASE("who measures in millimetres sees and sets his margins so")
+{
+    char szFormer[4] = "";
+    GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_IMEASURE, szFormer, sizeof szFormer);
+    REQUIRE(SetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_IMEASURE, "0"));
+    {
+        cPrintRig Rig;
+        Rig.SetUp();
+        CHECK(TextOfControl(Rig.m_Calculator, kMarginLeft) == "25.40");
+        CHECK(TextOfControl(Rig.m_Calculator, kMarginGroup).find("[mm]") != std::string::npos);
+        FillField(&Rig.m_Calculator, kMarginLeft, "50.8");
+        PhotographDialog(Rig.m_Calculator, "page-setup-metric");
+        Rig.m_Calculator.Click("OK");
+        Rig.Ask();
+        Rig.ChoosePages("1", "1");
+        CHECK(abs(Rig.Print().m_Pages[0].Ink().m_nLeft - 2 * kInch) <= kTolerance);
+    }
+    SetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_IMEASURE, szFormer);
+}
+
+TEST_CASE("a cancelled dialog prints nothing, and a cancelled document is cut short")
+{
+    cPrintRig Rig;
+    Rig.Ask();
+    Rig.m_Calculator.Click("Cancel");
+    CHECK(Rig.IsFree());
+
+    Rig.Ask();
+    FillField(&Rig.m_Calculator, kCopies, "999");
+    const HWND hPrint = Rig.m_Calculator.Dialog();
+    Rig.m_Calculator.Click("OK");
+    REQUIRE(WaitFor([&] { return !IsWindow(hPrint) && Rig.m_Calculator.HasDialog(); }));
+    CHECK(Rig.m_Calculator.Box().m_Caption == "Vorstek");
+    CHECK(TextOfControl(Rig.m_Calculator, IDC_SENDING_DOCUMENT) ==
+          Rig.m_Calculator.Path("program.txt"));
+    CHECK_FALSE(IsWindowEnabled(Rig.m_Calculator.Window()));
+    PhotographDialog(Rig.m_Calculator, "sending");
+    Rig.m_Calculator.Click("Cancel");
+    CHECK(Rig.IsFree());
+    CHECK_FALSE(Rig.m_Calculator.HasDialog());
+
+    // The first document in the tray is the one that was cut short.
+    const size_t nShort = Rig.m_Tray.Next().m_Texts.size();
+    Rig.Ask();
+    const size_t nAll = Rig.Print().m_Texts.size();
+    CHECK(nShort < 999 * nAll);
+    CHECK(nAll > 1);
+}
