@@ -40,7 +40,7 @@ struct cInstruction
     const char *m_szMnemonic;
     eOperand    m_nOperand;
     cHandler    m_pExecute;
-    int         m_bLastX;  // the former X goes to LASTx
+    int         m_nLastX;  // when the former X goes to LASTx: 1 at last, 2 at first, 0 never
     eClamp      m_nClamp;
     eEnding     m_nEnding;
     int         m_bJump;  // sets the current line itself

@@ -19,7 +19,7 @@ const cInstruction cVorstekEngine::s_Instructions[kInstructions] =
     { "Mean",     opNone,      &cVorstekEngine::OnMean,               1, clXY,   enLift, 0 },  // X <- mean x, Y <- mean y
     { "StdDev",   opNone,      &cVorstekEngine::OnStdDev,             1, clXY,   enLift, 0 },  // X, Y <- sample standard deviations
     { "LR",       opNone,      &cVorstekEngine::OnLinearRegression,   1, clXY,   enLift, 0 },  // X <- slope, Y <- intercept
-    { "Sum-",     opNone,      &cVorstekEngine::OnSumMinus,           0, clNone, enOver, 0 },  // point (X, Y) out of the sums, X <- n
+    { "Sum-",     opNone,      &cVorstekEngine::OnSumMinus,           2, clNone, enOver, 0 },  // point (X, Y) out of the sums, X <- n
     { "x<>y",     opNone,      &cVorstekEngine::OnSwapXY,             0, clNone, enLift, 0 },  // X <-> Y
     { "Rolldown", opNone,      &cVorstekEngine::OnRollDown,           0, clNone, enLift, 0 },  // X <- Y <- Z <- T <- X
     { "STO",      opRegister,  &cVorstekEngine::OnSto,                0, clNone, enLift, 0 },  // Reg[r] <- X
@@ -35,7 +35,7 @@ const cInstruction cVorstekEngine::s_Instructions[kInstructions] =
     { "RCL",      opRegister,  &cVorstekEngine::OnRcl,                0, clNone, enLift, 0 },  // push if stack lift, X <- Reg[r]
     { "RCL i",    opNone,      &cVorstekEngine::OnRclI,               0, clNone, enLift, 0 },  // X <- Reg[i], never pushes
     { "RCLSum+",  opNone,      &cVorstekEngine::OnRecallSums,         1, clNone, enLift, 0 },  // X <- sum of x, Y <- sum of y
-    { "Sum+",     opNone,      &cVorstekEngine::OnSumPlus,            0, clNone, enOver, 0 },  // point (X, Y) into the sums, X <- n
+    { "Sum+",     opNone,      &cVorstekEngine::OnSumPlus,            2, clNone, enOver, 0 },  // point (X, Y) into the sums, X <- n
     { "%",        opNone,      &cVorstekEngine::OnPercent,            1, clX,    enLift, 0 },  // X <- X percent of Y, Y kept
     { "DSZ",      opNone,      &cVorstekEngine::OnDsz,                0, clNone, enLift, 0 },  // decrement i, skip if zero
     { "ISZ",      opNone,      &cVorstekEngine::OnIsz,                0, clNone, enLift, 0 },  // increment i, skip if zero

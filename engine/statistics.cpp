@@ -6,10 +6,10 @@
 #include "engine/vorstek_engine.h"
 
 // Adds (dSign 1) or removes (dSign -1) the point; nothing keeps n from going
-// negative. LASTx comes first: of the lines written, that of n stays selected.
+// negative. Of the register lines that change, that of n stays selected: LASTx
+// has changed before.
 int cVorstekEngine::AddPoint(double dSign)
 {
-    SaveLastX(m_dX);
     m_dReg[kRegisterN] += dSign;
     m_dReg[kRegisterSumX] += dSign * m_dX;
     m_dReg[kRegisterSumX2] += dSign * (m_dX * m_dX);

@@ -21,9 +21,9 @@ def table_of_instructions():
     """Mnemonic, and whether it keeps X in LASTx, of each row of the table."""
     path = os.path.join(REPOSITORY, "engine", "instruction_table.cpp")
     with open(path, encoding="utf-8") as file:
-        rows = re.findall(r'^    \{ "([^"]+)", +op\w+, +&cVorstekEngine::\w+, +([01]),',
+        rows = re.findall(r'^    \{ "([^"]+)", +op\w+, +&cVorstekEngine::\w+, +([012]),',
                           file.read(), re.M)
-    return {mnemonic: last_x == "1" for mnemonic, last_x in rows}
+    return {mnemonic: last_x != "0" for mnemonic, last_x in rows}
 
 
 def fact(state, name):
