@@ -125,14 +125,21 @@ TEST_CASE("a size that is no number or out of range is refused field by field")
         {"1600", "1601", "ERROR: your \"Height\" value was out of range"},
     };
     cExportRig Rig;
-    Rig.Start(IDM_CREATE_BMP);
-    for (const auto &Row : s_Rows)
+    for (const unsigned nCommand : {IDM_CREATE_GIF, IDM_CREATE_BMP})
     {
-        CAPTURE(Row.szText);
-        Rig.m_Graph.Fill(IDC_IMAGE_WIDTH, Row.szWidth);
-        Rig.m_Graph.Fill(IDC_IMAGE_HEIGHT, Row.szHeight);
-        CHECK(Rig.m_Graph.Refuses(Row.szText));
+        CAPTURE(nCommand);
+        Rig.Start(nCommand);
+        for (const auto &Row : s_Rows)
+        {
+            CAPTURE(Row.szText);
+            Rig.m_Graph.Fill(IDC_IMAGE_WIDTH, Row.szWidth);
+            Rig.m_Graph.Fill(IDC_IMAGE_HEIGHT, Row.szHeight);
+            CHECK(Rig.m_Graph.Refuses(Row.szText));
+        }
+        Rig.m_Graph.Escape();
     }
+    Rig.Start(IDM_CREATE_BMP);
+    Rig.m_Graph.Fill(IDC_IMAGE_WIDTH, "1600");
     Rig.m_Graph.Fill(IDC_IMAGE_HEIGHT, "200");
     Rig.SetDepth("7 of them");
     CHECK(Rig.m_Graph.Refuses("ERROR: your \"Bits Per Pixel\" value produced an error"));

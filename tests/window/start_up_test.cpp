@@ -247,8 +247,7 @@ TEST_CASE("every menu item has its place, its text, its marks and its help in th
             CHECK(Item.m_Text == Row.m_szText);
             if (Row.m_nId == 0)
                 continue;
-            if (Row.m_nId != IDM_GRAPH)
-                CHECK((Item.m_nState & (MF_GRAYED | MF_CHECKED)) == Row.m_nState);
+            CHECK((Item.m_nState & (MF_GRAYED | MF_CHECKED)) == Row.m_nState);
             Calculator.PointAtItem(static_cast<unsigned>(Row.m_nId));
             CHECK(Eventually(std::string(Row.m_szHelp), [&] { return Calculator.StatusText(); }) ==
                   Row.m_szHelp);
