@@ -42,7 +42,7 @@ public:
     void PushClip(const cRect &Rect) override;
     void PopClip() override { m_pSheet->PopClip(); }
 
-    static const size_t kMostTurnedCorners = 1024;
+    static constexpr size_t kMostTurnedCorners = 1024;
 
 private:
     const cPoint *Turn(const cPoint *pPoints, size_t nPoints);
