@@ -181,7 +181,7 @@ void cVorstekEngine::FinishLoad(cLoad *pLoad)
         pLoad->ListNumbered(nLine, pRunStop->m_szMnemonic);
     }
     memcpy(m_Program, pLoad->m_Program, sizeof m_Program);
-    m_pListing->SetText(pLoad->m_pListing);
+    m_bListingWhole    = m_pListing->SetText(pLoad->m_pListing);
     m_bProgramModified = 0;
     m_nReturnDepth     = 0;
     SetCurLine(0);

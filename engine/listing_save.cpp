@@ -152,9 +152,10 @@ int cVorstekEngine::Open()
     return 0;
 }
 
+// A listing that the box has cut must not take its file's place unasked.
 void cVorstekEngine::TakeLoadedProgram(const char *szFileName)
 {
-    snprintf(m_szFileName, sizeof m_szFileName, "%s", szFileName);
+    snprintf(m_szFileName, sizeof m_szFileName, "%s", m_bListingWhole ? szFileName : "");
     m_bProgramModified = 0;
     ShowFileName();
     AbandonEntry();

@@ -8,9 +8,9 @@ static const unsigned kBuckets = 120;
 cVorstekEngine::cVorstekEngine(cVorstekHost *pHost, cLineBox *pListing, cLineBox *pRegisters)
     : cVorstekState{}, m_pHost(pHost), m_pListing(pListing), m_pRegisters(pRegisters),
       m_mapHandlers(kBuckets, pHost), m_pTraceFile(nullptr), m_szTraceFileName("tracelog.txt"),
-      m_bTraceLost(0), m_nLoaderLine(0), m_nRuns(0), m_bInRun(0), m_bStackStale(1),
-      m_bDisplayShowsX(1), m_nStaleRegisters(0), m_nSelectRegister(-1), m_bHighlightStale(0),
-      m_bPaintStale(0)
+      m_bTraceLost(0), m_nLoaderLine(0), m_nRuns(0), m_bInRun(0), m_bListingWhole(1),
+      m_bStackStale(1), m_bDisplayShowsX(1), m_nStaleRegisters(0), m_nSelectRegister(-1),
+      m_bHighlightStale(0), m_bPaintStale(0)
 {
     m_bStackLift = 1;
     m_nAngleMode = kAngleDeg;

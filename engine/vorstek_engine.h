@@ -134,7 +134,8 @@ public:
     int LoadProgram(const char *szFileName);
     int SaveProgram(const char *szFileName);
 
-    // What follows a successful LoadProgram: the program takes the name.
+    // What follows a successful LoadProgram: the program takes the name, unless
+    // the listing box had no room for all of it.
     void TakeLoadedProgram(const char *szFileName);
 
     // The line of the file that the loader is at, from 1.
@@ -420,7 +421,8 @@ private:
     int          m_bTraceLost;
     unsigned     m_nLoaderLine;
     unsigned     m_nRuns;
-    int          m_bInRun;  // the run loop is at work, be it halted or not
+    int          m_bInRun;         // the run loop is at work, be it halted or not
+    int          m_bListingWhole;  // the listing box had room for all of the file
 
     // What the views do not show yet.
     int      m_bStackStale;      // m_szX to m_szT

@@ -58,11 +58,16 @@ void cVorstek::BlankDisplay()
     FillRect(Dc.Get(), &Field, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
 }
 
-// A quit message is posted again for the main loop.
 int cVorstek::DrainMessages()
 {
+    return DrainEvery(kDrainPeriod);
+}
+
+// A quit message is posted again for the main loop.
+int cVorstek::DrainEvery(DWORD dwPeriod)
+{
     const DWORD dwNow = GetTickCount();
-    if (dwNow - m_dwLastDrain < kDrainPeriod)
+    if (dwNow - m_dwLastDrain < dwPeriod)
         return 1;
     m_dwLastDrain = dwNow;
     RefreshViews();
@@ -132,8 +137,12 @@ void cVorstek::CheckGraph(int bShown)
                   MF_BYCOMMAND | static_cast<UINT>(bShown ? MF_CHECKED : MF_UNCHECKED));
 }
 
+// What a program has drawn is seen before it goes, rather than a moment later,
+// when there is little or nothing to be seen.
 void cVorstek::ClearGraph()
 {
+    if (m_bProgramRunning)
+        DrainEvery(kDrainPeriod / 2);
     m_Graph.ClearAll();
 }
 

@@ -507,9 +507,11 @@ LRESULT cVorstek::OnPaint(WPARAM, LPARAM)
     return 0;
 }
 
+// Under a dialog, which may have a box of its own, only another program asks for
+// this: the platform's dialogs do not survive it.
 LRESULT cVorstek::OnClose(WPARAM, LPARAM)
 {
-    if (!ConfirmDiscard())
+    if (!IsWindowEnabled(m_hWnd) || !ConfirmDiscard())
         return 0;
     if (m_hHelpWnd)
         SendMessageA(m_hHelpWnd, WM_CLOSE, 0, 0);

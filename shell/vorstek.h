@@ -136,6 +136,7 @@ private:
     void OnHelp();
     void OnAbout();
 
+    int  DrainEvery(DWORD dwPeriod);  // milliseconds since the last time
     void CheckGraph(int bShown);
     void ToggleBar(cBaseWindow *pBar, unsigned nCommand);
     void EnableEditCommands(HMENU hMenu);

@@ -60,6 +60,41 @@ TEST_CASE("a program is saved without numbers, comments and rejected lines in th
     }
 }
 
+TEST_CASE("a listing of which the box has cut off the end does not keep the file's name")
+{
+    // Has room for the lines of a program without comments.
+    class cSmallBox : public cMemoryLineBox
+    {
+    public:
+        int SetText(const char *szText) override
+        {
+            const std::string Text = szText;
+            cMemoryLineBox::SetText(Text.substr(0, 1000).c_str());
+            return Text.size() <= 1000;
+        }
+    };
+    for (const int bLong : {0, 1})
+    {
+        CAPTURE(bLong);
+        const cScratchFolder Folder;
+        const std::string    Name = Folder.Name("loaded.txt");
+        Folder.Write("loaded.txt", "CLX\n" + std::string(bLong ? 1000 : 0, ';'));
+        cRecordingHost Host;
+        cSmallBox      Listing;
+        cMemoryLineBox Registers;
+        cTestEngine    Engine(&Host, &Listing, &Registers);
+        Engine.Start();
+
+        REQUIRE(Engine.LoadProgram(Name.c_str()) == 1);
+        Engine.TakeLoadedProgram(Name.c_str());
+        CHECK_TEXT(Host.m_StatusText, "filename: " + (bLong ? "UNTITLED" : Name));
+
+        // So a name is asked for, and without one nothing is written.
+        CHECK(Engine.Save() == !bLong);
+        CHECK(Host.m_FileDialogs.size() == (bLong ? 1 : 0));
+    }
+}
+
 TEST_CASE("a listing that the box has cut off within a line's mark is saved as far as it goes")
 {
     for (const char *const szRest : {"", "0", "02", "02 ", "\r\n"})

@@ -156,7 +156,7 @@ TEST_CASE("a box above a dialog keeps the dialog waiting too")
     CHECK(IsWindowEnabled(Calculator.Window()));
 }
 
-TEST_CASE("the calculator may be closed under a dialog of the graph")
+TEST_CASE("the calculator is not closed under a dialog, which may have a box of its own")
 {
     cCalculator  Calculator;
     cGraphWindow Graph(&Calculator);
@@ -165,6 +165,18 @@ TEST_CASE("the calculator may be closed under a dialog of the graph")
     REQUIRE(Calculator.Dialog());
 
     PostMessageA(Calculator.Window(), WM_CLOSE, 0, 0);
+    Calculator.Settle();
+    CHECK(Calculator.IsRunning());
+    Graph.Escape();
 
+    Graph.Choose(gmFile, IDM_GRAPH_OPEN);
+    Calculator.EnterFileName(Calculator.Path("nothing.txt"));
+    PostMessageA(Calculator.Window(), WM_CLOSE, 0, 0);
+    Calculator.Settle();
+    CHECK(Calculator.IsRunning());
+    Calculator.Click("OK");
+    Graph.Escape();
+
+    PostMessageA(Calculator.Window(), WM_CLOSE, 0, 0);
     CHECK(Calculator.ExitCode() == 0);
 }

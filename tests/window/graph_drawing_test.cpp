@@ -144,3 +144,27 @@ TEST_CASE("while a program draws, the window follows it and is worked as far as 
     Graph.Choose(gmView, IDM_GRID);
     CHECK(CountDifferences(Halted, Graph.PhotographPlot()) == 0);
 }
+
+TEST_CASE("a program that clears and draws again and again is seen drawing")
+{
+    cCalculator Calculator;
+    OpenListing(&Calculator,
+                "LBL 0\r\nClearG\r\n0\r\nSTO 0\r\n1\r\nSetG\r\nLBL 1\r\n1\r\nSTO+ 0\r\n"
+                "RCL 0\r\nsin\r\nRCL 0\r\nSumG\r\nRCL 0\r\n300\r\nx<=y\r\nGTO 0\r\n"
+                "GTO 1\r\n");
+    cGraphWindow Graph(&Calculator);
+    Graph.Choose(gmFile, IDM_GRAPH_NEW);
+    const cPicture Empty = Graph.PhotographPlot();
+    Calculator.HitKey(kKeyRunStop);
+    REQUIRE(IsProgramRunning(Calculator));
+
+    int nDrawn = 0;
+    for (int i = 0; i < 40; i++)
+    {
+        nDrawn += !(Graph.LookAtPlot() == Empty);
+        Sleep(kLookAgain);
+    }
+    CHECK(nDrawn > 8);
+    Calculator.HitKey(kKeyRunStop);
+    CHECK(WaitFor([&] { return !IsProgramRunning(Calculator); }));
+}
