@@ -10,6 +10,7 @@
 #include <doctest/doctest.h>
 
 #include "tests/unit/recording_boxes.h"
+#include "tests/win32/drawn_sheet.h"
 
 namespace
 {
@@ -38,16 +39,10 @@ private:
 };
 
 // A sheet of 400 by 300 pixels in memory, white; 100 pixels per inch.
-class cSheet
+class cSheet : public cDrawnSheet
 {
 public:
-    cSheet() : m_Dc(nullptr), m_Bitmap(MakeBitmap()), m_Selected(m_Dc.Get(), m_Bitmap.Get())
-    {
-        const RECT All = {0, 0, kWidth, kHeight};
-        FillRect(m_Dc.Get(), &All, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-    }
-
-    HDC Dc() const { return m_Dc.Get(); }
+    cSheet() : cDrawnSheet(kWidth, kHeight) {}
 
     // The smallest rectangle that holds all pixels of a colour; empty if there
     // are none.
@@ -56,7 +51,7 @@ public:
         RECT Found = {kWidth, kHeight, 0, 0};
         for (int nY = 0; nY < kHeight; nY++)
             for (int nX = 0; nX < kWidth; nX++)
-                if (GetPixel(m_Dc.Get(), nX, nY) == crText)
+                if (Pixel(nX, nY) == crText)
                 {
                     const RECT Pixel = {nX, nY, nX + 1, nY + 1};
                     if (Found.right <= Found.left)
@@ -68,24 +63,6 @@ public:
 
     static const int kWidth  = 400;
     static const int kHeight = 300;
-
-private:
-    static HBITMAP MakeBitmap()
-    {
-        BITMAPINFO Info              = {};
-        Info.bmiHeader.biSize        = sizeof Info.bmiHeader;
-        Info.bmiHeader.biWidth       = kWidth;
-        Info.bmiHeader.biHeight      = -kHeight;
-        Info.bmiHeader.biPlanes      = 1;
-        Info.bmiHeader.biBitCount    = 32;
-        Info.bmiHeader.biCompression = BI_RGB;
-        void *pPixels                = nullptr;
-        return CreateDIBSection(nullptr, &Info, DIB_RGB_COLORS, &pPixels, nullptr, 0);
-    }
-
-    cMemoryDc    m_Dc;
-    cGdiBitmap   m_Bitmap;
-    cSelectGuard m_Selected;
 };
 
 const cPaper       kPaper   = {0, 100, 100, cSheet::kWidth, cSheet::kHeight, 0, 0, 0, 0};

@@ -6,6 +6,7 @@
 #include <doctest/doctest.h>
 
 #include "tests/window/input.h"
+#include "tests/window/plot_reader.h"
 #include "tests/window/waiting.h"
 
 namespace
@@ -17,48 +18,12 @@ const char *const kNotWhileRunning = "Not allowed while a calculator\n"
                                      "program is running (hit any\n"
                                      "calculator key to halt the program)\n";
 
-POINT OnPlot(const cGraphWindow &Graph, int x, int y)
-{
-    POINT Point = {x, y};
-    ClientToScreen(Graph.Plot(), &Point);
-    return Point;
-}
-
-HWND Legend(const cGraphWindow &Graph)
-{
-    return FindWindowExA(Graph.Plot(), nullptr, "LISTBOX", nullptr);
-}
-
 RECT PlaceInPlot(const cGraphWindow &Graph, HWND hChild)
 {
     RECT Rect = {};
     GetWindowRect(hChild, &Rect);
     MapWindowPoints(nullptr, Graph.Plot(), reinterpret_cast<POINT *>(&Rect), 2);
     return Rect;
-}
-
-int SelectedRow(const cGraphWindow &Graph)
-{
-    return static_cast<int>(SendMessageA(Legend(Graph), LB_GETCURSEL, 0, 0));
-}
-
-// Where two pictures of the same size differ: 0 nowhere.
-int CountDifferences(const cPicture &a, const cPicture &b)
-{
-    int nDifferent = 0;
-    for (int y = 0; y < a.Height(); y++)
-        for (int x = 0; x < a.Width(); x++)
-            nDifferent += a.At(x, y) != b.At(x, y);
-    return nDifferent;
-}
-
-// The plot without the frame, whose caption tells which window is worked with.
-cPicture PhotographPlot(const cGraphWindow &Graph)
-{
-    Graph.Photograph();  // waits until all is painted
-    RECT Plot = {};
-    GetWindowRect(Graph.Plot(), &Plot);
-    return cPicture::OfScreen(Plot);
 }
 
 // A diagonal from corner to corner of a range that is fixed by its ends.
@@ -110,14 +75,14 @@ TEST_CASE("a program that draws shows the graph, point by point and as a whole a
         Calculator.Settle();
         return (Calculator.MenuState(IDM_OPEN) & MF_GRAYED) == 0;
     }));
-    const cPicture Drawn = PhotographPlot(Graph);
+    const cPicture Drawn = Graph.PhotographPlot();
     Drawn.Save("graph-waves");
     InvalidateRect(Graph.Plot(), nullptr, TRUE);
     Graph.Choose(gmView, IDM_GRID);
-    CHECK(CountDifferences(Drawn, PhotographPlot(Graph)) > 0);
+    CHECK(CountDifferences(Drawn, Graph.PhotographPlot()) > 0);
     Graph.Photograph().Save("graph-grid");
     Graph.Choose(gmView, IDM_GRID);
-    CHECK(CountDifferences(Drawn, PhotographPlot(Graph)) == 0);
+    CHECK(CountDifferences(Drawn, Graph.PhotographPlot()) == 0);
 }
 
 TEST_CASE("the point nearest to the mouse is read out while the button is held")
@@ -130,22 +95,22 @@ TEST_CASE("the point nearest to the mouse is read out while the button is held")
 
     RECT Client = {};
     GetClientRect(Graph.Plot(), &Client);
-    MoveMouse(OnPlot(Graph, Client.right / 2, Client.bottom / 8));
+    MoveMouse(Graph.OnPlot(Client.right / 2, Client.bottom / 8));
     PressMouse();
     Calculator.Settle();
-    CHECK(SelectedRow(Graph) == 1);  // the upper line
+    CHECK(Graph.SelectedRow() == 1);  // the upper line
     const cPicture Held = Graph.Photograph();
     Held.Save("graph-readout");
     CHECK(CountDifferences(Before, Held) > 0);
 
-    MoveMouse(OnPlot(Graph, 80, Client.bottom / 2));
+    MoveMouse(Graph.OnPlot(80, Client.bottom / 2));
     Calculator.Settle();
-    CHECK(SelectedRow(Graph) == 0);
+    CHECK(Graph.SelectedRow() == 0);
     CHECK(CountDifferences(Held, Graph.Photograph()) > 0);
 
     ReleaseMouse();
     Calculator.Settle();
-    SendMessageA(Legend(Graph), LB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+    SendMessageA(Graph.Legend(), LB_SETCURSEL, static_cast<WPARAM>(-1), 0);
     CHECK(CountDifferences(Before, Graph.Photograph()) == 0);
 }
 
@@ -156,10 +121,10 @@ TEST_CASE("of two sets with a point at the same pixel the later one is read out"
     Graph.Open("same.txt", "ImplicitX\n1 , 1\n2 , 2\n3 , 3\n");
     RECT Client = {};
     GetClientRect(Graph.Plot(), &Client);
-    MoveMouse(OnPlot(Graph, Client.right / 2, Client.bottom / 2));
+    MoveMouse(Graph.OnPlot(Client.right / 2, Client.bottom / 2));
     PressMouse();
     Calculator.Settle();
-    CHECK(SelectedRow(Graph) == 1);
+    CHECK(Graph.SelectedRow() == 1);
     ReleaseMouse();
     Calculator.Settle();
 }
@@ -171,7 +136,7 @@ TEST_CASE("what is painted anew under a readout keeps its cross-hair and its tex
     Graph.Open("diagonal.txt", kDiagonal);
     RECT Client = {};
     GetClientRect(Graph.Plot(), &Client);
-    MoveMouse(OnPlot(Graph, Client.right / 2, Client.bottom / 2));
+    MoveMouse(Graph.OnPlot(Client.right / 2, Client.bottom / 2));
     PressMouse();
     Calculator.Settle();
     const cPicture Shown = Graph.Photograph();
@@ -197,7 +162,7 @@ TEST_CASE("nothing is read out without data or beside the plot")
     const cPicture Empty  = Graph.Photograph();
     RECT           Client = {};
     GetClientRect(Graph.Plot(), &Client);
-    MoveMouse(OnPlot(Graph, Client.right / 2, Client.bottom / 2));
+    MoveMouse(Graph.OnPlot(Client.right / 2, Client.bottom / 2));
     PressMouse();
     Calculator.Settle();
     CHECK(CountDifferences(Empty, Graph.Photograph()) == 0);
@@ -205,11 +170,11 @@ TEST_CASE("nothing is read out without data or beside the plot")
 
     Graph.Open("diagonal.txt", kDiagonal);
     const cPicture Shown = Graph.Photograph();
-    MoveMouse(OnPlot(Graph, 2, Client.bottom / 2));
+    MoveMouse(Graph.OnPlot(2, Client.bottom / 2));
     PressMouse();
     Calculator.Settle();
     CHECK(CountDifferences(Shown, Graph.Photograph()) == 0);
-    CHECK(SelectedRow(Graph) == LB_ERR);
+    CHECK(Graph.SelectedRow() == LB_ERR);
     ReleaseMouse();
     Calculator.Settle();
 }
@@ -220,25 +185,25 @@ TEST_CASE("the border of the legend is dragged to each number of rows")
     cGraphWindow Graph(&Calculator);
     Graph.Open("six.txt", "ImplicitX\n1,2,3,4,5,6\n2,3,4,5,6,7\n");
     REQUIRE(Graph.Count() == 6);
-    const int nRow  = static_cast<int>(SendMessageA(Legend(Graph), LB_GETITEMHEIGHT, 0, 0));
+    const int nRow  = static_cast<int>(SendMessageA(Graph.Legend(), LB_GETITEMHEIGHT, 0, 0));
     RECT      Inner = {};
-    GetClientRect(Legend(Graph), &Inner);
+    GetClientRect(Graph.Legend(), &Inner);
     CHECK(Inner.bottom == 4 * nRow);
 
     for (const int nWanted : {5, 6, 3, 2, 1, 4})
     {
-        RECT Place = PlaceInPlot(Graph, Legend(Graph));
-        MoveMouse(OnPlot(Graph, 100, Place.top - 1));
+        RECT Place = PlaceInPlot(Graph, Graph.Legend());
+        MoveMouse(Graph.OnPlot(100, Place.top - 1));
         PressMouse();
         Calculator.Settle();
         const int nTop = Place.bottom - (Place.bottom - Place.top - Inner.bottom) - nWanted * nRow;
-        MoveMouse(OnPlot(Graph, 100, nTop));
+        MoveMouse(Graph.OnPlot(100, nTop));
         Calculator.Settle();
-        GetClientRect(Legend(Graph), &Inner);
+        GetClientRect(Graph.Legend(), &Inner);
         CHECK(Inner.bottom == nWanted * nRow);
         POINT Pointer = {};
         GetCursorPos(&Pointer);
-        CHECK(Pointer.y == OnPlot(Graph, 0, PlaceInPlot(Graph, Legend(Graph)).top).y);
+        CHECK(Pointer.y == Graph.OnPlot(0, PlaceInPlot(Graph, Graph.Legend()).top).y);
         ReleaseMouse();
         Calculator.Settle();
         Graph.Photograph();
@@ -252,9 +217,9 @@ TEST_CASE("a label that is longer than the legend is wide leaves the rows in the
     cGraphWindow      Graph(&Calculator);
     const std::string Long = std::string(79, 'W');
     Graph.Open("long.txt", "ImplicitX\nSetLabels \"" + Long + "\"\n1\n2\n");
-    const int nRow  = static_cast<int>(SendMessageA(Legend(Graph), LB_GETITEMHEIGHT, 0, 0));
+    const int nRow  = static_cast<int>(SendMessageA(Graph.Legend(), LB_GETITEMHEIGHT, 0, 0));
     RECT      Inner = {};
-    GetClientRect(Legend(Graph), &Inner);
+    GetClientRect(Graph.Legend(), &Inner);
     CHECK(Inner.bottom == nRow);
     Graph.Photograph().Save("graph-long-label");
 }
@@ -272,11 +237,11 @@ TEST_CASE("legend, grid and status bar are switched, and both menus tell")
     Graph.Choose(gmView, IDM_LEGEND);
     CHECK((Graph.MenuState(IDM_LEGEND) & MF_CHECKED) == 0);
     Graph.Photograph().Save("graph-no-legend");
-    CHECK_FALSE(IsWindowVisible(Legend(Graph)));
+    CHECK_FALSE(IsWindowVisible(Graph.Legend()));
     Graph.Choose(gmView, IDM_LEGEND);
     CHECK((Graph.MenuState(IDM_LEGEND) & MF_CHECKED) != 0);
     Graph.Photograph();
-    CHECK(IsWindowVisible(Legend(Graph)));
+    CHECK(IsWindowVisible(Graph.Legend()));
 
     Graph.Choose(gmView, IDM_GRID);
     CHECK((Graph.MenuState(IDM_GRID) & MF_CHECKED) != 0);
@@ -360,9 +325,9 @@ TEST_CASE("while a program runs the graph can be looked at, not changed")
     CHECK((Graph.MenuState(IDM_GRID) & MF_CHECKED) != 0);
     RECT Client = {};
     GetClientRect(Graph.Plot(), &Client);
-    MoveMouse(OnPlot(Graph, Client.right / 2, Client.bottom / 2));
+    MoveMouse(Graph.OnPlot(Client.right / 2, Client.bottom / 2));
     PressMouse();
-    CHECK(Eventually(0, [&] { return SelectedRow(Graph); }) == 0);
+    CHECK(Eventually(0, [&] { return Graph.SelectedRow(); }) == 0);
     ReleaseMouse();
     CHECK((Calculator.MenuState(IDM_OPEN) & MF_GRAYED) != 0);
 }
@@ -374,7 +339,7 @@ TEST_CASE("the context menu does what the menu bar does")
     Graph.Open("diagonal.txt", kDiagonal);
     RECT Client = {};
     GetClientRect(Graph.Plot(), &Client);
-    const POINT At = OnPlot(Graph, Client.right / 3, Client.bottom / 3);
+    const POINT At = Graph.OnPlot(Client.right / 3, Client.bottom / 3);
     Click(At, mbRight);
     const HWND hMenu = WaitFor([] { return FindWindowA("#32768", nullptr); });
     REQUIRE(hMenu);
