@@ -40,7 +40,8 @@ eAnswer cPlatformBoxes::Ask(const char *szText, const char *szCaption, eButtons 
 {
     const char *const szShown = szCaption ? szCaption : g_pApplication->Name();
     const HWND        hActive = GetActiveWindow();
-    const HWND        hOwner  = hActive ? hActive : m_hOwner;
+    const HWND        hAbove  = hActive ? hActive : m_hOwner;
+    const HWND        hOwner  = m_bOwned ? hAbove : nullptr;
     const cModalGuard Others(hOwner);
     return AnswerOf(MessageBoxA(hOwner, szText, szShown,
                                 s_ButtonTypes[nButtons].m_nType | s_IconTypes[nIcon].m_nType));

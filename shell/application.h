@@ -21,6 +21,7 @@ public:
     void    PostQuit(int nExitCode) override;
 
     HWND m_hOwner = nullptr;
+    int  m_bOwned = 1;  // 0: a box has no owner, whatever is active
 };
 
 class cApplication : public cCallbackObj

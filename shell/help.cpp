@@ -18,6 +18,7 @@ int ShowHelp(HWND *phHelpWnd)
     if (*phHelpWnd || OpenIntroduction())
         return 1;
     cPlatformBoxes Boxes;
+    Boxes.m_bOwned = 0;
     ReportMissingHelp(&Boxes, "VORSTEK.CHM");
     return 0;
 }

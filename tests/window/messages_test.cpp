@@ -189,6 +189,8 @@ TEST_CASE("help that is not there is reported and the calculator goes on")
                          "don't have to make it your default web browser).\n");
     CHECK((Seen.m_Buttons == std::vector<std::string>{"OK"}));
     CHECK(Calculator.BoxIcon() == kError);
+    CHECK(GetWindow(Calculator.Dialog(), GW_OWNER) == nullptr);
+    CHECK_FALSE(IsWindowEnabled(Calculator.Window()));
     Calculator.Click("OK");
     CHECK(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
 
