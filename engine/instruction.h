@@ -33,6 +33,10 @@ enum eEnding
 };
 
 // Performs the instruction; returns 1, or 0 after an error.
+// When the former X goes to LASTx: once all else is done, or before it.
+const int kLastXAfter  = 1;
+const int kLastXBefore = 2;
+
 typedef int (cVorstekEngine::*cHandler)(unsigned nOperand);
 
 struct cInstruction
@@ -40,7 +44,7 @@ struct cInstruction
     const char *m_szMnemonic;
     eOperand    m_nOperand;
     cHandler    m_pExecute;
-    int         m_nLastX;  // when the former X goes to LASTx: 1 at last, 2 at first, 0 never
+    int         m_nLastX;  // kLastXAfter or kLastXBefore; 0: LASTx stays
     eClamp      m_nClamp;
     eEnding     m_nEnding;
     int         m_bJump;  // sets the current line itself

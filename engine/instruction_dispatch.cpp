@@ -69,7 +69,7 @@ int cVorstekEngine::Record(const cInstruction &Instruction, unsigned nOperand)
 int cVorstekEngine::Execute(const cInstruction &Instruction, unsigned nOperand)
 {
     const double dFormerX = m_dX;
-    if (Instruction.m_nLastX == 2)
+    if (Instruction.m_nLastX == kLastXBefore)
         SaveLastX(dFormerX);
     if (!(this->*Instruction.m_pExecute)(nOperand))
         return 0;
@@ -77,7 +77,7 @@ int cVorstekEngine::Execute(const cInstruction &Instruction, unsigned nOperand)
         m_dX = Clamp(m_dX);
     if (Instruction.m_nClamp == clXY)
         m_dY = Clamp(m_dY);
-    if (Instruction.m_nLastX == 1)
+    if (Instruction.m_nLastX == kLastXAfter)
         SaveLastX(dFormerX);
     return Instruction.m_nEnding == enOwn ? 1 : EndOperation(Instruction.m_nEnding);
 }

@@ -10,8 +10,6 @@
 namespace
 {
 
-const int kTenthsPerInch = 720;  // tenths of a point
-
 // The plot's font in the size that it has on the screen.
 HFONT MakeFont(const cVantorBox &Box, const cPaper &Paper)
 {

@@ -55,8 +55,6 @@ static const int kSampleRight = 48;
 static const int kLabelLeft   = 60;
 static const int kRowSpace    = 2;  // pixels between the texts of two rows
 
-static const int kTenthsPerInch = 720;
-
 cWindowClass cVantorBox::s_Class;
 
 cVantorBox::cVantorBox(cMessageBoxes *pBoxes)

@@ -18,7 +18,6 @@ namespace
 const char   kLineEnd[]     = "\r\n";
 const size_t kLineEndLength = 2;
 
-const int  kTenthsPerInch        = 720;   // of a point
 const int  kScrollToLeftEdge     = -120;  // characters, more than any view is wide
 const int  kRichScrollMargin     = 2;     // a rich-edit control may show its last lines in part
 const char kRichLibrary[]        = "RICHED20.DLL";

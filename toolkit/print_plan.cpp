@@ -61,7 +61,7 @@ cSheetPoint LinePosition(const cPaper &Paper, const cTextBand &Band, int nLineHe
 
 int PrinterFontHeight(int nTenthsOfPoint, int nDpi)
 {
-    return -(nTenthsOfPoint * nDpi / 720);
+    return -(nTenthsOfPoint * nDpi / kTenthsPerInch);
 }
 
 cPrintPlan PlanPrint(int nLines, const cTextBand &Band, int nLineHeight, const cPrintChoice &Choice)

@@ -67,6 +67,8 @@ struct cSheetPoint
 // from the first printable pixel of the sheet, turned or not.
 cSheetPoint LinePosition(const cPaper &Paper, const cTextBand &Band, int nLineHeight, int nLine);
 
+const int kTenthsPerInch = 720;  // tenths of a point
+
 // Height of the printer's font: 90 tenths of a point are 75 pixels at 600 per
 // inch. Negative, as the platform wants a height without the leading.
 int PrinterFontHeight(int nTenthsOfPoint, int nDpi);

@@ -10,6 +10,11 @@
 #include "tests/window/calculator.h"
 #include "tests/window/picture.h"
 
+// What a command says that has to wait for the end of a run.
+const char *const kNotWhileRunning = "Not allowed while a calculator\n"
+                                     "program is running (hit any\n"
+                                     "calculator key to halt the program)\n";
+
 // Opens a program with these lines, "LBL 1\r\nGTO 1\r\n", by the keyboard.
 void OpenListing(cCalculator *pCalculator, const std::string &Listing);
 

@@ -14,10 +14,6 @@
 namespace
 {
 
-const char *const kNotWhileRunning = "Not allowed while a calculator\n"
-                                     "program is running (hit any\n"
-                                     "calculator key to halt the program)\n";
-
 const unsigned kKeyRunStop = 30;
 
 // Draws on and on, slowly enough not to fill the set.

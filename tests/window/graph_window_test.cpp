@@ -5,6 +5,7 @@
 
 #include <doctest/doctest.h>
 
+#include "tests/window/common_steps.h"
 #include "tests/window/input.h"
 #include "tests/window/plot_reader.h"
 #include "tests/window/waiting.h"
@@ -13,10 +14,6 @@ namespace
 {
 
 const unsigned kWhite = 0xFFFFFF;
-
-const char *const kNotWhileRunning = "Not allowed while a calculator\n"
-                                     "program is running (hit any\n"
-                                     "calculator key to halt the program)\n";
 
 RECT PlaceInPlot(const cGraphWindow &Graph, HWND hChild)
 {

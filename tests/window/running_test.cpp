@@ -14,10 +14,6 @@ namespace
 const char kEndless[]  = "LBL 1\r\nGTO 1\r\n";
 const char kCounting[] = "LBL 1\r\n1\r\n+\r\nGTO 1\r\n";
 
-const char kNotAllowed[] = "Not allowed while a calculator\n"
-                           "program is running (hit any\n"
-                           "calculator key to halt the program)\n";
-
 const unsigned kKeySst      = 1;
 const unsigned kKeyGsb      = 2;
 const unsigned kKeyIndirect = 7;
@@ -153,13 +149,13 @@ TEST_CASE("during a run the commands that would disturb it are grey, in menu and
     CHECK(Calculator.ListingLines()[2] == "02 GTO 1");
 
     // The system menu's close is refused by a box, and so is Alt+F4.
-    const cSeenBox Refusal = {"Vorstek", kNotAllowed, {"OK"}};
+    const cSeenBox Refusal = {"Vorstek", kNotWhileRunning, {"OK"}};
     Click(FramePoint(Calculator.Window(), HTCLOSE));
     CHECK(Calculator.Box() == Refusal);
     Calculator.PhotographScreen().Save("close-refused");
     Calculator.Click("OK");
     HitKey(VK_F4, kAlt);
-    CHECK(Calculator.Answers(kNotAllowed, "OK"));
+    CHECK(Calculator.Answers(kNotWhileRunning, "OK"));
     CHECK(Calculator.IsRunning());
     CHECK(IsProgramRunning(Calculator));
 
