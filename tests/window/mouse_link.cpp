@@ -7,6 +7,20 @@
 
 #include "tests/window/waiting.h"
 
+// Whether the system, which every click asks where it falls, has the pointer
+// there. The system's list of places begins with the newest one; what is found
+// from a place on is the whole list if that is the newest.
+static int IsNewestPlace(POINT Position)
+{
+    const int      kListed = 64;
+    MOUSEMOVEPOINT Place   = {};
+    MOUSEMOVEPOINT Found[kListed];
+    Place.x = Position.x;
+    Place.y = Position.y;
+    return GetMouseMovePointsEx(sizeof Place, &Place, Found, kListed, GMMP_USE_DISPLAY_POINTS) ==
+           kListed;
+}
+
 cMouseLink::cMouseLink() : m_nSocket(INVALID_SOCKET)
 {
     const char *const szPort = getenv("VORSTEK_MOUSE");
@@ -42,9 +56,7 @@ void cMouseLink::MoveTo(POINT Position) const
     REQUIRE(send(m_nSocket, szLine, nLength, 0) == nLength);
     REQUIRE(recv(m_nSocket, szLine, 1, 0) == 1);
 
-    // Wine's desktop listens in its own time.
-    DWORD_PTR nIgnored = 0;
-    SendMessageTimeoutA(GetDesktopWindow(), WM_NULL, 0, 0, SMTO_NORMAL, kPatience, &nIgnored);
+    REQUIRE(WaitFor([Position] { return IsNewestPlace(Position); }));
 }
 
 const cMouseLink *cMouseLink::Current()

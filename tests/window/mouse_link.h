@@ -21,7 +21,7 @@ public:
     cMouseLink(const cMouseLink &)            = delete;
     cMouseLink &operator=(const cMouseLink &) = delete;
 
-    // Returns when the programs have been told; they may still have to listen.
+    // Returns when a click would fall there.
     void MoveTo(POINT Position) const;
 
     static const cMouseLink *Current();

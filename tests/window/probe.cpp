@@ -140,10 +140,15 @@ int IconOfBox(HWND hBox)
     return 0;
 }
 
-// Wine keeps what is painted from the screen until the thread is about to wait.
+// Wine keeps what is painted from the screen until the thread is about to wait,
+// and then does not wait for the screen, which may draw it after it has answered
+// another program. A question of this program's own is answered in order.
 void ShowWhatIsPainted()
 {
     MsgWaitForMultipleObjects(0, nullptr, FALSE, 0, QS_ALLINPUT);
+    const HDC hScreen = GetDC(nullptr);
+    GetPixel(hScreen, 0, 0);
+    ReleaseDC(nullptr, hScreen);
 }
 
 HWND FindToolBar(HWND hWnd)
