@@ -94,7 +94,7 @@ int ExportGraph(cVantorBox *pBox, eImageKind nKind, const char *szGraphFile)
         return ReportFailure(szName, pBoxes);
     if (!DrawPicture(Picture.Get(), *pBox, pChoice->m_nWidth, pChoice->m_nHeight))
         return 0;
-    if (!AskFileName(fnSave, kKinds[nKind].m_szFilter, nullptr, kKinds[nKind].m_szExtension,
+    if (!AskFileName(fnSave, kKinds[nKind].m_szFilter, nullptr, kKinds[nKind].m_szExtension, pBoxes,
                      szName))
         return 0;
     if (!Write(Picture.Get(), nKind, pChoice->m_nBits, szName, pBoxes))

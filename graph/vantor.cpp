@@ -230,7 +230,7 @@ void cVantor::OnNew()
 int cVantor::AskName(eFileNameDialog nDialog, char (&szName)[kFileName]) const
 {
     snprintf(szName, sizeof szName, "%s", nDialog == fnSave ? m_szFileName : "");
-    return AskFileName(nDialog, kTextFiles, nullptr, "txt", szName);
+    return AskFileName(nDialog, kTextFiles, nullptr, "txt", m_pBoxes, szName);
 }
 
 void cVantor::OnOpen()

@@ -94,7 +94,7 @@ int cVorstek::AskFileName(eFileDialog nDialog, char *szName, size_t nSize)
     char szPath[kFileName];
     snprintf(szPath, sizeof szPath, "%s", szName);
     if (!::AskFileName(nDialog == fdOpen ? fnOpen : fnSave, "Text Files (*.TXT)\0*.TXT\0", nullptr,
-                       "txt", szPath))
+                       "txt", m_pBoxes, szPath))
         return 0;
     snprintf(szName, nSize, "%s", szPath);
     return 1;

@@ -1,9 +1,10 @@
 #include "toolkit/file_dialogs.h"
 
+#include "toolkit/file_name_guard.h"
 #include "toolkit/modal_guard.h"
 
 int AskFileName(eFileNameDialog nDialog, const char *szFilter, const char *szFolder,
-                const char *szExtension, char (&szFileName)[kFileName])
+                const char *szExtension, cMessageBoxes *pBoxes, char (&szFileName)[kFileName])
 {
     char szCurrent[kFileName] = "";
     GetCurrentDirectoryA(sizeof szCurrent, szCurrent);
@@ -16,9 +17,10 @@ int AskFileName(eFileNameDialog nDialog, const char *szFilter, const char *szFol
     Dialog.nMaxFile        = kFileName;
     Dialog.lpstrInitialDir = szFolder ? szFolder : szCurrent;
     Dialog.lpstrDefExt     = szExtension;
-    Dialog.Flags           = OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST;
+    Dialog.Flags           = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST;
 
-    const cModalGuard Others(Dialog.hwndOwner);
+    const cModalGuard    Others(Dialog.hwndOwner);
+    const cFileNameGuard Length(szExtension, pBoxes);
     if (nDialog == fnOpen)
     {
         Dialog.Flags |= OFN_FILEMUSTEXIST;

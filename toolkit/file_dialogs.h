@@ -5,6 +5,8 @@
 
 #include "toolkit/win32.h"
 
+#include "toolkit/message_box.h"
+
 const int kFileName = 260;  // characters of a path, closing zero included
 
 enum eFileNameDialog
@@ -15,10 +17,11 @@ enum eFileNameDialog
 
 // Asks for a file. szFilter is pairs of text and pattern, ended by an empty
 // one: "Text Files (*.TXT)\0*.TXT\0". szFolder is where to begin, null for the
-// current one. szExtension, "txt" or null, is added to a name without one.
+// current one. szExtension, "txt" or null, is added to a name without one. A
+// name that is too long gets a message through pBoxes.
 // szFileName holds the name that is proposed, "" for none, and gets the whole
 // path. 0 if the user cancelled; then szFileName is to be used no more.
 int AskFileName(eFileNameDialog nDialog, const char *szFilter, const char *szFolder,
-                const char *szExtension, char (&szFileName)[kFileName]);
+                const char *szExtension, cMessageBoxes *pBoxes, char (&szFileName)[kFileName]);
 
 #endif

@@ -3,6 +3,7 @@
 #include "toolkit/file_dialogs.h"
 
 #include <cstdio>
+#include <filesystem>
 #include <string>
 
 #include <doctest/doctest.h>
@@ -25,7 +26,7 @@ HWND NameField(HWND hDialog)
 
 std::string TextOf(HWND hWnd)
 {
-    char szText[300] = "";
+    char szText[4000] = "";
     SendMessageA(hWnd, WM_GETTEXT, sizeof szText, reinterpret_cast<LPARAM>(szText));
     return szText;
 }
@@ -58,7 +59,7 @@ std::string CurrentFolder()
 
 TEST_CASE("a file dialog that is cancelled gives 0")
 {
-    const cFrameRig Rig;
+    cFrameRig Rig;
     for (const eFileNameDialog nDialog : {fnOpen, fnSave})
     {
         const cDialogDriver Driver([](HWND hDialog) {
@@ -66,26 +67,27 @@ TEST_CASE("a file dialog that is cancelled gives 0")
             return 1;
         });
         char                szName[kFileName] = "";
-        CHECK(AskFileName(nDialog, kFilter, nullptr, "txt", szName) == 0);
+        CHECK(AskFileName(nDialog, kFilter, nullptr, "txt", &Rig.m_Boxes, szName) == 0);
     }
 }
 
 TEST_CASE("opening gives the whole path of a file that exists")
 {
-    const cFrameRig      Rig;
+    cFrameRig            Rig;
     const cScratchFolder Folder;
     Folder.Write("old.txt", "01 PI\r\n");
     const cDialogDriver Driver([&](HWND hDialog) { return Choose(hDialog, "old.txt"); });
     char                szName[kFileName] = "";
 
-    CHECK(AskFileName(fnOpen, kFilter, FullPath(Folder.Name("")).c_str(), "txt", szName) == 1);
+    CHECK(AskFileName(fnOpen, kFilter, FullPath(Folder.Name("")).c_str(), "txt", &Rig.m_Boxes,
+                      szName) == 1);
 
     CHECK(szName == FullPath(Folder.Name("old.txt")));
 }
 
 TEST_CASE("opening insists on a file that exists")
 {
-    const cFrameRig      Rig;
+    cFrameRig            Rig;
     const cScratchFolder Folder;
     int                  nRefused = 0;
     HWND                 hFile    = nullptr;
@@ -108,19 +110,20 @@ TEST_CASE("opening insists on a file that exists")
     });
     char                 szName[kFileName] = "";
 
-    CHECK(AskFileName(fnOpen, kFilter, FullPath(Folder.Name("")).c_str(), "txt", szName) == 0);
+    CHECK(AskFileName(fnOpen, kFilter, FullPath(Folder.Name("")).c_str(), "txt", &Rig.m_Boxes,
+                      szName) == 0);
 
     CHECK(nRefused == 1);
 }
 
 TEST_CASE("a file dialog begins in the current folder and leaves it")
 {
-    const cFrameRig     Rig;
+    cFrameRig           Rig;
     const std::string   Before = CurrentFolder();
     const cDialogDriver Driver([&](HWND hDialog) { return Choose(hDialog, "here"); });
     char                szName[kFileName] = "";
 
-    CHECK(AskFileName(fnSave, kFilter, nullptr, nullptr, szName) == 1);
+    CHECK(AskFileName(fnSave, kFilter, nullptr, nullptr, &Rig.m_Boxes, szName) == 1);
 
     CHECK(std::string(szName) == Before + "\\here");
     CHECK(CurrentFolder() == Before);
@@ -128,7 +131,7 @@ TEST_CASE("a file dialog begins in the current folder and leaves it")
 
 TEST_CASE("saving proposes the name that it is given")
 {
-    const cFrameRig      Rig;
+    cFrameRig            Rig;
     const cScratchFolder Folder;
     std::string          Proposed;
     const cDialogDriver  Driver([&](HWND hDialog) {
@@ -138,7 +141,8 @@ TEST_CASE("saving proposes the name that it is given")
     });
     char                 szName[kFileName] = "plot.txt";
 
-    CHECK(AskFileName(fnSave, kFilter, FullPath(Folder.Name("")).c_str(), "txt", szName) == 1);
+    CHECK(AskFileName(fnSave, kFilter, FullPath(Folder.Name("")).c_str(), "txt", &Rig.m_Boxes,
+                      szName) == 1);
 
     CHECK(Proposed == "plot.txt");
     CHECK(szName == FullPath(Folder.Name("plot.txt")));
@@ -146,19 +150,20 @@ TEST_CASE("saving proposes the name that it is given")
 
 TEST_CASE("saving adds the extension that was left out")
 {
-    const cFrameRig      Rig;
+    cFrameRig            Rig;
     const cScratchFolder Folder;
     const cDialogDriver  Driver([](HWND hDialog) { return Choose(hDialog, "new"); });
     char                 szName[kFileName] = "";
 
-    CHECK(AskFileName(fnSave, kFilter, FullPath(Folder.Name("")).c_str(), "txt", szName) == 1);
+    CHECK(AskFileName(fnSave, kFilter, FullPath(Folder.Name("")).c_str(), "txt", &Rig.m_Boxes,
+                      szName) == 1);
 
     CHECK(szName == FullPath(Folder.Name("new.txt")));
 }
 
 TEST_CASE("saving asks before a file is overwritten")
 {
-    const cFrameRig      Rig;
+    cFrameRig            Rig;
     const cScratchFolder Folder;
     Folder.Write("old.txt", "01 PI\r\n");
     HWND                hFile  = nullptr;
@@ -178,8 +183,72 @@ TEST_CASE("saving asks before a file is overwritten")
     });
     char                szName[kFileName] = "";
 
-    CHECK(AskFileName(fnSave, kFilter, FullPath(Folder.Name("")).c_str(), "txt", szName) == 1);
+    CHECK(AskFileName(fnSave, kFilter, FullPath(Folder.Name("")).c_str(), "txt", &Rig.m_Boxes,
+                      szName) == 1);
 
     CHECK(bAsked == 1);
     CHECK(szName == FullPath(Folder.Name("old.txt")));
+}
+
+TEST_CASE("a path has 259 characters at most, and the dialog stays open for a shorter one")
+{
+    cFrameRig            Rig;
+    const cScratchFolder Folder;
+    const std::string    Root    = FullPath(Folder.Name(""));
+    const size_t         nInRoot = 259 - Root.size();  // characters of a name there
+    std::filesystem::create_directory(Folder.Name("sub.d"));
+
+    const auto Name = [](size_t nLength) { return std::string(nLength, 'n'); };
+    const struct
+    {
+        std::string m_Typed;
+        const char *m_szExtension;
+        int         m_bTaken;
+    } Rows[] = {
+        {Name(nInRoot), nullptr, 1},
+        {Name(nInRoot + 1), nullptr, 0},
+        {Name(300), nullptr, 0},
+        {Name(3000), nullptr, 0},
+        // the whole path
+        {Root + Name(nInRoot), nullptr, 1},
+        {Root + Name(nInRoot + 1), nullptr, 0},
+        // with the extension, if the dialog adds one
+        {Name(nInRoot - 4), "txt", 1},
+        {Name(nInRoot - 3), "txt", 0},
+        {Name(nInRoot - 4) + ".bin", "txt", 1},
+        {"sub.d\\" + Name(nInRoot - 10), "txt", 1},
+        {"sub.d\\" + Name(nInRoot - 9), "txt", 0},
+        {"sub.d/" + Name(nInRoot - 9), "txt", 0},
+    };
+    for (const auto &Row : Rows)
+        for (const eFileNameDialog nDialog : {fnOpen, fnSave})
+        {
+            CAPTURE(Row.m_Typed);
+            CAPTURE(nDialog);
+            Rig.m_Boxes.m_Boxes.clear();
+            if (Row.m_bTaken && nDialog == fnOpen)
+                continue;  // it would have to exist
+            HWND                hFile  = nullptr;
+            int                 bStays = 0;
+            const cDialogDriver Driver([&](HWND hDialog) {
+                if (!hFile)
+                {
+                    hFile = hDialog;
+                    Choose(hDialog, Row.m_Typed);
+                    return Row.m_bTaken;
+                }
+                bStays = hDialog == hFile && TextOf(NameField(hDialog)) == Row.m_Typed;
+                Press(hDialog, IDCANCEL);
+                return 1;
+            });
+            char                szName[kFileName] = "";
+            CHECK(AskFileName(nDialog, kFilter, Root.c_str(), Row.m_szExtension, &Rig.m_Boxes,
+                              szName) == Row.m_bTaken);
+            CHECK(bStays == !Row.m_bTaken);
+            REQUIRE(Rig.m_Boxes.m_Boxes.size() == (Row.m_bTaken ? 0 : 1));
+            if (!Row.m_bTaken)
+                CHECK(
+                    Rig.m_Boxes.m_Boxes[0].m_Text ==
+                    "The file name is too long: it may have 259 characters, its folder included.");
+        }
 }

@@ -8,6 +8,7 @@
 #include "shell/face_geometry.h"
 #include "tests/window/face_reader.h"
 #include "tests/window/input.h"
+#include "tests/window/menus.h"
 #include "tests/window/program_file.h"
 #include "tests/window/waiting.h"
 
@@ -163,7 +164,7 @@ HWND cCalculator::Child(const char *szClass, int nId) const
 
 void cCalculator::Settle() const
 {
-    REQUIRE(WaitFor([this] { return !m_Probe.Ask(pbQueue).m_nValue; }));
+    m_Probe.Settle();
 }
 
 void cCalculator::SettlePaint() const
@@ -193,6 +194,7 @@ int cCalculator::ShowsFaceFrom(int nFirst) const
     const int          kRows   = 450;  // that every window shows
     const cProgramFile Program;
     POINT              At = {0, 0};
+    SettlePaint();
     ClientToScreen(Keypad(), &At);
     return Program.Bitmap(IDB_FACE).Holds(
         0, nFirst, cPicture::OfScreen({At.x, At.y, At.x + kMargin, At.y + kRows}));
@@ -314,11 +316,6 @@ std::string cCalculator::MenuText(unsigned nId) const
     return m_Probe.Ask(pbMenuText, nId).m_szText;
 }
 
-static POINT MiddleOf(const RECT &Rect)
-{
-    return {(Rect.left + Rect.right) / 2, (Rect.top + Rect.bottom) / 2};
-}
-
 std::string cCalculator::MenuTitle(unsigned nMenu) const
 {
     return m_Probe.Ask(pbMenuTitle, nMenu).m_szText;
@@ -330,46 +327,19 @@ cSeenItem cCalculator::MenuItem(unsigned nMenu, unsigned nPosition) const
     return {Item.m_nValue, static_cast<UINT>(Item.m_nMore), Item.m_szText};
 }
 
-static const char kMenuClass[] = "#32768";
-
 void cCalculator::OpenMenu(unsigned nMenu)
 {
-    // Twice at the same place would be a double click.
-    static int s_nAside = 0;
-    s_nAside            = 8 - s_nAside;
-    POINT At            = MiddleOf(m_Probe.Ask(pbBarRect, nMenu).m_Rect);
-    At.x += s_nAside - 4;
-    ::Click(At);
-    REQUIRE(WaitFor([] { return FindWindowA(kMenuClass, nullptr) != nullptr; }));
-    Settle();
+    ::OpenMenu(m_hWnd, nMenu);
 }
 
 void cCalculator::PointAtItem(unsigned nId)
 {
-    const cProbeAnswer Item = m_Probe.Ask(pbMenuRect, nId);
-    REQUIRE(Item.m_nValue);
-    // Twice, as Wine may lose a move that comes while a menu handles another.
-    MoveMouse({Item.m_Rect.left + 1, MiddleOf(Item.m_Rect).y});
-    Settle();
-    MoveMouse(MiddleOf(Item.m_Rect));
-    Settle();
-}
-
-void cCalculator::CloseMenu()
-{
-    ::HitKey(VK_ESCAPE);
-    ::HitKey(VK_ESCAPE);
-    REQUIRE(WaitFor([] { return FindWindowA(kMenuClass, nullptr) == nullptr; }));
-    Settle();
+    ::PointAtItem(m_hWnd, nId);
 }
 
 void cCalculator::Choose(unsigned nMenu, unsigned nId)
 {
-    OpenMenu(nMenu);
-    PointAtItem(nId);
-    PressMouse();
-    ReleaseMouse();
-    Settle();
+    ChooseItem(m_hWnd, nMenu, nId);
 }
 
 void cCalculator::Drag(LRESULT nPart, int dx, int dy)
@@ -513,6 +483,20 @@ HWND cCalculator::FocusedWindow() const
 int cCalculator::FocusedControl() const
 {
     return GetDlgCtrlID(FocusedWindow());
+}
+
+// When a box has just closed, the screen's late news of that may take the focus
+// away again.
+void cCalculator::FocusControl(int nId)
+{
+    const HWND hControl = GetDlgItem(Dialog(), nId);
+    RECT       Rect     = {};
+    GetWindowRect(hControl, &Rect);
+    REQUIRE(WaitFor([&] {
+        ::Click({Rect.left + 8, (Rect.top + Rect.bottom) / 2});
+        Settle();
+        return FocusedControl() == nId;
+    }));
 }
 
 void cCalculator::HitShortcut(int nKey, unsigned nModifiers)

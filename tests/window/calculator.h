@@ -138,10 +138,9 @@ public:
     std::string MenuTitle(unsigned nMenu) const;
     cSeenItem   MenuItem(unsigned nMenu, unsigned nPosition) const;
 
-    // Opens a menu with the mouse, moves it to an item, closes all menus.
+    // Opens a menu with the mouse, moves it to an item.
     void OpenMenu(unsigned nMenu);
     void PointAtItem(unsigned nId);
-    void CloseMenu();
 
     // Drags a border or corner of the window, HTRIGHT or HTBOTTOMRIGHT.
     void Drag(LRESULT nPart, int dx, int dy);
@@ -176,6 +175,10 @@ public:
 
     // Clicks a control of the dialog in front.
     void ClickControl(int nId);
+
+    // Clicks at the left end of a field, as at the right one there may be a
+    // spin control, until the keyboard is its.
+    void FocusControl(int nId);
 
     // Hits a key as soon as the calculator's window has the keyboard, which it
     // gets back some time after a dialog has closed.

@@ -9,6 +9,7 @@
 
 #include "tests/window/common_steps.h"
 #include "tests/window/input.h"
+#include "tests/window/menus.h"
 #include "tests/window/waiting.h"
 
 namespace
@@ -45,10 +46,9 @@ const cWayOut kWaysOut[] = {
      [](cCalculator *pCalculator) { Click(FramePoint(pCalculator->Window(), HTCLOSE)); }},
     {"Alt+F4", [](cCalculator *) { HitKey(VK_F4, kAlt); }},
     {"the system menu",
-     [](cCalculator *pCalculator) {
+     [](cCalculator *) {
          HitKey(VK_SPACE, kAlt);
-         REQUIRE(WaitFor([] { return FindWindowA("#32768", nullptr) != nullptr; }));
-         pCalculator->Settle();
+         WaitForMenu();
          HitKey('C');
      }},
 };

@@ -33,8 +33,7 @@ void PostSystemCommand(const cCalculator &Calculator, unsigned nCommand)
 void FillField(cCalculator *pCalculator, int nId, const std::string &Text)
 {
     const HWND hField = GetDlgItem(pCalculator->Dialog(), nId);
-    pCalculator->ClickControl(nId);
-    REQUIRE(Eventually(nId, [&] { return pCalculator->FocusedControl(); }) == nId);
+    pCalculator->FocusControl(nId);
     SendMessageA(hField, EM_SETSEL, 0, -1);
     Type(Text);
     REQUIRE(Eventually(Text, [&] { return TextOfControl(*pCalculator, nId); }) == Text);

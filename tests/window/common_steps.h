@@ -11,6 +11,9 @@
 #include "tests/window/picture.h"
 
 // What a command says that has to wait for the end of a run.
+const char *const kNameTooLong =
+    "The file name is too long: it may have 259 characters, its folder included.";
+
 const char *const kNotWhileRunning = "Not allowed while a calculator\n"
                                      "program is running (hit any\n"
                                      "calculator key to halt the program)\n";

@@ -276,7 +276,7 @@ TEST_CASE("errors of twenty characters are shown whole, and no wait marker is")
         // the display would tell.
         MoveMouse(Calculator.OnKey(kKeySeven));
         PressMouse();
-        Calculator.Settle();
+        Calculator.SettlePaint();
         CHECK(Calculator.Read(0, 59, 66, 5) != "Error");
         CHECK(Shows(Calculator, kBottom, Row.m_szBottom));
         ReleaseMouse();

@@ -6,6 +6,7 @@
 
 #include <filesystem>
 
+#include "tests/window/common_steps.h"
 #include "tests/window/input.h"
 #include "tests/window/waiting.h"
 
@@ -246,7 +247,34 @@ TEST_CASE("a name may be as long as the platform allows")
     CHECK(ListingIs(Calculator, 1, "01 ENTER"));
     CHECK(StatusIs(Calculator, Longest));
 
-    // Longer names cannot be tried here: Wine's own file dialog writes beyond
-    // its buffer when it gets one.
+    CHECK(Calculator.Folder().Count() == 2);
+}
+
+TEST_CASE("a file name of 300 characters is refused, and nothing is lost")
+{
+    cCalculator       Calculator;
+    const std::string TooLong(300, 'n');
+    const std::string Path = Calculator.Path("short.txt");
+    Modify(Calculator);
+
+    Calculator.Choose(kFileMenu, IDM_SAVE_AS);
+    Calculator.GiveFileName(TooLong);
+    Calculator.PhotographScreen().Save("name-too-long");
+    CHECK(Calculator.Answers(kNameTooLong, "OK"));
+    Calculator.GiveFileName(Path);
+    CHECK(HasClosed(Calculator));
+    CHECK(StatusIs(Calculator, Path));
+    CHECK(Calculator.Folder().Read("short.txt") == "ENTER\r\n");
+
+    Calculator.HitShortcut('O', kCtrl);
+    for (const std::string &Name : {TooLong, Calculator.Path("") + TooLong})
+    {
+        Calculator.GiveFileName(Name);
+        CHECK(Calculator.Answers(kNameTooLong, "OK"));
+    }
+    Calculator.CloseDialogWith(VK_ESCAPE);
+    CHECK(HasClosed(Calculator));
+    CHECK(ListingIs(Calculator, 1, "01 ENTER"));
+    CHECK(StatusIs(Calculator, Path));
     CHECK(Calculator.Folder().Count() == 2);
 }

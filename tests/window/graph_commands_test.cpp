@@ -8,6 +8,7 @@
 #include <doctest/doctest.h>
 
 #include "tests/window/input.h"
+#include "tests/window/menus.h"
 #include "tests/window/probe_link.h"
 #include "tests/window/waiting.h"
 
@@ -66,8 +67,7 @@ const cMenuRow kRows[] =
 void ChooseInContext(const cCalculator &Calculator, const cGraphWindow &Graph, int nPlace)
 {
     Click(Graph.OnPlot(60, 60), mbRight);
-    REQUIRE(WaitFor([] { return FindWindowA("#32768", nullptr) != nullptr; }));
-    Calculator.Settle();
+    WaitForMenu();
     for (int i = 0; i < nPlace; i++)
         HitKey(VK_DOWN);
     HitKey(VK_RETURN);

@@ -5,6 +5,7 @@
 #include <doctest/doctest.h>
 
 #include "tests/window/input.h"
+#include "tests/window/menus.h"
 #include "tests/window/waiting.h"
 
 static const unsigned kViewMenu = 2;  // of the calculator
@@ -21,11 +22,6 @@ static RECT RectOf(HWND hWnd)
     RECT Rect = {};
     GetWindowRect(hWnd, &Rect);
     return Rect;
-}
-
-static POINT MiddleOf(const RECT &Rect)
-{
-    return {(Rect.left + Rect.right) / 2, (Rect.top + Rect.bottom) / 2};
 }
 
 static HWND FindGraph(HWND hCalculator)
@@ -119,14 +115,7 @@ std::string cGraphWindow::StatusText() const
 
 void cGraphWindow::Choose(eGraphMenu nMenu, unsigned nId)
 {
-    const cProbeLink &Probe = *cProbeLink::Current();
-    ::Click(MiddleOf(Probe.AskWindow(m_hWnd, pbBarRect, nMenu).m_Rect));
-    REQUIRE(WaitFor([&] { return FindWindowA("#32768", nullptr) != nullptr; }));
-    m_pCalculator->Settle();
-    const cProbeAnswer Item = Probe.AskWindow(m_hWnd, pbMenuRect, nId);
-    REQUIRE(Item.m_nValue);
-    ::Click(MiddleOf(Item.m_Rect));
-    m_pCalculator->Settle();
+    ChooseItem(m_hWnd, nMenu, nId);
 }
 
 // --- data
@@ -203,16 +192,10 @@ void cGraphWindow::GoToEnd(int nId)
     SendMessageA(hField, EM_SETSEL, nLength, static_cast<LPARAM>(nLength));
 }
 
-// Clicks at the left end of a field: at the right one there may be a spin
-// control.
 HWND cGraphWindow::Focus(int nId) const
 {
-    const HWND hField = Field(nId);
-    const RECT Rect   = RectOf(hField);
-    ::Click({Rect.left + 8, (Rect.top + Rect.bottom) / 2});
-    m_pCalculator->Settle();
-    REQUIRE(Eventually(nId, [this] { return FocusedField(); }) == nId);
-    return hField;
+    m_pCalculator->FocusControl(nId);
+    return Field(nId);
 }
 
 void cGraphWindow::TypeLines(std::initializer_list<const char *> Lines)
@@ -285,10 +268,7 @@ void cGraphWindow::PhotographDialog(const std::string &Name) const
 
 int cGraphWindow::FocusedField() const
 {
-    GUITHREADINFO Info = {};
-    Info.cbSize        = sizeof Info;
-    GetGUIThreadInfo(GetWindowThreadProcessId(m_hWnd, nullptr), &Info);
-    return GetDlgCtrlID(Info.hwndFocus);
+    return m_pCalculator->FocusedControl();
 }
 
 void cGraphWindow::Escape()

@@ -7,6 +7,7 @@
 
 #include "tests/window/common_steps.h"
 #include "tests/window/input.h"
+#include "tests/window/menus.h"
 #include "tests/window/plot_reader.h"
 #include "tests/window/waiting.h"
 
@@ -338,9 +339,7 @@ TEST_CASE("the context menu does what the menu bar does")
     GetClientRect(Graph.Plot(), &Client);
     const POINT At = Graph.OnPlot(Client.right / 3, Client.bottom / 3);
     Click(At, mbRight);
-    const HWND hMenu = WaitFor([] { return FindWindowA("#32768", nullptr); });
-    REQUIRE(hMenu);
-    Calculator.Settle();
+    WaitForMenu();
     Calculator.PhotographScreen().Save("graph-context");
     HitKey(VK_DOWN);  // "Reformat Plot..."
     HitKey(VK_RETURN);
@@ -348,6 +347,29 @@ TEST_CASE("the context menu does what the menu bar does")
     CHECK(Box.m_Caption == "Reformat Plot");
     HitKey(VK_ESCAPE);
     CHECK(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
+}
+
+TEST_CASE("a file name of 300 characters is refused by each file dialog, and nothing is lost")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("diagonal.txt", kDiagonal);
+    const cPicture Shown = Graph.Photograph();
+    for (const unsigned nId :
+         {IDM_GRAPH_OPEN, IDM_GRAPH_APPEND, IDM_GRAPH_SAVE_AS, IDM_CREATE_BMP, IDM_CREATE_GIF})
+    {
+        CAPTURE(nId);
+        Graph.Choose(gmFile, nId);
+        if (nId == IDM_CREATE_BMP || nId == IDM_CREATE_GIF)
+            Calculator.Click("OK");
+        Calculator.GiveFileName(std::string(300, 'n'));
+        CHECK(Calculator.Answers(kNameTooLong, "OK"));
+        Graph.Escape();
+        CHECK(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
+        CHECK(Graph.StatusText() == "filename: " + Calculator.Path("diagonal.txt"));
+        CHECK(CountDifferences(Shown, Graph.Photograph()) == 0);
+    }
+    CHECK(Calculator.Folder().Count() == 2);
 }
 
 TEST_CASE("the window is resized from the smallest to the whole screen")

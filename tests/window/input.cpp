@@ -30,6 +30,11 @@ static INPUT KeyInput(WORD nKey, DWORD dwFlags)
     return Input;
 }
 
+POINT MiddleOf(const RECT &Rect)
+{
+    return {(Rect.left + Rect.right) / 2, (Rect.top + Rect.bottom) / 2};
+}
+
 void MoveMouse(POINT Position)
 {
     cMouseLink::Current()->MoveTo(Position);
@@ -57,7 +62,7 @@ void ClickMiddleOf(HWND hWnd)
 {
     RECT Rect = {};
     GetWindowRect(hWnd, &Rect);
-    Click({(Rect.left + Rect.right) / 2, (Rect.top + Rect.bottom) / 2});
+    Click(MiddleOf(Rect));
 }
 
 static int IsPart(HWND hWnd, POINT Point, LRESULT nPart)

@@ -14,6 +14,8 @@ enum eMouseButton
     mbRight
 };
 
+POINT MiddleOf(const RECT &Rect);
+
 // Positions are on the screen.
 void MoveMouse(POINT Position);
 void PressMouse(eMouseButton nButton = mbLeft);

@@ -1,5 +1,6 @@
 #include "tests/window/mouse_link.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -8,15 +9,18 @@
 #include "tests/window/waiting.h"
 
 // Whether the system, which every click asks where it falls, has the pointer
-// there. The system's list of places begins with the newest one; what is found
-// from a place on is the whole list if that is the newest.
-static int IsNewestPlace(POINT Position)
+// there, or as near as it may come: a window that is dragged to its least size
+// holds it. The system's list of places begins with the newest one; what is
+// found from a place on is the whole list if that is the newest.
+static int HasArrived(POINT Position)
 {
     const int      kListed = 64;
+    RECT           Allowed = {};
     MOUSEMOVEPOINT Place   = {};
     MOUSEMOVEPOINT Found[kListed];
-    Place.x = Position.x;
-    Place.y = Position.y;
+    GetClipCursor(&Allowed);
+    Place.x = std::clamp(Position.x, Allowed.left, Allowed.right - 1);
+    Place.y = std::clamp(Position.y, Allowed.top, Allowed.bottom - 1);
     return GetMouseMovePointsEx(sizeof Place, &Place, Found, kListed, GMMP_USE_DISPLAY_POINTS) ==
            kListed;
 }
@@ -56,7 +60,7 @@ void cMouseLink::MoveTo(POINT Position) const
     REQUIRE(send(m_nSocket, szLine, nLength, 0) == nLength);
     REQUIRE(recv(m_nSocket, szLine, 1, 0) == 1);
 
-    REQUIRE(WaitFor([Position] { return IsNewestPlace(Position); }));
+    REQUIRE(WaitFor([Position] { return HasArrived(Position); }));
 }
 
 const cMouseLink *cMouseLink::Current()

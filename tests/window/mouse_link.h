@@ -21,7 +21,7 @@ public:
     cMouseLink(const cMouseLink &)            = delete;
     cMouseLink &operator=(const cMouseLink &) = delete;
 
-    // Returns when a click would fall there.
+    // Returns when a click would fall there, or as near as the pointer may come.
     void MoveTo(POINT Position) const;
 
     static const cMouseLink *Current();

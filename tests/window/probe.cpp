@@ -186,6 +186,10 @@ void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
     case pbMenuRect:
         FindItemRect(hWnd, nId, pAnswer);
         break;
+    case pbMenuOpen:
+        pAnswer->m_nValue =
+            GetMenuItemRect(nullptr, GetSubMenu(hMenu, static_cast<int>(nId)), 0, &pAnswer->m_Rect);
+        break;
     case pbBarRect:
         pAnswer->m_nValue = GetMenuItemRect(hWnd, hMenu, nId, &pAnswer->m_Rect);
         break;

@@ -20,6 +20,8 @@ enum eProbe
     pbMenuState,   // m_nValue: MF_ flags of a menu item; -1: no such item
     pbMenuText,    // m_szText
     pbMenuRect,    // m_Rect: where the open menu shows the item, on the screen
+    pbMenuOpen,    // m_nValue: 1 if the popup menu of the bar is open; lParam its
+                   // position
     pbBarRect,     // the same for an item of the menu bar; lParam its position
     pbMenuItem,    // m_nValue: command, 0: separator, -1: none; m_nMore: MF_
                    // flags; m_szText. lParam an ItemAt()

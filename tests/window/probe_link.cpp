@@ -70,6 +70,11 @@ cProbeAnswer cProbeLink::AskWindow(HWND hWnd, eProbe nProbe, UINT nId) const
     return *m_pAnswer;
 }
 
+void cProbeLink::Settle() const
+{
+    REQUIRE(WaitFor([this] { return !Ask(pbQueue).m_nValue; }));
+}
+
 void cProbeLink::Inject(const std::vector<INPUT> &Inputs) const
 {
     REQUIRE(Inputs.size() <= kMostInputs);

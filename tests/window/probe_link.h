@@ -29,6 +29,9 @@ public:
     cProbeAnswer Ask(eProbe nProbe, UINT nId = 0) const { return AskWindow(m_hWnd, nProbe, nId); }
     cProbeAnswer AskWindow(HWND hWnd, eProbe nProbe, UINT nId = 0) const;
 
+    // Waits until no input waits in the thread's queue.
+    void Settle() const;
+
     // Hands inputs to the system, kMostInputs at the most, with nothing between
     // them.
     void Inject(const std::vector<INPUT> &Inputs) const;

@@ -11,6 +11,7 @@
 
 #include "shell/face_geometry.h"
 #include "tests/window/input.h"
+#include "tests/window/menus.h"
 #include "tests/window/program_file.h"
 #include "tests/window/waiting.h"
 
@@ -254,7 +255,7 @@ TEST_CASE("every menu item has its place, its text, its marks and its help in th
         }
         CHECK(Calculator.MenuItem(nMenu, static_cast<unsigned>(Menu.m_Items.size())).m_nId == -1);
         Calculator.Photograph().Save("menu-" + std::to_string(nMenu));
-        Calculator.CloseMenu();
+        CloseMenus();
         CHECK(Eventually(std::string("filename: UNTITLED"),
                          [&] { return Calculator.StatusText(); }) == "filename: UNTITLED");
     }
