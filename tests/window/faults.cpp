@@ -4,9 +4,13 @@ namespace
 {
 
 using cWriteFile     = BOOL(WINAPI *)(HANDLE, LPCVOID, DWORD, LPDWORD, LPOVERLAPPED);
+using cCreateFileA   = decltype(&CreateFileA);
+using cCreateFileW   = decltype(&CreateFileW);
 using cGetDeviceCaps = int(WINAPI *)(HDC, int);
 
 cWriteFile     s_pfnWriteFile     = nullptr;
+cCreateFileA   s_pfnCreateFileA   = nullptr;
+cCreateFileW   s_pfnCreateFileW   = nullptr;
 cGetDeviceCaps s_pfnGetDeviceCaps = nullptr;
 DWORD          s_nRoom            = 0;
 
@@ -65,6 +69,35 @@ BOOL WINAPI WriteWithinRoom(HANDLE hFile, LPCVOID pBytes, DWORD nBytes, LPDWORD 
     return FALSE;
 }
 
+HANDLE Refused()
+{
+    SetLastError(ERROR_ACCESS_DENIED);
+    return INVALID_HANDLE_VALUE;
+}
+
+int MayCreate(DWORD dwDisposition)
+{
+    return dwDisposition == CREATE_NEW || dwDisposition == CREATE_ALWAYS ||
+           dwDisposition == OPEN_ALWAYS;
+}
+
+HANDLE WINAPI OpenOnlyA(LPCSTR szName, DWORD dwAccess, DWORD dwShare, LPSECURITY_ATTRIBUTES pRights,
+                        DWORD dwDisposition, DWORD dwFlags, HANDLE hTemplate)
+{
+    if (MayCreate(dwDisposition) && GetFileAttributesA(szName) == INVALID_FILE_ATTRIBUTES)
+        return Refused();
+    return s_pfnCreateFileA(szName, dwAccess, dwShare, pRights, dwDisposition, dwFlags, hTemplate);
+}
+
+HANDLE WINAPI OpenOnlyW(LPCWSTR szName, DWORD dwAccess, DWORD dwShare,
+                        LPSECURITY_ATTRIBUTES pRights, DWORD dwDisposition, DWORD dwFlags,
+                        HANDLE hTemplate)
+{
+    if (MayCreate(dwDisposition) && GetFileAttributesW(szName) == INVALID_FILE_ATTRIBUTES)
+        return Refused();
+    return s_pfnCreateFileW(szName, dwAccess, dwShare, pRights, dwDisposition, dwFlags, hTemplate);
+}
+
 int WINAPI CapsWithoutDibs(HDC hDc, int nIndex)
 {
     const int nCaps = s_pfnGetDeviceCaps(hDc, nIndex);
@@ -79,6 +112,16 @@ void LeaveRoomOnDisk(DWORD nBytes)
     if (!s_pfnWriteFile)
         s_pfnWriteFile =
             As<cWriteFile>(ReplaceCalls("kernel32.dll", "WriteFile", AsAny(&WriteWithinRoom)));
+}
+
+void MakeFoldersReadOnly()
+{
+    if (s_pfnCreateFileA)
+        return;
+    s_pfnCreateFileA =
+        As<cCreateFileA>(ReplaceCalls("kernel32.dll", "CreateFileA", AsAny(&OpenOnlyA)));
+    s_pfnCreateFileW =
+        As<cCreateFileW>(ReplaceCalls("kernel32.dll", "CreateFileW", AsAny(&OpenOnlyW)));
 }
 
 void HideDibSupport()

@@ -10,6 +10,10 @@
 // as on a full disk.
 void LeaveRoomOnDisk(DWORD nBytes);
 
+// No folder takes a new file; those that are there can be written, as in a
+// read-only folder.
+void MakeFoldersReadOnly();
+
 // The screen cannot hold device-independent bitmaps.
 void HideDibSupport();
 

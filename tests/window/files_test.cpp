@@ -8,6 +8,7 @@
 
 #include "tests/window/common_steps.h"
 #include "tests/window/input.h"
+#include "tests/window/probe_link.h"
 #include "tests/window/waiting.h"
 
 namespace
@@ -226,6 +227,38 @@ TEST_CASE("files that cannot be written keep the program and its question")
     CHECK(Calculator.Answers(Failure, "OK"));
     CHECK(HasClosed(Calculator));
     CHECK(StatusIs(Calculator, Path));
+}
+
+TEST_CASE("a folder that takes no new files keeps the old one, and the program is not lost")
+{
+    cCalculator     Calculator;
+    cScratchFolder &Folder = Calculator.Folder();
+    Folder.Write("good.txt", "ENTER\n");
+    const std::string Path    = Calculator.Path("good.txt");
+    const std::string NewPath = Calculator.Path("new.txt");
+    Open(Calculator, "good.txt");
+    CHECK(StatusIs(Calculator, Path));
+    Modify(Calculator);
+    const size_t nFiles = Folder.Count();
+    cProbeLink::Current()->Ask(pbReadOnly);
+
+    Calculator.HitShortcut('S', kCtrl);
+    CHECK(Calculator.Answers("Could not write the file:\n " + Path, "OK"));
+    Calculator.Choose(kFileMenu, IDM_SAVE_AS);
+    Calculator.GiveFileName(NewPath);
+    CHECK(Calculator.Answers("Could not write the file:\n " + NewPath, "OK"));
+    CHECK(HasClosed(Calculator));
+    CHECK(Folder.Read("good.txt") == "ENTER\n");
+    CHECK(Folder.Count() == nFiles);
+    CHECK(ListingIs(Calculator, 2, "02 ENTER"));
+    CHECK(StatusIs(Calculator, Path));
+
+    // The program still asks before it goes, and stays.
+    Click(FramePoint(Calculator.Window(), HTCLOSE));
+    CHECK(Calculator.Answers("Save current changes in " + Path + "?", "Yes"));
+    CHECK(Calculator.Answers("Could not write the file:\n " + Path, "OK"));
+    CHECK(Calculator.IsRunning());
+    CHECK(ListingIs(Calculator, 2, "02 ENTER"));
 }
 
 TEST_CASE("a name may be as long as the platform allows")

@@ -214,6 +214,27 @@ TEST_CASE("a picture for which the disk has no room is reported; half a GIF goes
     CHECK(Rig.m_Graph.Photograph() == Before);
 }
 
+TEST_CASE("a folder that takes no new files takes no picture and no data, and keeps what it has")
+{
+    cExportRig        Rig;
+    const size_t      nFiles = Rig.m_Calculator.Folder().Count();
+    const cPicture    Before = Rig.m_Graph.Photograph();
+    const std::string Status = Rig.m_Graph.StatusText();
+    cProbeLink::Current()->Ask(pbReadOnly);
+
+    Rig.Create(IDM_CREATE_BMP, "new.bmp");
+    CHECK(Rig.FailsToWrite("new.bmp"));
+    Rig.Create(IDM_CREATE_GIF, "new.gif");
+    CHECK(Rig.FailsToWrite("new.gif"));
+    Rig.m_Graph.Choose(gmFile, IDM_GRAPH_SAVE_AS);
+    Rig.m_Calculator.GiveFileName(Rig.m_Calculator.Path("new.txt"));
+    CHECK(Rig.m_Calculator.Answers(
+        "Could not write the file:\n " + Rig.m_Calculator.Path("new.txt"), "OK"));
+    CHECK(Rig.m_Graph.StatusText() == Status);
+    CHECK(Rig.m_Graph.Photograph() == Before);
+    CHECK(Rig.m_Calculator.Folder().Count() == nFiles);
+}
+
 TEST_CASE("a file that another program holds is reported and stays as it is")
 {
     cExportRig Rig;

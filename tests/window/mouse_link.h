@@ -27,7 +27,8 @@ public:
     static const cMouseLink *Current();
 
 private:
-    int IsOpen() const { return m_nSocket != INVALID_SOCKET; }
+    int  IsOpen() const { return m_nSocket != INVALID_SOCKET; }
+    void Send(POINT Position) const;
 
     SOCKET m_nSocket;
 };

@@ -218,6 +218,9 @@ void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
     case pbDiskRoom:
         LeaveRoomOnDisk(nId);
         break;
+    case pbReadOnly:
+        MakeFoldersReadOnly();
+        break;
     case pbNoDibs:
         HideDibSupport();
         break;

@@ -36,6 +36,7 @@ enum eProbe
     pbStatusText,  // m_szText: of the status bar's only part
     pbObjects,     // m_nValue: GDI objects, m_nMore: windows, menus and their like
     pbDiskRoom,    // the disk is full after lParam bytes
+    pbReadOnly,    // folders take no new files
     pbNoDibs       // the screen cannot hold device-independent bitmaps
 };
 

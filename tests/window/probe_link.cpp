@@ -13,7 +13,7 @@ cProbeLink::cProbeLink()
                                    sizeof(cProbeAnswer), kProbeMemory)),
       m_pAnswer(static_cast<cProbeAnswer *>(
           MapViewOfFile(m_hMemory, FILE_MAP_ALL_ACCESS, 0, 0, sizeof(cProbeAnswer)))),
-      m_hHook(nullptr), m_hWnd(nullptr), m_dwThread(0)
+      m_hHook(nullptr), m_hDesktopHook(nullptr), m_hWnd(nullptr), m_dwThread(0)
 {
     s_pCurrent = this;
 }
@@ -21,8 +21,9 @@ cProbeLink::cProbeLink()
 cProbeLink::~cProbeLink()
 {
     s_pCurrent = nullptr;
-    if (m_hHook)
-        UnhookWindowsHookEx(m_hHook);
+    for (const HHOOK hHook : {m_hHook, m_hDesktopHook})
+        if (hHook)
+            UnhookWindowsHookEx(hHook);
     UnmapViewOfFile(m_pAnswer);
     CloseHandle(m_hMemory);
 }
@@ -37,6 +38,9 @@ void cProbeLink::Attach(HWND hWnd)
     m_hHook    = SetWindowsHookExA(WH_CALLWNDPROC, pfnHook, hProbe, m_dwThread);
     REQUIRE(m_hHook);
     m_hWnd = hWnd;
+    // Outside Wine the desktop is nobody's to hook, and nobody asks it.
+    m_hDesktopHook = SetWindowsHookExA(WH_CALLWNDPROC, pfnHook, hProbe,
+                                       GetWindowThreadProcessId(GetDesktopWindow(), nullptr));
 }
 
 // The window, or while it is not there any other of the thread.
@@ -68,6 +72,13 @@ cProbeAnswer cProbeLink::AskWindow(HWND hWnd, eProbe nProbe, UINT nId) const
         return m_pAnswer->m_nCount == nBefore + 1;
     }));
     return *m_pAnswer;
+}
+
+// Asking for the state of its queue lets a program look at the screen first.
+void cProbeLink::HearScreen() const
+{
+    AskWindow(GetDesktopWindow(), pbQueue);
+    Ask(pbQueue);
 }
 
 void cProbeLink::Settle() const

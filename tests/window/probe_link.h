@@ -29,6 +29,10 @@ public:
     cProbeAnswer Ask(eProbe nProbe, UINT nId = 0) const { return AskWindow(m_hWnd, nProbe, nId); }
     cProbeAnswer AskWindow(HWND hWnd, eProbe nProbe, UINT nId = 0) const;
 
+    // Returns when the program and the desktop, which is another program, have
+    // taken all that the screen had told them of the mouse.
+    void HearScreen() const;
+
     // Waits until no input waits in the thread's queue.
     void Settle() const;
 
@@ -46,6 +50,7 @@ private:
     HANDLE        m_hMemory;
     cProbeAnswer *m_pAnswer;
     HHOOK         m_hHook;
+    HHOOK         m_hDesktopHook;
     HWND          m_hWnd;
     DWORD         m_dwThread;
 };
