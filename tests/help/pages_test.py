@@ -15,7 +15,7 @@ SOURCE_FOLDERS = ("engine", "graph", "imaging", "shell", "toolkit")
 
 # Beginnings of what a user can read in a box or on the display.
 MESSAGE = re.compile(r"\s*(Error: |ERROR|FATAL|Program Error|Program [mM]emory|Sorry|Could not|couldn|"
-                     r"There is no|THERE IS|Nothing to|Not allowed|Save current|You entered|"
+                     r"There is no|THERE IS|The file name|Nothing to|Not allowed|Save current|You entered|"
                      r"Data set |%u of the|The Vorstek|Toolbar bitmap)")
 
 
