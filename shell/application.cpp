@@ -78,6 +78,9 @@ cApplication::cApplication(HINSTANCE hInstance, const char *szCmdLine, const cha
 {
     g_pApplication = this;
     m_pszAppName   = ApplicationName(szAppName, &s_Boxes);
+
+    LARGE_INTEGER NotKept = {};
+    QueryPerformanceFrequency(&NotKept);
 }
 
 cApplication::~cApplication()
@@ -113,7 +116,8 @@ int cApplication::GetNext(MSG *pMessage)
 
 int cApplication::Run()
 {
-    MSG   Message    = {};
+    MSG Message = {};
+    PeekMessageA(&Message, nullptr, 0, 0, PM_NOREMOVE);
     DWORD dwLastIdle = GetTickCount();
     while (Message.message != WM_QUIT)
     {

@@ -75,6 +75,12 @@ TEST_CASE("the message loop returns the code of the quit message")
     cApplication Application(ProgramInstance(), "", "Calculator");
     PostQuitMessage(3);
     CHECK(Application.Run() == 3);
+
+    // One that is there before the loop begins is only looked at.
+    MSG Message = {};
+    CHECK(PeekMessageA(&Message, nullptr, 0, 0, PM_REMOVE));
+    CHECK(Message.message == WM_QUIT);
+    CHECK_FALSE(PeekMessageA(&Message, nullptr, 0, 0, PM_REMOVE));
 }
 
 TEST_CASE("idling takes place while it is enabled and wanted, in periods")
