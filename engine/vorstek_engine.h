@@ -117,7 +117,9 @@ public:
     int ExecuteCurrentLine();
     int SingleStep();
 
+    // A single step counts as running, but no run is going on then.
     int IsRunning() const { return m_bProgramRunning; }
+    int IsInRun() const { return m_bInRun; }
 
     // How many runs have begun, the present one included.
     unsigned RunNumber() const { return m_nRuns; }

@@ -29,10 +29,11 @@ void cVorstek::StartSound(unsigned nId)
     PlayProgramSound(nId);
 }
 
-// A font that could not be had is left to the platform.
+// A font that could not be had is left to the platform. A run may outlive the
+// window for a moment, and what has no window would be drawn on the screen.
 void cVorstek::DrawDisplay(const cDisplay &Display)
 {
-    if (!m_bFonts)
+    if (!m_hWnd || !m_bFonts)
         return;
     const int       nLeft = GetSystemMetrics(SM_CXEDGE);
     const int       nTop  = GetSystemMetrics(SM_CYEDGE) - m_nFaceOffset + HeightOf(m_ToolBar);
@@ -51,6 +52,8 @@ void cVorstek::DrawDisplay(const cDisplay &Display)
 
 void cVorstek::BlankDisplay()
 {
+    if (!m_hWnd)
+        return;
     RECT Field = kBlankField;
     OffsetRect(&Field, GetSystemMetrics(SM_CXBORDER),
                GetSystemMetrics(SM_CYBORDER) - m_nFaceOffset + HeightOf(m_ToolBar));
@@ -138,12 +141,14 @@ void cVorstek::CheckGraph(int bShown)
 }
 
 // What a program has drawn is seen before it goes, rather than a moment later,
-// when there is little or nothing to be seen.
+// when there is little or nothing to be seen. The messages may close the window,
+// and the graph with it.
 void cVorstek::ClearGraph()
 {
-    if (m_bProgramRunning)
-        DrainEvery(kDrainPeriod / 2);
-    m_Graph.ClearAll();
+    if (IsInRun() && !DrainEvery(kDrainPeriod / 2))
+        HaltProgram();
+    if (m_hWnd)
+        m_Graph.ClearAll();
 }
 
 unsigned cVorstek::CountDataSets()

@@ -20,25 +20,42 @@ HWND NameField(HWND hDialog)
     return hEdit ? hEdit : GetDlgItem(hDialog, kComboField);
 }
 
-std::string TextOf(HWND hField)
+// A name may be typed in quotes.
+std::string_view WithoutQuotes(std::string_view Name)
 {
-    const LRESULT nLength = SendMessageA(hField, WM_GETTEXTLENGTH, 0, 0);
-    std::string   Text(static_cast<size_t>(nLength) + 1, 0);
-    SendMessageA(hField, WM_GETTEXT, Text.size(), reinterpret_cast<LPARAM>(Text.data()));
-    Text.resize(strlen(Text.c_str()));
-    return Text;
+    if (!Name.empty() && Name.front() == '"')
+        Name.remove_prefix(1);
+    if (!Name.empty() && Name.back() == '"')
+        Name.remove_suffix(1);
+    return Name;
+}
+
+int IsSlash(char c)
+{
+    return c == '\\' || c == '/';
 }
 
 // "C:\log.txt" or "\\computer\folder\log.txt"
-int HasFolder(const std::string &Name)
+int HasDrive(std::string_view Name)
 {
-    return (Name.size() > 1 && Name[1] == ':') || Name.compare(0, 2, "\\\\") == 0;
+    return Name.size() > 1 && (Name[1] == ':' || (IsSlash(Name[0]) && IsSlash(Name[1])));
 }
 
-int HasExtension(const std::string &Name)
+int HasExtension(std::string_view Name)
 {
     const size_t nPoint = Name.rfind('.');
-    return nPoint != std::string::npos && Name.find_first_of("\\/", nPoint) == std::string::npos;
+    return nPoint != Name.npos && Name.find_first_of("\\/", nPoint) == Name.npos;
+}
+
+// What stands before a name without a drive in its path.
+size_t LengthBefore(HWND hDialog, std::string_view Name)
+{
+    if (!Name.empty() && IsSlash(Name[0]))
+        return 2;  // "C:"
+    char szFolder[kFileName] = "";
+    SendMessageA(hDialog, CDM_GETFOLDERPATH, sizeof szFolder, reinterpret_cast<LPARAM>(szFolder));
+    const size_t nFolder = strlen(szFolder);
+    return nFolder + (nFolder && !IsSlash(szFolder[nFolder - 1]));
 }
 
 }  // namespace
@@ -46,23 +63,27 @@ int HasExtension(const std::string &Name)
 cFileNameGuard *cFileNameGuard::s_pCurrent = nullptr;
 
 cFileNameGuard::cFileNameGuard(const char *szExtension, cMessageBoxes *pBoxes)
-    : m_nExtension(szExtension ? strlen(szExtension) + 1 : 0), m_pBoxes(pBoxes),
-      m_hHook(SetWindowsHookExA(WH_CBT, OnHook, nullptr, GetCurrentThreadId()))
+    : m_nExtension(szExtension ? strlen(szExtension) + 1 : 0), m_pBoxes(pBoxes), m_hDialog(nullptr),
+      m_hHook(SetWindowsHookExA(WH_CBT, OnHook, nullptr, GetCurrentThreadId())),
+      m_pFormer(s_pCurrent)
 {
     s_pCurrent = this;
 }
 
 cFileNameGuard::~cFileNameGuard()
 {
-    s_pCurrent = nullptr;
+    s_pCurrent = m_pFormer;
     UnhookWindowsHookEx(m_hHook);
 }
 
 LRESULT CALLBACK cFileNameGuard::OnHook(int nCode, WPARAM wParam, LPARAM lParam)
 {
     const auto hWnd = reinterpret_cast<HWND>(wParam);
-    if (nCode == HCBT_ACTIVATE && NameField(hWnd))
+    if (nCode == HCBT_ACTIVATE && !s_pCurrent->m_hDialog && NameField(hWnd))
+    {
+        s_pCurrent->m_hDialog = hWnd;
         SetWindowSubclass(hWnd, DialogProc, kSubclass, reinterpret_cast<DWORD_PTR>(s_pCurrent));
+    }
     return CallNextHookEx(nullptr, nCode, wParam, lParam);
 }
 
@@ -78,23 +99,23 @@ LRESULT CALLBACK cFileNameGuard::DialogProc(HWND hDialog, UINT nMessage, WPARAM 
 }
 
 // Of the path that the dialog will put together, as it is before "." and ".."
-// are taken out of it.
-size_t cFileNameGuard::WholeLength(HWND hDialog, const std::string &Name) const
+// are taken out of it. The extension counts for opening, too: there it is tried
+// before the name without it.
+size_t cFileNameGuard::WholeLength(HWND hDialog, std::string_view Name) const
 {
-    size_t nLength = Name.size();
-    if (!HasExtension(Name))
-        nLength += m_nExtension;
-    if (HasFolder(Name))
-        return nLength;
-    char szFolder[kFileName] = "";
-    SendMessageA(hDialog, CDM_GETFOLDERPATH, sizeof szFolder, reinterpret_cast<LPARAM>(szFolder));
-    const size_t nFolder = strlen(szFolder);
-    return nLength + nFolder + (nFolder && szFolder[nFolder - 1] != '\\');
+    const size_t nExtension = HasExtension(Name) ? 0 : m_nExtension;
+    const size_t nBefore    = HasDrive(Name) ? 0 : LengthBefore(hDialog, Name);
+    return nBefore + Name.size() + nExtension;
 }
 
 int cFileNameGuard::Refuses(HWND hDialog) const
 {
-    if (WholeLength(hDialog, TextOf(NameField(hDialog))) < kFileName)
+    char          szName[kFileName + 2] = "";  // with its quotes
+    const HWND    hField                = NameField(hDialog);
+    const LRESULT nLength               = SendMessageA(hField, WM_GETTEXTLENGTH, 0, 0);
+    SendMessageA(hField, WM_GETTEXT, sizeof szName, reinterpret_cast<LPARAM>(szName));
+    if (nLength < static_cast<LRESULT>(sizeof szName) &&
+        WholeLength(hDialog, WithoutQuotes(szName)) < kFileName)
         return 0;
     m_pBoxes->Ask(kTooLong, nullptr, bnOk, icNone);
     return 1;

@@ -8,7 +8,7 @@
 #include "toolkit/win32.h"
 
 #include <cstddef>
-#include <string>
+#include <string_view>
 
 #include "toolkit/message_box.h"
 
@@ -33,14 +33,16 @@ private:
     static LRESULT CALLBACK DialogProc(HWND hDialog, UINT nMessage, WPARAM wParam, LPARAM lParam,
                                        UINT_PTR nId, DWORD_PTR nGuard);
 
-    size_t WholeLength(HWND hDialog, const std::string &Name) const;
+    size_t WholeLength(HWND hDialog, std::string_view Name) const;
     int    Refuses(HWND hDialog) const;
 
     static cFileNameGuard *s_pCurrent;  // a hook is told of no object
 
-    size_t         m_nExtension;  // characters, the point included
-    cMessageBoxes *m_pBoxes;
-    HHOOK          m_hHook;
+    size_t          m_nExtension;  // characters, the point included
+    cMessageBoxes  *m_pBoxes;
+    HWND            m_hDialog;  // null until it opens
+    HHOOK           m_hHook;
+    cFileNameGuard *m_pFormer;  // a message that the dialog has dispatched may open another
 };
 
 #endif

@@ -1,14 +1,14 @@
 #include "toolkit/modal_guard.h"
 
-cModalGuard::cModalGuard(HWND hOwner) : m_hOwner(hOwner)
+cModalGuard::cModalGuard(HWND hOwner) : m_hOwner(hOwner), m_hDisabled(), m_nDisabled(0)
 {
     EnumThreadWindows(GetCurrentThreadId(), Disable, reinterpret_cast<LPARAM>(this));
 }
 
 cModalGuard::~cModalGuard()
 {
-    for (const HWND hWnd : m_Disabled)
-        EnableWindow(hWnd, TRUE);
+    for (int i = 0; i < m_nDisabled; i++)
+        EnableWindow(m_hDisabled[i], TRUE);
 }
 
 BOOL CALLBACK cModalGuard::Disable(HWND hWnd, LPARAM lParam)
@@ -16,8 +16,8 @@ BOOL CALLBACK cModalGuard::Disable(HWND hWnd, LPARAM lParam)
     auto *const pGuard = reinterpret_cast<cModalGuard *>(lParam);
     if (hWnd != pGuard->m_hOwner && IsWindowVisible(hWnd) && IsWindowEnabled(hWnd))
     {
-        pGuard->m_Disabled.push_back(hWnd);
+        pGuard->m_hDisabled[pGuard->m_nDisabled++] = hWnd;
         EnableWindow(hWnd, FALSE);
     }
-    return TRUE;
+    return pGuard->m_nDisabled < kMostWindows;
 }

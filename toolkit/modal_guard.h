@@ -7,8 +7,6 @@
 
 #include "toolkit/win32.h"
 
-#include <vector>
-
 // Disables all visible windows of the thread but the owner, which the dialog
 // disables itself, until the end of the scope.
 //
@@ -26,8 +24,12 @@ public:
 private:
     static BOOL CALLBACK Disable(HWND hWnd, LPARAM lParam);
 
-    HWND              m_hOwner;
-    std::vector<HWND> m_Disabled;
+    // More than the program has: calculator, graph, and a dialog over a dialog.
+    static const int kMostWindows = 16;
+
+    HWND m_hOwner;
+    HWND m_hDisabled[kMostWindows];
+    int  m_nDisabled;
 };
 
 #endif

@@ -24,7 +24,8 @@ int cPrinter::Ask(HWND hOwner, ePages nPages)
     Dialog.nToPage   = 1;
     Dialog.nMinPage  = 1;
     Dialog.nMaxPage  = 0xFFFF;
-    const int bDone  = PrintDlgA(&Dialog) ? 1 : 0;
+    const cModalGuard Others(hOwner);
+    const int         bDone = PrintDlgA(&Dialog) ? 1 : 0;
     GlobalFree(Dialog.hDevMode);
     GlobalFree(Dialog.hDevNames);
 

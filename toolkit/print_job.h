@@ -31,7 +31,8 @@ public:
     cPrinter(const cPrinter &)            = delete;
     cPrinter &operator=(const cPrinter &) = delete;
 
-    // Shows the platform's printer dialog above hOwner; offers one copy of all
+    // Shows the platform's printer dialog above hOwner, for which all windows
+    // wait; offers one copy of all
     // pages. 0 if the user cancelled. Called once.
     int Ask(HWND hOwner, ePages nPages);
 

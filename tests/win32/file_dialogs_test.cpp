@@ -212,6 +212,10 @@ TEST_CASE("a path has 259 characters at most, and the dialog stays open for a sh
         // the whole path
         {Root + Name(nInRoot), nullptr, 1},
         {Root + Name(nInRoot + 1), nullptr, 0},
+        {'"' + Root + Name(nInRoot) + '"', nullptr, 1},
+        {'"' + Root + Name(nInRoot + 1) + '"', nullptr, 0},
+        {Root.substr(2) + Name(nInRoot), nullptr, 1},
+        {Root.substr(2) + Name(nInRoot + 1), nullptr, 0},
         // with the extension, if the dialog adds one
         {Name(nInRoot - 4), "txt", 1},
         {Name(nInRoot - 3), "txt", 0},
@@ -251,4 +255,33 @@ TEST_CASE("a path has 259 characters at most, and the dialog stays open for a sh
                     Rig.m_Boxes.m_Boxes[0].m_Text ==
                     "The file name is too long: it may have 259 characters, its folder included.");
         }
+}
+
+TEST_CASE("a file dialog over another one leaves that its check of the name")
+{
+    cFrameRig           Rig;
+    HWND                hOuter             = nullptr;
+    int                 nInner             = -1;
+    char                szInner[kFileName] = "";
+    char                szName[kFileName]  = "";
+    const cDialogDriver Driver([&](HWND hDialog) {
+        if (!hOuter)
+        {
+            hOuter = hDialog;
+            nInner = AskFileName(fnOpen, kFilter, nullptr, "txt", &Rig.m_Boxes, szInner);
+            return 0;
+        }
+        if (hDialog == hOuter && nInner == 0 && Rig.m_Boxes.m_Boxes.empty())
+        {
+            Choose(hDialog, std::string(300, 'n'));
+            return 0;
+        }
+        Press(hDialog, IDCANCEL);
+        return hDialog == hOuter ? 1 : 0;
+    });
+
+    CHECK(AskFileName(fnSave, kFilter, nullptr, "txt", &Rig.m_Boxes, szName) == 0);
+
+    CHECK(nInner == 0);
+    CHECK(Rig.m_Boxes.m_Boxes.size() == 1);
 }

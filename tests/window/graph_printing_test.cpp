@@ -203,8 +203,10 @@ TEST_CASE("copies of the graph are pages of one document, which can be cancelled
 {
     cGraphRig Rig;
     Rig.Ask();
+    CHECK_FALSE(IsWindowEnabled(Rig.m_Calculator.Window()));
     Rig.m_Calculator.Click("Cancel");
     CHECK(Rig.IsFree());
+    CHECK(WaitFor([&] { return IsWindowEnabled(Rig.m_Calculator.Window()); }));
     Rig.Ask();
     FillField(&Rig.m_Calculator, kCopies, "2");
     Rig.m_Calculator.Click("OK");

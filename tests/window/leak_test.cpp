@@ -2,6 +2,7 @@
 
 #include "tests/window/calculator.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <functional>
 #include <string>
@@ -89,6 +90,7 @@ TEST_CASE("dialogs, boxes and program runs leave no GDI and no window objects be
         {"error box", IDM_UNDO, kpNothing},  // there is nothing to undo
     };
     const int   nRounds = Rounds();
+    const int   nSlides = std::max(nRounds / 10, 1);
     cCalculator Calculator;
     for (const auto &Dialog : s_Dialogs)
     {
@@ -103,11 +105,11 @@ TEST_CASE("dialogs, boxes and program runs leave no GDI and no window objects be
     OpenListing(&Calculator, "LBL 1\r\nRCL 0\r\nsin\r\nSTO 1\r\nR/S\r\nGTO 1\r\n");
     CHECK(Leaves(10 * nRounds, [&] { Calculator.HitKey(kKeyRunStop); }));
     CHECK(Leaves(nRounds, [&] { Repaint(Calculator); }));
-    CHECK(Leaves(nRounds / 10, [&] {
+    CHECK(Leaves(nSlides, [&] {
         Calculator.Slide(swStackView, 1);
         Calculator.Slide(swStackView, 0);
     }));
-    CHECK(Leaves(nRounds / 10, [&] {
+    CHECK(Leaves(nSlides, [&] {
         Calculator.Slide(swMode, 0);
         Calculator.Slide(swMode, 1);
     }));

@@ -11,6 +11,7 @@
 
 #include "tests/window/calculator.h"
 #include "tests/window/common_steps.h"
+#include "tests/window/graph_window.h"
 #include "tests/window/input.h"
 #include "tests/window/waiting.h"
 
@@ -254,10 +255,14 @@ TEST_CASE("who measures in millimetres sees and sets his margins so")
 
 TEST_CASE("a cancelled dialog prints nothing, and a cancelled document is cut short")
 {
-    cPrintRig Rig;
+    cPrintRig          Rig;
+    const cGraphWindow Graph(&Rig.m_Calculator);
+    SetForegroundWindow(Rig.m_Calculator.Window());
     Rig.Ask();
+    CHECK_FALSE(IsWindowEnabled(Graph.Window()));
     Rig.m_Calculator.Click("Cancel");
     CHECK(Rig.IsFree());
+    CHECK(WaitFor([&] { return IsWindowEnabled(Graph.Window()); }));
 
     Rig.Ask();
     FillField(&Rig.m_Calculator, kCopies, "999");

@@ -339,10 +339,26 @@ TEST_CASE("a program of many steps ends by itself, and the listing shows where i
 
 TEST_CASE("the exit command itself is not refused during a run")
 {
+    for (const char *const szListing : {kCounting, "LBL 1\r\nSumG\r\nClearG\r\nGTO 1\r\n"})
+    {
+        cCalculator Calculator;
+        RunListing(&Calculator, szListing);
+        CHECK(IsProgramRunning(Calculator));
+
+        PostCommand(Calculator, IDM_EXIT);
+
+        CHECK(Calculator.ExitCode() == 0);
+    }
+}
+
+TEST_CASE("a single step of ClearG leaves the keys that wait alone")
+{
     cCalculator Calculator;
-    RunListing(&Calculator, kCounting);
+    OpenListing(&Calculator, "ClearG\r\n");
 
-    PostCommand(Calculator, IDM_EXIT);
+    PostClick(Calculator, kKeySst);
+    PostMessageA(Calculator.Window(), WM_CHAR, '5', 0);
 
-    CHECK(Calculator.ExitCode() == 0);
+    CHECK(Calculator.ReadsX("5."));
+    CHECK(Calculator.HighlightedLine() == "02 R/S");
 }
