@@ -32,11 +32,11 @@ enum eEnding
     enOwn    // the handler sees to it
 };
 
-// Performs the instruction; returns 1, or 0 after an error.
 // When the former X goes to LASTx: once all else is done, or before it.
 const int kLastXAfter  = 1;
 const int kLastXBefore = 2;
 
+// Performs the instruction; returns 1, or 0 after an error.
 typedef int (cVorstekEngine::*cHandler)(unsigned nOperand);
 
 struct cInstruction

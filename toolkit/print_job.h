@@ -32,8 +32,7 @@ public:
     cPrinter &operator=(const cPrinter &) = delete;
 
     // Shows the platform's printer dialog above hOwner, for which all windows
-    // wait; offers one copy of all
-    // pages. 0 if the user cancelled. Called once.
+    // wait; offers one copy of all pages. 0 if the user cancelled. Called once.
     int Ask(HWND hOwner, ePages nPages);
 
     HDC                 Dc() const { return m_hDc; }

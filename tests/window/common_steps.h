@@ -10,10 +10,11 @@
 #include "tests/window/calculator.h"
 #include "tests/window/picture.h"
 
-// What a command says that has to wait for the end of a run.
+// What a file dialog says of a name that is longer than a path may be.
 const char *const kNameTooLong =
     "The file name is too long: it may have 259 characters, its folder included.";
 
+// What a command says that has to wait for the end of a run.
 const char *const kNotWhileRunning = "Not allowed while a calculator\n"
                                      "program is running (hit any\n"
                                      "calculator key to halt the program)\n";
