@@ -6,6 +6,7 @@
 #include <doctest/doctest.h>
 
 #include "tests/window/input.h"
+#include "tests/window/leaks.h"
 #include "tests/window/waiting.h"
 
 TEST_CASE("the about box of the graph")
@@ -32,27 +33,8 @@ TEST_CASE("a hundred openings of each dialog leave nothing behind")
           IDM_ENTER_XY, IDM_GRAPH_ABOUT, IDM_CREATE_BMP, IDM_CREATE_GIF})
     {
         CAPTURE(nCommand);
-        const auto OpenOften = [&](int nTimes) {
-            for (int i = 0; i < nTimes; i++)
-            {
-                PostMessageA(Graph.Window(), WM_COMMAND, nCommand, 0);
-                Graph.Escape();
-            }
-            Calculator.Settle();
-        };
-        // Caches of the platform may grow, but come to an end.
-        OpenOften(5);
-        auto Before = Calculator.Objects();
-        OpenOften(100);
-        auto After = Calculator.Objects();
-        for (int nTry = 0; nTry < 2 && After != Before; nTry++)
-        {
-            Before = After;
-            OpenOften(100);
-            After = Calculator.Objects();
-        }
-        CHECK(After.first == Before.first);
-        CHECK(After.second == Before.second);
+        CHECK(LeavesNothing(Calculator, 100, kpNothing,
+                            [&] { OpenAndClose(Calculator, Graph.Window(), nCommand); }));
     }
 }
 

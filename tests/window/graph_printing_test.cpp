@@ -13,6 +13,7 @@
 #include "tests/window/calculator.h"
 #include "tests/window/common_steps.h"
 #include "tests/window/graph_window.h"
+#include "tests/window/leaks.h"
 #include "tests/window/waiting.h"
 
 namespace
@@ -225,4 +226,12 @@ TEST_CASE("copies of the graph are pages of one document, which can be cancelled
     Rig.m_Calculator.Click("Cancel");
     CHECK(Rig.IsFree());
     CHECK(Rig.m_Tray.Next().m_Texts.size() < 999);
+}
+
+TEST_CASE("a hundred openings of the graph's printer dialog leave nothing behind")
+{
+    const cGraphRig Rig;
+    CHECK(LeavesNothing(Rig.m_Calculator, 100, kpNothing, [&] {
+        OpenAndClose(Rig.m_Calculator, Rig.m_Graph.Window(), IDM_PRINT_GRAPH);
+    }));
 }

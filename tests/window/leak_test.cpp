@@ -6,13 +6,12 @@
 #include <cstdlib>
 #include <functional>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include <doctest/doctest.h>
 
 #include "tests/window/common_steps.h"
-#include "tests/window/input.h"
+#include "tests/window/graph_window.h"
+#include "tests/window/leaks.h"
 #include "tests/window/waiting.h"
 
 namespace
@@ -28,48 +27,6 @@ int Rounds()
     GetEnvironmentVariableA("VORSTEK_SOAK", szRounds, sizeof szRounds);
     const int nRounds = atoi(szRounds);
     return nRounds > 0 ? nRounds : 100;
-}
-
-// Opens a dialog by a posted command and closes it as Escape does.
-void OpenAndClose(const cCalculator &Calculator, unsigned nCommand)
-{
-    PostCommand(Calculator, nCommand);
-    const HWND hDialog = Calculator.Dialog();
-    REQUIRE(hDialog);
-    PostMessageA(hDialog, WM_COMMAND, IDCANCEL, 0);
-    REQUIRE(WaitFor([hDialog] { return !IsWindow(hDialog); }));
-}
-
-// Wine itself keeps the two menus of each file dialog.
-enum eKept
-{
-    kpNothing,
-    kpMenus
-};
-
-// What a step leaves behind shows each time it is taken so often. Caches of the
-// platform, of device contexts and fonts, grow as well, but come to an end: from
-// some time on so many rounds leave the counts as they were.
-int LeavesNothing(const cCalculator &Calculator, int nRounds, eKept nKept,
-                  const std::function<void()> &Step)
-{
-    const int    nMenus = nKept == kpMenus ? 2 * nRounds : 0;
-    const size_t nParts = 5;  // of the rounds, between two counts
-    const size_t nMost  = 6 * nParts;
-    const size_t nPart  = (static_cast<size_t>(nRounds) + nParts - 1) / nParts;
-
-    std::vector<std::pair<int, int>> Counts;
-    for (size_t i = 0; i <= nMost; i++)
-    {
-        Calculator.SettlePaint();
-        Counts.push_back(Calculator.Objects());
-        if (i >= nParts && Counts[i].first <= Counts[i - nParts].first &&
-            Counts[i].second <= Counts[i - nParts].second + nMenus)
-            return 1;
-        for (size_t j = 0; j < nPart; j++)
-            Step();
-    }
-    return 0;
 }
 
 }  // namespace
@@ -95,8 +52,9 @@ TEST_CASE("dialogs, boxes and program runs leave no GDI and no window objects be
     for (const auto &Dialog : s_Dialogs)
     {
         CAPTURE(std::string(Dialog.m_szName));
-        CHECK(LeavesNothing(Calculator, nRounds, Dialog.m_nKept,
-                            [&] { OpenAndClose(Calculator, Dialog.m_nCommand); }));
+        CHECK(LeavesNothing(Calculator, nRounds, Dialog.m_nKept, [&] {
+            OpenAndClose(Calculator, Calculator.Window(), Dialog.m_nCommand);
+        }));
     }
 
     const auto Leaves = [&](int nTimes, const std::function<void()> &Step) {
@@ -117,5 +75,45 @@ TEST_CASE("dialogs, boxes and program runs leave no GDI and no window objects be
     // The question whether to save.
     Calculator.Slide(swMode, 0);
     Calculator.HitKey(kKeyEnter);
-    CHECK(Leaves(nRounds, [&] { OpenAndClose(Calculator, IDM_NEW); }));
+    CHECK(Leaves(nRounds, [&] { OpenAndClose(Calculator, Calculator.Window(), IDM_NEW); }));
+}
+
+TEST_CASE("the graph's dialogs that the platform makes leave nothing behind")
+{
+    const int    nRounds = Rounds();
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("line.txt", "1\n2\n3\n");
+    for (const unsigned nCommand : {IDM_GRAPH_OPEN, IDM_GRAPH_APPEND, IDM_GRAPH_SAVE_AS})
+    {
+        CAPTURE(nCommand);
+        CHECK(LeavesNothing(Calculator, nRounds, kpMenus,
+                            [&] { OpenAndClose(Calculator, Graph.Window(), nCommand); }));
+    }
+    CHECK(LeavesNothing(Calculator, nRounds, kpNothing,
+                        [&] { OpenAndClose(Calculator, Graph.Window(), IDM_PRINT_SETUP); }));
+
+    // Those that a dialog opens.
+    static const struct
+    {
+        unsigned m_nCommand;
+        int      m_nButton;
+    } s_Buttons[] = {{IDM_REFORMAT_PLOT, IDC_TEXT_FONT},
+                     {IDM_REFORMAT_PLOT, IDC_AXIS_COLOR},
+                     {IDM_REFORMAT_PLOT, IDC_BACKGROUND_COLOR},
+                     {IDM_REFORMAT_LINE, IDC_CHANGE_COLOR}};
+    for (const auto &Button : s_Buttons)
+    {
+        CAPTURE(Button.m_nButton);
+        PostMessageA(Graph.Window(), WM_COMMAND, Button.m_nCommand, 0);
+        const HWND hDialog = Calculator.Dialog();
+        REQUIRE(hDialog);
+        CHECK(LeavesNothing(Calculator, nRounds, kpNothing, [&] {
+            PostMessageA(hDialog, WM_COMMAND, static_cast<WPARAM>(Button.m_nButton), 0);
+            REQUIRE(WaitFor([hDialog] { return !IsWindowEnabled(hDialog); }));
+            CancelDialog(Calculator);
+            REQUIRE(WaitFor([hDialog] { return IsWindowEnabled(hDialog); }));
+        }));
+        CancelDialog(Calculator);
+    }
 }
