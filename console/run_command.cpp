@@ -110,6 +110,7 @@ static std::string LevelText(const char *szText)
 static void PrintText(const cRunOptions &Options, cHeadlessCalculator *pCalculator,
                       std::ostream *pOut)
 {
+    pCalculator->m_Engine.RefreshViews();
     const cVorstekState &State = pCalculator->m_Engine.State();
     *pOut << "T  " << LevelText(State.m_szT) << "\n"
           << "Z  " << LevelText(State.m_szZ) << "\n"

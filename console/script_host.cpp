@@ -148,7 +148,7 @@ int cScriptHost::DrainMessages()
     if (m_nLines >= m_nLimit && m_pEngine->IsRunning())
     {
         Dispatch({cScriptEvent::evDown, kKeyRunStop, 0});
-        m_Waiting.push_back({cScriptEvent::evUp, kKeyRunStop, 0});
+        Dispatch({cScriptEvent::evUp, kKeyRunStop, 0});
     }
     return cHeadlessHost::DrainMessages();
 }

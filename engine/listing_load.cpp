@@ -1,6 +1,6 @@
 // listing_load.cpp - reads a listing file into program memory. The new program
-// and its listing are built aside; the old ones stay until it is clear that
-// the load goes through.
+// and its listing are built aside and put in place at the end; beside a box the
+// listing is shown as far as it has come.
 
 #include <cstdio>
 #include <cstdlib>
@@ -28,6 +28,7 @@ struct cVorstekEngine::cLoad
     char       *m_pListing;
     size_t      m_nListingLength;
     size_t      m_nListingRoom;
+    size_t      m_nShown;  // of the listing's text
 
     void List(const char *szMark, const char *szLine);
     void ListNumbered(unsigned nNumber, const char *szLine);
@@ -105,12 +106,14 @@ int cVorstekEngine::ReadLines(cLoad *pLoad, const char *pText, const char *pEnd)
             pLoad->List("   ", szLine);
         else if (Line.m_nKind != llInstruction && Line.m_nKind != llNumber)
         {
+            ShowListingSoFar(pLoad);
             if (!RejectLine(Line, szLine))
                 return 0;
             pLoad->List("-- ", szLine);
         }
         else if (pLoad->m_nLines == kLastLine)
         {
+            ShowListingSoFar(pLoad);
             AskUser("Program memory overflow", bnOk, icNone);
             return 1;
         }
@@ -118,6 +121,18 @@ int cVorstekEngine::ReadLines(cLoad *pLoad, const char *pText, const char *pEnd)
             StoreLine(pLoad, Line, szLine);
     }
     return 1;
+}
+
+void cVorstekEngine::ShowListingSoFar(cLoad *pLoad)
+{
+    const char *const szNew = pLoad->m_pListing + pLoad->m_nShown;
+    if (pLoad->m_nShown == 0)
+        m_pListing->SetText(szNew);
+    else
+        m_pListing->InsertLine(m_pListing->CountLines(), szNew);
+    pLoad->m_nShown = pLoad->m_nListingLength;
+    SetCurLine(0);
+    RefreshViews();
 }
 
 // The instruction's own rule decides about the operand.

@@ -7,10 +7,11 @@
 static const char *const kLineEnd       = "\r\n";
 static const size_t      kLineEndLength = 2;
 
-void cMemoryLineBox::FindLines()
+// From line nFirst on, which starts at nStart.
+void cMemoryLineBox::FindLines(unsigned nFirst, size_t nStart)
 {
-    m_Starts.clear();
-    for (size_t nStart = 0; nStart < m_Text.size();)
+    m_Starts.resize(nFirst);
+    while (nStart < m_Text.size())
     {
         m_Starts.push_back(nStart);
         const size_t nEnd = m_Text.find(kLineEnd, nStart);
@@ -48,8 +49,9 @@ int cMemoryLineBox::InsertLine(unsigned nLine, const char *szText)
 {
     if (nLine > m_Starts.size())
         return 0;
-    m_Text.insert(nLine < m_Starts.size() ? m_Starts[nLine] : m_Text.size(), szText);
-    FindLines();
+    const size_t nStart = nLine < m_Starts.size() ? m_Starts[nLine] : m_Text.size();
+    m_Text.insert(nStart, szText);
+    FindLines(nLine, nStart);
     return 1;
 }
 
@@ -59,7 +61,7 @@ int cMemoryLineBox::ReplaceLine(unsigned nLine, const char *szText)
         return 0;
     const size_t nStart = m_Starts[nLine];
     m_Text.replace(nStart, LineEnd(nLine) - nStart, szText);
-    FindLines();
+    FindLines(nLine, nStart);
     return 1;
 }
 
@@ -79,7 +81,7 @@ size_t cMemoryLineBox::GetText(char *szText, size_t nSize) const
 int cMemoryLineBox::SetText(const char *szText)
 {
     m_Text = szText;
-    FindLines();
+    FindLines(0, 0);
     return 1;
 }
 

@@ -24,7 +24,7 @@ public:
     unsigned HighlightedLine() const { return m_nHighlighted; }
 
 private:
-    void   FindLines();
+    void   FindLines(unsigned nFirst, size_t nStart);
     size_t LineEnd(unsigned nLine) const;
 
     std::string         m_Text;

@@ -407,6 +407,7 @@ private:
     // --- listing files
     struct cLoad;
     int  ReadLines(cLoad *pLoad, const char *pText, const char *pEnd);
+    void ShowListingSoFar(cLoad *pLoad);
     int  AcceptsLine(const cListingLine &Line);
     void StoreLine(cLoad *pLoad, const cListingLine &Line, const char *szLine);
     int  RejectLine(const cListingLine &Line, const char *szLine);

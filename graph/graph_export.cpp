@@ -9,11 +9,10 @@
 #include "imaging/bitmap_files.h"
 #include "toolkit/file_dialogs.h"
 #include "toolkit/gdi.h"
+#include "toolkit/retry_alloc.h"
 
 namespace
 {
-
-const unsigned kGifBits = 24;  // that a GIF is reduced from
 
 const struct
 {
@@ -45,12 +44,12 @@ int DrawPicture(HBITMAP hBitmap, const cVantorBox &Box, int nWidth, int nHeight)
     return DrawPlot(LayOutPlot(Box, Target, Canvas), Box, &Canvas);
 }
 
-HBITMAP CreatePicture(int nWidth, int nHeight)
+// Null if memory ran out and the user gave up.
+HBITMAP CreatePicture(int nWidth, int nHeight, cMessageBoxes *pBoxes)
 {
-    if (nWidth < 1 || nHeight < 1)
-        return nullptr;
     const cWindowDc Screen(nullptr);
-    return CreateCompatibleBitmap(Screen.Get(), nWidth, nHeight);
+    return AllocateWithRetry(pBoxes,
+                             [&] { return CreateCompatibleBitmap(Screen.Get(), nWidth, nHeight); });
 }
 
 int Write(HBITMAP hBitmap, eImageKind nKind, uint32_t nBits, const char *szName,
@@ -89,10 +88,10 @@ int ExportGraph(cVantorBox *pBox, eImageKind nKind, const char *szGraphFile)
     char szName[kFileName];
     snprintf(szName, sizeof szName, "%s", szGraphFile);
     RemoveExtension(szName);
-    const cGdiBitmap Picture(CreatePicture(pChoice->m_nWidth, pChoice->m_nHeight));
-    if (!Picture.Get())
+    if (pChoice->m_nWidth < 1 || pChoice->m_nHeight < 1)
         return ReportFailure(szName, pBoxes);
-    if (!DrawPicture(Picture.Get(), *pBox, pChoice->m_nWidth, pChoice->m_nHeight))
+    const cGdiBitmap Picture(CreatePicture(pChoice->m_nWidth, pChoice->m_nHeight, pBoxes));
+    if (!Picture.Get() || !DrawPicture(Picture.Get(), *pBox, pChoice->m_nWidth, pChoice->m_nHeight))
         return 0;
     if (!AskFileName(fnSave, kKinds[nKind].m_szFilter, nullptr, kKinds[nKind].m_szExtension, pBoxes,
                      szName))

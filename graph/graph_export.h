@@ -29,6 +29,9 @@ struct cImageChoice
 // in a box. Returns 1 once the picture is written.
 int ExportGraph(cVantorBox *pBox, eImageKind nKind, const char *szGraphFile);
 
+// The depth that a GIF is reduced from.
+const uint32_t kGifBits = 24;
+
 // Asks for size and depth. 0, and *pChoice stays, if the user cancelled. For a
 // GIF the depth cannot be chosen.
 int AskImageSize(cVantorBox *pBox, eImageKind nKind, cImageChoice *pChoice);

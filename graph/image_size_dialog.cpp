@@ -50,11 +50,12 @@ void cImageSizeDialog::OnInit()
     SetSpinRange(IDC_IMAGE_HEIGHT_SPIN, 1, kMostPixels);
     SetUnsigned(IDC_IMAGE_WIDTH, static_cast<uint32_t>(m_pChoice->m_nWidth));
     SetDlgItemInt(m_hDialog, IDC_IMAGE_HEIGHT, static_cast<UINT>(m_pChoice->m_nHeight), TRUE);
+    const uint32_t nShown = m_nKind == ikBmp ? m_pChoice->m_nBits : kGifBits;
     for (const auto &Depth : kDepths)
     {
         const LRESULT nRow = SendDlgItemMessageA(m_hDialog, IDC_IMAGE_DEPTH, CB_ADDSTRING, 0,
                                                  reinterpret_cast<LPARAM>(Depth.m_szText));
-        if (Depth.m_nBits == m_pChoice->m_nBits)
+        if (Depth.m_nBits == nShown)
             SendDlgItemMessageA(m_hDialog, IDC_IMAGE_DEPTH, CB_SETCURSEL, static_cast<WPARAM>(nRow),
                                 0);
     }

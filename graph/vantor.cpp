@@ -133,7 +133,7 @@ void cVantor::ShowGraph()
 
 void cVantor::ShowBehindKeyboard()
 {
-    if (m_bVisible && !IsIconic(m_hWnd))
+    if (m_bVisible)
         return;
     ShowWindow(m_hWnd, SW_SHOWNOACTIVATE);
     m_bVisible = 1;
@@ -162,7 +162,8 @@ LRESULT cVantor::OnCreate(WPARAM, LPARAM)
     m_hAccelerators =
         LoadAcceleratorsA(ProgramInstance(), MAKEINTRESOURCEA(IDR_GRAPH_ACCELERATORS));
     if (!m_hAccelerators)
-        ReportFailure("ERROR: LoadAccelerators() failed in cVantorWndProc()");
+        m_pBoxes->Ask("ERROR: LoadAccelerators() failed in cVantorWndProc()", nullptr, bnOk,
+                      icNone);
     return 0;
 }
 
@@ -178,9 +179,11 @@ LRESULT cVantor::OnClose(WPARAM, LPARAM)
     return 0;
 }
 
-LRESULT cVantor::OnSize(WPARAM, LPARAM)
+// Minimised, the plot stays as large as it will be shown again, so that a range
+// that a program sets meanwhile has its number of ticks.
+LRESULT cVantor::OnSize(WPARAM wParam, LPARAM)
 {
-    if (m_Box.IsCreated())
+    if (m_Box.IsCreated() && wParam != SIZE_MINIMIZED)
         LayOut();
     return 0;
 }
@@ -364,8 +367,11 @@ void cVantor::OnStatusBar()
 void cVantor::OnHelp()
 {
     const char *const szTopic = "HtmlHelp\\cVantor Introduction.htm";
-    if (!OpenHelpTopic("cVantor.CHM", szTopic))
-        ReportMissingHelp(m_pBoxes, "CVANTOR.CHM");
+    if (OpenHelpTopic("cVantor.CHM", szTopic))
+        return;
+    char szText[kMissingHelpText];
+    FormatMissingHelp("CVANTOR.CHM", szText);
+    m_pBoxes->Ask(szText, nullptr, bnOk, icNone);
 }
 
 void cVantor::OnAbout()

@@ -35,16 +35,29 @@ static eAnswer AnswerOf(int nButton)
     }
 }
 
-eAnswer cPlatformBoxes::Ask(const char *szText, const char *szCaption, eButtons nButtons,
-                            eIcon nIcon)
+static eAnswer ShowBox(HWND hOwner, const char *szText, const char *szCaption, eButtons nButtons,
+                       eIcon nIcon)
 {
     const char *const szShown = szCaption ? szCaption : g_pApplication->Name();
-    const HWND        hActive = GetActiveWindow();
-    const HWND        hAbove  = hActive ? hActive : m_hOwner;
-    const HWND        hOwner  = m_bOwned ? hAbove : nullptr;
     const cModalGuard Others(hOwner);
     return AnswerOf(MessageBoxA(hOwner, szText, szShown,
                                 s_ButtonTypes[nButtons].m_nType | s_IconTypes[nIcon].m_nType));
+}
+
+eAnswer cPlatformBoxes::Ask(const char *szText, const char *szCaption, eButtons nButtons,
+                            eIcon nIcon)
+{
+    const HWND hActive = GetActiveWindow();
+    return ShowBox(hActive ? hActive : m_hOwner, szText, szCaption, nButtons, nIcon);
+}
+
+void cPlatformBoxes::ReportUnowned(const char *szText, const char *szCaption)
+{
+    const HWND hActive = GetActiveWindow();
+    ShowBox(nullptr, szText, szCaption, bnOk, icError);
+    // The box has no owner that the platform would go back to.
+    if (hActive)
+        SetForegroundWindow(hActive);
 }
 
 void cPlatformBoxes::PostQuit(int nExitCode)

@@ -12,16 +12,16 @@
 const uint32_t kSlotIdle = 0;
 
 // Message boxes of the platform. A box stands above the window that is being
-// worked with, a dialog perhaps, else above the owner; all windows wait for the
-// answer. Owner null: none.
+// worked with, a dialog perhaps, else above the owner (null: none); all windows
+// wait for the answer, those of ReportUnowned included.
 class cPlatformBoxes : public cMessageBoxes
 {
 public:
     eAnswer Ask(const char *szText, const char *szCaption, eButtons nButtons, eIcon nIcon) override;
+    void    ReportUnowned(const char *szText, const char *szCaption) override;
     void    PostQuit(int nExitCode) override;
 
     HWND m_hOwner = nullptr;
-    int  m_bOwned = 1;  // 0: a box has no owner, whatever is active
 };
 
 class cApplication : public cCallbackObj

@@ -17,8 +17,9 @@ int ShowHelp(HWND *phHelpWnd)
     *phHelpWnd = OpenHelpContents("VORSTEK.chm");
     if (*phHelpWnd || OpenIntroduction())
         return 1;
+    char szText[kMissingHelpText];
+    FormatMissingHelp("VORSTEK.CHM", szText);
     cPlatformBoxes Boxes;
-    Boxes.m_bOwned = 0;
-    ReportMissingHelp(&Boxes, "VORSTEK.CHM");
+    Boxes.ReportUnowned(szText, nullptr);
     return 0;
 }

@@ -17,6 +17,10 @@ public:
     {
         return m_Boxes.Ask(szText, szCaption, nButtons, nIcon);
     }
+    void ReportUnowned(const char *szText, const char *szCaption) override
+    {
+        m_Boxes.ReportUnowned(szText, szCaption);
+    }
     void PostQuit(int nExitCode) override { m_Boxes.PostQuit(nExitCode); }
 
 protected:

@@ -78,6 +78,6 @@ void cBaseWindow::SetCreated(HWND hWnd)
 
 int cBaseWindow::ReportFailure(const char *szText)
 {
-    m_pBoxes->Ask(szText, nullptr, bnOk, icError);
+    m_pBoxes->ReportUnowned(szText, nullptr);
     return 0;
 }

@@ -52,7 +52,7 @@ protected:
     // Notes a window that has just been created, in whatever way.
     void SetCreated(HWND hWnd);
 
-    // Shows szText, which names the failed call. Always returns 0.
+    // Shows szText, which names the failed call, above no window. Always returns 0.
     int ReportFailure(const char *szText);
 
     uint32_t     m_nChildId;

@@ -146,6 +146,6 @@ void cDbgFile::GiveUp(const char *szCaption)
     snprintf(szText, sizeof szText, "couldn't fopen() the output file named:\n%s", m_szFileName);
     m_bEnabled  = 0;
     m_bComplete = 0;
-    m_pBoxes->Ask(szText, szCaption, bnOk, icError);
+    m_pBoxes->ReportUnowned(szText, szCaption);
     m_pBoxes->PostQuit(0);
 }

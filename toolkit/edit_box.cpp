@@ -118,7 +118,7 @@ int cEditBox::LoadRichLibrary()
     m_hRichLib = LoadLibraryA(kRichLibrary);
     if (!m_hRichLib)
     {
-        ReportFailure(kRichLibraryFailure);
+        m_pBoxes->Ask(kRichLibraryFailure, nullptr, bnOk, icError);
         m_pBoxes->PostQuit(0);
         return 0;
     }

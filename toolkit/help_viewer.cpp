@@ -63,9 +63,8 @@ HWND OpenHelpTopic(const char *szFile, const char *szTopic)
     return OpenHelp(szFile, kDisplayTopic, szTopic);
 }
 
-void ReportMissingHelp(cMessageBoxes *pBoxes, const char *szFile)
+void FormatMissingHelp(const char *szFile, char (&szText)[kMissingHelpText])
 {
-    char szText[512];
     snprintf(szText, sizeof szText,
              "ERROR: HtmlHelp() failed to find the %s file.\n\n"
              "This probably means that your computer has an archaic\n"
@@ -75,5 +74,4 @@ void ReportMissingHelp(cMessageBoxes *pBoxes, const char *szFile)
              "used to install this software (in either case, you\n"
              "don't have to make it your default web browser).\n",
              szFile);
-    pBoxes->Ask(szText, nullptr, bnOk, icError);
 }

@@ -5,8 +5,6 @@
 
 #include "toolkit/win32.h"
 
-#include "toolkit/message_box.h"
-
 // Where a file of the help lies: szName itself if the current folder has it,
 // else the file of this name beside the program, "C:\Vorstek\VORSTEK.chm". If
 // that is not there either, szName as it is.
@@ -18,7 +16,8 @@ void FindHelp(const char *szName, char (&szPath)[MAX_PATH]);
 HWND OpenHelpContents(const char *szFile);
 HWND OpenHelpTopic(const char *szFile, const char *szTopic);
 
-// Says that the viewer did not find szFile, "VORSTEK.CHM".
-void ReportMissingHelp(cMessageBoxes *pBoxes, const char *szFile);
+// The message that the viewer did not find szFile, "VORSTEK.CHM".
+const size_t kMissingHelpText = 512;
+void         FormatMissingHelp(const char *szFile, char (&szText)[kMissingHelpText]);
 
 #endif

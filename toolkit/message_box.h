@@ -39,6 +39,13 @@ public:
     virtual eAnswer Ask(const char *szText, const char *szCaption, eButtons nButtons,
                         eIcon nIcon) = 0;
 
+    // Reports a failure in a box with OK and the error icon that belongs to no
+    // window, as the window that it would belong to may be what failed.
+    virtual void ReportUnowned(const char *szText, const char *szCaption)
+    {
+        Ask(szText, szCaption, bnOk, icError);
+    }
+
     // Asks the application to end: the message loop returns nExitCode once
     // the work in hand is finished.
     virtual void PostQuit(int nExitCode) = 0;

@@ -51,6 +51,8 @@ class StartTest(ConsoleCase):
         result = self.run_listing(("1",), "--label", "4", "--json", code=1)
         self.assertEqual(result.err, "Error: no such label\n")
         self.assertEqual(result.state["stack"][0]["value"], 0)
+        result = self.run_listing(("1",), "--label", "4", "--reg", "5=3", "--registers", code=1)
+        self.assertEqual(result.out.splitlines()[4:], ["Reg[ 5] = +3.00"])
 
     def test_an_empty_program_stops_at_once(self):
         self.write("empty.txt", "")

@@ -72,6 +72,11 @@ class LimitTest(RunCase):
         state = self.state_after("open endless.txt", "limit 7", key_line("GSB", "0"))
         self.assertEqual((state["reg"][1], state["line"]), (2, 4))
 
+    def test_a_run_that_a_typed_character_started(self):
+        events = self.script("open endless.txt", "limit 5", "key 2", "text 0", "state")
+        self.assertEqual([event for event in events if event["event"] == "box"], [])
+        self.assertEqual((events[-1]["keystrokes"], events[-1]["line"]), ("", 2))
+
     def test_a_limit_beyond_all_numbers(self):
         self.assertEqual(self.state_after("open short.txt", "limit 99999999999999999999999",
                                           START)["line"], 6)

@@ -264,6 +264,7 @@ TEST_CASE("a log that can be opened nowhere says so, quits and writes nothing")
     CHECK(Boxes.m_Boxes[0].m_Caption == "FATAL ERROR in cDbgFile ctor");
     CHECK(Boxes.m_Boxes[0].m_nButtons == bnOk);
     CHECK(Boxes.m_Boxes[0].m_nIcon == icError);
+    CHECK(Boxes.m_Boxes[0].m_bUnowned == 1);
     CHECK(Boxes.m_QuitCodes == std::vector<int>{0});
 }
 
@@ -285,6 +286,7 @@ TEST_CASE("a full log that cannot be reopened says so, quits and writes nothing 
     CHECK(Boxes.m_Boxes[0].m_Caption == "FATAL ERROR in cDbgFile::printf()");
     CHECK(Boxes.m_Boxes[0].m_nButtons == bnOk);
     CHECK(Boxes.m_Boxes[0].m_nIcon == icError);
+    CHECK(Boxes.m_Boxes[0].m_bUnowned == 1);
     CHECK(Boxes.m_QuitCodes == std::vector<int>{0});
     CHECK(Folder.Read("moved/tracelog.txt") == "fills the log");
 }

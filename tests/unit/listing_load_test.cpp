@@ -386,6 +386,36 @@ TEST_CASE("a line that the user lets go is marked and left out")
     }
 }
 
+TEST_CASE("beside its boxes a load shows how far the listing has come")
+{
+    cLoadRig Rig;
+    Rig.LoadText("RTN\n; former\n");
+    Rig.Type("GTO . 0 1");
+    Rig.m_Host.m_Answers = {anOk, anOk};
+    std::vector<std::string> Seen;
+    const auto               Listing = [&] {
+        char szText[2000];
+        Rig.m_Listing.GetText(szText, sizeof szText);
+        return std::string(szText);
+    };
+    Rig.m_Host.m_OnAsk = [&] {
+        Seen.push_back(Listing());
+        CHECK(Rig.State().m_nCurLine == 0);
+        CHECK(Rig.m_Listing.HighlightedLine() == 0);
+    };
+    std::string Full;
+    for (int i = 0; i < 97; i++)
+        Full += "1\n";
+
+    Rig.LoadText("CLX\nbad\n; between\n" + Full + "ENTER\n");
+
+    REQUIRE(Seen.size() == 2);
+    CHECK_TEXT(Seen[0], "00\r\n01 CLX\r\n");
+    CHECK(Seen[1].starts_with("00\r\n01 CLX\r\n-- bad\r\n   ; between\r\n02 1\r\n"));
+    CHECK(Seen[1].ends_with("\r\n98 1\r\n"));
+    CHECK_TEXT(Listing(), Seen[1]);
+}
+
 TEST_CASE("Cancel abandons the load and leaves an empty program")
 {
     for (const auto &Row : s_Rejected)

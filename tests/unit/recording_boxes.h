@@ -18,6 +18,7 @@ public:
         std::string m_Caption;  // empty for the application's name
         eButtons    m_nButtons;
         eIcon       m_nIcon;
+        int         m_bUnowned;
     };
 
     // Answers are given in this order; after them every box is answered anCancel.
@@ -25,8 +26,14 @@ public:
 
     eAnswer Ask(const char *szText, const char *szCaption, eButtons nButtons, eIcon nIcon) override
     {
-        m_Boxes.push_back({szText, szCaption ? szCaption : "", nButtons, nIcon});
+        m_Boxes.push_back({szText, szCaption ? szCaption : "", nButtons, nIcon, 0});
         return m_Boxes.size() <= m_Answers.size() ? m_Answers[m_Boxes.size() - 1] : anCancel;
+    }
+
+    void ReportUnowned(const char *szText, const char *szCaption) override
+    {
+        Ask(szText, szCaption, bnOk, icError);
+        m_Boxes.back().m_bUnowned = 1;
     }
 
     void PostQuit(int nExitCode) override { m_QuitCodes.push_back(nExitCode); }

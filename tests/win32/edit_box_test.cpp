@@ -686,19 +686,21 @@ TEST_CASE("without the rich-edit library a box explains where to get it and quit
 
     CHECK(Box.Create(&Rig.m_Frame, 0, 0, 100, 100, 0, 1, 1, 1, kLimit) == 0);
 
-    CHECK(ShowedOnlyError(Rig.m_Boxes, "\nERROR: RICHED20.DLL not found.\n\n"
-                                       "This probably means you are running Windows 95 which\n"
-                                       "didn't include the RICHED20.DLL file.  You can acquire\n"
-                                       "the RICHED20.DLL file by installing Microsoft's free\n"
-                                       "\"Windows Installer\".  The necessary file can be found\n"
-                                       "in the RichEd20 folder on the CD you used to install\n"
-                                       "this software.  You need to run InstMsi2a.exe if your\n"
-                                       "computer uses Windows 95/98/ME.  You need to run\n"
-                                       "InstMsi2w.exe if your computer uses Windows NT/2000.\n\n"
-                                       "Alternatively, you can get the latest and greatest\n"
-                                       "version of the InstMsi2.exe file appropriate for your\n"
-                                       "operating system by searching Microsoft's web site for\n"
-                                       "the phrase \"Windows Installer\".\n"));
+    CHECK(ShowedOnlyError(Rig.m_Boxes,
+                          "\nERROR: RICHED20.DLL not found.\n\n"
+                          "This probably means you are running Windows 95 which\n"
+                          "didn't include the RICHED20.DLL file.  You can acquire\n"
+                          "the RICHED20.DLL file by installing Microsoft's free\n"
+                          "\"Windows Installer\".  The necessary file can be found\n"
+                          "in the RichEd20 folder on the CD you used to install\n"
+                          "this software.  You need to run InstMsi2a.exe if your\n"
+                          "computer uses Windows 95/98/ME.  You need to run\n"
+                          "InstMsi2w.exe if your computer uses Windows NT/2000.\n\n"
+                          "Alternatively, you can get the latest and greatest\n"
+                          "version of the InstMsi2.exe file appropriate for your\n"
+                          "operating system by searching Microsoft's web site for\n"
+                          "the phrase \"Windows Installer\".\n",
+                          0));
     CHECK(Rig.m_Boxes.m_QuitCodes == std::vector<int>{0});
     CHECK(Box.IsCreated() == 0);
 }

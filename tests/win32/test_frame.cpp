@@ -79,9 +79,9 @@ void HandleWaitingMessages()
     }
 }
 
-int ShowedOnlyError(const cRecordingBoxes &Boxes, const char *szText)
+int ShowedOnlyError(const cRecordingBoxes &Boxes, const char *szText, int bUnowned)
 {
     return Boxes.m_Boxes.size() == 1 && Boxes.m_Boxes[0].m_Text == szText &&
            Boxes.m_Boxes[0].m_Caption.empty() && Boxes.m_Boxes[0].m_nButtons == bnOk &&
-           Boxes.m_Boxes[0].m_nIcon == icError;
+           Boxes.m_Boxes[0].m_nIcon == icError && Boxes.m_Boxes[0].m_bUnowned == bUnowned;
 }

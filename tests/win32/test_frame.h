@@ -81,7 +81,8 @@ struct cNoFrameRig
     cTestFrame      m_Frame{&m_Boxes};
 };
 
-// The one box of a failed creation: no other caption, an OK button, the error icon.
-int ShowedOnlyError(const cRecordingBoxes &Boxes, const char *szText);
+// The one box of a failed creation: no other caption, an OK button, the error icon,
+// and mostly no owner.
+int ShowedOnlyError(const cRecordingBoxes &Boxes, const char *szText, int bUnowned = 1);
 
 #endif

@@ -7,12 +7,15 @@ using cWriteFile     = BOOL(WINAPI *)(HANDLE, LPCVOID, DWORD, LPDWORD, LPOVERLAP
 using cCreateFileA   = decltype(&CreateFileA);
 using cCreateFileW   = decltype(&CreateFileW);
 using cGetDeviceCaps = int(WINAPI *)(HDC, int);
+using cCreateBitmap  = HBITMAP(WINAPI *)(HDC, int, int);
 
 cWriteFile     s_pfnWriteFile     = nullptr;
 cCreateFileA   s_pfnCreateFileA   = nullptr;
 cCreateFileW   s_pfnCreateFileW   = nullptr;
 cGetDeviceCaps s_pfnGetDeviceCaps = nullptr;
+cCreateBitmap  s_pfnCreateBitmap  = nullptr;
 DWORD          s_nRoom            = 0;
+int            s_nColumns         = 0;
 
 // Every call that the module makes to one function goes to another.
 void ReplaceCall(HMODULE hModule, FARPROC pfnFormer, FARPROC pfnNew)
@@ -104,6 +107,16 @@ int WINAPI CapsWithoutDibs(HDC hDc, int nIndex)
     return nIndex == RASTERCAPS ? nCaps & ~RC_DI_BITMAP : nCaps;
 }
 
+HBITMAP WINAPI BitmapWithinRoom(HDC hDc, int nWidth, int nHeight)
+{
+    return nWidth <= s_nColumns ? s_pfnCreateBitmap(hDc, nWidth, nHeight) : nullptr;
+}
+
+HFONT WINAPI NoFont(const LOGFONTA *)
+{
+    return nullptr;
+}
+
 }  // namespace
 
 void LeaveRoomOnDisk(DWORD nBytes)
@@ -129,4 +142,17 @@ void HideDibSupport()
     if (!s_pfnGetDeviceCaps)
         s_pfnGetDeviceCaps =
             As<cGetDeviceCaps>(ReplaceCalls("gdi32.dll", "GetDeviceCaps", AsAny(&CapsWithoutDibs)));
+}
+
+void LeaveRoomForBitmaps(int nColumns)
+{
+    s_nColumns = nColumns;
+    if (!s_pfnCreateBitmap)
+        s_pfnCreateBitmap = As<cCreateBitmap>(
+            ReplaceCalls("gdi32.dll", "CreateCompatibleBitmap", AsAny(&BitmapWithinRoom)));
+}
+
+void RefuseFonts()
+{
+    ReplaceCalls("gdi32.dll", "CreateFontIndirectA", AsAny(&NoFont));
 }

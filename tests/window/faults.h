@@ -17,4 +17,10 @@ void MakeFoldersReadOnly();
 // The screen cannot hold device-independent bitmaps.
 void HideDibSupport();
 
+// Memory has no room for bitmaps with more columns than that.
+void LeaveRoomForBitmaps(int nColumns);
+
+// No font can be made.
+void RefuseFonts();
+
 #endif

@@ -133,7 +133,7 @@ TEST_CASE("the graph is emptied, ranged and saved by its keys, and its missing h
                                "don't have to make it your default web browser).\n",
                                {"OK"}};
     CHECK((Calculator.Box() == Expected));
-    CHECK(Calculator.BoxIcon() == kError);
+    CHECK(Calculator.BoxIcon() == 0);
     Calculator.PhotographScreen().Save("graph-help");
     Calculator.Click("OK");
 

@@ -490,3 +490,28 @@ TEST_CASE("colours and the font are chosen in the platform's dialogs")
     CHECK(Eventually(nYellow, [&] { return Graph.ColorAt(2, 2); }) == nYellow);
     Graph.Photograph().Save("graph-other-colors");
 }
+
+TEST_CASE("a font that cannot be made leaves the plot its first one")
+{
+    const int    nSizes = 0x472;  // the list of the platform's dialog
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("one.txt", "1\n2\n3\n");
+    const cPicture Before = Graph.PhotographPlot();
+    const auto     Choose = [&] {
+        Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
+        const HWND hPlot = Calculator.Dialog();
+        ClickMiddleOf(Graph.Field(IDC_TEXT_FONT));
+        REQUIRE(WaitFor([&] { return !IsWindowEnabled(hPlot); }));
+        REQUIRE(Calculator.Dialog());
+        SendMessageA(Graph.Field(nSizes), WM_SETTEXT, 0, reinterpret_cast<LPARAM>("24"));
+        Calculator.Click("OK");
+        REQUIRE(WaitFor([&] { return IsWindowEnabled(hPlot); }));
+        Calculator.Click("OK");
+        Calculator.Settle();
+    };
+
+    cProbeLink::Current()->Ask(pbNoFonts);
+    Choose();
+    CHECK(Graph.PhotographPlot() == Before);
+}

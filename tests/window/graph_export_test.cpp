@@ -95,9 +95,15 @@ TEST_CASE("a bitmap file is as large and as deep as was asked for")
 TEST_CASE("a GIF file is written, whose depth cannot be chosen")
 {
     cExportRig Rig;
+    Rig.Start(IDM_CREATE_BMP);
+    Rig.SetDepth("1");
+    Rig.m_Calculator.Click("OK");
+    Rig.m_Calculator.CloseDialogWith(VK_ESCAPE);
+
     Rig.Start(IDM_CREATE_GIF);
     CHECK(Rig.m_Calculator.Box().m_Caption == "Create .GIF File");
     CHECK_FALSE(IsWindowEnabled(Rig.m_Graph.Field(IDC_IMAGE_DEPTH)));
+    CHECK(Rig.m_Graph.Text(IDC_IMAGE_DEPTH) == "24  (millions of colors)");
     Rig.m_Graph.PhotographDialog("create-gif");
     Rig.m_Calculator.Click("OK");
     Rig.m_Calculator.GiveFileName(Rig.m_Calculator.Path("line"));
@@ -289,5 +295,37 @@ TEST_CASE("a screen that cannot hold such bitmaps is told of before anything is 
                                        "OK", "ERROR"));
         Rig.m_Calculator.Settle();
         CHECK_FALSE(Rig.m_Calculator.HasDialog());
+    }
+}
+
+TEST_CASE("memory without room for a picture is tried again, or given up with the program")
+{
+    const std::string Text   = "ERROR: insufficient memory.\n"
+                               "Close other running applications\n"
+                               "and then hit 'Retry'";
+    const UINT        kRoom  = 1500;  // columns, more than the window has
+    const UINT        kAsked = 1501;
+    cExportRig        Rig;
+    cProbeLink::Current()->Ask(pbBitmapRoom, kRoom);
+    Rig.Start(IDM_CREATE_GIF);
+    Rig.m_Graph.Fill(IDC_IMAGE_WIDTH, std::to_string(kAsked));
+    Rig.m_Calculator.Click("OK");
+
+    SUBCASE("tried again")
+    {
+        CHECK(Rig.m_Calculator.Answers(Text, "Retry"));
+        CHECK(Eventually(Text, [&] { return Rig.m_Calculator.Box().m_Text; }) == Text);
+        cProbeLink::Current()->Ask(pbBitmapRoom, kAsked);
+        CHECK(Rig.m_Calculator.Answers(Text, "Retry"));
+        Rig.m_Calculator.GiveFileName(Rig.m_Calculator.Path("line.gif"));
+        CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+        CHECK(Word(Rig.m_Calculator.Folder().Read("line.gif"), 6) == kAsked);
+    }
+    SUBCASE("given up")
+    {
+        CHECK((Rig.m_Calculator.Box().m_Buttons == std::vector<std::string>{"Retry", "Cancel"}));
+        CHECK(Rig.m_Calculator.BoxIcon() == kErrorIcon);
+        CHECK(Rig.m_Calculator.Answers(Text, "Cancel"));
+        CHECK(Eventually(0, [&] { return Rig.m_Calculator.IsRunning(); }) == 0);
     }
 }

@@ -83,6 +83,29 @@ TEST_CASE("a program that draws shows the graph, point by point and as a whole a
     CHECK(CountDifferences(Drawn, Graph.PhotographPlot()) == 0);
 }
 
+TEST_CASE("a program that draws leaves a minimised graph minimised")
+{
+    const auto Drawn = [](int bMinimised) {
+        cCalculator Calculator;
+        Calculator.Choose(0, IDM_OPEN);
+        Calculator.GiveFileName(FullPath(VORSTEK_EXAMPLES "/waves.txt"));
+        cGraphWindow Graph(&Calculator);
+        if (bMinimised)
+            ShowWindow(Graph.Window(), SW_MINIMIZE);
+        REQUIRE(WaitFor([&] { return IsIconic(Graph.Window()) == bMinimised; }));
+        Calculator.HitKey(30);
+        REQUIRE(WaitFor([&] { return Graph.Count() > 0; }));
+        REQUIRE(WaitFor([&] {
+            Calculator.Settle();
+            return (Calculator.MenuState(IDM_OPEN) & MF_GRAYED) == 0;
+        }));
+        CHECK(IsIconic(Graph.Window()) == bMinimised);
+        ShowWindow(Graph.Window(), SW_RESTORE);
+        return Graph.PhotographPlot();
+    };
+    CHECK(CountDifferences(Drawn(0), Drawn(1)) == 0);
+}
+
 TEST_CASE("the point nearest to the mouse is read out while the button is held")
 {
     cCalculator  Calculator;
@@ -209,6 +232,25 @@ TEST_CASE("the border of the legend is dragged to each number of rows")
     Graph.Photograph().Save("graph-legend");
 }
 
+TEST_CASE("over the border of the legend the pointer tells that it can be dragged")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("diagonal.txt", kDiagonal);
+    const int  nTop    = PlaceInPlot(Graph, Graph.Legend()).top;
+    const auto Becomes = [&](int nAbove, UINT nCursor) {
+        MoveMouse(Graph.OnPlot(100, nTop - nAbove));
+        Calculator.Settle();
+        return cProbeLink::Current()->AskWindow(Graph.Plot(), pbCursor, nCursor).m_nValue;
+    };
+    const UINT kArrow  = 32512;
+    const UINT kUpDown = 32645;
+    CHECK(Becomes(4, kArrow));
+    CHECK(Becomes(3, kUpDown));
+    CHECK(Becomes(1, kUpDown));
+    CHECK(Becomes(20, kArrow));
+}
+
 TEST_CASE("a label that is longer than the legend is wide leaves the rows in their places")
 {
     cCalculator       Calculator;
@@ -231,6 +273,7 @@ TEST_CASE("legend, grid and status bar are switched, and both menus tell")
     CHECK((Graph.MenuState(IDM_GRID) & MF_CHECKED) == 0);
     CHECK((Graph.MenuState(IDM_GRAPH_STATUS_BAR) & MF_CHECKED) != 0);
     CHECK((Graph.MenuState(IDM_AUTO_RANGE) & MF_CHECKED) != 0);
+    const cPicture NoGrid = Graph.PhotographPlot();
 
     Graph.Choose(gmView, IDM_LEGEND);
     CHECK((Graph.MenuState(IDM_LEGEND) & MF_CHECKED) == 0);
@@ -243,6 +286,15 @@ TEST_CASE("legend, grid and status bar are switched, and both menus tell")
 
     Graph.Choose(gmView, IDM_GRID);
     CHECK((Graph.MenuState(IDM_GRID) & MF_CHECKED) != 0);
+
+    // Lines of one direction are a grid too, and go with it.
+    Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
+    ClickMiddleOf(Graph.Field(IDC_HORZ_GRID));
+    Calculator.Click("OK");
+    CHECK((Graph.MenuState(IDM_GRID) & MF_CHECKED) != 0);
+    Graph.Choose(gmView, IDM_GRID);
+    CHECK((Graph.MenuState(IDM_GRID) & MF_CHECKED) == 0);
+    CHECK(CountDifferences(NoGrid, Graph.PhotographPlot()) == 0);
 
     RECT Before = {};
     RECT After  = {};
@@ -341,6 +393,18 @@ TEST_CASE("the context menu does what the menu bar does")
     Click(At, mbRight);
     WaitForMenu();
     Calculator.PhotographScreen().Save("graph-context");
+    const auto AutoRange = [] {
+        const HWND hMenu = FindWindowA("#32768", nullptr);
+        return cProbeLink::Current()->AskWindow(hMenu, pbMenuState, IDM_CONTEXT_AUTO_RANGE);
+    };
+    CHECK((AutoRange().m_nValue & MF_CHECKED) != 0);
+    CloseMenus();
+    Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
+    Graph.Fill(IDC_HORZ_MAX, "5");
+    Calculator.Click("OK");
+    Click(At, mbRight);
+    WaitForMenu();
+    CHECK((AutoRange().m_nValue & MF_CHECKED) == 0);
     HitKey(VK_DOWN);  // "Reformat Plot..."
     HitKey(VK_RETURN);
     const cSeenBox Box = Calculator.Box();

@@ -193,6 +193,7 @@ TEST_CASE("help that is not there is reported and the calculator goes on")
     CHECK_FALSE(IsWindowEnabled(Calculator.Window()));
     Calculator.Click("OK");
     CHECK(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
+    CHECK(Eventually(Calculator.Window(), GetForegroundWindow) == Calculator.Window());
 
     Calculator.HitKey(16);
     CHECK(Calculator.ReadsX("7."));

@@ -161,9 +161,15 @@ HWND FindStatusBar(HWND hWnd)
     return FindWindowExA(hWnd, nullptr, STATUSCLASSNAMEA, nullptr);
 }
 
+HMENU MenuOf(HWND hWnd)
+{
+    const auto hPopup = reinterpret_cast<HMENU>(SendMessageA(hWnd, MN_GETHMENU, 0, 0));
+    return hPopup ? hPopup : GetMenu(hWnd);
+}
+
 void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
 {
-    const HMENU hMenu = GetMenu(hWnd);
+    const HMENU hMenu = MenuOf(hWnd);
     switch (nProbe)
     {
     case pbInput:
@@ -208,6 +214,9 @@ void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
     case pbBoxIcon:
         pAnswer->m_nValue = IconOfBox(reinterpret_cast<HWND>(static_cast<UINT_PTR>(nId)));
         break;
+    case pbCursor:
+        pAnswer->m_nValue = GetCursor() == LoadCursorA(nullptr, MAKEINTRESOURCEA(nId));
+        break;
     case pbStatusText:
         SendMessageA(FindStatusBar(hWnd), SB_GETTEXTA, 0,
                      reinterpret_cast<LPARAM>(pAnswer->m_szText));
@@ -223,6 +232,12 @@ void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
         break;
     case pbNoDibs:
         HideDibSupport();
+        break;
+    case pbBitmapRoom:
+        LeaveRoomForBitmaps(static_cast<int>(nId));
+        break;
+    case pbNoFonts:
+        RefuseFonts();
         break;
     }
 }

@@ -17,7 +17,8 @@ enum eProbe
     pbQueue,       // m_nValue: 1 while input or posted messages wait
     pbPaint,       // m_nValue: 1 while a window waits to be painted; what is
                    // painted is on the screen
-    pbMenuState,   // m_nValue: MF_ flags of a menu item; -1: no such item
+    pbMenuState,   // m_nValue: MF_ flags of an item of the window's menu, or of the
+                   // menu that the window is; -1: no such item
     pbMenuText,    // m_szText
     pbMenuRect,    // m_Rect: where the open menu shows the item, on the screen
     pbMenuOpen,    // m_nValue: 1 if the popup menu of the bar is open; lParam its
@@ -33,11 +34,14 @@ enum eProbe
                    // number
     pbBoxIcon,     // m_nValue: number of the platform's icon that the message box
                    // lParam shows, 0: none
+    pbCursor,      // m_nValue: 1 if the pointer is the platform's cursor lParam
     pbStatusText,  // m_szText: of the status bar's only part
     pbObjects,     // m_nValue: GDI objects, m_nMore: windows, menus and their like
     pbDiskRoom,    // the disk is full after lParam bytes
     pbReadOnly,    // folders take no new files
-    pbNoDibs       // the screen cannot hold device-independent bitmaps
+    pbNoDibs,      // the screen cannot hold device-independent bitmaps
+    pbBitmapRoom,  // memory has no room for bitmaps of more than lParam columns
+    pbNoFonts      // no font can be made
 };
 
 const int kMostInputs = 8;  // a key with all its modifiers
