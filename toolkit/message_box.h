@@ -40,7 +40,8 @@ public:
                         eIcon nIcon) = 0;
 
     // Reports a failure in a box with OK and the error icon that belongs to no
-    // window, as the window that it would belong to may be what failed.
+    // window, as the window that it would belong to may be what failed. Without
+    // windows it is a box like others.
     virtual void ReportUnowned(const char *szText, const char *szCaption)
     {
         Ask(szText, szCaption, bnOk, icError);
