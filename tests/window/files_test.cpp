@@ -158,6 +158,11 @@ TEST_CASE("files that cannot be read leave the program alone or leave an empty o
     // A rejected line is kept and marked, or the load is given up.
     const char szRejected[] = "Error: unrecognized instr mnemonic on line #2:\nno such word";
     Open(Calculator, "bad.txt");
+    CHECK(Calculator.Box().m_Text == szRejected);
+    CHECK(ListingIs(Calculator, 0, "00"));
+    CHECK(ListingIs(Calculator, 1, "01 CHS"));
+    CHECK(SendMessageA(Calculator.Listing(), EM_GETLINECOUNT, 0, 0) == 3);  // the last is empty
+    Calculator.PhotographScreen().Save("bad-line");
     CHECK(Calculator.Answers(szRejected, "OK", "ERROR"));
     CHECK(ListingIs(Calculator, 2, "-- no such word"));
     CHECK(ListingIs(Calculator, 3, "02 +"));
