@@ -15,9 +15,9 @@ const char *const kNameTooLong =
     "The file name is too long: it may have 259 characters, its folder included.";
 
 // What a command says that has to wait for the end of a run.
-const char *const kNotWhileRunning = "Not allowed while a calculator\n"
-                                     "program is running (hit any\n"
-                                     "calculator key to halt the program)\n";
+const char *const kRefusedInRun = "Not allowed while a calculator\n"
+                                  "program is running (hit any\n"
+                                  "calculator key to halt the program)\n";
 
 // Opens a program with these lines, "LBL 1\r\nGTO 1\r\n", by the keyboard.
 void OpenListing(cCalculator *pCalculator, const std::string &Listing);

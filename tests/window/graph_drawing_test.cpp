@@ -79,7 +79,7 @@ TEST_CASE("while a program draws, the window follows it and is worked as far as 
     {
         CAPTURE(nId);
         PostMessageA(Graph.Window(), WM_COMMAND, nId, 0);
-        CHECK(Calculator.Answers(kNotWhileRunning, "OK"));
+        CHECK(Calculator.Answers(kRefusedInRun, "OK"));
         CHECK(Follows(Graph, 2));
     }
 

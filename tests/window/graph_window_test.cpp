@@ -368,7 +368,7 @@ TEST_CASE("while a program runs the graph can be looked at, not changed")
     {
         CAPTURE(nId);
         PostMessageA(Graph.Window(), WM_COMMAND, nId, 0);
-        CHECK(Calculator.Answers(kNotWhileRunning, "OK"));
+        CHECK(Calculator.Answers(kRefusedInRun, "OK"));
     }
     CHECK(Graph.Count() == 1);
     Graph.Choose(gmView, IDM_GRID);

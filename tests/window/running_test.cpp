@@ -153,13 +153,13 @@ TEST_CASE("during a run the commands that would disturb it are grey, in menu and
     CHECK(Calculator.ListingLines()[2] == "02 GTO 1");
 
     // The system menu's close is refused by a box, and so is Alt+F4.
-    const cSeenBox Refusal = {"Vorstek", kNotWhileRunning, {"OK"}};
+    const cSeenBox Refusal = {"Vorstek", kRefusedInRun, {"OK"}};
     Click(FramePoint(Calculator.Window(), HTCLOSE));
     CHECK(Calculator.Box() == Refusal);
     Calculator.PhotographScreen().Save("close-refused");
     Calculator.Click("OK");
     HitKey(VK_F4, kAlt);
-    CHECK(Calculator.Answers(kNotWhileRunning, "OK"));
+    CHECK(Calculator.Answers(kRefusedInRun, "OK"));
     CHECK(Calculator.IsRunning());
     CHECK(IsProgramRunning(Calculator));
 
