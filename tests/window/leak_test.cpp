@@ -93,6 +93,16 @@ TEST_CASE("the graph's dialogs that the platform makes leave nothing behind")
     CHECK(LeavesNothing(Calculator, nRounds, kpNothing,
                         [&] { OpenAndClose(Calculator, Graph.Window(), IDM_PRINT_SETUP); }));
 
+    // The file dialog of an export, which is drawn before it.
+    CHECK(LeavesNothing(Calculator, nRounds, kpMenus, [&] {
+        PostMessageA(Graph.Window(), WM_COMMAND, IDM_CREATE_BMP, 0);
+        const HWND hSize = Calculator.Dialog();
+        REQUIRE(hSize);
+        PostMessageA(hSize, WM_COMMAND, IDOK, 0);
+        REQUIRE(WaitFor([hSize] { return !IsWindow(hSize); }));
+        CancelDialog(Calculator);
+    }));
+
     // Those that a dialog opens.
     static const struct
     {
