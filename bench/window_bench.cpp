@@ -13,7 +13,7 @@
 
 #include <doctest/doctest.h>
 
-#include "graph/vantor.h"
+#include "graph/win32/vantor.h"
 #include "tests/unit/recording_boxes.h"
 #include "tests/window/common_steps.h"
 #include "tests/window/waiting.h"

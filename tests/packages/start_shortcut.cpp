@@ -12,7 +12,7 @@
 // With a second argument it waits between window and help until that file is
 // gone.
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 #include <cstdio>
 #include <string>

@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "shell/application.h"
+#include "shell/win32/application.h"
 
 #include <memory>
 #include <string>

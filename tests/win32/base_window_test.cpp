@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "toolkit/base_window.h"
+#include "toolkit/win32/base_window.h"
 
 #include <string>
 

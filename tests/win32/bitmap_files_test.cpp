@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "imaging/bitmap_files.h"
+#include "imaging/win32/bitmap_files.h"
 
 #include <memory>
 #include <string>
@@ -15,7 +15,7 @@
 #include "tests/unit/memory_bytes.h"
 #include "tests/unit/recording_boxes.h"
 #include "tests/unit/scratch_folder.h"
-#include "toolkit/gdi.h"
+#include "toolkit/win32/gdi.h"
 
 namespace
 {

@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "shell/button_array.h"
+#include "shell/win32/button_array.h"
 
 #include <functional>
 #include <new>
@@ -11,8 +11,8 @@
 
 #include "tests/unit/failing_memory.h"
 #include "tests/win32/test_frame.h"
-#include "toolkit/gdi.h"
 #include "toolkit/retry_alloc.h"
+#include "toolkit/win32/gdi.h"
 
 namespace
 {

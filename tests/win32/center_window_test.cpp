@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "toolkit/center_window.h"
+#include "toolkit/win32/center_window.h"
 
 #include <doctest/doctest.h>
 

@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "toolkit/combo_box.h"
+#include "toolkit/win32/combo_box.h"
 
 #include <memory>
 #include <string>

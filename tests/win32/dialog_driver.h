@@ -7,7 +7,7 @@
 #ifndef TESTS_WIN32_DIALOG_DRIVER_H
 #define TESTS_WIN32_DIALOG_DRIVER_H
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 #include <functional>
 

@@ -8,10 +8,10 @@
 #ifndef TESTS_WIN32_DRAWN_SHEET_H
 #define TESTS_WIN32_DRAWN_SHEET_H
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 #include "graph/plot_canvas.h"
-#include "toolkit/gdi.h"
+#include "toolkit/win32/gdi.h"
 
 class cDrawnSheet
 {

@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "toolkit/edit_box.h"
+#include "toolkit/win32/edit_box.h"
 
 #include <cstdio>
 #include <cstring>
@@ -11,7 +11,7 @@
 
 #include "tests/unit/failing_memory.h"
 #include "tests/win32/test_frame.h"
-#include "toolkit/gdi.h"
+#include "toolkit/win32/gdi.h"
 
 namespace
 {

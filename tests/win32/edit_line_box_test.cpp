@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "shell/edit_line_box.h"
+#include "shell/win32/edit_line_box.h"
 
 #include <memory>
 #include <string>

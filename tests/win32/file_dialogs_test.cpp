@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "toolkit/file_dialogs.h"
+#include "toolkit/win32/file_dialogs.h"
 
 #include <cstdio>
 #include <filesystem>

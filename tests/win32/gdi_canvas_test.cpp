@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "graph/gdi_canvas.h"
+#include "graph/win32/gdi_canvas.h"
 
 #include <algorithm>
 #include <random>
@@ -14,7 +14,7 @@
 #include "tests/unit/recording_boxes.h"
 #include "tests/unit/recording_canvas.h"
 #include "tests/win32/drawn_sheet.h"
-#include "toolkit/gdi.h"
+#include "toolkit/win32/gdi.h"
 
 namespace
 {

@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "graph/gdi_canvas.h"
+#include "graph/win32/gdi_canvas.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -14,10 +14,10 @@
 #include "graph/plot_layout.h"
 #include "graph/plot_renderer.h"
 #include "graph/vantor_plot.h"
-#include "imaging/bitmap_files.h"
+#include "imaging/win32/bitmap_files.h"
 #include "tests/unit/recording_boxes.h"
 #include "tests/unit/scratch_folder.h"
-#include "toolkit/gdi.h"
+#include "toolkit/win32/gdi.h"
 
 namespace
 {

@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "toolkit/gdi.h"
+#include "toolkit/win32/gdi.h"
 
 #include <doctest/doctest.h>
 

@@ -1,10 +1,10 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "graph/graph_print.h"
+#include "graph/win32/graph_print.h"
 
 #include <doctest/doctest.h>
 
-#include "graph/vantor_box.h"
+#include "graph/win32/vantor_box.h"
 #include "tests/win32/drawn_sheet.h"
 #include "tests/win32/test_frame.h"
 

@@ -1,4 +1,4 @@
-#include "toolkit/help_viewer.h"
+#include "toolkit/win32/help_viewer.h"
 
 #include <doctest/doctest.h>
 

@@ -1,13 +1,13 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "toolkit/list_box.h"
+#include "toolkit/win32/list_box.h"
 
 #include <string>
 
 #include <doctest/doctest.h>
 
 #include "tests/win32/test_frame.h"
-#include "toolkit/gdi.h"
+#include "toolkit/win32/gdi.h"
 
 namespace
 {

@@ -1,6 +1,6 @@
 // The test program's main(); what it accepts is listed by --help.
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 #define DOCTEST_CONFIG_IMPLEMENT
 #include <doctest/doctest.h>

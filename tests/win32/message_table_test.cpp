@@ -1,14 +1,14 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "toolkit/message_table.h"
+#include "toolkit/win32/message_table.h"
 
 #include <vector>
 
 #include <doctest/doctest.h>
 
 #include "tests/unit/recording_boxes.h"
-#include "toolkit/base_window.h"
-#include "toolkit/window_class.h"
+#include "toolkit/win32/base_window.h"
+#include "toolkit/win32/window_class.h"
 
 namespace
 {

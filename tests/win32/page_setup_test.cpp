@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "toolkit/page_setup.h"
+#include "toolkit/win32/page_setup.h"
 
 #include <doctest/doctest.h>
 

@@ -1,11 +1,11 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "toolkit/palette_bitmap.h"
+#include "toolkit/win32/palette_bitmap.h"
 
 #include <doctest/doctest.h>
 
 #include "tests/win32/resources/test_resources.h"
-#include "toolkit/gdi.h"
+#include "toolkit/win32/gdi.h"
 
 namespace
 {

@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "toolkit/print_job.h"
+#include "toolkit/win32/print_job.h"
 
 #include <functional>
 #include <string>
@@ -9,7 +9,7 @@
 
 #include "tests/win32/dialog_driver.h"
 #include "tests/win32/test_frame.h"
-#include "toolkit/gdi.h"
+#include "toolkit/win32/gdi.h"
 
 namespace
 {

@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "toolkit/progress_bar.h"
+#include "toolkit/win32/progress_bar.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "toolkit/sending_dialog.h"
+#include "toolkit/win32/sending_dialog.h"
 
 #include <string>
 

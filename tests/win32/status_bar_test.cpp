@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "toolkit/status_bar.h"
+#include "toolkit/win32/status_bar.h"
 
 #include <string>
 
@@ -8,7 +8,7 @@
 
 #include "tests/win32/resources/test_resources.h"
 #include "tests/win32/test_frame.h"
-#include "toolkit/progress_bar.h"
+#include "toolkit/win32/progress_bar.h"
 
 namespace
 {

@@ -6,7 +6,7 @@
 #ifndef TESTS_WIN32_TEST_DESKTOP_H
 #define TESTS_WIN32_TEST_DESKTOP_H
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 class cTestDesktop
 {

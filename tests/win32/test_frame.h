@@ -3,15 +3,15 @@
 #ifndef TESTS_WIN32_TEST_FRAME_H
 #define TESTS_WIN32_TEST_FRAME_H
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 #include <functional>
 #include <vector>
 
 #include "tests/unit/recording_boxes.h"
-#include "toolkit/base_window.h"
-#include "toolkit/message_table.h"
-#include "toolkit/window_class.h"
+#include "toolkit/win32/base_window.h"
+#include "toolkit/win32/message_table.h"
+#include "toolkit/win32/window_class.h"
 
 struct cCommand
 {

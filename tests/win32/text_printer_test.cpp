@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "toolkit/text_printer.h"
+#include "toolkit/win32/text_printer.h"
 
 #include <cstdio>
 #include <cstring>

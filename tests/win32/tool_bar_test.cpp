@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "toolkit/tool_bar.h"
+#include "toolkit/win32/tool_bar.h"
 
 #include <memory>
 #include <string>

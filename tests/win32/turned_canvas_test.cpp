@@ -1,4 +1,4 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 #include "graph/turned_canvas.h"
 
@@ -7,10 +7,10 @@
 
 #include <doctest/doctest.h>
 
-#include "graph/gdi_canvas.h"
+#include "graph/win32/gdi_canvas.h"
 #include "tests/win32/drawn_sheet.h"
-#include "toolkit/gdi.h"
 #include "toolkit/print_plan.h"
+#include "toolkit/win32/gdi.h"
 
 namespace
 {

@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "graph/vantor.h"
+#include "graph/win32/vantor.h"
 
 #include <string>
 #include <vector>
@@ -12,7 +12,7 @@
 #include "tests/unit/scratch_folder.h"
 #include "tests/win32/dialog_driver.h"
 #include "tests/win32/test_frame.h"
-#include "toolkit/gdi.h"
+#include "toolkit/win32/gdi.h"
 
 namespace
 {

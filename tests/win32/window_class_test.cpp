@@ -1,6 +1,6 @@
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
-#include "toolkit/window_class.h"
+#include "toolkit/win32/window_class.h"
 
 #include <doctest/doctest.h>
 

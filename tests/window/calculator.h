@@ -8,7 +8,7 @@
 #ifndef TESTS_WINDOW_CALCULATOR_H
 #define TESTS_WINDOW_CALCULATOR_H
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 #include <initializer_list>
 #include <string>

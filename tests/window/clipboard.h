@@ -3,7 +3,7 @@
 #ifndef TESTS_WINDOW_CLIPBOARD_H
 #define TESTS_WINDOW_CLIPBOARD_H
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 #include <string>
 

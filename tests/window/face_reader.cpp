@@ -1,6 +1,6 @@
 #include "tests/window/face_reader.h"
 
-#include "toolkit/gdi.h"
+#include "toolkit/win32/gdi.h"
 
 static const char     kFirstCharacter = ' ';
 static const char     kLastCharacter  = '~';

@@ -4,7 +4,7 @@
 #ifndef TESTS_WINDOW_FACE_READER_H
 #define TESTS_WINDOW_FACE_READER_H
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 #include <string>
 #include <vector>

@@ -4,7 +4,7 @@
 #ifndef TESTS_WINDOW_FAULTS_H
 #define TESTS_WINDOW_FAULTS_H
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 // The disk has room for so many bytes more; a write beyond them fails as a whole,
 // as on a full disk.

@@ -16,7 +16,7 @@
 #include "tests/window/input.h"
 #include "tests/window/plot_reader.h"
 #include "tests/window/waiting.h"
-#include "toolkit/gdi.h"
+#include "toolkit/win32/gdi.h"
 
 namespace
 {

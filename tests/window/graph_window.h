@@ -11,7 +11,7 @@
 #ifndef TESTS_WINDOW_GRAPH_WINDOW_H
 #define TESTS_WINDOW_GRAPH_WINDOW_H
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 #include <initializer_list>
 #include <string>

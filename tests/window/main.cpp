@@ -1,7 +1,7 @@
 // The test program's main(); what it accepts is listed by --help. Beyond that,
 // --screen=800x599 makes the desktop this large.
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 #include <cstdio>
 

@@ -3,7 +3,7 @@
 #ifndef TESTS_WINDOW_MENUS_H
 #define TESTS_WINDOW_MENUS_H
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 // Opens a menu of the bar, counted from 0.
 void OpenMenu(HWND hWnd, UINT nMenu);

@@ -8,7 +8,7 @@
 #ifndef TESTS_WINDOW_MOUSE_LINK_H
 #define TESTS_WINDOW_MOUSE_LINK_H
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 #include <winsock2.h>
 

@@ -9,7 +9,7 @@
 #ifndef TESTS_WINDOW_PAPER_TRAY_H
 #define TESTS_WINDOW_PAPER_TRAY_H
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 #include <string>
 #include <vector>

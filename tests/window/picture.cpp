@@ -6,7 +6,7 @@
 
 #include <doctest/doctest.h>
 
-#include "toolkit/gdi.h"
+#include "toolkit/win32/gdi.h"
 
 static const WORD     kBitsPerPixel = 32;
 static const unsigned kColour       = 0xFFFFFF;

@@ -3,7 +3,7 @@
 #ifndef TESTS_WINDOW_PICTURE_H
 #define TESTS_WINDOW_PICTURE_H
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 #include <string>
 #include <vector>

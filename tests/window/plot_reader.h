@@ -4,7 +4,7 @@
 #ifndef TESTS_WINDOW_PLOT_READER_H
 #define TESTS_WINDOW_PLOT_READER_H
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 #include "tests/window/graph_window.h"
 #include "tests/window/picture.h"

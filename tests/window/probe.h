@@ -5,7 +5,7 @@
 #ifndef TESTS_WINDOW_PROBE_H
 #define TESTS_WINDOW_PROBE_H
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 // Sent to a window of the program: wParam an eProbe, lParam a command number.
 const char *const kProbeMessage = "vorstek-window-probe";

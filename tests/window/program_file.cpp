@@ -2,7 +2,7 @@
 
 #include <doctest/doctest.h>
 
-#include "toolkit/gdi.h"
+#include "toolkit/win32/gdi.h"
 
 cProgramFile::cProgramFile()
     : m_hModule(LoadLibraryExA(VORSTEK_PROGRAM, nullptr, LOAD_LIBRARY_AS_DATAFILE))

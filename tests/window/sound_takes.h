@@ -8,7 +8,7 @@
 #ifndef TESTS_WINDOW_SOUND_TAKES_H
 #define TESTS_WINDOW_SOUND_TAKES_H
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 #include <map>
 #include <string>

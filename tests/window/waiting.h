@@ -3,7 +3,7 @@
 #ifndef TESTS_WINDOW_WAITING_H
 #define TESTS_WINDOW_WAITING_H
 
-#include "toolkit/win32.h"
+#include "toolkit/win32/win32.h"
 
 const DWORD kPatience  = 30000;  // milliseconds, on a very busy computer
 const DWORD kLookAgain = 5;

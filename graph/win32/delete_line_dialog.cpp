@@ -1,0 +1,82 @@
+#include "toolkit/win32/win32.h"
+
+#include "graph/win32/graph_dialog.h"
+#include "graph/win32/vantor_dialogs.h"
+#include "resources/resource.h"
+
+namespace
+{
+
+const char *const kTypeNames[] = {"Plot", "StairStep", "Scatter", "Stoop"};
+
+class cDeleteLineDialog : public cGraphDialog
+{
+public:
+    explicit cDeleteLineDialog(cVantorBox *pBox) : cGraphDialog(pBox), m_crColor(kWhite) {}
+
+private:
+    void     OnInit() override;
+    int      OnOk() override;
+    void     OnControl(int nId, int nNotification) override;
+    COLORREF SampleColor() const override { return m_crColor; }
+
+    void OnChangeLine();
+    void ShowFormat(const cVantorDataSet &Set, const char *szStyle);
+
+    COLORREF m_crColor;
+};
+
+void cDeleteLineDialog::OnInit()
+{
+    SetLineSpinRange(IDC_DELETED_LINE_SPIN);
+    SetUnsigned(IDC_DELETED_LINE, 1);
+}
+
+void cDeleteLineDialog::OnControl(int nId, int nNotification)
+{
+    if (nId == IDC_DELETED_LINE && nNotification == EN_CHANGE)
+        OnChangeLine();
+}
+
+void cDeleteLineDialog::OnChangeLine()
+{
+    uint32_t nLine = 0;
+    if (!GetLine(IDC_DELETED_LINE, &nLine))
+        return;
+    const cVantorDataSet *const pSet = m_pBox->DataSet(nLine);
+    if (!pSet)
+    {
+        Say("Program Error Code #40 in\ncVantorBox::OnDeleteLineChangeLine()");
+        return;
+    }
+    const char *const szStyle = StyleName(*pSet);
+    if (!szStyle)
+        Say("Program Error Code #41 in\ncVantorBox::OnDeleteLineChangeLine()");
+    ShowFormat(*pSet, szStyle ? szStyle : "");
+}
+
+void cDeleteLineDialog::ShowFormat(const cVantorDataSet &Set, const char *szStyle)
+{
+    m_crColor = Set.m_crColor;
+    InvalidateRect(GetDlgItem(m_hDialog, IDC_DELETED_COLOR), nullptr, FALSE);
+    SetText(IDC_DELETED_TYPE, kTypeNames[DrawnType(Set)]);
+    SetUnsigned(IDC_DELETED_WIDTH, Set.m_nWidth);
+    SetText(IDC_DELETED_STYLE, szStyle);
+    SetText(IDC_DELETED_LABEL, Set.m_pszLabel.get());
+}
+
+int cDeleteLineDialog::OnOk()
+{
+    uint32_t nLine = 0;
+    if (!GetLine(IDC_DELETED_LINE, &nLine))
+        return Refuse(IDC_DELETED_LINE, "ERROR: your \"Line #\" value produced an error");
+    m_pBox->DeleteDataSet(nLine);
+    return 1;
+}
+
+}  // namespace
+
+void DeleteLine(cVantorBox *pBox)
+{
+    cDeleteLineDialog(pBox).Run(IDD_DELETE_LINE);
+}

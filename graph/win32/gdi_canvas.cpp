@@ -1,0 +1,132 @@
+#include "graph/win32/gdi_canvas.h"
+
+#include <cstddef>
+#include <memory>
+#include <new>
+
+#include "graph/column_runs.h"
+#include "toolkit/win32/gdi.h"
+
+using cGdiPen   = cGdiObject<HPEN>;
+using cGdiBrush = cGdiObject<HBRUSH>;
+
+// The renderer's vertices go to the platform as they are.
+static_assert(sizeof(cPoint) == sizeof(POINT));
+static_assert(offsetof(cPoint, m_nX) == offsetof(POINT, x));
+static_assert(offsetof(cPoint, m_nY) == offsetof(POINT, y));
+static_assert(sizeof(uint32_t) == sizeof(DWORD));
+
+static const size_t kFewPoints = 100;  // quickly drawn in any case
+
+static const POINT *AsPoints(const cPoint *pPoints)
+{
+    return reinterpret_cast<const POINT *>(pPoints);
+}
+
+// Line styles are numbered as the platform's pens.
+static int PenStyle(const cPlotPen &Pen)
+{
+    return Pen.m_nWidth > 1 ? PS_SOLID : static_cast<int>(Pen.m_nStyle);
+}
+
+static HPEN MakePen(const cPlotPen &Pen)
+{
+    return CreatePen(PenStyle(Pen), static_cast<int>(Pen.m_nWidth), Pen.m_crColor);
+}
+
+// A transparent background also leaves the gaps of dashes as they are.
+cGdiCanvas::cGdiCanvas(HDC hDc, HFONT hFont) : m_hDc(hDc), m_nSaved(SaveDC(hDc))
+{
+    if (hFont)
+        SelectObject(m_hDc, hFont);
+    SetBkMode(m_hDc, TRANSPARENT);
+}
+
+cGdiCanvas::~cGdiCanvas()
+{
+    RestoreDC(m_hDc, m_nSaved);
+}
+
+int cGdiCanvas::PixelsPerInchX() const
+{
+    return GetDeviceCaps(m_hDc, LOGPIXELSX);
+}
+
+int cGdiCanvas::PixelsPerInchY() const
+{
+    return GetDeviceCaps(m_hDc, LOGPIXELSY);
+}
+
+int cGdiCanvas::TextHeight() const
+{
+    TEXTMETRICA Metrics = {};
+    GetTextMetricsA(m_hDc, &Metrics);
+    return Metrics.tmHeight + Metrics.tmExternalLeading;
+}
+
+int cGdiCanvas::TextWidth(const char *szText) const
+{
+    SIZE Size = {};
+    GetTextExtentPoint32A(m_hDc, szText, lstrlenA(szText), &Size);
+    return Size.cx;
+}
+
+void cGdiCanvas::FillBox(const cRect &Rect, uint32_t crColor)
+{
+    const RECT      Box = {Rect.m_nLeft, Rect.m_nTop, Rect.m_nRight, Rect.m_nBottom};
+    const cGdiBrush Brush(CreateSolidBrush(crColor));
+    FillRect(m_hDc, &Box, Brush.Get());
+}
+
+void cGdiCanvas::Polylines(const cPoint *pPoints, const uint32_t *pCounts, size_t nLines,
+                           const cPlotPen &Pen)
+{
+    const cGdiPen      GdiPen(MakePen(Pen));
+    const cSelectGuard Selected(m_hDc, GdiPen.Get());
+    PolyPolyline(m_hDc, AsPoints(pPoints), reinterpret_cast<const DWORD *>(pCounts),
+                 static_cast<DWORD>(nLines));
+}
+
+void cGdiCanvas::Polyline(const cPoint *pPoints, size_t nPoints, const cPlotPen &Pen)
+{
+    const cGdiPen      GdiPen(MakePen(Pen));
+    const cSelectGuard Selected(m_hDc, GdiPen.Get());
+
+    // The time for a wide line grows faster than its vertices do. Where
+    // there is no memory to make it shorter, it is drawn as it is.
+    const std::unique_ptr<cPoint[]> pMerged(nPoints > kFewPoints && PenStyle(Pen) == PS_SOLID
+                                                ? new (std::nothrow) cPoint[nPoints]
+                                                : nullptr);
+    const size_t nMerged = pMerged ? MergeColumns(pPoints, nPoints, pMerged.get()) : nPoints;
+    ::Polyline(m_hDc, AsPoints(pMerged ? pMerged.get() : pPoints), static_cast<int>(nMerged));
+}
+
+void cGdiCanvas::Polygons(const cPoint *pPoints, const int32_t *pCounts, size_t nPolygons,
+                          uint32_t crColor)
+{
+    const cGdiPen      Pen(CreatePen(PS_SOLID, 1, crColor));
+    const cGdiBrush    Brush(CreateSolidBrush(crColor));
+    const cSelectGuard SelectedPen(m_hDc, Pen.Get());
+    const cSelectGuard SelectedBrush(m_hDc, Brush.Get());
+    SetPolyFillMode(m_hDc, WINDING);  // otherwise two that overlap have a hole
+    PolyPolygon(m_hDc, AsPoints(pPoints), pCounts, static_cast<int>(nPolygons));
+}
+
+void cGdiCanvas::Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColor)
+{
+    static const UINT s_Align[] = {TA_LEFT, TA_CENTER, TA_RIGHT};
+    SetTextAlign(m_hDc, TA_TOP | s_Align[nAlign]);
+    SetTextColor(m_hDc, crColor);
+    TextOutA(m_hDc, At.m_nX, At.m_nY, szText, lstrlenA(szText));
+}
+
+void cGdiCanvas::PushClip(const cRect &Rect)
+{
+    SaveDC(m_hDc);
+    IntersectClipRect(m_hDc, Rect.m_nLeft, Rect.m_nTop, Rect.m_nRight, Rect.m_nBottom);
+}
+
+void cGdiCanvas::PopClip()
+{
+    RestoreDC(m_hDc, -1);
+}

@@ -1,0 +1,186 @@
+#include "toolkit/win32/win32.h"
+
+#include "graph/win32/graph_dialog.h"
+#include "graph/win32/vantor_dialogs.h"
+#include "resources/resource.h"
+#include "toolkit/win32/choosers.h"
+
+namespace
+{
+
+class cReformatLineDialog : public cGraphDialog
+{
+public:
+    explicit cReformatLineDialog(cVantorBox *pBox) : cGraphDialog(pBox), m_crColor(kWhite) {}
+
+private:
+    void     OnInit() override;
+    int      OnOk() override;
+    void     OnControl(int nId, int nNotification) override;
+    COLORREF SampleColor() const override { return m_crColor; }
+
+    void OnChangeLine();
+    void OnChangeType();
+    void OnChangeColor();
+    void ShowColor(COLORREF crColor);
+    void ListStyles(uint32_t nGraphType) const;
+    int  SelectStyle(uint32_t nGraphType, uint32_t nStyle) const;
+    int  SelectedType(uint32_t *pnGraphType) const;
+    int  SelectedStyle(uint32_t nGraphType, uint32_t *pnStyle) const;
+    int  StoreLook(uint32_t nLine, cVantorLineFormat *pFormat, float fMultiplier, float fOffset);
+
+    COLORREF m_crColor;  // of the sample
+};
+
+void cReformatLineDialog::OnInit()
+{
+    SetLineSpinRange(IDC_FORMATTED_LINE_SPIN);
+    SetSpinRange(IDC_LINE_WIDTH_SPIN, 1, kMostLineWidth);
+    SetUnsigned(IDC_FORMATTED_LINE, 1);
+}
+
+void cReformatLineDialog::OnControl(int nId, int nNotification)
+{
+    if (nId == IDC_FORMATTED_LINE && nNotification == EN_CHANGE)
+        OnChangeLine();
+    else if (nId == IDC_CHANGE_COLOR && nNotification == BN_CLICKED)
+        OnChangeColor();
+    else if (nId >= IDC_TYPE_PLOT && nId <= IDC_TYPE_STOOP && nNotification == BN_CLICKED)
+        OnChangeType();
+}
+
+// A number that is no data line's leaves the fields as they are: it may still be
+// typed.
+void cReformatLineDialog::OnChangeLine()
+{
+    uint32_t nLine = 0;
+    if (!GetLine(IDC_FORMATTED_LINE, &nLine))
+        return;
+    const cVantorDataSet *const pSet = m_pBox->DataSet(nLine);
+    if (!pSet)
+    {
+        Say("Program Error Code #31 in\ncVantorBox::OnReformatLineChangeLine()");
+        return;
+    }
+    const uint32_t nGraphType = DrawnType(*pSet);
+    ShowColor(pSet->m_crColor);
+    CheckRadioButton(m_hDialog, IDC_TYPE_PLOT, IDC_TYPE_STOOP,
+                     IDC_TYPE_PLOT + static_cast<int>(nGraphType));
+    SetUnsigned(IDC_LINE_WIDTH, pSet->m_nWidth);
+    SetText(IDC_LINE_LABEL, pSet->m_pszLabel.get());
+    SetNumber(IDC_MULTIPLIER, pSet->m_fMultiplier);
+    SetNumber(IDC_OFFSET, pSet->m_fOffset);
+    ListStyles(nGraphType);
+    if (!SelectStyle(nGraphType, pSet->m_nStyle))
+        Say("Program Error Code #32 in\ncVantorBox::OnReformatLineChangeLine()");
+}
+
+// The style keeps its place in the list.
+void cReformatLineDialog::OnChangeType()
+{
+    uint32_t nGraphType = gtPlot;
+    SelectedType(&nGraphType);
+    const LRESULT nSelected = SendDlgItemMessageA(m_hDialog, IDC_LINE_STYLE, CB_GETCURSEL, 0, 0);
+    ListStyles(nGraphType);
+    SendDlgItemMessageA(m_hDialog, IDC_LINE_STYLE, CB_SETCURSEL, static_cast<WPARAM>(nSelected), 0);
+}
+
+void cReformatLineDialog::OnChangeColor()
+{
+    COLORREF crColor = m_crColor;
+    if (AskColor(m_hDialog, &crColor))
+        ShowColor(crColor);
+}
+
+void cReformatLineDialog::ShowColor(COLORREF crColor)
+{
+    m_crColor = crColor;
+    InvalidateRect(GetDlgItem(m_hDialog, IDC_LINE_COLOR), nullptr, FALSE);
+}
+
+void cReformatLineDialog::ListStyles(uint32_t nGraphType) const
+{
+    const cVantorStyle *const pStyles = StylesOf(nGraphType);
+    SendDlgItemMessageA(m_hDialog, IDC_LINE_STYLE, CB_RESETCONTENT, 0, 0);
+    for (int i = 0; i < kStyles; i++)
+        SendDlgItemMessageA(m_hDialog, IDC_LINE_STYLE, CB_ADDSTRING, 0,
+                            reinterpret_cast<LPARAM>(pStyles[i].m_szName));
+}
+
+// 0 if there is no such style.
+int cReformatLineDialog::SelectStyle(uint32_t nGraphType, uint32_t nStyle) const
+{
+    const cVantorStyle *const pStyles = StylesOf(nGraphType);
+    for (int i = 0; i < kStyles; i++)
+        if (pStyles[i].m_nValue == nStyle)
+        {
+            SendDlgItemMessageA(m_hDialog, IDC_LINE_STYLE, CB_SETCURSEL, static_cast<WPARAM>(i), 0);
+            return 1;
+        }
+    return 0;
+}
+
+int cReformatLineDialog::SelectedType(uint32_t *pnGraphType) const
+{
+    for (uint32_t nType = gtPlot; nType <= gtStoop; nType++)
+        if (IsChecked(IDC_TYPE_PLOT + static_cast<int>(nType)))
+        {
+            *pnGraphType = nType;
+            return 1;
+        }
+    return 0;
+}
+
+int cReformatLineDialog::SelectedStyle(uint32_t nGraphType, uint32_t *pnStyle) const
+{
+    const LRESULT nSelected = SendDlgItemMessageA(m_hDialog, IDC_LINE_STYLE, CB_GETCURSEL, 0, 0);
+    if (nSelected < 0 || nSelected >= kStyles)
+        return 0;
+    *pnStyle = StylesOf(nGraphType)[nSelected].m_nValue;
+    return 1;
+}
+
+int cReformatLineDialog::OnOk()
+{
+    uint32_t          nLine       = 0;
+    float             fMultiplier = 1.0F;
+    float             fOffset     = 0.0F;
+    cVantorLineFormat Format;
+    if (!GetLine(IDC_FORMATTED_LINE, &nLine))
+        return Refuse(IDC_FORMATTED_LINE, "ERROR: your \"Line #\" value produced an error");
+    if (!GetUnsigned(IDC_LINE_WIDTH, 1, kMostLineWidth, &Format.m_nWidth))
+        return Refuse(IDC_LINE_WIDTH, "ERROR: your \"Line Width\" value produced an error");
+    if (!GetNumber(IDC_MULTIPLIER, &fMultiplier))
+        return Refuse(IDC_MULTIPLIER, "ERROR: your \"Multiplier\" value produced an error");
+    if (!GetNumber(IDC_OFFSET, &fOffset))
+        return Refuse(IDC_OFFSET, "ERROR: your \"Offset\" value produced an error");
+    return StoreLook(nLine, &Format, fMultiplier, fOffset);
+}
+
+// Always returns 1: what fails here no other input could mend.
+int cReformatLineDialog::StoreLook(uint32_t nLine, cVantorLineFormat *pFormat, float fMultiplier,
+                                   float fOffset)
+{
+    if (!m_pBox->DataSet(nLine))
+        Say("Program Error Code #35 in\ncVantorBox::OnReformatLineOk()");
+    else if (!SelectedType(&pFormat->m_nGraphType))
+        Say("Program Error Code #36 in\ncVantorBox::OnReformatLineOk()");
+    else if (!SelectedStyle(pFormat->m_nGraphType, &pFormat->m_nStyle))
+        Say("Program Error Code #37 in\ncVantorBox::OnReformatLineOk()");
+    else
+    {
+        char szLabel[kFieldText];
+        GetText(IDC_LINE_LABEL, szLabel);
+        pFormat->m_pszLabel = szLabel;
+        pFormat->m_crColor  = m_crColor;
+        m_pBox->FormatDataSet(nLine, *pFormat, fMultiplier, fOffset);
+    }
+    return 1;
+}
+
+}  // namespace
+
+void ReformatLine(cVantorBox *pBox)
+{
+    cReformatLineDialog(pBox).Run(IDD_REFORMAT_LINE);
+}

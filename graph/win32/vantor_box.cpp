@@ -1,0 +1,553 @@
+#include "graph/win32/vantor_box.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <new>
+
+#include "graph/plot_renderer.h"
+#include "graph/plot_vertices.h"
+#include "graph/win32/gdi_canvas.h"
+#include "resources/resource.h"
+
+// clang-format off
+const cVantorBox::cMessageRow cVantorBox::s_Messages[] =
+{
+    { WM_SIZE,           &cVantorBox::OnSize            },
+    { WM_ERASEBKGND,     &cVantorBox::OnEraseBackground },
+    { WM_PAINT,          &cVantorBox::OnPaint           },
+    { WM_SETCURSOR,      &cVantorBox::OnSetCursor       },
+    { WM_LBUTTONDOWN,    &cVantorBox::OnLButtonDown     },
+    { WM_MOUSEMOVE,      &cVantorBox::OnMouseMove       },
+    { WM_LBUTTONUP,      &cVantorBox::OnLButtonUp       },
+    { WM_CAPTURECHANGED, &cVantorBox::OnCaptureChanged  },
+    { WM_CONTEXTMENU,    &cVantorBox::OnContextMenu     },
+    { WM_COMMAND,        &cVantorBox::OnCommand         },
+    { WM_DRAWITEM,       &cVantorBox::OnDrawItem        },
+};
+
+// Each command of the context menu is one of the frame's.
+static const struct
+{
+    unsigned m_nItem;
+    unsigned m_nCommand;
+} s_ContextCommands[] =
+{
+    { IDM_CONTEXT_REFORMAT_PLOT, IDM_REFORMAT_PLOT },
+    { IDM_CONTEXT_AUTO_RANGE,    IDM_AUTO_RANGE    },
+    { IDM_CONTEXT_REFORMAT_LINE, IDM_REFORMAT_LINE },
+    { IDM_CONTEXT_DELETE_LINE,   IDM_DELETE_LINE   },
+    { IDM_CONTEXT_PRINT_SETUP,   IDM_PRINT_SETUP   },
+    { IDM_CONTEXT_PRINT_GRAPH,   IDM_PRINT_GRAPH   },
+    { IDM_CONTEXT_CREATE_BMP,    IDM_CREATE_BMP    },
+    { IDM_CONTEXT_CREATE_GIF,    IDM_CREATE_GIF    },
+};
+// clang-format on
+
+static const int kBorderBand = 3;  // pixels above the legend where its border is taken hold of
+
+// The cross-hair reaches this far from its point; a line lacks its last pixel.
+static const int kCrossHair = 6;
+
+// A row of the legend: a sample of the line, then its label.
+static const int kSampleSpace = 6;
+static const int kSampleRight = 48;
+static const int kLabelLeft   = 60;
+static const int kRowSpace    = 2;  // pixels between the texts of two rows
+
+cWindowClass cVantorBox::s_Class;
+
+cVantorBox::cVantorBox(cMessageBoxes *pBoxes)
+    : cBaseWindow(pBoxes), cVantorPlot(pBoxes), m_LogFont(), m_nFontTenths(0), m_Legend(pBoxes),
+      m_bDrawn(0), m_bDraws(0), m_bWillDraw(0), m_Layout(), m_bLaidOut(0), m_bDragsLegend(0),
+      m_bReadsOut(0), m_Mouse(), m_bReadoutShown(0), m_Nearest(), m_ClassShare(&s_Class)
+{
+    m_dwStyle = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
+}
+
+cVantorBox::~cVantorBox() = default;
+
+const char *cVantorBox::GetClassName() const
+{
+    return "cVantorBox";
+}
+
+LRESULT CALLBACK cVantorBox::WindowProc(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam)
+{
+    return HandleMessage(s_Messages, hWnd, nMessage, wParam, lParam);
+}
+
+int cVantorBox::Create(cBaseWindow *pOwner, const cVantorBoxSettings &Settings, uint32_t nId)
+{
+    WNDCLASSA Class     = {};
+    Class.lpfnWndProc   = WindowProc;
+    Class.hInstance     = ProgramInstance();
+    Class.hCursor       = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
+    Class.lpszClassName = GetClassName();
+    if (!m_ClassShare.Acquire(Class))
+        return ReportFailure("ERROR: RegisterClass() failed in cVantorBox::Create()");
+    if (!CreateChild(pOwner, 0, 0, 0, 0, 0, nId, this))
+        return ReportFailure("ERROR: CreateWindow() failed in cVantorBox::Create()");
+    if (!CreateLegend())
+        return 0;
+    Apply(Settings);
+    return 1;
+}
+
+// --- settings
+
+HFONT cVantorBox::Font() const
+{
+    return m_Font ? m_Font->Get() : static_cast<HFONT>(GetStockObject(SYSTEM_FONT));
+}
+
+void cVantorBox::MakeFont(const cVantorBoxSettings &Settings)
+{
+    m_Font.reset();
+    if (!Settings.m_bSystemFont)
+        m_Font.reset(new (std::nothrow) cGdiFont(CreateFontIndirectA(&Settings.m_LogFont)));
+    if (m_Font && !m_Font->Get())
+        m_Font.reset();
+    GetObjectA(Font(), sizeof m_LogFont, &m_LogFont);
+
+    const cWindowDc Screen(nullptr);
+    m_nFontTenths =
+        abs(m_LogFont.lfHeight) * kTenthsPerInch / GetDeviceCaps(Screen.Get(), LOGPIXELSY);
+    SendMessageA(m_Legend.Window(), WM_SETFONT, reinterpret_cast<WPARAM>(Font()), TRUE);
+    SendMessageA(m_Legend.Window(), LB_SETITEMHEIGHT, 0, RowHeight());
+}
+
+void cVantorBox::Apply(const cVantorBoxSettings &Settings)
+{
+    MakeFont(Settings);
+    ApplySettings(Settings);
+}
+
+cVantorBoxSettings cVantorBox::BoxSettings() const
+{
+    cVantorBoxSettings Settings;
+    static_cast<cVantorPlotSettings &>(Settings) = cVantorPlot::Settings();
+    Settings.m_LogFont                           = m_LogFont;
+    Settings.m_bSystemFont                       = m_Font == nullptr;
+    return Settings;
+}
+
+// --- the plot has changed
+
+// Pictures may be late: a running program changes the plot far more often than
+// anybody could see. The platform is asked once for each, which costs more than
+// the point that is added.
+void cVantorBox::OnPlotChanged()
+{
+    m_bLaidOut = 0;
+    m_bDrawn   = 0;
+    if (!m_bWillDraw)
+        InvalidateRect(m_hWnd, nullptr, FALSE);
+    m_bWillDraw = 1;
+}
+
+void cVantorBox::OnPointAdded(uint32_t nLine)
+{
+    if (!m_bDrawn)
+        return;
+    const cVantorDataSet &Set = *DataSet(nLine);
+    const cWindowDc       Window(m_hWnd);
+    for (const HDC hDc : {m_Buffer.Dc(), Window.Get()})
+    {
+        cGdiCanvas Canvas(hDc, nullptr);
+        DrawAddedPoint(m_Layout, Set, &Canvas);
+    }
+}
+
+void cVantorBox::OnLabelAdded(uint32_t nLine)
+{
+    m_Legend.SetItem(-1, DataSet(nLine)->m_pszLabel.get());
+}
+
+void cVantorBox::OnLabelChanged(uint32_t nLine)
+{
+    m_Legend.SetItem(static_cast<int>(nLine) - 1, DataSet(nLine)->m_pszLabel.get());
+}
+
+void cVantorBox::OnLabelRemoved(uint32_t nLine)
+{
+    m_Legend.DeleteItem(static_cast<int>(nLine) - 1);
+}
+
+void cVantorBox::OnChecksChanged()
+{
+    const HMENU hMenu = GetMenu(GetParent(m_hWnd));
+    if (!hMenu)
+        return;
+    const auto Check = [hMenu](unsigned nCommand, int bChecked) {
+        CheckMenuItem(hMenu, nCommand,
+                      MF_BYCOMMAND | static_cast<UINT>(bChecked ? MF_CHECKED : MF_UNCHECKED));
+    };
+    Check(IDM_AUTO_RANGE, !UserRange());
+    Check(IDM_LEGEND, Settings().m_bLegend != 0);
+    Check(IDM_GRID, Settings().m_bHorzGrid || Settings().m_bVertGrid);
+}
+
+// --- layout and painting
+
+cPlotTarget cVantorBox::Target() const
+{
+    RECT Client = {};
+    GetClientRect(m_hWnd, &Client);
+    cPlotTarget Target;
+    Target.m_nKind      = ptScreen;
+    Target.m_Rect       = {0, 0, Client.right, Client.bottom};
+    Target.m_LegendList = {RowHeight(), Borders()};
+    return Target;
+}
+
+const cPlotLayout &cVantorBox::Layout()
+{
+    if (!m_bLaidOut)
+    {
+        const cWindowDc  Dc(m_hWnd);
+        const cGdiCanvas Canvas(Dc.Get(), Font());
+        m_Layout   = LayOutPlot(*this, Target(), Canvas);
+        m_bLaidOut = 1;
+        PlaceLegend();
+    }
+    return m_Layout;
+}
+
+void cVantorBox::PlaceLegend()
+{
+    const cRect &Place = m_Layout.m_Legend;
+    if (!Settings().m_bLegend)
+        m_Legend.Hide();
+    else
+    {
+        m_Legend.Move(Place.m_nLeft, Place.m_nTop, Place.Width(), Place.Height(), 1);
+        m_Legend.Show();
+        InvalidateRect(m_Legend.Window(), nullptr, Count() == 0);  // rows fill it
+    }
+}
+
+// Without memory for it a box asks what to do, and paints the windows meanwhile:
+// that must not come here again.
+void cVantorBox::DrawIntoBuffer()
+{
+    if (!m_Buffer.Fit(m_hWnd))
+        return;
+    const cPlotLayout &Present = Layout();
+    cGdiCanvas         Canvas(m_Buffer.Dc(), Font());
+    Canvas.FillBox(Target().m_Rect, Settings().m_crBackground);
+    m_bDraws = 1;
+    m_bDrawn = DrawPlot(Present, *this, &Canvas);
+    m_bDraws = 0;
+}
+
+LRESULT cVantorBox::OnPaint(WPARAM, LPARAM)
+{
+    m_bWillDraw = 0;
+    Layout();  // may move the legend, which changes what is to be painted
+    PAINTSTRUCT Paint;
+    const HDC   hDc = BeginPaint(m_hWnd, &Paint);
+    if (!m_bDrawn && !m_bDraws)
+        DrawIntoBuffer();
+    m_Buffer.Show(hDc, Paint.rcPaint);
+    EndPaint(m_hWnd, &Paint);
+
+    EraseReadout();
+    if (m_bReadsOut)
+    {
+        FindReadout();
+        const cWindowDc Dc(m_hWnd);
+        DrawReadout(Dc.Get());
+    }
+    return 0;
+}
+
+// All is painted from the buffer; nothing is erased between two pictures.
+LRESULT cVantorBox::OnEraseBackground(WPARAM, LPARAM)
+{
+    return 1;
+}
+
+LRESULT cVantorBox::OnSize(WPARAM, LPARAM lParam)
+{
+    m_bWillDraw = 0;  // what was asked for does not reach the new size
+    SetClientSize(LOWORD(lParam), HIWORD(lParam));
+    return 0;
+}
+
+// --- legend
+
+int cVantorBox::CreateLegend()
+{
+    const DWORD dwStyle =
+        LBS_OWNERDRAWFIXED | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT | WS_CLIPSIBLINGS;
+    return m_Legend.Create(this, dwStyle, 0, 0, 0, 0, IDC_LEGEND);
+}
+
+int cVantorBox::RowHeight() const
+{
+    const cWindowDc    Dc(m_hWnd);
+    const cSelectGuard Selected(Dc.Get(), Font());
+    TEXTMETRICA        Metrics = {};
+    GetTextMetricsA(Dc.Get(), &Metrics);
+    return Metrics.tmHeight + kRowSpace;
+}
+
+int cVantorBox::Borders() const
+{
+    const auto dwStyle   = static_cast<DWORD>(GetWindowLongPtrA(m_Legend.Window(), GWL_STYLE));
+    const auto dwExStyle = static_cast<DWORD>(GetWindowLongPtrA(m_Legend.Window(), GWL_EXSTYLE));
+    RECT       Rect      = {};
+    AdjustWindowRectEx(&Rect, dwStyle, FALSE, dwExStyle);
+    return Rect.bottom - Rect.top;
+}
+
+int cVantorBox::IsOnLegendBorder(int y)
+{
+    if (!Settings().m_bLegend)
+        return 0;
+    const int nTop = Layout().m_Legend.m_nTop;
+    return y >= nTop - kBorderBand && y <= nTop;
+}
+
+// Every move beyond the border makes at least one row of difference, and the
+// pointer goes back to where the border is then.
+void cVantorBox::DragLegendBorder(int y)
+{
+    const cRect &Legend = Layout().m_Legend;
+    const int    nRow   = RowHeight();
+    const int    nRoom  = std::max(Legend.m_nBottom - y - Borders(), 0);
+    const int    nRows  = y < Legend.m_nTop ? (nRoom + nRow - 1) / nRow : nRoom / nRow;
+    const int    nMost  = std::max<int>(static_cast<int>(Count()), 1);
+    SetLegendRows(static_cast<uint32_t>(std::clamp(nRows, 1, nMost)));
+
+    POINT Pointer = {};
+    GetCursorPos(&Pointer);
+    POINT Border = {0, Layout().m_Legend.m_nTop};
+    ClientToScreen(m_hWnd, &Border);
+    SetCursorPos(Pointer.x, Border.y);
+    UpdateWindow(m_hWnd);
+}
+
+// A line, or a marker where the points are scattered.
+static void DrawSample(const cVantorDataSet &Set, const cRect &Place, cPlotCanvas *pCanvas)
+{
+    const int nMiddle = (Place.m_nTop + Place.m_nBottom) / 2;
+    if (Set.m_nGraphType == gtScatter)
+    {
+        cPoint        Corners[kMostCorners];
+        const int32_t nCorners = MarkerCorners(Set.m_nStyle);
+        StoreMarker(Set.m_nStyle, {(Place.m_nLeft + Place.m_nRight) / 2, nMiddle}, Corners);
+        pCanvas->Polygons(Corners, &nCorners, 1, Set.m_crColor);
+        return;
+    }
+    const cPoint Line[] = {{Place.m_nLeft, nMiddle}, {Place.m_nRight, nMiddle}};
+    pCanvas->Polyline(Line, 2, PenOf(Set));
+}
+
+// A label for which the list is too narrow ends in dots: a scroll bar would take
+// the place of the rows.
+void cVantorBox::DrawLegendLabel(HDC hDc, const RECT &Row, const char *szLabel, int bSelected) const
+{
+    const cSelectGuard Selected(hDc, Font());
+    RECT               Room = Row;
+    Room.left += kLabelLeft;
+    Room.top += kRowSpace / 2;
+    SetTextColor(hDc, GetSysColor(bSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+    SetBkMode(hDc, TRANSPARENT);
+    DrawTextA(hDc, szLabel, -1, &Room, DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+}
+
+// The row of data line nLine, from (0, 0) on. The sample keeps the plot's
+// background when its row is selected.
+void cVantorBox::DrawRow(HDC hDc, int nWidth, int nHeight, uint32_t nLine, int bSelected) const
+{
+    const RECT Row = {0, 0, nWidth, nHeight};
+    FillRect(hDc, &Row, GetSysColorBrush(bSelected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+    const cVantorDataSet *const pSet = DataSet(nLine);
+    if (!pSet)
+        return;
+    cGdiCanvas Canvas(hDc, Font());
+    Canvas.FillBox({0, 0, kSampleRight + kSampleSpace, nHeight}, Settings().m_crBackground);
+    DrawSample(*pSet, {kSampleSpace, 0, kSampleRight, nHeight}, &Canvas);
+    DrawLegendLabel(hDc, Row, pSet->m_pszLabel.get(), bSelected);
+}
+
+// By way of a bitmap: while a program draws, the rows are painted many times a
+// second, and must not be seen empty.
+LRESULT cVantorBox::OnDrawItem(WPARAM, LPARAM lParam)
+{
+    const auto        &Item    = *reinterpret_cast<const DRAWITEMSTRUCT *>(lParam);
+    const int          nWidth  = Item.rcItem.right - Item.rcItem.left;
+    const int          nHeight = Item.rcItem.bottom - Item.rcItem.top;
+    const cMemoryDc    Memory(Item.hDC);
+    const cGdiBitmap   Bitmap(CreateCompatibleBitmap(Item.hDC, nWidth, nHeight));
+    const cSelectGuard Selected(Memory.Get(), Bitmap.Get());
+    DrawRow(Memory.Get(), nWidth, nHeight, Item.itemID + 1, (Item.itemState & ODS_SELECTED) != 0);
+    BitBlt(Item.hDC, Item.rcItem.left, Item.rcItem.top, nWidth, nHeight, Memory.Get(), 0, 0,
+           SRCCOPY);
+    return TRUE;
+}
+
+// --- the mouse
+
+LRESULT cVantorBox::OnSetCursor(WPARAM wParam, LPARAM lParam)
+{
+    POINT Pointer = {};
+    GetCursorPos(&Pointer);
+    ScreenToClient(m_hWnd, &Pointer);
+    if (reinterpret_cast<HWND>(wParam) == m_hWnd && LOWORD(lParam) == HTCLIENT &&
+        IsOnLegendBorder(Pointer.y))
+    {
+        SetCursor(LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_SIZENS)));
+        return TRUE;
+    }
+    return DefWindowProcA(m_hWnd, WM_SETCURSOR, wParam, lParam);
+}
+
+LRESULT cVantorBox::OnLButtonDown(WPARAM, LPARAM lParam)
+{
+    m_Mouse = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+    if (IsOnLegendBorder(m_Mouse.m_nY))
+    {
+        m_bDragsLegend = 1;
+        SetCursor(LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_SIZENS)));
+        SetCapture(m_hWnd);
+    }
+    else if (Count() > 0 && IsInPlot(Layout(), m_Mouse))
+    {
+        m_bReadsOut = 1;
+        SetCapture(m_hWnd);
+        UpdateWindow(m_hWnd);
+        const cWindowDc Dc(m_hWnd);
+        FindReadout();
+        DrawReadout(Dc.Get());
+    }
+    return 0;
+}
+
+LRESULT cVantorBox::OnMouseMove(WPARAM, LPARAM lParam)
+{
+    const cPoint Mouse = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+    if (m_bDragsLegend && Mouse.m_nY != Layout().m_Legend.m_nTop)
+        DragLegendBorder(Mouse.m_nY);
+    else if (m_bReadsOut)
+    {
+        m_Mouse = Mouse;
+        UpdateWindow(m_hWnd);
+        EraseReadout();
+        FindReadout();
+        const cWindowDc Dc(m_hWnd);
+        DrawReadout(Dc.Get());
+    }
+    return 0;
+}
+
+LRESULT cVantorBox::OnLButtonUp(WPARAM, LPARAM)
+{
+    if (m_bDragsLegend || m_bReadsOut)
+        ReleaseCapture();
+    return 0;
+}
+
+LRESULT cVantorBox::OnCaptureChanged(WPARAM, LPARAM)
+{
+    m_bDragsLegend = 0;
+    m_bReadsOut    = 0;
+    EraseReadout();
+    return 0;
+}
+
+// --- readout
+
+void cVantorBox::FindReadout()
+{
+    m_bReadoutShown = FindNearestPoint(Layout(), *this, m_Mouse, &m_Nearest);
+    if (m_bReadoutShown)
+        m_Legend.SetSelection(static_cast<int>(m_Nearest.m_nLine) - 1);
+}
+
+// Where the title stands, also without one: a text line across the window.
+RECT cVantorBox::TitleStrip()
+{
+    RECT Client = {};
+    GetClientRect(m_hWnd, &Client);
+    return {0, 0, Client.right, Layout().m_nTextHeight};
+}
+
+void cVantorBox::DrawReadout(HDC hDc)
+{
+    if (!m_bReadoutShown)
+        return;
+    const cVantorDataSet &Set = *DataSet(m_Nearest.m_nLine);
+    char                  szX[kValueText];
+    char                  szY[kValueText];
+    char                  szText[2 * kValueText + 16];
+    FormatValue(static_cast<double>(Set.X(m_Nearest.m_nIndex)), szX);
+    FormatValue(static_cast<double>(Set.m_pY[m_Nearest.m_nIndex]), szY);
+    snprintf(szText, sizeof szText, "x,y = %s, %s", szX, szY);
+    cGdiCanvas Canvas(hDc, Font());
+    DrawTitle(m_Layout, Settings().m_szTitle, Settings().m_crBackground, &Canvas);
+    SetBkMode(hDc, OPAQUE);
+    SetBkColor(hDc, Settings().m_crBackground);
+    DrawTitle(m_Layout, szText, Settings().m_crText, &Canvas);
+    DrawCrossHair(hDc);
+}
+
+void cVantorBox::DrawCrossHair(HDC hDc) const
+{
+    const cRect &Plot  = m_Layout.m_Plot;
+    const cPoint At    = m_Nearest.m_Pixel;
+    const int    nSave = SaveDC(hDc);
+    {
+        const cGdiObject<HPEN> Pen(CreatePen(PS_SOLID, 1, Settings().m_crAxis));
+        const cSelectGuard     Selected(hDc, Pen.Get());
+        IntersectClipRect(hDc, Plot.m_nLeft, Plot.m_nTop, Plot.m_nRight, Plot.m_nBottom);
+        SetROP2(hDc, R2_NOTXORPEN);
+        MoveToEx(hDc, At.m_nX - kCrossHair, At.m_nY, nullptr);
+        LineTo(hDc, At.m_nX + kCrossHair + 1, At.m_nY);
+        MoveToEx(hDc, At.m_nX, At.m_nY - kCrossHair, nullptr);
+        LineTo(hDc, At.m_nX, At.m_nY + kCrossHair + 1);
+    }
+    RestoreDC(hDc, nSave);
+}
+
+// The picture without it comes back from the buffer.
+void cVantorBox::EraseReadout()
+{
+    if (!m_bReadoutShown)
+        return;
+    m_bReadoutShown    = 0;
+    const cPoint    At = m_Nearest.m_Pixel;
+    const cWindowDc Dc(m_hWnd);
+    m_Buffer.Show(Dc.Get(), TitleStrip());
+    m_Buffer.Show(Dc.Get(), {At.m_nX - kCrossHair, At.m_nY - kCrossHair, At.m_nX + kCrossHair + 1,
+                             At.m_nY + kCrossHair + 1});
+}
+
+// --- context menu
+
+LRESULT cVantorBox::OnContextMenu(WPARAM, LPARAM lParam)
+{
+    const HMENU hMenu = LoadMenuA(ProgramInstance(), MAKEINTRESOURCEA(IDR_CONTEXT_MENU));
+    const HMENU hSub  = GetSubMenu(hMenu, 0);
+    CheckMenuItem(hSub, IDM_CONTEXT_AUTO_RANGE,
+                  MF_BYCOMMAND | static_cast<UINT>(UserRange() ? MF_UNCHECKED : MF_CHECKED));
+    POINT At = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+    if (At.x == -1 && At.y == -1)  // from the keyboard
+    {
+        At = {0, 0};
+        ClientToScreen(m_hWnd, &At);
+    }
+    TrackPopupMenu(hSub, TPM_RIGHTBUTTON, At.x, At.y, 0, m_hWnd, nullptr);
+    DestroyMenu(hMenu);
+    return 0;
+}
+
+LRESULT cVantorBox::OnCommand(WPARAM wParam, LPARAM lParam)
+{
+    for (const auto &Row : s_ContextCommands)
+        if (Row.m_nItem == LOWORD(wParam))
+            return SendMessageA(GetParent(m_hWnd), WM_COMMAND, Row.m_nCommand, 0);
+    return DefWindowProcA(m_hWnd, WM_COMMAND, wParam, lParam);
+}

@@ -1,0 +1,136 @@
+// vantor_box.h - the plot in a window: painting, readout of points with the
+// mouse, the legend below it, and the dialogs that change it.
+
+#ifndef GRAPH_VANTOR_BOX_H
+#define GRAPH_VANTOR_BOX_H
+
+#include "toolkit/win32/win32.h"
+
+#include <memory>
+
+#include "graph/nearest_point.h"
+#include "graph/plot_layout.h"
+#include "graph/vantor_plot.h"
+#include "graph/win32/back_buffer.h"
+#include "graph/win32/graph_export.h"
+#include "graph/win32/graph_print.h"
+#include "toolkit/win32/base_window.h"
+#include "toolkit/win32/gdi.h"
+#include "toolkit/win32/list_box.h"
+#include "toolkit/win32/message_table.h"
+#include "toolkit/win32/window_class.h"
+
+// The plot's settings with the font, which only a window knows.
+struct cVantorBoxSettings : cVantorPlotSettings
+{
+    LOGFONTA m_LogFont     = {};
+    int      m_bSystemFont = 1;  // 1: the stock SYSTEM_FONT, m_LogFont does not count
+};
+
+// A horizontal scroll bar would hide the rows of so low a list.
+class cLegendWindow : public cListBox
+{
+public:
+    explicit cLegendWindow(cMessageBoxes *pBoxes) : cListBox(pBoxes) { m_dwStyle &= ~WS_HSCROLL; }
+};
+
+class cVantorBox : public cBaseWindow, public cVantorPlot
+{
+public:
+    explicit cVantorBox(cMessageBoxes *pBoxes);
+    ~cVantorBox() override;
+
+    const char *GetClassName() const override;  // "cVantorBox"
+
+    // The child window of a frame, which gets the commands of the context menu
+    // as WM_COMMAND. 0, and a box has said so, if it cannot be created.
+    int Create(cBaseWindow *pOwner, const cVantorBoxSettings &Settings, uint32_t nId);
+
+    // Takes the settings over, font included, and fixes the range to theirs.
+    void               Apply(const cVantorBoxSettings &Settings);
+    cVantorBoxSettings BoxSettings() const;
+
+    // Where everything stands in the window.
+    const cPlotLayout &Layout();
+
+    // The font of the window, and the size of its text in tenths of a point,
+    // whatever the device.
+    HFONT           Font() const;
+    const LOGFONTA &FontDescription() const { return m_LogFont; }
+    int             FontTenths() const { return m_nFontTenths; }
+
+    // What the user chose for pictures and for paper, until he chooses again.
+    cImageChoice *Images() { return &m_Images; }
+    cPageChoice  *Page() { return &m_Page; }
+
+protected:
+    void OnPlotChanged() override;
+    void OnPointAdded(uint32_t nLine) override;
+    void OnLabelAdded(uint32_t nLine) override;
+    void OnLabelChanged(uint32_t nLine) override;
+    void OnLabelRemoved(uint32_t nLine) override;
+    void OnChecksChanged() override;
+
+private:
+    using cMessageRow = cMessageRowOf<cVantorBox>;
+
+    static const cMessageRow s_Messages[];
+    static cWindowClass      s_Class;
+    static LRESULT CALLBACK  WindowProc(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam);
+
+    // --- messages
+    LRESULT OnSize(WPARAM wParam, LPARAM lParam);
+    LRESULT OnEraseBackground(WPARAM wParam, LPARAM lParam);
+    LRESULT OnPaint(WPARAM wParam, LPARAM lParam);
+    LRESULT OnSetCursor(WPARAM wParam, LPARAM lParam);
+    LRESULT OnLButtonDown(WPARAM wParam, LPARAM lParam);
+    LRESULT OnMouseMove(WPARAM wParam, LPARAM lParam);
+    LRESULT OnLButtonUp(WPARAM wParam, LPARAM lParam);
+    LRESULT OnCaptureChanged(WPARAM wParam, LPARAM lParam);
+    LRESULT OnContextMenu(WPARAM wParam, LPARAM lParam);
+    LRESULT OnCommand(WPARAM wParam, LPARAM lParam);
+    LRESULT OnDrawItem(WPARAM wParam, LPARAM lParam);
+
+    // --- painting
+    void        MakeFont(const cVantorBoxSettings &Settings);
+    cPlotTarget Target() const;
+    void        PlaceLegend();
+    void        DrawIntoBuffer();
+    RECT        TitleStrip();
+
+    // --- legend
+    int  CreateLegend();
+    void DrawRow(HDC hDc, int nWidth, int nHeight, uint32_t nLine, int bSelected) const;
+    void DrawLegendLabel(HDC hDc, const RECT &Row, const char *szLabel, int bSelected) const;
+    int  RowHeight() const;
+    int  Borders() const;
+    int  IsOnLegendBorder(int y);
+    void DragLegendBorder(int y);
+
+    // --- readout
+    void FindReadout();
+    void DrawReadout(HDC hDc);
+    void DrawCrossHair(HDC hDc) const;
+    void EraseReadout();
+
+    LOGFONTA                  m_LogFont;
+    std::unique_ptr<cGdiFont> m_Font;  // null: the stock SYSTEM_FONT
+    int                       m_nFontTenths;
+    cLegendWindow             m_Legend;  // one row for each data line
+    cBackBuffer               m_Buffer;
+    int                       m_bDrawn;     // the buffer holds the present plot
+    int                       m_bDraws;     // it is being drawn
+    int                       m_bWillDraw;  // the platform has been asked for a WM_PAINT
+    cPlotLayout               m_Layout;
+    int                       m_bLaidOut;      // m_Layout is that of the present plot
+    int                       m_bDragsLegend;  // the mouse has the legend's upper border
+    int                       m_bReadsOut;     // the button is held over the plot
+    cPoint                    m_Mouse;         // where, then
+    int                       m_bReadoutShown;
+    cNearestPoint             m_Nearest;  // the point that is shown
+    cImageChoice              m_Images;
+    cPageChoice               m_Page;
+    cWindowClassShare         m_ClassShare;
+};
+
+#endif

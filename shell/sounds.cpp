@@ -1,8 +1,0 @@
-#include "toolkit/win32.h"
-
-#include "shell/sounds.h"
-
-void PlayProgramSound(unsigned nId)
-{
-    PlaySoundA(MAKEINTRESOURCEA(nId), ProgramInstance(), SND_RESOURCE | SND_ASYNC | SND_NODEFAULT);
-}

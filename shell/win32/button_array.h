@@ -1,0 +1,115 @@
+// button_array.h - the calculator's face: a picture with keys that can be
+// pressed, slide switches that can be dragged, and places where somebody else
+// draws. Knows nothing of what the keys mean; it plays no sound.
+//
+// Slot 0 fires with a cKeyEvent. Slot 1 fires with a RECT of a display
+// rectangle that has to be drawn.
+
+#ifndef SHELL_BUTTON_ARRAY_H
+#define SHELL_BUTTON_ARRAY_H
+
+#include "toolkit/win32/win32.h"
+
+#include "toolkit/pointer_list.h"
+#include "toolkit/win32/base_window.h"
+#include "toolkit/win32/message_table.h"
+#include "toolkit/win32/window_class.h"
+
+const uint32_t kSlotKey     = 0;
+const uint32_t kSlotDisplay = 1;
+
+const unsigned kMostSwitches = 10;
+
+struct cKeyEvent
+{
+    uint32_t nKey;   // from 1; keys in the order of AddKey, then switches
+    uint32_t bDown;  // 1 pressed, or a switch moved to the right; 0 released
+};
+
+class cButtonArray : public cBaseWindow
+{
+public:
+    explicit cButtonArray(cMessageBoxes *pBoxes);
+    ~cButtonArray() override;
+
+    const char *GetClassName() const override;
+
+    // Shows hFaceBitmap from its pixel (nSourceX, nSourceY) on. nFaceWidth and
+    // nFaceHeight 0: as large as the bitmap. Bitmap and palette stay the
+    // caller's and outlive the window. 0, and a box has said so, on failure.
+    int Create(cBaseWindow *pOwner, int nX, int nY, int nWidth, int nHeight, HBITMAP hFaceBitmap,
+               HPALETTE hPalette, int nSourceX, int nSourceY, int nFaceWidth, int nFaceHeight,
+               DWORD dwStyle, uint32_t nId);
+
+    // The strips with the images: keys side by side, released above pressed;
+    // switches side by side, their frames below each other. Each can be set
+    // once; later calls return 0 and change nothing.
+    int SetKeyBitmap(HBITMAP hBitmap);
+    int SetSwitchBitmap(HBITMAP hBitmap, int nFrames);
+
+    // In pixels of the client area. A switch starts with its thumb at nStart, 0
+    // or its full travel. 0 if there are too many switches or memory is short.
+    int AddKey(int nX, int nY, int nWidth, int nHeight);
+    int AddSwitch(int nX, int nY, int nWidth, int nHeight, int nThumbWidth, int nStart);
+    int AddDisplayRect(int nX, int nY, int nWidth, int nHeight);
+
+private:
+    using cMessageRow = cMessageRowOf<cButtonArray>;
+    using cRectList   = cPointerList<RECT>;
+
+    static const cMessageRow s_Messages[];
+    static cWindowClass      s_Class;
+    static LRESULT CALLBACK  WindowProc(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam);
+
+    LRESULT OnDestroy(WPARAM wParam, LPARAM lParam);
+    LRESULT OnClose(WPARAM wParam, LPARAM lParam);
+    LRESULT OnSize(WPARAM wParam, LPARAM lParam);
+    LRESULT OnPaint(WPARAM wParam, LPARAM lParam);
+    LRESULT OnCommand(WPARAM wParam, LPARAM lParam);
+    LRESULT OnCtlColorStatic(WPARAM wParam, LPARAM lParam);
+    LRESULT OnMouseMove(WPARAM wParam, LPARAM lParam);
+    LRESULT OnLButtonDown(WPARAM wParam, LPARAM lParam);
+    LRESULT OnLButtonUp(WPARAM wParam, LPARAM lParam);
+
+    int  AddRect(cRectList *pList, int nX, int nY, int nWidth, int nHeight);
+    void DeleteRects(cRectList *pList);
+    int  FindRect(const cRectList &List, POINT At) const;
+    int  FindThumb(POINT At) const;
+    RECT ThumbRect(unsigned nSwitch) const;
+    int  Travel(unsigned nSwitch) const;
+    void PaintFace(HDC hDc);
+    void PaintKey(HDC hDc, unsigned nKey, int bPressed);
+    void PaintSwitch(HDC hDc, unsigned nSwitch, int nPosition);
+    void PaintStrip(HDC hDc, const RECT &Rect, HBITMAP hStrip, int nStripX, int nStripY);
+    void DrawKey(unsigned nKey, int bPressed);
+    void FireKey(unsigned nKey, int bDown);
+    int  IsPressedKeyKnown(const char *szFailure);
+    void ReleaseKey();
+    void DragSwitch(POINT At);
+    void MoveSwitch(unsigned nSwitch, int nPosition);
+    void EndDrag();
+
+    HBITMAP           m_hFaceBitmap;
+    int               m_nFaceSrcX;
+    int               m_nFaceSrcY;
+    int               m_nFaceWidth;
+    int               m_nFaceHeight;
+    int               m_nClientWidth;
+    int               m_nClientHeight;
+    HBITMAP           m_hKeyBitmap;
+    cRectList         m_KeyRects;
+    HBITMAP           m_hSwitchBitmap;
+    int               m_nSwitchFrames;
+    int               m_SwitchPos[kMostSwitches];  // 0 or the full travel
+    int               m_SwitchThumbWidth[kMostSwitches];
+    int               m_nPressedKey;  // index, -1 for none
+    int               m_nGrabDX;      // where in the thumb the pointer is
+    int               m_nGrabDY;
+    int               m_nDraggedSwitch;  // index, -1 for none
+    cRectList         m_SwitchRects;
+    cRectList         m_DisplayRects;
+    HPALETTE          m_hPalette;
+    cWindowClassShare m_ClassShare;
+};
+
+#endif

@@ -1,0 +1,34 @@
+// edit_line_box.h - shows the engine's listing or registers in an edit box.
+//
+// The edit box counts an empty line behind the last line end, the engine does
+// not: a text of 99 lines is one of 100 there.
+
+#ifndef SHELL_EDIT_LINE_BOX_H
+#define SHELL_EDIT_LINE_BOX_H
+
+#include "toolkit/win32/win32.h"
+
+#include "engine/line_box.h"
+#include "toolkit/win32/edit_box.h"
+
+class cEditLineBox : public cLineBox
+{
+public:
+    // The edit box must outlive the object. It is asked for nothing before
+    // the first call, so its window may be created later.
+    explicit cEditLineBox(cEditBox *pEditBox) : m_pEditBox(pEditBox) {}
+
+    unsigned CountLines() const override;
+    int      GetLine(unsigned nLine, char *szText, size_t nSize) const override;
+    int      InsertLine(unsigned nLine, const char *szText) override;
+    int      ReplaceLine(unsigned nLine, const char *szText) override;
+    size_t   GetTextLength() const override;
+    size_t   GetText(char *szText, size_t nSize) const override;
+    int      SetText(const char *szText) override;
+    int      HighlightLine(unsigned nLine) override;
+
+private:
+    cEditBox *m_pEditBox;
+};
+
+#endif

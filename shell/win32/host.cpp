@@ -1,0 +1,185 @@
+// host.cpp - shows in the window what the engine asks for.
+
+#include "shell/win32/vorstek.h"
+
+#include <cstdio>
+
+#include "engine/display.h"
+#include "graph/vantor_data_set.h"
+#include "resources/resource.h"
+#include "shell/face_geometry.h"
+#include "shell/win32/sounds.h"
+#include "toolkit/win32/file_dialogs.h"
+#include "toolkit/win32/gdi.h"
+
+static const COLORREF kLit   = RGB(255, 0, 0);
+static const COLORREF kUnlit = RGB(0, 0, 0);
+
+// Messages are looked for this often during a run: a key halts it at once, and
+// the views follow at some sixty pictures a second.
+static const DWORD kDrainPeriod = 15;  // milliseconds
+
+// The blank field, from the client edge of the face. It is measured from the
+// window's border, not from the edge like the texts, and keeps what stands
+// right of it.
+static const RECT kBlankField = {44, 40, 260, 92};
+
+void cVorstek::StartSound(unsigned nId)
+{
+    PlayProgramSound(nId);
+}
+
+// A font that could not be had is left to the platform. A run may outlive the
+// window for a moment, and what has no window would be drawn on the screen.
+void cVorstek::DrawDisplay(const cDisplay &Display)
+{
+    if (!m_hWnd || !m_bFonts)
+        return;
+    const int       nLeft = GetSystemMetrics(SM_CXEDGE);
+    const int       nTop  = GetSystemMetrics(SM_CYEDGE) - m_nFaceOffset + HeightOf(m_ToolBar);
+    const cWindowDc Dc(m_hWnd);
+    SetTextColor(Dc.Get(), kLit);
+    SetBkColor(Dc.Get(), kUnlit);
+    SetBkMode(Dc.Get(), OPAQUE);
+    for (int i = 0; i < Display.m_nLines; i++)
+    {
+        const cDisplayLine &Line = Display.m_Lines[i];
+        const cSelectGuard  Font(Dc.Get(), Line.m_nFont == dfLarge ? m_hLargeFont : m_hSmallFont);
+        TextOutA(Dc.Get(), nLeft + Line.m_nLeft, nTop + Line.m_nTop, Line.m_szText,
+                 lstrlenA(Line.m_szText));
+    }
+}
+
+void cVorstek::BlankDisplay()
+{
+    if (!m_hWnd)
+        return;
+    RECT Field = kBlankField;
+    OffsetRect(&Field, GetSystemMetrics(SM_CXBORDER),
+               GetSystemMetrics(SM_CYBORDER) - m_nFaceOffset + HeightOf(m_ToolBar));
+    const cWindowDc Dc(m_hWnd);
+    FillRect(Dc.Get(), &Field, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+}
+
+int cVorstek::DrainMessages()
+{
+    return DrainEvery(kDrainPeriod);
+}
+
+// A quit message is posted again for the main loop.
+int cVorstek::DrainEvery(DWORD dwPeriod)
+{
+    const DWORD dwNow = GetTickCount();
+    if (dwNow - m_dwLastDrain < dwPeriod)
+        return 1;
+    m_dwLastDrain = dwNow;
+    RefreshViews();
+    MSG Message;
+    while (m_bProgramRunning && PeekMessageA(&Message, nullptr, 0, 0, PM_REMOVE))
+    {
+        if (Message.message == WM_QUIT)
+        {
+            PostQuit(static_cast<int>(Message.wParam));
+            return 0;
+        }
+        g_pApplication->Dispatch(&Message);
+    }
+    return 1;
+}
+
+void cVorstek::Pause(unsigned nMilliseconds)
+{
+    Sleep(nMilliseconds);
+}
+
+int cVorstek::AskFileName(eFileDialog nDialog, char *szName, size_t nSize)
+{
+    char szPath[kFileName];
+    snprintf(szPath, sizeof szPath, "%s", szName);
+    if (!::AskFileName(nDialog == fdOpen ? fnOpen : fnSave, "Text Files (*.TXT)\0*.TXT\0", nullptr,
+                       "txt", m_pBoxes, szPath))
+        return 0;
+    snprintf(szName, nSize, "%s", szPath);
+    return 1;
+}
+
+void cVorstek::SetStatusText(const char *szText)
+{
+    m_StatusBar.SetText(0, "%s", szText);
+}
+
+// The button of "Repair Highlight" shows that it rests by a dithered face, the
+// others are greyed.
+void cVorstek::EnableCommand(unsigned nId, int bEnable)
+{
+    const UINT nGrey = bEnable ? MF_ENABLED : MF_GRAYED;
+    const int  nRest = nId == IDM_REPAIR_HIGHLIGHT ? TBSTATE_INDETERMINATE : 0;
+    EnableMenuItem(GetMenu(m_hWnd), nId, MF_BYCOMMAND | nGrey);
+    SendMessageA(m_ToolBar.Window(), TB_SETSTATE, nId, bEnable ? TBSTATE_ENABLED : nRest);
+}
+
+void cVorstek::ShowListing(int bShow)
+{
+    ShowBox(&m_ListingBox, bShow);
+}
+
+void cVorstek::ShowRegisters(int bShow)
+{
+    ShowBox(&m_RegistersBox, bShow);
+}
+
+void cVorstek::ShowGraph()
+{
+    m_Graph.ShowBehindKeyboard();
+    CheckGraph(1);
+}
+
+void cVorstek::CheckGraph(int bShown)
+{
+    CheckMenuItem(GetMenu(m_hWnd), IDM_GRAPH,
+                  MF_BYCOMMAND | static_cast<UINT>(bShown ? MF_CHECKED : MF_UNCHECKED));
+}
+
+// What a program has drawn is seen before it goes, rather than a moment later,
+// when there is little or nothing to be seen. The messages may close the window,
+// and the graph with it.
+void cVorstek::ClearGraph()
+{
+    if (IsInRun() && !DrainEvery(kDrainPeriod / 2))
+        HaltProgram();
+    if (m_hWnd)
+        m_Graph.ClearAll();
+}
+
+unsigned cVorstek::CountDataSets()
+{
+    return m_Graph.Count();
+}
+
+int cVorstek::AddGraphPoint(unsigned nLine, double dX, double dY)
+{
+    return m_Graph.AddPoint(nLine, NarrowToFloat(dX), NarrowToFloat(dY));
+}
+
+int cVorstek::IsDrawing() const
+{
+    return m_bProgramRunning;
+}
+
+void cVorstek::OnGraphHidden()
+{
+    CheckGraph(0);
+}
+
+void cVorstek::UseAccelerators(HWND hWnd, HACCEL hTable)
+{
+    g_pApplication->SetAccelerators(hWnd, hTable);
+}
+
+// A leftover from the time when it was shown in the status bar.
+LRESULT cVorstek::OnMouseMove(WPARAM, LPARAM lParam)
+{
+    char szPosition[32];
+    snprintf(szPosition, sizeof szPosition, "x,y = %4d,%4d", LOWORD(lParam), HIWORD(lParam));
+    return 0;
+}

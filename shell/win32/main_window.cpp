@@ -1,0 +1,604 @@
+// main_window.cpp - builds the calculator's window and answers its messages.
+
+#include "shell/win32/vorstek.h"
+
+#include <algorithm>
+#include <new>
+
+#include "resources/resource.h"
+#include "shell/window_layout.h"
+#include "toolkit/win32/gdi.h"
+#include "toolkit/win32/palette_bitmap.h"
+
+static const uint32_t kTextLimit    = 500000;  // characters of a box
+static const int      kBoxPointSize = 90;      // tenths of a point
+static const int      kLargePoints  = 12;
+static const int      kSmallPoints  = 8;
+
+static const int kLeastWidth       = 318;
+static const int kLeastHeight      = 617;
+static const int kLeastHeightOn600 = 570;
+
+static const int kHighlightImage = 12;  // in the toolbar bitmap
+
+static const int kGraphWidth  = 640;  // of the graph's window
+static const int kGraphHeight = 480;
+
+static const unsigned kCodeFonts = 129;
+
+// clang-format off
+const cVorstek::cMessageRow cVorstek::s_Messages[] =
+{
+    { WM_CREATE,          &cVorstek::OnCreate          },
+    { WM_DESTROY,         &cVorstek::OnDestroy         },
+    { WM_SIZE,            &cVorstek::OnSize            },
+    { WM_SETFOCUS,        &cVorstek::OnSetFocus        },
+    { WM_KILLFOCUS,       &cVorstek::OnKillFocus       },
+    { WM_PAINT,           &cVorstek::OnPaint           },
+    { WM_CLOSE,           &cVorstek::OnClose           },
+    { WM_QUERYENDSESSION, &cVorstek::OnQueryEndSession },
+    { WM_GETMINMAXINFO,   &cVorstek::OnGetMinMaxInfo   },
+    { WM_DISPLAYCHANGE,   &cVorstek::OnDisplayChange   },
+    { WM_NOTIFY,          &cVorstek::OnNotify          },
+    { WM_CHAR,            &cVorstek::OnCharacter       },
+    { WM_COMMAND,         &cVorstek::OnCommand         },
+    { WM_SYSCOMMAND,      &cVorstek::OnSysCommand      },
+    { WM_INITMENUPOPUP,   &cVorstek::OnInitMenuPopup   },
+    { WM_MENUSELECT,      &cVorstek::OnMenuSelect      },
+    { WM_CTLCOLOREDIT,    &cVorstek::OnCtlColor        },
+    { WM_CTLCOLORSTATIC,  &cVorstek::OnCtlColor        },
+    { WM_QUERYNEWPALETTE, &cVorstek::OnQueryNewPalette },
+    { WM_PALETTECHANGED,  &cVorstek::OnPaletteChanged  },
+    { WM_MOUSEMOVE,       &cVorstek::OnMouseMove       },
+};
+// clang-format on
+
+cWindowClass cVorstek::s_Class;
+
+cVorstek::cVorstek()
+    : cBaseWindow(this), cVorstekEngine(this, &m_ListingLines, &m_RegistersLines), m_ToolBar(this),
+      m_StatusBar(this), m_ListingBox(this), m_RegistersBox(this), m_ListingLines(&m_ListingBox),
+      m_RegistersLines(&m_RegistersBox), m_Keypad(this), m_Graph(this, this),
+      m_nListingWidth(kListingWidth), m_nRegistersWidth(kRegistersWidth), m_nFaceOffset(0),
+      m_hAccelerators(nullptr), m_hFaceBitmap(nullptr), m_hKeyBitmap(nullptr),
+      m_hSwitchBitmap(nullptr), m_hFacePalette(nullptr), m_hLargeFont(nullptr),
+      m_hSmallFont(nullptr), m_bFonts(0), m_bSizeLater(0), m_hHelpWnd(nullptr), m_dwLastDrain(0),
+      m_ClassShare(&s_Class)
+{
+    m_dwStyle   = WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX;
+    m_dwExStyle = WS_EX_CONTROLPARENT;
+}
+
+cVorstek::~cVorstek()
+{
+    for (const HGDIOBJ hObject :
+         {static_cast<HGDIOBJ>(m_hFaceBitmap), static_cast<HGDIOBJ>(m_hKeyBitmap),
+          static_cast<HGDIOBJ>(m_hSwitchBitmap), static_cast<HGDIOBJ>(m_hFacePalette),
+          static_cast<HGDIOBJ>(m_hLargeFont), static_cast<HGDIOBJ>(m_hSmallFont)})
+        if (hObject)
+            DeleteObject(hObject);
+}
+
+const char *cVorstek::GetClassName() const
+{
+    return "cVorstek";
+}
+
+LRESULT CALLBACK cVorstek::WindowProc(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam)
+{
+    return HandleMessage(s_Messages, hWnd, nMessage, wParam, lParam);
+}
+
+// Only the height is tested, although the text names both numbers.
+static int IsScreenHighEnough(cMessageBoxes *pBoxes)
+{
+    if (GetSystemMetrics(SM_CYSCREEN) >= kLowestScreen)
+        return 1;
+    pBoxes->Ask("Sorry, but this program requires a screen\n"
+                "resolution of at least 800 by 600 pixels.\n"
+                "To change your computer's screen resolution\n"
+                "right click on an empty portion of your\n"
+                "desktop,  choose 'Properties' from the pop-up\n"
+                "menu, go to the 'Settings' tab and then adjust\n"
+                "the slider labeled 'Screen area'.\n",
+                nullptr, bnOk, icError);
+    return 0;
+}
+
+int cVorstek::Create()
+{
+    m_nFaceOffset = FaceOffset(GetSystemMetrics(SM_CYSCREEN));
+    if (!IsScreenHighEnough(this) || !CreateMainWindow() || !CreateBars() || !CreateBoxes() ||
+        !CreateKeypad())
+    {
+        PostQuit(0);
+        return 0;
+    }
+    CreateFonts();
+    SizeWithBoxes();
+    if (!CreateGraph())
+        return 0;
+    ShowWindow(m_hWnd, SW_SHOWNORMAL);
+    m_bVisible = 1;
+    UpdateWindow(m_hWnd);
+    RefreshViews();
+    PaintDisplay();
+    return 1;
+}
+
+// From system version 5.1 on the menu bar has a colour of its own.
+static HBRUSH FrameBrush()
+{
+    const DWORD    dwVersion = GetVersion();
+    const unsigned nMajor    = LOBYTE(LOWORD(dwVersion));
+    const unsigned nMinor    = HIBYTE(LOWORD(dwVersion));
+    const int      bMenuBar  = nMajor > 5 || (nMajor == 5 && nMinor >= 1);
+    return reinterpret_cast<HBRUSH>(static_cast<UINT_PTR>(bMenuBar ? COLOR_MENUBAR : COLOR_MENU) +
+                                    1);
+}
+
+int cVorstek::CreateMainWindow()
+{
+    WNDCLASSA Class     = {};
+    Class.lpfnWndProc   = WindowProc;
+    Class.hInstance     = ProgramInstance();
+    Class.hIcon         = LoadIconA(ProgramInstance(), MAKEINTRESOURCEA(IDI_VORSTEK));
+    Class.hCursor       = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
+    Class.hbrBackground = FrameBrush();
+    Class.lpszMenuName  = MAKEINTRESOURCEA(IDR_MENU);
+    Class.lpszClassName = GetClassName();
+    if (!m_ClassShare.Acquire(Class))
+    {
+        Ask("FATAL ERROR: RegisterClass() failed in cVorstek::Create()", nullptr, bnOk, icError);
+        return 0;
+    }
+    const HWND hWnd = CreateWindowExA(m_dwExStyle, GetClassName(), "Vorstek", m_dwStyle,
+                                      CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
+                                      nullptr, nullptr, ProgramInstance(), this);
+    if (!hWnd)
+    {
+        Ask("FATAL ERROR: CreateWindow() failed in cVorstek::Create()", nullptr, bnOk, icError);
+        return 0;
+    }
+    SetCreated(hWnd);
+    m_Boxes.m_hOwner = hWnd;
+    return 1;
+}
+
+static TBBUTTON ToolButton(int nImage, int nCommand)
+{
+    TBBUTTON Button  = {};
+    Button.iBitmap   = nImage;
+    Button.idCommand = nCommand;
+    Button.fsState   = TBSTATE_ENABLED;
+    Button.fsStyle   = static_cast<BYTE>(nCommand ? TBSTYLE_BUTTON : TBSTYLE_SEP);
+    return Button;
+}
+
+// Images of the bitmap resource; one that is no row of 16 pixel wide images is
+// reported and used all the same.
+static int CountToolImages(cMessageBoxes *pBoxes)
+{
+    const cGdiBitmap Bitmap(LoadBitmapA(ProgramInstance(), MAKEINTRESOURCEA(IDB_TOOLBAR)));
+    BITMAP           Info = {};
+    GetObjectA(Bitmap.Get(), sizeof Info, &Info);
+    if (Info.bmWidth % kToolImageWidth != 0)
+        pBoxes->Ask("Toolbar bitmap width is not a multiple of 16 pixels !!", nullptr, bnOk,
+                    icNone);
+    return Info.bmWidth / kToolImageWidth;
+}
+
+int cVorstek::CreateBars()
+{
+    const TBBUTTON Buttons[] = {
+        ToolButton(STD_FILENEW, IDM_NEW),       ToolButton(STD_FILEOPEN, IDM_OPEN),
+        ToolButton(STD_FILESAVE, IDM_SAVE),     ToolButton(0, 0),
+        ToolButton(STD_PRINT, IDM_PRINT),       ToolButton(0, 0),
+        ToolButton(STD_PROPERTIES, IDM_OPTIONS)};
+    const int nButtons = sizeof Buttons / sizeof *Buttons;
+    if (!m_ToolBar.Create(this, 0, IDC_TOOLBAR, Buttons, nButtons, -1))
+        return 0;
+    const TBBUTTON More[] = {ToolButton(0, 0), ToolButton(kHighlightImage, IDM_REPAIR_HIGHLIGHT)};
+    m_ToolBar.AddBitmap(IDB_TOOLBAR, CountToolImages(this), More, 2);
+    m_ToolBar.Show();
+    EnableCommand(IDM_REPAIR_HIGHLIGHT, 0);
+
+    const int nRightEdge = -1;
+    if (!m_StatusBar.Create(this, 0, 0, 0, 0, IDC_STATUSBAR, 1, &nRightEdge))
+        return 0;
+    m_StatusBar.Show();
+    return 1;
+}
+
+int cVorstek::CreateBox(cEditBox *pBox, uint32_t nId)
+{
+    if (!pBox->Create(this, 0, 0, 0, 0, ES_NOHIDESEL, nId, 0, 0, kTextLimit))
+        return 0;
+    pBox->SetReadOnly(1);
+    pBox->SetFont("Courier New", kBoxPointSize, kFontFixedPitch);
+    HideCaret(pBox->Window());
+    pBox->Show();
+    return 1;
+}
+
+int cVorstek::CreateBoxes()
+{
+    return CreateBox(&m_ListingBox, IDC_LISTING) && CreateBox(&m_RegistersBox, IDC_REGISTERS) &&
+           Start();
+}
+
+// The three pictures share the face's palette.
+int cVorstek::CreateKeypad()
+{
+    HPALETTE hKeyPalette    = nullptr;
+    HPALETTE hSwitchPalette = nullptr;
+    LoadPaletteBitmap(IDB_FACE, &m_hFaceBitmap, &m_hFacePalette);
+    LoadPaletteBitmap(IDB_KEYS, &m_hKeyBitmap, &hKeyPalette);
+    LoadPaletteBitmap(IDB_SWITCHES, &m_hSwitchBitmap, &hSwitchPalette);
+    DeleteObject(hKeyPalette);
+    DeleteObject(hSwitchPalette);
+
+    return m_Keypad.Create(this, 0, 0, 0, 0, m_hFaceBitmap, m_hFacePalette, 0, m_nFaceOffset, 0, 0,
+                           WS_VISIBLE, IDC_KEYPAD) &&
+           AddKeys() && Listen(kSlotKey, OnKeyEvent) && Listen(kSlotDisplay, OnDisplayUncovered);
+}
+
+int cVorstek::AddKeys()
+{
+    m_Keypad.SetKeyBitmap(m_hKeyBitmap);
+    m_Keypad.SetSwitchBitmap(m_hSwitchBitmap, kSwitchFrames);
+    for (const cFaceRect &Key : kKeyRects)
+        if (!m_Keypad.AddKey(Key.m_nLeft, Key.m_nTop - m_nFaceOffset, Key.m_nWidth, Key.m_nHeight))
+            return 0;
+    for (int i = 0; i < kFaceSwitches; i++)
+    {
+        const cFaceRect &Switch = kSwitchRects[i];
+        if (!m_Keypad.AddSwitch(Switch.m_nLeft, Switch.m_nTop - m_nFaceOffset, Switch.m_nWidth,
+                                Switch.m_nHeight, kThumbWidth, kSwitchStarts[i]))
+            return 0;
+    }
+    // The sensitive part of the display shrinks with the face.
+    return m_Keypad.AddDisplayRect(kDisplayRect.m_nLeft, kDisplayRect.m_nTop - m_nFaceOffset,
+                                   kDisplayRect.m_nWidth, kDisplayRect.m_nHeight - m_nFaceOffset);
+}
+
+int cVorstek::Listen(uint32_t nSlot, cCallbackRec::cMemberCall pfnMember)
+{
+    cCallbackRec *const pRecord =
+        AllocateWithRetry(this, [] { return new (std::nothrow) cCallbackRec; });
+    if (!pRecord)
+        return 0;
+    pRecord->nSlot     = nSlot;
+    pRecord->pTarget   = this;
+    pRecord->pfnMember = pfnMember;
+    return m_Keypad.Register(pRecord);
+}
+
+void cVorstek::OnKeyEvent(void *pTarget, cCallbackObj *, void *pArgument, uintptr_t)
+{
+    const cKeyEvent &Event = *static_cast<const cKeyEvent *>(pArgument);
+    static_cast<cVorstek *>(pTarget)->OnCalcKey(Event.nKey, static_cast<int>(Event.bDown));
+}
+
+void cVorstek::OnDisplayUncovered(void *pTarget, cCallbackObj *, void *, uintptr_t)
+{
+    static_cast<cVorstek *>(pTarget)->PaintDisplay();
+}
+
+// A missing face is replaced by the platform without a word, so the face that
+// was got is compared. Null if it is another one.
+static HFONT CreateExactFont(const char *szFace, int nHeight)
+{
+    const HFONT hFont =
+        CreateFontA(nHeight, 0, 0, 0, FW_NORMAL, 0, 0, 0, ANSI_CHARSET, OUT_DEFAULT_PRECIS,
+                    CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN, szFace);
+    char szGot[LF_FACESIZE] = "";
+    {
+        const cWindowDc    Screen(nullptr);
+        const cSelectGuard Selected(Screen.Get(), hFont);
+        GetTextFaceA(Screen.Get(), sizeof szGot, szGot);
+    }
+    if (lstrcmpiA(szFace, szGot) == 0)
+        return hFont;
+    DeleteObject(hFont);
+    return nullptr;
+}
+
+HFONT cVorstek::CreateDisplayFont(int nPointSize)
+{
+    const cWindowDc Screen(nullptr);
+    const int       nHeight = -MulDiv(nPointSize, GetDeviceCaps(Screen.Get(), LOGPIXELSY), 72);
+    const HFONT     hFont   = CreateExactFont("Lucida Console", nHeight);
+    if (hFont)
+        return hFont;
+    return CreateFontA(nHeight, 0, 0, 0, FW_NORMAL, 0, 0, 0, ANSI_CHARSET, OUT_DEFAULT_PRECIS,
+                       CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN,
+                       "Courier New");
+}
+
+void cVorstek::CreateFonts()
+{
+    m_hLargeFont = CreateDisplayFont(kLargePoints);
+    m_hSmallFont = CreateDisplayFont(kSmallPoints);
+    m_bFonts     = 1;
+    if (!m_hLargeFont || !m_hSmallFont)
+        ShowProgramError(kCodeFonts);
+}
+
+// The graph comes up beside the calculator. On a narrow screen it lies over it,
+// but as far to the right as it can, so that some keys are still seen.
+int cVorstek::CreateGraph()
+{
+    RECT Window = {};
+    GetWindowRect(m_hWnd, &Window);
+    const int nRoom = std::max(GetSystemMetrics(SM_CXSCREEN) - kGraphWidth, 0);
+    const int nX    = std::clamp<int>(Window.right, 0, nRoom);
+    const int nY    = nX > 0 ? std::max<int>(Window.top, 1) : 0;  // 0: where the platform likes
+
+    const cVantorBoxSettings Settings;
+    if (!m_Graph.Create(Settings, nX, nY, kGraphWidth, kGraphHeight, 1))
+    {
+        PostQuit(0);
+        return 0;
+    }
+    m_Graph.Box()->AutoRange();
+    return 1;
+}
+
+// --- layout
+
+int cVorstek::HeightOf(const cBaseWindow &Bar)
+{
+    RECT Rect = {};
+    if (!Bar.IsVisible())
+        return 0;
+    GetWindowRect(Bar.Window(), &Rect);
+    return Rect.bottom - Rect.top;
+}
+
+cWindowParts cVorstek::Parts() const
+{
+    cWindowParts Parts;
+    Parts.m_nEdgeX           = GetSystemMetrics(SM_CXEDGE);
+    Parts.m_nEdgeY           = GetSystemMetrics(SM_CYEDGE);
+    Parts.m_nToolBarHeight   = HeightOf(m_ToolBar);
+    Parts.m_nStatusBarHeight = HeightOf(m_StatusBar);
+    Parts.m_bListing         = m_ListingBox.IsVisible();
+    Parts.m_bRegisters       = m_RegistersBox.IsVisible();
+    Parts.m_nListingWidth    = m_nListingWidth;
+    Parts.m_nRegistersWidth  = m_nRegistersWidth;
+    return Parts;
+}
+
+// The window begins without its boxes, but they have shared the room once.
+void cVorstek::SizeWithBoxes()
+{
+    SizeWindow();
+    m_ListingBox.Hide();
+    m_RegistersBox.Hide();
+    SizeWindow();
+}
+
+void cVorstek::SizeWindow()
+{
+    cWindowParts      Sized  = Parts();
+    const cLayoutSize Client = FindClientSize(&Sized);
+    m_nListingWidth          = Sized.m_nListingWidth;
+    m_nRegistersWidth        = Sized.m_nRegistersWidth;
+
+    RECT Frame = {0, 0, Client.m_nWidth, Client.m_nHeight};
+    RECT Now   = {};
+    AdjustWindowRectEx(&Frame, m_dwStyle, TRUE, 0);
+    GetWindowRect(m_hWnd, &Now);
+    int nHeight = Frame.bottom - Frame.top;
+    if (GetSystemMetrics(SM_CYSCREEN) == kLowestScreen)
+        nHeight = Now.bottom - Now.top;
+    MoveWindow(m_hWnd, Now.left, Now.top, Frame.right - Frame.left, nHeight, TRUE);
+}
+
+// Moving a read-only box brings its caret back.
+void cVorstek::PlaceBox(cEditBox *pBox, const cFaceRect &Rect)
+{
+    if (!pBox->IsVisible())
+        return;
+    pBox->Move(Rect.m_nLeft, Rect.m_nTop, Rect.m_nWidth, Rect.m_nHeight, 1);
+    if (pBox->IsReadOnly())
+        HideCaret(pBox->Window());
+}
+
+void cVorstek::LayOut(int nClientWidth, int nClientHeight)
+{
+    if (m_ToolBar.IsVisible())
+        m_ToolBar.AutoSize();
+    if (m_StatusBar.IsVisible())
+        m_StatusBar.AutoSize();
+    cWindowLayout Layout;
+    if (!FindLayout(Parts(), {nClientWidth, nClientHeight}, &Layout))
+        return;
+    m_Keypad.Move(Layout.m_Keypad.m_nLeft, Layout.m_Keypad.m_nTop, Layout.m_Keypad.m_nWidth,
+                  Layout.m_Keypad.m_nHeight, 1);
+    if (m_ListingBox.IsVisible())
+        m_nListingWidth = Layout.m_Listing.m_nWidth;
+    if (m_RegistersBox.IsVisible())
+        m_nRegistersWidth = Layout.m_Registers.m_nWidth;
+    PlaceBox(&m_ListingBox, Layout.m_Listing);
+    PlaceBox(&m_RegistersBox, Layout.m_Registers);
+}
+
+void cVorstek::LayOutAgain()
+{
+    RECT Client = {};
+    GetClientRect(m_hWnd, &Client);
+    LayOut(Client.right, Client.bottom);
+}
+
+// A minimised window waits until it comes back.
+void cVorstek::SizeToBoxes()
+{
+    m_bSizeLater = IsIconic(m_hWnd);
+    if (m_bSizeLater)
+        return;
+    SizeWindow();
+    LayOutAgain();
+}
+
+void cVorstek::ShowBox(cEditBox *pBox, int bShow)
+{
+    if (!pBox->IsVisible() == !bShow)
+        return;
+    if (bShow)
+        pBox->Show();
+    else
+        pBox->Hide();
+    SizeToBoxes();
+}
+
+// --- messages
+
+LRESULT cVorstek::OnCreate(WPARAM, LPARAM)
+{
+    m_hAccelerators = LoadAcceleratorsA(ProgramInstance(), MAKEINTRESOURCEA(IDR_ACCELERATORS));
+    g_pApplication->SetAccelerators(m_hWnd, m_hAccelerators);
+    return 0;
+}
+
+LRESULT cVorstek::OnDestroy(WPARAM, LPARAM)
+{
+    DestroyWindow(m_Graph.Window());
+    PostQuitMessage(0);
+    return 0;
+}
+
+LRESULT cVorstek::OnSize(WPARAM wParam, LPARAM lParam)
+{
+    if (!m_Keypad.IsCreated() || wParam == SIZE_MINIMIZED)
+        return 0;
+    if (m_bSizeLater)
+        SizeToBoxes();
+    else
+        LayOut(LOWORD(lParam), HIWORD(lParam));
+    return 0;
+}
+
+LRESULT cVorstek::OnSetFocus(WPARAM, LPARAM)
+{
+    if (m_hAccelerators)
+        g_pApplication->SetAccelerators(m_hWnd, m_hAccelerators);
+    return 0;
+}
+
+// What is typed always goes to the calculator.
+LRESULT cVorstek::OnKillFocus(WPARAM wParam, LPARAM)
+{
+    const HWND hNext = reinterpret_cast<HWND>(wParam);
+    if (hNext && (hNext == m_ListingBox.Window() || hNext == m_RegistersBox.Window()))
+        SetFocus(m_hWnd);
+    return 0;
+}
+
+LRESULT cVorstek::OnPaint(WPARAM, LPARAM)
+{
+    PAINTSTRUCT Paint;
+    const HDC   hDc = BeginPaint(m_hWnd, &Paint);
+    {
+        const cPaletteGuard Colours(hDc, m_hFacePalette);
+    }
+    EndPaint(m_hWnd, &Paint);
+    return 0;
+}
+
+// Under a dialog, which may have a box of its own, only another program asks for
+// this: the platform's dialogs do not survive it.
+LRESULT cVorstek::OnClose(WPARAM, LPARAM)
+{
+    if (!IsWindowEnabled(m_hWnd) || !ConfirmDiscard())
+        return 0;
+    if (m_hHelpWnd)
+        SendMessageA(m_hHelpWnd, WM_CLOSE, 0, 0);
+    m_hHelpWnd = nullptr;
+    DestroyWindow(m_hWnd);
+    return 0;
+}
+
+LRESULT cVorstek::OnQueryEndSession(WPARAM wParam, LPARAM lParam)
+{
+    if (m_bProgramModified)
+        return 0;
+    return DefWindowProcA(m_hWnd, WM_QUERYENDSESSION, wParam, lParam);
+}
+
+LRESULT cVorstek::OnGetMinMaxInfo(WPARAM, LPARAM lParam)
+{
+    auto *const pInfo       = reinterpret_cast<MINMAXINFO *>(lParam);
+    const int   bLow        = GetSystemMetrics(SM_CYSCREEN) == kLowestScreen;
+    pInfo->ptMinTrackSize.x = kLeastWidth;
+    pInfo->ptMinTrackSize.y = bLow ? kLeastHeightOn600 : kLeastHeight;
+    return 0;
+}
+
+LRESULT cVorstek::OnDisplayChange(WPARAM, LPARAM)
+{
+    InvalidateRect(m_hWnd, nullptr, TRUE);
+    return 0;
+}
+
+LRESULT cVorstek::OnNotify(WPARAM wParam, LPARAM lParam)
+{
+    auto *const pNotice = reinterpret_cast<NMHDR *>(lParam);
+    if (pNotice->code != TTN_NEEDTEXTA || pNotice->hwndFrom != m_ToolBar.GetToolTipWindow())
+        return DefWindowProcA(m_hWnd, WM_NOTIFY, wParam, lParam);
+    m_ToolBar.OnToolTipText(reinterpret_cast<NMTTDISPINFOA *>(lParam));
+    return 0;
+}
+
+LRESULT cVorstek::OnCharacter(WPARAM wParam, LPARAM)
+{
+    OnChar(static_cast<char>(wParam));
+    return 0;
+}
+
+LRESULT cVorstek::OnSysCommand(WPARAM wParam, LPARAM lParam)
+{
+    const WPARAM nCommand = wParam & 0xFFF0;  // the lower bits are the platform's own
+    if (nCommand == SC_CLOSE && m_bProgramRunning)
+    {
+        Ask(kNotWhileRunning, nullptr, bnOk, icNone);
+        return 0;
+    }
+    if (nCommand == SC_MINIMIZE)
+        g_pApplication->SetIdleEnabled(0);
+    else if (nCommand == SC_MAXIMIZE || nCommand == SC_RESTORE)
+        g_pApplication->SetIdleEnabled(1);
+    return DefWindowProcA(m_hWnd, WM_SYSCOMMAND, wParam, lParam);
+}
+
+LRESULT cVorstek::OnMenuSelect(WPARAM wParam, LPARAM lParam)
+{
+    m_StatusBar.OnMenuSelect(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HMENU>(lParam));
+    return 0;
+}
+
+LRESULT cVorstek::OnCtlColor(WPARAM wParam, LPARAM)
+{
+    return reinterpret_cast<LRESULT>(m_ListingBox.OnCtlColor(reinterpret_cast<HDC>(wParam)));
+}
+
+LRESULT cVorstek::OnQueryNewPalette(WPARAM, LPARAM)
+{
+    if (!m_hFacePalette)
+        return 0;
+    const cWindowDc     Dc(m_hWnd);
+    const cPaletteGuard Colours(Dc.Get(), m_hFacePalette);
+    InvalidateRect(m_hWnd, nullptr, TRUE);
+    return 1;
+}
+
+LRESULT cVorstek::OnPaletteChanged(WPARAM wParam, LPARAM)
+{
+    if (!m_hFacePalette || reinterpret_cast<HWND>(wParam) == m_hWnd)
+        return 0;
+    const cWindowDc     Dc(m_hWnd);
+    const cPaletteGuard Colours(Dc.Get(), m_hFacePalette);
+    UpdateColors(Dc.Get());
+    return 0;
+}

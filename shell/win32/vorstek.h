@@ -1,0 +1,171 @@
+// vorstek.h - the calculator as a window: the engine, the main window around
+// it, and the host that shows what the engine asks for.
+
+#ifndef SHELL_VORSTEK_H
+#define SHELL_VORSTEK_H
+
+#include "toolkit/win32/win32.h"
+
+#include "engine/vorstek_engine.h"
+#include "graph/win32/vantor.h"
+#include "graph/win32/vantor_host.h"
+#include "shell/win32/button_array.h"
+#include "shell/win32/edit_line_box.h"
+#include "shell/win32/window_host.h"
+#include "toolkit/win32/base_window.h"
+#include "toolkit/win32/edit_box.h"
+#include "toolkit/win32/message_table.h"
+#include "toolkit/win32/status_bar.h"
+#include "toolkit/win32/tool_bar.h"
+#include "toolkit/win32/window_class.h"
+
+struct cWindowParts;
+
+// The host's boxes come first: the other bases keep a pointer to them.
+class cVorstek : public cWindowHost, public cVantorHost, public cBaseWindow, public cVorstekEngine
+{
+public:
+    cVorstek();
+    ~cVorstek() override;
+
+    const char *GetClassName() const override;
+
+    // Makes and shows the window with all that is in it. Each failure shows
+    // its box, posts quit and returns 0.
+    int Create();
+
+    // What the engine asks for.
+    void     StartSound(unsigned nId) override;
+    void     DrawDisplay(const cDisplay &Display) override;
+    void     BlankDisplay() override;
+    int      DrainMessages() override;
+    void     Pause(unsigned nMilliseconds) override;
+    int      AskFileName(eFileDialog nDialog, char *szName, size_t nSize) override;
+    void     SetStatusText(const char *szText) override;
+    void     EnableCommand(unsigned nId, int bEnable) override;
+    void     ShowListing(int bShow) override;
+    void     ShowRegisters(int bShow) override;
+    void     ShowGraph() override;
+    void     ClearGraph() override;
+    unsigned CountDataSets() override;
+    int      AddGraphPoint(unsigned nLine, double dX, double dY) override;
+
+    // What the graph's window asks for.
+    int  IsDrawing() const override;
+    void OnGraphHidden() override;
+    void UseAccelerators(HWND hWnd, HACCEL hTable) override;
+
+private:
+    using cMessageRow = cMessageRowOf<cVorstek>;
+    struct cCommandRow;
+
+    static const cMessageRow s_Messages[];
+    static const cCommandRow s_Commands[];
+    static cWindowClass      s_Class;
+    static LRESULT CALLBACK  WindowProc(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam);
+
+    // --- creation, step by step
+    int          CreateMainWindow();
+    int          CreateBars();
+    int          CreateBoxes();
+    int          CreateBox(cEditBox *pBox, uint32_t nId);
+    int          CreateKeypad();
+    int          CreateGraph();
+    int          AddKeys();
+    int          Listen(uint32_t nSlot, cCallbackRec::cMemberCall pfnMember);
+    void         CreateFonts();
+    static HFONT CreateDisplayFont(int nPointSize);
+
+    // --- layout
+    cWindowParts Parts() const;
+    static int   HeightOf(const cBaseWindow &Bar);  // 0 while it is hidden
+    void         SizeWindow();
+    void         SizeWithBoxes();
+    void         SizeToBoxes();
+    void         LayOut(int nClientWidth, int nClientHeight);
+    void         LayOutAgain();
+    void         PlaceBox(cEditBox *pBox, const struct cFaceRect &Rect);
+    void         ShowBox(cEditBox *pBox, int bShow);
+
+    // --- callbacks of the keypad
+    static void OnKeyEvent(void *pTarget, cCallbackObj *pSender, void *pArgument, uintptr_t);
+    static void OnDisplayUncovered(void *pTarget, cCallbackObj *pSender, void *pArgument,
+                                   uintptr_t);
+
+    // --- messages
+    LRESULT OnCreate(WPARAM wParam, LPARAM lParam);
+    LRESULT OnDestroy(WPARAM wParam, LPARAM lParam);
+    LRESULT OnSize(WPARAM wParam, LPARAM lParam);
+    LRESULT OnSetFocus(WPARAM wParam, LPARAM lParam);
+    LRESULT OnKillFocus(WPARAM wParam, LPARAM lParam);
+    LRESULT OnPaint(WPARAM wParam, LPARAM lParam);
+    LRESULT OnClose(WPARAM wParam, LPARAM lParam);
+    LRESULT OnQueryEndSession(WPARAM wParam, LPARAM lParam);
+    LRESULT OnGetMinMaxInfo(WPARAM wParam, LPARAM lParam);
+    LRESULT OnDisplayChange(WPARAM wParam, LPARAM lParam);
+    LRESULT OnNotify(WPARAM wParam, LPARAM lParam);
+    LRESULT OnCharacter(WPARAM wParam, LPARAM lParam);
+    LRESULT OnCommand(WPARAM wParam, LPARAM lParam);
+    LRESULT OnSysCommand(WPARAM wParam, LPARAM lParam);
+    LRESULT OnInitMenuPopup(WPARAM wParam, LPARAM lParam);
+    LRESULT OnMenuSelect(WPARAM wParam, LPARAM lParam);
+    LRESULT OnCtlColor(WPARAM wParam, LPARAM lParam);
+    LRESULT OnQueryNewPalette(WPARAM wParam, LPARAM lParam);
+    LRESULT OnPaletteChanged(WPARAM wParam, LPARAM lParam);
+    LRESULT OnMouseMove(WPARAM wParam, LPARAM lParam);
+
+    // --- commands
+    void OnNew();
+    void OnOpen();
+    void OnSave();
+    void OnSaveAs();
+    void OnPageSetup();
+    void OnPrint();
+    void OnExit();
+    void OnUndo();
+    void OnCut();
+    void OnCopy();
+    void OnPaste();
+    void OnDelete();
+    void OnSelectAll();
+    void OnRepairHighlight();
+    void OnToggleToolBar();
+    void OnToggleStatusBar();
+    void OnToggleGraph();
+    void OnOptions();
+    void OnHelp();
+    void OnAbout();
+
+    int  DrainEvery(DWORD dwPeriod);  // milliseconds since the last time
+    void CheckGraph(int bShown);
+    void ToggleBar(cBaseWindow *pBar, unsigned nCommand);
+    void EnableEditCommands(HMENU hMenu);
+
+    cToolBar     m_ToolBar;
+    cStatusBar   m_StatusBar;
+    cEditBox     m_ListingBox;
+    cEditBox     m_RegistersBox;
+    cEditLineBox m_ListingLines;
+    cEditLineBox m_RegistersLines;
+    cButtonArray m_Keypad;
+    cVantor      m_Graph;
+
+    int      m_nListingWidth;
+    int      m_nRegistersWidth;
+    int      m_nFaceOffset;  // rows of the face that a low screen hides
+    HACCEL   m_hAccelerators;
+    HBITMAP  m_hFaceBitmap;
+    HBITMAP  m_hKeyBitmap;
+    HBITMAP  m_hSwitchBitmap;
+    HPALETTE m_hFacePalette;
+    HFONT    m_hLargeFont;
+    HFONT    m_hSmallFont;
+    int      m_bFonts;      // the fonts have been looked for
+    int      m_bSizeLater;  // the size changed while the window was minimised
+    HWND     m_hHelpWnd;    // null while no help is open
+    DWORD    m_dwLastDrain;
+
+    cWindowClassShare m_ClassShare;
+};
+
+#endif

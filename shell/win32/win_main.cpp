@@ -1,0 +1,21 @@
+#include "toolkit/win32/win32.h"
+
+#include "shell/win32/application.h"
+#include "shell/win32/vorstek.h"
+#include "shell/win32/welcome_dialog.h"
+
+static const DWORD kControls = ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES | ICC_TAB_CLASSES |
+                               ICC_UPDOWN_CLASS | ICC_PROGRESS_CLASS;
+
+int WINAPI WinMain(HINSTANCE hInstance, HINSTANCE, LPSTR szCmdLine, int)
+{
+    const INITCOMMONCONTROLSEX Controls = {sizeof Controls, kControls};
+    const BOOL                 bReady   = InitCommonControlsEx(&Controls);
+    if (!bReady)
+        return bReady;
+    cApplication Application(hInstance, szCmdLine, "Vorstek");
+    ShowWelcome();
+    cVorstek Calculator;
+    Calculator.Create();
+    return Application.Run();
+}

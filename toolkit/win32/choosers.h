@@ -1,0 +1,17 @@
+// choosers.h - the platform's dialogs for a colour and for a font.
+
+#ifndef TOOLKIT_CHOOSERS_H
+#define TOOLKIT_CHOOSERS_H
+
+#include "toolkit/win32/win32.h"
+
+// Lets the user choose a colour, beginning with *pcrColor. 0, and nothing has
+// changed, if he cancelled. The custom colours that he has mixed come back the
+// next time.
+int AskColor(HWND hOwner, COLORREF *pcrColor);
+
+// Lets the user choose a screen font and the colour of its text, beginning with
+// those handed in. 0, and nothing has changed, if he cancelled.
+int AskFont(HWND hOwner, LOGFONTA *pFont, COLORREF *pcrText);
+
+#endif

@@ -1,0 +1,47 @@
+// combo_box.h - the platform's combo box, which tells its owner when Enter is
+// hit in its edit field.
+
+#ifndef TOOLKIT_COMBO_BOX_H
+#define TOOLKIT_COMBO_BOX_H
+
+#include "toolkit/win32/win32.h"
+
+#include "toolkit/win32/base_window.h"
+
+// Notification codes of WM_COMMAND, beside those of the platform.
+const WORD kComboEnter      = 30;
+const WORD kComboShiftEnter = 31;
+
+class cComboBox : public cBaseWindow
+{
+public:
+    explicit cComboBox(cMessageBoxes *pBoxes);
+    ~cComboBox() override;
+
+    const char *GetClassName() const override;  // "COMBOBOX"
+
+    // A hidden combo box in the platform's font for controls; nHeight includes
+    // the list when it is down. dwStyle adds to CBS_AUTOHSCROLL and a vertical
+    // scroll bar; with CBS_DROPDOWNLIST there is no edit field and no Enter. 0,
+    // and a box has said so, if it cannot be created.
+    int Create(cBaseWindow *pOwner, DWORD dwStyle, int nX, int nY, int nWidth, int nHeight,
+               uint32_t nId);
+
+    // Lets it, or the part of it within Rect, be painted again.
+    void Invalidate();
+    void Invalidate(const RECT &Rect);
+
+    HWND EditField() const { return m_hEdit; }  // null if there is none
+
+private:
+    static LRESULT CALLBACK EditProc(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam);
+
+    void SubclassEdit();
+    void RestoreEdit();
+    void OnEnter();
+
+    HWND    m_hEdit;
+    WNDPROC m_pfnFormerProc;  // of the edit field
+};
+
+#endif

@@ -1,0 +1,122 @@
+#include "toolkit/win32/file_name_guard.h"
+
+#include <cstring>
+
+#include "toolkit/win32/file_dialogs.h"
+
+namespace
+{
+
+const int      kEditField  = 0x480;  // edt1: of a dialog with a plain field,
+const int      kComboField = 0x47C;  // cmb13: or with one that lists old names
+const UINT_PTR kSubclass   = 1;
+const char     kTooLong[] =
+    "The file name is too long: it may have 259 characters, its folder included.";
+static_assert(kFileName == 259 + 1);
+
+HWND NameField(HWND hDialog)
+{
+    const HWND hEdit = GetDlgItem(hDialog, kEditField);
+    return hEdit ? hEdit : GetDlgItem(hDialog, kComboField);
+}
+
+// A name may be typed in quotes.
+std::string_view WithoutQuotes(std::string_view Name)
+{
+    if (!Name.empty() && Name.front() == '"')
+        Name.remove_prefix(1);
+    if (!Name.empty() && Name.back() == '"')
+        Name.remove_suffix(1);
+    return Name;
+}
+
+int IsSlash(char c)
+{
+    return c == '\\' || c == '/';
+}
+
+// "C:\log.txt" or "\\computer\folder\log.txt"
+int HasDrive(std::string_view Name)
+{
+    return Name.size() > 1 && (Name[1] == ':' || (IsSlash(Name[0]) && IsSlash(Name[1])));
+}
+
+int HasExtension(std::string_view Name)
+{
+    const size_t nPoint = Name.rfind('.');
+    return nPoint != Name.npos && Name.find_first_of("\\/", nPoint) == Name.npos;
+}
+
+// What stands before a name without a drive in its path.
+size_t LengthBefore(HWND hDialog, std::string_view Name)
+{
+    if (!Name.empty() && IsSlash(Name[0]))
+        return 2;  // "C:"
+    char szFolder[kFileName] = "";
+    SendMessageA(hDialog, CDM_GETFOLDERPATH, sizeof szFolder, reinterpret_cast<LPARAM>(szFolder));
+    const size_t nFolder = strlen(szFolder);
+    return nFolder + (nFolder && !IsSlash(szFolder[nFolder - 1]));
+}
+
+}  // namespace
+
+cFileNameGuard *cFileNameGuard::s_pCurrent = nullptr;
+
+cFileNameGuard::cFileNameGuard(const char *szExtension, cMessageBoxes *pBoxes)
+    : m_nExtension(szExtension ? strlen(szExtension) + 1 : 0), m_pBoxes(pBoxes), m_hDialog(nullptr),
+      m_hHook(SetWindowsHookExA(WH_CBT, OnHook, nullptr, GetCurrentThreadId())),
+      m_pFormer(s_pCurrent)
+{
+    s_pCurrent = this;
+}
+
+cFileNameGuard::~cFileNameGuard()
+{
+    s_pCurrent = m_pFormer;
+    UnhookWindowsHookEx(m_hHook);
+}
+
+LRESULT CALLBACK cFileNameGuard::OnHook(int nCode, WPARAM wParam, LPARAM lParam)
+{
+    const auto hWnd = reinterpret_cast<HWND>(wParam);
+    if (nCode == HCBT_ACTIVATE && !s_pCurrent->m_hDialog && NameField(hWnd))
+    {
+        s_pCurrent->m_hDialog = hWnd;
+        SetWindowSubclass(hWnd, DialogProc, kSubclass, reinterpret_cast<DWORD_PTR>(s_pCurrent));
+    }
+    return CallNextHookEx(nullptr, nCode, wParam, lParam);
+}
+
+LRESULT CALLBACK cFileNameGuard::DialogProc(HWND hDialog, UINT nMessage, WPARAM wParam,
+                                            LPARAM lParam, UINT_PTR nId, DWORD_PTR nGuard)
+{
+    const auto *const pGuard = reinterpret_cast<const cFileNameGuard *>(nGuard);
+    if (nMessage == WM_COMMAND && LOWORD(wParam) == IDOK && pGuard->Refuses(hDialog))
+        return 0;
+    if (nMessage == WM_NCDESTROY)
+        RemoveWindowSubclass(hDialog, DialogProc, nId);
+    return DefSubclassProc(hDialog, nMessage, wParam, lParam);
+}
+
+// Of the path that the dialog will put together, as it is before "." and ".."
+// are taken out of it. The extension counts for opening, too: there it is tried
+// before the name without it.
+size_t cFileNameGuard::WholeLength(HWND hDialog, std::string_view Name) const
+{
+    const size_t nExtension = HasExtension(Name) ? 0 : m_nExtension;
+    const size_t nBefore    = HasDrive(Name) ? 0 : LengthBefore(hDialog, Name);
+    return nBefore + Name.size() + nExtension;
+}
+
+int cFileNameGuard::Refuses(HWND hDialog) const
+{
+    char          szName[kFileName + 2] = "";  // with its quotes
+    const HWND    hField                = NameField(hDialog);
+    const LRESULT nLength               = SendMessageA(hField, WM_GETTEXTLENGTH, 0, 0);
+    SendMessageA(hField, WM_GETTEXT, sizeof szName, reinterpret_cast<LPARAM>(szName));
+    if (nLength < static_cast<LRESULT>(sizeof szName) &&
+        WholeLength(hDialog, WithoutQuotes(szName)) < kFileName)
+        return 0;
+    m_pBoxes->Ask(kTooLong, nullptr, bnOk, icNone);
+    return 1;
+}

@@ -1,0 +1,96 @@
+#include "toolkit/win32/palette_bitmap.h"
+
+#include <algorithm>
+
+#include "toolkit/win32/gdi.h"
+
+namespace
+{
+
+const WORD  kPaletteVersion = 0x300;
+const DWORD kMostColours    = 256;
+
+// A LOGPALETTE with room for all entries.
+struct cLogPalette
+{
+    WORD         m_nVersion;
+    WORD         m_nEntries;
+    PALETTEENTRY m_Entries[kMostColours];
+};
+
+// The header that the resource begins with; null if there is none, or one of
+// the old kind with three bytes a colour.
+const BITMAPINFO *FindBitmap(unsigned nId)
+{
+    const HRSRC hFound = FindResourceA(nullptr, MAKEINTRESOURCEA(nId), RT_BITMAP);
+    if (!hFound)
+        return nullptr;
+    const auto *const pInfo =
+        static_cast<const BITMAPINFO *>(LockResource(LoadResource(nullptr, hFound)));
+    return pInfo->bmiHeader.biSize >= sizeof(BITMAPINFOHEADER) ? pInfo : nullptr;
+}
+
+// Entries of the colour table; usually none for 16 bits and more.
+DWORD CountColours(const BITMAPINFOHEADER &Header)
+{
+    if (Header.biClrUsed)
+        return Header.biClrUsed;
+    return Header.biBitCount <= 8 ? 1u << Header.biBitCount : 0;
+}
+
+const RGBQUAD *ColourTable(const BITMAPINFOHEADER &Header)
+{
+    const auto *const pColours =
+        reinterpret_cast<const RGBQUAD *>(reinterpret_cast<const BYTE *>(&Header) + Header.biSize);
+    const int bHasMasks =
+        Header.biSize == sizeof(BITMAPINFOHEADER) && Header.biCompression == BI_BITFIELDS;
+    return pColours + (bHasMasks ? 3 : 0);
+}
+
+HPALETTE MakePalette(const BITMAPINFOHEADER &Header)
+{
+    cLogPalette Palette;
+    Palette.m_nVersion = kPaletteVersion;
+    Palette.m_nEntries = static_cast<WORD>(std::min(CountColours(Header), kMostColours));
+    if (Palette.m_nEntries == 0)
+        return CreateHalftonePalette(cWindowDc(nullptr).Get());
+
+    const RGBQUAD *const pColours = ColourTable(Header);
+    for (WORD i = 0; i < Palette.m_nEntries; i++)
+        Palette.m_Entries[i] = {pColours[i].rgbRed, pColours[i].rgbGreen, pColours[i].rgbBlue, 0};
+    return CreatePalette(reinterpret_cast<const LOGPALETTE *>(&Palette));
+}
+
+HBITMAP MakeBitmap(const BITMAPINFO &Info, HPALETTE hPalette)
+{
+    const BITMAPINFOHEADER &Header  = Info.bmiHeader;
+    const void *const       pPixels = ColourTable(Header) + CountColours(Header);
+
+    const cWindowDc     Dc(nullptr);
+    const cPaletteGuard Selected(Dc.Get(), hPalette);
+    return CreateDIBitmap(Dc.Get(), &Header, CBM_INIT, pPixels, &Info, DIB_RGB_COLORS);
+}
+
+}  // namespace
+
+int LoadPaletteBitmap(unsigned nId, HBITMAP *phBitmap, HPALETTE *phPalette)
+{
+    *phBitmap  = nullptr;
+    *phPalette = nullptr;
+
+    const BITMAPINFO *const pInfo = FindBitmap(nId);
+    if (!pInfo)
+        return 0;
+    const HPALETTE hPalette = MakePalette(pInfo->bmiHeader);
+    if (!hPalette)
+        return 0;
+    const HBITMAP hBitmap = MakeBitmap(*pInfo, hPalette);
+    if (!hBitmap)
+    {
+        DeleteObject(hPalette);
+        return 0;
+    }
+    *phBitmap  = hBitmap;
+    *phPalette = hPalette;
+    return 1;
+}

@@ -1,0 +1,125 @@
+#include "toolkit/win32/tool_bar.h"
+
+#include <new>
+
+#include "resources/resource.h"
+
+static const int kComboListHeight = 200;  // pixels, of the list that drops down
+
+cToolBar::cToolBar(cMessageBoxes *pBoxes) : cBaseWindow(pBoxes), m_nImageBase(0)
+{
+    m_dwStyle = WS_CHILD | TBSTYLE_TOOLTIPS;
+}
+
+const char *cToolBar::GetClassName() const
+{
+    return TOOLBARCLASSNAMEA;
+}
+
+int cToolBar::Create(cBaseWindow *pOwner, DWORD dwStyle, uint32_t nId, const TBBUTTON *pButtons,
+                     int nButtons, int nComboIndex)
+{
+    m_dwStyle |= dwStyle;
+    m_pOwner   = pOwner;
+    m_nChildId = nId;
+
+    const HWND hWnd =
+        CreateToolbarEx(pOwner->Window(), m_dwStyle, nId, kStandardImages, HINST_COMMCTRL,
+                        IDB_STD_SMALL_COLOR, pButtons, nButtons, kToolImageWidth, kToolImageHeight,
+                        kToolImageWidth, kToolImageHeight, sizeof(TBBUTTON));
+    if (!hWnd)
+        return ReportFailure("ERROR: CreateWindow() failed in cToolBar::Create()");
+    SetCreated(hWnd);
+    return nComboIndex < 0 || CreateComboBox(nComboIndex);
+}
+
+int cToolBar::AddBitmap(unsigned nResource, int nImages, const TBBUTTON *pButtons, int nButtons)
+{
+    const TBADDBITMAP Bitmap     = {ProgramInstance(), nResource};
+    const int         nImageBase = static_cast<int>(SendMessageA(
+                m_hWnd, TB_ADDBITMAP, static_cast<WPARAM>(nImages), reinterpret_cast<LPARAM>(&Bitmap)));
+    if (nImageBase < 0)
+        return 0;
+    m_nImageBase = nImageBase;
+    return AddButtons(pButtons, nButtons);
+}
+
+int cToolBar::AddButtons(const TBBUTTON *pButtons, int nButtons)
+{
+    for (int i = 0; i < nButtons; i++)
+    {
+        TBBUTTON Button = pButtons[i];
+        if (!(Button.fsStyle & BTNS_SEP))  // a separator keeps its width there
+            Button.iBitmap += m_nImageBase;
+        if (!SendMessageA(m_hWnd, TB_ADDBUTTONSA, 1, reinterpret_cast<LPARAM>(&Button)))
+            return 0;
+    }
+    return 1;
+}
+
+void cToolBar::AutoSize()
+{
+    SendMessageA(m_hWnd, WM_SIZE, 0, 0);
+    RECT Client;
+    RECT Window;
+    GetClientRect(m_pOwner->Window(), &Client);
+    GetWindowRect(m_hWnd, &Window);
+    Move(0, 0, Client.right, Window.bottom - Window.top, 1);
+}
+
+void cToolBar::OnToolTipText(NMTTDISPINFOA *pRequest) const
+{
+    const UINT_PTR nTool   = pRequest->hdr.idFrom;
+    const UINT_PTR nString = IsComboBoxTool(nTool) ? IDS_FIND_TOOL : nTool;
+    pRequest->hinst        = ProgramInstance();
+    pRequest->lpszText     = MAKEINTRESOURCEA(nString);
+}
+
+HWND cToolBar::GetToolTipWindow() const
+{
+    return reinterpret_cast<HWND>(SendMessageA(m_hWnd, TB_GETTOOLTIPS, 0, 0));
+}
+
+int cToolBar::CreateComboBox(int nIndex)
+{
+    TBBUTTON Button = {};
+    RECT     Rect   = {};
+    SendMessageA(m_hWnd, TB_GETBUTTON, static_cast<WPARAM>(nIndex),
+                 reinterpret_cast<LPARAM>(&Button));
+    SendMessageA(m_hWnd, TB_GETITEMRECT, static_cast<WPARAM>(nIndex),
+                 reinterpret_cast<LPARAM>(&Rect));
+
+    m_ComboBox.reset(
+        AllocateWithRetry(m_pBoxes, [this] { return new (std::nothrow) cComboBox(m_pBoxes); }));
+    if (!m_ComboBox ||
+        !m_ComboBox->Create(this, WS_VISIBLE | CBS_DROPDOWN, Rect.left, Rect.top,
+                            Rect.right - Rect.left, Rect.bottom - Rect.top + kComboListHeight,
+                            static_cast<uint32_t>(Button.idCommand)))
+        return 0;
+
+    // The pointer is over the edit field most of the time, which is a window of
+    // its own.
+    AddTool(m_ComboBox->Window());
+    AddTool(m_ComboBox->EditField());
+    return 1;
+}
+
+// Has the owner asked for the tip of a window in the toolbar.
+void cToolBar::AddTool(HWND hTool) const
+{
+    TTTOOLINFOA Tool = {};
+    Tool.cbSize      = TTTOOLINFOA_V2_SIZE;  // what all versions of the library accept
+    Tool.uFlags      = TTF_IDISHWND | TTF_SUBCLASS;
+    Tool.hwnd        = m_pOwner->Window();
+    Tool.uId         = reinterpret_cast<UINT_PTR>(hTool);
+    Tool.lpszText    = LPSTR_TEXTCALLBACKA;
+    SendMessageA(GetToolTipWindow(), TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&Tool));
+}
+
+int cToolBar::IsComboBoxTool(UINT_PTR nTool) const
+{
+    if (!m_ComboBox)
+        return 0;
+    const HWND hTool = reinterpret_cast<HWND>(nTool);
+    return hTool == m_hWnd || hTool == m_ComboBox->Window() || hTool == m_ComboBox->EditField();
+}

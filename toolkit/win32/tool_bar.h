@@ -1,0 +1,62 @@
+// tool_bar.h - the platform's toolbar with its standard images, further images
+// of the program, and a combo box among the buttons if one is wanted.
+
+#ifndef TOOLKIT_TOOL_BAR_H
+#define TOOLKIT_TOOL_BAR_H
+
+#include "toolkit/win32/win32.h"
+
+#include <memory>
+
+#include "toolkit/win32/base_window.h"
+#include "toolkit/win32/combo_box.h"
+
+const int kToolImageWidth  = 16;  // pixels, of an image and of a button
+const int kToolImageHeight = 15;
+const int kStandardImages  = 15;
+
+class cToolBar : public cBaseWindow
+{
+public:
+    explicit cToolBar(cMessageBoxes *pBoxes);
+
+    const char *GetClassName() const override;  // "ToolbarWindow32"
+
+    // A hidden toolbar with tooltips whose buttons take their images from the
+    // platform's small standard ones (7 is the opened folder of "Open"). With
+    // nComboIndex 0 or more a combo box with an edit field covers that button,
+    // best a separator as wide as wanted, and sends WM_COMMAND with its id; -1
+    // for none. 0, and a box has said so, if anything cannot be created.
+    int Create(cBaseWindow *pOwner, DWORD dwStyle, uint32_t nId, const TBBUTTON *pButtons,
+               int nButtons, int nComboIndex);
+
+    // Appends the nImages images of a bitmap resource, and nButtons buttons
+    // (none for 0) whose iBitmap counts from the first of these images. 0 if
+    // there is no such resource.
+    int AddBitmap(unsigned nResource, int nImages, const TBBUTTON *pButtons, int nButtons);
+
+    // Number of the first image that the last AddBitmap has added; 15 after
+    // the standard images.
+    int GetImageBase() const { return m_nImageBase; }
+
+    // Goes to the upper edge of the owner, as wide as it is.
+    void AutoSize();
+
+    // TTN_NEEDTEXTA: the tip is the string resource with the number of the
+    // command, or "Find tool" for the combo box.
+    void OnToolTipText(NMTTDISPINFOA *pRequest) const;
+
+    HWND       GetToolTipWindow() const;
+    cComboBox *ComboBox() const { return m_ComboBox.get(); }  // null if there is none
+
+private:
+    int  AddButtons(const TBBUTTON *pButtons, int nButtons);
+    int  CreateComboBox(int nIndex);
+    void AddTool(HWND hTool) const;
+    int  IsComboBoxTool(UINT_PTR nTool) const;
+
+    int                        m_nImageBase;
+    std::unique_ptr<cComboBox> m_ComboBox;
+};
+
+#endif

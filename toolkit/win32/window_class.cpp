@@ -1,0 +1,31 @@
+#include "toolkit/win32/window_class.h"
+
+int cWindowClass::Acquire(const WNDCLASSA &Class)
+{
+    if (!m_bRegistered && !RegisterClassA(&Class))
+        return 0;
+    m_bRegistered = 1;
+    m_nObjects++;
+    return 1;
+}
+
+void cWindowClass::Release(const char *szName)
+{
+    m_nObjects--;
+    if (m_nObjects == 0 && UnregisterClassA(szName, ProgramInstance()))
+        m_bRegistered = 0;
+}
+
+cWindowClassShare::~cWindowClassShare()
+{
+    if (m_szName)
+        m_pClass->Release(m_szName);
+}
+
+int cWindowClassShare::Acquire(const WNDCLASSA &Class)
+{
+    if (!m_pClass->Acquire(Class))
+        return 0;
+    m_szName = Class.lpszClassName;
+    return 1;
+}
