@@ -11,19 +11,19 @@ const int kMessageText = 4608;  // a file name and the words around it
 
 // Red, green, blue, yellow, magenta, cyan, light grey, black, and again.
 // clang-format off
-const uint32_t kSetColors[] =
+const uint32_t kSetColours[] =
 {
-    MakeColor(255, 0, 0),
-    MakeColor(0, 255, 0),
-    MakeColor(0, 0, 255),
-    MakeColor(255, 255, 0),
-    MakeColor(255, 0, 255),
-    MakeColor(0, 255, 255),
-    MakeColor(192, 192, 192),
-    MakeColor(0, 0, 0),
+    MakeColour(255, 0, 0),
+    MakeColour(0, 255, 0),
+    MakeColour(0, 0, 255),
+    MakeColour(255, 255, 0),
+    MakeColour(255, 0, 255),
+    MakeColour(0, 255, 255),
+    MakeColour(192, 192, 192),
+    MakeColour(0, 0, 0),
 };
 // clang-format on
-const uint32_t kColors = sizeof kSetColors / sizeof kSetColors[0];
+const uint32_t kColours = sizeof kSetColours / sizeof kSetColours[0];
 
 int ReadOrTell(cAsciiDataFile *pFile, cMessageBoxes *pBoxes, const char *szFile)
 {
@@ -40,7 +40,7 @@ int AddSets(cVantorPlot *pPlot, const cAsciiDataFile &File)
     for (uint32_t nSet = 1; nSet <= File.SetCount(); nSet++)
     {
         cVantorLineFormat Format;
-        Format.m_crColor  = kSetColors[(nSet - 1) % kColors];
+        Format.m_crColor  = kSetColours[(nSet - 1) % kColours];
         Format.m_pszLabel = File.Label(nSet);
         if (!pPlot->AddDataSet(File.RowCount(), File.XValues(), File.YValues(nSet), &Format))
             return 0;

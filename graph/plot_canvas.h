@@ -76,7 +76,7 @@ public:
     // All characters count, blanks at the ends too.
     virtual int TextWidth(const char *szText) const = 0;
 
-    virtual void FillBox(const cRect &Rect, uint32_t crColor) = 0;
+    virtual void FillBox(const cRect &Rect, uint32_t crColour) = 0;
 
     // nLines lines of pCounts[i] points each, at least 2.
     virtual void Polylines(const cPoint *pPoints, const uint32_t *pCounts, size_t nLines,
@@ -88,10 +88,10 @@ public:
     // nPolygons closed polygons of pCounts[i] corners each, filled, with an
     // outline of one pixel in the same colour.
     virtual void Polygons(const cPoint *pPoints, const int32_t *pCounts, size_t nPolygons,
-                          uint32_t crColor) = 0;
+                          uint32_t crColour) = 0;
 
     // A line of text; what lies behind it shows through.
-    virtual void Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColor) = 0;
+    virtual void Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColour) = 0;
 
     // Until PopClip only what lies in the rectangle is drawn. They nest.
     virtual void PushClip(const cRect &Rect) = 0;

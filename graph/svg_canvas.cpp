@@ -57,13 +57,13 @@ int cSvgCanvas::TextWidth(const char *szText) const
     return SvgTextWidth(szText);
 }
 
-void cSvgCanvas::FillBox(const cRect &Rect, uint32_t crColor)
+void cSvgCanvas::FillBox(const cRect &Rect, uint32_t crColour)
 {
     if (Rect.IsEmpty())
         return;
     fprintf(m_pFile, "<rect x=\"%d\" y=\"%d\" width=\"%d\" height=\"%d\"", Rect.m_nLeft,
             Rect.m_nTop, Rect.Width(), Rect.Height());
-    WriteColor("fill", crColor);
+    WriteColour("fill", crColour);
     fputs("/>\n", m_pFile);
 }
 
@@ -87,7 +87,7 @@ void cSvgCanvas::Polyline(const cPoint *pPoints, size_t nPoints, const cPlotPen 
 }
 
 void cSvgCanvas::Polygons(const cPoint *pPoints, const int32_t *pCounts, size_t nPolygons,
-                          uint32_t crColor)
+                          uint32_t crColour)
 {
     fputs("<path d=\"", m_pFile);
     for (size_t nPolygon = 0; nPolygon < nPolygons; nPolygon++)
@@ -97,14 +97,14 @@ void cSvgCanvas::Polygons(const cPoint *pPoints, const int32_t *pCounts, size_t 
         fputc('Z', m_pFile);
     }
     fputc('"', m_pFile);
-    WriteColor("fill", crColor);
-    WriteColor("stroke", crColor);
+    WriteColour("fill", crColour);
+    WriteColour("stroke", crColour);
     fputs(" stroke-linejoin=\"round\"/>\n", m_pFile);
 }
 
 // Blanks at the ends count for the place of a text and are not written: they
 // are not treated the same by all who show the file.
-void cSvgCanvas::Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColor)
+void cSvgCanvas::Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColour)
 {
     const int nBlank  = SvgTextWidth(" ");
     const int nBefore = static_cast<int>(strspn(szText, " "));
@@ -118,7 +118,7 @@ void cSvgCanvas::Label(cPoint At, eAlign nAlign, const char *szText, uint32_t cr
     const int nX          = At.m_nX + nFromLeft[nAlign] * nBlank / 2;
 
     fprintf(m_pFile, "<text x=\"%d\" y=\"%d\"%s", nX, At.m_nY + kSvgAscent, kAnchors[nAlign]);
-    WriteColor("fill", crColor);
+    WriteColour("fill", crColour);
     fputc('>', m_pFile);
     WriteText({szText + nBefore, nLength});
     fputs("</text>\n", m_pFile);
@@ -185,7 +185,7 @@ void cSvgCanvas::WriteLine(const cPoint *pPoints, size_t nPoints)
 void cSvgCanvas::WritePen(const cPlotPen &Pen)
 {
     fputs("\" fill=\"none\"", m_pFile);
-    WriteColor("stroke", Pen.m_crColor);
+    WriteColour("stroke", Pen.m_crColor);
     if (Pen.m_nWidth > 1)
         fprintf(m_pFile, " stroke-width=\"%u\"", static_cast<unsigned>(Pen.m_nWidth));
     else if (Pen.m_nStyle > 0 && Pen.m_nStyle < kStyles)
@@ -193,10 +193,10 @@ void cSvgCanvas::WritePen(const cPlotPen &Pen)
     fputs(" stroke-linejoin=\"round\"/>\n", m_pFile);
 }
 
-void cSvgCanvas::WriteColor(const char *szName, uint32_t crColor)
+void cSvgCanvas::WriteColour(const char *szName, uint32_t crColour)
 {
-    fprintf(m_pFile, " %s=\"#%02x%02x%02x\"", szName, crColor & 0xFF, crColor >> 8 & 0xFF,
-            crColor >> 16 & 0xFF);
+    fprintf(m_pFile, " %s=\"#%02x%02x%02x\"", szName, crColour & 0xFF, crColour >> 8 & 0xFF,
+            crColour >> 16 & 0xFF);
 }
 
 void cSvgCanvas::WriteText(std::string_view Text)

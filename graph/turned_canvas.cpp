@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-void cTurnedCanvas::FillBox(const cRect &Rect, uint32_t crColor)
+void cTurnedCanvas::FillBox(const cRect &Rect, uint32_t crColour)
 {
-    m_pSheet->FillBox(Turn(Rect), crColor);
+    m_pSheet->FillBox(Turn(Rect), crColour);
 }
 
 void cTurnedCanvas::Polylines(const cPoint *pPoints, const uint32_t *pCounts, size_t nLines,
@@ -30,20 +30,20 @@ void cTurnedCanvas::Polyline(const cPoint *pPoints, size_t nPoints, const cPlotP
 }
 
 void cTurnedCanvas::Polygons(const cPoint *pPoints, const int32_t *pCounts, size_t nPolygons,
-                             uint32_t crColor)
+                             uint32_t crColour)
 {
     for (size_t i = 0; i < nPolygons; i++)
     {
         const auto nCorners = static_cast<size_t>(pCounts[i]);
-        m_pSheet->Polygons(Turn(pPoints, nCorners), &pCounts[i], 1, crColor);
+        m_pSheet->Polygons(Turn(pPoints, nCorners), &pCounts[i], 1, crColour);
         pPoints += nCorners;
     }
 }
 
 // The upper edge of the text is the right one of its first pixels on the sheet.
-void cTurnedCanvas::Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColor)
+void cTurnedCanvas::Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColour)
 {
-    m_pSheet->Label({m_nWidth - At.m_nY, At.m_nX}, nAlign, szText, crColor);
+    m_pSheet->Label({m_nWidth - At.m_nY, At.m_nX}, nAlign, szText, crColour);
 }
 
 void cTurnedCanvas::PushClip(const cRect &Rect)

@@ -27,7 +27,7 @@ public:
 
     int  TextHeight() const override { return m_pSheet->TextHeight(); }
     int  TextWidth(const char *szText) const override { return m_pSheet->TextWidth(szText); }
-    void FillBox(const cRect &Rect, uint32_t crColor) override;
+    void FillBox(const cRect &Rect, uint32_t crColour) override;
 
     // Lines and polygons go out one by one, long lines in pieces.
     void Polylines(const cPoint *pPoints, const uint32_t *pCounts, size_t nLines,
@@ -36,9 +36,9 @@ public:
 
     // Of at most kMostTurnedCorners corners each.
     void Polygons(const cPoint *pPoints, const int32_t *pCounts, size_t nPolygons,
-                  uint32_t crColor) override;
+                  uint32_t crColour) override;
 
-    void Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColor) override;
+    void Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColour) override;
     void PushClip(const cRect &Rect) override;
     void PopClip() override { m_pSheet->PopClip(); }
 

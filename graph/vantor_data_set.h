@@ -23,15 +23,15 @@ const uint32_t kMostLineWidth = 4;  // pixels; the least is 1
 
 const int kDefaultLabel = 24;  // "data line # 4294967295"
 
-// Colours are 0x00BBGGRR, as the platform has them: MakeColor(255, 0, 0) is
+// Colours are 0x00BBGGRR, as the platform has them: MakeColour(255, 0, 0) is
 // 0x0000FF. Each part is 0 to 255.
-constexpr uint32_t MakeColor(uint32_t nRed, uint32_t nGreen, uint32_t nBlue)
+constexpr uint32_t MakeColour(uint32_t nRed, uint32_t nGreen, uint32_t nBlue)
 {
     return nRed | nGreen << 8 | nBlue << 16;
 }
 
-const uint32_t kBlack = MakeColor(0, 0, 0);
-const uint32_t kWhite = MakeColor(255, 255, 255);
+const uint32_t kBlack = MakeColour(0, 0, 0);
+const uint32_t kWhite = MakeColour(255, 255, 255);
 
 // A line style or a marker shape with its name in the dialogs.
 struct cVantorStyle

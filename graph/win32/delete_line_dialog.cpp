@@ -18,7 +18,7 @@ private:
     void     OnInit() override;
     int      OnOk() override;
     void     OnControl(int nId, int nNotification) override;
-    COLORREF SampleColor() const override { return m_crColor; }
+    COLORREF SampleColour() const override { return m_crColor; }
 
     void OnChangeLine();
     void ShowFormat(const cVantorDataSet &Set, const char *szStyle);
@@ -58,7 +58,7 @@ void cDeleteLineDialog::OnChangeLine()
 void cDeleteLineDialog::ShowFormat(const cVantorDataSet &Set, const char *szStyle)
 {
     m_crColor = Set.m_crColor;
-    InvalidateRect(GetDlgItem(m_hDialog, IDC_DELETED_COLOR), nullptr, FALSE);
+    InvalidateRect(GetDlgItem(m_hDialog, IDC_DELETED_COLOUR), nullptr, FALSE);
     SetText(IDC_DELETED_TYPE, kTypeNames[DrawnType(Set)]);
     SetUnsigned(IDC_DELETED_WIDTH, Set.m_nWidth);
     SetText(IDC_DELETED_STYLE, szStyle);

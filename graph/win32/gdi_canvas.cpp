@@ -71,10 +71,10 @@ int cGdiCanvas::TextWidth(const char *szText) const
     return Size.cx;
 }
 
-void cGdiCanvas::FillBox(const cRect &Rect, uint32_t crColor)
+void cGdiCanvas::FillBox(const cRect &Rect, uint32_t crColour)
 {
     const RECT      Box = {Rect.m_nLeft, Rect.m_nTop, Rect.m_nRight, Rect.m_nBottom};
-    const cGdiBrush Brush(CreateSolidBrush(crColor));
+    const cGdiBrush Brush(CreateSolidBrush(crColour));
     FillRect(m_hDc, &Box, Brush.Get());
 }
 
@@ -102,21 +102,21 @@ void cGdiCanvas::Polyline(const cPoint *pPoints, size_t nPoints, const cPlotPen 
 }
 
 void cGdiCanvas::Polygons(const cPoint *pPoints, const int32_t *pCounts, size_t nPolygons,
-                          uint32_t crColor)
+                          uint32_t crColour)
 {
-    const cGdiPen      Pen(CreatePen(PS_SOLID, 1, crColor));
-    const cGdiBrush    Brush(CreateSolidBrush(crColor));
+    const cGdiPen      Pen(CreatePen(PS_SOLID, 1, crColour));
+    const cGdiBrush    Brush(CreateSolidBrush(crColour));
     const cSelectGuard SelectedPen(m_hDc, Pen.Get());
     const cSelectGuard SelectedBrush(m_hDc, Brush.Get());
     SetPolyFillMode(m_hDc, WINDING);  // otherwise two that overlap have a hole
     PolyPolygon(m_hDc, AsPoints(pPoints), pCounts, static_cast<int>(nPolygons));
 }
 
-void cGdiCanvas::Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColor)
+void cGdiCanvas::Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColour)
 {
     static const UINT s_Align[] = {TA_LEFT, TA_CENTER, TA_RIGHT};
     SetTextAlign(m_hDc, TA_TOP | s_Align[nAlign]);
-    SetTextColor(m_hDc, crColor);
+    SetTextColor(m_hDc, crColour);
     TextOutA(m_hDc, At.m_nX, At.m_nY, szText, lstrlenA(szText));
 }
 

@@ -26,13 +26,13 @@ public:
     int  PixelsPerInchY() const override;
     int  TextHeight() const override;
     int  TextWidth(const char *szText) const override;
-    void FillBox(const cRect &Rect, uint32_t crColor) override;
+    void FillBox(const cRect &Rect, uint32_t crColour) override;
     void Polylines(const cPoint *pPoints, const uint32_t *pCounts, size_t nLines,
                    const cPlotPen &Pen) override;
     void Polyline(const cPoint *pPoints, size_t nPoints, const cPlotPen &Pen) override;
     void Polygons(const cPoint *pPoints, const int32_t *pCounts, size_t nPolygons,
-                  uint32_t crColor) override;
-    void Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColor) override;
+                  uint32_t crColour) override;
+    void Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColour) override;
     void PushClip(const cRect &Rect) override;
     void PopClip() override;
 

@@ -41,7 +41,7 @@ protected:
     virtual void OnControl(int /*nId*/, int /*nNotification*/) {}
 
     // The colour of a colour sample.
-    virtual COLORREF SampleColor() const { return 0; }
+    virtual COLORREF SampleColour() const { return 0; }
 
     // --- the fields
     void SetText(int nId, const char *szText) const;

@@ -17,12 +17,12 @@ private:
     void     OnInit() override;
     int      OnOk() override;
     void     OnControl(int nId, int nNotification) override;
-    COLORREF SampleColor() const override { return m_crColor; }
+    COLORREF SampleColour() const override { return m_crColor; }
 
     void OnChangeLine();
     void OnChangeType();
-    void OnChangeColor();
-    void ShowColor(COLORREF crColor);
+    void OnChangeColour();
+    void ShowColour(COLORREF crColour);
     void ListStyles(uint32_t nGraphType) const;
     int  SelectStyle(uint32_t nGraphType, uint32_t nStyle) const;
     int  SelectedType(uint32_t *pnGraphType) const;
@@ -43,8 +43,8 @@ void cReformatLineDialog::OnControl(int nId, int nNotification)
 {
     if (nId == IDC_FORMATTED_LINE && nNotification == EN_CHANGE)
         OnChangeLine();
-    else if (nId == IDC_CHANGE_COLOR && nNotification == BN_CLICKED)
-        OnChangeColor();
+    else if (nId == IDC_CHANGE_COLOUR && nNotification == BN_CLICKED)
+        OnChangeColour();
     else if (nId >= IDC_TYPE_PLOT && nId <= IDC_TYPE_STOOP && nNotification == BN_CLICKED)
         OnChangeType();
 }
@@ -63,7 +63,7 @@ void cReformatLineDialog::OnChangeLine()
         return;
     }
     const uint32_t nGraphType = DrawnType(*pSet);
-    ShowColor(pSet->m_crColor);
+    ShowColour(pSet->m_crColor);
     CheckRadioButton(m_hDialog, IDC_TYPE_PLOT, IDC_TYPE_STOOP,
                      IDC_TYPE_PLOT + static_cast<int>(nGraphType));
     SetUnsigned(IDC_LINE_WIDTH, pSet->m_nWidth);
@@ -85,17 +85,17 @@ void cReformatLineDialog::OnChangeType()
     SendDlgItemMessageA(m_hDialog, IDC_LINE_STYLE, CB_SETCURSEL, static_cast<WPARAM>(nSelected), 0);
 }
 
-void cReformatLineDialog::OnChangeColor()
+void cReformatLineDialog::OnChangeColour()
 {
-    COLORREF crColor = m_crColor;
-    if (AskColor(m_hDialog, &crColor))
-        ShowColor(crColor);
+    COLORREF crColour = m_crColor;
+    if (AskColour(m_hDialog, &crColour))
+        ShowColour(crColour);
 }
 
-void cReformatLineDialog::ShowColor(COLORREF crColor)
+void cReformatLineDialog::ShowColour(COLORREF crColour)
 {
-    m_crColor = crColor;
-    InvalidateRect(GetDlgItem(m_hDialog, IDC_LINE_COLOR), nullptr, FALSE);
+    m_crColor = crColour;
+    InvalidateRect(GetDlgItem(m_hDialog, IDC_LINE_COLOUR), nullptr, FALSE);
 }
 
 void cReformatLineDialog::ListStyles(uint32_t nGraphType) const

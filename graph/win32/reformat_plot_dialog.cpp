@@ -58,11 +58,11 @@ void cReformatPlotDialog::OnControl(int nId, int nNotification)
     case IDC_TEXT_FONT:
         OnTextFont();
         break;
-    case IDC_AXIS_COLOR:
-        AskColor(m_hDialog, &crAxis);
+    case IDC_AXIS_COLOUR:
+        AskColour(m_hDialog, &crAxis);
         break;
-    case IDC_BACKGROUND_COLOR:
-        AskColor(m_hDialog, &crBackground);
+    case IDC_BACKGROUND_COLOUR:
+        AskColour(m_hDialog, &crBackground);
         break;
     default:
         break;

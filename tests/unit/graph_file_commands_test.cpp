@@ -140,7 +140,7 @@ TEST_CASE("Open keeps a range that the user has fixed")
 TEST_CASE("the sets of a file are coloured by their place, in turns of eight")
 {
     // clang-format off
-    static const uint32_t s_Colors[] =
+    static const uint32_t s_Colours[] =
     {
         0x0000FF, 0x00FF00, 0xFF0000, 0x00FFFF, 0xFF00FF, 0xFFFF00, 0xC0C0C0, 0x000000,
         0x0000FF, 0x00FF00,
@@ -154,7 +154,7 @@ TEST_CASE("the sets of a file are coloured by their place, in turns of eight")
     for (uint32_t nLine = 1; nLine <= 10; nLine++)
     {
         CAPTURE(nLine);
-        CHECK(Rig.Set(nLine).m_crColor == s_Colors[nLine - 1]);
+        CHECK(Rig.Set(nLine).m_crColor == s_Colours[nLine - 1]);
     }
 }
 

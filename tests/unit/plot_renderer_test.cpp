@@ -14,9 +14,9 @@ namespace
 
 typedef std::vector<cPoint> cPoints;
 
-const uint32_t kAxis = MakeColor(1, 2, 3);
-const uint32_t kText = MakeColor(4, 5, 6);
-const uint32_t kRed  = MakeColor(255, 0, 0);
+const uint32_t kAxis = MakeColour(1, 2, 3);
+const uint32_t kText = MakeColour(4, 5, 6);
+const uint32_t kRed  = MakeColour(255, 0, 0);
 
 struct cRendererRig
 {
@@ -79,9 +79,9 @@ struct cRendererRig
     cRecordingCanvas m_Canvas;
 };
 
-bool IsPen(const cPlotPen &Pen, uint32_t nStyle, uint32_t nWidth, uint32_t crColor)
+bool IsPen(const cPlotPen &Pen, uint32_t nStyle, uint32_t nWidth, uint32_t crColour)
 {
-    return Pen.m_nStyle == nStyle && Pen.m_nWidth == nWidth && Pen.m_crColor == crColor;
+    return Pen.m_nStyle == nStyle && Pen.m_nWidth == nWidth && Pen.m_crColor == crColour;
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ struct cLegendRig
         const float       Y[] = {fYMin, fYMax};
         cVantorLineFormat Format;
         Format.m_pszLabel = szLabel;
-        Format.m_crColor  = MakeColor(0, 0, 255);
+        Format.m_crColor  = MakeColour(0, 0, 255);
         Format.m_nWidth   = 2;
         Format.m_nStyle   = nStyle;
         REQUIRE(m_Plot.AddDataSet(2, nullptr, Y, &Format) == 1);
@@ -95,7 +95,7 @@ TEST_CASE("a sample goes from 10 pixels to three quarters of an inch with the se
     CHECK(Samples[0]->m_Points == cPoints{{110, 466 + 7}, {172, 466 + 7}});
     CHECK(Samples[0]->m_Pen.m_nStyle == 3);
     CHECK(Samples[0]->m_Pen.m_nWidth == 2);
-    CHECK(Samples[0]->m_Pen.m_crColor == MakeColor(0, 0, 255));
+    CHECK(Samples[0]->m_Pen.m_crColor == MakeColour(0, 0, 255));
 }
 
 TEST_CASE("columns are as wide as the widest of heading and rows")

@@ -47,9 +47,9 @@ public:
         return nWidth;
     }
 
-    void FillBox(const cRect &Rect, uint32_t crColor) override
+    void FillBox(const cRect &Rect, uint32_t crColour) override
     {
-        cCall &Call = Add(caBox, crColor);
+        cCall &Call = Add(caBox, crColour);
         Call.m_Rect = Rect;
     }
 
@@ -69,14 +69,14 @@ public:
     }
 
     void Polygons(const cPoint *pPoints, const int32_t *pCounts, size_t nPolygons,
-                  uint32_t crColor) override
+                  uint32_t crColour) override
     {
-        StoreAll(pPoints, pCounts, nPolygons, &Add(caPolygons, crColor));
+        StoreAll(pPoints, pCounts, nPolygons, &Add(caPolygons, crColour));
     }
 
-    void Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColor) override
+    void Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColour) override
     {
-        cCall &Call   = Add(caLabel, crColor);
+        cCall &Call   = Add(caLabel, crColour);
         Call.m_Points = {At};
         Call.m_nAlign = nAlign;
         Call.m_Text   = szText;
@@ -127,9 +127,9 @@ public:
     int                m_nInchY = 120;
 
 private:
-    cCall &Add(eCall nCall, uint32_t crColor)
+    cCall &Add(eCall nCall, uint32_t crColour)
     {
-        m_Calls.push_back({nCall, {}, {}, {0, 1, crColor}, {0, 0, 0, 0}, alLeft, ""});
+        m_Calls.push_back({nCall, {}, {}, {0, 1, crColour}, {0, 0, 0, 0}, alLeft, ""});
         return m_Calls.back();
     }
 

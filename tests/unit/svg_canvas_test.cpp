@@ -19,7 +19,7 @@ const std::string kHead =
     "font-family=\"Liberation Sans, Arial, Helvetica, sans-serif\" font-size=\"14\" "
     "xml:space=\"preserve\">\n";
 
-const uint32_t kOrange = MakeColor(255, 128, 0);
+const uint32_t kOrange = MakeColour(255, 128, 0);
 
 // What a drawing writes between head and end of the file.
 template <class cDraw> std::string Written(cDraw Draw)

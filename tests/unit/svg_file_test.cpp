@@ -41,7 +41,7 @@ TEST_CASE("an SVG file has the plot on its background, and the legend")
 {
     cSvgRig             Rig;
     cVantorPlotSettings Settings = Rig.m_Plot.Settings();
-    Settings.m_crBackground      = MakeColor(1, 2, 3);
+    Settings.m_crBackground      = MakeColour(1, 2, 3);
     Rig.m_Plot.ApplySettings(Settings);
 
     CHECK(Rig.Save("plot.svg") == 1);

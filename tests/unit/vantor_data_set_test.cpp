@@ -67,9 +67,9 @@ TEST_CASE("the five markers are numbered from 0")
 
 TEST_CASE("colours have red in their lowest byte")
 {
-    CHECK(MakeColor(255, 0, 0) == 0x0000FF);
-    CHECK(MakeColor(0, 255, 0) == 0x00FF00);
-    CHECK(MakeColor(0, 0, 255) == 0xFF0000);
+    CHECK(MakeColour(255, 0, 0) == 0x0000FF);
+    CHECK(MakeColour(0, 255, 0) == 0x00FF00);
+    CHECK(MakeColour(0, 0, 255) == 0xFF0000);
     CHECK(kWhite == 0xFFFFFF);
     CHECK(kBlack == 0);
 }

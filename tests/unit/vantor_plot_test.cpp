@@ -373,7 +373,7 @@ TEST_CASE("a set added whole takes its format within the tables")
     {
         cVantorLineFormat Format;
         Format.m_nGraphType = gtStoop;
-        Format.m_crColor    = MakeColor(1, 2, 3);
+        Format.m_crColor    = MakeColour(1, 2, 3);
         Format.m_nWidth     = Row.nWidth;
         Format.m_nStyle     = Row.nStyle;
         Format.m_pszLabel   = "speed";
@@ -483,7 +483,7 @@ TEST_CASE("replaced points keep the look of their set")
     const float       Y[]    = {5.0F, 4.0F, 6.0F};
     cVantorLineFormat Format;
     Format.m_nGraphType = gtScatter;
-    Format.m_crColor    = MakeColor(255, 0, 0);
+    Format.m_crColor    = MakeColour(255, 0, 0);
     Format.m_nWidth     = 3;
     Format.m_nStyle     = 2;
     Format.m_pszLabel   = "speed";
@@ -817,14 +817,14 @@ TEST_CASE("a set takes another look, and another label when one is given")
     REQUIRE(Rig.AddWhole(2, false) == 1);
     cVantorLineFormat Format;
     Format.m_nGraphType = gtStoop;
-    Format.m_crColor    = MakeColor(1, 2, 3);
+    Format.m_crColor    = MakeColour(1, 2, 3);
     Format.m_nWidth     = 9;
     Format.m_nStyle     = 5;
 
     CHECK(Rig.m_Plot.FormatDataSet(1, Format, 2.0F, -1.0F) == 1);
 
     CHECK(Rig.Set(1).m_nGraphType == gtStoop);
-    CHECK(Rig.Set(1).m_crColor == MakeColor(1, 2, 3));
+    CHECK(Rig.Set(1).m_crColor == MakeColour(1, 2, 3));
     CHECK(Rig.Set(1).m_nWidth == 4);
     CHECK(Rig.Set(1).m_nStyle == 0);
     CHECK(Rig.Set(1).m_fMultiplier == 2.0F);

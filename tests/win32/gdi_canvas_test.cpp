@@ -48,11 +48,11 @@ struct cPaperRig : cDrawnSheet
                                                : '?';
     }
 
-    int CountPixels(COLORREF crColor) const
+    int CountPixels(COLORREF crColour) const
     {
         int nCount = 0;
         for (int nPixel = 0; nPixel < Width() * Height(); nPixel++)
-            nCount += Pixel(nPixel % Width(), nPixel / Width()) == crColor;
+            nCount += Pixel(nPixel % Width(), nPixel / Width()) == crColour;
         return nCount;
     }
 };

@@ -39,7 +39,7 @@ public:
     {
         return kLetterWidth * static_cast<int>(strlen(szText));
     }
-    void Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColor) override
+    void Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColour) override
     {
         const int    nWidth   = TextWidth(szText);
         const int    nLeft    = At.m_nX - (nAlign == alLeft     ? 0
@@ -52,7 +52,7 @@ public:
                                  {nRight, nBottom},
                                  {nLeft, nBottom},
                                  {nLeft, At.m_nY}};
-        Polyline(Frame, 5, {0, 1, crColor});
+        Polyline(Frame, 5, {0, 1, crColour});
     }
 };
 

@@ -175,8 +175,8 @@ TEST_CASE("Reformat Plot judges its fields in their order and applies them all")
     CHECK(Graph.Caption() == "Reformat Plot");
     CHECK(Graph.IsCentred());
     CHECK(Graph.Text(IDC_TEXT_FONT) == "Change\nText Font\nor Color");
-    CHECK(Graph.Text(IDC_AXIS_COLOR) == "Change\nAxis\nColor");
-    CHECK(Graph.Text(IDC_BACKGROUND_COLOR) == "Change\nBackground\nColor");
+    CHECK(Graph.Text(IDC_AXIS_COLOUR) == "Change\nAxis\nColor");
+    CHECK(Graph.Text(IDC_BACKGROUND_COLOUR) == "Change\nBackground\nColor");
     CHECK(Graph.Text(IDC_HORZ_MIN) == "0");
     CHECK(Graph.Text(IDC_HORZ_MAX) == "2");
     CHECK_FALSE(Graph.IsChecked(IDC_HORZ_GRID));
@@ -289,13 +289,13 @@ TEST_CASE("Reformat Line shows each line's look, judges its fields and stores th
     CHECK(Graph.Caption() == "Reformat Line");
     CHECK(Graph.IsCentred());
     CHECK(Graph.Text(IDC_FORMATTED_LINE) == "1");
-    CHECK(Graph.Text(IDC_CHANGE_COLOR) == "Change\nColor");
+    CHECK(Graph.Text(IDC_CHANGE_COLOUR) == "Change\nColor");
     CHECK(Graph.Text(IDC_LINE_LABEL) == "first");
     CHECK(Graph.Text(IDC_LINE_WIDTH) == "1");
     CHECK(Graph.Text(IDC_MULTIPLIER) == "1");
     CHECK(Graph.Text(IDC_OFFSET) == "0");
     CHECK(Graph.IsChecked(IDC_TYPE_PLOT));
-    CHECK(Eventually(0xFF0000U, [&] { return Graph.ColorOf(IDC_LINE_COLOR); }) == 0xFF0000U);
+    CHECK(Eventually(0xFF0000U, [&] { return Graph.ColourOf(IDC_LINE_COLOUR); }) == 0xFF0000U);
     const std::string LineStyles   = "solid dash dot dash-dot dash-dot-dot ";
     const std::string MarkerStyles = "triangle square diamond vert line horz line ";
     CHECK(Graph.Items(IDC_LINE_STYLE) == LineStyles);
@@ -451,44 +451,44 @@ TEST_CASE("colours and the font are chosen in the platform's dialogs")
         REQUIRE(WaitFor([&] { return IsWindowEnabled(hFormer); }));
         Calculator.Settle();
     };
-    const auto ChooseColor = [&](int nButton, const char *szButton) {
-        const int  nBasicColors = 0x2D0;
-        const HWND hFormer      = Press(nButton);
-        RECT       Colors       = {};
-        GetWindowRect(Graph.Field(nBasicColors), &Colors);
-        Click({Colors.left + 3 * (Colors.right - Colors.left) / 16, Colors.top + 8});
+    const auto ChooseColour = [&](int nButton, const char *szButton) {
+        const int  nBasicColours = 0x2D0;
+        const HWND hFormer       = Press(nButton);
+        RECT       Colours       = {};
+        GetWindowRect(Graph.Field(nBasicColours), &Colours);
+        Click({Colours.left + 3 * (Colours.right - Colours.left) / 16, Colours.top + 8});
         Calculator.Settle();
-        Graph.PhotographDialog("graph-choose-color");
+        Graph.PhotographDialog("graph-choose-colour");
         End(hFormer, szButton);
     };
     const unsigned nYellow = 0xFFFF80;  // the second one of the first row
     Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
-    ChooseColor(IDC_CHANGE_COLOR, "Cancel");
-    CHECK(Eventually(0xFF0000U, [&] { return Graph.ColorOf(IDC_LINE_COLOR); }) == 0xFF0000U);
-    ChooseColor(IDC_CHANGE_COLOR, "OK");
-    CHECK(Eventually(nYellow, [&] { return Graph.ColorOf(IDC_LINE_COLOR); }) == nYellow);
-    Graph.PhotographDialog("graph-reformat-line-color");
+    ChooseColour(IDC_CHANGE_COLOUR, "Cancel");
+    CHECK(Eventually(0xFF0000U, [&] { return Graph.ColourOf(IDC_LINE_COLOUR); }) == 0xFF0000U);
+    ChooseColour(IDC_CHANGE_COLOUR, "OK");
+    CHECK(Eventually(nYellow, [&] { return Graph.ColourOf(IDC_LINE_COLOUR); }) == nYellow);
+    Graph.PhotographDialog("graph-reformat-line-colour");
     Calculator.Click("OK");
     Graph.Choose(gmEdit, IDM_DELETE_LINE);
-    CHECK(Eventually(nYellow, [&] { return Graph.ColorOf(IDC_DELETED_COLOR); }) == nYellow);
+    CHECK(Eventually(nYellow, [&] { return Graph.ColourOf(IDC_DELETED_COLOUR); }) == nYellow);
     Graph.Escape();
 
     Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
-    ChooseColor(IDC_BACKGROUND_COLOR, "OK");
+    ChooseColour(IDC_BACKGROUND_COLOUR, "OK");
     Calculator.Click("Cancel");
     Calculator.Settle();
-    CHECK(Eventually(0xFFFFFFU, [&] { return Graph.ColorAt(2, 2); }) == 0xFFFFFFU);
+    CHECK(Eventually(0xFFFFFFU, [&] { return Graph.ColourAt(2, 2); }) == 0xFFFFFFU);
 
     Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
-    ChooseColor(IDC_BACKGROUND_COLOR, "OK");
-    ChooseColor(IDC_AXIS_COLOR, "Cancel");
+    ChooseColour(IDC_BACKGROUND_COLOUR, "OK");
+    ChooseColour(IDC_AXIS_COLOUR, "Cancel");
     const HWND hFormer = Press(IDC_TEXT_FONT);
     Graph.PhotographDialog("graph-choose-font");
     End(hFormer, "OK");
     Calculator.Click("OK");
     Calculator.Settle();
-    CHECK(Eventually(nYellow, [&] { return Graph.ColorAt(2, 2); }) == nYellow);
-    Graph.Photograph().Save("graph-other-colors");
+    CHECK(Eventually(nYellow, [&] { return Graph.ColourAt(2, 2); }) == nYellow);
+    Graph.Photograph().Save("graph-other-colours");
 }
 
 TEST_CASE("a font that cannot be made leaves the plot its first one")

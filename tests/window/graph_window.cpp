@@ -67,7 +67,7 @@ cPicture cGraphWindow::Photograph() const
     return cPicture::OfScreen(RectOf(m_hWnd));
 }
 
-unsigned cGraphWindow::ColorAt(int x, int y) const
+unsigned cGraphWindow::ColourAt(int x, int y) const
 {
     WaitForPaint();
     return cPicture::OfScreen(RectOf(Plot())).At(x, y);
@@ -253,7 +253,7 @@ std::string cGraphWindow::Items(int nId) const
     return Items;
 }
 
-unsigned cGraphWindow::ColorOf(int nId) const
+unsigned cGraphWindow::ColourOf(int nId) const
 {
     WaitForPaint();
     const cPicture Picture = cPicture::OfScreen(RectOf(Field(nId)));

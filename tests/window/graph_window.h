@@ -38,7 +38,7 @@ public:
 
     // What it shows once everything has been painted.
     cPicture Photograph() const;
-    unsigned ColorAt(int x, int y) const;  // in the plot
+    unsigned ColourAt(int x, int y) const;  // in the plot
 
     // The plot without the frame: at once, and when all has been painted.
     cPicture LookAtPlot() const;
@@ -98,7 +98,7 @@ public:
     std::string Items(int nId) const;
 
     // The colour in the middle of a field.
-    unsigned ColorOf(int nId) const;
+    unsigned ColourOf(int nId) const;
 
     void PhotographDialog(const std::string &Name) const;
 

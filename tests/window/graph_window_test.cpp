@@ -447,5 +447,5 @@ TEST_CASE("the window is resized from the smallest to the whole screen")
         Calculator.Settle();
         Graph.Photograph().Save("graph-" + std::to_string(Size.x) + "x" + std::to_string(Size.y));
     }
-    CHECK(Graph.ColorAt(2, 2) == kWhite);
+    CHECK(Graph.ColourAt(2, 2) == kWhite);
 }

@@ -109,9 +109,9 @@ TEST_CASE("the graph's dialogs that the platform makes leave nothing behind")
         unsigned m_nCommand;
         int      m_nButton;
     } s_Buttons[] = {{IDM_REFORMAT_PLOT, IDC_TEXT_FONT},
-                     {IDM_REFORMAT_PLOT, IDC_AXIS_COLOR},
-                     {IDM_REFORMAT_PLOT, IDC_BACKGROUND_COLOR},
-                     {IDM_REFORMAT_LINE, IDC_CHANGE_COLOR}};
+                     {IDM_REFORMAT_PLOT, IDC_AXIS_COLOUR},
+                     {IDM_REFORMAT_PLOT, IDC_BACKGROUND_COLOUR},
+                     {IDM_REFORMAT_LINE, IDC_CHANGE_COLOUR}};
     for (const auto &Button : s_Buttons)
     {
         CAPTURE(Button.m_nButton);

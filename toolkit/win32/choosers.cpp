@@ -7,35 +7,35 @@
 namespace
 {
 
-const int kCustomColors = 16;
+const int kCustomColours = 16;
 
 // White until the user mixes some.
-struct cCustomColors
+struct cCustomColours
 {
-    cCustomColors() { std::fill(m_Colors, m_Colors + kCustomColors, RGB(255, 255, 255)); }
+    cCustomColours() { std::fill(m_Colours, m_Colours + kCustomColours, RGB(255, 255, 255)); }
 
-    COLORREF m_Colors[kCustomColors];
+    COLORREF m_Colours[kCustomColours];
 };
 
 }  // namespace
 
-int AskColor(HWND hOwner, COLORREF *pcrColor)
+int AskColour(HWND hOwner, COLORREF *pcrColour)
 {
-    static cCustomColors s_Custom;
+    static cCustomColours s_Custom;
 
-    cCustomColors Custom = s_Custom;
-    CHOOSECOLORA  Dialog = {};
-    Dialog.lStructSize   = sizeof Dialog;
-    Dialog.hwndOwner     = hOwner;
-    Dialog.rgbResult     = *pcrColor;
-    Dialog.lpCustColors  = Custom.m_Colors;
-    Dialog.Flags         = CC_RGBINIT | CC_ANYCOLOR;
+    cCustomColours Custom = s_Custom;
+    CHOOSECOLORA   Dialog = {};
+    Dialog.lStructSize    = sizeof Dialog;
+    Dialog.hwndOwner      = hOwner;
+    Dialog.rgbResult      = *pcrColour;
+    Dialog.lpCustColors   = Custom.m_Colours;
+    Dialog.Flags          = CC_RGBINIT | CC_ANYCOLOR;
 
     const cModalGuard Others(hOwner);
     if (!ChooseColorA(&Dialog))
         return 0;
-    s_Custom  = Custom;
-    *pcrColor = Dialog.rgbResult;
+    s_Custom   = Custom;
+    *pcrColour = Dialog.rgbResult;
     return 1;
 }
 

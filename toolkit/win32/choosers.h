@@ -5,10 +5,10 @@
 
 #include "toolkit/win32/win32.h"
 
-// Lets the user choose a colour, beginning with *pcrColor. 0, and nothing has
+// Lets the user choose a colour, beginning with *pcrColour. 0, and nothing has
 // changed, if he cancelled. The custom colours that he has mixed come back the
 // next time.
-int AskColor(HWND hOwner, COLORREF *pcrColor);
+int AskColour(HWND hOwner, COLORREF *pcrColour);
 
 // Lets the user choose a screen font and the colour of its text, beginning with
 // those handed in. 0, and nothing has changed, if he cancelled.
