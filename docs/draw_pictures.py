@@ -5,7 +5,7 @@ usage: draw_pictures.py [FOLDER]
 
 FOLDER is docs/manual/pictures unless given. The movements of the stack are
 drawn here; the face is put together from resources/bitmaps; the graphs are
-those of docs/pictures. Debian packages: python3-pil fonts-liberation
+those of examples/pictures. Debian packages: python3-pil fonts-liberation
 librsvg2-bin. The same tools write the same bytes every time.
 """
 
@@ -161,7 +161,7 @@ def face(path):
 
 def graph(name, path):
     subprocess.run(["rsvg-convert", "--width", "560", "--output", path,
-                    ROOT / "docs/pictures" / name], check=True)
+                    ROOT / "examples/pictures" / name], check=True)
     with Image.open(path) as picture:
         small = picture.convert("RGB").quantize(64, dither=Image.Dither.NONE)
     small.save(path, optimize=True)

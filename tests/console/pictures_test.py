@@ -1,4 +1,4 @@
-"""The pictures in docs/pictures and tests/golden: drawing them again gives the same
+"""The pictures in examples/pictures and tests/golden: drawing them again gives the same
 bytes. scripts/make-pictures rewrites them."""
 
 import os
@@ -41,13 +41,13 @@ class PicturesTest(ConsoleCase):
         self.assert_same("tests", "golden")
 
     def test_pictures_of_the_examples(self):
-        self.assert_same("docs", "pictures")
+        self.assert_same("examples", "pictures")
 
     def test_the_examples_show_each_of_their_pictures(self):
         with open(os.path.join(EXAMPLES, "README.md"), encoding="utf-8") as file:
             text = file.read()
-        for name in self.pictures(os.path.join(REPOSITORY, "docs", "pictures")):
-            self.assertIn("../docs/pictures/" + name, text)
+        for name in self.pictures(os.path.join(EXAMPLES, "pictures")):
+            self.assertIn("(pictures/" + name, text)
 
 
 if __name__ == "__main__":

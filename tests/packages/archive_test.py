@@ -7,7 +7,7 @@ import unittest
 import zipfile
 
 import package_case
-from package_case import examples, files, package, run, version, wine
+from package_case import broken_links, examples, files, package, run, version, wine
 
 PROGRAMS = ("Vorstek.exe", "vorstek-cli.exe")
 HELP_FILES = ("VORSTEK.chm", "cVantor.CHM", "HtmlHelp")
@@ -58,6 +58,10 @@ class ArchiveTest(unittest.TestCase):
         text = self.read("README.txt")
         self.assertTrue(text.startswith(f"Vorstek {version()}\r\n".encode()))
         self.assertEqual(text.count(b"\n"), text.count(b"\r\n"))
+
+    def test_the_page_about_the_examples_links_only_to_what_is_there(self):
+        held = {name: self.read(name) for name in self.held}
+        self.assertEqual(broken_links(held, "examples/README.md"), [])
 
     def test_all_files_have_one_date_which_the_programs_know_too(self):
         dates = {entry.date_time for entry in self.archive.infolist()}

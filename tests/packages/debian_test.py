@@ -9,7 +9,7 @@ import tempfile
 import unittest
 
 import package_case
-from package_case import ROOT, examples, files, package, run, version
+from package_case import ROOT, broken_links, examples, files, package, run, version
 
 DOCS = "usr/share/doc/vorstek-cli/"
 PAGE = "usr/share/man/man1/vorstek-cli.1.gz"
@@ -47,6 +47,9 @@ class DebianTest(unittest.TestCase):
                          sorted(["usr/bin/vorstek-cli", PAGE, *papers, *kept]))
         for name, data in kept.items():
             self.assertEqual(self.held[name], data, name)
+
+    def test_the_page_about_the_examples_links_only_to_what_is_there(self):
+        self.assertEqual(broken_links(self.held, DOCS + "examples/README.md"), [])
 
     def test_everybody_may_read_it_and_only_root_change_it(self):
         done = run("dpkg-deb", "--contents", self.deb)

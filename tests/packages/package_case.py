@@ -2,6 +2,7 @@
 of the packages and what else its own text says."""
 
 import pathlib
+import posixpath
 import re
 import subprocess
 import sys
@@ -10,7 +11,7 @@ import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 TIMEOUT = 240
-ARGUMENTS = []      # behind the folder
+ARGUMENTS = []      # after the folder
 
 
 def version():
@@ -41,10 +42,21 @@ def wine(*command, **options):
 
 
 def examples():
-    """Listings, data files and what describes them, by their paths."""
+    """Listings, data files, pictures and the page that describes them, by their
+    paths; commands.txt, from which the pictures are drawn, is not packed."""
     folder = ROOT / "examples"
     return {path.relative_to(folder.parent).as_posix(): path.read_bytes()
-            for path in folder.rglob("*") if path.is_file()}
+            for path in folder.rglob("*") if path.is_file() and path.name != "commands.txt"}
+
+
+def broken_links(held, name):
+    """The links of the page with this path that lead to none of the files held."""
+    folder = posixpath.dirname(name)
+    links = re.findall(r"\]\(([^)#:]+)\)", held[name].decode())
+    assert links, name
+    targets = {posixpath.normpath(posixpath.join(folder, link)): link for link in links}
+    return sorted(link for target, link in targets.items()
+                  if not any(path == target or path.startswith(target + "/") for path in held))
 
 
 def files(folder):
