@@ -106,6 +106,7 @@ class DebianTest(unittest.TestCase):
 
     def test_the_manual_shows_what_its_examples_print(self):
         text = self.manual()
+        self.assertIn(f"$ cd /{DOCS}examples\n", text)
         command = re.search(r"\$ vorstek-cli (run quadratic.*)", text)[1]
         printed = self.program(*command.split()).stdout.decode()
         self.assertIn(re.sub(r"\s+", " ", printed), re.sub(r"\s+", " ", text))
