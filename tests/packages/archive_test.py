@@ -7,7 +7,7 @@ import unittest
 import zipfile
 
 import package_case
-from package_case import broken_links, examples, files, package, run, version, wine
+from package_case import ROOT, broken_links, examples, files, package, run, version, wine
 
 PROGRAMS = ("Vorstek.exe", "vorstek-cli.exe")
 HELP_FILES = ("VORSTEK.chm", "cVantor.CHM", "HtmlHelp")
@@ -42,7 +42,7 @@ class ArchiveTest(unittest.TestCase):
         kept = examples() | built_help()
         for name in ("VORSTEK.chm", "cVantor.CHM", "HtmlHelp/Introduction.htm"):
             self.assertIn(name, kept)
-        self.assertEqual(sorted(self.held), sorted([*PROGRAMS, "README.txt", *kept]))
+        self.assertEqual(sorted(self.held), sorted([*PROGRAMS, "README.txt", "LICENSE.txt", *kept]))
         for name, data in kept.items():
             self.assertEqual(self.read(name), data, name)
 
@@ -58,6 +58,10 @@ class ArchiveTest(unittest.TestCase):
         text = self.read("README.txt")
         self.assertTrue(text.startswith(f"Vorstek {version()}\r\n".encode()))
         self.assertEqual(text.count(b"\n"), text.count(b"\r\n"))
+
+    def test_the_licence_is_a_text_of_windows(self):
+        licence = (ROOT / "LICENSE").read_bytes()
+        self.assertEqual(self.read("LICENSE.txt"), licence.replace(b"\n", b"\r\n"))
 
     def test_the_page_about_the_examples_links_only_to_what_is_there(self):
         held = {name: self.read(name) for name in self.held}

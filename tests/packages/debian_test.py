@@ -42,11 +42,21 @@ class DebianTest(unittest.TestCase):
 
     def test_it_holds_program_manual_examples_and_nothing_else(self):
         kept = {"usr/share/doc/vorstek-cli/" + name: data for name, data in examples().items()}
-        papers = [DOCS + name for name in ("changelog.gz", "console.md", "copyright")]
+        papers = [DOCS + name for name in ("changelog.gz", "console.md", "copyright", "LICENSE")]
         self.assertEqual(sorted(self.held),
                          sorted(["usr/bin/vorstek-cli", PAGE, *papers, *kept]))
         for name, data in kept.items():
             self.assertEqual(self.held[name], data, name)
+
+    def test_the_copyright_file_contains_the_licence(self):
+        licence = (ROOT / "LICENSE").read_bytes()
+        self.assertEqual(self.held[DOCS + "LICENSE"], licence)
+        title, notice, terms = licence.decode().split("\n\n", 2)
+        copyright_file = self.held[DOCS + "copyright"].decode()
+        self.assertIn("Copyright: " + notice.removeprefix("Copyright (c) "), copyright_file)
+        self.assertIn(title, copyright_file)
+        wanted = "".join(f" {line or '.'}\n" for line in terms.splitlines())
+        self.assertTrue(copyright_file.endswith("\nLicense: Expat\n" + wanted), copyright_file)
 
     def test_the_page_about_the_examples_links_only_to_what_is_there(self):
         self.assertEqual(broken_links(self.held, DOCS + "examples/README.md"), [])

@@ -37,7 +37,7 @@ class InstallTest(unittest.TestCase):
         examples = {path.relative_to(ROOT).as_posix() for path in (ROOT / "examples").rglob("*")
                     if path.is_file() and path.name != "commands.txt"}
         self.assertEqual(self.installed("there"), {
-            "bin/vorstek-cli", "share/man/man1/vorstek-cli.1", DOCS + "console.md",
+            "bin/vorstek-cli", "share/man/man1/vorstek-cli.1", DOCS + "console.md", DOCS + "LICENSE",
             *(DOCS + name for name in examples)})
 
     def test_the_installed_program_runs(self):

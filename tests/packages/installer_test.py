@@ -1,5 +1,5 @@
 """The installer, in a Windows of its own under Wine:
-installer_test.py PACKAGES START-SHORTCUT.EXE"""
+installer_test.py PACKAGES START-SHORTCUT.EXE READ-SETUP.EXE"""
 
 import os
 import pathlib
@@ -158,6 +158,13 @@ class InstallerTest(unittest.TestCase):
         self.uninstall()
         self.assert_nothing_left()
 
+    def test_the_first_page_shows_the_licence(self):
+        done = wine(package_case.ARGUMENTS[2], f"Z:{package('vorstek-VERSION-setup.exe')}")
+        self.assertEqual(done.returncode, 0, done.stdout)
+        self.assertEqual(done.stdout.decode().split(), (ROOT / "LICENSE").read_text().split())
+        self.assertFalse(self.folder.exists())
+        self.assert_nothing_left()
+
     def test_entries_for_listings_come_when_chosen_stay_with_an_update_and_go(self):
         self.install("/LISTINGS")
         cli = windows_name(self.folder / "vorstek-cli.exe")
@@ -217,4 +224,4 @@ class InstallerTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    package_case.main(2)
+    package_case.main(3)

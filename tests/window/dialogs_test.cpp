@@ -272,6 +272,8 @@ TEST_CASE("the About box tells what the program is")
     };
     CHECK(Has({"Static", -1, "VORSTEK.EXE"}) == 1);
     CHECK(Has({"Static", -1, "version 2.0"}) == 1);
+    CHECK(Has({"Static", -1, "Copyright (c) 2026 The Vorstek authors"}) == 1);
+    CHECK(Has({"Static", -1, "Free software under the MIT License"}) == 1);
     CHECK(Has({"Button", 1, "OK"}) == 1);
     Calculator.PhotographScreen().Save("about");
     Calculator.Click("OK");

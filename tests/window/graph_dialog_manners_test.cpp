@@ -18,6 +18,9 @@ TEST_CASE("the about box of the graph")
 
     CHECK(Graph.Caption() == "About cVantor...");
     CHECK(Graph.IsCentred());
+    for (const char *szLine :
+         {"Copyright (c) 2026 The Vorstek authors", "Free software under the MIT License"})
+        CHECK(FindWindowExA(Calculator.Dialog(), nullptr, "Static", szLine));
     Graph.PhotographDialog("graph-about");
     Calculator.Click("OK");
     CHECK_FALSE(Calculator.HasDialog());

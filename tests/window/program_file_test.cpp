@@ -57,6 +57,7 @@ TEST_CASE("the properties of both programs show product and version")
         CHECK(VersionText(Info, "ProductVersion") == "2.0");
         CHECK(VersionText(Info, "FileVersion") == "2.0");
         CHECK(VersionText(Info, "FileDescription") == Row.m_szDescription);
+        CHECK(VersionText(Info, "LegalCopyright") == "Copyright (c) 2026 The Vorstek authors");
         CHECK(VersionText(Info, "InternalName") == Row.m_szName);
         CHECK(VersionText(Info, "OriginalFilename") == std::string(Row.m_szName) + ".exe");
 
