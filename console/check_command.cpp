@@ -1,5 +1,5 @@
-// check_command.cpp - vorstek-cli check: the loader's findings as compilers
-// print theirs.
+// check_command.cpp - vorstek-cli check: prints the loader's findings in the
+// format of a compiler.
 
 #include <algorithm>
 #include <ostream>
@@ -8,7 +8,7 @@
 #include "console/console.h"
 #include "console/headless_host.h"
 
-// Prints the loader's boxes and answers them so that it goes on.
+// Prints the loader's boxes and answers them so that loading continues.
 class cCheckHost : public cHeadlessHost
 {
 public:
@@ -25,13 +25,13 @@ public:
     unsigned        m_nFindings;
 };
 
-// Everything in front of the message's own line number.
+// The message up to its own line number.
 static std::string Finding(const std::string &Text)
 {
     return Text.substr(0, Text.find(" on line "));
 }
 
-// The error icon marks a file that cannot be opened, which is no finding.
+// The error icon marks a file that cannot be opened, which is not a finding.
 eAnswer cCheckHost::Ask(const char *szText, const char *, eButtons nButtons, eIcon nIcon)
 {
     if (nIcon == icError)
@@ -62,7 +62,7 @@ int CheckCommand(const std::vector<std::string> &Arguments, const cStreams &Stre
     if (!TakeFileNames(Arguments, &Names, &Error))
         return ReportUsage(Streams, Error);
     if (Names.empty())
-        return ReportUsage(Streams, "check wants the file names of programs");
+        return ReportUsage(Streams, "check needs the file name of at least one program");
     int nExitCode = kExitDone;
     for (const std::string &FileName : Names)
         nExitCode = std::max(nExitCode, CheckFile(FileName, Streams));

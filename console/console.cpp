@@ -7,30 +7,30 @@
 #include "console/arguments.h"
 
 static const char *const kUsage =
-    "usage: vorstek-cli run PROGRAM.txt [options]    run a listing, print the stack\n"
-    "       vorstek-cli check PROGRAM.txt...         check listings without running them\n"
-    "       vorstek-cli script [FILE]                key by key, JSON Lines out\n"
+    "usage: vorstek-cli run PROGRAM.txt [options]        run a program, print the stack\n"
+    "       vorstek-cli check PROGRAM.txt...             check programs without running them\n"
+    "       vorstek-cli script [FILE]                    press keys, print events as JSON\n"
     "       vorstek-cli plot DATA.txt OUT.svg [options]  draw a data file\n"
-    "       vorstek-cli gif IN.bmp OUT.gif [options] turn a picture into a GIF file\n"
+    "       vorstek-cli gif IN.bmp OUT.gif [options]     convert a picture to GIF\n"
     "\n"
     "options of run:\n"
-    "  --x V  --y V  --z V  --t V   the stack before the start\n"
-    "  --reg N=V                    register N (0 to 29) before the start\n"
+    "  --x V  --y V  --z V  --t V   set the stack before the start\n"
+    "  --reg N=V                    set register N (0 to 29) before the start\n"
     "  --label N                    start at label N (0 to 9), as GSB N does\n"
     "  --trace FILE                 write a trace of the executed lines\n"
-    "  --graph FILE.txt             write what the program drew\n"
-    "  --graph FILE.svg             draw it\n"
+    "  --graph FILE.txt             write the points that the program drew\n"
+    "  --graph FILE.svg             write them as a picture\n"
     "  --max-lines N                halt after N executed lines\n"
-    "  --registers                  print the registers that are not zero, too\n"
-    "  --json                       print the whole state as one JSON object\n"
-    "  --realtime                   let PAUSE wait for its second\n"
+    "  --registers                  also print the registers that are not zero\n"
+    "  --json                       print the complete state as one JSON object\n"
+    "  --realtime                   let PAUSE wait for one second\n"
     "\n"
     "options of plot:\n"
-    "  --title T  --label T         texts above and below instead of the file's\n"
+    "  --title T  --label T         title and axis label, instead of the file's\n"
     "  --type TYPE                  plot, stairstep, scatter or stoop\n"
     "  --grid                       grid lines instead of ticks\n"
-    "  --no-legend                  leave the legend out\n"
-    "  --size WxH                   pixels, 640x480 if not given\n"
+    "  --no-legend                  omit the legend\n"
+    "  --size WxH                   size in pixels, default 640x480\n"
     "\n"
     "options of gif:\n"
     "  --options \"ilace xscreen=N yscreen=N xpos=N ypos=N background=N transcol=N|edge\"\n"
@@ -44,8 +44,8 @@ int ReportUsage(const cStreams &Streams, const std::string &Text)
     return kExitUsage;
 }
 
-// Wherever it stands, as somebody who looks for help may have begun to type;
-// a name like this one goes behind "--".
+// Anywhere in the command line, because you may think of it late; a file of this
+// name needs "--" before it.
 static int AsksForHelp(const std::vector<std::string> &Arguments)
 {
     const auto End = std::find(Arguments.begin(), Arguments.end(), kEndOfOptions);
@@ -85,7 +85,7 @@ static int FindAndRun(const std::vector<std::string> &Arguments, const cStreams 
     return ReportUsage(Streams, "unknown command '" + Name + "' (see vorstek-cli --help)");
 }
 
-// The message is a literal, as there may be no memory to compose one.
+// The message is a literal, because there may be no memory to compose one.
 int RunConsole(const std::vector<std::string> &Arguments, const cStreams &Streams)
 {
     try

@@ -1,5 +1,5 @@
 // console.h - vorstek-cli: the calculator in a terminal, a script or a build
-// server. No rule of the calculator lives here.
+// server. It adds no rules to the calculator.
 
 #ifndef CONSOLE_CONSOLE_H
 #define CONSOLE_CONSOLE_H
@@ -21,11 +21,11 @@ struct cStreams
     std::ostream *m_pErr;
 };
 
-// Runs the command that the arguments (without the program's name) ask for;
-// returns the exit code. Memory that runs out ends the command with kExitUsage.
+// Runs the command given by the arguments (without the program's name); returns
+// the exit code. Running out of memory ends the command with kExitUsage.
 int RunConsole(const std::vector<std::string> &Arguments, const cStreams &Streams);
 
-// The commands; Arguments are those behind the command's name.
+// The commands; Arguments are those after the command's name.
 int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
 int PlotCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
 int CheckCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);

@@ -1,5 +1,5 @@
-// gif_command.cpp - vorstek-cli gif: a BMP file becomes a GIF file, as the
-// graph's export makes one.
+// gif_command.cpp - vorstek-cli gif: converts a BMP file to a GIF file, with the
+// encoder of the graph's export.
 
 #include <cstdint>
 #include <cstdio>
@@ -28,7 +28,7 @@ struct cGifArguments
     std::string m_Options;
 };
 
-// 1, or 0 with what is wrong, in one line.
+// 1, or 0 with a one-line error.
 int ParseGifArguments(const std::vector<std::string> &Arguments, cGifArguments *pParsed,
                       std::string *pError)
 {
@@ -42,7 +42,7 @@ int ParseGifArguments(const std::vector<std::string> &Arguments, cGifArguments *
         {
             if (++i == Arguments.size())
             {
-                *pError = "--options wants a value";
+                *pError = "--options needs a value";
                 return 0;
             }
             pParsed->m_Options = Arguments[i];
@@ -57,7 +57,7 @@ int ParseGifArguments(const std::vector<std::string> &Arguments, cGifArguments *
     }
     if (Names.size() != 2)
     {
-        *pError = "gif wants the names of a BMP file and of a GIF file";
+        *pError = "gif needs two file names, a BMP file and a GIF file";
         return 0;
     }
     pParsed->m_Bmp = Names[0];
@@ -65,7 +65,7 @@ int ParseGifArguments(const std::vector<std::string> &Arguments, cGifArguments *
     return 1;
 }
 
-// 1, or 0 with what is wrong, in one line.
+// 1, or 0 with a one-line error.
 int ReadPicture(const std::string &Name, cBmpPicture *pPicture, std::string *pError)
 {
     typedef std::unique_ptr<FILE, int (*)(FILE *)> cOpenFile;
@@ -109,7 +109,7 @@ int GifCommand(const std::vector<std::string> &Arguments, const cStreams &Stream
     if (!ParseGifArguments(Arguments, &Parsed, &Error))
         return ReportUsage(Streams, Error);
     {
-        // The picture is given back before the encoder wants memory.
+        // The picture is released before the encoder allocates memory.
         cBmpPicture Picture;
         if (!ReadPicture(Parsed.m_Bmp, &Picture, &Error))
             return ReportUsage(Streams, Error);

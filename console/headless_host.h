@@ -1,6 +1,6 @@
-// headless_host.h - a calculator without a window: the boxes beside the face
-// exist in memory, nothing is painted, the graph is a data model. Each command
-// derives from it what it wants to hear of.
+// headless_host.h - a calculator without a window: listing and registers are in
+// memory, nothing is painted, and the graph is only its data. Each command
+// overrides the operations that matter to it.
 
 #ifndef CONSOLE_HEADLESS_HOST_H
 #define CONSOLE_HEADLESS_HOST_H
@@ -15,7 +15,7 @@ class cHeadlessHost : public cVorstekHost
 public:
     cHeadlessHost();
 
-    // Nobody hears, sees or chooses anything.
+    // These do nothing, or only note what was asked.
     void     PostQuit(int nExitCode) override;
     void     StartSound(unsigned nId) override;
     void     DrawDisplay(const cDisplay &Display) override;
@@ -36,7 +36,7 @@ public:
     int         m_bListingShown;
     int         m_bRegistersShown;
     int         m_bGraphShown;
-    int         m_bQuit;  // the calculator has asked to end
+    int         m_bQuit;  // the calculator has asked to quit
 };
 
 // An engine with its boxes. The host is built first and outlives it.

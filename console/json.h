@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-// A quoted text in UTF-8; each byte that is no part of a valid sequence
-// appears as U+FFFD.
+// A quoted text in UTF-8; each byte that is not part of a valid sequence becomes
+// U+FFFD.
 void AppendJsonText(std::string *pJson, std::string_view Text);
 
 // A number that reads back to the same value: 5, 0.1, -0.0, 1e+22. A NaN is
@@ -27,12 +27,12 @@ public:
     cJsonList(const cJsonList &)            = delete;
     cJsonList &operator=(const cJsonList &) = delete;
 
-    // Starts the next element, or the next member; returns where its value
-    // goes.
+    // Starts the next element, or the next member; returns the string to which
+    // its value is appended.
     std::string *Next();
     std::string *Key(std::string_view Name);
 
-    // Whole members.
+    // Complete members.
     void Text(std::string_view Name, std::string_view Value);
     void Number(std::string_view Name, double dValue);
 

@@ -3,9 +3,9 @@
 
 #include "console/console.h"
 
-// A standard stream that was closed by the caller leaves its number to the next
-// file that is opened, and what is printed would end in that file. Three
-// streams that accept nothing take such numbers away.
+// If the caller closed a standard stream, the next file that is opened gets its
+// number, and printed text would end up in that file. Three streams that accept
+// nothing occupy such numbers.
 static void OccupyClosedStreams()
 {
     static FILE *s_pStreams[3];

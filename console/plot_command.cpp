@@ -1,11 +1,11 @@
-// plot_command.cpp - vorstek-cli plot: a data file becomes a picture.
+// plot_command.cpp - vorstek-cli plot: draws a data file as a picture.
 
 #include "console/console.h"
 #include "console/plot_options.h"
 #include "graph/graph_file_commands.h"
 #include "graph/svg_file.h"
 
-// The exit code tells of a failure; questions are answered with Cancel.
+// The exit code reports a failure; questions are answered with Cancel.
 class cQuietBoxes : public cMessageBoxes
 {
 public:
@@ -16,7 +16,7 @@ public:
     void PostQuit(int) override {}
 };
 
-// Everything that the automatic range depends on comes before the data.
+// The settings that determine the automatic range, before the data is loaded.
 static void SetUp(const cPlotOptions &Options, cVantorPlot *pPlot)
 {
     pPlot->SetClientSize(Options.m_nWidth, Options.m_nHeight);
@@ -24,7 +24,7 @@ static void SetUp(const cPlotOptions &Options, cVantorPlot *pPlot)
     pPlot->SetGrid(Options.m_bGrid, Options.m_bGrid);
 }
 
-// Texts and type that were asked for take the place of those of the file.
+// Texts and type given as options replace those of the file.
 static void Reformat(const cPlotOptions &Options, cVantorPlot *pPlot)
 {
     if (Options.m_Title)

@@ -2,10 +2,10 @@
 
 #include "console/arguments.h"
 
-// Each takes an option's value; 0 if it is not acceptable.
+// Each stores an option's value; 0 if the value is invalid.
 typedef int (*cTakeValue)(cPlotOptions *, const std::string &);
 
-// What the plot has room for.
+// At most as long as the plot's buffer.
 static int IsPlotText(const std::string &Value)
 {
     return Value.size() < kPlotText;
@@ -86,7 +86,7 @@ static int TakeFlag(const std::string &Name, cPlotOptions *pOptions)
     return 1;
 }
 
-// Takes the option at *pnAt with its value; *pnAt then is at the value.
+// Stores the option at *pnAt and its value; advances *pnAt to the value.
 static int TakeOption(const std::vector<std::string> &Arguments, size_t *pnAt,
                       cPlotOptions *pOptions, std::string *pError)
 {
@@ -97,14 +97,14 @@ static int TakeOption(const std::vector<std::string> &Arguments, size_t *pnAt,
             continue;
         if (++*pnAt < Arguments.size() && Row.m_pTake(pOptions, Arguments[*pnAt]))
             return 1;
-        *pError = Name + " wants " + Row.m_szWanted;
+        *pError = Name + " needs " + Row.m_szWanted;
         return 0;
     }
     *pError = UnknownOption(Name);
     return 0;
 }
 
-// The first name is that of the data, the second that of the picture.
+// The first name is the data file, the second the picture.
 static int TakeFileName(const std::string &Word, cPlotOptions *pOptions, std::string *pError)
 {
     if (pOptions->m_DataFile.empty())
@@ -113,7 +113,7 @@ static int TakeFileName(const std::string &Word, cPlotOptions *pOptions, std::st
         pOptions->m_PictureFile = Word;
     else
     {
-        *pError = "plot takes one data file and one picture, not '" + Word + "' too";
+        *pError = "unexpected argument '" + Word + "': plot takes one data file and one picture";
         return 0;
     }
     return 1;
@@ -138,6 +138,6 @@ int ParsePlotOptions(const std::vector<std::string> &Arguments, cPlotOptions *pO
     }
     if (!pOptions->m_PictureFile.empty())
         return 1;
-    *pError = "plot wants the file names of data and picture";
+    *pError = "plot needs two file names, a data file and a picture";
     return 0;
 }

@@ -1,4 +1,4 @@
-// plot_options.h - what stands behind "vorstek-cli plot".
+// plot_options.h - the arguments of "vorstek-cli plot".
 
 #ifndef CONSOLE_PLOT_OPTIONS_H
 #define CONSOLE_PLOT_OPTIONS_H
@@ -10,15 +10,15 @@
 
 #include "graph/vantor_plot.h"
 
-// The coordinates of a drawn point are within the 16 bits of the platform's
-// drawing calls; a picture is no larger.
+// Coordinates of drawn points fit the 16 bits of the platform's drawing
+// functions; no picture is larger.
 const int kMostPictureSize = 16383;
 
 struct cPlotOptions
 {
     std::string                m_DataFile;
     std::string                m_PictureFile;
-    std::optional<std::string> m_Title;  // else that of the file
+    std::optional<std::string> m_Title;  // default: the file's
     std::optional<std::string> m_Label;
     uint32_t                   m_nType   = gtPlot;
     int                        m_bGrid   = 0;
@@ -27,7 +27,7 @@ struct cPlotOptions
     int                        m_nHeight = kPlotHeight;
 };
 
-// 1, or 0 with what is wrong, in one line.
+// 1, or 0 with a one-line error.
 int ParsePlotOptions(const std::vector<std::string> &Arguments, cPlotOptions *pOptions,
                      std::string *pError);
 

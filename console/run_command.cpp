@@ -35,11 +35,11 @@ public:
     int                m_bSaving;  // the graph; a failure is reported in one line
     std::string        m_SavingText;
     int                m_nBoxes;   // shown so far
-    uint64_t           m_nLines;   // after which the program still ran
+    uint64_t           m_nLines;   // executed without ending the program
     int                m_bHalted;  // by the limit of lines
 };
 
-// While loading only the first box is of interest: the load is given up.
+// While loading, only the first box matters: it ends the command.
 eAnswer cRunHost::Ask(const char *szText, const char *, eButtons nButtons, eIcon)
 {
     if (m_bSaving)
@@ -60,8 +60,8 @@ int cRunHost::DrainMessages()
     return cHeadlessHost::DrainMessages();
 }
 
-// JSON keeps standard output for itself. A program that writes where nothing
-// arrives any more is halted.
+// With JSON, standard output is reserved for the object. A program whose output
+// can no longer be written is halted.
 void cRunHost::Pause(unsigned nMilliseconds)
 {
     std::ostream *const pOut = m_pOptions->m_bJson ? m_Streams.m_pErr : m_Streams.m_pOut;
@@ -157,7 +157,8 @@ static int SaveGraph(cRunHost *pHost, const cRunOptions &Options)
 {
     const std::string &Name = Options.m_GraphFile;
     if (pHost->m_Plot.Count() == 0)
-        return ReportUsage(pHost->m_Streams, "nothing was drawn that '" + Name + "' could hold");
+        return ReportUsage(pHost->m_Streams,
+                           "'" + Name + "' was not written: the program drew nothing");
     pHost->m_bSaving = 1;
     if (!WriteGraph(pHost, Options))
         return ReportUnwritable(*pHost, Name);
@@ -209,6 +210,6 @@ int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Stream
     if (Calculator.m_Engine.IsTraceLost())
         return ReportUnwritable(Host, Options.m_TraceFile);
     if (Options.m_GraphFile.empty() || (nExitCode != kExitDone && Host.m_Plot.Count() == 0))
-        return nExitCode;  // a program cut short need not have drawn
+        return nExitCode;  // a program that was cut short may have drawn nothing
     return SaveGraph(&Host, Options) == kExitDone ? nExitCode : kExitUsage;
 }

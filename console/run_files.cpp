@@ -17,7 +17,7 @@ namespace
 
 struct cNamedFile
 {
-    const char *m_szRole;  // as the usage calls it
+    const char *m_szRole;  // as in the usage text
     std::string m_Name;
 };
 
@@ -36,7 +36,7 @@ std::vector<cNamedFile> FilesOf(const cRunOptions &Options)
     return Files;
 }
 
-// Links to folders are followed as far as there is something.
+// Follows links to folders as far as the path exists.
 fs::path WholePath(const fs::path &Path)
 {
     std::error_code Error;
@@ -56,7 +56,7 @@ int IsSameFile(const std::string &Name, const std::string &Other)
     return !Whole.empty() && Whole == WholePath(OtherPath);
 }
 
-// The log is written in place.
+// The log is overwritten in place.
 int IsTraceWritable(const std::string &Name)
 {
     typedef std::unique_ptr<FILE, int (*)(FILE *)> cOpenFile;
@@ -71,8 +71,8 @@ int IsTraceWritable(const std::string &Name)
     return bMade;
 }
 
-// A graph is made beside its old file. One that is begun and given up at once
-// meets with the same refusals as the one that is saved after the run.
+// A graph is written next to its old file. Opening one and discarding it at once
+// fails in the same cases as saving it after the run.
 int IsGraphWritable(const std::string &Name)
 {
     cReplacementFile File;

@@ -1,5 +1,4 @@
-// run_files.h - the files that "vorstek-cli run" is given, looked at before
-// anything runs.
+// run_files.h - validates the files of "vorstek-cli run" before anything runs.
 
 #ifndef CONSOLE_RUN_FILES_H
 #define CONSOLE_RUN_FILES_H
@@ -8,13 +7,13 @@
 
 #include "console/run_options.h"
 
-// 1 if the program, the trace, its backup and the graph are files of their own,
-// so that none is lost under another; else 0 with what is wrong, in one line.
+// 1 if the program, the trace, its backup and the graph are different files, so
+// that none overwrites another; else 0 with a one-line error.
 int AreFilesApart(const cRunOptions &Options, std::string *pError);
 
-// 1 if the trace and the graph can be written, as far as this can be told now;
-// else 0 with what is wrong, in one line. What exists keeps its content, and
-// nothing new stays behind but the target of a link that led nowhere.
+// 1 if the trace and the graph can be written, as far as this can be known in
+// advance; else 0 with a one-line error. Existing files keep their content. The
+// only new file that may remain is the target of a dangling link.
 int AreFilesWritable(const cRunOptions &Options, std::string *pError);
 
 #endif

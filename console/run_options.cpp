@@ -4,7 +4,7 @@
 #include "engine/vorstek_state.h"
 #include "toolkit/dbg_file.h"
 
-// Each takes an option's value; 0 if it is not acceptable.
+// Each stores an option's value; 0 if the value is invalid.
 typedef int (*cTakeValue)(cRunOptions *, const std::string &);
 
 template <unsigned nLevel> static int TakeLevel(cRunOptions *pOptions, const std::string &Value)
@@ -97,7 +97,7 @@ static int TakeFlag(const std::string &Name, cRunOptions *pOptions)
     return 0;
 }
 
-// Takes the option at *pnAt with its value; *pnAt then is at the value.
+// Stores the option at *pnAt and its value; advances *pnAt to the value.
 static int TakeOption(const std::vector<std::string> &Arguments, size_t *pnAt,
                       cRunOptions *pOptions, std::string *pError)
 {
@@ -108,7 +108,7 @@ static int TakeOption(const std::vector<std::string> &Arguments, size_t *pnAt,
             continue;
         if (++*pnAt < Arguments.size() && Row.m_pTake(pOptions, Arguments[*pnAt]))
             return 1;
-        *pError = Name + " wants " + Row.m_szWanted;
+        *pError = Name + " needs " + Row.m_szWanted;
         return 0;
     }
     *pError = UnknownOption(Name);
@@ -133,12 +133,12 @@ int ParseRunOptions(const std::vector<std::string> &Arguments, cRunOptions *pOpt
             pOptions->m_Program = Word;
         else
         {
-            *pError = "run takes one program, not '" + Word + "' too";
+            *pError = "unexpected argument '" + Word + "': run takes one program";
             return 0;
         }
     }
     if (!pOptions->m_Program.empty())
         return 1;
-    *pError = "run wants the file name of a program";
+    *pError = "run needs the file name of a program";
     return 0;
 }

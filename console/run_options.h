@@ -1,4 +1,4 @@
-// run_options.h - what stands behind "vorstek-cli run".
+// run_options.h - the arguments of "vorstek-cli run".
 
 #ifndef CONSOLE_RUN_OPTIONS_H
 #define CONSOLE_RUN_OPTIONS_H
@@ -23,7 +23,7 @@ struct cRunOptions
     int                                      m_bRealtime    = 0;
 };
 
-// 1, or 0 with what is wrong, in one line.
+// 1, or 0 with a one-line error.
 int ParseRunOptions(const std::vector<std::string> &Arguments, cRunOptions *pOptions,
                     std::string *pError);
 

@@ -1,4 +1,5 @@
-// script_command.cpp - vorstek-cli script: one command a line, JSON Lines out.
+// script_command.cpp - vorstek-cli script: reads one command per line, writes
+// JSON Lines.
 
 #include <fstream>
 #include <istream>
@@ -19,7 +20,7 @@ class cScript
 public:
     explicit cScript(std::ostream *pOut);
 
-    // Carries out a line; 0 if it is no command.
+    // Executes a line; 0 if it is not a command.
     int Perform(const std::string &Line);
 
     void ReportBad(unsigned nLine, const std::string &Text);
@@ -71,7 +72,7 @@ static void SplitCommand(const std::string &Line, std::string *pWord, std::strin
     *pRest              = nBlank == std::string::npos ? "" : Line.substr(nBlank + 1);
 }
 
-// Any key code is passed on; one beyond 32 bits as the largest.
+// Every key code is passed on; one beyond 32 bits as the largest.
 static int ParseKeyCode(const std::string &Text, unsigned *pnKeyCode)
 {
     uint64_t nValue;
@@ -82,15 +83,15 @@ static int ParseKeyCode(const std::string &Text, unsigned *pnKeyCode)
     return 1;
 }
 
-// The whole rest of a line. No file has a zero in its name, and the name in
-// front of it would be another file's.
+// The rest of a line. File names contain no NUL; the text before one would name
+// another file.
 static int ParseFileName(const std::string &Rest, std::string *pName)
 {
     *pName = TrimBlanks(Rest);
     return !pName->empty() && pName->find('\0') == std::string::npos;
 }
 
-// "\r" stands for Enter, "\e" for Escape.
+// "\r" is Enter, "\e" is Escape.
 static std::string UnescapeText(const std::string &Text)
 {
     std::string Plain;
@@ -140,7 +141,7 @@ cScript::cScript(std::ostream *pOut) : m_pOut(pOut)
     Restart();
 }
 
-// The calculator goes before the host that it speaks to.
+// The calculator is destroyed before the host that it uses.
 void cScript::Restart()
 {
     m_pCalculator.reset();
@@ -263,7 +264,7 @@ int cScript::OnOption(const std::string &Rest)
     {
         const char *m_szName;
         int cOptions::*m_pOption;
-        int            m_bOn;  // value that "on" stands for
+        int            m_bOn;  // value for "on"
     } s_Options[] = {{"sound", &cOptions::m_bSoundOff, 0},
                      {"trace", &cOptions::m_bTrace, 1},
                      {"keep-listing", &cOptions::m_bKeepListingOpen, 1},
@@ -350,7 +351,7 @@ int cScript::OnState(const std::string &Rest)
     return 1;
 }
 
-// Goes on while it is heard; InputName is for the message.
+// Continues while output can be written; InputName is for the message.
 static int RunScript(std::istream *pIn, const std::string &InputName, const cStreams &Streams)
 {
     cScript     Script(Streams.m_pOut);
@@ -377,7 +378,7 @@ int ScriptCommand(const std::vector<std::string> &Arguments, const cStreams &Str
     if (!TakeFileNames(Arguments, &Names, &Error))
         return ReportUsage(Streams, Error);
     if (Names.size() > 1)
-        return ReportUsage(Streams, "script takes one file at the most");
+        return ReportUsage(Streams, "script takes at most one file");
     if (Names.empty())
         return RunScript(Streams.m_pIn, "standard input", Streams);
     const std::string Quoted = "'" + Names.front() + "'";

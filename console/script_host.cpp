@@ -17,7 +17,7 @@ void cScriptHost::WriteLine(const std::string &Json)
     *m_pOut << Json << "\n" << std::flush;
 }
 
-// Which answers a box has, best first for a script that queued none.
+// The answers of a box, in the order used when the queue is empty.
 static std::vector<eAnswer> AnswersOf(eButtons nButtons)
 {
     switch (nButtons)
@@ -33,7 +33,7 @@ static std::vector<eAnswer> AnswersOf(eButtons nButtons)
     }
 }
 
-// An answer that the box does not have is used up all the same.
+// An answer that the box does not have is also removed from the queue.
 eAnswer cScriptHost::NextAnswer(eButtons nButtons)
 {
     const std::vector<eAnswer> Possible = AnswersOf(nButtons);
@@ -113,8 +113,8 @@ void cScriptHost::DeliverAfter(uint64_t nLine, const cScriptEvent &Event)
     m_Later.insert({{m_pEngine->RunNumber() + 1, nLine}, Event});
 }
 
-// Moves the events that are due now behind those that wait already. Those of
-// a moment that has passed unreached are dropped.
+// Appends the events that are due now to those that are waiting, and drops those
+// whose moment was never reached.
 void cScriptHost::TakeDueEvents()
 {
     const cMoment Now(m_nRun, m_nLines);
@@ -126,8 +126,8 @@ void cScriptHost::TakeDueEvents()
     }
 }
 
-// Once the program is halted, what is left waits for the end of the run. A
-// program that nobody hears any more is halted too.
+// After a halt, the remaining events wait for the end of the run. A program whose
+// output can no longer be written is halted as well.
 int cScriptHost::DrainMessages()
 {
     if (m_nRun != m_pEngine->RunNumber())

@@ -1,6 +1,6 @@
-// script_host.h - a calculator that a script drives: what happens is written
-// as JSON Lines, boxes are answered from a queue, and key events are delivered
-// while a program runs.
+// script_host.h - a calculator driven by a script: events are written as JSON
+// Lines, boxes are answered from a queue, and key events are delivered while a
+// program runs.
 
 #ifndef CONSOLE_SCRIPT_HOST_H
 #define CONSOLE_SCRIPT_HOST_H
@@ -38,11 +38,10 @@ public:
     void    Pause(unsigned nMilliseconds) override;
     int     DrainMessages() override;
 
-    // Delivers an event now, and after it what a run left waiting.
+    // Delivers an event now, then those that a run left waiting.
     void Deliver(const cScriptEvent &Event);
 
-    // Delivers an event in the next run, when its nLine-th line has been
-    // executed.
+    // Delivers an event in the next run, after its nLine-th executed line.
     void DeliverAfter(uint64_t nLine, const cScriptEvent &Event);
 
     void QueueAnswer(eAnswer nAnswer) { m_Answers.push_back(nAnswer); }
@@ -63,8 +62,8 @@ private:
 
     std::ostream                        *m_pOut;
     std::deque<eAnswer>                  m_Answers;
-    std::multimap<cMoment, cScriptEvent> m_Later;    // as given where moments are equal
-    std::deque<cScriptEvent>             m_Waiting;  // behind the event in hand
+    std::multimap<cMoment, cScriptEvent> m_Later;    // equal moments: in the order given
+    std::deque<cScriptEvent>             m_Waiting;  // after the current event
     uint64_t                             m_nLimit;
     unsigned                             m_nRun;    // the run that m_nLines counts in
     uint64_t                             m_nLines;  // executed in it so far

@@ -7,7 +7,7 @@
 #include "engine/display.h"
 #include "graph/vantor_data_set.h"
 
-static const size_t kLineRoom = 600;  // the longest listing line and its end
+static const size_t kLineRoom = 600;  // the longest listing line with its line end
 
 std::string DisplayedText(cVorstekEngine *pEngine)
 {

@@ -12,7 +12,7 @@ static const uint32_t kFileHead     = 14;
 static const uint32_t kCoreHead     = 12;  // OS/2 1
 static const uint32_t kOs2Head      = 64;  // OS/2 2
 static const uint32_t kMostHead     = 124;
-static const uint32_t kMasksInHead  = 52;  // from this size on the head holds them
+static const uint32_t kMasksInHead  = 52;  // a head of this size or larger contains them
 static const uint32_t kMasksAt      = 40;
 static const uint32_t kPlainRgb     = 0;
 static const uint32_t kBitFields    = 3;
@@ -22,12 +22,12 @@ static const uint32_t kMasks555[3] = {0x7C00, 0x03E0, 0x001F};  // red, green, b
 static const uint32_t kMasks565[3] = {0xF800, 0x07E0, 0x001F};
 static const uint32_t kMasks888[3] = {0xFF0000, 0x00FF00, 0x0000FF};
 
-static const char *const kTooShort = "is no complete BMP file";
+static const char *const kTooShort = "is an incomplete BMP file";
 
 namespace
 {
 
-// What the heads of the file say.
+// The contents of the file's heads.
 struct cBmpHead
 {
     uint32_t m_nHeadBytes;  // of the information, from its size on
@@ -71,7 +71,7 @@ private:
 
     cByteSource *m_pSource;
     cBmpPicture *m_pPicture;
-    uint32_t     m_nRead;  // bytes in front of the pixels that have been read
+    uint32_t     m_nRead;  // bytes read so far before the pixels
     cBmpHead     m_Head;
     const char  *m_szError;
 };
@@ -86,7 +86,7 @@ uint8_t Channel(uint32_t nPixel, uint32_t nMask)
     return static_cast<uint8_t>(nBits > 8 ? nValue >> (nBits - 8) : nValue << (8 - nBits));
 }
 
-// 1 if the bits of the mask stand side by side; a channel may be missing.
+// 1 if the bits of the mask are adjacent; a channel may be missing.
 int IsMask(uint32_t nMask)
 {
     const uint32_t nShifted = nMask ? nMask >> std::countr_zero(nMask) : 0;
@@ -111,13 +111,13 @@ int cBmpReader::ReadHead()
     if (!Read(Head, sizeof Head))
         return 0;
     if (Head[0] != 'B' || Head[1] != 'M')
-        return Refuse("is no BMP file");
+        return Refuse("is not a BMP file");
     m_Head.m_nPixelsAt  = LoadU32(Head + 10);
     m_Head.m_nHeadBytes = LoadU32(Head + kFileHead);
     return m_Head.m_nHeadBytes == kCoreHead ? ReadCoreHead() : ReadInfoHead();
 }
 
-// Behind the size: 4 u16 width   6 u16 height   8 u16 planes   10 u16 bits
+// After the size: 4 u16 width   6 u16 height   8 u16 planes   10 u16 bits
 int cBmpReader::ReadCoreHead()
 {
     uint8_t Core[kCoreHead];
@@ -130,13 +130,13 @@ int cBmpReader::ReadCoreHead()
     return CheckSize() && CheckDepth() && ReadMasks(nullptr);
 }
 
-// Behind the size: 4 i32 width   8 i32 height   12 u16 planes   14 u16 bits
+// After the size: 4 i32 width   8 i32 height   12 u16 planes   14 u16 bits
 //   16 u32 compression   32 u32 colours used   40 u32 masks
 int cBmpReader::ReadInfoHead()
 {
     static const uint32_t kSizes[] = {40, kMasksInHead, 56, kOs2Head, 108, kMostHead};
     if (std::find(std::begin(kSizes), std::end(kSizes), m_Head.m_nHeadBytes) == std::end(kSizes))
-        return Refuse("has a header of an unknown kind");
+        return Refuse("has an unknown kind of header");
     uint8_t Info[kMostHead];
     if (!Read(Info + 4, m_Head.m_nHeadBytes - 4))
         return 0;
@@ -159,12 +159,12 @@ int cBmpReader::CheckSize()
     return 1;
 }
 
-// The OS/2 head has other meanings for most compressions.
+// Most compressions have other meanings in the OS/2 head.
 int cBmpReader::CheckDepth()
 {
     static const uint32_t kDepths[] = {1, 4, 8, 16, 24, 32};
     if (std::find(std::begin(kDepths), std::end(kDepths), m_Head.m_nBits) == std::end(kDepths))
-        return Refuse("has a number of bits per pixel other than 1, 4, 8, 16, 24 and 32");
+        return Refuse("does not have 1, 4, 8, 16, 24 or 32 bits per pixel");
     if (m_Head.m_nCompression == kPlainRgb)
         return 1;
     const int bMasks =
@@ -177,7 +177,7 @@ int cBmpReader::CheckDepth()
     return 1;
 }
 
-// Masks stand in the head, behind it, or go without saying.
+// Masks are in the head, after it, or implied.
 int cBmpReader::ReadMasks(const uint8_t *pMasksInHead)
 {
     if (m_Head.m_nCompression == kPlainRgb)
@@ -217,8 +217,8 @@ void cBmpReader::ChoosePictureDepth()
     m_pPicture->m_nHeight = static_cast<int32_t>(std::abs(m_Head.m_nHeight));
 }
 
-// The table goes no further than the pixels. Entries are blue, green, red and,
-// but for the oldest files, 0.
+// The table ends where the pixels begin, at the latest. Entries are blue, green,
+// red and, except in the oldest files, 0.
 int cBmpReader::ReadColours()
 {
     memset(m_pPicture->m_Colours, 0, sizeof m_pPicture->m_Colours);
@@ -275,7 +275,7 @@ int cBmpReader::ReadPixels()
     return 1;
 }
 
-// A row as it is, or 16 and 32 bits taken apart by their masks, the padding 0.
+// A row as it is, or with 16 and 32 bits split by their masks; the padding is 0.
 int cBmpReader::ReadRow(uint8_t *pBuffer, size_t nBytes, uint8_t *pRow)
 {
     if (m_pPicture->m_nBits == m_Head.m_nBits)

@@ -93,11 +93,11 @@ class GifTest(GifCase):
         self.write("huge.bmp", bmp_file(65535, 65535, pixels=b"\0" * 100))
         self.write("old.gif", b"old")
         for name, mentions in (("missing.bmp", "cannot read"), ("folder", "cannot read"),
-                               ("empty.bmp", "is no complete BMP file"),
-                               ("text.bmp", "is no BMP file"),
-                               ("short.bmp", "is no complete BMP file"),
+                               ("empty.bmp", "is an incomplete BMP file"),
+                               ("text.bmp", "is not a BMP file"),
+                               ("short.bmp", "is an incomplete BMP file"),
                                ("packed.bmp", "is compressed"),
-                               ("huge.bmp", "is no complete BMP file")):
+                               ("huge.bmp", "is an incomplete BMP file")):
             with self.subTest(name=name):
                 self.assert_refused(name, "old.gif", mentions=mentions)
                 self.assert_refused(name, "old.gif", mentions=name)

@@ -33,11 +33,20 @@ class UsageTest(ConsoleCase):
             self.assert_refused(*arguments)
 
     def test_missing_and_surplus_arguments(self):
-        self.assert_refused("run")
-        self.assert_refused("run", "--json")
-        self.assert_refused("run", "program.txt", "program.txt")
-        self.assert_refused("check")
-        self.assert_refused("script", "one", "two")
+        for arguments, message in (
+                (["run"], "run needs the file name of a program"),
+                (["run", "--json"], "run needs the file name of a program"),
+                (["run", "program.txt", "two.txt"],
+                 "unexpected argument 'two.txt': run takes one program"),
+                (["run", "program.txt", "--x"], "--x needs a number"),
+                (["check"], "check needs the file name of at least one program"),
+                (["script", "one", "two"], "script takes at most one file"),
+                (["plot", "data.txt"], "plot needs two file names, a data file and a picture"),
+                (["plot", "data.txt", "a.svg", "b.svg"],
+                 "unexpected argument 'b.svg': plot takes one data file and one picture"),
+                (["gif", "a.bmp"], "gif needs two file names, a BMP file and a GIF file"),
+                (["gif", "a.bmp", "b.gif", "--options"], "--options needs a value")):
+            self.assert_refused(*arguments, mentions=f"vorstek-cli: {message}\n")
 
     def test_files_that_are_not_there(self):
         self.assert_refused("run", "missing.txt", mentions="missing.txt")
@@ -50,7 +59,7 @@ class UsageTest(ConsoleCase):
                               ["script", option]):
                 self.assert_refused(*arguments, mentions=f"'{option}' (see vorstek-cli --help)")
 
-    def test_no_option_behind_two_dashes(self):
+    def test_no_option_after_two_dashes(self):
         self.write("--json", "7\n")
         self.assertEqual(self.run_program("--", "--json").out.splitlines()[-1], "X   7.00")
         self.assertEqual(self.run_program("--y", "5", "--", "--json").out.splitlines()[-1],

@@ -296,9 +296,9 @@ TEST_CASE("a BMP that cannot be read is refused with what is wrong")
         const char *szError;
         void (*pSpoil)(cTestFile *);
     } s_Rows[] = {
-        {"has a header of an unknown kind", [](cTestFile *p) { p->m_nHeadBytes = 41; }},
-        {"has a header of an unknown kind", [](cTestFile *p) { p->m_nHeadBytes = 0; }},
-        {"has a header of an unknown kind", [](cTestFile *p) { p->m_nHeadBytes = 0xFFFFFFFF; }},
+        {"has an unknown kind of header", [](cTestFile *p) { p->m_nHeadBytes = 41; }},
+        {"has an unknown kind of header", [](cTestFile *p) { p->m_nHeadBytes = 0; }},
+        {"has an unknown kind of header", [](cTestFile *p) { p->m_nHeadBytes = 0xFFFFFFFF; }},
         {"is an empty picture", [](cTestFile *p) { p->m_nWidth = 0; }},
         {"is an empty picture", [](cTestFile *p) { p->m_nWidth = -2; }},
         {"is an empty picture", [](cTestFile *p) { p->m_nHeight = 0; }},
@@ -306,7 +306,7 @@ TEST_CASE("a BMP that cannot be read is refused with what is wrong")
         {"is larger than 65535 x 65535 pixels", [](cTestFile *p) { p->m_nHeight = -65536; }},
         {"is larger than 65535 x 65535 pixels",
          [](cTestFile *p) { p->m_nHeight = std::numeric_limits<int32_t>::min(); }},
-        {"has a number of bits per pixel other than 1, 4, 8, 16, 24 and 32",
+        {"does not have 1, 4, 8, 16, 24 or 32 bits per pixel",
          [](cTestFile *p) { p->m_nBits = 2; }},
         {"is compressed", [](cTestFile *p) { p->m_nCompression = 1; }},
         {"is compressed", [](cTestFile *p) { p->m_nCompression = 4; }},
@@ -331,10 +331,10 @@ TEST_CASE("a BMP that cannot be read is refused with what is wrong")
              p->m_Table        = Little({0xFF0000, 0x00FF00, 0x0000FF, 0xFF000000}, 4);
              p->m_nPixelsAt    = 14 + 40 + 15;
          }},
-        {"is no complete BMP file", [](cTestFile *p) { p->m_nPixelsAt = 55; }},
-        {"is no complete BMP file", [](cTestFile *p) { p->m_nPixelsAt = 0x7FFFFFFF; }},
-        {"is no complete BMP file", [](cTestFile *p) { p->m_Pixels.pop_back(); }},
-        {"is no complete BMP file", [](cTestFile *p) { p->m_nWidth = p->m_nHeight = 65535; }},
+        {"is an incomplete BMP file", [](cTestFile *p) { p->m_nPixelsAt = 55; }},
+        {"is an incomplete BMP file", [](cTestFile *p) { p->m_nPixelsAt = 0x7FFFFFFF; }},
+        {"is an incomplete BMP file", [](cTestFile *p) { p->m_Pixels.pop_back(); }},
+        {"is an incomplete BMP file", [](cTestFile *p) { p->m_nWidth = p->m_nHeight = 65535; }},
     };
     for (const auto &Row : s_Rows)
     {
@@ -346,8 +346,8 @@ TEST_CASE("a BMP that cannot be read is refused with what is wrong")
         CHECK(Read.m_bRead == 0);
         CHECK(Read.m_Error == Row.szError);
     }
-    CHECK(cReadBmp(cBytes{}).m_Error == "is no complete BMP file");
-    CHECK(cReadBmp(cBytes(100, 'M')).m_Error == "is no BMP file");
+    CHECK(cReadBmp(cBytes{}).m_Error == "is an incomplete BMP file");
+    CHECK(cReadBmp(cBytes(100, 'M')).m_Error == "is not a BMP file");
 }
 
 TEST_CASE("a BMP cut off anywhere is refused")
@@ -359,7 +359,7 @@ TEST_CASE("a BMP cut off anywhere is refused")
         {
             const cReadBmp Read(Slice(Bytes, 0, nBytes));
             REQUIRE(Read.m_bRead == 0);
-            REQUIRE(Read.m_Error == "is no complete BMP file");
+            REQUIRE(Read.m_Error == "is an incomplete BMP file");
         }
     }
 }
@@ -373,7 +373,7 @@ TEST_CASE("no memory is asked for pixels that a BMP does not have")
     const cBytes Bytes = File.Bytes();
 
     const cFailingMemory Never(0, 1);
-    CHECK(cReadBmp(Bytes).m_Error == "is no complete BMP file");
+    CHECK(cReadBmp(Bytes).m_Error == "is an incomplete BMP file");
     CHECK(Never.FailuresLeft() == 1);
 }
 
