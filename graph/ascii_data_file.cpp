@@ -52,7 +52,7 @@ const char *SkipSeparator(const char *pText)
     return *pText == ',' ? SkipBlanks(pText + 1) : pText;
 }
 
-// The next line that is no comment, behind its leading blanks. Never empty,
+// The next line that is not a comment, without its leading blanks. Never empty,
 // except at the end of the file.
 const char *NextLine(cShortLineReader *pReader)
 {
@@ -65,7 +65,7 @@ const char *NextLine(cShortLineReader *pReader)
     return "";
 }
 
-// The end of the text that begins behind an opening quote.
+// The end of the text that follows an opening quote.
 const char *QuotedEnd(const char *pText)
 {
     return pText + strcspn(pText, "\"");
@@ -222,7 +222,7 @@ int cAsciiDataFile::Read(cShortLineReader *pReader)
     return 1;
 }
 
-// Returns the first line behind the header.
+// Returns the first line after the header.
 const char *cAsciiDataFile::ReadHeader(cShortLineReader *pReader, cLayout *pLayout)
 {
     const char *pText = NextLine(pReader);
@@ -283,7 +283,7 @@ int cAsciiDataFile::AllocateArrays()
     return 1;
 }
 
-// Labels go to the sets in turn; what stands between them, be it a comma or
+// Labels go to the sets in turn; what separates them, a comma or
 // not, is stepped over.
 // Returns 0 when the user gives up for lack of memory.
 int cAsciiDataFile::ReadLabels(const char *pText)
@@ -304,7 +304,7 @@ int cAsciiDataFile::ReadLabels(const char *pText)
     return 1;
 }
 
-// Empty quotes leave the set without a label.
+// Empty quotes mean that the set has no label.
 int cAsciiDataFile::StoreLabel(cSet *pSet, const char *pText, const char *pEnd)
 {
     if (pText == pEnd)

@@ -25,25 +25,25 @@
 // Title and axis label hold up to 100 characters. An empty text is none.
 const int kDataFileText = 101;
 
-// What ends a line of a written file. Both kinds are read everywhere.
+// Line ends of a written file. Both kinds are read on every platform.
 #ifdef _WIN32
 const char *const kDataFileLineEnd = "\r\n";
 #else
 const char *const kDataFileLineEnd = "\n";
 #endif
 
-// A container of its own: reading fills it, and it is filled for writing.
+// A container: reading a file fills it, and writing needs it filled.
 class cAsciiDataFile
 {
 public:
     // pBoxes shows the errors; it outlives the object.
     explicit cAsciiDataFile(cMessageBoxes *pBoxes);
 
-    // Replaces the content by that of the file. Returns 0 and leaves the object
-    // empty when szFile is no regular file or cannot be read, when it has no
+    // Replaces the content with that of the file. Returns 0 and leaves the object
+    // empty when szFile is not a regular file or cannot be read, when it has no
     // data line or one without the least count of numbers (2 with ExplicitX,
     // else 1), and when the user gives up for lack of memory. A line has at most
-    // 99 bytes; what is longer is taken as two lines. "1,5 3,8" are four numbers.
+    // 99 bytes; a longer one is read as two lines. "1,5 3,8" are four numbers.
     // The line with the fewest numbers gives the number of columns.
     int ReadFromFile(const char *szFile);
 
@@ -78,7 +78,7 @@ public:
     const float *YValues(uint32_t nSet) const { return m_pSets[nSet - 1].m_pY.get(); }
     const char  *Label(uint32_t nSet) const { return m_pSets[nSet - 1].m_pszLabel.get(); }
 
-    // Over the whole file that was read; 0 to rows - 1 without an x column.
+    // Of the complete file that was read; 0 to rows - 1 without an x column.
     float XMin() const { return m_fXMin; }
     float XMax() const { return m_fXMax; }
     float YMin() const { return m_fYMin; }
@@ -91,7 +91,7 @@ private:
         std::unique_ptr<char[]>  m_pszLabel;  // null: none
     };
 
-    // What the first pass through a file finds out for the second.
+    // What the first pass through a file finds for the second.
     struct cLayout
     {
         cShortLineReader::cMark m_Start;    // the SetLabels line or the first row

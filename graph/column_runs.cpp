@@ -4,7 +4,7 @@
 
 static const size_t kKept = 4;  // of a run
 
-// The vertex behind the run that begins with pFirst.
+// The vertex after the run that begins with pFirst.
 static const cPoint *EndOfRun(const cPoint *pFirst, const cPoint *pEnd)
 {
     return std::find_if(pFirst, pEnd, [=](cPoint At) { return At.m_nX != pFirst->m_nX; });

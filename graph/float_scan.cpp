@@ -36,7 +36,7 @@ const char *SkipDigits(const char *pText)
     return pText;
 }
 
-// Returns pText itself where no complete exponent stands.
+// Returns pText itself where there is no complete exponent.
 const char *SkipExponent(const char *pText)
 {
     if (*pText != 'e' && *pText != 'E')
@@ -47,7 +47,7 @@ const char *SkipExponent(const char *pText)
     return IsDigit(*pDigits) ? SkipDigits(pDigits) : pText;
 }
 
-// pText stands on the first character of the number, or on none.
+// pText points to the first character of the number, if there is one.
 const char *NumberEnd(const char *pText)
 {
     if (*pText == '+' || *pText == '-')
@@ -78,8 +78,8 @@ int ExponentValue(const char *pText)
     return bNegative ? -nValue : nValue;
 }
 
-// Tells a number that is too large from one that is too small: is the decimal
-// exponent of its first digit other than 0 positive? pText is behind the sign.
+// Distinguishes a number that is too large from one that is too small: is the
+// decimal exponent of its first non-zero digit positive? pText is after the sign.
 bool IsLarge(const char *pText)
 {
     while (*pText == '0')

@@ -1,5 +1,5 @@
-// graph_file_commands.h - Open, Append and Save of the graph, with the file
-// name at hand. Each shows its errors in a box and then returns 0.
+// graph_file_commands.h - Open, Append and Save of the graph, once the file name
+// is known. Each shows its errors in a box and then returns 0.
 
 #ifndef GRAPH_GRAPH_FILE_COMMANDS_H
 #define GRAPH_GRAPH_FILE_COMMANDS_H
@@ -7,18 +7,18 @@
 #include "graph/vantor_plot.h"
 #include "toolkit/message_box.h"
 
-// Replaces data, title and axis label of the plot by those of an ASCII data
+// Replaces data, title and axis label of the plot with those of an ASCII data
 // file; a range that the user has fixed stays. Each set becomes a solid line of
 // width 1, the first red, the second green. Without success the plot is as it
 // was, unless memory ran out and the user gave up while the sets were added.
 int OpenGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile);
 
-// Adds the file's sets behind those of the plot, coloured by their place in the
+// Appends the file's sets to those of the plot, coloured by their place in the
 // file as OpenGraphFile does. Title and axis label stay.
 int AppendGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile);
 
-// Writes the sets that can share a file with data line 1, and tells the user
-// when that is not all of them; this counts as success. Returns 0 when there is
+// Writes the sets that can share a file with data line 1, and informs the user
+// if those are not all; this counts as success. Returns 0 when there is
 // no data, when the file cannot be written (the old one stays), and when memory
 // ran out and the user gave up.
 int SaveGraphFile(const cVantorPlot &Plot, cMessageBoxes *pBoxes, const char *szFile);

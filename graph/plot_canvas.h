@@ -1,5 +1,5 @@
 // plot_canvas.h - where a plot is drawn: window, bitmap, printer, SVG file, or
-// a record in a test. All that the renderer knows of a device.
+// a log in a test. It is all that the renderer knows of a device.
 
 #ifndef GRAPH_PLOT_CANVAS_H
 #define GRAPH_PLOT_CANVAS_H
@@ -26,7 +26,7 @@ struct cRect
     int Width() const { return m_nRight - m_nLeft; }
     int Height() const { return m_nBottom - m_nTop; }
 
-    // 1 also for one whose edges have changed places.
+    // 1 also for one whose edges are swapped.
     int IsEmpty() const { return m_nRight <= m_nLeft || m_nBottom <= m_nTop; }
 
     int m_nLeft;
@@ -50,7 +50,7 @@ struct cPlotPen
     uint32_t m_crColor;
 };
 
-// Which point of the text stands at the given place: always its top, and
+// Which point of the text is at the given place: always its top, and
 // its left end, its middle or its right end.
 enum eAlign
 {
@@ -59,7 +59,7 @@ enum eAlign
     alRight
 };
 
-// Each call brings its own pen or colour and leaves nothing behind. A line
+// Each call has its own pen or colour and does not affect later ones. A line
 // covers its first pixel and ends before its last one.
 class cPlotCanvas
 {
@@ -73,7 +73,7 @@ public:
     // The font's height with its external leading, above 0.
     virtual int TextHeight() const = 0;
 
-    // All characters count, blanks at the ends too.
+    // All characters count, including blanks at the ends.
     virtual int TextWidth(const char *szText) const = 0;
 
     virtual void FillBox(const cRect &Rect, uint32_t crColour) = 0;
@@ -90,15 +90,15 @@ public:
     virtual void Polygons(const cPoint *pPoints, const int32_t *pCounts, size_t nPolygons,
                           uint32_t crColour) = 0;
 
-    // A line of text; what lies behind it shows through.
+    // A line of text with a transparent background.
     virtual void Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColour) = 0;
 
-    // Until PopClip only what lies in the rectangle is drawn. They nest.
+    // Until PopClip, drawing is limited to the rectangle. Calls nest.
     virtual void PushClip(const cRect &Rect) = 0;
     virtual void PopClip()                   = 0;
 };
 
-// Clips for as long as it lives.
+// Clips during its lifetime.
 class cClipGuard
 {
 public:

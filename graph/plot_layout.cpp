@@ -45,8 +45,8 @@ int BottomMargin(const cPlotLayout &Layout, int bLabel, int nHeight)
                     nHeight / 3);
 }
 
-// The list shows as many rows as there are sets and as the user wants, but
-// leaves half of the height to the plot.
+// The list shows as many rows as there are sets and as the user allows, but
+// leaves half of the height for the plot.
 int ListHeight(const cVantorPlot &Plot, const cLegendList &List, int nHeight)
 {
     uint32_t nRows = std::max(std::min(Plot.Count(), Plot.LegendRows()), uint32_t{1});

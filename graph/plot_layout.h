@@ -1,5 +1,5 @@
-// plot_layout.h - where everything of a plot stands. It is worked out into a
-// plain struct first; drawing, the readout of points and the dialogs read it.
+// plot_layout.h - the positions of everything in a plot. They are first computed
+// into a plain struct, which drawing and the readout of points use.
 
 #ifndef GRAPH_PLOT_LAYOUT_H
 #define GRAPH_PLOT_LAYOUT_H
@@ -27,7 +27,7 @@ struct cLegendList
     int m_nBorders;    // the window's height above that of its client area
 };
 
-// What a plot is laid out for.
+// The target of a layout.
 struct cPlotTarget
 {
     ePlotTarget m_nKind;
@@ -36,8 +36,8 @@ struct cPlotTarget
     int         m_bTurned    = 0;  // a drawn legend measures inches along y
 };
 
-// Coordinates that the platform's drawing calls of 16 bits understand: a point
-// is drawn at most this many pixels from the corner of the plot.
+// The platform's drawing functions use 16-bit coordinates: a point is drawn at
+// most this many pixels from the corner of the plot.
 const double kMostDistance = 16383.0;
 
 struct cPlotLayout
@@ -53,7 +53,7 @@ struct cPlotLayout
                 PixelY(PlottedY(Set, Set.m_pY[nPoint]))};
     }
 
-    // Scaled distances are held within the limit before they are rounded.
+    // Scaled distances are limited before they are rounded.
     static int Distance(double dPixels)
     {
         const double dLeast = dPixels > -kMostDistance ? dPixels : -kMostDistance;

@@ -9,7 +9,7 @@
 namespace
 {
 
-const double kOutwards = 1.0005;  // for the bound that lies away from zero
+const double kOutwards = 1.0005;  // for the bound farther from zero
 const double kInwards  = 0.9995;
 
 const int kRoundedText = 16;  // "-3.40e+38" and more
@@ -101,7 +101,7 @@ cPlotRange FindRange(const cVantorDataSet *pFirst, int nWidth, int nHeight, int 
     {
         dXMin = std::min(dXMin, static_cast<double>(pSet->m_fXMin));
         dXMax = std::max(dXMax, RightEnd(*pSet));
-        // The stored minimum stands for the minimum, also where a negative
+        // The stored minimum is taken for the minimum, even where a negative
         // multiplier turns the set upside down.
         dYMin = std::min(dYMin, PlottedY(*pSet, pSet->m_fYMin));
         dYMax = std::max(dYMax, PlottedY(*pSet, pSet->m_fYMax));

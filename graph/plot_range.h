@@ -1,5 +1,5 @@
-// plot_range.h - the range of values that a plot shows by itself: nice bounds
-// around all data sets and a number of ticks that suits the window.
+// plot_range.h - the automatic range of a plot: round bounds around all data
+// sets and a number of ticks that suits the window.
 // Pure: no plot state, no window, no locale.
 
 #ifndef GRAPH_PLOT_RANGE_H
@@ -9,11 +9,11 @@
 
 class cVantorDataSet;
 
-// The number of ticks that is drawn at most on an axis.
+// The largest number of ticks drawn on an axis.
 const uint32_t kMostTicks = 26;
 
 // What an axis shows, from its first to its last tick. The minimum is above
-// the maximum where the user wants it so.
+// the maximum if the user has set it so.
 struct cPlotRange
 {
     uint32_t m_nHorzTicks;

@@ -44,7 +44,7 @@ private:
     size_t   m_nLines;
 };
 
-// The labels have a blank behind them, so that they stand apart from the axis.
+// The labels end with a blank, which separates them from the axis.
 void DrawVertLabel(const cPlotLayout &Layout, double dValue, int nY, uint32_t crText,
                    cPlotCanvas *pCanvas)
 {

@@ -1,4 +1,4 @@
-// plot_renderer.h - draws a plot as its layout says, on any canvas.
+// plot_renderer.h - draws a plot on any canvas, using its layout.
 
 #ifndef GRAPH_PLOT_RENDERER_H
 #define GRAPH_PLOT_RENDERER_H
@@ -7,7 +7,7 @@
 #include "graph/vantor_plot.h"
 
 // Draws title, axes with ticks or grid, axis label, data lines, and, unless the
-// target is the screen, the legend. The background is the caller's business.
+// target is the screen, the legend. The caller draws the background.
 // Each data line is one call of the canvas; its vertices are allocated for it.
 // Returns 0 when memory ran out and the user gave up; quit has been posted then.
 int DrawPlot(const cPlotLayout &Layout, const cVantorPlot &Plot, cPlotCanvas *pCanvas);

@@ -1,4 +1,4 @@
-// plot_ticks.h - where the ticks of an axis are and what stands at them.
+// plot_ticks.h - the positions of an axis's ticks and their labels.
 // Pure: no plot state, no window, no locale.
 
 #ifndef GRAPH_PLOT_TICKS_H

@@ -15,14 +15,14 @@ inline cPlotPen PenOf(const cVantorDataSet &Set)
     return {Set.m_nStyle, Set.m_nWidth, Set.m_crColor};
 }
 
-// Markers are drawn for scattered points, and for a point that is alone,
-// whatever the type of its set.
+// Markers are drawn for scattered points, and for a single point, whatever the
+// type of its set.
 int IsDrawnAsMarkers(const cVantorDataSet &Set);
 
 // The number of corners of a marker of this style: 3 or 4.
 int MarkerCorners(uint32_t nStyle);
 
-// Stores the corners of a marker around At; returns what is behind them.
+// Stores the corners of a marker around At; returns the place after them.
 cPoint *StoreMarker(uint32_t nStyle, cPoint At, cPoint *pVertices);
 
 // How many vertices the line of a set has that is not drawn as markers: n for
@@ -31,14 +31,14 @@ size_t CountLineVertices(const cVantorDataSet &Set);
 
 // Stores them. StairStep goes from each point to the next horizontally first.
 // Stoop begins at the bottom of the plot below its first point and ends there
-// behind its last point, one spacing further: the outline of bars.
+// after its last point, one spacing further: the outline of bars.
 void StoreLineVertices(const cPlotLayout &Layout, const cVantorDataSet &Set, cPoint *pVertices);
 
 // All markers of a set, MarkerCorners vertices for each point.
 void StoreMarkerVertices(const cPlotLayout &Layout, const cVantorDataSet &Set, cPoint *pVertices);
 
-// What the last of at least two points adds to the line: stores 2 or 3
-// vertices from the point before it on, returns how many.
+// What the last of at least two points adds to the line: stores 2 or 3 vertices,
+// beginning with the point before it, and returns how many.
 size_t StoreAddedVertices(const cPlotLayout &Layout, const cVantorDataSet &Set,
                           cPoint (&Vertices)[3]);
 

@@ -27,7 +27,7 @@ const char *SkipBlanks(const char *pText)
 }
 
 // White space before a number may be the end of the line: such a number is one
-// of the next line. Returns null then, and where no number stands.
+// of the next line. Returns null then, and where there is no number.
 const char *ReadWithin(const char *pText, const char *pEnd, float *pValue)
 {
     const char *pBehind = ReadFloat(pText, pValue);

@@ -9,10 +9,10 @@
 
 #include "toolkit/message_box.h"
 
-// nCount floats with values still to be stored; nCount may be 0.
+// nCount uninitialised floats; nCount may be 0.
 std::unique_ptr<float[]> AllocateFloats(cMessageBoxes *pBoxes, uint32_t nCount);
 
-// Room for nCapacity floats, the first nCount of them copied from pValues.
+// An array of nCapacity floats, the first nCount of them copied from pValues.
 // nCapacity is at least nCount.
 std::unique_ptr<float[]> CopyFloats(cMessageBoxes *pBoxes, const float *pValues, uint32_t nCount,
                                     uint32_t nCapacity);

@@ -94,7 +94,7 @@ int cShortLineReader::GoBack(const cMark &Mark)
     return 1;
 }
 
-// Moves what is left of the block to its front and reads on behind it.
+// Moves the rest of the block to its front and reads on after it.
 void cShortLineReader::Fill()
 {
     const size_t nLeft = m_nEnd - m_nNext;

@@ -9,7 +9,7 @@
 #include <cstdio>
 
 // A line of the file, its newline and a closing zero fit into this many bytes.
-// What is longer comes as two or more lines.
+// A longer one is read as two or more lines.
 const size_t kShortLine = 100;
 
 const size_t kReadBlock = 65536;  // bytes asked of the file at once
@@ -35,7 +35,7 @@ public:
     int Open(const char *szFile);
 
     // Reads the next line. Returns 0 at the end of the file, and when the file
-    // cannot be read any further (Failed tells which).
+    // cannot be read any further (Failed distinguishes the two).
     int Next();
 
     // The line read last, without its newline and without a carriage return
@@ -52,7 +52,7 @@ public:
     // Where the line read last begins.
     cMark LineStart() const { return m_LineStart; }
 
-    // The next Next reads the line that begins at Mark, afresh from the file.
+    // The next call of Next reads the line that begins at Mark, again from the file.
     // Returns 0 when the file cannot be set back there.
     int GoBack(const cMark &Mark);
 
@@ -60,11 +60,11 @@ private:
     void Fill();
 
     FILE    *m_pFile;
-    uint64_t m_nBlockOffset;  // where the block stands in the file
+    uint64_t m_nBlockOffset;  // position of the block in the file
     size_t   m_nNext;         // first byte of the block not yet read
     size_t   m_nEnd;          // bytes in the block
     uint32_t m_nLine;
-    int      m_bAtEnd;  // the file has no bytes behind the block
+    int      m_bAtEnd;  // the file has no bytes after the block
     int      m_bFailed;
     cMark    m_LineStart;
     char     m_szLine[kShortLine];

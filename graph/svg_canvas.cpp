@@ -15,7 +15,7 @@ const char *const kDashes[] = {"", "18 6", "3 3", "9 6 3 6", "9 3 3 3 3 3"};
 
 const char *const kAnchors[] = {"", " text-anchor=\"middle\"", " text-anchor=\"end\""};
 
-// What an SVG file may not hold as it stands, or not everywhere.
+// Characters that an SVG file may not contain unescaped, or not everywhere.
 const char *Escaped(std::string_view Character)
 {
     if (Character == "<")

@@ -17,14 +17,14 @@
 class cSvgCanvas : public cPlotCanvas
 {
 public:
-    // Writes to pFile, open in binary mode, from the head of the file on. The
-    // picture's size is in pixels. That writing fails is the caller's to find.
+    // Writes to pFile, open in binary mode, from the start of the file. The
+    // picture's size is in pixels. The caller checks for write errors.
     cSvgCanvas(FILE *pFile, int nWidth, int nHeight);
 
-    // Writes the end of the file. Comes last.
+    // Writes the end of the file. Called last.
     void End();
 
-    // 96 pixels per inch are what the web agrees on.
+    // 96 pixels per inch, the web's convention.
     int  PixelsPerInchX() const override { return 96; }
     int  PixelsPerInchY() const override { return 96; }
     int  TextHeight() const override;

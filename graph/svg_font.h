@@ -1,5 +1,5 @@
-// svg_font.h - how wide texts of an SVG file are. Whoever shows the file draws
-// them; the layout has to know before. The figures are the advance widths of
+// svg_font.h - the width of texts in an SVG file. The viewer draws them, but the
+// layout has to know before. The figures are the advance widths of
 // Liberation Sans, in units of 2048 to the em; Arial and Helvetica have the same.
 // Pure: no canvas, no file.
 
@@ -14,8 +14,8 @@ const int kSvgTextHeight = 16;  // of a line
 const int kSvgAscent     = 13;  // from the top of a line to its base line
 
 // The width of a text in UTF-8, rounded to whole pixels: "M" is 12 wide, "-2.5"
-// 24. Characters beyond Latin-1, and bytes that are none, are taken to be as
-// wide as a digit.
+// 24. Characters beyond Latin-1, and invalid bytes, count as wide
+// as a digit.
 int SvgTextWidth(const char *szText);
 
 #endif

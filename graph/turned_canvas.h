@@ -1,5 +1,5 @@
-// turned_canvas.h - a sheet of paper that its reader has turned by a quarter to
-// the left: what is drawn from left to right runs down the sheet.
+// turned_canvas.h - a sheet of paper that its reader turns left by 90 degrees:
+// what is drawn from left to right runs down the sheet.
 //
 //     cGdiCanvas    Sheet(hDc, hFontThatWritesDown);
 //     cTurnedCanvas Canvas(&Sheet, nPixelsAcross);
@@ -14,8 +14,8 @@
 class cTurnedCanvas : public cPlotCanvas
 {
 public:
-    // The sheet as it leaves the printer, nWidth pixels wide, is to write its
-    // labels down the sheet. The reader's point (0, 0) is its pixel
+    // The sheet as it leaves the printer, nWidth pixels wide; its font must write
+    // downwards. The reader's point (0, 0) is its pixel
     // (nWidth - 1, 0).
     cTurnedCanvas(cPlotCanvas *pSheet, int nWidth) : m_pSheet(pSheet), m_nWidth(nWidth), m_Points()
     {

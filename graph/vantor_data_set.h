@@ -23,7 +23,7 @@ const uint32_t kMostLineWidth = 4;  // pixels; the least is 1
 
 const int kDefaultLabel = 24;  // "data line # 4294967295"
 
-// Colours are 0x00BBGGRR, as the platform has them: MakeColour(255, 0, 0) is
+// Colours are 0x00BBGGRR, as on the platform: MakeColour(255, 0, 0) is
 // 0x0000FF. Each part is 0 to 255.
 constexpr uint32_t MakeColour(uint32_t nRed, uint32_t nGreen, uint32_t nBlue)
 {
@@ -44,7 +44,7 @@ const int                 kStyles = 5;
 extern const cVantorStyle kLineStyles[kStyles];    // Plot, StairStep, Stoop
 extern const cVantorStyle kMarkerStyles[kStyles];  // Scatter
 
-// The look with which a data set is created whole.
+// The look of a data set that is created with all its points.
 struct cVantorLineFormat
 {
     uint32_t    m_nGraphType = gtPlot;
@@ -60,20 +60,20 @@ public:
     // The x of the point with this index (from 0): its index without x values.
     float X(uint32_t nIndex) const;
 
-    // Stores a point behind the last one and widens the extents to it. There is
-    // room for it. Without x values fX is ignored.
+    // Appends a point and widens the extents to it. The arrays must have room
+    // for it. Without x values fX is ignored.
     void Append(float fX, float fY);
 
-    // 1 when the point, once appended, lies outside the present extents.
+    // 1 if the point, once appended, would be outside the present extents.
     int Widens(float fX, float fY) const;
 
-    // Computes the extents anew from all points.
+    // Recalculates the extents from all points.
     void FindExtents();
 
     cVantorDataSet          *m_pNext      = nullptr;  // null at the tail
     uint32_t                 m_nPoints    = 0;
     uint32_t                 m_nCapacity  = 0;  // points that the arrays can hold
-    uint32_t                 m_nAllocHint = 0;  // 100 created by a point, 50 whole
+    uint32_t                 m_nAllocHint = 0;  // 100 created by a point, 50 by a set
     std::unique_ptr<float[]> m_pX;              // null: x is the index, from 0
     std::unique_ptr<float[]> m_pY;              // as entered
     float                    m_fXMin       = kExtentMinStart;

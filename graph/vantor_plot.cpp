@@ -222,7 +222,7 @@ cVantorDataSet *cVantorPlot::FindDataSet(uint32_t nLine) const
     return m_pFound;
 }
 
-// A set of the one point (fX, fY) behind the others.
+// Appends a set that contains only the point (fX, fY).
 int cVantorPlot::BeginDataSet(float fX, float fY)
 {
     std::unique_ptr<cVantorDataSet> pSet = NewDataSet(nullptr);
@@ -297,7 +297,7 @@ std::unique_ptr<cVantorDataSet> cVantorPlot::NewDataSet(const char *pszLabel)
     return pSet->m_pszLabel ? std::move(pSet) : nullptr;
 }
 
-// Replaces whatever points the set has. Its arrays hold exactly the new ones.
+// Replaces the points of the set. Its arrays have exactly the new size.
 int cVantorPlot::StorePoints(cVantorDataSet *pSet, uint32_t nPoints, const float *pX,
                              const float *pY)
 {

@@ -1,6 +1,6 @@
 // vantor_plot.h - what the graph shows: the data sets in their order, the
 // settings of the plot and the range of its axes. Needs no window; one that
-// shows the plot derives from it and overrides what stands under "hooks".
+// shows the plot derives from it and overrides its hooks.
 
 #ifndef GRAPH_VANTOR_PLOT_H
 #define GRAPH_VANTOR_PLOT_H
@@ -15,7 +15,7 @@
 // Title and axis label hold up to 100 characters. An empty text is none.
 const int kPlotText = 101;
 
-// The values are those with which the calculator opens its graph.
+// The default values are those of the calculator's graph.
 struct cVantorPlotSettings
 {
     char     m_szTitle[kPlotText]     = "My Graph";
@@ -44,7 +44,7 @@ const uint32_t kHintWhole   = 50;   // and of one made by AddDataSet
 
 const uint32_t kLegendRows = 4;  // visible until the user drags the border
 
-// Pixels of a plot that no window has given another size.
+// Default size of a plot, in pixels.
 const int kPlotWidth  = 640;
 const int kPlotHeight = 480;
 
@@ -62,7 +62,7 @@ public:
     uint32_t Count() const { return m_nCount; }
 
     // Line nLine, or null when there is none. Going through the lines upwards,
-    // or asking for the same one again, costs no walk along the list.
+    // or asking for the same one again, does not search the list.
     const cVantorDataSet *DataSet(uint32_t nLine) const;
 
     // Appends the point to line nLine, 1 to Count() + 1; the last of these
@@ -78,7 +78,7 @@ public:
     int AddDataSet(uint32_t nPoints, const float *pX, const float *pY,
                    const cVantorLineFormat *pFormat);
 
-    // Returns 0 when there is no such line. Those behind it move up by one and
+    // Returns 0 when there is no such line. The lines after it move up by one and
     // keep their labels.
     int DeleteDataSet(uint32_t nLine);
 
@@ -96,11 +96,11 @@ public:
     // that the user has fixed stays. Returns 1.
     int ClearAll();
 
-    // Tick counts and range are those that are shown, whoever chose them.
+    // Tick counts and range are those in use, automatic or not.
     const cVantorPlotSettings &Settings() const { return m_Settings; }
     cPlotRange                 Range() const;
 
-    // Takes the settings over and fixes the range to theirs. More than 26 ticks
+    // Stores the settings and fixes the range to theirs. More than 26 ticks
     // become 26.
     void ApplySettings(const cVantorPlotSettings &Settings);
 
@@ -125,14 +125,14 @@ public:
     uint32_t LegendRows() const { return m_nLegendRows; }
     void     SetLegendRows(uint32_t nRows);
 
-    // Who is asked when memory runs out.
+    // Asks the user when memory runs out.
     cMessageBoxes *Boxes() const { return m_pBoxes; }
 
 protected:
-    // Hooks: what a window does about a change that has just been made. Here
-    // nothing is done. None is called from constructor or destructor.
+    // Hooks: a window's reaction to a change that has just been made. These do
+    // nothing. None is called from constructor or destructor.
 
-    // Something that is seen has changed: lay out again, paint all of it anew.
+    // Something visible has changed: lay out and repaint everything.
     virtual void OnPlotChanged() {}
 
     // A picture of the plot lacks only the last point of line nLine, which
@@ -140,12 +140,12 @@ protected:
     virtual void OnPointAdded(uint32_t /*nLine*/) {}
 
     // The labels of the data sets, for the lists of a window. A set is removed
-    // right after OnLabelRemoved, and those behind it move up.
+    // right after OnLabelRemoved, and those after it move up.
     virtual void OnLabelAdded(uint32_t /*nLine*/) {}
     virtual void OnLabelChanged(uint32_t /*nLine*/) {}
     virtual void OnLabelRemoved(uint32_t /*nLine*/) {}
 
-    // Check marks: UserRange() tells of "Auto Range", Settings() of "Grid" and
+    // Check marks: UserRange() gives "Auto Range", Settings() "Grid" and
     // "Legend".
     virtual void OnChecksChanged() {}
 

@@ -65,7 +65,7 @@ static void StoreMasks(uint8_t *pTable, const uint32_t (&Masks)[3])
 //  14 u16 bits per pixel  16 u32 compression              20 u32 image size
 //  24 i32 resolution 0    28 i32 resolution 0
 //  32 u32 colours used    36 u32 important colours 0
-// Behind it stand the colours or the masks.
+// The colours or the masks follow.
 static int PutInfo(cByteSink *pSink, const cBmpImage &Image, uint32_t nInfoBytes)
 {
     uint8_t Info[kInfoHead + 4 * kMostColours] = {};

@@ -1,5 +1,5 @@
-// bmp_layout.h - a BMP file byte by byte. Where the pixels come from is the
-// business of others.
+// bmp_layout.h - the layout of a BMP file, byte by byte. The caller provides the
+// pixels.
 
 #ifndef IMAGING_BMP_LAYOUT_H
 #define IMAGING_BMP_LAYOUT_H

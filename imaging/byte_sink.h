@@ -11,11 +11,11 @@ class cByteSink
 public:
     virtual ~cByteSink() {}
 
-    // Takes all of the bytes, or returns 0.
+    // Writes all of the bytes, or returns 0.
     virtual int Write(const void *pBytes, size_t nBytes) = 0;
 };
 
-// Writes to a stream that somebody else opened and closes.
+// Writes to a stream that the caller opens and closes.
 class cFileSink : public cByteSink
 {
 public:

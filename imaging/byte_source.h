@@ -12,15 +12,15 @@ class cByteSource
 public:
     virtual ~cByteSource() {}
 
-    // How many bytes there are from the first to the last. A reader allocates
-    // no more than it says, so it must not promise what will not come.
+    // The total number of bytes. A reader allocates no more than that, so it must
+    // not exceed what can be read.
     virtual uint64_t Length() const = 0;
 
-    // Hands out the next nBytes, or returns 0 when there are fewer.
+    // Reads the next nBytes, or returns 0 when there are fewer.
     virtual int Read(void *pBytes, size_t nBytes) = 0;
 };
 
-// Reads a stream of nLength bytes that somebody else opened and closes.
+// Reads a stream of nLength bytes that the caller opens and closes.
 class cFileSource : public cByteSource
 {
 public:

@@ -109,7 +109,7 @@ void cColourHistogram::Coarsen()
     Clear();
 }
 
-// The slot that holds the colour's entry, or the empty one where it belongs.
+// The slot of the colour's entry, or the empty slot where it belongs.
 unsigned cColourHistogram::FindSlot(uint32_t nColour) const
 {
     nColour &= m_nMask;

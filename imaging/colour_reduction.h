@@ -1,6 +1,6 @@
-// colour_reduction.h - turns a picture of any depth into one of 256 colours. A
-// picture that has no more keeps each of them; of others the 256 most frequent
-// stay and the rest take the nearest of those.
+// colour_reduction.h - reduces a picture of any depth to 256 colours. A picture
+// with at most 256 colours keeps all of them; otherwise the 256 most frequent
+// remain and each other colour becomes the nearest of those.
 
 #ifndef IMAGING_COLOUR_REDUCTION_H
 #define IMAGING_COLOUR_REDUCTION_H
@@ -14,7 +14,7 @@
 const unsigned kPaletteColours = 256;
 const unsigned kPaletteBytes   = 3 * kPaletteColours;  // red, green, blue of each
 
-// The 8-bit picture that reduction ends with.
+// The 8-bit picture that results from a reduction.
 struct cReducedImage
 {
     int32_t                    m_nWidth  = 0;
@@ -22,27 +22,26 @@ struct cReducedImage
     uint8_t                    m_Palette[kPaletteBytes];
     std::unique_ptr<uint8_t[]> m_pPixels;
 
-    // What the GIF encoder takes; looks at this object.
+    // A view of this object, as input of the GIF encoder.
     cDibImage Dib() const { return {m_nWidth, m_nHeight, 8, 0, m_Palette, m_pPixels.get()}; }
 };
 
 // Reduces a picture of 1, 4, 8, 16 or 24 bits. A picture of fewer than 256
 // colours leaves entries of the palette unused; they are (128, 128, 128).
-// Beside the result it allocates one row of 24 bits and about 40 KB. Returns 0
-// if memory is short; then *pReduced is of no use.
+// In addition to the result it allocates one row of 24 bits and about 40 KB.
+// Returns 0 if memory is short; then *pReduced is undefined.
 int ReduceColours(const cDibImage &Image, cReducedImage *pReduced);
 
-// The steps of it, in this order.
+// Its steps, in this order.
 
 // Row nRow as stored (0 is the bottom) in 24 bits: blue, green, red. pRow has
-// room for them; a picture of 24 bits is left as it is, its own row is returned
-// and pRow not used. The low bits of 16-bit colours stay 0: white, 0x7FFF at
+// room for them; for a picture of 24 bits its own row is returned and pRow is not
+// used. The low bits of 16-bit colours stay 0: white, 0x7FFF at
 // 5-5-5, is (248, 248, 248).
 const uint8_t *ExpandTo24(const cDibImage &Image, int32_t nRow, uint8_t *pRow);
 
-// How often each colour occurs, in the order in which colours were first met.
-// Looks at the upper bits of each channel only, as many as leave no more than
-// 2049 colours.
+// How often each colour occurs, in the order of first occurrence. Only so many
+// upper bits of each channel count that there are no more than 2049 colours.
 class cColourHistogram
 {
 public:
@@ -84,9 +83,9 @@ private:
     uint16_t m_nSlots[kSlots];
 };
 
-// Puts the most frequent colours into the palette, the first met of equally
-// frequent ones first, and gives each colour the index of itself or of the
-// nearest; of equally near ones, of the first.
+// Puts the most frequent colours into the palette; of equally frequent ones, the
+// one that occurred first comes first. Gives each colour the index of itself or
+// of the nearest; of equally near ones, of the first.
 void BuildPalette(cColourHistogram *pHistogram, uint8_t (&Palette)[kPaletteBytes]);
 
 // Palette indices of nPixels pixels of 24 bits.

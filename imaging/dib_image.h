@@ -1,5 +1,5 @@
-// dib_image.h - a picture laid out as a device-independent bitmap: what a screen
-// hands out, what a BMP file holds and what the GIF encoder takes.
+// dib_image.h - a picture in the layout of a device-independent bitmap, which
+// screens, BMP files and the GIF encoder share.
 
 #ifndef IMAGING_DIB_IMAGE_H
 #define IMAGING_DIB_IMAGE_H
@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
-// Belongs to whoever made it; the pointers only look at the bytes.
+// A view: the bytes belong to somebody else.
 struct cDibImage
 {
     int32_t  m_nWidth;   // pixels, at least 1

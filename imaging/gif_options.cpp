@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-// What stands behind the keyword's first occurrence, or null.
+// The text after the keyword's first occurrence, or null.
 static const char *FindOption(const char *szOptions, const char *szKeyword)
 {
     const char *const pFound = strstr(szOptions, szKeyword);

@@ -22,7 +22,7 @@ struct cGifOptions
 // Searches szOptions for keywords, in any order and with anything between them:
 //
 //     "ilace"          the rows are interlaced
-//     "xscreen=640"    width of the screen; that of the image unless given
+//     "xscreen=640"    width of the screen; default: the image's
 //     "yscreen=480"    height of the screen
 //     "background=7"   index of the background colour
 //     "xpos=10"        left edge of the image on the screen
@@ -30,7 +30,7 @@ struct cGifOptions
 //     "transcol=3"     index of the transparent colour
 //     "transcol=edge"  the colour of the image's bottom left pixel
 //
-// Small letters only; of a keyword that comes twice the first counts. A number
+// Small letters only; the first occurrence of a keyword counts. A number
 // is decimal, may have a sign, ends at the first other character and keeps its
 // low 16 or 8 bits: "xpos=-1" is 65535, "xpos=x" is 0.
 cGifOptions ParseGifOptions(const char *szOptions, const cDibImage &Image);

@@ -33,7 +33,7 @@ int32_t cGifRows::Next()
     return nRow;
 }
 
-// "GIF87a", or "GIF89a" for what only that version can say. Logical screen:
+// "GIF87a", or "GIF89a" if a feature needs that version. Logical screen:
 //   0 u16 width   2 u16 height   4 u8 flags   5 u8 background   6 u8 aspect 0
 // flags: 0x80 a colour table follows, bits - 1 twice: of a colour, of the table
 static int PutHead(cByteSink *pSink, const cDibImage &Image, const cGifOptions &Options)
@@ -62,8 +62,8 @@ static int PutTransparency(cByteSink *pSink, const cGifOptions &Options)
 // Image descriptor:
 //   0 u8 0x2C   1 u16 left   3 u16 top   5 u16 width   7 u16 height   9 u8 flags
 // flags: 0x40 interlaced. The low bits are the size of a table that would follow
-// if 0x80 were set; they are filled in although none does, and readers pass over
-// them. Behind it stands the minimum code size, which is never 1.
+// if 0x80 were set; they are filled in although none does, and readers ignore
+// them. The minimum code size follows, which is never 1.
 static int PutImageHead(cByteSink *pSink, const cDibImage &Image, const cGifOptions &Options,
                         unsigned nMinimumSize)
 {

@@ -16,26 +16,26 @@ enum eGifResult
     grFailed       = 8   // a write failed, or 71108 bytes could not be allocated
 };
 
-// Writes the picture as a whole GIF file. szOptions is described in
+// Writes the picture as a complete GIF file. szOptions is described in
 // gif_options.h; "" gives a GIF87a file, not interlaced, with nothing
 // transparent. Sizes keep their low 16 bits. After a failed write nothing more
-// is written; the file is the caller's to close and to remove.
+// is written; the caller closes and removes the file.
 eGifResult WriteGifFile(cByteSink *pSink, const cDibImage &Image, const char *szOptions);
 
-// Walks through the rows of a picture in the order in which they are written.
-// Interlaced, 10 rows leave in the order 0 8 4 2 6 1 3 5 7 9.
+// Enumerates the rows of a picture in the order in which they are written. When
+// interlaced, 10 rows are written in the order 0 8 4 2 6 1 3 5 7 9.
 class cGifRows
 {
 public:
     cGifRows(int32_t nHeight, int bInterlaced);
 
-    // The next row, 0 is the top of the picture; -1 behind the last.
+    // The next row, 0 is the top of the picture; -1 after the last.
     int32_t Next();
 
 private:
     int32_t  m_nHeight;
     int32_t  m_nRow;   // the next one
-    unsigned m_nPass;  // of interlacing, 0 to 3; 4 is the only one without
+    unsigned m_nPass;  // of interlacing, 0 to 3; 4: not interlaced
 };
 
 #endif

@@ -7,7 +7,7 @@
 
 static const unsigned kBlockBytes = 255;
 
-// One code short of what 12 bits hold, on purpose.
+// One code less than 12 bits can hold, on purpose.
 static const uint32_t kRestartCode = 4094;
 
 cSubBlockWriter::cSubBlockWriter(cByteSink *pSink)
@@ -43,8 +43,8 @@ void cSubBlockWriter::Finish()
     WriteBlock(0);
 }
 
-// Hash of the string that is one pixel long. It grows with each pixel and the
-// length, so it stands for the whole string and not for its last pair alone.
+// Hash of a string of one pixel. Each pixel and the length are added to it, so it
+// depends on the complete string and not only on its last pair.
 static uint32_t FirstHash(uint32_t nPixel)
 {
     return (nPixel + 3) * 301;
@@ -63,7 +63,7 @@ cLzwEncoder::cLzwEncoder(cLzwRecord *pRecords, uint32_t *pSlots, unsigned nMinim
     Restart();
 }
 
-// Sends a clear code, in the size in force, and forgets all strings.
+// Sends a clear code in the current size and forgets all strings.
 void cLzwEncoder::Restart()
 {
     const uint32_t nClearCode = 1u << m_nMinimumSize;
@@ -77,8 +77,8 @@ void cLzwEncoder::Restart()
     m_nLength   = 0;
 }
 
-// The slot of the string that nSuffix makes of the string in hand, or the empty
-// one where it belongs.
+// The slot of the current string extended by nSuffix, or the empty slot where it
+// belongs.
 inline uint32_t *cLzwEncoder::FindSlot(uint32_t nHash, uint32_t nPrefix, uint8_t nSuffix) const
 {
     uint32_t *pSlot = m_pSlots + nHash;
@@ -89,8 +89,8 @@ inline uint32_t *cLzwEncoder::FindSlot(uint32_t nHash, uint32_t nPrefix, uint8_t
     return pSlot;
 }
 
-// Sends the code of the string in hand; the next code stands for that string
-// and nSuffix.
+// Sends the code of the current string; the next code stands for that string
+// followed by nSuffix.
 void cLzwEncoder::TakeCode(uint32_t *pSlot, uint32_t nPrefix, uint8_t nSuffix)
 {
     m_Out.Put(nPrefix, m_nSize);
@@ -150,7 +150,7 @@ int cLzwEncoder::Finish()
     if (m_nLength > 0)
     {
         m_Out.Put(m_nCode, m_nSize);
-        // A reader takes a code for the string that has just ended, too.
+        // A reader also assigns a code to the string that has just ended.
         if (m_nNextCode + 1 == m_nLimit)
             m_nSize++;
     }

@@ -16,7 +16,7 @@ class cSubBlockWriter
 public:
     explicit cSubBlockWriter(cByteSink *pSink);
 
-    // nCode has nSize bits, at most 12. A failed write shows in HasFailed.
+    // nCode has nSize bits, at most 12. HasFailed reports failed writes.
     void Put(uint32_t nCode, unsigned nSize)
     {
         m_nPending |= static_cast<uint64_t>(nCode) << m_nPendingBits;
@@ -25,7 +25,7 @@ public:
             StorePending(4);
     }
 
-    // Sends what is left, the last byte filled up with zero bits, and the empty
+    // Sends the rest, the last byte padded with zero bits, and the empty
     // sub-block that ends the data.
     void Finish();
 
@@ -37,13 +37,13 @@ private:
 
     cByteSink *m_pSink;
     int        m_bFailed;
-    uint64_t   m_nPending;      // codes that fill no whole word yet
+    uint64_t   m_nPending;      // codes that do not fill a word yet
     unsigned   m_nPendingBits;  // below 32 between two calls
     unsigned   m_nBytes;        // of the block so far, without its length byte
     uint8_t    m_Block[1 + 255 + 4];
 };
 
-// A string of pixels that has a code: a shorter string and one pixel more.
+// A string of pixels that has a code: a shorter string plus one pixel.
 struct cLzwRecord
 {
     uint32_t m_nPrefix;  // code of the shorter string
@@ -60,7 +60,7 @@ public:
     // nMinimumSize is the GIF's minimum code size, 2 to 8.
     cLzwEncoder(cLzwRecord *pRecords, uint32_t *pSlots, unsigned nMinimumSize, cByteSink *pSink);
 
-    // Encodes the next pixels, each below 2^nMinimumSize. Strings run on from
+    // Encodes the next pixels, each below 2^nMinimumSize. Strings continue from
     // one call to the next. Returns 0 once a write has failed.
     int Add(const uint8_t *pPixels, size_t nPixels);
 
@@ -77,11 +77,11 @@ private:
     unsigned        m_nMinimumSize;
     cSubBlockWriter m_Out;
 
-    unsigned m_nSize;      // bits of a code at present
+    unsigned m_nSize;      // current size of a code in bits
     uint32_t m_nLimit;     // 2^m_nSize
-    uint32_t m_nNextCode;  // the last one taken
+    uint32_t m_nNextCode;  // the last one assigned
 
-    // The string in hand: its code, its hash, its pixels (0: there is none).
+    // The current string: its code, its hash, its pixels (0: there is none).
     uint32_t m_nCode;
     uint32_t m_nHash;
     uint32_t m_nLength;

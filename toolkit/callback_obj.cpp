@@ -45,7 +45,7 @@ void cCallbackObj::Fire(uint32_t nSlot, void *pArgument)
         if (pRecord->nSlot == nSlot)
             Call(*pRecord, pArgument);
 
-        // The call may have taken this record or one before it out.
+        // The call may have removed this record or one before it.
         if (i < pList->Count() && pList->At(i) == pRecord)
             i++;
     }
@@ -60,7 +60,7 @@ void cCallbackObj::Call(const cCallbackRec &Record, void *pArgument)
                          pArgument, Record.dwUserData);
 }
 
-// Null for a slot that nobody has registered in or that does not exist.
+// Null for a slot without records or one that does not exist.
 cCallbackObj::cSlotList *cCallbackObj::SlotList(uint32_t nSlot) const
 {
     return m_pSlotLists && nSlot < m_nSlots ? m_pSlotLists[nSlot] : nullptr;

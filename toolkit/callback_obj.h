@@ -1,6 +1,5 @@
-// callback_obj.h - how a control tells its owner what happened without knowing
-// it: the control fires a numbered slot, and whoever has registered a record
-// there is called.
+// callback_obj.h - how a control notifies its owner without knowing it: the
+// control fires a numbered slot, and every record registered there is called.
 //
 //     cCallbackRec *pRecord = new (std::nothrow) cCallbackRec;
 //     pRecord->nSlot        = 0;
@@ -17,9 +16,9 @@
 
 class cCallbackObj;
 
-// Who is called when a slot fires. Either pfnStatic is set, or pTarget and
-// pfnMember; a record with neither is passed over. pArgument points to what the
-// firing class says, for example a key event, and is valid during the call.
+// The function called when a slot fires. Either pfnStatic is set, or pTarget and
+// pfnMember; a record with neither is ignored. pArgument points to data of
+// the firing class, for example a key event, and is valid during the call.
 class cCallbackRec
 {
 public:
@@ -52,16 +51,16 @@ public:
     // The name of the class, or of the platform's window class that it wraps.
     virtual const char *GetClassName() const;
 
-    // Puts pRecord behind those of its slot; from then on it belongs to this
-    // object. 0, and the record stays the caller's, if there is no such slot,
-    // or if memory is short and the user gave up.
+    // Appends pRecord to its slot; from then on it belongs to this object. 0,
+    // with the record still the caller's, if there is no such slot, or if memory
+    // is short and the user gave up.
     int Register(cCallbackRec *pRecord);
 
     // Gives pRecord back to the caller. 0 if it is not registered in its slot.
     int Unregister(cCallbackRec *pRecord);
 
     // Calls the records of a slot in the order of their registration. A slot
-    // that nobody has registered in, or that does not exist, does nothing. A
+    // without records, or one that does not exist, does nothing. A
     // callback may register and unregister records; it may not delete the
     // object that fires.
     void Fire(uint32_t nSlot, void *pArgument);

@@ -20,7 +20,7 @@ const char kBackupSuffix[]  = "_older";
 const size_t kExtensionLength = sizeof kTextExtension - 1;
 const size_t kSuffixLength    = sizeof kBackupSuffix - 1;
 
-// Text mode; where the C library knows "c", a flush goes through to the disk.
+// Text mode; where the C library supports "c", a flush reaches the disk.
 const char kOpenMode[] = "wtc";
 
 void CopyStream(FILE *pFrom, FILE *pTo)
@@ -63,7 +63,7 @@ int cDbgFile::Close()
 {
     if (m_pFile)
     {
-        // Not every library's fclose tells that the last bytes found no room.
+        // Not every library's fclose reports that the last bytes were not written.
         if (fflush(m_pFile) != 0 || ferror(m_pFile))
             m_bComplete = 0;
         if (fclose(m_pFile) != 0)
@@ -89,7 +89,7 @@ int cDbgFile::printf(const char *szFormat, ...)
     return fputs(szMessage, m_pFile) >= 0;
 }
 
-// Opening a pipe might wait for ever for somebody to read it.
+// Opening a pipe might wait for a reader for ever.
 int cDbgFile::Open()
 {
     std::error_code Error;
@@ -119,8 +119,8 @@ int cDbgFile::KeepWithinCap()
     return 0;
 }
 
-// A log that does not exist yet leaves no backup, and that is no error; nor
-// does a terminal or another device, which could be read for ever.
+// A log that does not exist yet has no backup, which is not an error; nor does a
+// terminal or another device have one, because reading it might never end.
 void cDbgFile::CopyToBackup() const
 {
     if (!IsRegularFile(m_szFileName))

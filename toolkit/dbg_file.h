@@ -1,5 +1,5 @@
-// dbg_file.h - a text log with a size cap and one generation of backup. The
-// trace of a running program goes through it into "tracelog.txt".
+// dbg_file.h - a text log with a size cap and one backup. It writes the trace of
+// a running program to "tracelog.txt".
 
 #ifndef TOOLKIT_DBG_FILE_H
 #define TOOLKIT_DBG_FILE_H
@@ -30,23 +30,23 @@ void DbgBackupName(const char *szName, char (&szBackup)[kDbgFileName]);
 class cDbgFile
 {
 public:
-    // Keeps what szFileName holds as its backup and opens it empty.
+    // Keeps the content of szFileName as its backup and opens the file empty.
     // nMaxMegabytes is the cap in units of 1,000,000 bytes, at most 100. If the
     // file cannot be opened, "C:\windows\temp\dfltlog.txt" takes its place; if
     // that cannot be opened either, a box says so, quit is posted, and the log
-    // ignores what is written. pBoxes must outlive the log.
+    // ignores all writes. pBoxes must outlive the log.
     cDbgFile(const char *szFileName, uint32_t nMaxMegabytes, cMessageBoxes *pBoxes);
     virtual ~cDbgFile();
     cDbgFile(const cDbgFile &)            = delete;
     cDbgFile &operator=(const cDbgFile &) = delete;
 
-    // Writes a text, cut to 511 characters; a line end is the caller's
-    // business. A file above the cap becomes the backup first and starts empty
+    // Writes a text, cut to 511 characters; the caller adds the line end. A file
+    // above the cap becomes the backup first and starts empty
     // again, so it exceeds the cap by at most one message. Returns 1, or 0 if
     // nothing was written.
     int printf(const char *szFormat, ...) TOOLKIT_PRINTF_FORMAT(2, 3);
 
-    // Closes the log. Returns 1, or 0 if anything that was written got lost.
+    // Closes the log. Returns 1, or 0 if anything that was written is lost.
     int Close();
 
     const char *FileName() const { return m_szFileName; }

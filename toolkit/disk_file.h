@@ -1,5 +1,5 @@
-// disk_file.h - the few things about files that neither the C library nor
-// std::filesystem does alike on every platform.
+// disk_file.h - the few file operations that differ between platforms in both the
+// C library and std::filesystem.
 
 #ifndef TOOLKIT_DISK_FILE_H
 #define TOOLKIT_DISK_FILE_H
@@ -7,8 +7,8 @@
 #include <cstdio>
 #include <filesystem>
 
-// The path of a file name as fopen() takes it. On Windows that is a name in
-// the user's code page, which std::filesystem by itself takes for Latin-1: the
+// The path of a file name as passed to fopen(). On Windows that is a name in the
+// user's code page, which std::filesystem by itself reads as Latin-1: the
 // Euro sign of "5 \x80.txt" would become another character and the file
 // another file. Empty for a name that cannot be converted.
 std::filesystem::path PathOfName(const char *szFileName);
@@ -16,12 +16,12 @@ std::filesystem::path PathOfName(const char *szFileName);
 // Opens as fopen() does; null on failure.
 FILE *OpenDiskFile(const std::filesystem::path &Path, const char *szMode);
 
-// Creates a file that did not exist and opens it for writing; null if there is
-// something of that name already, or on any other failure.
+// Creates a new file and opens it for writing; null if the name already exists,
+// or on any other failure.
 FILE *CreateDiskFile(const std::filesystem::path &Path, const char *szMode);
 
 // Flushes pFile and waits until its content is on the disk. Returns 1, or 0
-// when anything could not be written.
+// if anything could not be written.
 int SyncToDisk(FILE *pFile);
 
 #endif

@@ -1,5 +1,5 @@
-// message_box.h - how a message box looks and how it was answered.
-// The portable code asks through cMessageBoxes; the window program shows real
+// message_box.h - the look of a message box and its answer. Portable code shows
+// boxes through cMessageBoxes; the window program shows real
 // boxes, the console program prints them, the tests record them.
 
 #ifndef TOOLKIT_MESSAGE_BOX_H
@@ -39,16 +39,16 @@ public:
     virtual eAnswer Ask(const char *szText, const char *szCaption, eButtons nButtons,
                         eIcon nIcon) = 0;
 
-    // Reports a failure in a box with OK and the error icon that belongs to no
-    // window, as the window that it would belong to may be what failed. Without
-    // windows it is a box like others.
+    // Reports a failure in a box with OK and the error icon. The box has no owner,
+    // because the owner's window may be what failed. Without windows it is an
+    // ordinary box.
     virtual void ReportUnowned(const char *szText, const char *szCaption)
     {
         Ask(szText, szCaption, bnOk, icError);
     }
 
-    // Asks the application to end: the message loop returns nExitCode once
-    // the work in hand is finished.
+    // Asks the application to end: the message loop returns nExitCode once the
+    // current operation is finished.
     virtual void PostQuit(int nExitCode) = 0;
 };
 

@@ -1,6 +1,6 @@
 // page_margins.h - the margins of a printed page and their two units: they are
-// kept in thousandths of an inch, and shown in hundredths of a millimetre where
-// people measure so.
+// stored in thousandths of an inch, and displayed in hundredths of a millimetre
+// where measures are metric.
 
 #ifndef TOOLKIT_PAGE_MARGINS_H
 #define TOOLKIT_PAGE_MARGINS_H
@@ -18,8 +18,8 @@ const int kDefaultMargin = 1000;  // thousandths of an inch
 // Hundredths of a millimetre, truncated: 1000 becomes 2540, 333 becomes 845.
 cPageMargins MetricMargins(const cPageMargins &Thousandths);
 
-// Back to thousandths of an inch, rounded, so that margins that were only
-// looked at stay what they are: 845 becomes 333.
+// Back to thousandths of an inch, rounded, so that margins that were displayed
+// but not edited keep their value: 845 becomes 333.
 cPageMargins InchMargins(const cPageMargins &HundredthsOfMillimetre);
 
 #endif

@@ -1,5 +1,5 @@
-// pointer_list.h - an ordered list of pointers to things that belong to
-// somebody else: callback records, rectangles.
+// pointer_list.h - an ordered list of pointers to objects that it does not own:
+// callback records, rectangles.
 
 #ifndef TOOLKIT_POINTER_LIST_H
 #define TOOLKIT_POINTER_LIST_H
@@ -17,8 +17,8 @@ public:
     cPointerList(const cPointerList &)            = delete;
     cPointerList &operator=(const cPointerList &) = delete;
 
-    // Puts pItem behind the others. 0, and the list is as it was, if memory is
-    // short and the user gave up.
+    // Appends pItem. 0, with the list unchanged, if memory is short and the user
+    // gave up.
     int Append(cItem *pItem, cMessageBoxes *pBoxes)
     {
         if (m_nItems == m_nRoom && !Grow(pBoxes))
@@ -27,8 +27,8 @@ public:
         return 1;
     }
 
-    // Takes the first pointer to *pItem out; the others keep their order. 0 if
-    // there is none.
+    // Removes the first pointer to *pItem; the others keep their order. 0 if there
+    // is none.
     int Remove(const cItem *pItem)
     {
         cItem **const pEnd   = m_pItems + m_nItems;

@@ -1,6 +1,6 @@
-// print_plan.h - how a text falls onto printed pages: which lines, where on the
+// print_plan.h - the layout of a text on printed pages: which lines, where on the
 // sheet, and in which order the sheets leave the printer. Pure arithmetic in
-// printer pixels; the printer itself is text_printer.h's business.
+// printer pixels; win32/text_printer.h does the printing.
 
 #ifndef TOOLKIT_PRINT_PLAN_H
 #define TOOLKIT_PRINT_PLAN_H
@@ -10,7 +10,7 @@
 // A sheet as its reader holds it, in pixels.
 struct cPaper
 {
-    int m_bTurned;     // by a quarter: the text runs down the sheet
+    int m_bTurned;     // by 90 degrees: the text runs down the sheet
     int m_nDpiAcross;  // pixels per inch along a line of text
     int m_nDpiDown;    // and from line to line
     int m_nWidth;      // of the sheet, unprintable edges included
@@ -21,11 +21,11 @@ struct cPaper
     int m_nEdgeBottom;
 };
 
-// An upright sheet turned by a quarter to the left, for text that runs down it:
+// An upright sheet turned left by 90 degrees, for text that runs down it:
 // its right edge becomes the reader's top, its upper edge the reader's left.
 cPaper TurnPaper(const cPaper &Paper);
 
-// Escapement and orientation of a font for that: a quarter to the right, in
+// Escapement and orientation of a font for that: 90 degrees to the right, in
 // tenths of a degree.
 const int kTurnedText = -900;
 
@@ -37,15 +37,15 @@ struct cTextBand
 {
     int m_nLeft;
     int m_nTop;
-    int m_nHeight;  // 0 when the margins leave nothing
+    int m_nHeight;  // 0 if the margins leave no room
 };
 
-// Each side keeps its margin, or the printer's unprintable edge where that is
+// Each side has its margin, or the printer's unprintable edge where that is
 // wider.
 cTextBand PlanTextBand(const cPaper &Paper, const cPageMargins &Margins);
 
 // The part of a sheet that holds a picture, in pixels from the first printable
-// one at the reader's top left. Right and bottom do not belong to it.
+// one at the reader's top left. Right and bottom are exclusive.
 struct cSheetBox
 {
     int m_nLeft;
@@ -54,7 +54,7 @@ struct cSheetBox
     int m_nBottom;
 };
 
-// The same for a picture; where the margins leave nothing it is empty.
+// The same for a picture; empty if the margins leave no room.
 cSheetBox PlanSheetBox(const cPaper &Paper, const cPageMargins &Margins);
 
 struct cSheetPoint
@@ -70,14 +70,14 @@ cSheetPoint LinePosition(const cPaper &Paper, const cTextBand &Band, int nLineHe
 const int kTenthsPerInch = 720;  // tenths of a point
 
 // Height of the printer's font: 90 tenths of a point are 75 pixels at 600 per
-// inch. Negative, as the platform wants a height without the leading.
+// inch. Negative, the platform's sign for a height without the leading.
 int PrinterFontHeight(int nTenthsOfPoint, int nDpi);
 
 // What the user chose in the printer dialog.
 struct cPrintChoice
 {
     int m_nCopies;     // at least 1
-    int m_bCollate;    // all pages, then all again
+    int m_bCollate;    // all pages of a copy, then the next copy
     int m_bPageRange;  // only the pages from m_nFromPage to m_nToPage, counted from 1
     int m_nFromPage;
     int m_nToPage;
@@ -88,7 +88,7 @@ struct cPrintPlan
     int m_nLines;         // of the text
     int m_nLinesPerPage;  // at least 1
     int m_nFirstPage;     // from 1
-    int m_nPages;         // that are printed; 0 when the chosen range holds none
+    int m_nPages;         // that are printed; 0 if the chosen range contains none
     int m_nCopies;
     int m_bCollate;
 };
@@ -96,7 +96,7 @@ struct cPrintPlan
 cPrintPlan PlanPrint(int nLines, const cTextBand &Band, int nLineHeight,
                      const cPrintChoice &Choice);
 
-// How many sheets are printed in all.
+// The total number of printed sheets.
 int CountSheets(const cPrintPlan &Plan);
 
 // The page, from 1, that is printed as sheet nSheet, from 0. Two copies of

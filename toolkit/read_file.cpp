@@ -22,7 +22,7 @@ int IsRegularFile(const char *szName)
     return std::filesystem::is_regular_file(PathOfName(szName), Error);
 }
 
-// The file may grow or shrink meanwhile, so its size is not asked for.
+// The file may grow or shrink meanwhile, so its size is not used.
 int cFileText::Read(const char *szName, cMessageBoxes *pBoxes)
 {
     if (!IsRegularFile(szName))

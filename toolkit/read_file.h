@@ -1,4 +1,4 @@
-// read_file.h - a whole file in memory.
+// read_file.h - reads a complete file into memory.
 
 #ifndef TOOLKIT_READ_FILE_H
 #define TOOLKIT_READ_FILE_H
@@ -7,8 +7,8 @@
 
 class cMessageBoxes;
 
-// 1 for an ordinary file or a link to one. Opening a folder, a device or a
-// pipe might succeed and reading it never end.
+// 1 for a regular file or a link to one. Opening a folder, a device or a pipe
+// might succeed, and reading it might never end.
 int IsRegularFile(const char *szName);
 
 class cFileText
@@ -19,12 +19,12 @@ public:
     cFileText(const cFileText &)            = delete;
     cFileText &operator=(const cFileText &) = delete;
 
-    // Reads the file as it is on disk, line ends included. 0 if it is no
-    // ordinary file, cannot be read to its end, or memory is short and the
+    // Reads the file as it is on disk, line ends included. 0 if it is
+    // not a regular file, cannot be read to its end, or memory is short and the
     // user gave up.
     int Read(const char *szName, cMessageBoxes *pBoxes);
 
-    const char *Text() const { return m_pText; }  // null unless Read gave 1
+    const char *Text() const { return m_pText; }  // null unless Read returned 1
     size_t      Length() const { return m_nLength; }
 
 private:

@@ -9,12 +9,12 @@ namespace fs = std::filesystem;
 namespace
 {
 
-const int kMostLinks       = 40;    // in a row, as the system itself follows
-const int kMostTemporaries = 1000;  // left behind by computers switched off while saving
+const int kMostLinks       = 40;    // in a row, the system's own limit
+const int kMostTemporaries = 1000;  // left by computers that were switched off while saving
 const int kTemporaryName   = 16;
 
-// The file that Path stands for once all links are followed; it need not
-// exist. Empty for links that lead in a circle.
+// The target of Path once all links are followed; it need not exist. Empty for
+// circular links.
 fs::path FollowLinks(fs::path Path)
 {
     for (int i = 0; i < kMostLinks; i++)
@@ -23,13 +23,13 @@ fs::path FollowLinks(fs::path Path)
         const fs::path  Next = fs::read_symlink(Path, Error);
         if (Error)
             return Path;
-        Path = Path.parent_path() / Next;  // an absolute Next stands alone
+        Path = Path.parent_path() / Next;  // an absolute Next replaces the parent
     }
     return fs::path();
 }
 
-// Renaming asks the folder for leave, not the file, and root is asked for
-// nothing; a file that is marked read-only is refused to everybody.
+// rename() checks the folder's permissions, not the file's, and root passes every
+// check; a file that is marked read-only must not be replaced by anybody.
 int MayWrite(const fs::path &Path, fs::perms nPermissions)
 {
     const fs::perms nAnyWrite =
@@ -78,7 +78,7 @@ int cReplacementFile::Open(const char *szFileName, const char *szMode)
     }
 }
 
-// A short name of its own, so that it fits wherever the target's name fits.
+// A short name, so that it fits wherever the target's name fits.
 int cReplacementFile::OpenTemporary(const char *szMode)
 {
     for (int i = 0; i < kMostTemporaries; i++)
@@ -108,7 +108,7 @@ int cReplacementFile::Commit()
     return bDone;
 }
 
-// Writes out and closes the stream. 1 if not a byte was lost on the way.
+// Flushes and closes the stream. 1 if no byte was lost.
 int cReplacementFile::Finish()
 {
     const int bWritten = !ferror(m_pFile);
@@ -135,7 +135,7 @@ int cReplacementFile::TakePlace()
     return 1;
 }
 
-// There is none any more once it has taken the target's place.
+// The file no longer exists once it has replaced the target.
 void cReplacementFile::RemoveTemporary()
 {
     std::error_code Ignored;

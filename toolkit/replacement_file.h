@@ -1,6 +1,6 @@
 // replacement_file.h - saves a file so that nothing is lost when saving fails.
-// The new content is collected beside the old file and takes its place only
-// when it is complete and on the disk.
+// The new content is written next to the old file and replaces it only when it
+// is complete and on the disk.
 //
 //     cReplacementFile File;
 //     if (!File.Open(szFileName, "wb"))
@@ -19,25 +19,25 @@ class cReplacementFile
 public:
     cReplacementFile();
 
-    // Gives up what was not committed; the old file stays as it was.
+    // Discards what was not committed; the old file is unchanged.
     ~cReplacementFile();
     cReplacementFile(const cReplacementFile &)            = delete;
     cReplacementFile &operator=(const cReplacementFile &) = delete;
 
     // Starts the new content of szFileName; szMode is "wb", or "w" for the
-    // line ends of the platform. A symbolic link stands for the file it points
-    // to. A device such as /dev/stdout is written directly. Returns 0, and has
-    // written nothing, if the old file may not be written, is a folder, or if
-    // no file can be made beside it. Called once.
+    // line ends of the platform. A symbolic link is followed to its
+    // target. A device such as /dev/stdout is written directly. Returns 0, with
+    // nothing written, if the old file may not be written, is a folder, or if no
+    // file can be created next to it. Called once.
     int Open(const char *szFileName, const char *szMode);
 
-    // Where the new content goes, after Open has returned 1. Failed writes
-    // need not be looked for: Commit finds them.
+    // The stream for the new content, after Open has returned 1. The caller need
+    // not check writes: Commit reports failures.
     FILE *Stream() { return m_pFile; }
 
-    // Completes the new content and puts it in the old file's place, with its
-    // permissions. Returns 0 if anything failed, from the first write on, and
-    // then the old file is as it was and nothing is left beside it. Called once.
+    // Completes the new content and replaces the old file, keeping its permissions.
+    // Returns 0 if anything failed, from the first write on; then the old file is
+    // unchanged and no other file remains. Called once.
     int Commit();
 
 private:
@@ -47,7 +47,7 @@ private:
     void RemoveTemporary();
 
     FILE                 *m_pFile;
-    std::filesystem::path m_Target;     // no link
+    std::filesystem::path m_Target;     // not a link
     std::filesystem::path m_Temporary;  // empty: a device is written directly
 };
 

@@ -1,5 +1,5 @@
-// retry_alloc.h - what happens when memory runs out: the user may close other
-// programs and try again, or give up and leave the calculator.
+// retry_alloc.h - handles memory running out: the user may close other programs
+// and retry, or give up and quit the calculator.
 
 #ifndef TOOLKIT_RETRY_ALLOC_H
 #define TOOLKIT_RETRY_ALLOC_H
