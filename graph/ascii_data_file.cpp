@@ -33,9 +33,14 @@ const int kNumberText = 47;
 
 const int kAbortText = 128;
 
-bool Begins(const char *szText, const char *szStart)
+int Begins(const char *szText, const char *szStart)
 {
-    return strncmp(szText, szStart, strlen(szStart)) == 0;
+    while (*szStart && *szText == *szStart)
+    {
+        szText++;
+        szStart++;
+    }
+    return !*szStart;
 }
 
 const char *SkipBlanks(const char *pText)
