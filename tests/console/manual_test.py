@@ -1,5 +1,5 @@
-"""The examples of the manual: keystrokes, listings, data files and what stands
-in a terminal give what their pages say."""
+"""The examples of the manual: keystrokes, listings, data files and terminal
+sessions give the results that the pages show."""
 
 import os
 import re
@@ -10,7 +10,7 @@ import unittest
 from console_case import EXAMPLES, REPOSITORY, ConsoleCase, main
 from manual_pages import NoSuchKey, key_commands, pages
 
-# What a note may tell behind the display: "Y = 3.00", "R5 = 7.00",
+# Facts that a note may contain: "Y = 3.00", "R5 = 7.00",
 # "R.1 = 2.00", "LASTx = 4", "line = 03", "points = 12".
 NOTE = re.compile(r"\b([XYZT]|LASTx|R\.?\d+|line|sets|points) = ([-+\w.]*\w)")
 
@@ -18,7 +18,7 @@ ALL_PAGES = pages()
 
 
 def table_of_instructions():
-    """Mnemonic, and whether it keeps X in LASTx, of each row of the table."""
+    """The mnemonic of each instruction, and whether it saves X in LASTx."""
     path = os.path.join(REPOSITORY, "engine", "instruction_table.cpp")
     with open(path, encoding="utf-8") as file:
         rows = re.findall(r'^    \{ "([^"]+)", +op\w+, +&cVorstekEngine::\w+, +([012]),',
@@ -27,7 +27,7 @@ def table_of_instructions():
 
 
 def fact(state, name):
-    """What the state says of a name in a note, as the manual writes it."""
+    """The value of a name in a note, as the manual writes it."""
     if name in "XYZT":
         return state["stack"]["XYZT".index(name)]["text"].lstrip("+")
     if name == "LASTx":
@@ -43,9 +43,8 @@ def fact(state, name):
 
 
 class ManualCase(ConsoleCase):
-    """With the files of all pages, and the examples, as a reader has them.
-    Where processes start slowly few of them matter: what can be, is asked of
-    one."""
+    """Runs in a folder with the examples and the files of all pages. Starting
+    a process can be slow, so one process answers as much as possible."""
 
     def setUp(self):
         super().setUp()
@@ -59,9 +58,9 @@ class ManualCase(ConsoleCase):
 
 
 class KeysTest(ManualCase):
-    """<pre class="keys">: KEYS | DISPLAY | NOTE. A block has a fresh
-    calculator, "continued" that of the block before it; data-open names the
-    listing that it opens first."""
+    """<pre class="keys">: KEYS | DISPLAY | NOTE. Each block starts with a fresh
+    calculator, a "continued" one with the calculator of the block before it;
+    data-open names a listing to open first."""
 
     def test_displays_and_notes(self):
         script, wanted = ["option sound off"], []
@@ -84,12 +83,12 @@ class KeysTest(ManualCase):
             if "data-open" in block.attributes:
                 script += ["open " + block.attributes["data-open"]]
             for number, line in enumerate(block.text.strip("\n").split("\n"), block.line + 1):
-                keys, *told = line.split("|", 1)
+                keys, *rest = line.split("|", 1)
                 with self.subTest(page=page.name, line=number):
                     script += key_commands(keys)
-                    if told:
+                    if rest:
                         script += ["state"]
-                        wanted.append((page.name, number, told[0]))
+                        wanted.append((page.name, number, rest[0]))
         return script, wanted
 
     def compare(self, state, text):
@@ -107,18 +106,18 @@ class KeysTest(ManualCase):
                 with self.subTest(page=page.name, line=element.line):
                     self.assertTrue(key_commands(element.text))
 
-    def test_a_text_that_is_on_no_key_is_found(self):
+    def test_a_text_on_no_key_is_rejected(self):
         for text in ("sqrt", "ln", "f 1/x", "g FIX", "f f ln"):
             with self.assertRaises(NoSuchKey):
                 key_commands(text)
 
 
 class InstructionsTest(ManualCase):
-    """The reference: <h3 data-instruction="MNEMONIC"> begins an entry."""
+    """The reference: <h2 data-instruction="MNEMONIC"> starts an entry."""
 
     def entries(self):
         return {heading.attributes["data-instruction"]: (page, heading, elements)
-                for page in ALL_PAGES for heading, elements in page.sections("h3")
+                for page in ALL_PAGES for heading, elements in page.sections("h2")
                 if "data-instruction" in heading.attributes}
 
     def test_each_instruction_of_the_table_has_an_entry(self):
@@ -147,7 +146,7 @@ class InstructionsTest(ManualCase):
                 self.assertEqual(state["line"], 1)
                 self.assertRegex(state["program"][1], "^" + re.escape(mnemonic) + r"( \.?\d)?$")
 
-    def test_entries_tell_what_goes_to_lastx(self):
+    def test_entries_say_what_goes_to_lastx(self):
         table = table_of_instructions()
         for mnemonic, (page, _, elements) in self.entries().items():
             with self.subTest(mnemonic=mnemonic, page=page.name):
@@ -165,17 +164,17 @@ class TextTest(ManualCase):
     """Listings, data files and sessions."""
 
     def test_listings_pass_the_check(self):
-        names, told = [], ""
+        names, findings = [], ""
         for page in ALL_PAGES:
             for block in page.having("pre", "listing"):
                 names.append(block.attributes["data-file"])
                 for line in block.attributes.get("data-finding", "").splitlines():
-                    told += f"{names[-1]}:{line}\n"
+                    findings += f"{names[-1]}:{line}\n"
 
         result = self.start("check", *names)
 
         self.assertGreater(len(names), 15)
-        self.assertEqual((result.code, result.out), (1, told))
+        self.assertEqual((result.code, result.out), (1, findings))
 
     def test_data_files_are_read(self):
         script, shapes = [], []
@@ -193,8 +192,8 @@ class TextTest(ManualCase):
                           for event in events], shapes)
 
     def test_sessions(self):
-        """Lines behind "$" are commands; what follows is what they print.
-        "..." at the end of a line, or as a line, stands for what differs."""
+        """Lines that start with "$" are commands; their output follows. "..."
+        at the end of a line, or as a line, matches any text."""
         count = 0
         for page in ALL_PAGES:
             for block in page.having("pre", "session"):
@@ -223,7 +222,7 @@ class TextTest(ManualCase):
             yield command, printed.rstrip("\n")
 
     def perform(self, command, code):
-        """What a line of the terminal prints, and the exit code."""
+        """The output of a command line, and its exit code."""
         program, *arguments = shlex.split(command)
         if program == "echo":
             self.assertEqual(arguments, ["$?"])
