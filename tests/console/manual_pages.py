@@ -68,7 +68,7 @@ class Page(html.parser.HTMLParser):
     """All elements in their order. What is not closed as it was opened is an
     error of the page."""
 
-    VOID = ("meta", "link", "img", "br", "hr")
+    VOID = ("meta", "link", "img", "br", "hr", "input")
 
     def __init__(self, path):
         super().__init__(convert_charrefs=True)
