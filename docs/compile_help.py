@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Compiles a help file: compile_help.py CHMCMD PROJECT.hhp NAME FOLDER
 
-NAME is the file that the project names; it is put into FOLDER. The compiler
-goes on, and returns 0, where it misses a file that it should take in; here
-that is a failure, and the compiler's words are printed."""
+NAME is the output file of the project; it is moved to FOLDER. If a file of the
+project is missing, the compiler only warns and returns 0. This script then fails
+and prints the compiler's output."""
 
 import pathlib
 import subprocess

@@ -3,10 +3,10 @@
 
 usage: draw_pictures.py [FOLDER]
 
-FOLDER is docs/manual/pictures unless given. The movements of the stack are
-drawn here; the face is put together from resources/bitmaps; the graphs are
-those of examples/pictures. Debian packages: python3-pil fonts-liberation
-librsvg2-bin. The same tools write the same bytes every time.
+The default FOLDER is docs/manual/pictures. The script draws the stack diagrams,
+adds numbers to the face from resources/bitmaps, and converts graphs from
+examples/pictures. Debian packages: python3-pil fonts-liberation librsvg2-bin.
+The output is reproducible with the same tool versions.
 """
 
 import pathlib
@@ -17,7 +17,7 @@ from PIL import Image, ImageDraw, ImageFont
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 FONTS = pathlib.Path("/usr/share/fonts/truetype/liberation")
-FINE = 4                    # drawn so much larger, for smooth edges
+FINE = 4                    # oversampling, for smooth edges
 
 INK, QUIET, FAINT, PAPER = (35, 38, 43), (95, 98, 104), (140, 144, 150), (255, 255, 255)
 BOX, EDGE = (247, 243, 234), (190, 180, 160)
@@ -65,13 +65,13 @@ class Sheet:
 
 
 def row(level):
-    """Level 4 is LASTx, a little below the stack."""
+    """Level 4 is LASTx, slightly below the stack."""
     return TOP + level * ROW + (10 if level == 4 else 0)
 
 
 def movement(path, columns, arrows):
-    """Stacks side by side; columns are (heading, values from T to X and
-    perhaps LASTx), arrows (column, from level, to level, colour)."""
+    """Stacks side by side. A column is (heading, values from T to X and
+    optionally LASTx), an arrow (column, from level, to level, colour)."""
     levels = max(len(values) for _, values in columns)
     width, distance = (74, 122) if len(columns) > 2 else (92, 190)
     sheet = Sheet(LEFT + (len(columns) - 1) * distance + width + 12,
@@ -100,7 +100,7 @@ def movement(path, columns, arrows):
 
 T, Z, Y, X, LAST = range(5)
 
-# File, stacks, arrows. The values 1 to 4 tell where each number went.
+# File, stacks, arrows. The values 1 to 4 show where each number goes.
 MOVEMENTS = (
     ("stack-enter.png",
      (("before", "1234"), ("ENTER", "2344")),
@@ -130,8 +130,7 @@ MOVEMENTS = (
       (3, X, Y, RED), (4, Y, X, RED), (4, X, X, BLUE))),
 )
 
-# Parts of the face, with the side at which their number stands: x, y of the
-# number, x, y of the part.
+# Numbered parts of the face: number, its x and y, x and y of the part.
 CALLOUTS = (
     ("1", (-24, 66), (32, 66)), ("2", (-24, 112), (74, 113)), ("3", (330, 112), (230, 113)),
     ("4", (330, 167), (268, 167)), ("5", (330, 222), (268, 222)), ("6", (-24, 275), (38, 275)),
@@ -140,7 +139,7 @@ CALLOUTS = (
 
 
 def face(path):
-    """The face at rest, with numbers for the text beside it."""
+    """The face with the numbers that the text refers to."""
     margin = 46
     bitmap = Image.open(ROOT / "resources/bitmaps/face.bmp").convert("RGB")
     sheet = Sheet(bitmap.width + 2 * margin, bitmap.height)
