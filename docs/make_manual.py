@@ -35,7 +35,7 @@ import sys
 
 SOURCES = pathlib.Path(__file__).resolve().parent / "manual"
 PAGES = "HtmlHelp"              # folder of the pages, also inside the help files
-INDEX_PAGE = "word-index.htm"   # only for browsers, as is the search
+INDEX_PAGE = "word-index.html"  # only for browsers; topics of help files are .htm
 
 # Help files: name, contents, title of the viewer's window.
 HELP_FILES = (

@@ -1,5 +1,5 @@
-"""The pages of the manual as its tests read them: what is marked up, and the
-keys by the texts that stand on the calculator's face."""
+"""Reads the pages of the manual for their tests: the markup, and the keys by
+their legends on the calculator's face."""
 
 import html.parser
 import os
@@ -9,8 +9,8 @@ from console_case import KEYS, MODE_SWITCH, REPOSITORY, STACK_VIEW
 
 MANUAL = os.path.join(REPOSITORY, "docs", "manual")
 
-# Texts on the keys, in gold above them (behind f) and in blue on their fronts
-# (behind g). "_" is a blank in a text.
+# Legends on the keys, in gold above them (after f) and in blue on their fronts
+# (after g). "_" is a space in a legend.
 UNSHIFTED = {**KEYS, "R\u2193": KEYS["Rolldown"], "\u03a3+": KEYS["Sum+"], "CLx": KEYS["CLX"]}
 for _name in ("Rolldown", "Sum+", "CLX"):
     del UNSHIFTED[_name]
@@ -31,7 +31,7 @@ SWITCHES = {"PRGM": f"up {MODE_SWITCH}", "RUN": f"down {MODE_SWITCH}",
 
 
 class NoSuchKey(Exception):
-    """A text that stands on no key, or not in this colour."""
+    """A legend that is on no key, or not in this colour."""
 
 
 def key_commands(text):

@@ -64,7 +64,7 @@ class WebCase(unittest.TestCase):
 
     def assert_web(self, folder):
         web = {name: Page(os.path.join(folder, name)) for name in os.listdir(folder)
-               if name.endswith(".htm")}
+               if name.endswith((".htm", ".html"))}
         anchors = {name: [element.attributes["id"] for element in page.elements
                           if "id" in element.attributes] for name, page in web.items()}
         count = 0
@@ -183,7 +183,7 @@ class GeneratedPagesTest(WebCase):
 
     def test_pages(self):
         names = sorted(page.name for page in pages())
-        for folder, more in (("HtmlHelp", ["word-index.htm"]), ("projects/HtmlHelp", [])):
+        for folder, more in (("HtmlHelp", ["word-index.html"]), ("projects/HtmlHelp", [])):
             web = self.assert_web(self.made(folder))
             self.assertEqual(sorted(web), sorted(names + more))
             for name, page in web.items():
@@ -205,12 +205,12 @@ class GeneratedPagesTest(WebCase):
 
     def test_every_page_for_browsers_offers_index_card_and_search(self):
         for name in os.listdir(self.made("HtmlHelp")):
-            if not name.endswith(".htm"):
+            if not name.endswith((".htm", ".html")):
                 continue
             page = Page(self.made("HtmlHelp", name))
             with self.subTest(page=name):
                 links = [element.attributes["href"] for element in page.having("a")]
-                for other in ("word-index.htm", "card.htm"):
+                for other in ("word-index.html", "card.htm"):
                     self.assertTrue(other in links or name == other)
                 form, = page.having("form", "search")
                 self.assertIn("hidden", form.attributes)    # until the script runs
@@ -227,7 +227,7 @@ class GeneratedPagesTest(WebCase):
         wanted = sorted({word.strip() for page in pages() for element in page.elements
                          for word in element.attributes.get("data-index", "").split(";")
                          if word.strip()}, key=str.lower)
-        index = Page(self.made("HtmlHelp", "word-index.htm"))
+        index = Page(self.made("HtmlHelp", "word-index.html"))
         entries = [item.text for item in index.having("li")]
         self.assertGreater(len(wanted), 300)
         self.assertEqual(len(entries), len(wanted))
