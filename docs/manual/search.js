@@ -11,19 +11,28 @@ function words(text) {
     return text.toLowerCase().split(/\s+/).filter(Boolean);
 }
 
-// 0 if the section does not contain every word. A word in a heading or among
-// the index words counts more than one in the text.
+// How well a text fits a word: 0, or 1 for a part of a word, 3 for a complete
+// one, 5 for the first of the text.
+function fit(text, word) {
+    if (!text.includes(word))
+        return 0;
+    const spaced = " " + text.replace(/[,;:.()\u201c\u201d]+(\s|$)/g, " ") + " ";
+    return spaced.startsWith(" " + word + " ") ? 5 : spaced.includes(" " + word + " ") ? 3 : 1;
+}
+
+// 0 if the section does not contain every word. Headings and index words count
+// more than the text.
 function score(section, wanted) {
     const [, page, , heading, index, text] = section.map((part) => part.toLowerCase());
     let total = 0;
     for (const word of wanted) {
-        const found = 12 * heading.includes(word) + 8 * index.includes(word) +
-            4 * page.includes(word) + Math.min(text.split(word).length - 1, 5);
+        const found = 4 * fit(heading, word) + 3 * fit(index, word) + fit(page, word) + fit(text, word);
         if (!found)
             return 0;
         total += found;
     }
-    return total;
+    const phrase = wanted.join(" ");
+    return total + 15 * (heading + "; " + index).includes(phrase) + 5 * text.includes(phrase);
 }
 
 // The text around the first word that it contains.

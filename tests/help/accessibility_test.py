@@ -90,6 +90,9 @@ class AccessibilityTest(unittest.TestCase):
     def audit(self, rules=""):
         return self.browser.evaluate(AUDIT % rules)
 
+    def first_result(self):
+        return self.browser.evaluate("document.querySelector('#results a').textContent")
+
     def test_pages(self):
         self.assertGreater(len(self.pages), 30)
         for page in self.pages:
@@ -124,9 +127,17 @@ class AccessibilityTest(unittest.TestCase):
         self.browser.follow("form.q.value = 'Regression slope'; form.submit()")
 
         self.assertRegex(self.browser.evaluate("location.href"), "word-index.html")
-        self.assertEqual(self.browser.evaluate("document.querySelector('#results a').textContent"),
-                         "Statistics instructions: LR linear regression")
+        self.assertEqual(self.first_result(), "Statistics instructions: LR linear regression")
         self.assertEqual(self.audit(), [])
+
+    def test_complete_words_and_phrases_come_first(self):
+        """Not "Commands" for a comma, nor other lines for line 00."""
+        for query, heading in (("comma", "The calculator face: Using the keyboard"),
+                               ("line 00", "Editing a program: Moving through a program"),
+                               ("STO", "Register instructions: STO store")):
+            self.browser.open(self.page("word-index.html").as_uri() + "?q=" + query)
+            with self.subTest(query=query):
+                self.assertEqual(self.first_result(), heading)
 
     def test_search_finds_nothing(self):
         self.browser.open(self.page("word-index.html").as_uri() + "?q=xyzzy")
