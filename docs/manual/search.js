@@ -40,7 +40,8 @@ function snippet(text, wanted) {
     const places = wanted.map((word) => text.toLowerCase().indexOf(word)).filter((at) => at >= 0);
     const first = places.length ? Math.min(...places) : 0;
     const start = first < snippetLength / 2 ? 0 : text.lastIndexOf(" ", first - snippetLength / 3) + 1;
-    const end = start + snippetLength;
+    const end = start + snippetLength < text.length ? text.lastIndexOf(" ", start + snippetLength)
+        : text.length;
     return (start ? "\u2026 " : "") + text.slice(start, end).trim() + (end < text.length ? " \u2026" : "");
 }
 
