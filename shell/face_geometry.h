@@ -1,6 +1,6 @@
-// face_geometry.h - where keys, slide switches and display are on the painted
-// face, in pixels from its upper left corner. The odd pixels follow the
-// painting. Portable.
+// face_geometry.h - positions of keys, slide switches and display on the painted
+// face, in pixels from its top left corner. The irregular positions follow the
+// picture. Portable.
 
 #ifndef SHELL_FACE_GEOMETRY_H
 #define SHELL_FACE_GEOMETRY_H
@@ -16,8 +16,8 @@ struct cFaceRect
 const int kFaceWidth  = 306;
 const int kFaceHeight = 567;
 
-// On screens lower than kFullFaceScreen the upper rows of the face are not
-// shown, and everything on it stands higher by as much.
+// On a screen lower than kFullFaceScreen the face loses its top kLowFaceOffset
+// rows, and everything on it moves up by as many.
 const int kLowFaceOffset  = 35;
 const int kFullFaceScreen = 768;
 const int kLowestScreen   = 600;
@@ -31,6 +31,7 @@ extern const int       kSwitchStarts[kFaceSwitches];  // 0 left, 12 right
 const int              kThumbWidth   = 24;
 const int              kSwitchFrames = 14;
 
+// The display, which is repainted when any part of it is uncovered.
 extern const cFaceRect kDisplayRect;
 
 // Image of a slide switch for a thumb nPosition pixels from the left end, 0 to

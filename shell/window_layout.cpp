@@ -16,8 +16,8 @@ cLayoutSize FindClientSize(cWindowParts *pParts)
     return Size;
 }
 
-// Beside the listing the registers take half of the rest, and no more than
-// they need; alone they take all of it.
+// Beside the listing the registers box takes half of the rest, at most the width
+// that it needs; alone it takes all of it.
 static int FindRegistersWidth(const cWindowParts &Parts, int nRest)
 {
     if (!Parts.m_bRegisters)

@@ -1,18 +1,18 @@
-// window_layout.h - how large the calculator's window is and where its child
-// windows go. Pixels; portable.
+// window_layout.h - the size of the calculator's window and the positions of its
+// child windows, in pixels. Portable.
 
 #ifndef SHELL_WINDOW_LAYOUT_H
 #define SHELL_WINDOW_LAYOUT_H
 
 #include "shell/face_geometry.h"
 
-const int kListingWidth        = 200;  // at the start
+const int kListingWidth        = 200;  // initially
 const int kLeastListingWidth   = 110;
-const int kRegistersWidth      = 210;  // at the start; the most beside the listing
+const int kRegistersWidth      = 210;  // initially; the maximum beside the listing
 const int kLeastRegistersWidth = 100;
 
-// What stands in the client area beside the keypad. A bar that is hidden has
-// the height 0.
+// What the client area contains besides the keypad. A hidden bar has the height
+// 0.
 struct cWindowParts
 {
     int m_nEdgeX;  // width of a client edge (SM_CXEDGE), and its height
@@ -31,7 +31,7 @@ struct cLayoutSize
     int m_nHeight;
 };
 
-// Where the children go. Boxes that are hidden have the width 0.
+// Positions of the child windows. A hidden box has the width 0.
 struct cWindowLayout
 {
     cFaceRect m_Keypad;
@@ -39,14 +39,14 @@ struct cWindowLayout
     cFaceRect m_Registers;
 };
 
-// The client area that shows the whole face and the visible boxes. Raises the
-// widths of the boxes to their least ones.
+// The client area that shows the complete face and the visible boxes. Raises the
+// widths of the boxes to their minimum.
 cLayoutSize FindClientSize(cWindowParts *pParts);
 
-// Divides a client area. Returns 0 if nothing is left between the bars.
+// Divides a client area. 0 if nothing is left between the bars.
 int FindLayout(const cWindowParts &Parts, const cLayoutSize &Client, cWindowLayout *pLayout);
 
-// Rows of the face that a screen of this height hides.
+// Number of rows of the face that are hidden on a screen of this height.
 int FaceOffset(int nScreenHeight);
 
 #endif

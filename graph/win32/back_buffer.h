@@ -1,5 +1,5 @@
-// back_buffer.h - a bitmap in memory that holds what a window shows, so that it
-// is painted without flicker and restored without being drawn again.
+// back_buffer.h - a bitmap in memory with the contents of a window, which is then
+// painted without flicker and restored without being drawn again.
 
 #ifndef GRAPH_BACK_BUFFER_H
 #define GRAPH_BACK_BUFFER_H
@@ -25,7 +25,8 @@ public:
     // Null before the first Fit.
     HDC Dc() const { return m_hDc; }
 
-    // Copies a part to the same place of the window; nothing before the first Fit.
+    // Copies a part to the same place in the window. Does nothing until Fit has
+    // succeeded.
     void Show(HDC hWindowDc, const RECT &Part) const;
 
 private:

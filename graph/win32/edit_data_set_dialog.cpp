@@ -32,8 +32,8 @@ private:
     void ShowNote(const char *szText);
     void Store(uint32_t nLine, const cEnteredPoints &Points);
 
-    int m_bEditable;  // 1: the text is that of points
-    int m_bWithX;     // and these have x values
+    int m_bEditable;  // 1: the text lists points, not a note
+    int m_bWithX;     // 1: the points have x values
 };
 
 void cEditDataSetDialog::OnInit()

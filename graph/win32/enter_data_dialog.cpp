@@ -22,7 +22,7 @@ private:
     int m_bWithX;
 };
 
-// Closes the dialog whatever has been typed.
+// Closes the dialog, whatever was typed.
 int cEnterDataDialog::OnOk()
 {
     cEnteredPoints Points;

@@ -16,14 +16,14 @@ static_assert(offsetof(cPoint, m_nX) == offsetof(POINT, x));
 static_assert(offsetof(cPoint, m_nY) == offsetof(POINT, y));
 static_assert(sizeof(uint32_t) == sizeof(DWORD));
 
-static const size_t kFewPoints = 100;  // quickly drawn in any case
+static const size_t kFewPoints = 100;  // always drawn quickly
 
 static const POINT *AsPoints(const cPoint *pPoints)
 {
     return reinterpret_cast<const POINT *>(pPoints);
 }
 
-// Line styles are numbered as the platform's pens.
+// Line styles have the numbers of the platform's pen styles.
 static int PenStyle(const cPlotPen &Pen)
 {
     return Pen.m_nWidth > 1 ? PS_SOLID : static_cast<int>(Pen.m_nStyle);
@@ -92,8 +92,8 @@ void cGdiCanvas::Polyline(const cPoint *pPoints, size_t nPoints, const cPlotPen 
     const cGdiPen      GdiPen(MakePen(Pen));
     const cSelectGuard Selected(m_hDc, GdiPen.Get());
 
-    // The time for a wide line grows faster than its vertices do. Where
-    // there is no memory to make it shorter, it is drawn as it is.
+    // The time for a wide line grows faster than the number of its vertices.
+    // Without memory for merging them, all of them are drawn.
     const std::unique_ptr<cPoint[]> pMerged(nPoints > kFewPoints && PenStyle(Pen) == PS_SOLID
                                                 ? new (std::nothrow) cPoint[nPoints]
                                                 : nullptr);
@@ -108,7 +108,7 @@ void cGdiCanvas::Polygons(const cPoint *pPoints, const int32_t *pCounts, size_t 
     const cGdiBrush    Brush(CreateSolidBrush(crColour));
     const cSelectGuard SelectedPen(m_hDc, Pen.Get());
     const cSelectGuard SelectedBrush(m_hDc, Brush.Get());
-    SetPolyFillMode(m_hDc, WINDING);  // otherwise two that overlap have a hole
+    SetPolyFillMode(m_hDc, WINDING);  // fills where polygons overlap
     PolyPolygon(m_hDc, AsPoints(pPoints), pCounts, static_cast<int>(nPolygons));
 }
 

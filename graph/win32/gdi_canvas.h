@@ -1,5 +1,5 @@
-// gdi_canvas.h - a plot on a device context: a window, a bitmap in memory, a
-// page of a printer. Each call of the canvas is one of the platform.
+// gdi_canvas.h - draws a plot on a device context: of a window, of a bitmap in
+// memory, or of a printer.
 //
 //     const cWindowDc Dc(hWnd);
 //     cGdiCanvas      Canvas(Dc.Get(), hFont);
@@ -15,8 +15,8 @@
 class cGdiCanvas : public cPlotCanvas
 {
 public:
-    // Writes with hFont, which lives as long as the canvas; null leaves the font
-    // that is selected. The context gets back what it had when the canvas goes.
+    // Labels use hFont, which must outlive the canvas, or the selected font for
+    // null. The destructor restores the state of the context.
     cGdiCanvas(HDC hDc, HFONT hFont);
     ~cGdiCanvas() override;
     cGdiCanvas(const cGdiCanvas &)            = delete;

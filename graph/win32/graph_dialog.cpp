@@ -65,7 +65,7 @@ void cGraphDialog::DrawSample(const DRAWITEMSTRUCT &Item) const
     FillRect(Item.hDC, &Item.rcItem, Brush.Get());
 }
 
-// A text of many lines may be as long as there is memory.
+// The length of a multi-line text is limited only by memory.
 void cGraphDialog::LimitFields() const
 {
     for (HWND hField = FindWindowExA(m_hDialog, nullptr, "Edit", nullptr); hField;

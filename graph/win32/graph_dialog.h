@@ -1,9 +1,9 @@
-// graph_dialog.h - what the dialogs of the graph's window have in common: they
-// are modal above its frame and reach the plot.
+// graph_dialog.h - the base class of the graph's dialogs, which are modal for the
+// graph's frame.
 //
-// The calculator goes on while a dialog of the graph stands, so data lines may
-// come and go under it. A dialog therefore keeps their numbers only, and asks
-// the plot anew whenever it needs one.
+// The calculator may keep running while a dialog is open, and may add and delete
+// data lines. A dialog therefore stores only their numbers and looks a data line
+// up each time it is needed.
 
 #ifndef GRAPH_GRAPH_DIALOG_H
 #define GRAPH_GRAPH_DIALOG_H
@@ -15,9 +15,8 @@
 
 #include "graph/win32/vantor_box.h"
 
-// What a field of one line holds at most. A longer text is shown without its
-// end.
-const int kFieldText = 81;  // closing zero included
+// Maximum text of a single-line field. A longer text is shown truncated.
+const int kFieldText = 81;  // terminating zero included
 
 class cGraphDialog
 {
@@ -27,17 +26,17 @@ public:
     cGraphDialog(const cGraphDialog &)            = delete;
     cGraphDialog &operator=(const cGraphDialog &) = delete;
 
-    // Shows dialog nTemplate of the resources until it is closed.
+    // Shows the dialog resource nTemplate until it is closed.
     void Run(int nTemplate);
 
 protected:
-    // Fills the fields of the dialog, which is not shown yet.
+    // Fills the fields before the dialog is shown.
     virtual void OnInit() {}
 
-    // OK: returns 1 to close the dialog.
+    // Handles the OK button. Returns 1 to close the dialog.
     virtual int OnOk() { return 1; }
 
-    // A notification of a control other than OK and Cancel.
+    // Handles a notification of a control other than OK and Cancel.
     virtual void OnControl(int /*nId*/, int /*nNotification*/) {}
 
     // The colour of a colour sample.
@@ -53,22 +52,23 @@ protected:
     int  GetNumber(int nId, float *pValue) const;
     int  IsChecked(int nId) const;
 
-    // The number of a data line that exists. 0 if the field does not hold one.
+    // Reads the number of an existing data line. 0 if the field contains none.
     int GetLine(int nId, uint32_t *pnLine) const;
 
     // From nLeast to nMost with the arrows; the field takes other texts too.
     void SetSpinRange(int nSpinId, uint32_t nLeast, uint32_t nMost) const;
 
-    // Of the data lines, 1 when there is none.
+    // Limits the arrows to the numbers of the data lines, or to 1 if there is
+    // none.
     void SetLineSpinRange(int nSpinId) const;
 
-    // All that is in a field of many lines. Null, and the user has given up, if
-    // there is no memory for it.
+    // The complete text of a multi-line field. Null if memory is short and the
+    // user gave up.
     std::unique_ptr<char[]> GetLongText(int nId) const;
 
     void Say(const char *szText) const;
 
-    // Says what is wrong with a field and selects it. Always returns 0.
+    // Shows what is wrong with a field and selects its text. Always returns 0.
     int Refuse(int nId, const char *szText) const;
 
     cVantorBox *m_pBox;
@@ -83,14 +83,14 @@ private:
     void    DrawSample(const DRAWITEMSTRUCT &Item) const;
 };
 
-// The graph type as which a set is drawn: an odd one is drawn as gtPlot.
+// The graph type as which a set is drawn: gtPlot for an unknown type.
 uint32_t DrawnType(const cVantorDataSet &Set);
 
-// The name of a set's style in the table of its graph type. Null, which cannot
-// be, if it has none.
+// The name of a set's style in the table of its graph type. Null for a style that
+// is not in the table, which should not occur.
 const char *StyleName(const cVantorDataSet &Set);
 
-// The table of a graph type.
+// The table of styles of a graph type, kStyles rows.
 const cVantorStyle *StylesOf(uint32_t nGraphType);
 
 #endif

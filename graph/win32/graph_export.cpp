@@ -29,8 +29,8 @@ int CanHoldBitmaps(cMessageBoxes *pBoxes)
     return 0;
 }
 
-// 0 if memory ran out and the user gave up. The bitmap is selected nowhere
-// afterwards.
+// 0 if memory is short and the user gave up. Afterwards the bitmap is not selected
+// into a context, so that its pixels can be read.
 int DrawPicture(HBITMAP hBitmap, const cVantorBox &Box, int nWidth, int nHeight)
 {
     const cMemoryDc    Memory(nullptr);
@@ -60,7 +60,7 @@ int Write(HBITMAP hBitmap, eImageKind nKind, uint32_t nBits, const char *szName,
     return WriteBitmapAsGif(hBitmap, nullptr, kGifBits, szName, 1, pBoxes);
 }
 
-// "C:\data\decay.txt" without ".txt".
+// "C:\data\decay.txt" becomes "C:\data\decay".
 void RemoveExtension(char *szName)
 {
     char *const pPoint = strrchr(szName, '.');

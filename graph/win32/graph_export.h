@@ -1,5 +1,5 @@
-// graph_export.h - the plot as a picture file: its size is asked for, it is
-// drawn into a bitmap with its legend, and written as BMP or GIF.
+// graph_export.h - writes the plot with its legend to a picture file, BMP or GIF,
+// in a size that the user chooses.
 
 #ifndef GRAPH_GRAPH_EXPORT_H
 #define GRAPH_GRAPH_EXPORT_H
@@ -16,7 +16,7 @@ enum eImageKind
     ikGif
 };
 
-// The last picture's size is proposed for the next one.
+// The user's last choice, proposed for the next picture.
 struct cImageChoice
 {
     int      m_nWidth  = 640;  // pixels, at most 1600
@@ -24,16 +24,16 @@ struct cImageChoice
     uint32_t m_nBits   = 24;  // per pixel of a BMP: 1, 4, 8, 16 or 24
 };
 
-// szGraphFile is the name of the data file, "" for none; the picture is
-// proposed under the same name with another extension. What goes wrong is said
-// in a box. Returns 1 once the picture is written.
+// Asks for size and file name and writes the picture. szGraphFile is the name of
+// the data file, "" for none; the same name with another extension is proposed.
+// Failures are shown in a message box. 1 if the picture was written.
 int ExportGraph(cVantorBox *pBox, eImageKind nKind, const char *szGraphFile);
 
-// The depth that a GIF is reduced from.
+// Bits per pixel from which a GIF is reduced to 256 colours.
 const uint32_t kGifBits = 24;
 
-// Asks for size and depth. 0, and *pChoice stays, if the user cancelled. For a
-// GIF the depth cannot be chosen.
+// Asks for the size and, for a BMP, the depth. 0, with *pChoice unchanged, if the
+// user cancelled.
 int AskImageSize(cVantorBox *pBox, eImageKind nKind, cImageChoice *pChoice);
 
 #endif

@@ -10,7 +10,7 @@ namespace
 
 const uint32_t kMostPixels = 1600;
 
-// The depths of a bitmap file, as the combo box lists them.
+// The depths of a bitmap file, in the order of the combo box.
 const struct
 {
     uint32_t    m_nBits;
@@ -73,7 +73,7 @@ int cImageSizeDialog::ReadWidth(int *pnWidth) const
     return 1;
 }
 
-// Deliberately read with a sign, unlike the width: a height below 0 passes.
+// Deliberately accepts a sign, unlike the width: a height below 0 passes here.
 int cImageSizeDialog::ReadHeight(int *pnHeight) const
 {
     char szText[kFieldText];
@@ -85,8 +85,7 @@ int cImageSizeDialog::ReadHeight(int *pnHeight) const
     return 1;
 }
 
-// The user may have typed something of his own; what counts is the number that
-// it begins with.
+// The user may have typed any text; only the number at its start counts.
 int cImageSizeDialog::ReadDepth(uint32_t *pnBits) const
 {
     char szText[kFieldText];

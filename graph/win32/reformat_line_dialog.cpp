@@ -49,8 +49,8 @@ void cReformatLineDialog::OnControl(int nId, int nNotification)
         OnChangeType();
 }
 
-// A number that is no data line's leaves the fields as they are: it may still be
-// typed.
+// If there is no such data line, the fields do not change: the user may still be
+// typing the number.
 void cReformatLineDialog::OnChangeLine()
 {
     uint32_t nLine = 0;
@@ -75,7 +75,7 @@ void cReformatLineDialog::OnChangeLine()
         Say("Program Error Code #32 in\ncVantorBox::OnReformatLineChangeLine()");
 }
 
-// The style keeps its place in the list.
+// Lists the styles of the new type and selects the one at the same position.
 void cReformatLineDialog::OnChangeType()
 {
     uint32_t nGraphType = gtPlot;
@@ -157,7 +157,7 @@ int cReformatLineDialog::OnOk()
     return StoreLook(nLine, &Format, fMultiplier, fOffset);
 }
 
-// Always returns 1: what fails here no other input could mend.
+// Always returns 1: no other input would avoid these errors.
 int cReformatLineDialog::StoreLook(uint32_t nLine, cVantorLineFormat *pFormat, float fMultiplier,
                                    float fOffset)
 {

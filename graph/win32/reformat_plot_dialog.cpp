@@ -26,7 +26,7 @@ private:
     int  ReadTicks();
     void OnTextFont();
 
-    // What OK applies. Font and colours change here as they are chosen.
+    // Applied by OK. Font and colours are stored here as soon as they are chosen.
     cVantorBoxSettings m_Settings;
 };
 
@@ -80,7 +80,7 @@ void cReformatPlotDialog::OnTextFont()
     m_Settings.m_crText      = crText;
 }
 
-// The numbers are kept only if all of them are good.
+// Stores the numbers only if all of them are valid.
 int cReformatPlotDialog::ReadTicks()
 {
     cVantorPlotSettings Read = m_Settings;

@@ -179,8 +179,8 @@ LRESULT cVantor::OnClose(WPARAM, LPARAM)
     return 0;
 }
 
-// Minimised, the plot stays as large as it will be shown again, so that a range
-// that a program sets meanwhile has its number of ticks.
+// While the frame is minimised, the plot keeps the size in which it will be shown
+// again, so that a range set meanwhile gets the right number of ticks.
 LRESULT cVantor::OnSize(WPARAM wParam, LPARAM)
 {
     if (m_Box.IsCreated() && wParam != SIZE_MINIMIZED)
@@ -229,7 +229,7 @@ void cVantor::OnNew()
     ShowFileName();
 }
 
-// The graph's own name is proposed for saving.
+// Proposes the name of the graph's file when saving.
 int cVantor::AskName(eFileNameDialog nDialog, char (&szName)[kFileName]) const
 {
     snprintf(szName, sizeof szName, "%s", nDialog == fnSave ? m_szFileName : "");
@@ -260,7 +260,7 @@ void cVantor::OnSave()
         OnSaveAs();
 }
 
-// An empty graph says so at once; no name is asked for.
+// For an empty graph SaveGraphFile shows a message; no name is asked for.
 void cVantor::OnSaveAs()
 {
     char szName[kFileName] = "";
@@ -272,7 +272,7 @@ void cVantor::OnSaveAs()
     ShowFileName();
 }
 
-// --- paper and pictures
+// --- printing and pictures
 
 void cVantor::OnPrintSetup()
 {
@@ -302,7 +302,7 @@ void cVantor::OnExit()
     SendMessageA(m_hWnd, WM_CLOSE, 0, 0);
 }
 
-// --- data and look
+// --- data and appearance
 
 void cVantor::OnEnterY()
 {

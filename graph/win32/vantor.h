@@ -1,5 +1,5 @@
-// vantor.h - the graph's top-level window: a frame with a menu, a status bar
-// and the plot. It belongs to the calculator, or stands alone.
+// vantor.h - the graph's top-level window: a frame with a menu, a status bar and
+// the plot. It belongs to a host, the calculator, or is independent.
 
 #ifndef GRAPH_VANTOR_H
 #define GRAPH_VANTOR_H
@@ -17,18 +17,18 @@
 class cVantor : public cBaseWindow
 {
 public:
-    // pHost outlives the object; null for a graph that stands alone, whose
-    // window is destroyed when the user closes it.
+    // pHost must outlive the object. Null for an independent graph, whose window
+    // is destroyed when the user closes it.
     cVantor(cMessageBoxes *pBoxes, cVantorHost *pHost);
 
     const char *GetClassName() const override;  // "cVantor"
 
-    // The frame with all that is in it. A position or a size of 0 is left to
-    // the platform. 0, and a box has said so, if something cannot be created.
+    // Creates the frame with everything in it. The platform chooses a position or
+    // a size of 0. 0, after a message box, if anything cannot be created.
     int Create(const cVantorBoxSettings &Settings, int nX, int nY, int nWidth, int nHeight,
                int bHidden);
 
-    // Shows the frame, also one that has been made an icon.
+    // Shows and activates the frame, and restores a minimised one.
     void ShowGraph();
 
     // The same, but the keyboard stays where it is: with the calculator whose
@@ -37,7 +37,7 @@ public:
 
     HACCEL Accelerators() const { return m_hAccelerators; }
 
-    // --- what the calculator draws
+    // --- used by the calculator
     uint32_t Count() const { return m_Box.Count(); }
     int      AddPoint(uint32_t nLine, float fX, float fY) { return m_Box.AddPoint(nLine, fX, fY); }
     int      ClearAll() { return m_Box.ClearAll(); }

@@ -26,7 +26,7 @@ const cVantorBox::cMessageRow cVantorBox::s_Messages[] =
     { WM_DRAWITEM,       &cVantorBox::OnDrawItem        },
 };
 
-// Each command of the context menu is one of the frame's.
+// Each command of the context menu corresponds to a command of the frame.
 static const struct
 {
     unsigned m_nItem;
@@ -44,9 +44,9 @@ static const struct
 };
 // clang-format on
 
-static const int kBorderBand = 3;  // pixels above the legend where its border is taken hold of
+static const int kBorderBand = 3;  // pixels above the legend where its border can be grabbed
 
-// The cross-hair reaches this far from its point; a line lacks its last pixel.
+// Pixels from the cross-hair's centre to each end.
 static const int kCrossHair = 6;
 
 // A row of the legend: a sample of the line, then its label.
@@ -132,11 +132,11 @@ cVantorBoxSettings cVantorBox::BoxSettings() const
     return Settings;
 }
 
-// --- the plot has changed
+// --- changes of the plot
 
-// Pictures may be late: a running program changes the plot far more often than
-// anybody could see. The platform is asked once for each, which costs more than
-// the point that is added.
+// A running program changes the plot more often than it needs to be painted. The
+// window is invalidated only once per repaint, as that costs more than adding a
+// point.
 void cVantorBox::OnPlotChanged()
 {
     m_bLaidOut = 0;
@@ -223,12 +223,12 @@ void cVantorBox::PlaceLegend()
     {
         m_Legend.Move(Place.m_nLeft, Place.m_nTop, Place.Width(), Place.Height(), 1);
         m_Legend.Show();
-        InvalidateRect(m_Legend.Window(), nullptr, Count() == 0);  // rows fill it
+        InvalidateRect(m_Legend.Window(), nullptr, Count() == 0);  // rows cover the background
     }
 }
 
-// Without memory for it a box asks what to do, and paints the windows meanwhile:
-// that must not come here again.
+// If memory is short, a message box asks what to do; its message loop may paint
+// this window, which must not start a second drawing.
 void cVantorBox::DrawIntoBuffer()
 {
     if (!m_Buffer.Fit(m_hWnd))
@@ -262,7 +262,7 @@ LRESULT cVantorBox::OnPaint(WPARAM, LPARAM)
     return 0;
 }
 
-// All is painted from the buffer; nothing is erased between two pictures.
+// The buffer covers everything; erasing the background would only flicker.
 LRESULT cVantorBox::OnEraseBackground(WPARAM, LPARAM)
 {
     return 1;
@@ -310,8 +310,8 @@ int cVantorBox::IsOnLegendBorder(int y)
     return y >= nTop - kBorderBand && y <= nTop;
 }
 
-// Every move beyond the border makes at least one row of difference, and the
-// pointer goes back to where the border is then.
+// Every move past the border adds or removes at least one row. The pointer is then
+// moved to the new border.
 void cVantorBox::DragLegendBorder(int y)
 {
     const cRect &Legend = Layout().m_Legend;
@@ -345,8 +345,7 @@ static void DrawSample(const cVantorDataSet &Set, const cRect &Place, cPlotCanva
     pCanvas->Polyline(Line, 2, PenOf(Set));
 }
 
-// A label for which the list is too narrow ends in dots: a scroll bar would take
-// the place of the rows.
+// A label that is wider than the list ends in dots; a scroll bar would hide rows.
 void cVantorBox::DrawLegendLabel(HDC hDc, const RECT &Row, const char *szLabel, int bSelected) const
 {
     const cSelectGuard Selected(hDc, Font());
@@ -358,8 +357,8 @@ void cVantorBox::DrawLegendLabel(HDC hDc, const RECT &Row, const char *szLabel, 
     DrawTextA(hDc, szLabel, -1, &Room, DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
-// The row of data line nLine, from (0, 0) on. The sample keeps the plot's
-// background when its row is selected.
+// The row of data line nLine, at (0, 0). The sample has the plot's background even
+// if the row is selected.
 void cVantorBox::DrawRow(HDC hDc, int nWidth, int nHeight, uint32_t nLine, int bSelected) const
 {
     const RECT Row = {0, 0, nWidth, nHeight};
@@ -373,8 +372,8 @@ void cVantorBox::DrawRow(HDC hDc, int nWidth, int nHeight, uint32_t nLine, int b
     DrawLegendLabel(hDc, Row, pSet->m_pszLabel.get(), bSelected);
 }
 
-// By way of a bitmap: while a program draws, the rows are painted many times a
-// second, and must not be seen empty.
+// Draws into a bitmap first: while a program draws, the rows are painted many times
+// a second and must not flicker.
 LRESULT cVantorBox::OnDrawItem(WPARAM, LPARAM lParam)
 {
     const auto        &Item    = *reinterpret_cast<const DRAWITEMSTRUCT *>(lParam);
@@ -467,7 +466,7 @@ void cVantorBox::FindReadout()
         m_Legend.SetSelection(static_cast<int>(m_Nearest.m_nLine) - 1);
 }
 
-// Where the title stands, also without one: a text line across the window.
+// The place of the title, even if there is none: a line of text across the window.
 RECT cVantorBox::TitleStrip()
 {
     RECT Client = {};

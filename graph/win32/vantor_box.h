@@ -1,5 +1,5 @@
-// vantor_box.h - the plot in a window: painting, readout of points with the
-// mouse, the legend below it, and the dialogs that change it.
+// vantor_box.h - the plot in a window: painting, the readout of points with the
+// mouse, and the legend below it.
 
 #ifndef GRAPH_VANTOR_BOX_H
 #define GRAPH_VANTOR_BOX_H
@@ -20,14 +20,14 @@
 #include "toolkit/win32/message_table.h"
 #include "toolkit/win32/window_class.h"
 
-// The plot's settings with the font, which only a window knows.
+// The plot's settings and the font, which needs the platform.
 struct cVantorBoxSettings : cVantorPlotSettings
 {
     LOGFONTA m_LogFont     = {};
-    int      m_bSystemFont = 1;  // 1: the stock SYSTEM_FONT, m_LogFont does not count
+    int      m_bSystemFont = 1;  // 1: the stock SYSTEM_FONT; m_LogFont is ignored
 };
 
-// A horizontal scroll bar would hide the rows of so low a list.
+// The legend's list. A horizontal scroll bar would hide rows of this low list.
 class cLegendWindow : public cListBox
 {
 public:
@@ -42,24 +42,23 @@ public:
 
     const char *GetClassName() const override;  // "cVantorBox"
 
-    // The child window of a frame, which gets the commands of the context menu
-    // as WM_COMMAND. 0, and a box has said so, if it cannot be created.
+    // A child window of a frame, to which the context menu sends its commands as
+    // WM_COMMAND. 0, after a message box, if it cannot be created.
     int Create(cBaseWindow *pOwner, const cVantorBoxSettings &Settings, uint32_t nId);
 
-    // Takes the settings over, font included, and fixes the range to theirs.
+    // Applies all settings, font included, and fixes the range to theirs.
     void               Apply(const cVantorBoxSettings &Settings);
     cVantorBoxSettings BoxSettings() const;
 
-    // Where everything stands in the window.
+    // The positions of everything in the window.
     const cPlotLayout &Layout();
 
-    // The font of the window, and the size of its text in tenths of a point,
-    // whatever the device.
+    // The font of the plot, and its size in tenths of a point.
     HFONT           Font() const;
     const LOGFONTA &FontDescription() const { return m_LogFont; }
     int             FontTenths() const { return m_nFontTenths; }
 
-    // What the user chose for pictures and for paper, until he chooses again.
+    // The user's last choices for pictures and for printing.
     cImageChoice *Images() { return &m_Images; }
     cPageChoice  *Page() { return &m_Page; }
 

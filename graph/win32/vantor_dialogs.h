@@ -1,5 +1,5 @@
-// vantor_dialogs.h - the dialogs of the graph's window. Each is modal above the
-// plot's frame, says in a box what is wrong with a field, and changes nothing
+// vantor_dialogs.h - the dialogs of the graph's window. Each is modal for the
+// graph's frame, shows a message box if a field is invalid, and changes nothing
 // when it is cancelled.
 
 #ifndef GRAPH_VANTOR_DIALOGS_H
@@ -15,12 +15,12 @@ void ReformatPlot(cVantorBox *pBox);
 // Type, colour, width, style, label, multiplier and offset of a data line.
 void ReformatLine(cVantorBox *pBox);
 
-// The points of a data line as a text. Without any the line is deleted.
+// The points of a data line as text. An empty text deletes the line.
 void EditDataSet(cVantorBox *pBox);
 
 void DeleteLine(cVantorBox *pBox);
 
-// A new data line that is typed in.
+// A new data line, typed in.
 void EnterYData(cVantorBox *pBox);
 void EnterXyData(cVantorBox *pBox);
 

@@ -22,18 +22,18 @@ namespace
 const DWORD    kMostColours = 256;
 const unsigned kMostGifBits = 24;
 
-// A BITMAPINFO with room for the largest table.
+// A BITMAPINFO with room for the largest colour table.
 struct cBitmapInfo
 {
     BITMAPINFOHEADER m_Header;
     RGBQUAD          m_Colours[kMostColours];
 };
 
-// A bitmap's pixels at a depth of choice, from the bottom row up.
+// The pixels of a bitmap at a chosen depth, from the bottom row up.
 class cBitmapBits
 {
 public:
-    // 0 if there is no such bitmap or depth, or no memory.
+    // 0 if there is no such bitmap or depth, or if memory is short.
     int Fetch(HBITMAP hBitmap, HPALETTE hPalette, unsigned nBits, cMessageBoxes *pBoxes);
 
     cBmpImage Bmp() const;
@@ -75,7 +75,7 @@ int cBitmapBits::Fetch(HBITMAP hBitmap, HPALETTE hPalette, unsigned nBits, cMess
     return ReadBits(hBitmap, Dc.Get(), pBoxes);
 }
 
-// The first call completes the header, the second one brings the pixels.
+// The first call of GetDIBits completes the header, the second one gets the pixels.
 int cBitmapBits::ReadBits(HBITMAP hBitmap, HDC hDc, cMessageBoxes *pBoxes)
 {
     BITMAPINFO *const pInfo = reinterpret_cast<BITMAPINFO *>(&m_Info);
@@ -141,8 +141,8 @@ private:
     HANDLE m_hFile;
 };
 
-// 1 if the file is complete and closed. Not every library's fclose tells that
-// the last bytes found no room.
+// 1 if the file is complete and closed. Not every library reports in fclose that
+// the last bytes could not be written, hence fflush.
 int WriteGif(const cReducedImage &Reduced, FILE *pFile)
 {
     cFileSink Sink(pFile);
@@ -171,7 +171,7 @@ int WriteBitmapAsGif(HBITMAP hBitmap, HPALETTE hPalette, unsigned nBits, const c
 {
     cReducedImage Reduced;
     {
-        // The pixels are given back before the encoder wants memory.
+        // Frees the pixels before the encoder needs memory.
         cBitmapBits Bits;
         if (!Bits.Fetch(hBitmap, hPalette, std::min(nBits, kMostGifBits), pBoxes) ||
             !AllocateWithRetry(pBoxes, [&] { return ReduceColours(Bits.Dib(b555), &Reduced); }))

@@ -55,7 +55,7 @@ void cPlatformBoxes::ReportUnowned(const char *szText, const char *szCaption)
 {
     const HWND hActive = GetActiveWindow();
     ShowBox(nullptr, szText, szCaption, bnOk, icError);
-    // The box has no owner that the platform would go back to.
+    // The box has no owner that the platform could activate again.
     if (hActive)
         SetForegroundWindow(hActive);
 }
@@ -118,7 +118,7 @@ void cApplication::Dispatch(MSG *pMessage)
     DispatchMessageA(pMessage);
 }
 
-// 0 if nothing waits, which happens only while idling.
+// 0 if no message waits, which happens only while idling.
 int cApplication::GetNext(MSG *pMessage)
 {
     if (m_bIdleEnabled && m_bIdleWanted)

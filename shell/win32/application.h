@@ -1,5 +1,5 @@
-// application.h - the program: its name, its message loop, and the message
-// boxes, which all carry its name.
+// application.h - the program: its name, its message loop, and its message boxes,
+// which have the program's name as their caption.
 
 #ifndef SHELL_APPLICATION_H
 #define SHELL_APPLICATION_H
@@ -11,9 +11,9 @@
 
 const uint32_t kSlotIdle = 0;
 
-// Message boxes of the platform. A box stands above the window that is being
-// worked with, a dialog perhaps, else above the owner (null: none); all windows
-// wait for the answer, those of ReportUnowned included.
+// Message boxes of the platform. The owner of a box is the active window, perhaps
+// a dialog, or else m_hOwner (null for none). Every box is modal for all windows,
+// also one of ReportUnowned.
 class cPlatformBoxes : public cMessageBoxes
 {
 public:
@@ -27,19 +27,20 @@ public:
 class cApplication : public cCallbackObj
 {
 public:
-    // szAppName null: the base name of the module file.
+    // szAppName null: uses the base name of the module file.
     cApplication(HINSTANCE hInstance, const char *szCmdLine, const char *szAppName);
     ~cApplication() override;
 
-    // The message loop. Slot 0 fires while nothing waits, every
-    // m_dwIdlePeriod milliseconds at the most, if idling is enabled and
-    // wanted. Returns the exit code of the quit message.
+    // The message loop. If idling is enabled and wanted, slot 0 fires while no
+    // message waits, at most once every m_dwIdlePeriod milliseconds. Returns the
+    // exit code of the quit message.
     int Run();
 
-    // Hands a message to the current accelerator pair, or dispatches it.
+    // Passes a message to the modeless dialog or the current accelerator table,
+    // or dispatches it.
     void Dispatch(MSG *pMessage);
 
-    // Makes a table and the window that its commands go to the current pair.
+    // Sets the current accelerator table and the window that gets its commands.
     void SetAccelerators(HWND hWnd, HACCEL hTable);
 
     const char *Name() const { return m_pszAppName; }
@@ -57,7 +58,7 @@ private:
     HINSTANCE   m_hInstance;
     const char *m_lpCmdLine;     // as received
     int         m_bIdleEnabled;  // 0 while the main window is minimised
-    HWND        m_hModelessDlg;  // its messages are its own; null for none
+    HWND        m_hModelessDlg;  // handles its own messages; null for none
     int         m_bIdleWanted;
     DWORD       m_dwIdlePeriod;  // milliseconds
     HWND        m_hAccelWnd;

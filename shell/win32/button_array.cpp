@@ -140,13 +140,13 @@ LRESULT cButtonArray::OnDestroy(WPARAM, LPARAM)
     return 0;
 }
 
-// The face goes with the window it stands in, not before.
+// The face closes only together with the calculator's window.
 LRESULT cButtonArray::OnClose(WPARAM, LPARAM)
 {
     return 0;
 }
 
-// Minimising reports 0 by 0; the last real size stays for the next paint.
+// Minimising reports 0 by 0; the last real size is kept for the next paint.
 LRESULT cButtonArray::OnSize(WPARAM, LPARAM lParam)
 {
     const int nWidth  = LOWORD(lParam);
@@ -183,7 +183,7 @@ static int Height(const RECT &Rect)
 
 static POINT PointOf(LPARAM lParam)
 {
-    // Outside the window, while the mouse is captured, they are negative.
+    // While the mouse is captured, coordinates outside the window are negative.
     return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
 }
 
@@ -251,7 +251,7 @@ LRESULT cButtonArray::OnPaint(WPARAM, LPARAM)
     return 0;
 }
 
-// Index of the first rectangle that holds the point, -1 for none.
+// Index of the first rectangle that contains the point, -1 for none.
 int cButtonArray::FindRect(const cRectList &List, POINT At) const
 {
     for (unsigned i = 0; i < List.Count(); i++)
@@ -316,7 +316,7 @@ LRESULT cButtonArray::OnLButtonDown(WPARAM, LPARAM lParam)
     return 0;
 }
 
-// Leaving a key releases it; it is not pressed again on the way back.
+// Leaving a key releases it; returning to it does not press it again.
 LRESULT cButtonArray::OnMouseMove(WPARAM, LPARAM lParam)
 {
     const POINT At = PointOf(lParam);
@@ -362,7 +362,7 @@ void cButtonArray::ReleaseKey()
     FireKey(nKey, 0);
 }
 
-// The thumb follows the pointer; the switch itself moves when it crosses the
+// The thumb follows the pointer; the switch changes when the thumb crosses the
 // middle.
 void cButtonArray::DragSwitch(POINT At)
 {
@@ -380,7 +380,7 @@ void cButtonArray::DragSwitch(POINT At)
     MoveSwitch(nSwitch, nPosition);
 }
 
-// Exactly one half counts as the left side.
+// Exactly half the travel counts as left.
 void cButtonArray::MoveSwitch(unsigned nSwitch, int nPosition)
 {
     const int nTravel = Travel(nSwitch);

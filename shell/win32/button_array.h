@@ -1,9 +1,9 @@
-// button_array.h - the calculator's face: a picture with keys that can be
-// pressed, slide switches that can be dragged, and places where somebody else
-// draws. Knows nothing of what the keys mean; it plays no sound.
+// button_array.h - the calculator's face: a picture with keys to press, slide
+// switches to drag, and display rectangles that another object draws. It does not
+// know what the keys mean and plays no sounds.
 //
-// Slot 0 fires with a cKeyEvent. Slot 1 fires with a RECT of a display
-// rectangle that has to be drawn.
+// Slot 0 fires with a cKeyEvent. Slot 1 fires with the RECT of a display rectangle
+// that has to be redrawn.
 
 #ifndef SHELL_BUTTON_ARRAY_H
 #define SHELL_BUTTON_ARRAY_H
@@ -35,20 +35,20 @@ public:
     const char *GetClassName() const override;
 
     // Shows hFaceBitmap from its pixel (nSourceX, nSourceY) on. nFaceWidth and
-    // nFaceHeight 0: as large as the bitmap. Bitmap and palette stay the
-    // caller's and outlive the window. 0, and a box has said so, on failure.
+    // nFaceHeight 0: the size of the bitmap. The caller owns bitmap and palette,
+    // which must outlive the window. 0, after a message box, on failure.
     int Create(cBaseWindow *pOwner, int nX, int nY, int nWidth, int nHeight, HBITMAP hFaceBitmap,
                HPALETTE hPalette, int nSourceX, int nSourceY, int nFaceWidth, int nFaceHeight,
                DWORD dwStyle, uint32_t nId);
 
-    // The strips with the images: keys side by side, released above pressed;
-    // switches side by side, their frames below each other. Each can be set
-    // once; later calls return 0 and change nothing.
+    // The strips of images: the keys side by side, the released image above the
+    // pressed one; the switches side by side, with their frames below each
+    // other. Each strip can be set once; later calls return 0 and change nothing.
     int SetKeyBitmap(HBITMAP hBitmap);
     int SetSwitchBitmap(HBITMAP hBitmap, int nFrames);
 
-    // In pixels of the client area. A switch starts with its thumb at nStart, 0
-    // or its full travel. 0 if there are too many switches or memory is short.
+    // In pixels of the client area. The thumb of a switch starts at nStart, 0 or
+    // its full travel. 0 if there are too many switches or memory is short.
     int AddKey(int nX, int nY, int nWidth, int nHeight);
     int AddSwitch(int nX, int nY, int nWidth, int nHeight, int nThumbWidth, int nStart);
     int AddDisplayRect(int nX, int nY, int nWidth, int nHeight);
@@ -103,7 +103,7 @@ private:
     int               m_SwitchPos[kMostSwitches];  // 0 or the full travel
     int               m_SwitchThumbWidth[kMostSwitches];
     int               m_nPressedKey;  // index, -1 for none
-    int               m_nGrabDX;      // where in the thumb the pointer is
+    int               m_nGrabDX;      // of the pointer within the dragged thumb
     int               m_nGrabDY;
     int               m_nDraggedSwitch;  // index, -1 for none
     cRectList         m_SwitchRects;

@@ -137,8 +137,8 @@ void cVorstek::ToggleBar(cBaseWindow *pBar, unsigned nCommand)
     CheckMenuItem(GetMenu(m_hWnd), nCommand,
                   MF_BYCOMMAND | static_cast<UINT>(pBar->IsVisible() ? MF_CHECKED : MF_UNCHECKED));
     LayOutAgain();
-    // Without this the window's ground is painted where the bar was, over the
-    // face that has moved there.
+    // Otherwise the window's background would be painted where the bar was, over
+    // the face that has moved there.
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 

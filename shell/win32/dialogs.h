@@ -7,11 +7,11 @@
 
 struct cOptions;
 
-// Shows *pOptions and lets the user change them. 0, and nothing has changed,
-// if he cancelled.
+// Shows *pOptions and lets the user change them. 0, with nothing changed, if the
+// user cancelled.
 int AskOptions(HWND hOwner, cOptions *pOptions);
 
-// Shows what the program is until it is closed.
+// Shows the About box until the user closes it.
 void ShowAbout(HWND hOwner);
 
 #endif

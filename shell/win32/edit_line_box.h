@@ -1,7 +1,7 @@
 // edit_line_box.h - shows the engine's listing or registers in an edit box.
 //
-// The edit box counts an empty line behind the last line end, the engine does
-// not: a text of 99 lines is one of 100 there.
+// The edit box counts an empty line after the last line end, and the engine does
+// not: 99 lines of the engine are 100 lines of the edit box.
 
 #ifndef SHELL_EDIT_LINE_BOX_H
 #define SHELL_EDIT_LINE_BOX_H
@@ -14,8 +14,8 @@
 class cEditLineBox : public cLineBox
 {
 public:
-    // The edit box must outlive the object. It is asked for nothing before
-    // the first call, so its window may be created later.
+    // The edit box must outlive the object. Its window may be created later, but
+    // before the first call.
     explicit cEditLineBox(cEditBox *pEditBox) : m_pEditBox(pEditBox) {}
 
     unsigned CountLines() const override;

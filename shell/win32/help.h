@@ -1,13 +1,13 @@
-// help.h - opens the on-line documentation.
+// help.h - opens the calculator's help.
 
 #ifndef SHELL_HELP_H
 #define SHELL_HELP_H
 
 #include "toolkit/win32/win32.h"
 
-// Opens the help file at its contents and keeps the viewer's window in
-// *phHelpWnd; without a viewer opens the introduction as a page. If both fail
-// a box says so and 0 is returned.
+// Opens the help file at its table of contents and stores the viewer's window in
+// *phHelpWnd. Without a viewer, opens the introduction in the browser. 0, after a
+// message box, if both fail.
 int ShowHelp(HWND *phHelpWnd);
 
 #endif

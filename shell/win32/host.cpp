@@ -1,4 +1,4 @@
-// host.cpp - shows in the window what the engine asks for.
+// host.cpp - what the engine and the graph ask of the window.
 
 #include "shell/win32/vorstek.h"
 
@@ -15,8 +15,8 @@
 static const COLORREF kLit   = RGB(255, 0, 0);
 static const COLORREF kUnlit = RGB(0, 0, 0);
 
-// Messages are looked for this often during a run: a key halts it at once, and
-// the views follow at some sixty pictures a second.
+// How often a run checks for messages: often enough for a key to halt it at once
+// and for some sixty views a second.
 static const DWORD kDrainPeriod = 15;  // milliseconds
 
 // The blank field, from the client edge of the face. It is measured from the
@@ -29,8 +29,9 @@ void cVorstek::StartSound(unsigned nId)
     PlayProgramSound(nId);
 }
 
-// A font that could not be had is left to the platform. A run may outlive the
-// window for a moment, and what has no window would be drawn on the screen.
+// For a font that could not be created the platform uses another one. A run may
+// outlive the window for a moment; without a window the texts would be drawn on
+// the screen.
 void cVorstek::DrawDisplay(const cDisplay &Display)
 {
     if (!m_hWnd || !m_bFonts)
@@ -47,6 +48,8 @@ void cVorstek::DrawDisplay(const cDisplay &Display)
         const cSelectGuard  Font(Dc.Get(), Line.m_nFont == dfLarge ? m_hLargeFont : m_hSmallFont);
         TextOutA(Dc.Get(), nLeft + Line.m_nLeft, nTop + Line.m_nTop, Line.m_szText,
                  lstrlenA(Line.m_szText));
+// Deliberately offset by the border metrics, unlike the texts: this decides what a
+// longer layout leaves visible.
     }
 }
 
@@ -66,7 +69,7 @@ int cVorstek::DrainMessages()
     return DrainEvery(kDrainPeriod);
 }
 
-// A quit message is posted again for the main loop.
+// Posts a quit message again, for the main loop.
 int cVorstek::DrainEvery(DWORD dwPeriod)
 {
     const DWORD dwNow = GetTickCount();
@@ -108,8 +111,7 @@ void cVorstek::SetStatusText(const char *szText)
     m_StatusBar.SetText(0, "%s", szText);
 }
 
-// The button of "Repair Highlight" shows that it rests by a dithered face, the
-// others are greyed.
+// The "Repair Highlight" button is drawn dithered when disabled, the others grey.
 void cVorstek::EnableCommand(unsigned nId, int bEnable)
 {
     const UINT nGrey = bEnable ? MF_ENABLED : MF_GRAYED;
@@ -140,9 +142,9 @@ void cVorstek::CheckGraph(int bShown)
                   MF_BYCOMMAND | static_cast<UINT>(bShown ? MF_CHECKED : MF_UNCHECKED));
 }
 
-// What a program has drawn is seen before it goes, rather than a moment later,
-// when there is little or nothing to be seen. The messages may close the window,
-// and the graph with it.
+// Paints what a program has drawn before clearing it; a later repaint would show
+// an empty plot. The messages handled meanwhile may close the window, and the
+// graph with it.
 void cVorstek::ClearGraph()
 {
     if (IsInRun() && !DrainEvery(kDrainPeriod / 2))
@@ -176,7 +178,7 @@ void cVorstek::UseAccelerators(HWND hWnd, HACCEL hTable)
     g_pApplication->SetAccelerators(hWnd, hTable);
 }
 
-// A leftover from the time when it was shown in the status bar.
+// A leftover from the time when the status bar showed the position.
 LRESULT cVorstek::OnMouseMove(WPARAM, LPARAM lParam)
 {
     char szPosition[32];

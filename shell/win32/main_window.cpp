@@ -1,4 +1,4 @@
-// main_window.cpp - builds the calculator's window and answers its messages.
+// main_window.cpp - creates the calculator's window and handles its messages.
 
 #include "shell/win32/vorstek.h"
 
@@ -89,7 +89,7 @@ LRESULT CALLBACK cVorstek::WindowProc(HWND hWnd, UINT nMessage, WPARAM wParam, L
     return HandleMessage(s_Messages, hWnd, nMessage, wParam, lParam);
 }
 
-// Only the height is tested, although the text names both numbers.
+// Tests only the height, although the text names both numbers.
 static int IsScreenHighEnough(cMessageBoxes *pBoxes)
 {
     if (GetSystemMetrics(SM_CYSCREEN) >= kLowestScreen)
@@ -126,7 +126,7 @@ int cVorstek::Create()
     return 1;
 }
 
-// From system version 5.1 on the menu bar has a colour of its own.
+// From system version 5.1 on, the menu bar has its own colour.
 static HBRUSH FrameBrush()
 {
     const DWORD    dwVersion = GetVersion();
@@ -175,8 +175,8 @@ static TBBUTTON ToolButton(int nImage, int nCommand)
     return Button;
 }
 
-// Images of the bitmap resource; one that is no row of 16 pixel wide images is
-// reported and used all the same.
+// Number of images in the bitmap resource. A width that is not a multiple of 16
+// pixels is reported, but the bitmap is used.
 static int CountToolImages(cMessageBoxes *pBoxes)
 {
     const cGdiBitmap Bitmap(LoadBitmapA(ProgramInstance(), MAKEINTRESOURCEA(IDB_TOOLBAR)));
@@ -257,7 +257,7 @@ int cVorstek::AddKeys()
                                 Switch.m_nHeight, kThumbWidth, kSwitchStarts[i]))
             return 0;
     }
-    // The sensitive part of the display shrinks with the face.
+    // A hidden part of the face reduces the height of the rectangle, too.
     return m_Keypad.AddDisplayRect(kDisplayRect.m_nLeft, kDisplayRect.m_nTop - m_nFaceOffset,
                                    kDisplayRect.m_nWidth, kDisplayRect.m_nHeight - m_nFaceOffset);
 }
@@ -325,15 +325,16 @@ void cVorstek::CreateFonts()
         ShowProgramError(kCodeFonts);
 }
 
-// The graph comes up beside the calculator. On a narrow screen it lies over it,
-// but as far to the right as it can, so that some keys are still seen.
+// Places the graph to the right of the calculator. On a narrow screen they
+// overlap, but the graph is as far right as possible, so that some keys stay
+// visible.
 int cVorstek::CreateGraph()
 {
     RECT Window = {};
     GetWindowRect(m_hWnd, &Window);
     const int nRoom = std::max(GetSystemMetrics(SM_CXSCREEN) - kGraphWidth, 0);
     const int nX    = std::clamp<int>(Window.right, 0, nRoom);
-    const int nY    = nX > 0 ? std::max<int>(Window.top, 1) : 0;  // 0: where the platform likes
+    const int nY    = nX > 0 ? std::max<int>(Window.top, 1) : 0;  // 0: the platform chooses
 
     const cVantorBoxSettings Settings;
     if (!m_Graph.Create(Settings, nX, nY, kGraphWidth, kGraphHeight, 1))
@@ -370,7 +371,8 @@ cWindowParts cVorstek::Parts() const
     return Parts;
 }
 
-// The window begins without its boxes, but they have shared the room once.
+// The window starts without its boxes, but is laid out with them first, which
+// determines their widths.
 void cVorstek::SizeWithBoxes()
 {
     SizeWindow();
@@ -396,7 +398,7 @@ void cVorstek::SizeWindow()
     MoveWindow(m_hWnd, Now.left, Now.top, Frame.right - Frame.left, nHeight, TRUE);
 }
 
-// Moving a read-only box brings its caret back.
+// Moving a read-only box shows its caret again.
 void cVorstek::PlaceBox(cEditBox *pBox, const cFaceRect &Rect)
 {
     if (!pBox->IsVisible())
@@ -432,7 +434,7 @@ void cVorstek::LayOutAgain()
     LayOut(Client.right, Client.bottom);
 }
 
-// A minimised window waits until it comes back.
+// A minimised window is sized when it is restored.
 void cVorstek::SizeToBoxes()
 {
     m_bSizeLater = IsIconic(m_hWnd);
@@ -487,7 +489,7 @@ LRESULT cVorstek::OnSetFocus(WPARAM, LPARAM)
     return 0;
 }
 
-// What is typed always goes to the calculator.
+// The calculator gets the keyboard input even after a click in a box.
 LRESULT cVorstek::OnKillFocus(WPARAM wParam, LPARAM)
 {
     const HWND hNext = reinterpret_cast<HWND>(wParam);
@@ -507,8 +509,8 @@ LRESULT cVorstek::OnPaint(WPARAM, LPARAM)
     return 0;
 }
 
-// Under a dialog, which may have a box of its own, only another program asks for
-// this: the platform's dialogs do not survive it.
+// While a dialog is open, which may itself show a message box, only another
+// program can send this; the platform's dialogs would not survive it.
 LRESULT cVorstek::OnClose(WPARAM, LPARAM)
 {
     if (!IsWindowEnabled(m_hWnd) || !ConfirmDiscard())
@@ -559,7 +561,7 @@ LRESULT cVorstek::OnCharacter(WPARAM wParam, LPARAM)
 
 LRESULT cVorstek::OnSysCommand(WPARAM wParam, LPARAM lParam)
 {
-    const WPARAM nCommand = wParam & 0xFFF0;  // the lower bits are the platform's own
+    const WPARAM nCommand = wParam & 0xFFF0;  // the platform uses the lower bits internally
     if (nCommand == SC_CLOSE && m_bProgramRunning)
     {
         Ask(kNotWhileRunning, nullptr, bnOk, icNone);

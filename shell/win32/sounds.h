@@ -1,10 +1,10 @@
-// sounds.h - the program's sounds, WAVE resources of its own.
+// sounds.h - plays the program's sounds, which are WAVE resources.
 
 #ifndef SHELL_SOUNDS_H
 #define SHELL_SOUNDS_H
 
-// Begins to play a sound, kSoundClick, and does not wait for its end; a former
-// one breaks off. One that cannot be played is passed over.
+// Starts a sound, for example kSoundClick, and returns at once. Stops the previous
+// sound. Does nothing if the sound cannot be played.
 void PlayProgramSound(unsigned nId);
 
 #endif

@@ -1,5 +1,5 @@
-// vorstek.h - the calculator as a window: the engine, the main window around
-// it, and the host that shows what the engine asks for.
+// vorstek.h - the calculator as a window: the engine, the main window, and the
+// host that carries out what the engine asks for.
 
 #ifndef SHELL_VORSTEK_H
 #define SHELL_VORSTEK_H
@@ -21,7 +21,7 @@
 
 struct cWindowParts;
 
-// The host's boxes come first: the other bases keep a pointer to them.
+// The host is the first base: the other bases keep a pointer to its boxes.
 class cVorstek : public cWindowHost, public cVantorHost, public cBaseWindow, public cVorstekEngine
 {
 public:
@@ -30,8 +30,8 @@ public:
 
     const char *GetClassName() const override;
 
-    // Makes and shows the window with all that is in it. Each failure shows
-    // its box, posts quit and returns 0.
+    // Creates and shows the window with everything in it. On a failure it shows
+    // a message box, posts a quit message and returns 0.
     int Create();
 
     // What the engine asks for.
@@ -136,7 +136,7 @@ private:
     void OnHelp();
     void OnAbout();
 
-    int  DrainEvery(DWORD dwPeriod);  // milliseconds since the last time
+    int  DrainEvery(DWORD dwPeriod);  // milliseconds
     void CheckGraph(int bShown);
     void ToggleBar(cBaseWindow *pBar, unsigned nCommand);
     void EnableEditCommands(HMENU hMenu);

@@ -11,7 +11,7 @@ static const UINT kWelcomeTime = 2000;  // milliseconds
 
 static void AllowOk(HWND hDialog)
 {
-    PlayProgramSound(kSoundStackView);  // the chime, too
+    PlayProgramSound(kSoundStackView);  // also serves as the chime
     KillTimer(hDialog, IDT_WELCOME);
     EnableWindow(GetDlgItem(hDialog, IDOK), TRUE);
 }
@@ -24,8 +24,8 @@ static RECT RectInDialog(HWND hDialog, HWND hChild)
     return Rect;
 }
 
-// The picture has its pixels, the dialog the units of a font that may be lower
-// than usual: the dialog grows until the button stands below the picture.
+// The picture is measured in pixels, the dialog in units of a font that may be
+// smaller than usual. Enlarges the dialog so that the button is below the picture.
 static void FitPicture(HWND hDialog)
 {
     const HWND hOk     = GetDlgItem(hDialog, IDOK);

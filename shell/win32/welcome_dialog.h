@@ -1,12 +1,12 @@
-// welcome_dialog.h - the picture that the program opens with.
+// welcome_dialog.h - the picture shown when the program starts.
 
 #ifndef SHELL_WELCOME_DIALOG_H
 #define SHELL_WELCOME_DIALOG_H
 
 #include "toolkit/win32/win32.h"
 
-// Shows the welcome dialog until it is closed; OK can be chosen after two
-// seconds, announced by a chime.
+// Shows the welcome dialog until it is closed. After two seconds a chime sounds
+// and OK is enabled.
 void ShowWelcome();
 
 #endif

@@ -8,8 +8,8 @@
 #include "engine/vorstek_host.h"
 #include "shell/win32/application.h"
 
-// Complete by itself, so that a box can be shown while what derives from it is
-// still being built.
+// A separate, complete base class, so that a box can be shown while the derived
+// object is still being constructed.
 class cWindowHost : public cVorstekHost
 {
 public:

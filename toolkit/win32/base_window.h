@@ -1,5 +1,5 @@
-// base_window.h - a window and what the program knows of it. The windows of the
-// program and the wrappers of the platform's controls derive from it.
+// base_window.h - a window and what the program knows about it. The program's
+// own windows and the wrappers of the platform's controls derive from it.
 
 #ifndef TOOLKIT_BASE_WINDOW_H
 #define TOOLKIT_BASE_WINDOW_H
@@ -13,23 +13,22 @@ const uint32_t kWindowSlots = 2;  // callback slots of a window
 class cBaseWindow : public cCallbackObj
 {
 public:
-    // pBoxes shows what fails and must outlive the object.
+    // pBoxes shows the error messages and must outlive the object.
     explicit cBaseWindow(cMessageBoxes *pBoxes);
 
-    // The window itself is destroyed by the platform, with its parent. One that
-    // lives longer than its object answers as DefWindowProcA does.
+    // The platform destroys the window itself, together with its parent. A
+    // window that outlives its object passes its messages to DefWindowProcA.
     ~cBaseWindow() override;
 
     const char *GetClassName() const override;
 
-    // Nothing happens to a window that does not exist or is shown (hidden)
-    // already. What counts is what Show and Hide have done, not what the
-    // platform says: a child of a hidden window may be shown.
+    // Do nothing if the window does not exist or is already shown (hidden).
+    // Only earlier calls of Show and Hide count, not the platform's own state:
+    // a child of a hidden window counts as shown.
     void Show();
     void Hide();
 
-    // In pixels of the owner's client area. Returns 1, or 0 if there is no
-    // window.
+    // In pixels of the owner's client area. 0 if there is no window.
     int Move(int nX, int nY, int nWidth, int nHeight, int bRepaint);
 
     HWND         Window() const { return m_hWnd; }
@@ -38,26 +37,27 @@ public:
     int          IsCreated() const { return m_bCreated; }
     int          IsVisible() const { return m_bVisible; }
 
-    // For window procedures: the window has begun to exist, is gone.
+    // For window procedures: the window has been created (destroyed).
     void Attach(HWND hWnd);
     void Detach();
 
 protected:
-    // Creates a child window of class GetClassName() with the style of the
-    // constructor and dwStyle. pParameter is what WM_CREATE brings. 0 on
-    // failure, which nothing has reported yet.
+    // Creates a child window of class GetClassName(). dwStyle is added to the
+    // style set by the constructor; pParameter is passed to WM_CREATE. 0 on
+    // failure, which the caller has to report.
     int CreateChild(cBaseWindow *pOwner, DWORD dwStyle, int nX, int nY, int nWidth, int nHeight,
                     uint32_t nId, void *pParameter = nullptr);
 
-    // Notes a window that has just been created, in whatever way.
+    // Records a window that has just been created by any other call.
     void SetCreated(HWND hWnd);
 
-    // Shows szText, which names the failed call, above no window. Always returns 0.
+    // Shows szText, which names the failed call, in a box without an owner.
+    // Always returns 0.
     int ReportFailure(const char *szText);
 
     uint32_t     m_nChildId;
     HWND         m_hWnd;
-    DWORD        m_dwStyle;  // of the constructor, then of the window
+    DWORD        m_dwStyle;  // set by the constructor; Create adds to it
     DWORD        m_dwExStyle;
     cBaseWindow *m_pOwner;  // wrapper of the parent window
     uint32_t     m_bCreated;

@@ -1,13 +1,13 @@
-// center_window.h - where a dialog comes up.
+// center_window.h - centres a dialog when it opens.
 
 #ifndef TOOLKIT_CENTER_WINDOW_H
 #define TOOLKIT_CENTER_WINDOW_H
 
 #include "toolkit/win32/win32.h"
 
-// Puts a window in the middle of its parent or owner, or of the screen's work
-// area when it has none or only the desktop. Its size stays; it does not leave
-// the screen at the left or the top.
+// Centres a window over its parent or owner, or on the screen's work area if it
+// has none or only the desktop. Keeps its size; never moves it off the left or
+// top edge of the screen.
 void CenterWindow(HWND hWnd);
 
 #endif

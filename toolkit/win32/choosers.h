@@ -10,8 +10,8 @@
 // next time.
 int AskColour(HWND hOwner, COLORREF *pcrColour);
 
-// Lets the user choose a screen font and the colour of its text, beginning with
-// those handed in. 0, and nothing has changed, if he cancelled.
+// Lets the user choose a screen font and a text colour, starting from the given
+// ones. 0, with nothing changed, if the user cancelled.
 int AskFont(HWND hOwner, LOGFONTA *pFont, COLORREF *pcrText);
 
 #endif

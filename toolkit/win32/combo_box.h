@@ -1,5 +1,5 @@
-// combo_box.h - the platform's combo box, which tells its owner when Enter is
-// hit in its edit field.
+// combo_box.h - the platform's combo box, which notifies its owner when Enter is
+// pressed in its edit field.
 
 #ifndef TOOLKIT_COMBO_BOX_H
 #define TOOLKIT_COMBO_BOX_H
@@ -8,7 +8,7 @@
 
 #include "toolkit/win32/base_window.h"
 
-// Notification codes of WM_COMMAND, beside those of the platform.
+// Notification codes of WM_COMMAND, in addition to the platform's.
 const WORD kComboEnter      = 30;
 const WORD kComboShiftEnter = 31;
 
@@ -21,13 +21,13 @@ public:
     const char *GetClassName() const override;  // "COMBOBOX"
 
     // A hidden combo box in the platform's font for controls; nHeight includes
-    // the list when it is down. dwStyle adds to CBS_AUTOHSCROLL and a vertical
-    // scroll bar; with CBS_DROPDOWNLIST there is no edit field and no Enter. 0,
-    // and a box has said so, if it cannot be created.
+    // the dropped-down list. dwStyle is added to CBS_AUTOHSCROLL and a vertical
+    // scroll bar; with CBS_DROPDOWNLIST there is no edit field, hence no Enter.
+    // 0, after a message box, if it cannot be created.
     int Create(cBaseWindow *pOwner, DWORD dwStyle, int nX, int nY, int nWidth, int nHeight,
                uint32_t nId);
 
-    // Lets it, or the part of it within Rect, be painted again.
+    // Has the box, or the part of it within Rect, repainted.
     void Invalidate();
     void Invalidate(const RECT &Rect);
 

@@ -10,8 +10,8 @@
 namespace
 {
 
-const int kLongestName = 32768;  // characters, closing zero included
-const int kMode        = 8;      // characters of a stream's mode, closing zero included
+const int kLongestName = 32768;  // characters, terminating zero included
+const int kMode        = 8;      // characters of a stream's mode, terminating zero included
 
 // Modes are plain ASCII: "wb" becomes L"wb".
 void WideMode(const char *szMode, wchar_t (&szWide)[kMode])
@@ -44,7 +44,7 @@ FILE *OpenDiskFile(const std::filesystem::path &Path, const char *szMode)
 
 FILE *CreateDiskFile(const std::filesystem::path &Path, const char *szMode)
 {
-    // The stream takes its line ends from the descriptor, whatever szMode says.
+    // The line ends depend on the mode of the descriptor, whatever szMode says.
     const int nLineEnds = strchr(szMode, 'b') ? _O_BINARY : _O_TEXT;
     const int nFlags    = _O_WRONLY | _O_CREAT | _O_EXCL | _O_NOINHERIT | nLineEnds;
     const int nFile     = _wopen(Path.c_str(), nFlags, _S_IREAD | _S_IWRITE);

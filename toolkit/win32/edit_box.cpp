@@ -18,8 +18,8 @@ namespace
 const char   kLineEnd[]     = "\r\n";
 const size_t kLineEndLength = 2;
 
-const int  kScrollToLeftEdge     = -120;  // characters, more than any view is wide
-const int  kRichScrollMargin     = 2;     // a rich-edit control may show its last lines in part
+const int  kScrollToLeftEdge     = -120;  // characters; wider than any view
+const int  kRichScrollMargin     = 2;     // lines; a rich-edit control may clip the last ones
 const char kRichLibrary[]        = "RICHED20.DLL";
 const char kRichLibraryFailure[] = "\nERROR: RICHED20.DLL not found.\n\n"
                                    "This probably means you are running Windows 95 which\n"
@@ -38,8 +38,8 @@ const char kRichLibraryFailure[] = "\nERROR: RICHED20.DLL not found.\n\n"
 // Version 5.30, as the upper half of a file version: 5 * 65536 + 30.
 const DWORD kRichScrollVersion = 327710;
 
-// The lines of a box for the printer. The empty one behind the last line end is
-// none of them.
+// The lines of a box, for the printer. The empty line after the last line end is
+// not counted.
 class cBoxLines : public cTextSource
 {
 public:
@@ -83,7 +83,7 @@ cEditBox::cEditBox(cMessageBoxes *pBoxes)
     TakeFont(System);
 }
 
-// A library whose window still lives stays loaded.
+// The library of a window that still exists stays loaded.
 cEditBox::~cEditBox()
 {
     if (m_hRichLib && !IsWindow(m_hWnd))
@@ -126,7 +126,7 @@ int cEditBox::LoadRichLibrary()
     return 1;
 }
 
-// 0 also if the version cannot be read.
+// 0 also if the version cannot be determined.
 int cEditBox::IsRichScrollOk() const
 {
     DWORD       nIgnored = 0;
@@ -216,7 +216,7 @@ int cEditBox::GetLine(int nLine, char *szText, size_t nSize) const
     size_t     nLength = 0;
     if (nLine >= 0 && nRoom > 0)
     {
-        // The platform reads the room from where it writes the line.
+        // The platform expects the size of the buffer in its first two bytes.
         memcpy(szText, &nRoom, sizeof nRoom);
         nLength = static_cast<size_t>(SendMessageA(m_hWnd, EM_GETLINE, static_cast<WPARAM>(nLine),
                                                    reinterpret_cast<LPARAM>(szText)));
@@ -261,7 +261,7 @@ size_t cEditBox::GetText(char *szText, size_t nSize) const
 
 int cEditBox::SetText(const char *szText)
 {
-    // Switching the drawing on again would also show a hidden box.
+    // WM_SETREDRAW TRUE would also show a hidden box.
     const int bDrawn = (GetWindowLongPtrA(m_hWnd, GWL_STYLE) & WS_VISIBLE) != 0;
     const int nFirst = FirstVisibleLine();
     if (bDrawn)
@@ -320,10 +320,10 @@ int cEditBox::Print(const char *szDocument)
     return PrintText(cBoxLines(*this), Look, GetAncestor(m_hWnd, GA_ROOT), szDocument, m_pBoxes);
 }
 
-// Character index of the start of a line; -1 if there is no such line.
+// Character index at which a line starts; -1 if there is no such line.
 int cEditBox::LineStart(int nLine) const
 {
-    if (nLine < 0)  // the platform would take the caret's line
+    if (nLine < 0)  // the platform would use the caret's line
         return -1;
     return static_cast<int>(SendMessageA(m_hWnd, EM_LINEINDEX, static_cast<WPARAM>(nLine), 0));
 }
@@ -339,7 +339,8 @@ int cEditBox::FirstVisibleLine() const
     return static_cast<int>(SendMessageA(m_hWnd, EM_GETFIRSTVISIBLELINE, 0, 0));
 }
 
-// The line at the lower end of the view, or the text's last one above it.
+// The line at the bottom of the view, or the last line of a text that ends above
+// it.
 int cEditBox::LastVisibleLine() const
 {
     RECT View = {};
@@ -358,11 +359,11 @@ int cEditBox::LastVisibleLine() const
     if (nFound == -1)  // the box is too small to show anything
         return nFirst;
 
-    // Only the lower 16 bits of the line are told.
+    // The control reports only the lower 16 bits of the line number.
     return nFirst + static_cast<WORD>(HIWORD(nFound) - nFirst);
 }
 
-// nEnd -1 is the end of the text. The view stays at its lines.
+// nEnd -1 is the end of the text. The view does not scroll.
 void cEditBox::ReplaceRange(int nStart, int nEnd, const char *szText)
 {
     const int nFirst = FirstVisibleLine();
@@ -371,14 +372,14 @@ void cEditBox::ReplaceRange(int nStart, int nEnd, const char *szText)
     ScrollTo(0, nFirst);
 }
 
-// Old rich-edit controls do not.
+// Old rich-edit controls cannot.
 int cEditBox::ScrollsByLines() const
 {
     return !m_bRich || m_bRichScrollOk;
 }
 
-// To a line, wherever the platform has scrolled when it selected or replaced
-// text; and by a number of characters.
+// Scrolls by nCharacters, and makes nFirstLine the first visible line: the
+// control itself may have scrolled when text was selected or replaced.
 void cEditBox::ScrollTo(int nCharacters, int nFirstLine)
 {
     if (ScrollsByLines())

@@ -1,4 +1,4 @@
-// file_dialogs.h - the platform's dialogs for the name of a file.
+// file_dialogs.h - the platform's dialogs for opening and saving a file.
 
 #ifndef TOOLKIT_FILE_DIALOGS_H
 #define TOOLKIT_FILE_DIALOGS_H
@@ -15,12 +15,13 @@ enum eFileNameDialog
     fnSave   // asks before a file is overwritten
 };
 
-// Asks for a file. szFilter is pairs of text and pattern, ended by an empty
-// one: "Text Files (*.TXT)\0*.TXT\0". szFolder is where to begin, null for the
-// current one. szExtension, "txt" or null, is added to a name without one. A
-// name that is too long gets a message through pBoxes.
-// szFileName holds the name that is proposed, "" for none, and gets the whole
-// path. 0 if the user cancelled; then szFileName is to be used no more.
+// Asks for a file. szFilter is a list of pairs of text and pattern, terminated by
+// an empty string: "Text Files (*.TXT)\0*.TXT\0". szFolder is the folder shown
+// first, null for the current one. szExtension ("txt", or null for none) is
+// appended to a name without an extension. A name that is too long is refused
+// with a message through pBoxes.
+// szFileName contains the proposed name ("" for none) and receives the full path.
+// 0 if the user cancelled; the contents of szFileName are then undefined.
 int AskFileName(eFileNameDialog nDialog, const char *szFilter, const char *szFolder,
                 const char *szExtension, cMessageBoxes *pBoxes, char (&szFileName)[kFileName]);
 

@@ -7,8 +7,8 @@
 namespace
 {
 
-const int      kEditField  = 0x480;  // edt1: of a dialog with a plain field,
-const int      kComboField = 0x47C;  // cmb13: or with one that lists old names
+const int      kEditField  = 0x480;  // edt1, the name field of one kind of dialog
+const int      kComboField = 0x47C;  // cmb13, of the kind that lists recent names
 const UINT_PTR kSubclass   = 1;
 const char     kTooLong[] =
     "The file name is too long: it may have 259 characters, its folder included.";
@@ -20,7 +20,7 @@ HWND NameField(HWND hDialog)
     return hEdit ? hEdit : GetDlgItem(hDialog, kComboField);
 }
 
-// A name may be typed in quotes.
+// The user may type a name in quotation marks.
 std::string_view WithoutQuotes(std::string_view Name)
 {
     if (!Name.empty() && Name.front() == '"')
@@ -47,7 +47,7 @@ int HasExtension(std::string_view Name)
     return nPoint != Name.npos && Name.find_first_of("\\/", nPoint) == Name.npos;
 }
 
-// What stands before a name without a drive in its path.
+// Length of what the dialog puts before a name without a drive.
 size_t LengthBefore(HWND hDialog, std::string_view Name)
 {
     if (!Name.empty() && IsSlash(Name[0]))
@@ -110,7 +110,7 @@ size_t cFileNameGuard::WholeLength(HWND hDialog, std::string_view Name) const
 
 int cFileNameGuard::Refuses(HWND hDialog) const
 {
-    char          szName[kFileName + 2] = "";  // with its quotes
+    char          szName[kFileName + 2] = "";  // quotation marks included
     const HWND    hField                = NameField(hDialog);
     const LRESULT nLength               = SendMessageA(hField, WM_GETTEXTLENGTH, 0, 0);
     SendMessageA(hField, WM_GETTEXT, sizeof szName, reinterpret_cast<LPARAM>(szName));

@@ -1,6 +1,5 @@
-// file_name_guard.h - keeps names from a file dialog that are longer than a path
-// may be. Windows itself refuses them; Wine's dialog writes beyond its own
-// buffers.
+// file_name_guard.h - refuses names in a file dialog that would make the path too
+// long. Windows checks this itself; Wine's dialog overruns its own buffers.
 
 #ifndef TOOLKIT_FILE_NAME_GUARD_H
 #define TOOLKIT_FILE_NAME_GUARD_H
@@ -12,17 +11,17 @@
 
 #include "toolkit/message_box.h"
 
-// Watches the file dialog that the thread opens next until the end of the
-// scope. A name that is too long with its folder and extension gets a message,
-// and the dialog stays open. The dialog has to be one of OFN_EXPLORER.
+// Watches the next file dialog of the thread until the end of the scope. A name
+// that is too long, folder and extension included, is refused with a message, and
+// the dialog stays open. The dialog must have the flag OFN_EXPLORER.
 //
 //     const cFileNameGuard Length("txt", pBoxes);
 //     GetSaveFileNameA(&Dialog);
 class cFileNameGuard
 {
 public:
-    // szExtension, without its point, is what the dialog adds to a name that
-    // has none; null: nothing.
+    // szExtension, without a point, is what the dialog appends to a name that
+    // has none; null for nothing.
     cFileNameGuard(const char *szExtension, cMessageBoxes *pBoxes);
     ~cFileNameGuard();
     cFileNameGuard(const cFileNameGuard &)            = delete;
@@ -36,9 +35,9 @@ private:
     size_t WholeLength(HWND hDialog, std::string_view Name) const;
     int    Refuses(HWND hDialog) const;
 
-    static cFileNameGuard *s_pCurrent;  // a hook is told of no object
+    static cFileNameGuard *s_pCurrent;  // a hook procedure gets no user data
 
-    size_t          m_nExtension;  // characters, the point included
+    size_t          m_nExtension;  // characters, point included
     cMessageBoxes  *m_pBoxes;
     HWND            m_hDialog;  // null until it opens
     HHOOK           m_hHook;

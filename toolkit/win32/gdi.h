@@ -1,9 +1,9 @@
-// gdi.h - device contexts and GDI objects that tidy up after themselves. One
-// owner each, no copies, released on every return.
+// gdi.h - device contexts and GDI objects that clean up after themselves on
+// every return.
 //
 //     const cWindowDc    Dc(hWnd);
 //     const cGdiFont     Font(CreateFontIndirectA(&LogFont));  // deleted second
-//     const cSelectGuard Selected(Dc.Get(), Font.Get());       // put back first
+//     const cSelectGuard Selected(Dc.Get(), Font.Get());       // deselected first
 
 #ifndef TOOLKIT_GDI_H
 #define TOOLKIT_GDI_H

@@ -8,7 +8,8 @@ static const UINT kDisplayContents = 1;  // HH_DISPLAY_TOC
 
 typedef HWND(WINAPI *cHtmlHelp)(HWND hCaller, LPCSTR szFile, UINT nCommand, DWORD_PTR dwData);
 
-// Where the help viewer is registered; without an entry the bare name is tried.
+// The registered help viewer; if it cannot be loaded, the usual file name is
+// tried.
 static HMODULE LoadViewer()
 {
     char szPath[MAX_PATH] = "";

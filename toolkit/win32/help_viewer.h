@@ -1,22 +1,23 @@
-// help_viewer.h - compiled help files, in the platform's viewer if it has one.
+// help_viewer.h - opens compiled help files in the platform's viewer, if it has
+// one.
 
 #ifndef TOOLKIT_HELP_VIEWER_H
 #define TOOLKIT_HELP_VIEWER_H
 
 #include "toolkit/win32/win32.h"
 
-// Where a file of the help lies: szName itself if the current folder has it,
-// else the file of this name beside the program, "C:\Vorstek\VORSTEK.chm". If
-// that is not there either, szName as it is.
+// Finds a help file: szName itself if the current folder has it, else the file of
+// that name in the program's folder, "C:\Vorstek\VORSTEK.chm". If neither exists,
+// the path is szName.
 void FindHelp(const char *szName, char (&szPath)[MAX_PATH]);
 
-// Open a help file with its table of contents, or at a topic, which is the
-// name of a page in it. The file is looked for by FindHelp. The viewer's window,
-// null if it does not come up.
+// Open a help file at its table of contents, or at a topic, which is the name of
+// a page in it. FindHelp locates the file. Return the viewer's window, null if it
+// cannot be opened.
 HWND OpenHelpContents(const char *szFile);
 HWND OpenHelpTopic(const char *szFile, const char *szTopic);
 
-// The message that the viewer did not find szFile, "VORSTEK.CHM".
+// Formats the message that the viewer could not find szFile, "VORSTEK.CHM".
 const size_t kMissingHelpText = 512;
 void         FormatMissingHelp(const char *szFile, char (&szText)[kMissingHelpText]);
 

@@ -34,7 +34,7 @@ int cListBox::SetItem(int nIndex, const char *szText)
     return bDone;
 }
 
-// LB_ERR and LB_ERRSPACE are negative.
+// The results LB_ERR and LB_ERRSPACE are negative.
 int cListBox::PutItem(int nIndex, const char *szText)
 {
     const LPARAM lText = reinterpret_cast<LPARAM>(szText);
@@ -58,8 +58,8 @@ int cListBox::GetItem(int nIndex, char *szText, size_t nSize) const
     return Item != nullptr;
 }
 
-// The platform copies whole items only, so there must be room for all of it.
-// Null if there is no such item, or memory is short and the user gave up.
+// The platform copies complete items only, so the buffer must be large enough.
+// Null if there is no such item, or if memory is short and the user gave up.
 std::unique_ptr<char[]> cListBox::CopyItem(int nIndex) const
 {
     const WPARAM  wIndex  = static_cast<WPARAM>(nIndex);
@@ -93,7 +93,7 @@ int cListBox::GetSelection() const
     return static_cast<int>(SendMessageA(m_hWnd, LB_GETCURSEL, 0, 0));
 }
 
-// LB_SETCURSEL answers LB_ERR to -1 too.
+// LB_SETCURSEL returns LB_ERR for -1 even though it succeeds.
 int cListBox::SetSelection(int nIndex)
 {
     const LRESULT nResult = SendMessageA(m_hWnd, LB_SETCURSEL, static_cast<WPARAM>(nIndex), 0);

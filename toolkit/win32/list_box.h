@@ -1,5 +1,5 @@
-// list_box.h - the platform's list box, with a horizontal scroll bar as soon as
-// an item is too wide.
+// list_box.h - the platform's list box, with a horizontal scroll bar when an item
+// is too wide.
 
 #ifndef TOOLKIT_LIST_BOX_H
 #define TOOLKIT_LIST_BOX_H
@@ -19,19 +19,19 @@ public:
     const char *GetClassName() const override;  // "LISTBOX"
 
     // A hidden list with both scroll bars that reports selections (LBS_NOTIFY).
-    // 0, and a box has said so, if it cannot be created.
+    // 0, after a message box, if it cannot be created.
     int Create(cBaseWindow *pOwner, DWORD dwStyle, int nX, int nY, int nWidth, int nHeight,
                uint32_t nId);
 
-    // Replaces item nIndex, from 0; Count() or a negative number appends. A
-    // replaced item is no longer selected. 0 for an index beyond that, or when
+    // Replaces item nIndex, counted from 0; Count() or a negative index appends.
+    // A replaced item loses its selection. 0 for an index above Count(), or if
     // the list box is full.
     int SetItem(int nIndex, const char *szText);
 
     int Count() const;
 
-    // Copies an item, cut to nSize - 1 characters. 0, and an empty text, if
-    // there is no such item.
+    // Copies an item, cut to nSize - 1 characters. 0, with an empty text, if there
+    // is no such item.
     int GetItem(int nIndex, char *szText, size_t nSize) const;
 
     // 0 if there is no such item.
@@ -40,7 +40,7 @@ public:
     // Removes all items.
     void Reset();
 
-    // The selected item, -1 for none.
+    // Index of the selected item, -1 for none.
     int GetSelection() const;
 
     // Selects an item, or none for -1. 0 if there is no such item.

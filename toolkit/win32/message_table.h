@@ -26,13 +26,14 @@ template <class cWindow> struct cMessageRowOf
     LRESULT (cWindow::*m_pfnHandler)(WPARAM wParam, LPARAM lParam);
 };
 
-// Finds the object of the window, calls its handler and returns its result;
-// what has no row goes to DefWindowProcA, and so does what arrives before
-// WM_CREATE. Called behind the table's definition, so that its size is known.
+// Finds the object of the window, calls the handler of the message and returns
+// its result. Messages without a row, and all messages before WM_CREATE, go to
+// DefWindowProcA. Call this after the definition of the table, so that its size
+// is known.
 //
-// The window's creation parameter is the object, as a cWindow *, which derives
-// from cBaseWindow: WM_CREATE attaches it before its handler runs, WM_NCDESTROY,
-// which takes no row, detaches it.
+// The window's creation parameter is the object, as a cWindow *; cWindow derives
+// from cBaseWindow. WM_CREATE attaches the object before its handler runs, and
+// WM_NCDESTROY, which cannot have a row, detaches it.
 template <class cWindow, size_t nRows>
 LRESULT HandleMessage(const cMessageRowOf<cWindow> (&Rows)[nRows], HWND hWnd, UINT nMessage,
                       WPARAM wParam, LPARAM lParam)

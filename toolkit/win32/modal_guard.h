@@ -1,21 +1,21 @@
-// modal_guard.h - a dialog makes its owner wait; the program's other windows
-// would go on, and start in the dialog's own message loop what does not belong
-// there.
+// modal_guard.h - makes a dialog modal for the whole program. A dialog disables
+// only its owner; commands of the program's other windows would run within the
+// dialog's message loop.
 
 #ifndef TOOLKIT_MODAL_GUARD_H
 #define TOOLKIT_MODAL_GUARD_H
 
 #include "toolkit/win32/win32.h"
 
-// Disables all visible windows of the thread but the owner, which the dialog
-// disables itself, until the end of the scope.
+// Disables all visible windows of the thread until the end of the scope, except
+// the owner, which the dialog itself disables.
 //
 //     const cModalGuard Others(hOwner);
 //     DialogBoxParamA(...);
 class cModalGuard
 {
 public:
-    // hOwner null: none is left out.
+    // hOwner null: disables all of them.
     explicit cModalGuard(HWND hOwner);
     ~cModalGuard();
     cModalGuard(const cModalGuard &)            = delete;
@@ -24,7 +24,7 @@ public:
 private:
     static BOOL CALLBACK Disable(HWND hWnd, LPARAM lParam);
 
-    // More than the program has: calculator, graph, and a dialog over a dialog.
+    // More than the program has: calculator, graph, a dialog and a dialog above it.
     static const int kMostWindows = 16;
 
     HWND m_hOwner;

@@ -7,12 +7,12 @@
 
 #include "toolkit/page_margins.h"
 
-// 1 where the user measures in millimetres, 0 where in inches.
+// 1 if the user's locale uses millimetres, 0 if it uses inches.
 int IsMetricLocale();
 
-// Asks the user for margins, kept in thousandths of an inch and shown in his
-// own unit, and for the orientation. 0, and both are as they were, if he
-// cancelled or there is no printer.
+// Asks the user for margins and orientation. The margins are stored in
+// thousandths of an inch and shown in the unit of the user's locale. 0, with
+// nothing changed, if the user cancelled or there is no printer.
 int AskPageSetup(cPageMargins *pMargins, int *pbLandscape);
 
 #endif

@@ -18,8 +18,8 @@ struct cLogPalette
     PALETTEENTRY m_Entries[kMostColours];
 };
 
-// The header that the resource begins with; null if there is none, or one of
-// the old kind with three bytes a colour.
+// The header at the start of the resource. Null if there is no such resource, or
+// if it has the old header with three bytes per colour.
 const BITMAPINFO *FindBitmap(unsigned nId)
 {
     const HRSRC hFound = FindResourceA(nullptr, MAKEINTRESOURCEA(nId), RT_BITMAP);
@@ -30,7 +30,7 @@ const BITMAPINFO *FindBitmap(unsigned nId)
     return pInfo->bmiHeader.biSize >= sizeof(BITMAPINFOHEADER) ? pInfo : nullptr;
 }
 
-// Entries of the colour table; usually none for 16 bits and more.
+// Number of entries in the colour table; usually 0 for 16 bits and more.
 DWORD CountColours(const BITMAPINFOHEADER &Header)
 {
     if (Header.biClrUsed)

@@ -1,5 +1,5 @@
-// palette_bitmap.h - a bitmap resource together with its colours, for screens
-// that show 256 colours at a time.
+// palette_bitmap.h - a bitmap resource and its palette, for screens that show 256
+// colours at a time.
 
 #ifndef TOOLKIT_PALETTE_BITMAP_H
 #define TOOLKIT_PALETTE_BITMAP_H

@@ -61,8 +61,8 @@ cPrintJob::cPrintJob(HDC hDc, HWND hOwner, const cPageCalls &Calls)
     EnableWindow(hOwner, FALSE);
 }
 
-// The owner comes first, so that it and not another program is activated when
-// the dialog goes.
+// The owner is enabled first, so that closing the dialog activates the owner
+// rather than another program.
 cPrintJob::~cPrintJob()
 {
     EnableWindow(m_hOwner, TRUE);

@@ -1,4 +1,4 @@
-// print_job.h - a printer as the user chose it, and a document that goes there.
+// print_job.h - a printer chosen by the user, and a document sent to it.
 //
 //     cPrinter Printer;
 //     if (!Printer.Ask(hOwner, pgOnePage))
@@ -19,8 +19,8 @@
 
 enum ePages
 {
-    pgOnePage,   // there is nothing to choose from
-    pgManyPages  // a range of them can be chosen
+    pgOnePage,   // no page range can be chosen
+    pgManyPages  // the user may choose a range of pages
 };
 
 class cPrinter
@@ -55,22 +55,23 @@ struct cPageCalls
     int(WINAPI *m_pfnEndDoc)(HDC hDc);
 };
 
-// While it lives all windows are disabled and a dialog offers to cancel.
+// During its life all windows are disabled, and a dialog lets the user cancel.
 class cPrintJob
 {
 public:
-    // With calls other than the platform's in tests.
+    // Tests replace the platform's calls.
     cPrintJob(HDC hDc, HWND hOwner);
     cPrintJob(HDC hDc, HWND hOwner, const cPageCalls &Calls);
     ~cPrintJob();
     cPrintJob(const cPrintJob &)            = delete;
     cPrintJob &operator=(const cPrintJob &) = delete;
 
-    // Prints nSheets sheets as a document of this name. DrawSheet(nSheet), from
-    // 0, draws one and returns 0 to give up. Returns 1 once everything is handed
-    // to the spooler; 0 when the printer fails or the user has cancelled. A
-    // cancelled document is ended; how much of it comes out is the spooler's
-    // business. One whose page failed is left to DeleteDC. Called once.
+    // Prints nSheets sheets as the document szDocument. DrawSheet(nSheet), from 0,
+    // draws one and returns 0 to give up. Returns 1 when everything has been
+    // handed to the spooler, 0 if the printer failed or the user cancelled. A
+    // cancelled document is ended; the spooler decides how much of it is printed.
+    // A document with a failed page is not ended; DeleteDC discards it. Call this
+    // once.
     int Send(const char *szDocument, int nSheets, const std::function<int(int nSheet)> &DrawSheet);
 
 private:

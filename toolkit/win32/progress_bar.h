@@ -14,15 +14,15 @@ public:
 
     const char *GetClassName() const override;  // "msctls_progress32"
 
-    // A hidden bar from 0 to nMaximum, whose Step() goes nStep on. 0, and a box
-    // has said so, if it cannot be created.
+    // A hidden bar from 0 to nMaximum; Step() advances it by nStep. 0, after a
+    // message box, if it cannot be created.
     int Create(cBaseWindow *pOwner, DWORD dwStyle, int nX, int nY, int nWidth, int nHeight,
                uint32_t nId, int nMaximum, int nStep);
 
-    // 0 to the maximum; what lies outside becomes the nearer end.
+    // Clamps nPosition to the range from 0 to the maximum.
     void SetPosition(int nPosition);
 
-    // One step on; behind the maximum it begins again at 0.
+    // Advances by one step; beyond the maximum it starts again at 0.
     void Step();
 };
 

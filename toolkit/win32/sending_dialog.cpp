@@ -3,7 +3,7 @@
 #include "resources/resource.h"
 #include "toolkit/win32/center_window.h"
 
-static const int kTitle = 260;  // characters of a window's title, closing zero included
+static const int kTitle = 260;  // characters of a window title, terminating zero included
 
 int cSendingDialog::Open(HWND hOwner, const char *szDocument)
 {

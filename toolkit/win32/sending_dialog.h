@@ -1,5 +1,5 @@
-// sending_dialog.h - the small window that stands while pages go to the
-// printer, with its Cancel button.
+// sending_dialog.h - the small window with a Cancel button that is shown while
+// pages are sent to the printer.
 
 #ifndef TOOLKIT_SENDING_DIALOG_H
 #define TOOLKIT_SENDING_DIALOG_H
@@ -14,13 +14,14 @@ public:
     cSendingDialog(const cSendingDialog &)            = delete;
     cSendingDialog &operator=(const cSendingDialog &) = delete;
 
-    // Shows it above hOwner, with the owner's title: "Sending", szDocument, "to
-    // print spooler.". 0 if it cannot be created; printing goes on without it.
+    // Shows the dialog above hOwner, with the owner's title: "Sending",
+    // szDocument, "to print spooler.". 0 if it cannot be created; printing
+    // continues without it.
     int  Open(HWND hOwner, const char *szDocument);
     void Close();
 
-    // Handles the messages that are waiting, those of other windows too. 1 to
-    // go on, 0 once the user has cancelled or the program is about to end.
+    // Handles the waiting messages of all windows. 1 to continue, 0 after the
+    // user has cancelled or a quit message has arrived.
     int PumpMessages();
 
     HWND Window() const { return m_hDialog; }  // null while it is closed

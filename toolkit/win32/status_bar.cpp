@@ -10,7 +10,7 @@ namespace
 {
 
 const UINT kMenuClosed = 0xFFFF;
-const int  kMostParts  = 256;  // that the platform allows
+const int  kMostParts  = 256;  // the platform's limit
 
 // The progress bar within the last part, in pixels.
 const int kProgressLeft   = 4;
@@ -76,7 +76,7 @@ void cStatusBar::OnMenuSelect(UINT nItem, UINT nFlags, HMENU hMenu)
 void cStatusBar::AutoSize()
 {
     SendMessageA(m_hWnd, WM_SIZE, 0, 0);
-    InvalidateRect(m_hWnd, nullptr, TRUE);  // the size grip has gone elsewhere
+    InvalidateRect(m_hWnd, nullptr, TRUE);  // the size grip has moved
     if (m_pProgressBar)
         PlaceProgressBar();
 }
@@ -98,7 +98,7 @@ void cStatusBar::PlaceProgressBar()
                          std::max(nHeight, 0), 1);
 }
 
-// The right edge of the part before it, 0 if it is the only one.
+// The right edge of the previous part, 0 if there is only one.
 int cStatusBar::LastPartLeft() const
 {
     int       Edges[kMostParts] = {};

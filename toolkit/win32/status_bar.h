@@ -1,6 +1,5 @@
-// status_bar.h - the platform's status bar: parts with texts, in their place
-// the help of a menu item while the menu is open, and a progress bar if one is
-// wanted.
+// status_bar.h - the platform's status bar: parts with texts, replaced by the help
+// text of a menu item while a menu is open, and an optional progress bar.
 
 #ifndef TOOLKIT_STATUS_BAR_H
 #define TOOLKIT_STATUS_BAR_H
@@ -13,8 +12,8 @@
 
 class cProgressBar;
 
-const int kStatusText   = 513;  // characters of a part's text, closing zero included
-const int kMenuHelpText = 129;  // characters of a menu item's help, closing zero included
+const int kStatusText   = 513;  // characters of a part's text, terminating zero included
+const int kMenuHelpText = 129;  // characters of a menu item's help, terminating zero included
 
 class cStatusBar : public cBaseWindow
 {
@@ -24,28 +23,28 @@ public:
 
     const char *GetClassName() const override;  // "msctls_statusbar32"
 
-    // A hidden bar; position and size hold until the first AutoSize().
-    // pRightEdges are those of the parts, in pixels; -1 reaches to the bar's
-    // end. 0, and a box has said so, if it cannot be created.
+    // A hidden bar. Position and size apply until the first AutoSize().
+    // pRightEdges are the right edges of the parts, in pixels; -1 is the end of
+    // the bar. 0, after a message box, if it cannot be created.
     int Create(cBaseWindow *pOwner, int nX, int nY, int nWidth, int nHeight, uint32_t nId,
                int nParts, const int *pRightEdges);
 
-    // The text of a part, from 0; cut to 512 characters. 0 if there is no such
-    // part.
+    // Sets the text of a part, counted from 0, cut to 512 characters. 0 if there
+    // is no such part.
     int SetText(int nPart, const char *szFormat, ...)
         __attribute__((format(__MINGW_PRINTF_FORMAT, 3, 4)));
 
-    // WM_MENUSELECT: shows the string resource with the item's id; nothing for
-    // pop-ups, separators and the system menu. nFlags 0xFFFF without a menu
-    // means that the menu has closed, and the parts come back.
+    // For WM_MENUSELECT: shows the string resource with the id of the item, or
+    // nothing for pop-ups, separators and the system menu. nFlags 0xFFFF without
+    // a menu means that the menu was closed; the parts are shown again.
     void OnMenuSelect(UINT nItem, UINT nFlags, HMENU hMenu);
 
-    // Goes to the lower edge of the owner, as wide as it is, and puts the
-    // progress bar into the last part.
+    // Moves to the bottom edge of the owner, in the owner's width, and places the
+    // progress bar in the last part.
     void AutoSize();
 
-    // The bar, a child of this one, which belongs to it from now on and takes
-    // the place of an earlier one. Null for none.
+    // Takes over the progress bar, a child of this bar, and deletes the one
+    // before. Null for none.
     void          SetProgressBar(cProgressBar *pProgressBar);
     cProgressBar *ProgressBar() const { return m_pProgressBar; }
 

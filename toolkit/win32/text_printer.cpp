@@ -36,7 +36,7 @@ void cTextPages::DrawSheet(int nSheet) const
     const int nFirst = FirstLineOfPage(m_Plan, nPage);
     const int nCount = CountLinesOfPage(m_Plan, nPage);
 
-    // A new page may have forgotten both.
+    // A new page may have reset both.
     const cSelectGuard Selected(m_hDc, m_Font.Get());
     SetTextColor(m_hDc, m_Look.m_crText);
     for (int i = 0; i < nCount; i++)

@@ -12,7 +12,7 @@
 #include "toolkit/print_plan.h"
 #include "toolkit/win32/gdi.h"
 
-// What is printed.
+// The text to be printed.
 class cTextSource
 {
 public:
@@ -23,32 +23,33 @@ public:
     // Without the line end.
     virtual int GetLineLength(int nLine) const = 0;
 
-    // Copies a line, cut to nSize - 3 characters, with "\r\n" behind it.
+    // Copies a line, cut to nSize - 3 characters, and appends "\r\n".
     virtual int GetLine(int nLine, char *szText, size_t nSize) const = 0;
 };
 
 struct cTextLook
 {
-    LOGFONTA     m_LogFont;     // its height does not count
+    LOGFONTA     m_LogFont;     // its height is ignored
     int          m_nPointSize;  // tenths of a point
     COLORREF     m_crText;
     cPageMargins m_Margins;     // thousandths of an inch
-    int          m_bLandscape;  // the text runs down the sheet
+    int          m_bLandscape;  // the text runs along the longer side
 };
 
-// A text laid out on the sheets of a device.
+// A text laid out on sheets of paper.
 class cTextPages
 {
 public:
-    // All three must outlive the object. Paper is the device's, upright.
+    // hDc, Source and Look must outlive the object. Paper is the device's sheet,
+    // upright.
     cTextPages(HDC hDc, const cTextSource &Source, const cTextLook &Look, const cPaper &Paper,
                const cPrintChoice &Choice);
 
-    // Makes room for the longest line; called once, before DrawSheet. 0 if
-    // memory is short and the user gave up.
+    // Allocates a buffer for the longest line; call this once, before DrawSheet.
+    // 0 if memory is short and the user gave up.
     int Prepare(cMessageBoxes *pBoxes);
 
-    // How many sheets there are to draw, copies included.
+    // Number of sheets, copies included.
     int CountSheets() const { return ::CountSheets(m_Plan); }
 
     // Draws sheet nSheet, from 0, in the order of printing.
@@ -71,9 +72,9 @@ private:
     std::unique_ptr<char[]> m_Line;
 };
 
-// Asks for a printer and prints all or the chosen pages as a document named
-// szDocument. hOwner is disabled meanwhile, and the user may cancel. Returns 1
-// if everything was handed to the spooler.
+// Asks for a printer and prints the chosen pages as the document szDocument.
+// hOwner is disabled meanwhile, and the user may cancel. 1 if everything was
+// handed to the spooler.
 int PrintText(const cTextSource &Source, const cTextLook &Look, HWND hOwner, const char *szDocument,
               cMessageBoxes *pBoxes);
 

@@ -4,7 +4,7 @@
 
 #include "resources/resource.h"
 
-static const int kComboListHeight = 200;  // pixels, of the list that drops down
+static const int kComboListHeight = 200;  // pixels, of the drop-down list
 
 cToolBar::cToolBar(cMessageBoxes *pBoxes) : cBaseWindow(pBoxes), m_nImageBase(0)
 {
@@ -49,7 +49,7 @@ int cToolBar::AddButtons(const TBBUTTON *pButtons, int nButtons)
     for (int i = 0; i < nButtons; i++)
     {
         TBBUTTON Button = pButtons[i];
-        if (!(Button.fsStyle & BTNS_SEP))  // a separator keeps its width there
+        if (!(Button.fsStyle & BTNS_SEP))  // iBitmap of a separator is its width
             Button.iBitmap += m_nImageBase;
         if (!SendMessageA(m_hWnd, TB_ADDBUTTONSA, 1, reinterpret_cast<LPARAM>(&Button)))
             return 0;
@@ -97,18 +97,17 @@ int cToolBar::CreateComboBox(int nIndex)
                             static_cast<uint32_t>(Button.idCommand)))
         return 0;
 
-    // The pointer is over the edit field most of the time, which is a window of
-    // its own.
+    // The edit field is a separate window and covers most of the combo box.
     AddTool(m_ComboBox->Window());
     AddTool(m_ComboBox->EditField());
     return 1;
 }
 
-// Has the owner asked for the tip of a window in the toolbar.
+// Makes the tooltip control ask the owner for the tip of a window in the toolbar.
 void cToolBar::AddTool(HWND hTool) const
 {
     TTTOOLINFOA Tool = {};
-    Tool.cbSize      = TTTOOLINFOA_V2_SIZE;  // what all versions of the library accept
+    Tool.cbSize      = TTTOOLINFOA_V2_SIZE;  // accepted by all versions of the library
     Tool.uFlags      = TTF_IDISHWND | TTF_SUBCLASS;
     Tool.hwnd        = m_pOwner->Window();
     Tool.uId         = reinterpret_cast<UINT_PTR>(hTool);

@@ -1,5 +1,5 @@
-// tool_bar.h - the platform's toolbar with its standard images, further images
-// of the program, and a combo box among the buttons if one is wanted.
+// tool_bar.h - the platform's toolbar with its standard images, additional images
+// of the program, and an optional combo box among the buttons.
 
 #ifndef TOOLKIT_TOOL_BAR_H
 #define TOOLKIT_TOOL_BAR_H
@@ -22,27 +22,27 @@ public:
 
     const char *GetClassName() const override;  // "ToolbarWindow32"
 
-    // A hidden toolbar with tooltips whose buttons take their images from the
-    // platform's small standard ones (7 is the opened folder of "Open"). With
-    // nComboIndex 0 or more a combo box with an edit field covers that button,
-    // best a separator as wide as wanted, and sends WM_COMMAND with its id; -1
-    // for none. 0, and a box has said so, if anything cannot be created.
+    // A hidden toolbar with tooltips. The buttons use the platform's small
+    // standard images (7 is the open folder of "Open"). If nComboIndex is 0 or
+    // more, a combo box with an edit field covers that button and sends
+    // WM_COMMAND with its id; the button is best a separator of the right width.
+    // -1 for none. 0, after a message box, if anything cannot be created.
     int Create(cBaseWindow *pOwner, DWORD dwStyle, uint32_t nId, const TBBUTTON *pButtons,
                int nButtons, int nComboIndex);
 
     // Appends the nImages images of a bitmap resource, and nButtons buttons
-    // (none for 0) whose iBitmap counts from the first of these images. 0 if
-    // there is no such resource.
+    // whose iBitmap counts from the first of these images. 0 if there is no such
+    // resource.
     int AddBitmap(unsigned nResource, int nImages, const TBBUTTON *pButtons, int nButtons);
 
-    // Number of the first image that the last AddBitmap has added; 15 after
-    // the standard images.
+    // Index of the first image added by the last AddBitmap. The first call adds
+    // from 15 on, after the standard images.
     int GetImageBase() const { return m_nImageBase; }
 
-    // Goes to the upper edge of the owner, as wide as it is.
+    // Moves to the top edge of the owner, in the owner's width.
     void AutoSize();
 
-    // TTN_NEEDTEXTA: the tip is the string resource with the number of the
+    // For TTN_NEEDTEXTA: the tip is the string resource with the id of the
     // command, or "Find tool" for the combo box.
     void OnToolTipText(NMTTDISPINFOA *pRequest) const;
 

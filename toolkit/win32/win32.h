@@ -1,6 +1,6 @@
-// win32.h - the platform's headers. Each Win32 file includes this one first and
-// no other header of the platform; it is how such a file is told from a
-// portable one. Calls are the ANSI ones, written with their A.
+// win32.h - the platform's headers. Every Win32 file includes this one first and
+// no other header of the platform. The ANSI functions are called, by their full
+// names: CreateWindowExA.
 
 #ifndef TOOLKIT_WIN32_H
 #define TOOLKIT_WIN32_H
@@ -16,11 +16,11 @@
 #include <richedit.h>
 #include <shellapi.h>
 
-// It would rename cCallbackObj::GetClassName in the files that include
-// <windows.h>, and only there.
+// The macro would rename cCallbackObj::GetClassName, but only in the files that
+// include <windows.h>.
 #undef GetClassName
 
-// The program itself: where its resources are and its window classes belong.
+// The program itself, which owns the resources and the window classes.
 inline HINSTANCE ProgramInstance()
 {
     return GetModuleHandleA(nullptr);

@@ -1,5 +1,5 @@
-// window_class.h - registers a window class while objects of it live: the first
-// one registers it, the last one takes it back.
+// window_class.h - registers a window class while it has objects: the first object
+// registers the class, the last one unregisters it.
 //
 //     cWindowClass cKeypad::s_Class;         // one for the class
 //     cWindowClassShare m_ClassShare;        // one in each object, of s_Class
@@ -12,12 +12,12 @@
 class cWindowClass
 {
 public:
-    // Counts one more object, and registers Class if it is the first. 0, and
-    // nothing is counted, if the platform refuses.
+    // Counts one more object, and registers Class for the first one. 0, with
+    // nothing counted, if registration fails.
     int Acquire(const WNDCLASSA &Class);
 
-    // Counts one object less. The last one unregisters szName; should a window
-    // have outlived its object, the class stays for the next first one.
+    // Counts one object less and unregisters szName after the last one. If a
+    // window has outlived its object, the class stays registered and is reused.
     void Release(const char *szName);
 
 private:
@@ -25,7 +25,8 @@ private:
     int      m_bRegistered = 0;
 };
 
-// What one object holds of its window class, until it is destroyed.
+// One object's share in its window class, from Acquire until the object is
+// destroyed.
 class cWindowClassShare
 {
 public:
@@ -34,8 +35,8 @@ public:
     cWindowClassShare(const cWindowClassShare &)            = delete;
     cWindowClassShare &operator=(const cWindowClassShare &) = delete;
 
-    // Once per object, before its window is created. 0 if the class could not
-    // be registered. Class.lpszClassName is kept, not copied.
+    // Call this once per object, before its window is created. 0 if the class
+    // could not be registered. Class.lpszClassName is kept, not copied.
     int Acquire(const WNDCLASSA &Class);
 
 private:
