@@ -29,8 +29,8 @@ void CALLBACK GiveUp(HWND, UINT, UINT_PTR nTimer, DWORD)
     PostQuitMessage(5);
 }
 
-// Runs until the idle callback has been called often enough (7) or kWait is over
-// (5), and returns which of both.
+// Runs until the idle callback has been called often enough, and returns 7, or
+// until kWait is over, and returns 5.
 int RunIdling(int bEnabled, int bWanted)
 {
     cApplication Application(ProgramInstance(), "", "Calculator");
@@ -56,7 +56,7 @@ INT_PTR CALLBACK IgnoreAll(HWND, UINT, WPARAM, LPARAM)
 
 }  // namespace
 
-TEST_CASE("the application keeps what it is given; without a name it takes that of its file")
+TEST_CASE("the application stores its arguments; without a name it uses that of its file")
 {
     {
         const cApplication Named(ProgramInstance(), "a b", "Calculator");
@@ -76,14 +76,14 @@ TEST_CASE("the message loop returns the code of the quit message")
     PostQuitMessage(3);
     CHECK(Application.Run() == 3);
 
-    // One that is there before the loop begins is only looked at.
+    // The loop leaves a quit message that was waiting before it started.
     MSG Message = {};
     CHECK(PeekMessageA(&Message, nullptr, 0, 0, PM_REMOVE));
     CHECK(Message.message == WM_QUIT);
     CHECK_FALSE(PeekMessageA(&Message, nullptr, 0, 0, PM_REMOVE));
 }
 
-TEST_CASE("idling takes place while it is enabled and wanted, in periods")
+TEST_CASE("the idle slot fires periodically while idling is enabled and wanted")
 {
     const DWORD dwStart = GetTickCount();
     CHECK(RunIdling(1, 1) == 7);
@@ -95,7 +95,7 @@ TEST_CASE("idling takes place while it is enabled and wanted, in periods")
     CHECK(s_nIdle == 0);
 }
 
-TEST_CASE("a modeless dialog gets its keys before anybody else")
+TEST_CASE("a modeless dialog gets its keys first")
 {
     cApplication Application(ProgramInstance(), "", "Calculator");
     const HWND hDialog = CreateDialogParamA(ProgramInstance(), MAKEINTRESOURCEA(IDD_REFORMAT_PLOT),

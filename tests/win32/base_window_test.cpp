@@ -64,7 +64,7 @@ LRESULT CALLBACK cShownWindow::WindowProc(HWND hWnd, UINT nMessage, WPARAM wPara
     return HandleMessage(s_Messages, hWnd, nMessage, wParam, lParam);
 }
 
-// Where a child lies in its parent's client area.
+// The rectangle of a child in its parent's client area.
 RECT PlaceOf(const cBaseWindow &Window)
 {
     RECT Rect;
@@ -75,7 +75,7 @@ RECT PlaceOf(const cBaseWindow &Window)
 
 }  // namespace
 
-TEST_CASE("a window object begins without a window")
+TEST_CASE("a new window object has no window")
 {
     cRecordingBoxes   Boxes;
     const cBaseWindow Window(&Boxes);
@@ -150,7 +150,7 @@ TEST_CASE("showing or hiding a window that was never created does nothing")
     CHECK(Window.IsVisible() == 0);
 }
 
-TEST_CASE("showing and hiding a window is told to the platform")
+TEST_CASE("showing and hiding a window calls the platform")
 {
     cFrameRig    Rig;
     cShownWindow Window(&Rig.m_Boxes);
@@ -175,8 +175,8 @@ TEST_CASE("showing or hiding a window twice calls the platform once")
     REQUIRE(Window.Create(&Rig.m_Frame, 0) == 1);
     const HWND hWnd = Window.Window();
 
-    // The platform's own state is turned round behind the object's back; a
-    // second call would turn it again.
+    // The platform's own state is changed without the object; a second call
+    // would change it back.
     Window.Show();
     ShowWindow(hWnd, SW_HIDE);
     Window.Show();
@@ -189,7 +189,7 @@ TEST_CASE("showing or hiding a window twice calls the platform once")
     Rig.m_Frame.Close();
 }
 
-TEST_CASE("what counts is the window's own visibility, not its owner's")
+TEST_CASE("the visibility of a window does not depend on its owner's")
 {
     cFrameRig    Rig;
     cShownWindow Window(&Rig.m_Boxes);
@@ -219,7 +219,7 @@ TEST_CASE("a window is moved within its owner")
     Rig.m_Frame.Close();
 }
 
-TEST_CASE("a moved window is painted again when asked for")
+TEST_CASE("a moved window is repainted on request")
 {
     cFrameRig    Rig;
     cShownWindow Window(&Rig.m_Boxes);

@@ -28,8 +28,8 @@ const COLORREF kBlue  = RGB(0, 0, 255);
 const COLORREF kWhite = RGB(255, 255, 255);
 const COLORREF kBlack = RGB(0, 0, 0);
 
-// White above, with a red and a blue pixel in the top row and a black one at
-// the bottom left.
+// White, with a red and a blue pixel in the top row and a black one at the bottom
+// left.
 COLORREF SourcePixel(int nX, int nY)
 {
     if (nY == 0 && nX == 1)
@@ -61,7 +61,7 @@ uint32_t Number(const std::string &Bytes, size_t nAt, unsigned nBytes)
     return nValue;
 }
 
-// The platform's own reader shows the source.
+// Checks that the platform's own reader reads the source's pixels.
 void CheckPlatformShows(const std::string &Name)
 {
     const cGdiBitmap Read(static_cast<HBITMAP>(LoadImageA(nullptr, Name.c_str(), IMAGE_BITMAP, 0, 0,
@@ -74,7 +74,7 @@ void CheckPlatformShows(const std::string &Name)
             CHECK(GetPixel(Dc.Get(), nX, nY) == SourcePixel(nX, nY));
 }
 
-// What the encoder makes of the source's pixels.
+// The GIF file that the encoder writes for the source's pixels.
 std::string ExpectedGif()
 {
     cBytes Pixels(DibRowBytes(kWidth, 24) * kHeight);
@@ -136,7 +136,7 @@ TEST_CASE("a bitmap becomes a BMP file of each depth")
     }
 }
 
-TEST_CASE("pixels of 16 bits are fetched as the masks say")
+TEST_CASE("pixels of 16 bits match the masks in the file")
 {
     const cSource        Source;
     const cScratchFolder Folder;
@@ -179,7 +179,7 @@ TEST_CASE("a bitmap of two colours becomes a BMP file of 1 bit")
     CHECK(Number(Bytes, 62 + 8, 1) == 0x40);
 }
 
-TEST_CASE("no bitmap, no depth or no place for the file is no BMP file")
+TEST_CASE("without a bitmap, a depth or a folder no BMP file is written")
 {
     const cSource        Source;
     const cScratchFolder Folder;
@@ -195,7 +195,7 @@ TEST_CASE("no bitmap, no depth or no place for the file is no BMP file")
     CHECK(Boxes.m_Boxes.empty());
 }
 
-TEST_CASE("a bitmap becomes a GIF file of 256 colours, whatever depth is asked for from 24 on")
+TEST_CASE("a bitmap of few colours becomes the same GIF file from 4, 8, 24 and 32 bits")
 {
     for (const unsigned nBits : {24u, 32u})
     {
@@ -219,7 +219,7 @@ TEST_CASE("a GIF file of 16 bits keeps the upper 5 of each channel")
     CHECK(WriteBitmapAsGif(Source.m_Bitmap.Get(), nullptr, 16, Folder.Name("plot.gif").c_str(), 1,
                            &Boxes) == 1);
 
-    // White, black and red: counted from the bottom left, the most frequent first.
+    // White, black and red: the most frequent first, then from the bottom left.
     CHECK(Folder.Read("plot.gif").substr(13, 9) ==
           std::string("\xF8\xF8\xF8\x00\x00\x00\xF8\x00\x00", 9));
 }
@@ -250,7 +250,7 @@ TEST_CASE("a GIF file that cannot be made leaves nothing behind")
     CHECK(WriteBitmapAsGif(Source.m_Bitmap.Get(), nullptr, 24, Folder.Name("no/plot.gif").c_str(),
                            1, &Boxes) == 0);
     {
-        // Pixels and the three blocks of the reduction, then the work buffer.
+        // The pixels and the three blocks of the reduction succeed.
         const cFailingMemory NoWorkBuffer(4, 1);
         CHECK(WriteBitmapAsGif(Source.m_Bitmap.Get(), nullptr, 24, Name.c_str(), 1, &Boxes) == 0);
         CHECK(NoWorkBuffer.FailuresLeft() == 0);
@@ -260,7 +260,7 @@ TEST_CASE("a GIF file that cannot be made leaves nothing behind")
     CHECK(Boxes.m_Boxes.empty());
 }
 
-TEST_CASE("without memory for the pixels the user may try again or give up")
+TEST_CASE("without memory for the pixels the user may retry or give up")
 {
     const cSource        Source;
     const cScratchFolder Folder;

@@ -17,8 +17,8 @@
 namespace
 {
 
-// A picture whose every pixel says where it comes from: red is x, green is y,
-// blue the picture.
+// A picture in which the colour of each pixel identifies it: red is x, green is y,
+// blue is the picture.
 class cMarkedBitmap
 {
 public:
@@ -63,12 +63,12 @@ std::string TextOf(const RECT &Rect)
            std::to_string(Rect.right) + "," + std::to_string(Rect.bottom);
 }
 
-// A keypad in a window that keeps what it tells.
+// A keypad that records its events.
 struct cEmptyRig : cFrameRig
 {
     ~cEmptyRig() { m_Frame.Close(); }
 
-    // The client area is 200 by 120, unless other sizes are given.
+    // The client area is 200 by 120 by default.
     void Create(int nWidth = 200, int nHeight = 120, int nSourceX = 0, int nSourceY = 0,
                 int nFaceWidth = 0, int nFaceHeight = 0)
     {
@@ -101,7 +101,7 @@ struct cEmptyRig : cFrameRig
         REQUIRE(m_Keypad.Register(pRecord) == 1);
     }
 
-    // Paints this part anew, all of it by default.
+    // Repaints this part, everything by default.
     void Paint(const RECT &Part = {0, 0, 1000, 1000})
     {
         HandleWaitingMessages();
@@ -115,12 +115,13 @@ struct cEmptyRig : cFrameRig
         return SendMessageA(m_Keypad.Window(), nMessage, wParam, lParam);
     }
 
-    // What the mouse does, in the client area.
+    // Mouse events, in pixels of the client area.
     void Press(int x, int y) { Send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y)); }
     void Move(int x, int y) { Send(WM_MOUSEMOVE, 0, MAKELPARAM(x, y)); }
     void Release(int x, int y) { Send(WM_LBUTTONUP, 0, MAKELPARAM(x, y)); }
 
-    // Where the pixel at (x, y) comes from: "key 30,12".
+    // The picture and the place from which the pixel at (x, y) was copied:
+    // "key 30,12".
     std::string Shown(int x, int y) const
     {
         const cWindowDc Dc(m_Keypad.Window());
@@ -146,7 +147,7 @@ struct cEmptyRig : cFrameRig
     cMarkedBitmap            m_Switches{kSwitchMark, 80, 196};
     cButtonArray             m_Keypad{&m_Boxes};
     cEvents                  m_Events;
-    std::function<void()>    m_OnEvent;  // after each of them
+    std::function<void()>    m_OnEvent;  // called after each event
     std::vector<std::string> m_Uncovered;
 };
 
@@ -188,7 +189,7 @@ TEST_CASE("a keypad is a child window with a client edge")
           (WS_EX_CLIENTEDGE | WS_EX_NOPARENTNOTIFY));
 }
 
-TEST_CASE("the class of keypads repaints when sized, has an arrow and goes with the last keypad")
+TEST_CASE("the class of keypads repaints on resizing and is unregistered with the last keypad")
 {
     WNDCLASSA Class = {};
     {
@@ -203,7 +204,7 @@ TEST_CASE("the class of keypads repaints when sized, has an arrow and goes with 
     CHECK_FALSE(GetClassInfoA(ProgramInstance(), "cButtonArray", &Class));
 }
 
-TEST_CASE("a keypad without a window to stand in is reported")
+TEST_CASE("a keypad without an owner window is reported")
 {
     cNoFrameRig   Rig;
     cMarkedBitmap Face(kFaceMark, 10, 10);
@@ -215,7 +216,7 @@ TEST_CASE("a keypad without a window to stand in is reported")
     CHECK(Keypad.IsCreated() == 0);
 }
 
-TEST_CASE("a keypad whose class the platform refuses is reported")
+TEST_CASE("a keypad whose class cannot be registered is reported")
 {
     WNDCLASSA Other     = {};
     Other.lpfnWndProc   = &DefWindowProcA;
@@ -232,7 +233,7 @@ TEST_CASE("a keypad whose class the platform refuses is reported")
     UnregisterClassA("cButtonArray", ProgramInstance());
 }
 
-TEST_CASE("a keypad leaves the bitmaps and the palette to who made them")
+TEST_CASE("a keypad does not delete bitmaps and palette")
 {
     cMarkedBitmap              Face(kFaceMark, 10, 10);
     const cGdiObject<HPALETTE> Palette(CreateHalftonePalette(nullptr));
@@ -267,7 +268,7 @@ TEST_CASE("the strips of a keypad can be set only once")
     CHECK(Rig.Shown(60, 30) == "switch 0,168");
 }
 
-TEST_CASE("a key that memory is short for is refused when the user gives up")
+TEST_CASE("a key is refused when memory is short and the user gives up")
 {
     for (int nSucceed = 0; nSucceed < 2; nSucceed++)  // the rectangle, its place in the list
     {
@@ -286,7 +287,7 @@ TEST_CASE("a key that memory is short for is refused when the user gives up")
 
 // --- painting
 
-TEST_CASE("the face is shown from its source point on, as far as face and window go")
+TEST_CASE("the face is shown from its source point on, as far as face and window reach")
 {
     static const struct
     {
@@ -319,7 +320,7 @@ TEST_CASE("the face is shown from its source point on, as far as face and window
     }
 }
 
-TEST_CASE("the images of the keys stand side by side in the strip")
+TEST_CASE("the images of the keys are side by side in the strip")
 {
     cKeypadRig Rig;
 
@@ -334,7 +335,7 @@ TEST_CASE("the images of the keys stand side by side in the strip")
     CHECK(Rig.Shown(119, 72) == "face 119,72");
 }
 
-TEST_CASE("a pressed key shows the image below its released one")
+TEST_CASE("the image of a pressed key is below that of the released one")
 {
     cKeypadRig Rig;
 
@@ -350,7 +351,7 @@ TEST_CASE("a pressed key shows the image below its released one")
     CHECK(Rig.Shown(10, 60) == "key 0,12");
 }
 
-TEST_CASE("the switches show the frames of their resting thumbs")
+TEST_CASE("the switches show the frames for their positions")
 {
     cKeypadRig Rig;
 
@@ -361,7 +362,7 @@ TEST_CASE("the switches show the frames of their resting thumbs")
     CHECK(Rig.Shown(95, 43) == "switch 71,181");
 }
 
-TEST_CASE("only what the update touches is painted")
+TEST_CASE("only keys and switches in the invalid part are painted")
 {
     cKeypadRig Rig;
     Rig.Press(10, 60);
@@ -378,7 +379,7 @@ TEST_CASE("only what the update touches is painted")
     CHECK(Rig.Told() == cEvents{{1, 1}, {1, 0}});
 }
 
-TEST_CASE("a display rectangle is asked for where it is uncovered, and only the first one")
+TEST_CASE("the uncovered part of the first display rectangle is reported, and no other")
 {
     cKeypadRig Rig;
     REQUIRE(Rig.m_Keypad.AddDisplayRect(20, 5, 100, 20) == 1);
@@ -397,7 +398,7 @@ TEST_CASE("a display rectangle is asked for where it is uncovered, and only the 
     CHECK(Rig.Told().empty());
 }
 
-TEST_CASE("whoever draws the display finds the face painted")
+TEST_CASE("the face is painted before the display is drawn")
 {
     cKeypadRig Rig;
     REQUIRE(Rig.m_Keypad.AddDisplayRect(20, 5, 100, 20) == 1);
@@ -436,7 +437,7 @@ TEST_CASE("minimising does not make a keypad forget its size")
 
 // --- keys
 
-TEST_CASE("a pressed key is told once it is drawn, and again when it is let go")
+TEST_CASE("pressing and releasing a key are reported after the key is drawn")
 {
     cKeypadRig               Rig;
     std::vector<std::string> Seen;
@@ -452,7 +453,7 @@ TEST_CASE("a pressed key is told once it is drawn, and again when it is let go")
     CHECK_FALSE(Rig.HasMouse());
 }
 
-TEST_CASE("a key holds its left and upper edge and not its right and lower one")
+TEST_CASE("a key includes its left and top edges, but not its right and bottom ones")
 {
     cKeypadRig Rig;
     static const struct
@@ -476,7 +477,7 @@ TEST_CASE("a key holds its left and upper edge and not its right and lower one")
     }
 }
 
-TEST_CASE("leaving a key releases it, coming back presses nothing")
+TEST_CASE("leaving a key releases it, and returning does not press it again")
 {
     cKeypadRig Rig;
 
@@ -492,7 +493,7 @@ TEST_CASE("leaving a key releases it, coming back presses nothing")
     CHECK(Rig.Shown(10, 60) == "key 0,0");
 }
 
-TEST_CASE("a key is also left to the outside of the window")
+TEST_CASE("leaving the window releases a key")
 {
     cKeypadRig Rig;
     REQUIRE(Rig.m_Keypad.AddKey(0, 0, 9, 9) == 1);
@@ -503,7 +504,7 @@ TEST_CASE("a key is also left to the outside of the window")
     CHECK(Rig.Told() == cEvents{{4, 1}, {4, 0}});
 }
 
-TEST_CASE("of keys that overlap the first one is pressed, and a key before a switch")
+TEST_CASE("of overlapping keys the first one is pressed, and a key rather than a switch")
 {
     cKeypadRig Rig;
     REQUIRE(Rig.m_Keypad.AddKey(10, 30, 60, 42) == 1);
@@ -516,7 +517,7 @@ TEST_CASE("of keys that overlap the first one is pressed, and a key before a swi
     CHECK(Rig.Told() == cEvents{{1, 1}, {1, 0}, {4, 1}, {4, 0}});
 }
 
-TEST_CASE("the mouse over the face without a press tells nothing")
+TEST_CASE("moving the mouse over the face without pressing a key has no effect")
 {
     cKeypadRig Rig;
 
@@ -534,7 +535,7 @@ TEST_CASE("the mouse over the face without a press tells nothing")
 
 // --- switches
 
-TEST_CASE("a dragged thumb shows the frame of where it is")
+TEST_CASE("a dragged thumb shows the frame for its position")
 {
     static const struct
     {
@@ -570,7 +571,7 @@ TEST_CASE("a dragged thumb shows the frame of where it is")
     }
 }
 
-TEST_CASE("a switch tells when its thumb crosses the middle, exactly half counts as left")
+TEST_CASE("a switch changes when its thumb crosses the middle, exactly half counts as left")
 {
     cKeypadRig Rig;
 
@@ -593,7 +594,7 @@ TEST_CASE("a switch tells when its thumb crosses the middle, exactly half counts
     CHECK_FALSE(Rig.HasMouse());
 }
 
-TEST_CASE("a switch that begins at its right end is grabbed there")
+TEST_CASE("a switch that starts at its right end is grabbed there")
 {
     cKeypadRig Rig;
 
@@ -613,7 +614,7 @@ TEST_CASE("a switch that begins at its right end is grabbed there")
     CHECK(Rig.Told() == cEvents{{kSecondSwitch, 1}});
 }
 
-TEST_CASE("a thumb is not wider than its switch allows, and starts where there is room")
+TEST_CASE("a thumb is narrower than its switch, and starts at the left if it would not fit")
 {
     static const struct
     {
@@ -640,7 +641,7 @@ TEST_CASE("a thumb is not wider than its switch allows, and starts where there i
     }
 }
 
-TEST_CASE("leaving a switch ends the drag where the thumb has come to")
+TEST_CASE("leaving a switch ends the drag at the current position of the thumb")
 {
     cKeypadRig Rig;
 
@@ -673,7 +674,7 @@ TEST_CASE("a dropped thumb stays where it is until the next paint")
     Rig.Move(19, 35);
     Rig.Release(19, 35);
     CHECK(Rig.Shown(10, 30) == "switch 0,56");
-    Rig.Press(33, 35);  // its right end, seen but not there
+    Rig.Press(33, 35);  // where the thumb really is, not where it is drawn
     CHECK(Rig.HasMouse());
     Rig.Release(33, 35);
     Rig.Press(34, 35);
@@ -703,7 +704,7 @@ TEST_CASE("a keypad has at most 10 switches")
 
 // --- other messages
 
-TEST_CASE("a keypad does not let itself be closed and ignores commands")
+TEST_CASE("a keypad ignores requests to close and commands")
 {
     cKeypadRig Rig;
 

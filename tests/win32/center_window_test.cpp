@@ -50,7 +50,7 @@ TEST_CASE("a dialog is centred over its owner and keeps its size")
     CHECK(Place.bottom - Place.top == 50);
 }
 
-TEST_CASE("a dialog does not leave the screen at the left or the top")
+TEST_CASE("a dialog is not moved off the left or top edge of the screen")
 {
     const cPopup Owner(nullptr, 10, 20, 60, 30);
     const cPopup Dialog(Owner.Get(), 500, 500, 200, 100);

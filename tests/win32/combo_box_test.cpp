@@ -26,7 +26,7 @@ struct cComboRig : cFrameRig
         HoldShift(0);
     }
 
-    // For this thread, as if the key had been pressed before its last message.
+    // For this thread, as if the key had been pressed before the last message.
     static void HoldShift(int bDown)
     {
         BYTE Keys[256] = {};
@@ -98,7 +98,7 @@ TEST_CASE("a combo box without an edit field is created too")
     CHECK(Rig.m_Combo->IsCreated() == 1);
 }
 
-TEST_CASE("a combo box lets go of its edit field when that is destroyed")
+TEST_CASE("a combo box forgets its edit field when that is destroyed")
 {
     cComboRig Rig;
     REQUIRE(Rig.m_Combo->EditField() != nullptr);
@@ -108,7 +108,7 @@ TEST_CASE("a combo box lets go of its edit field when that is destroyed")
     CHECK(Rig.m_Combo->EditField() == nullptr);
 }
 
-TEST_CASE("an edit field that outlives its combo box object is the platform's again")
+TEST_CASE("an edit field that outlives its combo box object behaves as the platform's")
 {
     cComboRig  Rig;
     const HWND hEdit = Rig.m_Combo->EditField();
@@ -119,7 +119,7 @@ TEST_CASE("an edit field that outlives its combo box object is the platform's ag
     CHECK(Rig.m_Frame.m_Commands.empty());
 }
 
-TEST_CASE("an invalidated combo box is painted again with its edit field")
+TEST_CASE("an invalidated combo box is repainted with its edit field")
 {
     cComboRig  Rig;
     const HWND hCombo = Rig.m_Combo->Window();
@@ -149,7 +149,7 @@ TEST_CASE("a part of a combo box can be invalidated alone")
     CHECK(Update.bottom == 3);
 }
 
-TEST_CASE("a combo box that cannot be created says so")
+TEST_CASE("a combo box that cannot be created shows an error")
 {
     cNoFrameRig Rig;
     cComboBox   Combo(&Rig.m_Boxes);

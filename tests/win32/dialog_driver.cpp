@@ -6,7 +6,7 @@ static const UINT kLookEvery = 20;  // milliseconds
 
 cDialogDriver *cDialogDriver::s_pCurrent = nullptr;
 
-// The dialog of this thread that is in front; null if there is none.
+// The front dialog of this thread, null if there is none.
 static HWND FrontDialog()
 {
     HWND hFound = nullptr;

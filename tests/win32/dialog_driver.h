@@ -1,4 +1,4 @@
-// dialog_driver.h - answers a dialog that the tested code shows and waits for.
+// dialog_driver.h - operates a modal dialog that the tested code shows.
 //
 //     cDialogDriver Driver([](HWND hDialog) { Press(hDialog, IDCANCEL); return 1; });
 //     CHECK(AskFileName(...) == 0);
@@ -14,9 +14,8 @@
 class cDialogDriver
 {
 public:
-    // While the object lives Answer is called from within the dialogs' message
-    // loops, again and again, with the dialog that is in front, until it
-    // returns 1. One driver at a time.
+    // Calls Answer repeatedly with the front dialog, from the dialogs' message
+    // loops, until it returns 1 or the driver is destroyed. One driver at a time.
     explicit cDialogDriver(std::function<int(HWND hDialog)> Answer);
     ~cDialogDriver();
     cDialogDriver(const cDialogDriver &)            = delete;
@@ -34,7 +33,7 @@ private:
     int                      m_bDone;
 };
 
-// Clicks a button of a dialog as soon as the dialog handles messages again.
+// Posts a click on a button of a dialog.
 void Press(HWND hDialog, int nButton);
 
 #endif

@@ -1,5 +1,5 @@
-// drawn_sheet.h - a bitmap in memory that stands for a window or for a sheet of
-// paper: it is drawn on and looked at.
+// drawn_sheet.h - a bitmap in memory in place of a window or a sheet of paper, for
+// tests that draw and check pixels.
 //
 //     cDrawnSheet Sheet(40, 30);
 //     cGdiCanvas(Sheet.Dc(), nullptr).FillBox({0, 0, 4, 3}, RGB(255, 0, 0));
@@ -24,7 +24,8 @@ public:
     int      Height() const { return m_nHeight; }
     COLORREF Pixel(int nX, int nY) const { return GetPixel(m_Dc.Get(), nX, nY); }
 
-    // The least box around all that is not white; empty if there is nothing.
+    // The smallest box around all pixels that are not white; empty if there are
+    // none.
     cRect DrawnBox() const;
 
 private:

@@ -19,7 +19,7 @@ namespace
 const uint32_t kLimit = 500000;
 const int      kBoxId = 1003;
 
-// An edit box in a frame, as the calculator makes it, or a rich one.
+// An edit box in a frame, as the calculator creates it, or a rich-edit box.
 struct cEditRig : cFrameRig
 {
     explicit cEditRig(int bRich = 0, uint32_t nLimit = kLimit, DWORD dwStyle = WS_VISIBLE)
@@ -61,7 +61,7 @@ struct cEditRig : cFrameRig
 
     int FirstVisible() const { return static_cast<int>(Send(EM_GETFIRSTVISIBLELINE)); }
 
-    // Lines that fit into the view.
+    // Number of lines that fit in the view.
     int VisibleLines() const
     {
         RECT View = {};
@@ -81,7 +81,7 @@ struct cEditRig : cFrameRig
     cEditBox m_Box{&m_Boxes};
 };
 
-// A file that stands beside the program in the place of a library and is none.
+// An invalid library file in the program's folder, found before the real library.
 class cBrokenLibrary
 {
 public:
@@ -146,7 +146,7 @@ TEST_CASE("an edit box is a hidden multi-line control with both scroll bars")
     CHECK(Rig.Send(EM_GETLIMITTEXT) == kLimit);
 }
 
-TEST_CASE("an edit box that cannot be created says so")
+TEST_CASE("an edit box that cannot be created shows an error")
 {
     cNoFrameRig Rig;
     cEditBox    Box(&Rig.m_Boxes);
@@ -199,7 +199,7 @@ TEST_CASE("the font of an edit box is set by face, tenths of a point and style")
     CHECK(Rig.m_Box.PointSize() == 75);
 }
 
-TEST_CASE("what replaces a missing fixed-pitch face is fixed-pitch too")
+TEST_CASE("the substitute of a missing fixed-pitch face is fixed-pitch too")
 {
     cEditRig Rig;
     REQUIRE(Rig.m_Box.SetFont("No Such Face", 90, kFontFixedPitch) == 1);
@@ -213,7 +213,7 @@ TEST_CASE("what replaces a missing fixed-pitch face is fixed-pitch too")
     CHECK(Narrow.cx == Wide.cx);
 }
 
-TEST_CASE("a font that was set before the control exists is the control's")
+TEST_CASE("a control gets the font that was set before it was created")
 {
     cFrameRig Rig;
     cEditBox  Box(&Rig.m_Boxes);
@@ -242,7 +242,7 @@ TEST_CASE("lines of an edit box are read with their line end")
     CHECK(Rig.m_Box.GetLineLength(2) == 4);
 }
 
-TEST_CASE("a line of an edit box is cut so that its line end still fits")
+TEST_CASE("a line of an edit box is cut so that its line end fits")
 {
     cEditRig Rig;
     Rig.m_Box.SetText("abcdefgh\r\n");
@@ -264,7 +264,7 @@ TEST_CASE("a line that an edit box does not have reads as empty")
     CHECK(Rig.m_Box.GetLineLength(-1) == 0);
 }
 
-TEST_CASE("a line is inserted before another, also behind the last line end")
+TEST_CASE("a line is inserted before another, also after the last line end")
 {
     cEditRig Rig;
 
@@ -275,7 +275,7 @@ TEST_CASE("a line is inserted before another, also behind the last line end")
     CHECK(Rig.Text() == "a\r\nb\r\nc\r\n");
 }
 
-TEST_CASE("a line cannot be inserted where there is none")
+TEST_CASE("a line cannot be inserted before one that does not exist")
 {
     cEditRig Rig;
     Rig.m_Box.SetText("a\r\n");
@@ -299,7 +299,7 @@ TEST_CASE("a line is replaced with its line end")
     CHECK(Rig.Text() == "new\r\nlast\r\n");
 }
 
-TEST_CASE("a line without one behind it cannot be replaced")
+TEST_CASE("the last line cannot be replaced")
 {
     cEditRig Rig;
     Rig.m_Box.SetText("a\r\nb");
@@ -311,7 +311,7 @@ TEST_CASE("a line without one behind it cannot be replaced")
     CHECK(Rig.Text() == "a\r\nb");
 }
 
-TEST_CASE("changing a line outside the view does not move the view")
+TEST_CASE("changing a line outside the view does not scroll")
 {
     cEditRig Rig;
     Rig.m_Box.SetText(NumberedLines(99).c_str());
@@ -325,7 +325,7 @@ TEST_CASE("changing a line outside the view does not move the view")
     CHECK(Rig.FirstVisible() == 40);
 }
 
-TEST_CASE("the text of an edit box is read as far as there is room")
+TEST_CASE("the text of an edit box is cut to the buffer")
 {
     cEditRig Rig;
     Rig.m_Box.SetText("abc\r\ndef\r\n");
@@ -348,7 +348,7 @@ TEST_CASE("setting the text of an edit box replaces everything")
     CHECK(Rig.Text() == "");
 }
 
-TEST_CASE("a text beyond the limit is cut and the owner is told")
+TEST_CASE("a text beyond the limit is cut and the owner is notified")
 {
     cEditRig Rig(0, 10);
 
@@ -360,7 +360,7 @@ TEST_CASE("a text beyond the limit is cut and the owner is told")
     CHECK(Rig.WasTold(EN_MAXTEXT));
 }
 
-TEST_CASE("an inserted line beyond the limit is cut and the owner is told")
+TEST_CASE("an inserted line beyond the limit is cut and the owner is notified")
 {
     cEditRig Rig(0, 10);
     Rig.m_Box.SetText("01\r\n");
@@ -371,7 +371,7 @@ TEST_CASE("an inserted line beyond the limit is cut and the owner is told")
     CHECK(Rig.WasTold(EN_MAXTEXT));
 }
 
-TEST_CASE("a text of the whole limit is kept")
+TEST_CASE("a text as long as the limit is kept")
 {
     cEditRig    Rig;
     std::string Text;
@@ -385,7 +385,7 @@ TEST_CASE("a text of the whole limit is kept")
     CHECK(Rig.Line(49999) == "12345678\r\n");
 }
 
-TEST_CASE("setting the text keeps the view at its lines")
+TEST_CASE("setting the text does not scroll")
 {
     cEditRig Rig;
     Rig.m_Box.SetText(NumberedLines(99).c_str());
@@ -397,7 +397,7 @@ TEST_CASE("setting the text keeps the view at its lines")
     CHECK(Rig.FirstVisible() == 40);
 }
 
-TEST_CASE("the view goes to the lines that are left when the text becomes short")
+TEST_CASE("the view moves to the remaining lines when the text becomes short")
 {
     cEditRig Rig;
     Rig.m_Box.SetText(NumberedLines(99).c_str());
@@ -408,7 +408,7 @@ TEST_CASE("the view goes to the lines that are left when the text becomes short"
     CHECK(Rig.FirstVisible() == 0);
 }
 
-TEST_CASE("setting the text leaves nothing to undo and the caret at the start")
+TEST_CASE("setting the text clears the undo buffer and moves the caret to the start")
 {
     cEditRig Rig;
     Rig.Send(WM_CHAR, 'x');
@@ -495,7 +495,7 @@ TEST_CASE("highlighting a line in the middle of the view does not scroll")
     CHECK(Rig.FirstVisible() == 40);
 }
 
-TEST_CASE("highlighting a line at the edge of the view or outside brings it to the middle")
+TEST_CASE("highlighting a line at the edge of the view or outside scrolls it to the middle")
 {
     cEditRig Rig;
     Rig.m_Box.SetText(NumberedLines(99).c_str());
@@ -580,7 +580,7 @@ TEST_CASE("an edit box is painted in its text colour on white, also when read-on
           RGB(255, 255, 255));
 }
 
-TEST_CASE("an empty text is not printed and a box says so")
+TEST_CASE("printing an empty text shows a message instead")
 {
     cEditRig Rig;
 
@@ -593,7 +593,7 @@ TEST_CASE("an empty text is not printed and a box says so")
     CHECK(Rig.m_Boxes.m_Boxes[0].m_nIcon == icNone);
 }
 
-TEST_CASE("a rich edit box is made by the rich-edit library")
+TEST_CASE("a rich edit box uses the control of the rich-edit library")
 {
     cEditRig Rig(1);
 
@@ -644,7 +644,7 @@ TEST_CASE("a rich edit box is read-only for the user too")
     CHECK(Rig.m_Box.IsReadOnly() == 0);
 }
 
-TEST_CASE("highlighting in a rich edit box brings lines near the last visible one to the middle")
+TEST_CASE("highlighting in a rich edit box scrolls lines near the last visible one to the middle")
 {
     cEditRig Rig(1);
     Rig.m_Box.SetText(NumberedLines(99).c_str());
@@ -668,7 +668,7 @@ TEST_CASE("highlighting in a rich edit box brings lines near the last visible on
     CHECK(Rig.m_Box.HighlightLines(200, 1) == 0);
 }
 
-TEST_CASE("the rich-edit library is let go with its box")
+TEST_CASE("the rich-edit library is unloaded with its box")
 {
     {
         const cEditRig Rig(1);
@@ -678,7 +678,7 @@ TEST_CASE("the rich-edit library is let go with its box")
     CHECK(GetModuleHandleA("RICHED20.DLL") == nullptr);
 }
 
-TEST_CASE("without the rich-edit library a box explains where to get it and quits")
+TEST_CASE("without the rich-edit library a box says where to get it, and the program quits")
 {
     const cBrokenLibrary Broken("RICHED20.DLL");
     cFrameRig            Rig;
@@ -705,7 +705,7 @@ TEST_CASE("without the rich-edit library a box explains where to get it and quit
     CHECK(Box.IsCreated() == 0);
 }
 
-TEST_CASE("a rich edit box of unknown version scrolls only up, and only as far as needed")
+TEST_CASE("a rich edit box of unknown version scrolls only up, and only as far as necessary")
 {
     cFrameRig Rig;
     cEditBox  Box(&Rig.m_Boxes);
@@ -721,7 +721,7 @@ TEST_CASE("a rich edit box of unknown version scrolls only up, and only as far a
     CHECK(Box.HighlightLines(5, 1) == 1);
 
     const LRESULT nFirst = SendMessageA(Box.Window(), EM_GETFIRSTVISIBLELINE, 0, 0);
-    CHECK(nFirst <= 6);  // the caret stands behind the line
+    CHECK(nFirst <= 6);  // the caret is after the line
     CHECK(nFirst > 0);
     Rig.m_Frame.Close();
 }

@@ -13,7 +13,7 @@
 namespace
 {
 
-// A line box and what is behind it.
+// A line box with its edit box.
 struct cWindowBoxRig : cFrameRig
 {
     cWindowBoxRig()
@@ -52,9 +52,9 @@ std::string Line(const cLineBox &Box, unsigned nLine, size_t nSize = 20)
 
 }  // namespace
 
-// What holds for a line box holds for the one in a window and the one in memory.
+// These tests run for the line box of a window and the one in memory.
 
-TEST_CASE_TEMPLATE("a line box counts no empty line behind the last line end", cRig, cWindowBoxRig,
+TEST_CASE_TEMPLATE("a line box counts no empty line after the last line end", cRig, cWindowBoxRig,
                    cMemoryBoxRig)
 {
     cRig      Rig;
@@ -71,7 +71,7 @@ TEST_CASE_TEMPLATE("a line box counts no empty line behind the last line end", c
     CHECK(Box.CountLines() == 2);
 }
 
-TEST_CASE_TEMPLATE("a line box gives lines with their line end, cut to the room", cRig,
+TEST_CASE_TEMPLATE("a line box returns lines with their line end, cut to the buffer", cRig,
                    cWindowBoxRig, cMemoryBoxRig)
 {
     cRig      Rig;
@@ -85,7 +85,7 @@ TEST_CASE_TEMPLATE("a line box gives lines with their line end, cut to the room"
     CHECK(Line(Box, 0xFFFFFFFF) == "\r\n");
 }
 
-TEST_CASE_TEMPLATE("a line box inserts before a line and appends behind the last", cRig,
+TEST_CASE_TEMPLATE("a line box inserts before a line and appends after the last", cRig,
                    cWindowBoxRig, cMemoryBoxRig)
 {
     cRig      Rig;
@@ -114,7 +114,7 @@ TEST_CASE_TEMPLATE("a line box replaces and removes lines", cRig, cWindowBoxRig,
     CHECK(Text(Box) == "a\r\nnew\r\n");
 }
 
-TEST_CASE_TEMPLATE("a line box gives its whole text or as much as fits", cRig, cWindowBoxRig,
+TEST_CASE_TEMPLATE("a line box returns all its text or as much as fits", cRig, cWindowBoxRig,
                    cMemoryBoxRig)
 {
     cRig      Rig;
@@ -127,7 +127,7 @@ TEST_CASE_TEMPLATE("a line box gives its whole text or as much as fits", cRig, c
     CHECK(std::string(szText) == "a\r\nb");
 }
 
-TEST_CASE_TEMPLATE("a line box keeps what is no plain English", cRig, cWindowBoxRig, cMemoryBoxRig)
+TEST_CASE_TEMPLATE("a line box keeps characters beyond ASCII", cRig, cWindowBoxRig, cMemoryBoxRig)
 {
     cRig              Rig;
     cLineBox         &Box = Rig.Box();
@@ -138,8 +138,8 @@ TEST_CASE_TEMPLATE("a line box keeps what is no plain English", cRig, cWindowBox
     CHECK(Text(Box) == All);
 }
 
-TEST_CASE_TEMPLATE("a line that a line box does not have cannot be highlighted", cRig,
-                   cWindowBoxRig, cMemoryBoxRig)
+TEST_CASE_TEMPLATE("a line that does not exist cannot be highlighted", cRig, cWindowBoxRig,
+                   cMemoryBoxRig)
 {
     cRig      Rig;
     cLineBox &Box = Rig.Box();
@@ -150,7 +150,7 @@ TEST_CASE_TEMPLATE("a line that a line box does not have cannot be highlighted",
     CHECK(Box.HighlightLine(0xFFFFFFFF) == 0);
 }
 
-TEST_CASE("a highlighted line is selected in the window and stays so when refused another")
+TEST_CASE("a highlighted line is selected in the window, and stays so after a refused highlight")
 {
     cWindowBoxRig Rig;
     Rig.Box().SetText("a\r\nbb\r\nccc\r\n");

@@ -57,7 +57,7 @@ std::string CurrentFolder()
 
 }  // namespace
 
-TEST_CASE("a file dialog that is cancelled gives 0")
+TEST_CASE("a cancelled file dialog returns 0")
 {
     cFrameRig Rig;
     for (const eFileNameDialog nDialog : {fnOpen, fnSave})
@@ -71,7 +71,7 @@ TEST_CASE("a file dialog that is cancelled gives 0")
     }
 }
 
-TEST_CASE("opening gives the whole path of a file that exists")
+TEST_CASE("opening returns the full path of an existing file")
 {
     cFrameRig            Rig;
     const cScratchFolder Folder;
@@ -85,7 +85,7 @@ TEST_CASE("opening gives the whole path of a file that exists")
     CHECK(szName == FullPath(Folder.Name("old.txt")));
 }
 
-TEST_CASE("opening insists on a file that exists")
+TEST_CASE("opening refuses a file that does not exist")
 {
     cFrameRig            Rig;
     const cScratchFolder Folder;
@@ -116,7 +116,7 @@ TEST_CASE("opening insists on a file that exists")
     CHECK(nRefused == 1);
 }
 
-TEST_CASE("a file dialog begins in the current folder and leaves it")
+TEST_CASE("a file dialog starts in the current folder and does not change it")
 {
     cFrameRig           Rig;
     const std::string   Before = CurrentFolder();
@@ -129,7 +129,7 @@ TEST_CASE("a file dialog begins in the current folder and leaves it")
     CHECK(CurrentFolder() == Before);
 }
 
-TEST_CASE("saving proposes the name that it is given")
+TEST_CASE("saving proposes the given name")
 {
     cFrameRig            Rig;
     const cScratchFolder Folder;
@@ -148,7 +148,7 @@ TEST_CASE("saving proposes the name that it is given")
     CHECK(szName == FullPath(Folder.Name("plot.txt")));
 }
 
-TEST_CASE("saving adds the extension that was left out")
+TEST_CASE("saving appends a missing extension")
 {
     cFrameRig            Rig;
     const cScratchFolder Folder;
@@ -195,7 +195,7 @@ TEST_CASE("a path has 259 characters at most, and the dialog stays open for a sh
     cFrameRig            Rig;
     const cScratchFolder Folder;
     const std::string    Root    = FullPath(Folder.Name(""));
-    const size_t         nInRoot = 259 - Root.size();  // characters of a name there
+    const size_t         nInRoot = 259 - Root.size();  // longest name in that folder
     std::filesystem::create_directory(Folder.Name("sub.d"));
 
     const auto Name = [](size_t nLength) { return std::string(nLength, 'n'); };
@@ -209,7 +209,7 @@ TEST_CASE("a path has 259 characters at most, and the dialog stays open for a sh
         {Name(nInRoot + 1), nullptr, 0},
         {Name(300), nullptr, 0},
         {Name(3000), nullptr, 0},
-        // the whole path
+        // with its folder
         {Root + Name(nInRoot), nullptr, 1},
         {Root + Name(nInRoot + 1), nullptr, 0},
         {'"' + Root + Name(nInRoot) + '"', nullptr, 1},
@@ -257,7 +257,7 @@ TEST_CASE("a path has 259 characters at most, and the dialog stays open for a sh
         }
 }
 
-TEST_CASE("a file dialog over another one leaves that its check of the name")
+TEST_CASE("a dialog still checks its names after another file dialog was opened over it")
 {
     cFrameRig           Rig;
     HWND                hOuter             = nullptr;

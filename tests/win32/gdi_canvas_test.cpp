@@ -22,12 +22,12 @@ namespace
 const COLORREF kRed  = RGB(255, 0, 0);
 const COLORREF kBlue = RGB(0, 0, 255);
 
-// A sheet that shows itself as text.
+// A sheet whose pixels can be compared as text.
 struct cPaperRig : cDrawnSheet
 {
     using cDrawnSheet::cDrawnSheet;
 
-    // A row a line; '#' is red, '+' blue, '.' white, '?' anything else.
+    // One line per row; '#' is red, '+' blue, '.' white, '?' any other colour.
     std::string Picture() const
     {
         std::string Text;
@@ -57,7 +57,7 @@ struct cPaperRig : cDrawnSheet
     }
 };
 
-// Where Expected has a '*', the platform may draw or not.
+// A '*' in Expected is a pixel that the platform may or may not draw.
 bool IsLike(const std::string &Picture, const std::string &Expected)
 {
     return std::equal(Picture.begin(), Picture.end(), Expected.begin(), Expected.end(),
@@ -72,7 +72,7 @@ void CheckPicture(const cPaperRig &Rig, const std::string &Expected)
     CHECK(IsLike(Picture, Expected));
 }
 
-// A plot with everything: each type, grid, title, labels, legend.
+// A plot with all graph types, grid, title, labels and legend.
 struct cFullPlot
 {
     cFullPlot() : m_Plot(&m_Boxes)
@@ -102,7 +102,7 @@ struct cFullPlot
     cVantorPlot     m_Plot;
 };
 
-// The pixels of a line along an axis, in a picture of this width.
+// The pixels of a horizontal or vertical line, in a picture of this width.
 void Cover(cPoint From, cPoint To, int nWidth, std::vector<int> *pCovered)
 {
     const cPoint Step = {From.m_nX < To.m_nX ? 1 : 0, From.m_nY < To.m_nY ? 1 : 0};
@@ -112,7 +112,7 @@ void Cover(cPoint From, cPoint To, int nWidth, std::vector<int> *pCovered)
 
 }  // namespace
 
-TEST_CASE("lines cover their first pixel and end before their last one")
+TEST_CASE("lines include their first pixel, but not their last one")
 {
     cPaperRig      Rig(12, 7);
     const cPoint   Points[]  = {{1, 1}, {5, 1}, {7, 1}, {7, 4}};
@@ -195,7 +195,7 @@ TEST_CASE("the markers are filled and outlined")
     }
 }
 
-TEST_CASE("many polygons go out in one call")
+TEST_CASE("many polygons are drawn in one call")
 {
     cPaperRig     Rig(11, 5);
     cPoint        Corners[2 * kMostCorners];
@@ -211,7 +211,7 @@ TEST_CASE("many polygons go out in one call")
                       "..+...+++++\n");
 }
 
-TEST_CASE("markers that overlap are filled as those that stand alone")
+TEST_CASE("overlapping markers are filled like single ones")
 {
     cPaperRig     Rig(11, 7);
     cPoint        Corners[3 * kMostCorners];
@@ -229,8 +229,9 @@ TEST_CASE("markers that overlap are filled as those that stand alone")
                       "...........\n");
 }
 
-// A curve that moves up and down in a few columns, and leaves the picture.
-TEST_CASE("a line that goes to and fro in a column looks like each of its steps")
+// A curve that goes up and down several times in each of a few columns, and leaves
+// the picture.
+TEST_CASE("a line with many vertices in a column looks as if drawn step by step")
 {
     std::mt19937 Random(7);
     for (uint32_t nWidth = 1; nWidth <= kMostLineWidth; nWidth++)
@@ -250,7 +251,7 @@ TEST_CASE("a line that goes to and fro in a column looks like each of its steps"
     }
 }
 
-TEST_CASE("dashed lines leave the background in their gaps, wide lines have none")
+TEST_CASE("dashed lines keep the background in their gaps, and wide lines have no gaps")
 {
     for (uint32_t nStyle = 0; nStyle < kStyles; nStyle++)
     {
@@ -269,7 +270,7 @@ TEST_CASE("dashed lines leave the background in their gaps, wide lines have none
     }
 }
 
-TEST_CASE("a clip cuts right column and bottom row off, and nested ones what both cut")
+TEST_CASE("a clip excludes its right column and bottom row, and nested clips intersect")
 {
     cPaperRig  Rig(8, 6);
     cGdiCanvas Canvas(Rig.Dc(), nullptr);
@@ -289,7 +290,7 @@ TEST_CASE("a clip cuts right column and bottom row off, and nested ones what bot
                       "##......\n");
 }
 
-TEST_CASE("texts are measured and stand where they are put, in their colour")
+TEST_CASE("a label is drawn at its position, in its measured size and colour")
 {
     cPaperRig      Rig(200, 60);
     const cGdiFont Font(CreateFontA(-14, 0, 0, 0, FW_NORMAL, 0, 0, 0, ANSI_CHARSET, 0, 0,
@@ -302,8 +303,8 @@ TEST_CASE("texts are measured and stand where they are put, in their colour")
     REQUIRE(nHeight > 10);
     CHECK(Canvas.TextWidth("") == 0);
     CHECK(Canvas.TextWidth("HHHH ") > nWidth);
-    // Beside a letter there is some air, and a character may be drawn a pixel
-    // narrower than it is measured.
+    // There is some space beside a letter, and a character may be drawn one pixel
+    // narrower than measured.
     const int nAir = 3 + 4;
     static const struct
     {
@@ -325,7 +326,7 @@ TEST_CASE("texts are measured and stand where they are put, in their colour")
     }
 }
 
-TEST_CASE("what lies behind a text shows through")
+TEST_CASE("a label has a transparent background")
 {
     cPaperRig  Rig(100, 40);
     cGdiCanvas Canvas(Rig.Dc(), nullptr);
@@ -339,7 +340,7 @@ TEST_CASE("what lies behind a text shows through")
     CHECK(Rig.CountPixels(RGB(0, 255, 0)) == 0);
 }
 
-TEST_CASE("a device has its resolution")
+TEST_CASE("the resolution is that of the device")
 {
     cPaperRig        Rig(10, 10);
     const cGdiCanvas Canvas(Rig.Dc(), nullptr);
@@ -349,7 +350,7 @@ TEST_CASE("a device has its resolution")
     CHECK(Canvas.PixelsPerInchX() > 0);
 }
 
-TEST_CASE("a context has what it had before")
+TEST_CASE("the state of the context is restored")
 {
     cPaperRig       Rig(400, 300);
     const HDC       hDc = Rig.Dc();
@@ -383,9 +384,9 @@ TEST_CASE("a context has what it had before")
     CHECK(Clip.bottom == 200);
 }
 
-// A process has room for ten to sixty-five thousand objects: one left behind by
-// each call would leave no room for a hundred more.
-TEST_CASE("seventy thousand calls leave no object behind")
+// A process is limited to ten to sixty-five thousand objects. If each call leaked
+// one, creating a hundred more would fail.
+TEST_CASE("seventy thousand calls leak no objects")
 {
     cPaperRig      Rig(9, 9);
     const cPoint   Points[]  = {{1, 1}, {8, 1}, {4, 8}};
@@ -411,8 +412,8 @@ TEST_CASE("seventy thousand calls leave no object behind")
         DeleteObject(hPen);
 }
 
-// The same layout is recorded; what was recorded must be seen, and no more.
-TEST_CASE("the axes on a bitmap are those that were recorded")
+// Draws the same layout on a recording canvas and on a bitmap, and compares them.
+TEST_CASE("the axes on a bitmap match the recorded ones")
 {
     cPaperRig           Rig(400, 300);
     cRecordingBoxes     Boxes;

@@ -25,7 +25,7 @@ namespace
 const int kLetterWidth  = 6;
 const int kLetterHeight = 12;
 
-// Frames take the place of the texts, whose letters differ from computer to
+// Draws a frame in place of each text, because fonts differ from computer to
 // computer.
 class cFramedTextCanvas : public cGdiCanvas
 {
@@ -117,9 +117,9 @@ std::string Bytes(const std::string &Name)
 
 }  // namespace
 
-// With VORSTEK_KEEP_PICTURES in the environment, as scripts/make-pictures sets
-// it, they are kept instead.
-TEST_CASE("plots on a device context look like the pictures that are kept of them")
+// If VORSTEK_KEEP_PICTURES is set in the environment, as by scripts/make-pictures,
+// the pictures are replaced instead.
+TEST_CASE("plots on a device context look like their reference pictures")
 {
     const cScratchFolder Folder;
     for (const cKeptPicture &Picture : kPictures)

@@ -31,7 +31,7 @@ TEST_CASE("a selected object gives way to the former one")
     CHECK(GetCurrentObject(Dc.Get(), OBJ_FONT) == hFormer);
 }
 
-TEST_CASE("a selected palette gives way to the former one")
+TEST_CASE("the former palette is selected again at the end of the scope")
 {
     const cMemoryDc            Dc(nullptr);
     const LOGPALETTE           Red = {0x300, 1, {{255, 0, 0, 0}}};

@@ -13,8 +13,8 @@ namespace
 
 const COLORREF kGround = RGB(255, 255, 200);
 
-// A sheet of 4 by 5 inches at 100 pixels per inch. What can be printed begins
-// 10 pixels right of and 20 below its corner, and ends 30 and 40 before it.
+// A sheet of 4 by 5 inches at 100 pixels per inch. The unprintable edges are 10
+// pixels at the left, 20 at the top, 30 at the right and 40 at the bottom.
 const int    kDpi     = 100;
 const int    kAcross  = 400 - 10 - 30;
 const int    kDown    = 500 - 20 - 40;
@@ -42,7 +42,7 @@ struct cGraphRig
 
 }  // namespace
 
-TEST_CASE("a printed graph fills what its margins leave with its ground")
+TEST_CASE("the background of a printed graph fills the area within the margins")
 {
     for (const int bTurned : {0, 1})
     {
@@ -61,7 +61,7 @@ TEST_CASE("a printed graph fills what its margins leave with its ground")
     }
 }
 
-TEST_CASE("margins that leave nothing of the sheet print an empty page")
+TEST_CASE("margins larger than the sheet print an empty page")
 {
     for (const int bTurned : {0, 1})
     {
@@ -77,7 +77,7 @@ TEST_CASE("margins that leave nothing of the sheet print an empty page")
     }
 }
 
-TEST_CASE("a printed graph leaves the window's layout alone")
+TEST_CASE("printing a graph does not change the window's layout")
 {
     cGraphRig         Rig;
     const cPlotLayout Before = Rig.m_Box.Layout();

@@ -8,7 +8,7 @@
 namespace
 {
 
-// A file of this name, gone at the end.
+// A file of this name, deleted at the end of the scope.
 class cFileThere
 {
 public:
@@ -28,7 +28,7 @@ private:
     std::string m_Name;
 };
 
-// Another current folder until the end of the scope.
+// Changes the current folder until the end of the scope.
 class cOtherFolder
 {
 public:
@@ -66,10 +66,10 @@ std::string Found(const char *szName)
 
 }  // namespace
 
-TEST_CASE("a help file is found in the current folder, else beside the program")
+TEST_CASE("a help file is found in the current folder, else in the program's folder")
 {
     const cOtherFolder Elsewhere;
-    CHECK(Found("beside.chm") == "beside.chm");  // nowhere
+    CHECK(Found("beside.chm") == "beside.chm");  // does not exist
 
     const cFileThere Beside(BesideProgram("beside.chm"));
     CHECK(Found("beside.chm") == BesideProgram("beside.chm"));
@@ -78,7 +78,7 @@ TEST_CASE("a help file is found in the current folder, else beside the program")
     CHECK(Found("beside.chm") == "beside.chm");
 }
 
-TEST_CASE("a name that is too long for a path stays what it is, cut")
+TEST_CASE("a name that is too long for a path is only cut")
 {
     const std::string Name(300, 'n');
 

@@ -83,7 +83,7 @@ TEST_CASE("an index below the count replaces an item of a list box")
     CHECK(Rig.Items() == "a x y");
 }
 
-TEST_CASE("the index behind the last item appends, one beyond is refused")
+TEST_CASE("the index after the last item appends, a larger one is refused")
 {
     cListRig Rig;
     Rig.m_List.SetItem(-1, "a");
@@ -94,7 +94,7 @@ TEST_CASE("the index behind the last item appends, one beyond is refused")
     CHECK(Rig.Items() == "a b");
 }
 
-TEST_CASE("an item of a list box is cut to the caller's room")
+TEST_CASE("an item of a list box is cut to the caller's buffer")
 {
     cListRig Rig;
     Rig.m_List.SetItem(-1, "abcdef");
@@ -105,7 +105,7 @@ TEST_CASE("an item of a list box is cut to the caller's room")
     CHECK(std::string(szText) == "abc");
 }
 
-TEST_CASE("an item that a list box does not have reads as empty")
+TEST_CASE("an item that does not exist reads as empty")
 {
     cListRig Rig;
     Rig.m_List.SetItem(-1, "a");
@@ -132,7 +132,7 @@ TEST_CASE("items of a list box are deleted one by one or all at once")
     CHECK(Rig.m_List.Count() == 0);
 }
 
-TEST_CASE("an item of a list box is selected, or none")
+TEST_CASE("an item of a list box is selected, or no item")
 {
     cListRig Rig;
     Rig.m_List.SetItem(-1, "a");
@@ -146,7 +146,7 @@ TEST_CASE("an item of a list box is selected, or none")
     CHECK(Rig.m_List.SetSelection(2) == 0);
 }
 
-TEST_CASE("a list box can be scrolled as far as its widest item and 5 pixels")
+TEST_CASE("a list box scrolls up to 5 pixels beyond its widest item")
 {
     cListRig Rig;
 
@@ -190,7 +190,7 @@ TEST_CASE("a horizontal scroll bar appears when an item is too wide")
     CHECK(Rig.HasScrollBar());
 }
 
-TEST_CASE("a list box tells its owner of selections")
+TEST_CASE("a list box notifies its owner of selections")
 {
     cListRig Rig;
     Rig.m_List.SetItem(-1, "a");
@@ -206,7 +206,7 @@ TEST_CASE("a list box tells its owner of selections")
     CHECK(Rig.m_List.GetSelection() == 0);
 }
 
-TEST_CASE("a list box that cannot be created says so")
+TEST_CASE("a list box that cannot be created shows an error")
 {
     cNoFrameRig Rig;
     cListBox    List(&Rig.m_Boxes);

@@ -1,4 +1,4 @@
-// The test program's main(); what it accepts is listed by --help.
+// main() of the test program. Its option --help lists the others.
 
 #include "toolkit/win32/win32.h"
 

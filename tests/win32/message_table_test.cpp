@@ -16,7 +16,7 @@ namespace
 const UINT kAnswered   = WM_APP + 1;
 const UINT kUnanswered = WM_APP + 2;
 
-// A child window of the desktop that notes what its rows receive.
+// A top-level window that records the messages its rows receive.
 class cTableWindow : public cBaseWindow
 {
 public:
@@ -110,7 +110,7 @@ TEST_CASE("a window finds its object from WM_CREATE on")
     DestroyWindow(Window.Window());
 }
 
-TEST_CASE("a message with a row goes to its handler, which gives the result")
+TEST_CASE("a message with a row goes to its handler, which determines the result")
 {
     cRecordingBoxes Boxes;
     cTableWindow    Window(&Boxes);
@@ -140,7 +140,7 @@ TEST_CASE("a message without a row is handled by the platform")
     DestroyWindow(Window.Window());
 }
 
-TEST_CASE("a window that goes leaves its object, which takes no message of that")
+TEST_CASE("a destroyed window detaches its object, which gets no message for it")
 {
     cRecordingBoxes Boxes;
     cTableWindow    Window(&Boxes);

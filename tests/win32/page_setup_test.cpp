@@ -7,7 +7,7 @@
 namespace
 {
 
-// Makes the user's unit of measurement another one for a while.
+// Changes the user's unit of measurement until the end of the scope.
 class cMeasure
 {
 public:
@@ -26,7 +26,7 @@ private:
 
 }  // namespace
 
-TEST_CASE("the user's locale says whether he measures in millimetres")
+TEST_CASE("the user's locale determines the unit of measurement")
 {
     {
         const cMeasure Metric("0");

@@ -35,7 +35,7 @@ struct cLoaded
 
 }  // namespace
 
-TEST_CASE("a bitmap resource comes with the palette of its colour table")
+TEST_CASE("a bitmap resource gets a palette of its colour table")
 {
     const cLoaded Loaded(IDB_FOUR_COLOURS);
 
@@ -48,7 +48,7 @@ TEST_CASE("a bitmap resource comes with the palette of its colour table")
     CHECK(RGB(Entries[3].peRed, Entries[3].peGreen, Entries[3].peBlue) == RGB(80, 90, 100));
 }
 
-TEST_CASE("a bitmap resource becomes a bitmap of its size and colours")
+TEST_CASE("a loaded bitmap has the size and colours of its resource")
 {
     const cLoaded Loaded(IDB_FOUR_COLOURS);
 
@@ -64,7 +64,7 @@ TEST_CASE("a bitmap resource becomes a bitmap of its size and colours")
     CHECK(Loaded.Pixel(2, 1) == RGB(255, 0, 0));
 }
 
-TEST_CASE("a bitmap resource without a colour table gets a palette nevertheless")
+TEST_CASE("a bitmap resource without a colour table gets a palette too")
 {
     const cLoaded Loaded(IDB_TRUE_COLOURS);
 
@@ -74,7 +74,7 @@ TEST_CASE("a bitmap resource without a colour table gets a palette nevertheless"
     CHECK(Loaded.Pixel(1, 0) == RGB(0, 0, 255));
 }
 
-TEST_CASE("a bitmap resource that does not exist gives neither bitmap nor palette")
+TEST_CASE("a bitmap resource that does not exist leaves both owners empty")
 {
     const cLoaded Loaded(59999);
 

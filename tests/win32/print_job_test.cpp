@@ -14,8 +14,7 @@
 namespace
 {
 
-// The calls of a printer that fails where it is told to; m_Log is what was
-// called, in this order.
+// The calls of a printer that fails on request. m_Log records the calls.
 struct cFakePrinter
 {
     cFakePrinter() { s_pCurrent = this; }
@@ -55,7 +54,7 @@ struct cJobRig
         return Job.Send("a.txt", 2, Draw);
     }
 
-    // Draws nothing and notes the sheets.
+    // Draws nothing and records the sheets.
     int Send()
     {
         return Send([this](int nSheet) {
@@ -73,7 +72,7 @@ struct cJobRig
 
 }  // namespace
 
-TEST_CASE("the owner of a print job is disabled while the job lives")
+TEST_CASE("the owner of a print job is disabled during the job")
 {
     const cFrameRig Rig;
     const cMemoryDc Dc(nullptr);
@@ -85,7 +84,7 @@ TEST_CASE("the owner of a print job is disabled while the job lives")
     CHECK(IsWindowEnabled(Rig.m_Frame.Window()));
 }
 
-TEST_CASE("a print job stands behind its dialog and leaves nothing of it")
+TEST_CASE("a print job shows its dialog and closes it at the end")
 {
     const cFrameRig Rig;
     const cMemoryDc Dc(nullptr);
@@ -99,7 +98,7 @@ TEST_CASE("a print job stands behind its dialog and leaves nothing of it")
     CHECK(GetForegroundWindow() == Rig.m_Frame.Window());
 }
 
-TEST_CASE("a document cannot be printed on something that is no printer")
+TEST_CASE("a document cannot be printed on a device that is not a printer")
 {
     const cFrameRig Rig;
     const cMemoryDc Dc(nullptr);
@@ -120,7 +119,7 @@ TEST_CASE("a document is started, sent sheet by sheet, and ended")
     CHECK(Rig.m_Printer.m_Log == "StartDoc a.txt StartPage 0 EndPage StartPage 1 EndPage EndDoc ");
 }
 
-TEST_CASE("a printer that fails ends the job; only a document that has no page open is ended")
+TEST_CASE("a printer that fails ends the job; only a document without an open page is ended")
 {
     // clang-format off
     static const struct { const char *szFailing; const char *szLog; } s_Rows[] =
@@ -144,7 +143,7 @@ TEST_CASE("a printer that fails ends the job; only a document that has no page o
     }
 }
 
-TEST_CASE("a sheet that cannot be drawn ends the job without a further call")
+TEST_CASE("a sheet that cannot be drawn ends the job without any further call")
 {
     cJobRig Rig;
 
@@ -153,7 +152,7 @@ TEST_CASE("a sheet that cannot be drawn ends the job without a further call")
     CHECK(Rig.m_Printer.m_Log == "StartDoc a.txt StartPage ");
 }
 
-TEST_CASE("a document that is cancelled while a sheet is drawn is ended behind that sheet")
+TEST_CASE("a document that is cancelled while a sheet is drawn is ended after that sheet")
 {
     cJobRig Rig;
 
@@ -167,7 +166,7 @@ TEST_CASE("a document that is cancelled while a sheet is drawn is ended behind t
     CHECK(GetLastActivePopup(Rig.m_Rig.m_Frame.Window()) == Rig.m_Rig.m_Frame.Window());
 }
 
-TEST_CASE("the end of the program ends the document")
+TEST_CASE("a quit message ends the document")
 {
     cJobRig Rig;
 
@@ -181,7 +180,7 @@ TEST_CASE("the end of the program ends the document")
     CHECK(PeekMessageA(&Message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
 }
 
-TEST_CASE("the paper of a device is its sheet, upright")
+TEST_CASE("the paper of a device is its upright sheet")
 {
     const cWindowDc Screen(nullptr);
 

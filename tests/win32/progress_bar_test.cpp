@@ -48,7 +48,7 @@ TEST_CASE("the position of a progress bar stays within its range")
     CHECK(Rig.Position() == 0);
 }
 
-TEST_CASE("a progress bar goes on by its step")
+TEST_CASE("a progress bar advances by its step")
 {
     cProgressRig Rig;
 
@@ -58,7 +58,7 @@ TEST_CASE("a progress bar goes on by its step")
     CHECK(Rig.Position() == 60000);
 }
 
-TEST_CASE("a progress bar that cannot be created says so")
+TEST_CASE("a progress bar that cannot be created shows an error")
 {
     cNoFrameRig  Rig;
     cProgressBar Bar(&Rig.m_Boxes);

@@ -36,7 +36,7 @@ TEST_CASE("the sending dialog has its owner's title and names the document")
     CHECK(IsWindowVisible(Dialog.Window()));
 }
 
-TEST_CASE("the sending dialog goes on until its Cancel button is clicked")
+TEST_CASE("the sending dialog continues until its Cancel button is clicked")
 {
     const cFrameRig Rig;
     cSendingDialog  Dialog;
@@ -60,7 +60,7 @@ TEST_CASE("Escape cancels in the sending dialog")
     CHECK(Dialog.PumpMessages() == 0);
 }
 
-TEST_CASE("a sending dialog that is opened again has forgotten the former Cancel")
+TEST_CASE("a sending dialog that is opened again is no longer cancelled")
 {
     const cFrameRig Rig;
     cSendingDialog  Dialog;
@@ -75,7 +75,7 @@ TEST_CASE("a sending dialog that is opened again has forgotten the former Cancel
     CHECK(Dialog.PumpMessages() == 1);
 }
 
-TEST_CASE("other windows get their messages while the sending dialog stands")
+TEST_CASE("other windows get their messages while the sending dialog is open")
 {
     const cFrameRig Rig;
     cSendingDialog  Dialog;
@@ -88,7 +88,7 @@ TEST_CASE("other windows get their messages while the sending dialog stands")
     CHECK(Rig.m_Frame.m_Commands[0].m_nId == 777);
 }
 
-TEST_CASE("the end of the program cancels printing and is not lost")
+TEST_CASE("a quit message cancels printing and is posted again")
 {
     const cFrameRig Rig;
     cSendingDialog  Dialog;
@@ -102,7 +102,7 @@ TEST_CASE("the end of the program cancels printing and is not lost")
     CHECK(Message.wParam == 5);
 }
 
-TEST_CASE("the sending dialog goes with its object")
+TEST_CASE("the sending dialog is destroyed with its object")
 {
     const cFrameRig Rig;
     HWND            hDialog = nullptr;

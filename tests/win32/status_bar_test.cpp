@@ -25,7 +25,7 @@ struct cStatusRig : cFrameRig
     }
     ~cStatusRig() { m_Frame.Close(); }
 
-    // Text and drawing style of a part; of the simple one while that is shown.
+    // Text and drawing style of a part, or of the simple part while it is shown.
     std::string Text(int nPart, WORD *pStyle = nullptr) const
     {
         char          szText[1024] = "";
@@ -98,7 +98,7 @@ TEST_CASE("a text of the status bar is cut to 512 characters")
     CHECK(Rig.Text(0) == std::string(511, 'a') + "b");
 }
 
-TEST_CASE("a part that the status bar does not have takes no text")
+TEST_CASE("the text of a part that does not exist cannot be set")
 {
     cStatusRig Rig;
 
@@ -156,7 +156,7 @@ TEST_CASE("the help of a menu item is cut to 128 characters")
     CHECK(Text.substr(126) == "be");
 }
 
-TEST_CASE("closing the menu brings the parts of the status bar back")
+TEST_CASE("closing the menu shows the parts of the status bar again")
 {
     cStatusRig Rig;
     Rig.m_Bar.SetText(0, "filename: UNTITLED");
@@ -168,7 +168,7 @@ TEST_CASE("closing the menu brings the parts of the status bar back")
     CHECK(Rig.Text(0) == "filename: UNTITLED");
 }
 
-TEST_CASE("a status bar sizes itself along the owner's lower edge")
+TEST_CASE("a status bar covers the bottom edge of its owner")
 {
     cStatusRig Rig;
 
@@ -184,7 +184,7 @@ TEST_CASE("a status bar sizes itself along the owner's lower edge")
     CHECK(Bar.bottom - Bar.top > 10);
 }
 
-TEST_CASE("the progress bar of a status bar lies in its last part")
+TEST_CASE("the progress bar of a status bar is in its last part")
 {
     cStatusRig          Rig;
     cProgressBar *const pProgress = new cProgressBar(&Rig.m_Boxes);
@@ -204,7 +204,7 @@ TEST_CASE("the progress bar of a status bar lies in its last part")
     CHECK(Progress.bottom - Progress.top == Bar.bottom - 6);
 }
 
-TEST_CASE("the progress bar of a status bar with one part begins at its left")
+TEST_CASE("the progress bar of a status bar with one part starts at its left")
 {
     cFrameRig           Rig;
     cStatusBar          Bar(&Rig.m_Boxes);
@@ -251,7 +251,7 @@ TEST_CASE("a status bar deletes the progress bar that it owns")
     CHECK(nLiving == 0);
 }
 
-TEST_CASE("a status bar that cannot be created says so")
+TEST_CASE("a status bar that cannot be created shows an error")
 {
     cNoFrameRig Rig;
     cStatusBar  Bar(&Rig.m_Boxes);

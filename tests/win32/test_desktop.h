@@ -1,7 +1,6 @@
-// test_desktop.h - a desktop for the windows of one test program. Under Wine
-// all programs of a user share one desktop, with its focus, its foreground
-// window and the screen that was there first; tests that run side by side would
-// disturb each other.
+// test_desktop.h - a desktop for the windows of one test program. Under Wine all
+// programs of a user share one desktop, including focus, foreground window and
+// screen, so that tests running in parallel would disturb each other.
 
 #ifndef TESTS_WIN32_TEST_DESKTOP_H
 #define TESTS_WIN32_TEST_DESKTOP_H
@@ -11,28 +10,28 @@
 class cTestDesktop
 {
 public:
-    // Makes a desktop of this size, whose windows have frames.
+    // Creates a desktop of this size, on which windows have frames.
     cTestDesktop(int nWidth, int nHeight);
 
-    // Closes the desktop with all that is on it.
+    // Closes the desktop with everything on it.
     ~cTestDesktop();
     cTestDesktop(const cTestDesktop &)            = delete;
     cTestDesktop &operator=(const cTestDesktop &) = delete;
 
-    // Whether this program runs on such a desktop. It does outside Wine, where
-    // the user's own desktop serves.
+    // 1 if this program runs on such a desktop, or outside Wine, where it uses
+    // the user's desktop.
     static int IsEntered();
 
-    // Runs this program with its arguments a second time, on the desktop: one
-    // that has begun elsewhere cannot change over. Returns what it returned.
+    // Starts this program again with the same arguments, on the desktop: a running
+    // program cannot change its desktop. Returns its exit code.
     int RunThisProgram() const;
 
-    // As STARTUPINFO wants it: "vorstek-tests-120".
+    // The name for STARTUPINFO: "vorstek-tests-120".
     const char *Name() const { return m_szName; }
 
 private:
     char                m_szName[40];
-    PROCESS_INFORMATION m_Explorer;  // whose main window the desktop is
+    PROCESS_INFORMATION m_Explorer;  // its main window is the desktop
 };
 
 #endif

@@ -1,4 +1,5 @@
-// test_frame.h - a window that owns what is tested and keeps what it is told.
+// test_frame.h - a window that owns the tested controls and records their
+// notifications.
 
 #ifndef TESTS_WIN32_TEST_FRAME_H
 #define TESTS_WIN32_TEST_FRAME_H
@@ -30,7 +31,7 @@ public:
 
     const char *GetClassName() const override { return "cTestFrame"; }
 
-    // A shown top-level window with the title "Test frame".
+    // Shows a top-level window with the title "Test frame".
     void Open();
 
     // Destroys the window with all its children.
@@ -55,8 +56,8 @@ private:
     cWindowClassShare m_ClassShare;
 };
 
-// A frame and what was shown in boxes. A control declared behind it outlives
-// its window, as in the program.
+// A frame and the message boxes that were shown. A control declared after it
+// is destroyed before it, so close the frame first, as the program does.
 //
 //     cFrameRig Rig;
 //     cListBox  List(&Rig.m_Boxes);
@@ -71,18 +72,18 @@ struct cFrameRig
     cTestFrame      m_Frame{&m_Boxes};
 };
 
-// Handles all messages that wait for this thread.
+// Handles all waiting messages of this thread.
 void HandleWaitingMessages();
 
-// A frame without a window, as an owner for creations that must fail.
+// A frame without a window, as an owner for controls whose creation must fail.
 struct cNoFrameRig
 {
     cRecordingBoxes m_Boxes;
     cTestFrame      m_Frame{&m_Boxes};
 };
 
-// The one box of a failed creation: no other caption, an OK button, the error icon,
-// and mostly no owner.
+// 1 if only the box of a failed creation was shown: the default caption, an OK
+// button, the error icon and, for bUnowned, no owner.
 int ShowedOnlyError(const cRecordingBoxes &Boxes, const char *szText, int bUnowned = 1);
 
 #endif

@@ -38,14 +38,14 @@ private:
     std::vector<std::string> m_Lines;
 };
 
-// A sheet of 400 by 300 pixels in memory, white; 100 pixels per inch.
+// A white sheet of 400 by 300 pixels in memory, at 100 pixels per inch.
 class cSheet : public cDrawnSheet
 {
 public:
     cSheet() : cDrawnSheet(kWidth, kHeight) {}
 
-    // The smallest rectangle that holds all pixels of a colour; empty if there
-    // are none.
+    // The smallest rectangle around all pixels of a colour; empty if there are
+    // none.
     RECT Ink(COLORREF crText) const
     {
         RECT Found = {kWidth, kHeight, 0, 0};
@@ -69,8 +69,8 @@ const cPaper       kPaper   = {0, 100, 100, cSheet::kWidth, cSheet::kHeight, 0, 
 const cPrintChoice kAllOnce = {1, 0, 0, 0, 0};
 const COLORREF     kBlue    = RGB(0, 0, 255);
 
-// 14.4 points, which are 20 pixels of the sheet, in a face without smoothed
-// edges, so that all ink has the text's colour.
+// 14.4 points, which are 20 pixels on the sheet, without smoothed edges, so that
+// all ink has the colour of the text.
 cTextLook Look(int bLandscape)
 {
     cTextLook Look                  = {};
@@ -94,7 +94,6 @@ TEST_CASE("the first line of a page begins at the left and upper margin")
     cRecordingBoxes Boxes;
     cTextPages      Pages(Sheet.Dc(), Lines, Upright, kPaper, kAllOnce);
     REQUIRE(Pages.Prepare(&Boxes) == 1);
-
     Pages.DrawSheet(0);
 
     const RECT Ink = Sheet.Ink(kBlue);
@@ -102,10 +101,10 @@ TEST_CASE("the first line of a page begins at the left and upper margin")
     CHECK(Ink.left < 55);
     CHECK(Ink.top >= 40);
     CHECK(Ink.bottom < 65);
-    CHECK(Ink.right - Ink.left > 2 * (Ink.bottom - Ink.top));  // it runs across
+    CHECK(Ink.right - Ink.left > 2 * (Ink.bottom - Ink.top));  // horizontal
 }
 
-TEST_CASE("text across the page runs down the sheet from its upper right")
+TEST_CASE("landscape text runs down the sheet from its top right")
 {
     const cSheet    Sheet;
     const cLines    Lines({"HHHH"});
@@ -124,7 +123,7 @@ TEST_CASE("text across the page runs down the sheet from its upper right")
     CHECK(Ink.bottom - Ink.top > 2 * (Ink.right - Ink.left));
 }
 
-TEST_CASE("the second line of text across the page lies left of the first")
+TEST_CASE("the second line of landscape text is left of the first")
 {
     const cSheet    Sheet;
     const cLines    Lines({"", "HHHH"});
@@ -165,7 +164,7 @@ TEST_CASE("each page shows its own lines")
 {
     const cTextLook          Upright = Look(0);
     std::vector<std::string> Text(40);
-    Text[39] = "HHHH";  // all others are empty
+    Text[39] = "HHHH";  // all other lines are empty
     const cLines    Lines(Text);
     cRecordingBoxes Boxes;
 
@@ -181,7 +180,7 @@ TEST_CASE("each page shows its own lines")
     CHECK(First.Ink(kBlue).right > 0);
 }
 
-TEST_CASE("what is printed ends above the lower margin")
+TEST_CASE("the text of a page ends above the bottom margin")
 {
     const cSheet             Sheet;
     const cTextLook          Upright = Look(0);

@@ -17,7 +17,8 @@ namespace
 const int kComboId    = 1310;
 const int kComboWidth = 90;
 
-// New, Open, separator, Help; the tip of Help is a string of the test program.
+// New, Open, separator, Help. The tip of Help is a string resource of the test
+// program.
 const TBBUTTON kButtons[] = {
     {STD_FILENEW, 101, TBSTATE_ENABLED, BTNS_BUTTON, {}, 0, 0},
     {STD_FILEOPEN, 102, TBSTATE_ENABLED, BTNS_BUTTON, {}, 0, 0},
@@ -52,7 +53,7 @@ struct cToolRig : cFrameRig
         return static_cast<int>(SendMessageA(m_Bar.Window(), TB_BUTTONCOUNT, 0, 0));
     }
 
-    // What the tooltip control would show for a tool.
+    // The text that the tooltip control would show for a tool.
     std::string Tip(HWND hNotified, UINT_PTR nTool) const
     {
         char        szText[100] = "";
@@ -97,7 +98,7 @@ TEST_CASE("a toolbar is hidden when it is created")
     Rig.m_Frame.Close();
 }
 
-TEST_CASE("added buttons take their images from the added bitmap")
+TEST_CASE("added buttons use the images of the added bitmap")
 {
     cToolRig       Rig;
     const TBBUTTON Added[] = {
@@ -136,7 +137,7 @@ TEST_CASE("a bitmap that does not exist is refused and adds no buttons")
     CHECK(Rig.CountButtons() == 4);
 }
 
-TEST_CASE("a toolbar sizes itself along the owner's upper edge")
+TEST_CASE("a toolbar covers the top edge of its owner")
 {
     cToolRig Rig;
     Rig.m_Frame.Move(20, 20, 400, 300, 1);
@@ -155,7 +156,7 @@ TEST_CASE("a toolbar sizes itself along the owner's upper edge")
     CHECK(Bar.bottom < 50);
 }
 
-TEST_CASE("the tip of a button is the string with the number of its command")
+TEST_CASE("the tip of a button is the string with the id of its command")
 {
     const cToolRig Rig;
 
@@ -163,7 +164,7 @@ TEST_CASE("the tip of a button is the string with the number of its command")
     CHECK(Rig.Tip(Rig.m_Bar.Window(), IDS_HELP) == "Displays the on-line documentation");
 }
 
-TEST_CASE("a combo box of the toolbar covers the button that it was given")
+TEST_CASE("a combo box of the toolbar covers the given button")
 {
     const cToolRig   Rig(2);
     const cComboBox *pCombo = Rig.m_Bar.ComboBox();
@@ -193,7 +194,7 @@ TEST_CASE("Enter in the toolbar's combo box reaches the toolbar's owner")
     CHECK((Rig.m_Frame.m_Commands.back() == Expected));
 }
 
-TEST_CASE("the tip of the toolbar's combo box is Find tool, over its edit field too")
+TEST_CASE("the tip of the toolbar's combo box is Find tool, also over its edit field")
 {
     const cToolRig   Rig(2);
     const cComboBox *pCombo = Rig.m_Bar.ComboBox();
@@ -203,7 +204,7 @@ TEST_CASE("the tip of the toolbar's combo box is Find tool, over its edit field 
     CHECK(Rig.Tip(hFrame, reinterpret_cast<UINT_PTR>(pCombo->EditField())) == "Find tool");
 }
 
-TEST_CASE("a request for the toolbar window itself is one for its combo box")
+TEST_CASE("the toolbar window itself has the tip of its combo box")
 {
     const cToolRig Rig(2);
     NMTTDISPINFOA  Request = {};
@@ -215,7 +216,7 @@ TEST_CASE("a request for the toolbar window itself is one for its combo box")
     CHECK(Request.lpszText == MAKEINTRESOURCEA(IDS_FIND_TOOL));
 }
 
-TEST_CASE("a toolbar that cannot be created says so")
+TEST_CASE("a toolbar that cannot be created shows an error")
 {
     cNoFrameRig Rig;
     cToolBar    Bar(&Rig.m_Boxes);

@@ -18,11 +18,11 @@ namespace
 const COLORREF kRed  = RGB(255, 0, 0);
 const COLORREF kBlue = RGB(0, 0, 255);
 
-// As the reader holds the sheet.
+// The sheet as the reader holds it.
 const int kWidth  = 60;
 const int kHeight = 40;
 
-// Draws on an upright sheet and on one that is turned, and compares them.
+// Draws on an upright sheet and on a turned one, and compares them.
 void CheckSame(const std::function<void(cPlotCanvas *)> &Draw)
 {
     const cDrawnSheet Upright(kWidth, kHeight);
@@ -76,7 +76,7 @@ TEST_CASE("lines and filled shapes are turned pixel by pixel")
     });
 }
 
-TEST_CASE("a clip is exact on a turned sheet, and what follows it is turned too")
+TEST_CASE("a clip is exact on a turned sheet, and later drawing is turned too")
 {
     CheckSame([](cPlotCanvas *pCanvas) {
         const cPoint Wide[] = {{0, 10}, {60, 10}};
@@ -110,7 +110,7 @@ TEST_CASE("a turned text has the size of an upright one")
     CHECK(Canvas.TextWidth("0.25") > 20);
 }
 
-TEST_CASE("a turned text runs down the sheet from, around or to its place")
+TEST_CASE("a turned text runs down the sheet from, around or to its position")
 {
     const cGdiFont Down(MakeFont(kTurnedText));
     for (const eAlign nAlign : {alLeft, alCenter, alRight})

@@ -40,7 +40,7 @@ public:
     HACCEL m_hTable    = nullptr;
 };
 
-// A frame of 640 by 480, whose window goes with it.
+// A frame of 640 by 480; its window is destroyed with it.
 struct cGraphRig
 {
     explicit cGraphRig(cVantorHost *pHost = nullptr, int bHidden = 0) : m_Graph(&m_Boxes, pHost)
@@ -109,7 +109,7 @@ int CountInk(HWND hPlot)
 
 }  // namespace
 
-TEST_CASE("a graph that stands alone opens a file, shows it, writes it and goes when it is closed")
+TEST_CASE("an independent graph opens, shows and saves a file, and is destroyed when closed")
 {
     cGraphRig            Rig;
     const cScratchFolder Folder;
@@ -148,7 +148,7 @@ TEST_CASE("a graph that stands alone opens a file, shows it, writes it and goes 
     CHECK(Rig.m_Boxes.m_QuitCodes.empty());
 }
 
-TEST_CASE("two graphs share window classes that are registered once and go with the last one")
+TEST_CASE("two graphs share their window classes, which are unregistered with the last one")
 {
     REQUIRE_FALSE(IsRegistered("cVantor"));
     {
@@ -176,7 +176,7 @@ TEST_CASE("two graphs share window classes that are registered once and go with 
     CHECK_FALSE(IsRegistered("cVantorBox"));
 }
 
-TEST_CASE("the graph of a program is hidden when it is closed, and keeps its data")
+TEST_CASE("a graph with a host is hidden when it is closed, and keeps its data")
 {
     cNotingHost Host;
     cGraphRig   Rig(&Host, 1);
@@ -199,7 +199,7 @@ TEST_CASE("the graph of a program is hidden when it is closed, and keeps its dat
     }
 }
 
-TEST_CASE("the keys belong to the graph that got the focus last")
+TEST_CASE("the accelerators are those of the graph that got the focus last")
 {
     cNotingHost Host;
     cGraphRig   First(&Host);
@@ -217,7 +217,7 @@ TEST_CASE("the keys belong to the graph that got the focus last")
     CHECK(Other.m_hKeysGoTo == nullptr);
 }
 
-TEST_CASE("while its program draws a graph refuses what would change it")
+TEST_CASE("while a program runs, a graph refuses commands that would change it")
 {
     cNotingHost Host;
     cGraphRig   Rig(&Host);
@@ -259,13 +259,13 @@ TEST_CASE("the plot is never erased before it is painted")
     for (int i = 0; i < 64; i++)
         CHECK(GetPixel(Memory.Get(), i % 8, i / 8) == kGreen);
 
-    // The frame leaves out what its children cover, and the class has nothing
-    // to erase with.
+    // The frame does not paint over its children, and the class has no background
+    // brush.
     CHECK((GetWindowLongA(Rig.m_Graph.Window(), GWL_STYLE) & WS_CLIPCHILDREN) != 0);
     CHECK(GetClassLongPtrA(Rig.m_Graph.Box()->Window(), GCLP_HBRBACKGROUND) == 0);
 }
 
-TEST_CASE("each dialog stands on a screen of 640 by 480, above a frame of any size")
+TEST_CASE("each dialog fits on a screen of 640 by 480, above a frame of any size")
 {
     cGraphRig Rig;
     CHECK(Rig.m_Graph.AddPoint(1, 1.0F, 2.0F) == 1);
@@ -293,7 +293,7 @@ TEST_CASE("each dialog stands on a screen of 640 by 480, above a frame of any si
     }
 }
 
-TEST_CASE("a graph whose class the platform refuses says so and is not created")
+TEST_CASE("a graph whose class cannot be registered shows an error and is not created")
 {
     static const struct
     {
@@ -323,7 +323,7 @@ TEST_CASE("a graph whose class the platform refuses says so and is not created")
     }
 }
 
-TEST_CASE("a place and a size of 0 are the platform's")
+TEST_CASE("the platform chooses a position and a size of 0")
 {
     cRecordingBoxes Boxes;
     cVantor         Graph(&Boxes, nullptr);

@@ -26,7 +26,7 @@ bool IsRegistered()
 
 }  // namespace
 
-TEST_CASE("a window class is registered while any object holds it")
+TEST_CASE("a window class is registered while it has objects")
 {
     cWindowClass Class;
     {
@@ -43,7 +43,7 @@ TEST_CASE("a window class is registered while any object holds it")
     CHECK_FALSE(IsRegistered());
 }
 
-TEST_CASE("a window class can be registered again after its last object has gone")
+TEST_CASE("a window class can be registered again after its last object was destroyed")
 {
     cWindowClass Class;
     for (int i = 0; i < 2; i++)
@@ -55,7 +55,7 @@ TEST_CASE("a window class can be registered again after its last object has gone
     CHECK_FALSE(IsRegistered());
 }
 
-TEST_CASE("an object that never asked for its window class does not end it")
+TEST_CASE("an object that never acquired its window class does not unregister it")
 {
     cWindowClass      Class;
     cWindowClassShare First(&Class);
@@ -68,7 +68,7 @@ TEST_CASE("an object that never asked for its window class does not end it")
     CHECK(IsRegistered());
 }
 
-TEST_CASE("a window class that the platform refuses is not counted")
+TEST_CASE("a window class that cannot be registered is not counted")
 {
     const WNDCLASSA Other = SharedClass();
     REQUIRE(RegisterClassA(&Other));
@@ -78,14 +78,14 @@ TEST_CASE("a window class that the platform refuses is not counted")
         cWindowClassShare Refused(&Class);
         CHECK(Refused.Acquire(SharedClass()) == 0);
     }
-    CHECK(IsRegistered());  // the other one
+    CHECK(IsRegistered());  // the other class
 
     UnregisterClassA(kName, ProgramInstance());
     cWindowClassShare Share(&Class);
     CHECK(Share.Acquire(SharedClass()) == 1);
 }
 
-TEST_CASE("a window class stays for a window that outlives its object")
+TEST_CASE("a window class stays registered for a window that outlives its object")
 {
     cWindowClass Class;
     HWND         hWnd = nullptr;

@@ -1,4 +1,4 @@
-// test_resources.h - the numbers of what only the window tests look up.
+// test_resources.h - the ids of resources that only the tests use.
 
 #ifndef TESTS_WIN32_TEST_RESOURCES_H
 #define TESTS_WIN32_TEST_RESOURCES_H
