@@ -30,8 +30,13 @@ const cFaceRect kKeyRects[kFaceKeys] =
 const cFaceRect kSwitchRects[kFaceSwitches] = { { 78, 106, 36, 14 }, { 190, 106, 36, 14 } };
 const int       kSwitchStarts[kFaceSwitches] = { 0, 12 };
 
-const cFaceRect kDisplayRect = { 44, 40, 260, 92 };
+constexpr cFaceRect kDisplayRect = { 44, 40, 260, 92 };
 // clang-format on
+
+// Its right and bottom edges are at the display's width and height.
+constexpr cFaceRect kBlankedRect = {kDisplayRect.m_nLeft, kDisplayRect.m_nTop,
+                                    kDisplayRect.m_nWidth - kDisplayRect.m_nLeft,
+                                    kDisplayRect.m_nHeight - kDisplayRect.m_nTop};
 
 int ThumbFrame(int nPosition, int nTravel, int nFrames)
 {

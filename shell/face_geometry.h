@@ -34,8 +34,12 @@ const int              kSwitchFrames = 14;
 // The display, which is repainted when any part of it is uncovered.
 extern const cFaceRect kDisplayRect;
 
-// Image of a slide switch for a thumb nPosition pixels from the left end, 0 to
-// nTravel: with 14 frames and a travel of 12 pixels, frame 0 to 12.
+// The part of the display that is blanked before its layout changes. It is smaller
+// on purpose: the end of a long text outside it stays visible.
+extern const cFaceRect kBlankedRect;
+
+// The frame of a slide switch whose thumb is nPosition pixels from the left end, 0
+// to nTravel: with 14 frames and a travel of 12 pixels, frame 0 to 12.
 int ThumbFrame(int nPosition, int nTravel, int nFrames);
 
 #endif

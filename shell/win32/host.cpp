@@ -19,11 +19,6 @@ static const COLORREF kUnlit = RGB(0, 0, 0);
 // and for some sixty views a second.
 static const DWORD kDrainPeriod = 15;  // milliseconds
 
-// The blank field, from the client edge of the face. It is measured from the
-// window's border, not from the edge like the texts, and keeps what stands
-// right of it.
-static const RECT kBlankField = {44, 40, 260, 92};
-
 void cVorstek::StartSound(unsigned nId)
 {
     PlayProgramSound(nId);
@@ -57,9 +52,10 @@ void cVorstek::BlankDisplay()
 {
     if (!m_hWnd)
         return;
-    RECT Field = kBlankField;
-    OffsetRect(&Field, GetSystemMetrics(SM_CXBORDER),
-               GetSystemMetrics(SM_CYBORDER) - m_nFaceOffset + HeightOf(m_ToolBar));
+    const int nLeft = GetSystemMetrics(SM_CXBORDER) + kBlankedRect.m_nLeft;
+    const int nTop =
+        GetSystemMetrics(SM_CYBORDER) - m_nFaceOffset + HeightOf(m_ToolBar) + kBlankedRect.m_nTop;
+    const RECT Field = {nLeft, nTop, nLeft + kBlankedRect.m_nWidth, nTop + kBlankedRect.m_nHeight};
     const cWindowDc Dc(m_hWnd);
     FillRect(Dc.Get(), &Field, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
 }
