@@ -15,13 +15,6 @@ const char *const kNotWhileRunning = "Not allowed while a calculator\n"
 
 static const char kTextFiles[] = "Text Files (*.TXT)\0*.TXT\0";
 
-struct cVantor::cCommandRow
-{
-    unsigned m_nId;
-    int      m_bWhileDrawing;  // allowed while a program draws
-    void (cVantor::*m_pfnHandler)();
-};
-
 // clang-format off
 const cVantor::cMessageRow cVantor::s_Messages[] =
 {
@@ -203,16 +196,14 @@ LRESULT cVantor::OnMenuSelect(WPARAM wParam, LPARAM lParam)
 
 LRESULT cVantor::OnCommand(WPARAM wParam, LPARAM lParam)
 {
-    for (const cCommandRow &Row : s_Commands)
-        if (Row.m_nId == LOWORD(wParam))
-        {
-            if (!Row.m_bWhileDrawing && m_pHost && m_pHost->IsDrawing())
-                m_pBoxes->Ask(kNotWhileRunning, nullptr, bnOk, icNone);
-            else
-                (this->*Row.m_pfnHandler)();
-            return 0;
-        }
-    return DefWindowProcA(m_hWnd, WM_COMMAND, wParam, lParam);
+    const cCommandRow *const pRow = FindCommand(s_Commands, LOWORD(wParam));
+    if (!pRow)
+        return DefWindowProcA(m_hWnd, WM_COMMAND, wParam, lParam);
+    if (!pRow->m_bWhileRunning && m_pHost && m_pHost->IsDrawing())
+        m_pBoxes->Ask(kNotWhileRunning, nullptr, bnOk, icNone);
+    else
+        (this->*pRow->m_pfnHandler)();
+    return 0;
 }
 
 // --- files

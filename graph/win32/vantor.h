@@ -9,6 +9,7 @@
 #include "graph/win32/vantor_box.h"
 #include "graph/win32/vantor_host.h"
 #include "toolkit/win32/base_window.h"
+#include "toolkit/win32/command_table.h"
 #include "toolkit/win32/file_dialogs.h"
 #include "toolkit/win32/message_table.h"
 #include "toolkit/win32/status_bar.h"
@@ -46,7 +47,7 @@ public:
 
 private:
     using cMessageRow = cMessageRowOf<cVantor>;
-    struct cCommandRow;
+    using cCommandRow = cCommandRowOf<cVantor>;
 
     static const cMessageRow s_Messages[];
     static const cCommandRow s_Commands[];

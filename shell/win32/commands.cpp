@@ -6,35 +6,32 @@
 #include "shell/win32/dialogs.h"
 #include "shell/win32/help.h"
 
-struct cVorstek::cCommandRow
-{
-    unsigned m_nId;
-    void (cVorstek::*m_pfnHandler)();
-};
-
+// A command that is not allowed during a run is grey in the menu and the toolbar,
+// and is ignored if another program sends it. "Exit" is grey too, but is carried
+// out if it is sent: closing the window ends the run.
 // clang-format off
 const cVorstek::cCommandRow cVorstek::s_Commands[] =
 {
-    { IDM_NEW,              &cVorstek::OnNew             },
-    { IDM_OPEN,             &cVorstek::OnOpen            },
-    { IDM_SAVE,             &cVorstek::OnSave            },
-    { IDM_SAVE_AS,          &cVorstek::OnSaveAs          },
-    { IDM_PAGE_SETUP,       &cVorstek::OnPageSetup       },
-    { IDM_PRINT,            &cVorstek::OnPrint           },
-    { IDM_EXIT,             &cVorstek::OnExit            },
-    { IDM_UNDO,             &cVorstek::OnUndo            },
-    { IDM_CUT,              &cVorstek::OnCut             },
-    { IDM_COPY,             &cVorstek::OnCopy            },
-    { IDM_PASTE,            &cVorstek::OnPaste           },
-    { IDM_DELETE,           &cVorstek::OnDelete          },
-    { IDM_SELECT_ALL,       &cVorstek::OnSelectAll       },
-    { IDM_REPAIR_HIGHLIGHT, &cVorstek::OnRepairHighlight },
-    { IDM_TOOLBAR,          &cVorstek::OnToggleToolBar   },
-    { IDM_STATUS_BAR,       &cVorstek::OnToggleStatusBar },
-    { IDM_GRAPH,            &cVorstek::OnToggleGraph     },
-    { IDM_OPTIONS,          &cVorstek::OnOptions         },
-    { IDM_HELP,             &cVorstek::OnHelp            },
-    { IDM_ABOUT,            &cVorstek::OnAbout           },
+    { IDM_NEW,              0, &cVorstek::OnNew             },
+    { IDM_OPEN,             0, &cVorstek::OnOpen            },
+    { IDM_SAVE,             1, &cVorstek::OnSave            },
+    { IDM_SAVE_AS,          1, &cVorstek::OnSaveAs          },
+    { IDM_PAGE_SETUP,       1, &cVorstek::OnPageSetup       },
+    { IDM_PRINT,            1, &cVorstek::OnPrint           },
+    { IDM_EXIT,             1, &cVorstek::OnExit            },
+    { IDM_UNDO,             1, &cVorstek::OnUndo            },
+    { IDM_CUT,              1, &cVorstek::OnCut             },
+    { IDM_COPY,             1, &cVorstek::OnCopy            },
+    { IDM_PASTE,            1, &cVorstek::OnPaste           },
+    { IDM_DELETE,           1, &cVorstek::OnDelete          },
+    { IDM_SELECT_ALL,       1, &cVorstek::OnSelectAll       },
+    { IDM_REPAIR_HIGHLIGHT, 1, &cVorstek::OnRepairHighlight },
+    { IDM_TOOLBAR,          1, &cVorstek::OnToggleToolBar   },
+    { IDM_STATUS_BAR,       1, &cVorstek::OnToggleStatusBar },
+    { IDM_GRAPH,            1, &cVorstek::OnToggleGraph     },
+    { IDM_OPTIONS,          0, &cVorstek::OnOptions         },
+    { IDM_HELP,             1, &cVorstek::OnHelp            },
+    { IDM_ABOUT,            1, &cVorstek::OnAbout           },
 };
 // clang-format on
 
@@ -46,13 +43,12 @@ LRESULT cVorstek::OnCommand(WPARAM wParam, LPARAM lParam)
     const unsigned nNotice = HIWORD(wParam);
     if (nId == IDC_LISTING && (nNotice == EN_ERRSPACE || nNotice == EN_MAXTEXT))
         Ask("ERROR: File overflow has\ncaused text truncation.", nullptr, bnOk, icError);
-    for (const cCommandRow &Row : s_Commands)
-        if (Row.m_nId == nId)
-        {
-            (this->*Row.m_pfnHandler)();
-            return 0;
-        }
-    return DefWindowProcA(m_hWnd, WM_COMMAND, wParam, lParam);
+    const cCommandRow *const pRow = FindCommand(s_Commands, nId);
+    if (!pRow)
+        return DefWindowProcA(m_hWnd, WM_COMMAND, wParam, lParam);
+    if (pRow->m_bWhileRunning || !m_bProgramRunning)
+        (this->*pRow->m_pfnHandler)();
+    return 0;
 }
 
 void cVorstek::OnNew()

@@ -13,6 +13,7 @@
 #include "shell/win32/edit_line_box.h"
 #include "shell/win32/window_host.h"
 #include "toolkit/win32/base_window.h"
+#include "toolkit/win32/command_table.h"
 #include "toolkit/win32/edit_box.h"
 #include "toolkit/win32/message_table.h"
 #include "toolkit/win32/status_bar.h"
@@ -57,7 +58,7 @@ public:
 
 private:
     using cMessageRow = cMessageRowOf<cVorstek>;
-    struct cCommandRow;
+    using cCommandRow = cCommandRowOf<cVorstek>;
 
     static const cMessageRow s_Messages[];
     static const cCommandRow s_Commands[];
