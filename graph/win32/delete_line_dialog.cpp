@@ -40,10 +40,8 @@ void cDeleteLineDialog::OnControl(int nId, int nNotification)
 
 void cDeleteLineDialog::OnChangeLine()
 {
-    uint32_t nLine = 0;
-    if (!GetLine(IDC_DELETED_LINE, &nLine))
-        return;
-    const cVantorDataSet *const pSet = m_pBox->DataSet(nLine);
+    const cVantorDataSet *const pSet = FindLine(
+        IDC_DELETED_LINE, "Program Error Code #40 in\ncVantorBox::OnDeleteLineChangeLine()");
     if (!pSet)
     {
         Say("Program Error Code #40 in\ncVantorBox::OnDeleteLineChangeLine()");

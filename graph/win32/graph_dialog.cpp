@@ -132,6 +132,17 @@ int cGraphDialog::GetLine(int nId, uint32_t *pnLine) const
     return GetUnsigned(nId, 1, m_pBox->Count(), pnLine);
 }
 
+const cVantorDataSet *cGraphDialog::FindLine(int nId, const char *szMissing) const
+{
+    uint32_t nLine = 0;
+    if (!GetLine(nId, &nLine))
+        return nullptr;
+    const cVantorDataSet *const pSet = m_pBox->DataSet(nLine);
+    if (!pSet)
+        Say(szMissing);
+    return pSet;
+}
+
 void cGraphDialog::SetSpinRange(int nSpinId, uint32_t nLeast, uint32_t nMost) const
 {
     SendDlgItemMessageA(m_hDialog, nSpinId, UDM_SETRANGE32, nLeast, static_cast<LPARAM>(nMost));

@@ -55,7 +55,11 @@ protected:
     // Reads the number of an existing data line. 0 if the field contains none.
     int GetLine(int nId, uint32_t *pnLine) const;
 
-    // From nLeast to nMost with the arrows; the field takes other texts too.
+    // The data line whose number is in a field. Null if the field contains none;
+    // should the plot not have that line, szMissing is shown.
+    const cVantorDataSet *FindLine(int nId, const char *szMissing) const;
+
+    // Limits the arrows to nLeast to nMost; any text can be typed in the field.
     void SetSpinRange(int nSpinId, uint32_t nLeast, uint32_t nMost) const;
 
     // Limits the arrows to the numbers of the data lines, or to 1 if there is

@@ -16,11 +16,7 @@ HFONT MakeFont(const cVantorBox &Box, const cPaper &Paper)
     LOGFONTA LogFont = Box.FontDescription();
     LogFont.lfHeight = -MulDiv(Box.FontTenths(), Paper.m_nDpiDown, kTenthsPerInch);
     LogFont.lfWidth  = 0;
-    if (Paper.m_bTurned)
-    {
-        LogFont.lfEscapement  = kTurnedText;
-        LogFont.lfOrientation = kTurnedText;
-    }
+    TurnFont(Paper, &LogFont);
     return CreateFontIndirectA(&LogFont);
 }
 

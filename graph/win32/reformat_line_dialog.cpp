@@ -53,10 +53,8 @@ void cReformatLineDialog::OnControl(int nId, int nNotification)
 // typing the number.
 void cReformatLineDialog::OnChangeLine()
 {
-    uint32_t nLine = 0;
-    if (!GetLine(IDC_FORMATTED_LINE, &nLine))
-        return;
-    const cVantorDataSet *const pSet = m_pBox->DataSet(nLine);
+    const cVantorDataSet *const pSet = FindLine(
+        IDC_FORMATTED_LINE, "Program Error Code #31 in\ncVantorBox::OnReformatLineChangeLine()");
     if (!pSet)
     {
         Say("Program Error Code #31 in\ncVantorBox::OnReformatLineChangeLine()");

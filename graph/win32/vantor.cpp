@@ -7,6 +7,7 @@
 #include "graph/win32/vantor_dialogs.h"
 #include "resources/resource.h"
 #include "toolkit/win32/help_viewer.h"
+#include "toolkit/win32/menu_items.h"
 #include "toolkit/win32/page_setup.h"
 
 const char *const kNotWhileRunning = "Not allowed while a calculator\n"
@@ -96,15 +97,11 @@ static int OrDefault(int nValue)
 
 int cVantor::CreateFrame(int nX, int nY, int nWidth, int nHeight)
 {
-    WNDCLASSA Class     = {};
+    WNDCLASSA Class     = DescribeClass(GetClassName(), WindowProc);
     Class.style         = CS_HREDRAW | CS_VREDRAW;
-    Class.lpfnWndProc   = WindowProc;
-    Class.hInstance     = ProgramInstance();
     Class.hIcon         = LoadIconA(ProgramInstance(), MAKEINTRESOURCEA(IDI_GRAPH));
-    Class.hCursor       = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
     Class.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
     Class.lpszMenuName  = MAKEINTRESOURCEA(IDR_GRAPH_MENU);
-    Class.lpszClassName = GetClassName();
     if (!m_ClassShare.Acquire(Class))
         return ReportFailure("ERROR: RegisterClass() failed in cVantor::Create()");
     const HWND hWnd = CreateWindowExA(
@@ -343,13 +340,8 @@ void cVantor::OnGrid()
 
 void cVantor::OnStatusBar()
 {
-    if (m_StatusBar.IsVisible())
-        m_StatusBar.Hide();
-    else
-        m_StatusBar.Show();
-    CheckMenuItem(GetMenu(m_hWnd), IDM_GRAPH_STATUS_BAR,
-                  MF_BYCOMMAND |
-                      static_cast<UINT>(m_StatusBar.IsVisible() ? MF_CHECKED : MF_UNCHECKED));
+    m_StatusBar.SetVisible(!m_StatusBar.IsVisible());
+    CheckItem(GetMenu(m_hWnd), IDM_GRAPH_STATUS_BAR, m_StatusBar.IsVisible());
     LayOut();
 }
 

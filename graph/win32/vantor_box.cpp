@@ -9,6 +9,7 @@
 #include "graph/plot_vertices.h"
 #include "graph/win32/gdi_canvas.h"
 #include "resources/resource.h"
+#include "toolkit/win32/menu_items.h"
 
 // clang-format off
 const cVantorBox::cMessageRow cVantorBox::s_Messages[] =
@@ -79,12 +80,7 @@ LRESULT CALLBACK cVantorBox::WindowProc(HWND hWnd, UINT nMessage, WPARAM wParam,
 
 int cVantorBox::Create(cBaseWindow *pOwner, const cVantorBoxSettings &Settings, uint32_t nId)
 {
-    WNDCLASSA Class     = {};
-    Class.lpfnWndProc   = WindowProc;
-    Class.hInstance     = ProgramInstance();
-    Class.hCursor       = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
-    Class.lpszClassName = GetClassName();
-    if (!m_ClassShare.Acquire(Class))
+    if (!m_ClassShare.Acquire(DescribeClass(GetClassName(), WindowProc)))
         return ReportFailure("ERROR: RegisterClass() failed in cVantorBox::Create()");
     if (!CreateChild(pOwner, 0, 0, 0, 0, 0, nId, this))
         return ReportFailure("ERROR: CreateWindow() failed in cVantorBox::Create()");
@@ -179,13 +175,9 @@ void cVantorBox::OnChecksChanged()
     const HMENU hMenu = GetMenu(GetParent(m_hWnd));
     if (!hMenu)
         return;
-    const auto Check = [hMenu](unsigned nCommand, int bChecked) {
-        CheckMenuItem(hMenu, nCommand,
-                      MF_BYCOMMAND | static_cast<UINT>(bChecked ? MF_CHECKED : MF_UNCHECKED));
-    };
-    Check(IDM_AUTO_RANGE, !UserRange());
-    Check(IDM_LEGEND, Settings().m_bLegend != 0);
-    Check(IDM_GRID, Settings().m_bHorzGrid || Settings().m_bVertGrid);
+    CheckItem(hMenu, IDM_AUTO_RANGE, !UserRange());
+    CheckItem(hMenu, IDM_LEGEND, Settings().m_bLegend != 0);
+    CheckItem(hMenu, IDM_GRID, Settings().m_bHorzGrid || Settings().m_bVertGrid);
 }
 
 // --- layout and painting
@@ -530,8 +522,7 @@ LRESULT cVantorBox::OnContextMenu(WPARAM, LPARAM lParam)
 {
     const HMENU hMenu = LoadMenuA(ProgramInstance(), MAKEINTRESOURCEA(IDR_CONTEXT_MENU));
     const HMENU hSub  = GetSubMenu(hMenu, 0);
-    CheckMenuItem(hSub, IDM_CONTEXT_AUTO_RANGE,
-                  MF_BYCOMMAND | static_cast<UINT>(UserRange() ? MF_UNCHECKED : MF_CHECKED));
+    CheckItem(hSub, IDM_CONTEXT_AUTO_RANGE, !UserRange());
     POINT At = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
     if (At.x == -1 && At.y == -1)  // from the keyboard
     {

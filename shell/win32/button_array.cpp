@@ -55,13 +55,9 @@ int cButtonArray::Create(cBaseWindow *pOwner, int nX, int nY, int nWidth, int nH
                          HBITMAP hFaceBitmap, HPALETTE hPalette, int nSourceX, int nSourceY,
                          int nFaceWidth, int nFaceHeight, DWORD dwStyle, uint32_t nId)
 {
-    WNDCLASSA Class     = {};
+    WNDCLASSA Class     = DescribeClass(GetClassName(), WindowProc);
     Class.style         = CS_HREDRAW | CS_VREDRAW;
-    Class.lpfnWndProc   = WindowProc;
-    Class.hInstance     = ProgramInstance();
-    Class.hCursor       = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
     Class.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
-    Class.lpszClassName = GetClassName();
     if (!m_ClassShare.Acquire(Class))
         return ReportFailure("ERROR: RegisterClass() failed in cButtonArray::Create()");
 

@@ -5,6 +5,7 @@
 #include "resources/resource.h"
 #include "shell/win32/dialogs.h"
 #include "shell/win32/help.h"
+#include "toolkit/win32/menu_items.h"
 
 // A command that is not allowed during a run is grey in the menu and the toolbar,
 // and is ignored if another program sends it. "Exit" is grey too, but is carried
@@ -126,12 +127,8 @@ void cVorstek::OnRepairHighlight()
 
 void cVorstek::ToggleBar(cBaseWindow *pBar, unsigned nCommand)
 {
-    if (pBar->IsVisible())
-        pBar->Hide();
-    else
-        pBar->Show();
-    CheckMenuItem(GetMenu(m_hWnd), nCommand,
-                  MF_BYCOMMAND | static_cast<UINT>(pBar->IsVisible() ? MF_CHECKED : MF_UNCHECKED));
+    pBar->SetVisible(!pBar->IsVisible());
+    CheckItem(GetMenu(m_hWnd), nCommand, pBar->IsVisible());
     LayOutAgain();
     // Otherwise the window's background would be painted where the bar was, over
     // the face that has moved there.
@@ -200,13 +197,9 @@ void cVorstek::EnableEditCommands(HMENU hMenu)
     const int bUndo     = bWritable && SendMessageA(hBox, EM_CANUNDO, 0, 0);
     const int bPaste    = bWritable && IsClipboardFormatAvailable(CF_TEXT);
 
-    const auto Enable = [hMenu](unsigned nId, int bEnable) {
-        EnableMenuItem(hMenu, nId,
-                       MF_BYCOMMAND | static_cast<UINT>(bEnable ? MF_ENABLED : MF_GRAYED));
-    };
-    Enable(IDM_UNDO, bUndo);
-    Enable(IDM_CUT, bWritable && bSelected);
-    Enable(IDM_COPY, bSelected);
-    Enable(IDM_PASTE, bPaste);
-    Enable(IDM_DELETE, bWritable && bSelected);
+    EnableItem(hMenu, IDM_UNDO, bUndo);
+    EnableItem(hMenu, IDM_CUT, bWritable && bSelected);
+    EnableItem(hMenu, IDM_COPY, bSelected);
+    EnableItem(hMenu, IDM_PASTE, bPaste);
+    EnableItem(hMenu, IDM_DELETE, bWritable && bSelected);
 }

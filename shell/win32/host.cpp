@@ -11,6 +11,7 @@
 #include "shell/win32/sounds.h"
 #include "toolkit/win32/file_dialogs.h"
 #include "toolkit/win32/gdi.h"
+#include "toolkit/win32/menu_items.h"
 
 static const COLORREF kLit   = RGB(255, 0, 0);
 static const COLORREF kUnlit = RGB(0, 0, 0);
@@ -110,10 +111,9 @@ void cVorstek::SetStatusText(const char *szText)
 // The "Repair Highlight" button is drawn dithered when disabled, the others grey.
 void cVorstek::EnableCommand(unsigned nId, int bEnable)
 {
-    const UINT nGrey = bEnable ? MF_ENABLED : MF_GRAYED;
-    const int  nRest = nId == IDM_REPAIR_HIGHLIGHT ? TBSTATE_INDETERMINATE : 0;
-    EnableMenuItem(GetMenu(m_hWnd), nId, MF_BYCOMMAND | nGrey);
-    SendMessageA(m_ToolBar.Window(), TB_SETSTATE, nId, bEnable ? TBSTATE_ENABLED : nRest);
+    const int nDisabled = nId == IDM_REPAIR_HIGHLIGHT ? TBSTATE_INDETERMINATE : 0;
+    EnableItem(GetMenu(m_hWnd), nId, bEnable);
+    SendMessageA(m_ToolBar.Window(), TB_SETSTATE, nId, bEnable ? TBSTATE_ENABLED : nDisabled);
 }
 
 void cVorstek::ShowListing(int bShow)
@@ -134,8 +134,7 @@ void cVorstek::ShowGraph()
 
 void cVorstek::CheckGraph(int bShown)
 {
-    CheckMenuItem(GetMenu(m_hWnd), IDM_GRAPH,
-                  MF_BYCOMMAND | static_cast<UINT>(bShown ? MF_CHECKED : MF_UNCHECKED));
+    CheckItem(GetMenu(m_hWnd), IDM_GRAPH, bShown);
 }
 
 // Paints what a program has drawn before clearing it; a later repaint would show

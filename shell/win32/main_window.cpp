@@ -139,14 +139,10 @@ static HBRUSH FrameBrush()
 
 int cVorstek::CreateMainWindow()
 {
-    WNDCLASSA Class     = {};
-    Class.lpfnWndProc   = WindowProc;
-    Class.hInstance     = ProgramInstance();
+    WNDCLASSA Class     = DescribeClass(GetClassName(), WindowProc);
     Class.hIcon         = LoadIconA(ProgramInstance(), MAKEINTRESOURCEA(IDI_VORSTEK));
-    Class.hCursor       = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
     Class.hbrBackground = FrameBrush();
     Class.lpszMenuName  = MAKEINTRESOURCEA(IDR_MENU);
-    Class.lpszClassName = GetClassName();
     if (!m_ClassShare.Acquire(Class))
     {
         Ask("FATAL ERROR: RegisterClass() failed in cVorstek::Create()", nullptr, bnOk, icError);
@@ -448,10 +444,7 @@ void cVorstek::ShowBox(cEditBox *pBox, int bShow)
 {
     if (!pBox->IsVisible() == !bShow)
         return;
-    if (bShow)
-        pBox->Show();
-    else
-        pBox->Hide();
+    pBox->SetVisible(bShow);
     SizeToBoxes();
 }
 

@@ -25,11 +25,7 @@ public:
 
     int Create(cBaseWindow *pOwner, DWORD dwStyle)
     {
-        WNDCLASSA Class     = {};
-        Class.lpfnWndProc   = &WindowProc;
-        Class.hInstance     = ProgramInstance();
-        Class.lpszClassName = GetClassName();
-        return m_ClassShare.Acquire(Class) &&
+        return m_ClassShare.Acquire(DescribeClass(GetClassName(), &WindowProc)) &&
                CreateChild(pOwner, dwStyle, 10, 20, 30, 40, 1234, this);
     }
 
@@ -165,6 +161,22 @@ TEST_CASE("showing and hiding a window calls the platform")
     CHECK(Window.IsVisible() == 0);
     CHECK_FALSE(IsWindowVisible(Window.Window()));
     CHECK(Window.m_nHidden == 1);
+    Rig.m_Frame.Close();
+}
+
+TEST_CASE("the visibility of a window is set to either state")
+{
+    cFrameRig    Rig;
+    cShownWindow Window(&Rig.m_Boxes);
+    REQUIRE(Window.Create(&Rig.m_Frame, 0) == 1);
+
+    Window.SetVisible(1);
+    CHECK(IsWindowVisible(Window.Window()));
+    Window.SetVisible(1);
+    CHECK(IsWindowVisible(Window.Window()));
+
+    Window.SetVisible(0);
+    CHECK_FALSE(IsWindowVisible(Window.Window()));
     Rig.m_Frame.Close();
 }
 

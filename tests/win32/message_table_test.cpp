@@ -24,11 +24,7 @@ public:
 
     int Create()
     {
-        WNDCLASSA Class     = {};
-        Class.lpfnWndProc   = &WindowProc;
-        Class.hInstance     = ProgramInstance();
-        Class.lpszClassName = "cTableWindow";
-        REQUIRE(m_ClassShare.Acquire(Class) == 1);
+        REQUIRE(m_ClassShare.Acquire(DescribeClass("cTableWindow", &WindowProc)) == 1);
         const HWND hWnd = CreateWindowExA(0, "cTableWindow", "Title", WS_POPUP, 0, 0, 10, 10,
                                           nullptr, nullptr, ProgramInstance(), this);
         if (!hWnd)

@@ -23,12 +23,8 @@ cTestFrame::~cTestFrame()
 
 void cTestFrame::Open()
 {
-    WNDCLASSA Class     = {};
-    Class.lpfnWndProc   = &WindowProc;
-    Class.hInstance     = ProgramInstance();
-    Class.hCursor       = LoadCursorA(nullptr, IDC_ARROW);
+    WNDCLASSA Class     = DescribeClass(GetClassName(), &WindowProc);
     Class.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-    Class.lpszClassName = GetClassName();
     REQUIRE(m_ClassShare.Acquire(Class) == 1);
 
     const HWND hWnd = CreateWindowExA(m_dwExStyle, GetClassName(), "Test frame", m_dwStyle, 20, 20,

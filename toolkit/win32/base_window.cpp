@@ -35,6 +35,14 @@ void cBaseWindow::Hide()
     m_bVisible = 0;
 }
 
+void cBaseWindow::SetVisible(int bVisible)
+{
+    if (bVisible)
+        Show();
+    else
+        Hide();
+}
+
 int cBaseWindow::Move(int nX, int nY, int nWidth, int nHeight, int bRepaint)
 {
     return MoveWindow(m_hWnd, nX, nY, nWidth, nHeight, bRepaint) ? 1 : 0;

@@ -27,6 +27,7 @@ public:
     // a child of a hidden window counts as shown.
     void Show();
     void Hide();
+    void SetVisible(int bVisible);  // Show or Hide
 
     // In pixels of the owner's client area. 0 if there is no window.
     int Move(int nX, int nY, int nWidth, int nHeight, int bRepaint);

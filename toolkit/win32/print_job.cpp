@@ -46,6 +46,14 @@ cPaper PaperOf(HDC hDc)
             GetDeviceCaps(hDc, LOGPIXELSY),
             nWidth,
             nHeight,
+void TurnFont(const cPaper &Paper, LOGFONTA *pFont)
+{
+    if (!Paper.m_bTurned)
+        return;
+    pFont->lfEscapement  = kTurnedText;
+    pFont->lfOrientation = kTurnedText;
+}
+
             nLeft,
             nTop,
             nWidth - nLeft - GetDeviceCaps(hDc, HORZRES),

@@ -46,7 +46,10 @@ private:
 // The sheet of a printer, upright.
 cPaper PaperOf(HDC hDc);
 
-// What a print job asks of the platform.
+// Turns the text of a font by a quarter if the sheet is turned.
+void TurnFont(const cPaper &Paper, LOGFONTA *pFont);
+
+// The platform's calls that a print job makes.
 struct cPageCalls
 {
     int(WINAPI *m_pfnStartDoc)(HDC hDc, const DOCINFOA *pDocument);

@@ -54,11 +54,7 @@ HFONT cTextPages::MakeFont() const
 {
     LOGFONTA LogFont = m_Look.m_LogFont;
     LogFont.lfHeight = PrinterFontHeight(m_Look.m_nPointSize, m_Paper.m_nDpiDown);
-    if (m_Paper.m_bTurned)
-    {
-        LogFont.lfEscapement  = kTurnedText;
-        LogFont.lfOrientation = kTurnedText;
-    }
+    TurnFont(m_Paper, &LogFont);
     return CreateFontIndirectA(&LogFont);
 }
 

@@ -1,5 +1,15 @@
 #include "toolkit/win32/window_class.h"
 
+WNDCLASSA DescribeClass(const char *szName, WNDPROC pfnProc)
+{
+    WNDCLASSA Class     = {};
+    Class.lpfnWndProc   = pfnProc;
+    Class.hInstance     = ProgramInstance();
+    Class.hCursor       = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
+    Class.lpszClassName = szName;
+    return Class;
+}
+
 int cWindowClass::Acquire(const WNDCLASSA &Class)
 {
     if (!m_bRegistered && !RegisterClassA(&Class))

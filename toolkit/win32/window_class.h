@@ -9,6 +9,9 @@
 
 #include "toolkit/win32/win32.h"
 
+// The description of a class of this program, with the arrow as its cursor.
+WNDCLASSA DescribeClass(const char *szName, WNDPROC pfnProc);
+
 class cWindowClass
 {
 public:
