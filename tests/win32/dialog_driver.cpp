@@ -2,7 +2,7 @@
 
 #include <utility>
 
-static const UINT kLookEvery = 20;  // milliseconds
+static const UINT kPeriod = 20;  // milliseconds
 
 cDialogDriver *cDialogDriver::s_pCurrent = nullptr;
 
@@ -26,8 +26,7 @@ static HWND FrontDialog()
 }
 
 cDialogDriver::cDialogDriver(std::function<int(HWND hDialog)> Answer)
-    : m_Answer(std::move(Answer)), m_nTimer(SetTimer(nullptr, 0, kLookEvery, &TimerProc)),
-      m_bDone(0)
+    : m_Answer(std::move(Answer)), m_nTimer(SetTimer(nullptr, 0, kPeriod, &TimerProc)), m_bDone(0)
 {
     s_pCurrent = this;
 }

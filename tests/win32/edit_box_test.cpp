@@ -70,7 +70,7 @@ struct cEditRig : cFrameRig
         return HIWORD(nBottom) - FirstVisible() + 1;
     }
 
-    bool WasTold(WORD nCode) const
+    bool HasNotification(WORD nCode) const
     {
         for (const cCommand &Command : m_Frame.m_Commands)
             if (Command.m_nId == kBoxId && Command.m_nCode == nCode)
@@ -353,11 +353,11 @@ TEST_CASE("a text beyond the limit is cut and the owner is notified")
     cEditRig Rig(0, 10);
 
     CHECK(Rig.m_Box.SetText("0123456789") == 1);
-    CHECK_FALSE(Rig.WasTold(EN_MAXTEXT));
+    CHECK_FALSE(Rig.HasNotification(EN_MAXTEXT));
     CHECK(Rig.m_Box.SetText("abcdefghijkl") == 0);
 
     CHECK(Rig.Text() == "abcdefghij");
-    CHECK(Rig.WasTold(EN_MAXTEXT));
+    CHECK(Rig.HasNotification(EN_MAXTEXT));
 }
 
 TEST_CASE("an inserted line beyond the limit is cut and the owner is notified")
@@ -368,7 +368,7 @@ TEST_CASE("an inserted line beyond the limit is cut and the owner is notified")
     CHECK(Rig.m_Box.InsertLine(0, "abcdefgh\r\n") == 1);
 
     CHECK(Rig.Text() == "abcdef01\r\n");
-    CHECK(Rig.WasTold(EN_MAXTEXT));
+    CHECK(Rig.HasNotification(EN_MAXTEXT));
 }
 
 TEST_CASE("a text as long as the limit is kept")

@@ -10,19 +10,13 @@
 
 #include "tests/unit/scratch_folder.h"
 #include "tests/win32/dialog_driver.h"
+#include "tests/win32/file_dialog_steps.h"
 #include "tests/win32/test_frame.h"
 
 namespace
 {
 
 const char kFilter[] = "Text Files (*.TXT)\0*.TXT\0";
-
-// The field for the file's name: an edit field, or one in a combo box.
-HWND NameField(HWND hDialog)
-{
-    const HWND hEdit = GetDlgItem(hDialog, 0x480);
-    return hEdit ? hEdit : GetDlgItem(hDialog, 0x47C);
-}
 
 std::string TextOf(HWND hWnd)
 {
@@ -31,21 +25,39 @@ std::string TextOf(HWND hWnd)
     return szText;
 }
 
-// Types a name into the file dialog and clicks its default button.
-int Choose(HWND hDialog, const std::string &Name)
+struct cTypedName
 {
-    if (!NameField(hDialog))
-        return 0;
-    SendMessageA(NameField(hDialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Name.c_str()));
-    Press(hDialog, IDOK);
-    return 1;
-}
+    std::string m_Text;
+    const char *m_szExtension;
+    int         m_bAccepted;
+};
 
-std::string FullPath(const std::string &Name)
+// Types the name into a dialog that starts in Folder. The dialog accepts it, or
+// shows a message and stays open with the name.
+void CheckTypedName(const std::string &Folder, const cTypedName &Name, eFileNameDialog nDialog)
 {
-    char szPath[kFileName] = "";
-    GetFullPathNameA(Name.c_str(), sizeof szPath, szPath, nullptr);
-    return szPath;
+    cFrameRig           Rig;
+    HWND                hFile  = nullptr;
+    int                 bStays = 0;
+    const cDialogDriver Driver([&](HWND hDialog) {
+        if (!hFile)
+        {
+            hFile = hDialog;
+            GiveFileName(hDialog, Name.m_Text);
+            return Name.m_bAccepted;
+        }
+        bStays = hDialog == hFile && TextOf(FileNameField(hDialog)) == Name.m_Text;
+        Press(hDialog, IDCANCEL);
+        return 1;
+    });
+    char                szName[kFileName] = "";
+    CHECK(AskFileName(nDialog, kFilter, Folder.c_str(), Name.m_szExtension, &Rig.m_Boxes, szName) ==
+          Name.m_bAccepted);
+    CHECK(bStays == !Name.m_bAccepted);
+    REQUIRE(Rig.m_Boxes.m_Boxes.size() == (Name.m_bAccepted ? 0 : 1));
+    if (!Name.m_bAccepted)
+        CHECK(Rig.m_Boxes.m_Boxes[0].m_Text ==
+              "The file name is too long: it may have 259 characters, its folder included.");
 }
 
 std::string CurrentFolder()
@@ -76,7 +88,7 @@ TEST_CASE("opening returns the full path of an existing file")
     cFrameRig            Rig;
     const cScratchFolder Folder;
     Folder.Write("old.txt", "01 PI\r\n");
-    const cDialogDriver Driver([&](HWND hDialog) { return Choose(hDialog, "old.txt"); });
+    const cDialogDriver Driver([&](HWND hDialog) { return GiveFileName(hDialog, "old.txt"); });
     char                szName[kFileName] = "";
 
     CHECK(AskFileName(fnOpen, kFilter, FullPath(Folder.Name("")).c_str(), "txt", &Rig.m_Boxes,
@@ -95,7 +107,7 @@ TEST_CASE("opening refuses a file that does not exist")
         if (!hFile)
         {
             hFile = hDialog;
-            Choose(hDialog, "none.txt");
+            GiveFileName(hDialog, "none.txt");
             return 0;
         }
         if (hDialog != hFile)
@@ -120,7 +132,7 @@ TEST_CASE("a file dialog starts in the current folder and does not change it")
 {
     cFrameRig           Rig;
     const std::string   Before = CurrentFolder();
-    const cDialogDriver Driver([&](HWND hDialog) { return Choose(hDialog, "here"); });
+    const cDialogDriver Driver([&](HWND hDialog) { return GiveFileName(hDialog, "here"); });
     char                szName[kFileName] = "";
 
     CHECK(AskFileName(fnSave, kFilter, nullptr, nullptr, &Rig.m_Boxes, szName) == 1);
@@ -135,7 +147,7 @@ TEST_CASE("saving proposes the given name")
     const cScratchFolder Folder;
     std::string          Proposed;
     const cDialogDriver  Driver([&](HWND hDialog) {
-        Proposed = TextOf(NameField(hDialog));
+        Proposed = TextOf(FileNameField(hDialog));
         Press(hDialog, IDOK);
         return 1;
     });
@@ -152,7 +164,7 @@ TEST_CASE("saving appends a missing extension")
 {
     cFrameRig            Rig;
     const cScratchFolder Folder;
-    const cDialogDriver  Driver([](HWND hDialog) { return Choose(hDialog, "new"); });
+    const cDialogDriver  Driver([](HWND hDialog) { return GiveFileName(hDialog, "new"); });
     char                 szName[kFileName] = "";
 
     CHECK(AskFileName(fnSave, kFilter, FullPath(Folder.Name("")).c_str(), "txt", &Rig.m_Boxes,
@@ -172,7 +184,7 @@ TEST_CASE("saving asks before a file is overwritten")
         if (!hFile)
         {
             hFile = hDialog;
-            Choose(hDialog, "old.txt");
+            GiveFileName(hDialog, "old.txt");
             return 0;
         }
         if (hDialog == hFile)
@@ -192,19 +204,13 @@ TEST_CASE("saving asks before a file is overwritten")
 
 TEST_CASE("a path has 259 characters at most, and the dialog stays open for a shorter one")
 {
-    cFrameRig            Rig;
     const cScratchFolder Folder;
     const std::string    Root    = FullPath(Folder.Name(""));
     const size_t         nInRoot = 259 - Root.size();  // longest name in that folder
     std::filesystem::create_directory(Folder.Name("sub.d"));
 
-    const auto Name = [](size_t nLength) { return std::string(nLength, 'n'); };
-    const struct
-    {
-        std::string m_Typed;
-        const char *m_szExtension;
-        int         m_bTaken;
-    } Rows[] = {
+    const auto       Name   = [](size_t nLength) { return std::string(nLength, 'n'); };
+    const cTypedName Rows[] = {
         {Name(nInRoot), nullptr, 1},
         {Name(nInRoot + 1), nullptr, 0},
         {Name(300), nullptr, 0},
@@ -227,33 +233,10 @@ TEST_CASE("a path has 259 characters at most, and the dialog stays open for a sh
     for (const auto &Row : Rows)
         for (const eFileNameDialog nDialog : {fnOpen, fnSave})
         {
-            CAPTURE(Row.m_Typed);
+            CAPTURE(Row.m_Text);
             CAPTURE(nDialog);
-            Rig.m_Boxes.m_Boxes.clear();
-            if (Row.m_bTaken && nDialog == fnOpen)
-                continue;  // it would have to exist
-            HWND                hFile  = nullptr;
-            int                 bStays = 0;
-            const cDialogDriver Driver([&](HWND hDialog) {
-                if (!hFile)
-                {
-                    hFile = hDialog;
-                    Choose(hDialog, Row.m_Typed);
-                    return Row.m_bTaken;
-                }
-                bStays = hDialog == hFile && TextOf(NameField(hDialog)) == Row.m_Typed;
-                Press(hDialog, IDCANCEL);
-                return 1;
-            });
-            char                szName[kFileName] = "";
-            CHECK(AskFileName(nDialog, kFilter, Root.c_str(), Row.m_szExtension, &Rig.m_Boxes,
-                              szName) == Row.m_bTaken);
-            CHECK(bStays == !Row.m_bTaken);
-            REQUIRE(Rig.m_Boxes.m_Boxes.size() == (Row.m_bTaken ? 0 : 1));
-            if (!Row.m_bTaken)
-                CHECK(
-                    Rig.m_Boxes.m_Boxes[0].m_Text ==
-                    "The file name is too long: it may have 259 characters, its folder included.");
+            if (!Row.m_bAccepted || nDialog == fnSave)  // only existing files can be opened
+                CheckTypedName(Root, Row, nDialog);
         }
 }
 
@@ -273,7 +256,7 @@ TEST_CASE("a dialog still checks its names after another file dialog was opened 
         }
         if (hDialog == hOuter && nInner == 0 && Rig.m_Boxes.m_Boxes.empty())
         {
-            Choose(hDialog, std::string(300, 'n'));
+            GiveFileName(hDialog, std::string(300, 'n'));
             return 0;
         }
         Press(hDialog, IDCANCEL);

@@ -110,6 +110,58 @@ void Cover(cPoint From, cPoint To, int nWidth, std::vector<int> *pCovered)
         (*pCovered)[static_cast<size_t>(From.m_nY * nWidth + From.m_nX)] = 1;
 }
 
+// The marker of each style in the middle of a sheet of 9 by 9.
+// clang-format off
+const struct { uint32_t m_nStyle; const char *m_szPicture; } kMarkers[] =
+{
+    { 0, ".........\n"
+         ".........\n"
+         "....#....\n"
+         "...*#*...\n"
+         "...###...\n"
+         "..*###*..\n"
+         "..#####..\n"
+         ".........\n"
+         ".........\n" },
+    { 1, ".........\n"
+         ".........\n"
+         "..#####..\n"
+         "..#####..\n"
+         "..#####..\n"
+         "..#####..\n"
+         "..#####..\n"
+         ".........\n"
+         ".........\n" },
+    { 2, ".........\n"
+         ".........\n"
+         "....#....\n"
+         "...###...\n"
+         "..#####..\n"
+         "...###...\n"
+         "....#....\n"
+         ".........\n"
+         ".........\n" },
+    { 3, ".........\n"
+         "...###...\n"
+         "...###...\n"
+         "...###...\n"
+         "...###...\n"
+         "...###...\n"
+         "...###...\n"
+         "...###...\n"
+         ".........\n" },
+    { 4, ".........\n"
+         ".........\n"
+         ".........\n"
+         ".#######.\n"
+         ".#######.\n"
+         ".#######.\n"
+         ".........\n"
+         ".........\n"
+         ".........\n" },
+};
+// clang-format on
+
 }  // namespace
 
 TEST_CASE("lines include their first pixel, but not their last one")
@@ -133,65 +185,15 @@ TEST_CASE("lines include their first pixel, but not their last one")
 
 TEST_CASE("the markers are filled and outlined")
 {
-    // clang-format off
-    static const struct { uint32_t nStyle; const char *szPicture; } s_Rows[] =
+    for (const auto &Marker : kMarkers)
     {
-        { 0, ".........\n"
-             ".........\n"
-             "....#....\n"
-             "...*#*...\n"
-             "...###...\n"
-             "..*###*..\n"
-             "..#####..\n"
-             ".........\n"
-             ".........\n" },
-        { 1, ".........\n"
-             ".........\n"
-             "..#####..\n"
-             "..#####..\n"
-             "..#####..\n"
-             "..#####..\n"
-             "..#####..\n"
-             ".........\n"
-             ".........\n" },
-        { 2, ".........\n"
-             ".........\n"
-             "....#....\n"
-             "...###...\n"
-             "..#####..\n"
-             "...###...\n"
-             "....#....\n"
-             ".........\n"
-             ".........\n" },
-        { 3, ".........\n"
-             "...###...\n"
-             "...###...\n"
-             "...###...\n"
-             "...###...\n"
-             "...###...\n"
-             "...###...\n"
-             "...###...\n"
-             ".........\n" },
-        { 4, ".........\n"
-             ".........\n"
-             ".........\n"
-             ".#######.\n"
-             ".#######.\n"
-             ".#######.\n"
-             ".........\n"
-             ".........\n"
-             ".........\n" },
-    };
-    // clang-format on
-    for (const auto &Row : s_Rows)
-    {
-        CAPTURE(Row.nStyle);
+        CAPTURE(Marker.m_nStyle);
         cPaperRig     Rig(9, 9);
         cPoint        Corners[kMostCorners];
-        const int32_t nCorners = MarkerCorners(Row.nStyle);
-        StoreMarker(Row.nStyle, {4, 4}, Corners);
+        const int32_t nCorners = MarkerCorners(Marker.m_nStyle);
+        StoreMarker(Marker.m_nStyle, {4, 4}, Corners);
         cGdiCanvas(Rig.Dc(), nullptr).Polygons(Corners, &nCorners, 1, kRed);
-        CheckPicture(Rig, Row.szPicture);
+        CheckPicture(Rig, Marker.m_szPicture);
     }
 }
 

@@ -7,7 +7,7 @@ namespace
 {
 
 const char  kNameStart[] = "vorstek-tests-";
-const DWORD kPatience    = 60000;  // milliseconds, on a very busy computer
+const DWORD kTimeout     = 60000;  // milliseconds; enough for a very busy computer
 
 int IsWine()
 {
@@ -33,7 +33,7 @@ cTestDesktop::cTestDesktop(int nWidth, int nHeight) : m_Explorer()
     Startup.cb           = sizeof Startup;
     if (CreateProcessA(nullptr, szCommand, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &Startup,
                        &m_Explorer))
-        WaitForInputIdle(m_Explorer.hProcess, kPatience);
+        WaitForInputIdle(m_Explorer.hProcess, kTimeout);
 }
 
 cTestDesktop::~cTestDesktop()
@@ -41,7 +41,7 @@ cTestDesktop::~cTestDesktop()
     if (!m_Explorer.hProcess)
         return;
     TerminateProcess(m_Explorer.hProcess, 0);
-    WaitForSingleObject(m_Explorer.hProcess, kPatience);
+    WaitForSingleObject(m_Explorer.hProcess, kTimeout);
     CloseHandles(m_Explorer);
 }
 

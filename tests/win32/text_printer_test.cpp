@@ -84,19 +84,25 @@ cTextLook Look(int bLandscape)
     return Look;
 }
 
-}  // namespace
-
-TEST_CASE("the first line of a page begins at the left and upper margin")
+// Draws the first sheet of a text. Returns the rectangle around its ink.
+RECT InkOfFirstSheet(const std::vector<std::string> &Text, int bLandscape)
 {
     const cSheet    Sheet;
-    const cLines    Lines({"HHHH"});
-    const cTextLook Upright = Look(0);
+    const cLines    Lines(Text);
+    const cTextLook Chosen = Look(bLandscape);
     cRecordingBoxes Boxes;
-    cTextPages      Pages(Sheet.Dc(), Lines, Upright, kPaper, kAllOnce);
+    cTextPages      Pages(Sheet.Dc(), Lines, Chosen, kPaper, kAllOnce);
     REQUIRE(Pages.Prepare(&Boxes) == 1);
     Pages.DrawSheet(0);
+    return Sheet.Ink(kBlue);
+}
 
-    const RECT Ink = Sheet.Ink(kBlue);
+}  // namespace
+
+TEST_CASE("the first line of a page starts at the left and top margins")
+{
+    const RECT Ink = InkOfFirstSheet({"HHHH"}, 0);
+
     CHECK(Ink.left >= 50);
     CHECK(Ink.left < 55);
     CHECK(Ink.top >= 40);
@@ -106,16 +112,8 @@ TEST_CASE("the first line of a page begins at the left and upper margin")
 
 TEST_CASE("landscape text runs down the sheet from its top right")
 {
-    const cSheet    Sheet;
-    const cLines    Lines({"HHHH"});
-    const cTextLook Turned = Look(1);
-    cRecordingBoxes Boxes;
-    cTextPages      Pages(Sheet.Dc(), Lines, Turned, kPaper, kAllOnce);
-    REQUIRE(Pages.Prepare(&Boxes) == 1);
+    const RECT Ink = InkOfFirstSheet({"HHHH"}, 1);
 
-    Pages.DrawSheet(0);
-
-    const RECT Ink = Sheet.Ink(kBlue);
     CHECK(Ink.right <= 400 - 40);
     CHECK(Ink.left > 400 - 65);
     CHECK(Ink.top >= 50);
@@ -125,16 +123,10 @@ TEST_CASE("landscape text runs down the sheet from its top right")
 
 TEST_CASE("the second line of landscape text is left of the first")
 {
-    const cSheet    Sheet;
-    const cLines    Lines({"", "HHHH"});
-    const cTextLook Turned = Look(1);
-    cRecordingBoxes Boxes;
-    cTextPages      Pages(Sheet.Dc(), Lines, Turned, kPaper, kAllOnce);
-    REQUIRE(Pages.Prepare(&Boxes) == 1);
+    const RECT Ink = InkOfFirstSheet({"", "HHHH"}, 1);
 
-    Pages.DrawSheet(0);
-
-    CHECK(Sheet.Ink(kBlue).right <= 400 - 40 - 20);
+    CHECK(Ink.right <= 400 - 40 - 20);
+    CHECK(Ink.right > 0);
 }
 
 TEST_CASE("a line is drawn without its line end")
@@ -182,18 +174,10 @@ TEST_CASE("each page shows its own lines")
 
 TEST_CASE("the text of a page ends above the bottom margin")
 {
-    const cSheet             Sheet;
-    const cTextLook          Upright = Look(0);
-    std::vector<std::string> Text(40, "H");
-    const cLines             Lines(Text);
-    cRecordingBoxes          Boxes;
-    cTextPages               Pages(Sheet.Dc(), Lines, Upright, kPaper, kAllOnce);
-    REQUIRE(Pages.Prepare(&Boxes) == 1);
+    const RECT Ink = InkOfFirstSheet(std::vector<std::string>(40, "H"), 0);
 
-    Pages.DrawSheet(0);
-
-    CHECK(Sheet.Ink(kBlue).bottom <= 300 - 30);
-    CHECK(Sheet.Ink(kBlue).bottom > 300 - 30 - 40);
+    CHECK(Ink.bottom <= 300 - 30);
+    CHECK(Ink.bottom > 300 - 30 - 40);
 }
 
 TEST_CASE("copies and the chosen range decide how many sheets there are")

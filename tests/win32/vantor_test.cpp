@@ -11,6 +11,7 @@
 #include "tests/unit/recording_boxes.h"
 #include "tests/unit/scratch_folder.h"
 #include "tests/win32/dialog_driver.h"
+#include "tests/win32/file_dialog_steps.h"
 #include "tests/win32/test_frame.h"
 #include "toolkit/win32/gdi.h"
 
@@ -22,8 +23,8 @@ const char     kTwoSets[] = "ExplicitX\r\nSetLabels \"up\" , \"down\"\r\n"
                             "0.000000 , 1.000000 , 3.000000\r\n1.000000 , 2.000000 , 2.000000\r\n"
                             "2.000000 , 3.000000 , 1.000000\r\n";
 
-// A program with a graph that only notes what the graph tells it.
-class cNotingHost : public cVantorHost
+// A host that records the calls of its graph.
+class cRecordingHost : public cVantorHost
 {
 public:
     int  IsDrawing() const override { return m_bDrawing; }
@@ -75,25 +76,6 @@ bool IsRegistered(const char *szClass)
     return GetClassInfoA(ProgramInstance(), szClass, &Class) != FALSE;
 }
 
-std::string FullPath(const std::string &Name)
-{
-    char szPath[kFileName] = "";
-    GetFullPathNameA(Name.c_str(), sizeof szPath, szPath, nullptr);
-    return szPath;
-}
-
-// Types a name into the file dialog and clicks its default button.
-int GiveName(HWND hDialog, const std::string &Name)
-{
-    const HWND hEdit  = GetDlgItem(hDialog, 0x480);
-    const HWND hField = hEdit ? hEdit : GetDlgItem(hDialog, 0x47C);
-    if (!hField)
-        return 0;
-    SendMessageA(hField, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Name.c_str()));
-    Press(hDialog, IDOK);
-    return 1;
-}
-
 // Pixels of the plot's window that are not its background.
 int CountInk(HWND hPlot)
 {
@@ -121,7 +103,7 @@ TEST_CASE("an independent graph opens, shows and saves a file, and is destroyed 
 
     {
         const std::string   Name = FullPath(Folder.Name("two.txt"));
-        const cDialogDriver Driver([&](HWND hDialog) { return GiveName(hDialog, Name); });
+        const cDialogDriver Driver([&](HWND hDialog) { return GiveFileName(hDialog, Name); });
         Rig.Command(IDM_GRAPH_OPEN);
         CHECK(Driver.IsDone());
         CHECK(Rig.FileName() == "filename: " + Name);
@@ -134,7 +116,7 @@ TEST_CASE("an independent graph opens, shows and saves a file, and is destroyed 
 
     {
         const std::string   Name = FullPath(Folder.Name("copy.txt"));
-        const cDialogDriver Driver([&](HWND hDialog) { return GiveName(hDialog, Name); });
+        const cDialogDriver Driver([&](HWND hDialog) { return GiveFileName(hDialog, Name); });
         Rig.Command(IDM_GRAPH_SAVE_AS);
         CHECK(Driver.IsDone());
     }
@@ -178,8 +160,8 @@ TEST_CASE("two graphs share their window classes, which are unregistered with th
 
 TEST_CASE("a graph with a host is hidden when it is closed, and keeps its data")
 {
-    cNotingHost Host;
-    cGraphRig   Rig(&Host, 1);
+    cRecordingHost Host;
+    cGraphRig      Rig(&Host, 1);
     CHECK_FALSE(IsWindowVisible(Rig.m_Graph.Window()));
     CHECK(Rig.m_Graph.AddPoint(1, 1.0F, 2.0F) == 1);
 
@@ -201,9 +183,9 @@ TEST_CASE("a graph with a host is hidden when it is closed, and keeps its data")
 
 TEST_CASE("the accelerators are those of the graph that got the focus last")
 {
-    cNotingHost Host;
-    cGraphRig   First(&Host);
-    cGraphRig   Second(&Host);
+    cRecordingHost Host;
+    cGraphRig      First(&Host);
+    cGraphRig      Second(&Host);
     for (const cGraphRig *const pRig : {&First, &Second, &First})
     {
         SetFocus(pRig->m_Graph.Window());
@@ -211,16 +193,16 @@ TEST_CASE("the accelerators are those of the graph that got the focus last")
         CHECK(Host.m_hTable == pRig->m_Graph.Accelerators());
     }
 
-    cNotingHost Other;
-    cGraphRig   Hidden(&Other, 1);
+    cRecordingHost Other;
+    cGraphRig      Hidden(&Other, 1);
     CHECK(Hidden.m_Graph.Accelerators() != nullptr);
     CHECK(Other.m_hKeysGoTo == nullptr);
 }
 
 TEST_CASE("while a program runs, a graph refuses commands that would change it")
 {
-    cNotingHost Host;
-    cGraphRig   Rig(&Host);
+    cRecordingHost Host;
+    cGraphRig      Rig(&Host);
     CHECK(Rig.m_Graph.AddPoint(1, 1.0F, 2.0F) == 1);
     Host.m_bDrawing = 1;
 
