@@ -52,6 +52,14 @@ TEST_CASE("keys are numbered row by row, from the left to the right")
     CHECK(kKeyRects[10].m_nWidth == 83);
 }
 
+TEST_CASE("the blanked part of the display ends at 260 and 92")
+{
+    CHECK(kBlankedRect.m_nLeft == 44);
+    CHECK(kBlankedRect.m_nTop == 40);
+    CHECK(kBlankedRect.m_nLeft + kBlankedRect.m_nWidth == 260);
+    CHECK(kBlankedRect.m_nTop + kBlankedRect.m_nHeight == 92);
+}
+
 TEST_CASE("the thumb of a slide switch runs through the frames 0 to 12")
 {
     for (int nPosition = 0; nPosition <= 12; nPosition++)
