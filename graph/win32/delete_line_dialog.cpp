@@ -12,18 +12,18 @@ const char *const kTypeNames[] = {"Plot", "StairStep", "Scatter", "Stoop"};
 class cDeleteLineDialog : public cGraphDialog
 {
 public:
-    explicit cDeleteLineDialog(cVantorBox *pBox) : cGraphDialog(pBox), m_crColor(kWhite) {}
+    explicit cDeleteLineDialog(cVantorBox *pBox) : cGraphDialog(pBox), m_crSample(kWhite) {}
 
 private:
     void     OnInit() override;
     int      OnOk() override;
     void     OnControl(int nId, int nNotification) override;
-    COLORREF SampleColour() const override { return m_crColor; }
+    COLORREF SampleColour() const override { return m_crSample; }
 
     void OnChangeLine();
     void ShowFormat(const cVantorDataSet &Set, const char *szStyle);
 
-    COLORREF m_crColor;
+    COLORREF m_crSample;
 };
 
 void cDeleteLineDialog::OnInit()
@@ -55,7 +55,7 @@ void cDeleteLineDialog::OnChangeLine()
 
 void cDeleteLineDialog::ShowFormat(const cVantorDataSet &Set, const char *szStyle)
 {
-    m_crColor = Set.m_crColor;
+    m_crSample = Set.m_crColor;
     InvalidateRect(GetDlgItem(m_hDialog, IDC_DELETED_COLOUR), nullptr, FALSE);
     SetText(IDC_DELETED_TYPE, kTypeNames[DrawnType(Set)]);
     SetUnsigned(IDC_DELETED_WIDTH, Set.m_nWidth);

@@ -71,7 +71,7 @@ void cGraphDialog::LimitFields() const
     for (HWND hField = FindWindowExA(m_hDialog, nullptr, "Edit", nullptr); hField;
          hField      = FindWindowExA(m_hDialog, hField, "Edit", nullptr))
     {
-        const bool bLong = (GetWindowLongPtrA(hField, GWL_STYLE) & ES_MULTILINE) != 0;
+        const int bLong = (GetWindowLongPtrA(hField, GWL_STYLE) & ES_MULTILINE) != 0;
         SendMessageA(hField, EM_SETLIMITTEXT, bLong ? 0 : kFieldText - 1, 0);
     }
 }

@@ -11,13 +11,13 @@ namespace
 class cReformatLineDialog : public cGraphDialog
 {
 public:
-    explicit cReformatLineDialog(cVantorBox *pBox) : cGraphDialog(pBox), m_crColor(kWhite) {}
+    explicit cReformatLineDialog(cVantorBox *pBox) : cGraphDialog(pBox), m_crSample(kWhite) {}
 
 private:
     void     OnInit() override;
     int      OnOk() override;
     void     OnControl(int nId, int nNotification) override;
-    COLORREF SampleColour() const override { return m_crColor; }
+    COLORREF SampleColour() const override { return m_crSample; }
 
     void OnChangeLine();
     void OnChangeType();
@@ -29,7 +29,7 @@ private:
     int  SelectedStyle(uint32_t nGraphType, uint32_t *pnStyle) const;
     int  StoreLook(uint32_t nLine, cVantorLineFormat *pFormat, float fMultiplier, float fOffset);
 
-    COLORREF m_crColor;  // of the sample
+    COLORREF m_crSample;
 };
 
 void cReformatLineDialog::OnInit()
@@ -85,14 +85,14 @@ void cReformatLineDialog::OnChangeType()
 
 void cReformatLineDialog::OnChangeColour()
 {
-    COLORREF crColour = m_crColor;
+    COLORREF crColour = m_crSample;
     if (AskColour(m_hDialog, &crColour))
         ShowColour(crColour);
 }
 
 void cReformatLineDialog::ShowColour(COLORREF crColour)
 {
-    m_crColor = crColour;
+    m_crSample = crColour;
     InvalidateRect(GetDlgItem(m_hDialog, IDC_LINE_COLOUR), nullptr, FALSE);
 }
 
@@ -170,7 +170,7 @@ int cReformatLineDialog::StoreLook(uint32_t nLine, cVantorLineFormat *pFormat, f
         char szLabel[kFieldText];
         GetText(IDC_LINE_LABEL, szLabel);
         pFormat->m_pszLabel = szLabel;
-        pFormat->m_crColor  = m_crColor;
+        pFormat->m_crColor  = m_crSample;
         m_pBox->FormatDataSet(nLine, *pFormat, fMultiplier, fOffset);
     }
     return 1;

@@ -121,7 +121,7 @@ void cVantor::ShowGraph()
     UpdateWindow(m_hWnd);
 }
 
-void cVantor::ShowBehindKeyboard()
+void cVantor::ShowInactive()
 {
     if (m_bVisible)
         return;

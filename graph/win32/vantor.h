@@ -32,9 +32,9 @@ public:
     // Shows and activates the frame, and restores a minimised one.
     void ShowGraph();
 
-    // The same, but the keyboard stays where it is: with the calculator whose
-    // program draws.
-    void ShowBehindKeyboard();
+    // Shows a hidden frame without activating it: the calculator, whose program
+    // is drawing, keeps the keyboard.
+    void ShowInactive();
 
     HACCEL Accelerators() const { return m_hAccelerators; }
 

@@ -92,8 +92,8 @@ cApplication::cApplication(HINSTANCE hInstance, const char *szCmdLine, const cha
     g_pApplication = this;
     m_pszAppName   = ApplicationName(szAppName, &s_Boxes);
 
-    LARGE_INTEGER NotKept = {};
-    QueryPerformanceFrequency(&NotKept);
+    LARGE_INTEGER Unused = {};
+    QueryPerformanceFrequency(&Unused);
 }
 
 cApplication::~cApplication()

@@ -318,7 +318,7 @@ LRESULT cButtonArray::OnMouseMove(WPARAM, LPARAM lParam)
     const POINT At = PointOf(lParam);
     if (m_nPressedKey >= 0)
     {
-        IsPressedKeyKnown("Program Error Code #10:\nfaulty logic in cButtonArray::OnMouseMove()");
+        CheckPressedKey("Program Error Code #10:\nfaulty logic in cButtonArray::OnMouseMove()");
         if (!PtInRect(m_KeyRects.At(static_cast<unsigned>(m_nPressedKey)), At))
             ReleaseKey();
     }
@@ -331,7 +331,7 @@ LRESULT cButtonArray::OnLButtonUp(WPARAM, LPARAM)
 {
     if (m_nPressedKey >= 0)
     {
-        IsPressedKeyKnown("Program Error Code #11:\nfaulty logic in cButtonArray::OnLButtonUp()");
+        CheckPressedKey("Program Error Code #11:\nfaulty logic in cButtonArray::OnLButtonUp()");
         ReleaseKey();
     }
     else if (m_nDraggedSwitch >= 0)
@@ -339,14 +339,13 @@ LRESULT cButtonArray::OnLButtonUp(WPARAM, LPARAM)
     return 0;
 }
 
-// An index that is none is reported; the last key takes its place.
-int cButtonArray::IsPressedKeyKnown(const char *szFailure)
+// Reports an invalid index and replaces it by that of the last key.
+void cButtonArray::CheckPressedKey(const char *szFailure)
 {
     if (m_nPressedKey < static_cast<int>(m_KeyRects.Count()))
-        return 1;
+        return;
     m_nPressedKey = static_cast<int>(m_KeyRects.Count()) - 1;
     m_pBoxes->Ask(szFailure, nullptr, bnOk, icNone);
-    return 0;
 }
 
 void cButtonArray::ReleaseKey()

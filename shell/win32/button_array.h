@@ -83,7 +83,7 @@ private:
     void PaintStrip(HDC hDc, const RECT &Rect, HBITMAP hStrip, int nStripX, int nStripY);
     void DrawKey(unsigned nKey, int bPressed);
     void FireKey(unsigned nKey, int bDown);
-    int  IsPressedKeyKnown(const char *szFailure);
+    void CheckPressedKey(const char *szFailure);
     void ReleaseKey();
     void DragSwitch(POINT At);
     void MoveSwitch(unsigned nSwitch, int nPosition);

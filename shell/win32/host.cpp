@@ -128,7 +128,7 @@ void cVorstek::ShowRegisters(int bShow)
 
 void cVorstek::ShowGraph()
 {
-    m_Graph.ShowBehindKeyboard();
+    m_Graph.ShowInactive();
     CheckGraph(1);
 }
 

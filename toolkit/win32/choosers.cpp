@@ -9,7 +9,7 @@ namespace
 
 const int kCustomColours = 16;
 
-// White until the user mixes some.
+// White until the user defines some.
 struct cCustomColours
 {
     cCustomColours() { std::fill(m_Colours, m_Colours + kCustomColours, RGB(255, 255, 255)); }

@@ -5,9 +5,8 @@
 
 #include "toolkit/win32/win32.h"
 
-// Lets the user choose a colour, beginning with *pcrColour. 0, and nothing has
-// changed, if he cancelled. The custom colours that he has mixed come back the
-// next time.
+// Lets the user choose a colour, starting from *pcrColour. 0, with nothing
+// changed, if the user cancelled. Custom colours are kept for the next call.
 int AskColour(HWND hOwner, COLORREF *pcrColour);
 
 // Lets the user choose a screen font and a text colour, starting from the given

@@ -285,8 +285,8 @@ int cEditBox::HighlightLines(int nLine, int nCount)
     const int nStart = LineStart(nLine);
     if (nStart < 0)
         return 0;
-    const int nBehind = LineStart(nLine + nCount);
-    const int nEnd    = nBehind < 0 ? TextEnd() : nBehind;
+    const int nNext = LineStart(nLine + nCount);
+    const int nEnd  = nNext < 0 ? TextEnd() : nNext;
 
     const int nFirst = FirstVisibleLine();
     const int nScroll =

@@ -65,14 +65,14 @@ cFileNameGuard *cFileNameGuard::s_pCurrent = nullptr;
 cFileNameGuard::cFileNameGuard(const char *szExtension, cMessageBoxes *pBoxes)
     : m_nExtension(szExtension ? strlen(szExtension) + 1 : 0), m_pBoxes(pBoxes), m_hDialog(nullptr),
       m_hHook(SetWindowsHookExA(WH_CBT, OnHook, nullptr, GetCurrentThreadId())),
-      m_pFormer(s_pCurrent)
+      m_pPrevious(s_pCurrent)
 {
     s_pCurrent = this;
 }
 
 cFileNameGuard::~cFileNameGuard()
 {
-    s_pCurrent = m_pFormer;
+    s_pCurrent = m_pPrevious;
     UnhookWindowsHookEx(m_hHook);
 }
 
@@ -98,10 +98,10 @@ LRESULT CALLBACK cFileNameGuard::DialogProc(HWND hDialog, UINT nMessage, WPARAM 
     return DefSubclassProc(hDialog, nMessage, wParam, lParam);
 }
 
-// Of the path that the dialog will put together, as it is before "." and ".."
-// are taken out of it. The extension counts for opening, too: there it is tried
-// before the name without it.
-size_t cFileNameGuard::WholeLength(HWND hDialog, std::string_view Name) const
+// Length of the path that the dialog will build, before "." and ".." are
+// resolved. The extension also counts when a file is opened: the dialog tries the
+// name with the extension first.
+size_t cFileNameGuard::PathLength(HWND hDialog, std::string_view Name) const
 {
     const size_t nExtension = HasExtension(Name) ? 0 : m_nExtension;
     const size_t nBefore    = HasDrive(Name) ? 0 : LengthBefore(hDialog, Name);
@@ -115,7 +115,7 @@ int cFileNameGuard::Refuses(HWND hDialog) const
     const LRESULT nLength               = SendMessageA(hField, WM_GETTEXTLENGTH, 0, 0);
     SendMessageA(hField, WM_GETTEXT, sizeof szName, reinterpret_cast<LPARAM>(szName));
     if (nLength < static_cast<LRESULT>(sizeof szName) &&
-        WholeLength(hDialog, WithoutQuotes(szName)) < kFileName)
+        PathLength(hDialog, WithoutQuotes(szName)) < kFileName)
         return 0;
     m_pBoxes->Ask(kTooLong, nullptr, bnOk, icNone);
     return 1;

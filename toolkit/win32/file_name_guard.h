@@ -32,7 +32,7 @@ private:
     static LRESULT CALLBACK DialogProc(HWND hDialog, UINT nMessage, WPARAM wParam, LPARAM lParam,
                                        UINT_PTR nId, DWORD_PTR nGuard);
 
-    size_t WholeLength(HWND hDialog, std::string_view Name) const;
+    size_t PathLength(HWND hDialog, std::string_view Name) const;
     int    Refuses(HWND hDialog) const;
 
     static cFileNameGuard *s_pCurrent;  // a hook procedure gets no user data
@@ -41,7 +41,7 @@ private:
     cMessageBoxes  *m_pBoxes;
     HWND            m_hDialog;  // null until it opens
     HHOOK           m_hHook;
-    cFileNameGuard *m_pFormer;  // a message that the dialog has dispatched may open another
+    cFileNameGuard *m_pPrevious;  // a message handled by that dialog may have opened this one
 };
 
 #endif

@@ -21,7 +21,7 @@ static HMODULE LoadViewer()
     return hModule ? hModule : LoadLibraryA("hhctrl.ocx");
 }
 
-static int IsThere(const char *szPath)
+static int FileExists(const char *szPath)
 {
     return GetFileAttributesA(szPath) != INVALID_FILE_ATTRIBUTES;
 }
@@ -31,10 +31,10 @@ void FindHelp(const char *szName, char (&szPath)[MAX_PATH])
     const DWORD  nLength = GetModuleFileNameA(nullptr, szPath, sizeof szPath);
     char *const  pName   = strrchr(szPath, '\\');
     const size_t nRoom   = pName ? sizeof szPath - static_cast<size_t>(pName + 1 - szPath) : 0;
-    if (!IsThere(szName) && nLength < sizeof szPath && strlen(szName) < nRoom)
+    if (!FileExists(szName) && nLength < sizeof szPath && strlen(szName) < nRoom)
     {
         snprintf(pName + 1, nRoom, "%s", szName);
-        if (IsThere(szPath))
+        if (FileExists(szPath))
             return;
     }
     snprintf(szPath, sizeof szPath, "%s", szName);

@@ -63,7 +63,7 @@ void TurnFont(const cPaper &Paper, LOGFONTA *pFont)
 cPrintJob::cPrintJob(HDC hDc, HWND hOwner) : cPrintJob(hDc, hOwner, kPlatformCalls) {}
 
 cPrintJob::cPrintJob(HDC hDc, HWND hOwner, const cPageCalls &Calls)
-    : m_hDc(hDc), m_hOwner(hOwner), m_Others(hOwner), m_Calls(Calls), m_pFormer(s_pCurrent)
+    : m_hDc(hDc), m_hOwner(hOwner), m_Others(hOwner), m_Calls(Calls), m_pPrevious(s_pCurrent)
 {
     s_pCurrent = this;
     EnableWindow(hOwner, FALSE);
@@ -75,7 +75,7 @@ cPrintJob::~cPrintJob()
 {
     EnableWindow(m_hOwner, TRUE);
     m_Dialog.Close();
-    s_pCurrent = m_pFormer;
+    s_pCurrent = m_pPrevious;
 }
 
 int cPrintJob::Send(const char *szDocument, int nSheets,

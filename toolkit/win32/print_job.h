@@ -91,7 +91,7 @@ private:
     cModalGuard    m_Others;
     cPageCalls     m_Calls;
     cSendingDialog m_Dialog;
-    cPrintJob     *m_pFormer;  // a message that this job has dispatched may start another
+    cPrintJob     *m_pPrevious;  // a message handled by that job may have started this one
 };
 
 #endif

@@ -13,10 +13,10 @@ const UINT kMenuClosed = 0xFFFF;
 const int  kMostParts  = 256;  // the platform's limit
 
 // The progress bar within the last part, in pixels.
-const int kProgressLeft   = 4;
-const int kProgressTop    = 4;
-const int kProgressNarrow = 20;  // than the part: the size grip is at its right
-const int kProgressLow    = 6;   // lower than the bar
+const int kProgressLeft     = 4;
+const int kProgressTop      = 4;
+const int kProgressNarrower = 20;  // than the part, which ends in the size grip
+const int kProgressLower    = 6;   // than the status bar
 
 }  // namespace
 
@@ -92,8 +92,8 @@ void cStatusBar::PlaceProgressBar()
     RECT Client;
     GetClientRect(m_hWnd, &Client);
     const int nLeft   = LastPartLeft();
-    const int nWidth  = static_cast<int>(Client.right) - nLeft - kProgressNarrow;
-    const int nHeight = static_cast<int>(Client.bottom) - kProgressLow;
+    const int nWidth  = static_cast<int>(Client.right) - nLeft - kProgressNarrower;
+    const int nHeight = static_cast<int>(Client.bottom) - kProgressLower;
     m_pProgressBar->Move(nLeft + kProgressLeft, kProgressTop, std::max(nWidth, 0),
                          std::max(nHeight, 0), 1);
 }
