@@ -6,24 +6,20 @@
 
 #include "toolkit/win32/win32.h"
 
+#include <optional>
+
+#include "toolkit/win32/gdi.h"
+
 class cBackBuffer
 {
 public:
-    cBackBuffer()
-        : m_hDc(nullptr), m_hBitmap(nullptr), m_hFormer(nullptr), m_nWidth(0), m_nHeight(0)
-    {
-    }
-    ~cBackBuffer() { Free(); }
-    cBackBuffer(const cBackBuffer &)            = delete;
-    cBackBuffer &operator=(const cBackBuffer &) = delete;
-
-    // Makes the bitmap as large as the window's client area, at least one pixel
-    // each way, and like its device; what it held is lost when the size is
-    // another. 0 if the platform has none.
+    // Makes the bitmap compatible with the window and as large as its client
+    // area, at least 1 by 1 pixel. A change of size loses the contents. 0 if the
+    // platform cannot create the bitmap.
     int Fit(HWND hWnd);
 
-    // Null before the first Fit.
-    HDC Dc() const { return m_hDc; }
+    // Null until Fit has succeeded.
+    HDC Dc() const { return m_Dc.Get(); }
 
     // Copies a part to the same place in the window. Does nothing until Fit has
     // succeeded.
@@ -32,11 +28,11 @@ public:
 private:
     void Free();
 
-    HDC     m_hDc;
-    HBITMAP m_hBitmap;
-    HGDIOBJ m_hFormer;
-    int     m_nWidth;
-    int     m_nHeight;
+    cGdiBitmap                  m_Bitmap;
+    cCreatedDc                  m_Dc;
+    std::optional<cSelectGuard> m_Selected;  // the bitmap in the context
+    int                         m_nWidth  = 0;
+    int                         m_nHeight = 0;
 };
 
 #endif

@@ -43,10 +43,7 @@ void cDeleteLineDialog::OnChangeLine()
     const cVantorDataSet *const pSet = FindLine(
         IDC_DELETED_LINE, "Program Error Code #40 in\ncVantorBox::OnDeleteLineChangeLine()");
     if (!pSet)
-    {
-        Say("Program Error Code #40 in\ncVantorBox::OnDeleteLineChangeLine()");
         return;
-    }
     const char *const szStyle = StyleName(*pSet);
     if (!szStyle)
         Say("Program Error Code #41 in\ncVantorBox::OnDeleteLineChangeLine()");

@@ -5,12 +5,8 @@
 #include <new>
 
 #include "graph/column_runs.h"
-#include "toolkit/win32/gdi.h"
 
-using cGdiPen   = cGdiObject<HPEN>;
-using cGdiBrush = cGdiObject<HBRUSH>;
-
-// The renderer's vertices go to the platform as they are.
+// The renderer's vertices are passed to the platform unchanged.
 static_assert(sizeof(cPoint) == sizeof(POINT));
 static_assert(offsetof(cPoint, m_nX) == offsetof(POINT, x));
 static_assert(offsetof(cPoint, m_nY) == offsetof(POINT, y));
@@ -29,22 +25,17 @@ static int PenStyle(const cPlotPen &Pen)
     return Pen.m_nWidth > 1 ? PS_SOLID : static_cast<int>(Pen.m_nStyle);
 }
 
-static HPEN MakePen(const cPlotPen &Pen)
+static cGdiPen MakePen(const cPlotPen &Pen)
 {
-    return CreatePen(PenStyle(Pen), static_cast<int>(Pen.m_nWidth), Pen.m_crColor);
+    return cGdiPen(CreatePen(PenStyle(Pen), static_cast<int>(Pen.m_nWidth), Pen.m_crColor));
 }
 
-// A transparent background also leaves the gaps of dashes as they are.
-cGdiCanvas::cGdiCanvas(HDC hDc, HFONT hFont) : m_hDc(hDc), m_nSaved(SaveDC(hDc))
+// The transparent background mode also applies to the gaps of dashed lines.
+cGdiCanvas::cGdiCanvas(HDC hDc, HFONT hFont) : m_hDc(hDc), m_State(hDc)
 {
     if (hFont)
         SelectObject(m_hDc, hFont);
     SetBkMode(m_hDc, TRANSPARENT);
-}
-
-cGdiCanvas::~cGdiCanvas()
-{
-    RestoreDC(m_hDc, m_nSaved);
 }
 
 int cGdiCanvas::PixelsPerInchX() const
@@ -81,7 +72,7 @@ void cGdiCanvas::FillBox(const cRect &Rect, uint32_t crColour)
 void cGdiCanvas::Polylines(const cPoint *pPoints, const uint32_t *pCounts, size_t nLines,
                            const cPlotPen &Pen)
 {
-    const cGdiPen      GdiPen(MakePen(Pen));
+    const cGdiPen      GdiPen = MakePen(Pen);
     const cSelectGuard Selected(m_hDc, GdiPen.Get());
     PolyPolyline(m_hDc, AsPoints(pPoints), reinterpret_cast<const DWORD *>(pCounts),
                  static_cast<DWORD>(nLines));
@@ -89,7 +80,7 @@ void cGdiCanvas::Polylines(const cPoint *pPoints, const uint32_t *pCounts, size_
 
 void cGdiCanvas::Polyline(const cPoint *pPoints, size_t nPoints, const cPlotPen &Pen)
 {
-    const cGdiPen      GdiPen(MakePen(Pen));
+    const cGdiPen      GdiPen = MakePen(Pen);
     const cSelectGuard Selected(m_hDc, GdiPen.Get());
 
     // The time for a wide line grows faster than the number of its vertices.

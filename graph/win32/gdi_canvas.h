@@ -11,6 +11,7 @@
 #include "toolkit/win32/win32.h"
 
 #include "graph/plot_canvas.h"
+#include "toolkit/win32/gdi.h"
 
 class cGdiCanvas : public cPlotCanvas
 {
@@ -18,9 +19,6 @@ public:
     // Labels use hFont, which must outlive the canvas, or the selected font for
     // null. The destructor restores the state of the context.
     cGdiCanvas(HDC hDc, HFONT hFont);
-    ~cGdiCanvas() override;
-    cGdiCanvas(const cGdiCanvas &)            = delete;
-    cGdiCanvas &operator=(const cGdiCanvas &) = delete;
 
     int  PixelsPerInchX() const override;
     int  PixelsPerInchY() const override;
@@ -37,8 +35,8 @@ public:
     void PopClip() override;
 
 private:
-    HDC m_hDc;
-    int m_nSaved;  // what the context had
+    HDC         m_hDc;
+    cStateGuard m_State;
 };
 
 #endif

@@ -61,7 +61,7 @@ void cGraphDialog::OnCommand(int nId, int nNotification)
 
 void cGraphDialog::DrawSample(const DRAWITEMSTRUCT &Item) const
 {
-    const cGdiObject<HBRUSH> Brush(CreateSolidBrush(SampleColour()));
+    const cGdiBrush Brush(CreateSolidBrush(SampleColour()));
     FillRect(Item.hDC, &Item.rcItem, Brush.Get());
 }
 

@@ -44,12 +44,12 @@ int DrawPicture(HBITMAP hBitmap, const cVantorBox &Box, int nWidth, int nHeight)
     return DrawPlot(LayOutPlot(Box, Target, Canvas), Box, &Canvas);
 }
 
-// Null if memory ran out and the user gave up.
-HBITMAP CreatePicture(int nWidth, int nHeight, cMessageBoxes *pBoxes)
+// Empty if memory is short and the user gave up.
+cGdiBitmap CreatePicture(int nWidth, int nHeight, cMessageBoxes *pBoxes)
 {
     const cWindowDc Screen(nullptr);
-    return AllocateWithRetry(pBoxes,
-                             [&] { return CreateCompatibleBitmap(Screen.Get(), nWidth, nHeight); });
+    return AllocateWithRetry(
+        pBoxes, [&] { return cGdiBitmap(CreateCompatibleBitmap(Screen.Get(), nWidth, nHeight)); });
 }
 
 int Write(HBITMAP hBitmap, eImageKind nKind, uint32_t nBits, const char *szName,
@@ -90,8 +90,8 @@ int ExportGraph(cVantorBox *pBox, eImageKind nKind, const char *szGraphFile)
     RemoveExtension(szName);
     if (pChoice->m_nWidth < 1 || pChoice->m_nHeight < 1)
         return ReportFailure(szName, pBoxes);
-    const cGdiBitmap Picture(CreatePicture(pChoice->m_nWidth, pChoice->m_nHeight, pBoxes));
-    if (!Picture.Get() || !DrawPicture(Picture.Get(), *pBox, pChoice->m_nWidth, pChoice->m_nHeight))
+    const cGdiBitmap Picture = CreatePicture(pChoice->m_nWidth, pChoice->m_nHeight, pBoxes);
+    if (!Picture || !DrawPicture(Picture.Get(), *pBox, pChoice->m_nWidth, pChoice->m_nHeight))
         return 0;
     if (!AskFileName(fnSave, kKinds[nKind].m_szFilter, nullptr, kKinds[nKind].m_szExtension, pBoxes,
                      szName))

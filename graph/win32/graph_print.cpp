@@ -10,14 +10,14 @@
 namespace
 {
 
-// The plot's font in the size that it has on the screen.
-HFONT MakeFont(const cVantorBox &Box, const cPaper &Paper)
+// The plot's font, in the same size as on the screen.
+cGdiFont MakeFont(const cVantorBox &Box, const cPaper &Paper)
 {
     LOGFONTA LogFont = Box.FontDescription();
     LogFont.lfHeight = -MulDiv(Box.FontTenths(), Paper.m_nDpiDown, kTenthsPerInch);
     LogFont.lfWidth  = 0;
     TurnFont(Paper, &LogFont);
-    return CreateFontIndirectA(&LogFont);
+    return cGdiFont(CreateFontIndirectA(&LogFont));
 }
 
 int DrawOn(cPlotCanvas *pCanvas, const cVantorBox &Box, const cRect &Room, int bTurned)
@@ -35,9 +35,9 @@ int DrawOn(cPlotCanvas *pCanvas, const cVantorBox &Box, const cRect &Room, int b
 int DrawGraphPage(HDC hDc, const cPaper &Upright, const cVantorBox &Box, const cPageChoice &Page)
 {
     const cPaper    Paper = Page.m_bTurned ? TurnPaper(Upright) : Upright;
-    const cGdiFont  Font(MakeFont(Box, Paper));
-    const cSheetBox Free = PlanSheetBox(Paper, Page.m_Margins);
-    const cRect     Room = {Free.m_nLeft, Free.m_nTop, Free.m_nRight, Free.m_nBottom};
+    const cGdiFont  Font  = MakeFont(Box, Paper);
+    const cSheetBox Free  = PlanSheetBox(Paper, Page.m_Margins);
+    const cRect     Room  = {Free.m_nLeft, Free.m_nTop, Free.m_nRight, Free.m_nBottom};
     if (Room.IsEmpty())
         return 1;
     cGdiCanvas Sheet(hDc, Font.Get());

@@ -56,10 +56,7 @@ void cReformatLineDialog::OnChangeLine()
     const cVantorDataSet *const pSet = FindLine(
         IDC_FORMATTED_LINE, "Program Error Code #31 in\ncVantorBox::OnReformatLineChangeLine()");
     if (!pSet)
-    {
-        Say("Program Error Code #31 in\ncVantorBox::OnReformatLineChangeLine()");
         return;
-    }
     const uint32_t nGraphType = DrawnType(*pSet);
     ShowColour(pSet->m_crColor);
     CheckRadioButton(m_hDialog, IDC_TYPE_PLOT, IDC_TYPE_STOOP,

@@ -60,8 +60,9 @@ cWindowClass cVantorBox::s_Class;
 
 cVantorBox::cVantorBox(cMessageBoxes *pBoxes)
     : cBaseWindow(pBoxes), cVantorPlot(pBoxes), m_LogFont(), m_nFontTenths(0), m_Legend(pBoxes),
-      m_bDrawn(0), m_bDraws(0), m_bWillDraw(0), m_Layout(), m_bLaidOut(0), m_bDragsLegend(0),
-      m_bReadsOut(0), m_Mouse(), m_bReadoutShown(0), m_Nearest(), m_ClassShare(&s_Class)
+      m_bDrawn(0), m_bDrawing(0), m_bPaintRequested(0), m_Layout(), m_bLaidOut(0),
+      m_bDraggingLegend(0), m_bReadingOut(0), m_Mouse(), m_bReadoutShown(0), m_Nearest(),
+      m_ClassShare(&s_Class)
 {
     m_dwStyle = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN;
 }
@@ -94,16 +95,12 @@ int cVantorBox::Create(cBaseWindow *pOwner, const cVantorBoxSettings &Settings, 
 
 HFONT cVantorBox::Font() const
 {
-    return m_Font ? m_Font->Get() : static_cast<HFONT>(GetStockObject(SYSTEM_FONT));
+    return m_Font ? m_Font.Get() : static_cast<HFONT>(GetStockObject(SYSTEM_FONT));
 }
 
 void cVantorBox::MakeFont(const cVantorBoxSettings &Settings)
 {
-    m_Font.reset();
-    if (!Settings.m_bSystemFont)
-        m_Font.reset(new (std::nothrow) cGdiFont(CreateFontIndirectA(&Settings.m_LogFont)));
-    if (m_Font && !m_Font->Get())
-        m_Font.reset();
+    m_Font.Reset(Settings.m_bSystemFont ? nullptr : CreateFontIndirectA(&Settings.m_LogFont));
     GetObjectA(Font(), sizeof m_LogFont, &m_LogFont);
 
     const cWindowDc Screen(nullptr);
@@ -124,7 +121,7 @@ cVantorBoxSettings cVantorBox::BoxSettings() const
     cVantorBoxSettings Settings;
     static_cast<cVantorPlotSettings &>(Settings) = cVantorPlot::Settings();
     Settings.m_LogFont                           = m_LogFont;
-    Settings.m_bSystemFont                       = m_Font == nullptr;
+    Settings.m_bSystemFont                       = !m_Font;
     return Settings;
 }
 
@@ -137,9 +134,9 @@ void cVantorBox::OnPlotChanged()
 {
     m_bLaidOut = 0;
     m_bDrawn   = 0;
-    if (!m_bWillDraw)
+    if (!m_bPaintRequested)
         InvalidateRect(m_hWnd, nullptr, FALSE);
-    m_bWillDraw = 1;
+    m_bPaintRequested = 1;
 }
 
 void cVantorBox::OnPointAdded(uint32_t nLine)
@@ -228,24 +225,24 @@ void cVantorBox::DrawIntoBuffer()
     const cPlotLayout &Present = Layout();
     cGdiCanvas         Canvas(m_Buffer.Dc(), Font());
     Canvas.FillBox(Target().m_Rect, Settings().m_crBackground);
-    m_bDraws = 1;
-    m_bDrawn = DrawPlot(Present, *this, &Canvas);
-    m_bDraws = 0;
+    m_bDrawing = 1;
+    m_bDrawn   = DrawPlot(Present, *this, &Canvas);
+    m_bDrawing = 0;
 }
 
 LRESULT cVantorBox::OnPaint(WPARAM, LPARAM)
 {
-    m_bWillDraw = 0;
-    Layout();  // may move the legend, which changes what is to be painted
-    PAINTSTRUCT Paint;
-    const HDC   hDc = BeginPaint(m_hWnd, &Paint);
-    if (!m_bDrawn && !m_bDraws)
-        DrawIntoBuffer();
-    m_Buffer.Show(hDc, Paint.rcPaint);
-    EndPaint(m_hWnd, &Paint);
+    m_bPaintRequested = 0;
+    Layout();  // may move the legend, which changes the invalid region
+    {
+        const cPaintDc Dc(m_hWnd);
+        if (!m_bDrawn && !m_bDrawing)
+            DrawIntoBuffer();
+        m_Buffer.Show(Dc.Get(), Dc.Part());
+    }
 
     EraseReadout();
-    if (m_bReadsOut)
+    if (m_bReadingOut)
     {
         FindReadout();
         const cWindowDc Dc(m_hWnd);
@@ -262,7 +259,7 @@ LRESULT cVantorBox::OnEraseBackground(WPARAM, LPARAM)
 
 LRESULT cVantorBox::OnSize(WPARAM, LPARAM lParam)
 {
-    m_bWillDraw = 0;  // what was asked for does not reach the new size
+    m_bPaintRequested = 0;  // an earlier request does not cover the new size
     SetClientSize(LOWORD(lParam), HIWORD(lParam));
     return 0;
 }
@@ -401,13 +398,13 @@ LRESULT cVantorBox::OnLButtonDown(WPARAM, LPARAM lParam)
     m_Mouse = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
     if (IsOnLegendBorder(m_Mouse.m_nY))
     {
-        m_bDragsLegend = 1;
+        m_bDraggingLegend = 1;
         SetCursor(LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_SIZENS)));
         SetCapture(m_hWnd);
     }
     else if (Count() > 0 && IsInPlot(Layout(), m_Mouse))
     {
-        m_bReadsOut = 1;
+        m_bReadingOut = 1;
         SetCapture(m_hWnd);
         UpdateWindow(m_hWnd);
         const cWindowDc Dc(m_hWnd);
@@ -420,9 +417,9 @@ LRESULT cVantorBox::OnLButtonDown(WPARAM, LPARAM lParam)
 LRESULT cVantorBox::OnMouseMove(WPARAM, LPARAM lParam)
 {
     const cPoint Mouse = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
-    if (m_bDragsLegend && Mouse.m_nY != Layout().m_Legend.m_nTop)
+    if (m_bDraggingLegend && Mouse.m_nY != Layout().m_Legend.m_nTop)
         DragLegendBorder(Mouse.m_nY);
-    else if (m_bReadsOut)
+    else if (m_bReadingOut)
     {
         m_Mouse = Mouse;
         UpdateWindow(m_hWnd);
@@ -436,15 +433,15 @@ LRESULT cVantorBox::OnMouseMove(WPARAM, LPARAM lParam)
 
 LRESULT cVantorBox::OnLButtonUp(WPARAM, LPARAM)
 {
-    if (m_bDragsLegend || m_bReadsOut)
+    if (m_bDraggingLegend || m_bReadingOut)
         ReleaseCapture();
     return 0;
 }
 
 LRESULT cVantorBox::OnCaptureChanged(WPARAM, LPARAM)
 {
-    m_bDragsLegend = 0;
-    m_bReadsOut    = 0;
+    m_bDraggingLegend = 0;
+    m_bReadingOut     = 0;
     EraseReadout();
     return 0;
 }
@@ -487,23 +484,21 @@ void cVantorBox::DrawReadout(HDC hDc)
 
 void cVantorBox::DrawCrossHair(HDC hDc) const
 {
-    const cRect &Plot  = m_Layout.m_Plot;
-    const cPoint At    = m_Nearest.m_Pixel;
-    const int    nSave = SaveDC(hDc);
-    {
-        const cGdiObject<HPEN> Pen(CreatePen(PS_SOLID, 1, Settings().m_crAxis));
-        const cSelectGuard     Selected(hDc, Pen.Get());
-        IntersectClipRect(hDc, Plot.m_nLeft, Plot.m_nTop, Plot.m_nRight, Plot.m_nBottom);
-        SetROP2(hDc, R2_NOTXORPEN);
-        MoveToEx(hDc, At.m_nX - kCrossHair, At.m_nY, nullptr);
-        LineTo(hDc, At.m_nX + kCrossHair + 1, At.m_nY);
-        MoveToEx(hDc, At.m_nX, At.m_nY - kCrossHair, nullptr);
-        LineTo(hDc, At.m_nX, At.m_nY + kCrossHair + 1);
-    }
-    RestoreDC(hDc, nSave);
+    const cRect       &Plot = m_Layout.m_Plot;
+    const cPoint       At   = m_Nearest.m_Pixel;
+    const cStateGuard  State(hDc);
+    const cGdiPen      Pen(CreatePen(PS_SOLID, 1, Settings().m_crAxis));
+    const cSelectGuard Selected(hDc, Pen.Get());
+    IntersectClipRect(hDc, Plot.m_nLeft, Plot.m_nTop, Plot.m_nRight, Plot.m_nBottom);
+    SetROP2(hDc, R2_NOTXORPEN);
+    // LineTo does not draw the last pixel.
+    MoveToEx(hDc, At.m_nX - kCrossHair, At.m_nY, nullptr);
+    LineTo(hDc, At.m_nX + kCrossHair + 1, At.m_nY);
+    MoveToEx(hDc, At.m_nX, At.m_nY - kCrossHair, nullptr);
+    LineTo(hDc, At.m_nX, At.m_nY + kCrossHair + 1);
 }
 
-// The picture without it comes back from the buffer.
+// Restores the plot under the readout from the buffer.
 void cVantorBox::EraseReadout()
 {
     if (!m_bReadoutShown)
@@ -520,8 +515,8 @@ void cVantorBox::EraseReadout()
 
 LRESULT cVantorBox::OnContextMenu(WPARAM, LPARAM lParam)
 {
-    const HMENU hMenu = LoadMenuA(ProgramInstance(), MAKEINTRESOURCEA(IDR_CONTEXT_MENU));
-    const HMENU hSub  = GetSubMenu(hMenu, 0);
+    const cMenu Menu(LoadMenuA(ProgramInstance(), MAKEINTRESOURCEA(IDR_CONTEXT_MENU)));
+    const HMENU hSub = GetSubMenu(Menu.Get(), 0);
     CheckItem(hSub, IDM_CONTEXT_AUTO_RANGE, !UserRange());
     POINT At = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
     if (At.x == -1 && At.y == -1)  // from the keyboard
@@ -530,7 +525,6 @@ LRESULT cVantorBox::OnContextMenu(WPARAM, LPARAM lParam)
         ClientToScreen(m_hWnd, &At);
     }
     TrackPopupMenu(hSub, TPM_RIGHTBUTTON, At.x, At.y, 0, m_hWnd, nullptr);
-    DestroyMenu(hMenu);
     return 0;
 }
 

@@ -6,8 +6,6 @@
 
 #include "toolkit/win32/win32.h"
 
-#include <memory>
-
 #include "graph/nearest_point.h"
 #include "graph/plot_layout.h"
 #include "graph/vantor_plot.h"
@@ -31,7 +29,10 @@ struct cVantorBoxSettings : cVantorPlotSettings
 class cLegendWindow : public cListBox
 {
 public:
-    explicit cLegendWindow(cMessageBoxes *pBoxes) : cListBox(pBoxes) { m_dwStyle &= ~WS_HSCROLL; }
+    explicit cLegendWindow(cMessageBoxes *pBoxes) : cListBox(pBoxes)
+    {
+        m_dwStyle &= ~static_cast<DWORD>(WS_HSCROLL);
+    }
 };
 
 class cVantorBox : public cBaseWindow, public cVantorPlot
@@ -112,24 +113,24 @@ private:
     void DrawCrossHair(HDC hDc) const;
     void EraseReadout();
 
-    LOGFONTA                  m_LogFont;
-    std::unique_ptr<cGdiFont> m_Font;  // null: the stock SYSTEM_FONT
-    int                       m_nFontTenths;
-    cLegendWindow             m_Legend;  // one row for each data line
-    cBackBuffer               m_Buffer;
-    int                       m_bDrawn;     // the buffer holds the present plot
-    int                       m_bDraws;     // it is being drawn
-    int                       m_bWillDraw;  // the platform has been asked for a WM_PAINT
-    cPlotLayout               m_Layout;
-    int                       m_bLaidOut;      // m_Layout is that of the present plot
-    int                       m_bDragsLegend;  // the mouse has the legend's upper border
-    int                       m_bReadsOut;     // the button is held over the plot
-    cPoint                    m_Mouse;         // where, then
-    int                       m_bReadoutShown;
-    cNearestPoint             m_Nearest;  // the point that is shown
-    cImageChoice              m_Images;
-    cPageChoice               m_Page;
-    cWindowClassShare         m_ClassShare;
+    LOGFONTA          m_LogFont;
+    cGdiFont          m_Font;  // empty: the stock SYSTEM_FONT
+    int               m_nFontTenths;
+    cLegendWindow     m_Legend;  // one row for each data line
+    cBackBuffer       m_Buffer;
+    int               m_bDrawn;           // the buffer contains the current plot
+    int               m_bDrawing;         // the plot is being drawn into the buffer
+    int               m_bPaintRequested;  // the platform will send WM_PAINT
+    cPlotLayout       m_Layout;
+    int               m_bLaidOut;         // m_Layout is that of the current plot
+    int               m_bDraggingLegend;  // the mouse drags the legend's upper border
+    int               m_bReadingOut;      // the mouse button is held down over the plot
+    cPoint            m_Mouse;            // its position then
+    int               m_bReadoutShown;
+    cNearestPoint     m_Nearest;  // the point of the readout
+    cImageChoice      m_Images;
+    cPageChoice       m_Page;
+    cWindowClassShare m_ClassShare;
 };
 
 #endif

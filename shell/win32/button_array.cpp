@@ -222,24 +222,31 @@ void cButtonArray::PaintSwitch(HDC hDc, unsigned nSwitch, int nPosition)
     PaintStrip(hDc, Rect, m_hSwitchBitmap, nStrip, nFrame * Height(Rect));
 }
 
+void cButtonArray::PaintPart(HDC hDc, const RECT &Part)
+{
+    const cPaletteGuard Colours(hDc, m_hPalette);
+    RECT                Common;
+    PaintFace(hDc);
+    for (unsigned i = 0; i < m_KeyRects.Count(); i++)
+        if (IntersectRect(&Common, m_KeyRects.At(i), &Part))
+            PaintKey(hDc, i, 0);
+    for (unsigned i = 0; i < m_SwitchRects.Count(); i++)
+        if (IntersectRect(&Common, m_SwitchRects.At(i), &Part))
+            PaintSwitch(hDc, i, m_SwitchPos[i]);
+}
+
+// The display is drawn on top of the finished face.
 LRESULT cButtonArray::OnPaint(WPARAM, LPARAM)
 {
-    PAINTSTRUCT Paint;
-    const HDC   hDc = BeginPaint(m_hWnd, &Paint);
-    RECT        Common;
+    RECT Part = {};
     {
-        const cPaletteGuard Colours(hDc, m_hPalette);
-        PaintFace(hDc);
-        for (unsigned i = 0; i < m_KeyRects.Count(); i++)
-            if (IntersectRect(&Common, m_KeyRects.At(i), &Paint.rcPaint))
-                PaintKey(hDc, i, 0);
-        for (unsigned i = 0; i < m_SwitchRects.Count(); i++)
-            if (IntersectRect(&Common, m_SwitchRects.At(i), &Paint.rcPaint))
-                PaintSwitch(hDc, i, m_SwitchPos[i]);
+        const cPaintDc Dc(m_hWnd);
+        Part = Dc.Part();
+        PaintPart(Dc.Get(), Part);
     }
-    EndPaint(m_hWnd, &Paint);
+    RECT Common;
     for (unsigned i = 0; i < m_DisplayRects.Count(); i++)
-        if (IntersectRect(&Common, m_DisplayRects.At(i), &Paint.rcPaint))
+        if (IntersectRect(&Common, m_DisplayRects.At(i), &Part))
         {
             Fire(kSlotDisplay, &Common);
             break;

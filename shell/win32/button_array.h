@@ -77,6 +77,7 @@ private:
     int  FindThumb(POINT At) const;
     RECT ThumbRect(unsigned nSwitch) const;
     int  Travel(unsigned nSwitch) const;
+    void PaintPart(HDC hDc, const RECT &Part);
     void PaintFace(HDC hDc);
     void PaintKey(HDC hDc, unsigned nKey, int bPressed);
     void PaintSwitch(HDC hDc, unsigned nSwitch, int nPosition);

@@ -41,14 +41,15 @@ void cVorstek::DrawDisplay(const cDisplay &Display)
     for (int i = 0; i < Display.m_nLines; i++)
     {
         const cDisplayLine &Line = Display.m_Lines[i];
-        const cSelectGuard  Font(Dc.Get(), Line.m_nFont == dfLarge ? m_hLargeFont : m_hSmallFont);
+        const cGdiFont     &Font = Line.m_nFont == dfLarge ? m_hLargeFont : m_hSmallFont;
+        const cSelectGuard  Selected(Dc.Get(), Font.Get());
         TextOutA(Dc.Get(), nLeft + Line.m_nLeft, nTop + Line.m_nTop, Line.m_szText,
                  lstrlenA(Line.m_szText));
-// Deliberately offset by the border metrics, unlike the texts: this decides what a
-// longer layout leaves visible.
     }
 }
 
+// Deliberately offset by the border metrics, unlike the texts: this decides what a
+// longer layout leaves visible.
 void cVorstek::BlankDisplay()
 {
     if (!m_hWnd)

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 #include "resources/resource.h"
 #include "shell/window_layout.h"
@@ -60,24 +61,14 @@ cVorstek::cVorstek()
       m_StatusBar(this), m_ListingBox(this), m_RegistersBox(this), m_ListingLines(&m_ListingBox),
       m_RegistersLines(&m_RegistersBox), m_Keypad(this), m_Graph(this, this),
       m_nListingWidth(kListingWidth), m_nRegistersWidth(kRegistersWidth), m_nFaceOffset(0),
-      m_hAccelerators(nullptr), m_hFaceBitmap(nullptr), m_hKeyBitmap(nullptr),
-      m_hSwitchBitmap(nullptr), m_hFacePalette(nullptr), m_hLargeFont(nullptr),
-      m_hSmallFont(nullptr), m_bFonts(0), m_bSizeLater(0), m_hHelpWnd(nullptr), m_dwLastDrain(0),
+      m_hAccelerators(nullptr), m_bFonts(0), m_bSizeLater(0), m_hHelpWnd(nullptr), m_dwLastDrain(0),
       m_ClassShare(&s_Class)
 {
     m_dwStyle   = WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX;
     m_dwExStyle = WS_EX_CONTROLPARENT;
 }
 
-cVorstek::~cVorstek()
-{
-    for (const HGDIOBJ hObject :
-         {static_cast<HGDIOBJ>(m_hFaceBitmap), static_cast<HGDIOBJ>(m_hKeyBitmap),
-          static_cast<HGDIOBJ>(m_hSwitchBitmap), static_cast<HGDIOBJ>(m_hFacePalette),
-          static_cast<HGDIOBJ>(m_hLargeFont), static_cast<HGDIOBJ>(m_hSmallFont)})
-        if (hObject)
-            DeleteObject(hObject);
-}
+cVorstek::~cVorstek() = default;
 
 const char *cVorstek::GetClassName() const
 {
@@ -226,23 +217,20 @@ int cVorstek::CreateBoxes()
 // The three pictures share the face's palette.
 int cVorstek::CreateKeypad()
 {
-    HPALETTE hKeyPalette    = nullptr;
-    HPALETTE hSwitchPalette = nullptr;
+    cGdiPalette Unused;
     LoadPaletteBitmap(IDB_FACE, &m_hFaceBitmap, &m_hFacePalette);
-    LoadPaletteBitmap(IDB_KEYS, &m_hKeyBitmap, &hKeyPalette);
-    LoadPaletteBitmap(IDB_SWITCHES, &m_hSwitchBitmap, &hSwitchPalette);
-    DeleteObject(hKeyPalette);
-    DeleteObject(hSwitchPalette);
+    LoadPaletteBitmap(IDB_KEYS, &m_hKeyBitmap, &Unused);
+    LoadPaletteBitmap(IDB_SWITCHES, &m_hSwitchBitmap, &Unused);
 
-    return m_Keypad.Create(this, 0, 0, 0, 0, m_hFaceBitmap, m_hFacePalette, 0, m_nFaceOffset, 0, 0,
-                           WS_VISIBLE, IDC_KEYPAD) &&
+    return m_Keypad.Create(this, 0, 0, 0, 0, m_hFaceBitmap.Get(), m_hFacePalette.Get(), 0,
+                           m_nFaceOffset, 0, 0, WS_VISIBLE, IDC_KEYPAD) &&
            AddKeys() && Listen(kSlotKey, OnKeyEvent) && Listen(kSlotDisplay, OnDisplayUncovered);
 }
 
 int cVorstek::AddKeys()
 {
-    m_Keypad.SetKeyBitmap(m_hKeyBitmap);
-    m_Keypad.SetSwitchBitmap(m_hSwitchBitmap, kSwitchFrames);
+    m_Keypad.SetKeyBitmap(m_hKeyBitmap.Get());
+    m_Keypad.SetSwitchBitmap(m_hSwitchBitmap.Get(), kSwitchFrames);
     for (const cFaceRect &Key : kKeyRects)
         if (!m_Keypad.AddKey(Key.m_nLeft, Key.m_nTop - m_nFaceOffset, Key.m_nWidth, Key.m_nHeight))
             return 0;
@@ -281,35 +269,30 @@ void cVorstek::OnDisplayUncovered(void *pTarget, cCallbackObj *, void *, uintptr
     static_cast<cVorstek *>(pTarget)->PaintDisplay();
 }
 
-// A missing face is replaced by the platform without a word, so the face that
-// was got is compared. Null if it is another one.
-static HFONT CreateExactFont(const char *szFace, int nHeight)
+static cGdiFont CreateFixedFont(const char *szFace, int nHeight)
 {
-    const HFONT hFont =
-        CreateFontA(nHeight, 0, 0, 0, FW_NORMAL, 0, 0, 0, ANSI_CHARSET, OUT_DEFAULT_PRECIS,
-                    CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN, szFace);
-    char szGot[LF_FACESIZE] = "";
-    {
-        const cWindowDc    Screen(nullptr);
-        const cSelectGuard Selected(Screen.Get(), hFont);
-        GetTextFaceA(Screen.Get(), sizeof szGot, szGot);
-    }
-    if (lstrcmpiA(szFace, szGot) == 0)
-        return hFont;
-    DeleteObject(hFont);
-    return nullptr;
+    return cGdiFont(CreateFontA(nHeight, 0, 0, 0, FW_NORMAL, 0, 0, 0, ANSI_CHARSET,
+                                OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
+                                FIXED_PITCH | FF_MODERN, szFace));
 }
 
-HFONT cVorstek::CreateDisplayFont(int nPointSize)
+// The platform silently substitutes a missing face.
+static int HasFace(const cGdiFont &Font, const char *szFace)
 {
-    const cWindowDc Screen(nullptr);
-    const int       nHeight = -MulDiv(nPointSize, GetDeviceCaps(Screen.Get(), LOGPIXELSY), 72);
-    const HFONT     hFont   = CreateExactFont("Lucida Console", nHeight);
-    if (hFont)
-        return hFont;
-    return CreateFontA(nHeight, 0, 0, 0, FW_NORMAL, 0, 0, 0, ANSI_CHARSET, OUT_DEFAULT_PRECIS,
-                       CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN,
-                       "Courier New");
+    char               szSelected[LF_FACESIZE] = "";
+    const cWindowDc    Screen(nullptr);
+    const cSelectGuard Selected(Screen.Get(), Font.Get());
+    GetTextFaceA(Screen.Get(), sizeof szSelected, szSelected);
+    return lstrcmpiA(szFace, szSelected) == 0;
+}
+
+static cGdiFont CreateDisplayFont(int nPointSize)
+{
+    const char *const szFace = "Lucida Console";
+    const cWindowDc   Screen(nullptr);
+    const int         nHeight = -MulDiv(nPointSize, GetDeviceCaps(Screen.Get(), LOGPIXELSY), 72);
+    cGdiFont          Font    = CreateFixedFont(szFace, nHeight);
+    return HasFace(Font, szFace) ? std::move(Font) : CreateFixedFont("Courier New", nHeight);
 }
 
 void cVorstek::CreateFonts()
@@ -493,12 +476,8 @@ LRESULT cVorstek::OnKillFocus(WPARAM wParam, LPARAM)
 
 LRESULT cVorstek::OnPaint(WPARAM, LPARAM)
 {
-    PAINTSTRUCT Paint;
-    const HDC   hDc = BeginPaint(m_hWnd, &Paint);
-    {
-        const cPaletteGuard Colours(hDc, m_hFacePalette);
-    }
-    EndPaint(m_hWnd, &Paint);
+    const cPaintDc      Dc(m_hWnd);
+    const cPaletteGuard Colours(Dc.Get(), m_hFacePalette.Get());
     return 0;
 }
 
@@ -583,7 +562,7 @@ LRESULT cVorstek::OnQueryNewPalette(WPARAM, LPARAM)
     if (!m_hFacePalette)
         return 0;
     const cWindowDc     Dc(m_hWnd);
-    const cPaletteGuard Colours(Dc.Get(), m_hFacePalette);
+    const cPaletteGuard Colours(Dc.Get(), m_hFacePalette.Get());
     InvalidateRect(m_hWnd, nullptr, TRUE);
     return 1;
 }
@@ -593,7 +572,7 @@ LRESULT cVorstek::OnPaletteChanged(WPARAM wParam, LPARAM)
     if (!m_hFacePalette || reinterpret_cast<HWND>(wParam) == m_hWnd)
         return 0;
     const cWindowDc     Dc(m_hWnd);
-    const cPaletteGuard Colours(Dc.Get(), m_hFacePalette);
+    const cPaletteGuard Colours(Dc.Get(), m_hFacePalette.Get());
     UpdateColors(Dc.Get());
     return 0;
 }

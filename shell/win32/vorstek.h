@@ -15,6 +15,7 @@
 #include "toolkit/win32/base_window.h"
 #include "toolkit/win32/command_table.h"
 #include "toolkit/win32/edit_box.h"
+#include "toolkit/win32/gdi.h"
 #include "toolkit/win32/message_table.h"
 #include "toolkit/win32/status_bar.h"
 #include "toolkit/win32/tool_bar.h"
@@ -66,16 +67,15 @@ private:
     static LRESULT CALLBACK  WindowProc(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam);
 
     // --- creation, step by step
-    int          CreateMainWindow();
-    int          CreateBars();
-    int          CreateBoxes();
-    int          CreateBox(cEditBox *pBox, uint32_t nId);
-    int          CreateKeypad();
-    int          CreateGraph();
-    int          AddKeys();
-    int          Listen(uint32_t nSlot, cCallbackRec::cMemberCall pfnMember);
-    void         CreateFonts();
-    static HFONT CreateDisplayFont(int nPointSize);
+    int  CreateMainWindow();
+    int  CreateBars();
+    int  CreateBoxes();
+    int  CreateBox(cEditBox *pBox, uint32_t nId);
+    int  CreateKeypad();
+    int  CreateGraph();
+    int  AddKeys();
+    int  Listen(uint32_t nSlot, cCallbackRec::cMemberCall pfnMember);
+    void CreateFonts();
 
     // --- layout
     cWindowParts Parts() const;
@@ -151,20 +151,20 @@ private:
     cButtonArray m_Keypad;
     cVantor      m_Graph;
 
-    int      m_nListingWidth;
-    int      m_nRegistersWidth;
-    int      m_nFaceOffset;  // rows of the face that a low screen hides
-    HACCEL   m_hAccelerators;
-    HBITMAP  m_hFaceBitmap;
-    HBITMAP  m_hKeyBitmap;
-    HBITMAP  m_hSwitchBitmap;
-    HPALETTE m_hFacePalette;
-    HFONT    m_hLargeFont;
-    HFONT    m_hSmallFont;
-    int      m_bFonts;      // the fonts have been looked for
-    int      m_bSizeLater;  // the size changed while the window was minimised
-    HWND     m_hHelpWnd;    // null while no help is open
-    DWORD    m_dwLastDrain;
+    int         m_nListingWidth;
+    int         m_nRegistersWidth;
+    int         m_nFaceOffset;  // number of rows of the face hidden on a low screen
+    HACCEL      m_hAccelerators;
+    cGdiBitmap  m_hFaceBitmap;
+    cGdiBitmap  m_hKeyBitmap;
+    cGdiBitmap  m_hSwitchBitmap;
+    cGdiPalette m_hFacePalette;
+    cGdiFont    m_hLargeFont;
+    cGdiFont    m_hSmallFont;
+    int         m_bFonts;       // CreateFonts has been called
+    int         m_bSizeLater;   // boxes were shown or hidden while the window was minimised
+    HWND        m_hHelpWnd;     // null while no help is open
+    DWORD       m_dwLastDrain;  // tick count in milliseconds
 
     cWindowClassShare m_ClassShare;
 };

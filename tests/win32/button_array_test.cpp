@@ -5,6 +5,7 @@
 #include <functional>
 #include <new>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <doctest/doctest.h>
@@ -138,7 +139,7 @@ struct cEmptyRig : cFrameRig
     }
 
     // The events since the last call.
-    cEvents Told() { return std::move(m_Events); }
+    cEvents TakeEvents() { return std::exchange(m_Events, {}); }
 
     int HasMouse() const { return GetCapture() == m_Keypad.Window(); }
 
@@ -235,8 +236,8 @@ TEST_CASE("a keypad whose class cannot be registered is reported")
 
 TEST_CASE("a keypad does not delete bitmaps and palette")
 {
-    cMarkedBitmap              Face(kFaceMark, 10, 10);
-    const cGdiObject<HPALETTE> Palette(CreateHalftonePalette(nullptr));
+    cMarkedBitmap     Face(kFaceMark, 10, 10);
+    const cGdiPalette Palette(CreateHalftonePalette(nullptr));
     {
         cFrameRig    Rig;
         cButtonArray Keypad(&Rig.m_Boxes);
@@ -376,7 +377,7 @@ TEST_CASE("only keys and switches in the invalid part are painted")
     CHECK(Rig.Shown(10, 60) == "key 0,0");
 
     Rig.Release(10, 60);
-    CHECK(Rig.Told() == cEvents{{1, 1}, {1, 0}});
+    CHECK(Rig.TakeEvents() == cEvents{{1, 1}, {1, 0}});
 }
 
 TEST_CASE("the uncovered part of the first display rectangle is reported, and no other")
@@ -395,7 +396,7 @@ TEST_CASE("the uncovered part of the first display rectangle is reported, and no
     CHECK(Rig.m_Uncovered == std::vector<std::string>{"120,5 to 150,25"});
     Rig.Paint({0, 25, 190, 120});
     CHECK(Rig.m_Uncovered.empty());
-    CHECK(Rig.Told().empty());
+    CHECK(Rig.TakeEvents().empty());
 }
 
 TEST_CASE("the face is painted before the display is drawn")
@@ -448,7 +449,7 @@ TEST_CASE("pressing and releasing a key are reported after the key is drawn")
     Rig.Move(112, 66);
     Rig.Release(112, 66);
 
-    CHECK(Rig.Told() == cEvents{{3, 1}, {3, 0}});
+    CHECK(Rig.TakeEvents() == cEvents{{3, 1}, {3, 0}});
     CHECK(Seen == std::vector<std::string>{"key 70,12", "key 70,0"});
     CHECK_FALSE(Rig.HasMouse());
 }
@@ -473,7 +474,7 @@ TEST_CASE("a key includes its left and top edges, but not its right and bottom o
     {
         Rig.Press(Row.x, Row.y);
         Rig.Release(Row.x, Row.y);
-        CHECK(Rig.Told() == Row.m_Told);
+        CHECK(Rig.TakeEvents() == Row.m_Told);
     }
 }
 
@@ -483,13 +484,13 @@ TEST_CASE("leaving a key releases it, and returning does not press it again")
 
     Rig.Press(10, 60);
     Rig.Move(40, 60);
-    CHECK(Rig.Told() == cEvents{{1, 1}, {1, 0}});
+    CHECK(Rig.TakeEvents() == cEvents{{1, 1}, {1, 0}});
     CHECK(Rig.Shown(10, 60) == "key 0,0");
     CHECK_FALSE(Rig.HasMouse());
 
     Rig.Move(20, 65);
     Rig.Release(20, 65);
-    CHECK(Rig.Told().empty());
+    CHECK(Rig.TakeEvents().empty());
     CHECK(Rig.Shown(10, 60) == "key 0,0");
 }
 
@@ -501,7 +502,7 @@ TEST_CASE("leaving the window releases a key")
     Rig.Press(3, 3);
     Rig.Move(-1, 3);
 
-    CHECK(Rig.Told() == cEvents{{4, 1}, {4, 0}});
+    CHECK(Rig.TakeEvents() == cEvents{{4, 1}, {4, 0}});
 }
 
 TEST_CASE("of overlapping keys the first one is pressed, and a key rather than a switch")
@@ -514,7 +515,7 @@ TEST_CASE("of overlapping keys the first one is pressed, and a key rather than a
     Rig.Press(15, 35);
     Rig.Release(15, 35);
 
-    CHECK(Rig.Told() == cEvents{{1, 1}, {1, 0}, {4, 1}, {4, 0}});
+    CHECK(Rig.TakeEvents() == cEvents{{1, 1}, {1, 0}, {4, 1}, {4, 0}});
 }
 
 TEST_CASE("moving the mouse over the face without pressing a key has no effect")
@@ -528,7 +529,7 @@ TEST_CASE("moving the mouse over the face without pressing a key has no effect")
     Rig.Move(15, 35);
     Rig.Release(15, 35);
 
-    CHECK(Rig.Told().empty());
+    CHECK(Rig.TakeEvents().empty());
     CHECK_FALSE(Rig.HasMouse());
     CHECK(Rig.Shown(10, 60) == "key 0,0");
 }
@@ -579,18 +580,18 @@ TEST_CASE("a switch changes when its thumb crosses the middle, exactly half coun
     CHECK(Rig.HasMouse());
     Rig.Move(20, 35);
     Rig.Move(21, 35);  // 6 of 12 pixels
-    CHECK(Rig.Told().empty());
+    CHECK(Rig.TakeEvents().empty());
     Rig.Move(22, 35);
-    CHECK(Rig.Told() == cEvents{{kFirstSwitch, 1}});
+    CHECK(Rig.TakeEvents() == cEvents{{kFirstSwitch, 1}});
     Rig.Move(27, 35);
     Rig.Move(23, 35);
     Rig.Move(45, 35);
-    CHECK(Rig.Told().empty());
+    CHECK(Rig.TakeEvents().empty());
     Rig.Move(21, 35);
-    CHECK(Rig.Told() == cEvents{{kFirstSwitch, 0}});
+    CHECK(Rig.TakeEvents() == cEvents{{kFirstSwitch, 0}});
     Rig.Move(10, 35);
     Rig.Release(10, 35);
-    CHECK(Rig.Told().empty());
+    CHECK(Rig.TakeEvents().empty());
     CHECK_FALSE(Rig.HasMouse());
 }
 
@@ -601,17 +602,17 @@ TEST_CASE("a switch that starts at its right end is grabbed there")
     Rig.Press(71, 35);  // left of the thumb
     Rig.Move(61, 35);
     Rig.Release(61, 35);
-    CHECK(Rig.Told().empty());
+    CHECK(Rig.TakeEvents().empty());
 
     Rig.Press(72, 35);
     Rig.Move(60, 35);
-    CHECK(Rig.Told() == cEvents{{kSecondSwitch, 0}});
+    CHECK(Rig.TakeEvents() == cEvents{{kSecondSwitch, 0}});
     CHECK(Rig.Shown(60, 30) == "switch 36,0");
     Rig.Release(60, 35);
     Rig.Press(83, 35);
     Rig.Move(95, 35);
     Rig.Release(95, 35);
-    CHECK(Rig.Told() == cEvents{{kSecondSwitch, 1}});
+    CHECK(Rig.TakeEvents() == cEvents{{kSecondSwitch, 1}});
 }
 
 TEST_CASE("a thumb is narrower than its switch, and starts at the left if it would not fit")
@@ -637,7 +638,7 @@ TEST_CASE("a thumb is narrower than its switch, and starts at the left if it wou
             CHECK(Rig.HasMouse() == (x >= Row.m_nFirst && x <= Row.m_nLast));
             Rig.Release(10 + x, 35);
         }
-        CHECK(Rig.Told().empty());
+        CHECK(Rig.TakeEvents().empty());
     }
 }
 
@@ -647,22 +648,22 @@ TEST_CASE("leaving a switch ends the drag at the current position of the thumb")
 
     Rig.Press(15, 35);
     Rig.Move(46, 35);  // past the right end, in one move
-    CHECK(Rig.Told() == cEvents{{kFirstSwitch, 1}});
+    CHECK(Rig.TakeEvents() == cEvents{{kFirstSwitch, 1}});
     CHECK_FALSE(Rig.HasMouse());
     CHECK(Rig.Shown(10, 30) == "switch 0,168");
     Rig.Move(15, 35);
-    CHECK(Rig.Told().empty());
+    CHECK(Rig.TakeEvents().empty());
 
     Rig.Press(25, 35);
     Rig.Move(22, 44);  // below it, on the same side
     CHECK_FALSE(Rig.HasMouse());
     Rig.Move(12, 35);
     Rig.Release(12, 35);
-    CHECK(Rig.Told().empty());
+    CHECK(Rig.TakeEvents().empty());
 
     Rig.Press(25, 35);
     Rig.Move(-5, -5);  // out of the window
-    CHECK(Rig.Told() == cEvents{{kFirstSwitch, 0}});
+    CHECK(Rig.TakeEvents() == cEvents{{kFirstSwitch, 0}});
     CHECK(Rig.Shown(10, 30) == "switch 0,0");
 }
 
@@ -682,7 +683,7 @@ TEST_CASE("a dropped thumb stays where it is until the next paint")
 
     Rig.Paint({10, 30, 11, 31});
     CHECK(Rig.Shown(10, 30) == "switch 0,0");
-    CHECK(Rig.Told().empty());
+    CHECK(Rig.TakeEvents().empty());
 }
 
 TEST_CASE("a keypad has at most 10 switches")
@@ -699,7 +700,7 @@ TEST_CASE("a keypad has at most 10 switches")
     CHECK_FALSE(Rig.HasMouse());
     Rig.Press(15, 95);
     Rig.Move(25, 95);
-    CHECK(Rig.Told() == cEvents{{11, 1}});
+    CHECK(Rig.TakeEvents() == cEvents{{11, 1}});
 }
 
 // --- other messages
@@ -713,7 +714,7 @@ TEST_CASE("a keypad ignores requests to close and commands")
 
     CHECK(IsWindow(Rig.m_Keypad.Window()));
     CHECK(Rig.m_Frame.m_Commands.empty());
-    CHECK(Rig.Told().empty());
+    CHECK(Rig.TakeEvents().empty());
 }
 
 TEST_CASE("labels in a keypad are grey on white")

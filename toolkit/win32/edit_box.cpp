@@ -6,9 +6,9 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <utility>
 
 #include "toolkit/highlight_scroll.h"
-#include "toolkit/win32/gdi.h"
 #include "toolkit/win32/page_setup.h"
 #include "toolkit/win32/text_printer.h"
 
@@ -70,25 +70,24 @@ int ScreenDpi()
 }  // namespace
 
 cEditBox::cEditBox(cMessageBoxes *pBoxes)
-    : cBaseWindow(pBoxes), m_hFont(nullptr), m_LogFont(), m_nPointSize(0),
+    : cBaseWindow(pBoxes), m_LogFont(), m_nPointSize(0),
       m_crText(RGB(0, 0, 0)), m_Margins{kDefaultMargin, kDefaultMargin, kDefaultMargin,
                                         kDefaultMargin},
-      m_bLandscape(0), m_bRich(0), m_bPlainTextMode(0), m_hRichLib(nullptr), m_bRichScrollOk(0)
+      m_bLandscape(0), m_bRich(0), m_bPlainTextMode(0), m_bRichScrollOk(0)
 {
     m_dwStyle = WS_CHILD | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL;
     m_dwExStyle = WS_EX_CLIENTEDGE;
 
     LOGFONTA System = {};
     GetObjectA(GetStockObject(SYSTEM_FONT), sizeof System, &System);
-    TakeFont(System);
+    UseFont(System);
 }
 
 // The library of a window that still exists stays loaded.
 cEditBox::~cEditBox()
 {
-    if (m_hRichLib && !IsWindow(m_hWnd))
-        FreeLibrary(m_hRichLib);
-    DeleteObject(m_hFont);
+    if (IsWindow(m_hWnd))
+        m_hRichLib.Release();
 }
 
 const char *cEditBox::GetClassName() const
@@ -109,13 +108,13 @@ int cEditBox::Create(cBaseWindow *pOwner, int nX, int nY, int nWidth, int nHeigh
     SendMessageA(m_hWnd, EM_LIMITTEXT, nTextLimit, 0);
     if (m_bRich)
         SetUpRichText();
-    SendMessageA(m_hWnd, WM_SETFONT, reinterpret_cast<WPARAM>(m_hFont), FALSE);
+    SendMessageA(m_hWnd, WM_SETFONT, reinterpret_cast<WPARAM>(m_hFont.Get()), FALSE);
     return 1;
 }
 
 int cEditBox::LoadRichLibrary()
 {
-    m_hRichLib = LoadLibraryA(kRichLibrary);
+    m_hRichLib.Reset(LoadLibraryA(kRichLibrary));
     if (!m_hRichLib)
     {
         m_pBoxes->Ask(kRichLibraryFailure, nullptr, bnOk, icError);
@@ -176,22 +175,22 @@ int cEditBox::SetFont(const char *szFace, int nPointSize, unsigned nStyles)
         LogFont.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
     snprintf(LogFont.lfFaceName, sizeof LogFont.lfFaceName, "%s", szFace);
 
-    if (!TakeFont(LogFont))
+    if (!UseFont(LogFont))
         return 0;
     m_nPointSize = nPointSize;
     return 1;
 }
 
-// Makes the font of this description the box's own.
-int cEditBox::TakeFont(const LOGFONTA &LogFont)
+// Creates and sets a font. The old one is deleted only after the control has the
+// new one.
+int cEditBox::UseFont(const LOGFONTA &LogFont)
 {
-    const HFONT hFont = CreateFontIndirectA(&LogFont);
-    if (!hFont)
+    cGdiFont Font(CreateFontIndirectA(&LogFont));
+    if (!Font)
         return 0;
     if (m_bCreated)
-        SendMessageA(m_hWnd, WM_SETFONT, reinterpret_cast<WPARAM>(hFont), TRUE);
-    DeleteObject(m_hFont);
-    m_hFont      = hFont;
+        SendMessageA(m_hWnd, WM_SETFONT, reinterpret_cast<WPARAM>(Font.Get()), TRUE);
+    m_hFont      = std::move(Font);
     m_LogFont    = LogFont;
     m_nPointSize = static_cast<int>(std::abs(LogFont.lfHeight)) * kTenthsPerInch / ScreenDpi();
     return 1;

@@ -13,6 +13,8 @@
 
 #include "toolkit/page_margins.h"
 #include "toolkit/win32/base_window.h"
+#include "toolkit/win32/gdi.h"
+#include "toolkit/win32/owned_handle.h"
 
 // Styles of SetFont, combined with |.
 const unsigned kFontBold       = 1;
@@ -104,7 +106,7 @@ private:
     int  LoadRichLibrary();
     int  IsRichScrollOk() const;
     void SetUpRichText();
-    int  TakeFont(const LOGFONTA &LogFont);
+    int  UseFont(const LOGFONTA &LogFont);
     int  LineStart(int nLine) const;
     int  TextEnd() const;
     int  FirstVisibleLine() const;
@@ -113,7 +115,7 @@ private:
     int  ScrollsByLines() const;
     void ScrollTo(int nCharacters, int nFirstLine);
 
-    HFONT        m_hFont;
+    cGdiFont     m_hFont;
     LOGFONTA     m_LogFont;     // describes m_hFont
     int          m_nPointSize;  // tenths of a point
     COLORREF     m_crText;
@@ -121,8 +123,8 @@ private:
     int          m_bLandscape;      // the text is printed along the longer side
     uint32_t     m_bRich;           // a rich-edit control
     uint32_t     m_bPlainTextMode;  // of a rich-edit control
-    HMODULE      m_hRichLib;
-    uint32_t     m_bRichScrollOk;  // a rich-edit control scrolls by lines
+    cModule      m_hRichLib;
+    uint32_t     m_bRichScrollOk;  // the rich-edit control can scroll by lines
 };
 
 #endif

@@ -10,59 +10,33 @@
 
 #include "toolkit/win32/win32.h"
 
+#include "toolkit/win32/owned_handle.h"
+
 // A font, pen, brush, bitmap or palette.
-template <class cHandle> class cGdiObject
+struct cFreeGdiObject
 {
-public:
-    // hObject may be null, as after a failed creation.
-    explicit cGdiObject(cHandle hObject) : m_hObject(hObject) {}
-    ~cGdiObject()
-    {
-        if (m_hObject)
-            DeleteObject(m_hObject);
-    }
-    cGdiObject(const cGdiObject &)            = delete;
-    cGdiObject &operator=(const cGdiObject &) = delete;
-
-    cHandle Get() const { return m_hObject; }
-
-private:
-    cHandle m_hObject;
+    static void Free(HGDIOBJ hObject) { DeleteObject(hObject); }
 };
+template <class cHandle> using cGdiObject = cOwnedHandle<cHandle, cFreeGdiObject>;
 
-using cGdiFont   = cGdiObject<HFONT>;
-using cGdiBitmap = cGdiObject<HBITMAP>;
+using cGdiBitmap  = cGdiObject<HBITMAP>;
+using cGdiBrush   = cGdiObject<HBRUSH>;
+using cGdiFont    = cGdiObject<HFONT>;
+using cGdiPalette = cGdiObject<HPALETTE>;
+using cGdiPen     = cGdiObject<HPEN>;
 
-// Selects an object and puts the former one back at the end of the scope.
-class cSelectGuard
+// A device context that the program has created, in memory or for a printer.
+struct cFreeDc
 {
-public:
-    cSelectGuard(HDC hDc, HGDIOBJ hObject) : m_hDc(hDc), m_hFormer(SelectObject(hDc, hObject)) {}
-    ~cSelectGuard() { SelectObject(m_hDc, m_hFormer); }
-    cSelectGuard(const cSelectGuard &)            = delete;
-    cSelectGuard &operator=(const cSelectGuard &) = delete;
-
-private:
-    HDC     m_hDc;
-    HGDIOBJ m_hFormer;
+    static void Free(HDC hDc) { DeleteDC(hDc); }
 };
+using cCreatedDc = cOwnedHandle<HDC, cFreeDc>;
 
-// Selects and realises a palette; the former one comes back at the end.
-class cPaletteGuard
+// A context in memory, compatible with hDc, or with the screen for null.
+class cMemoryDc : public cCreatedDc
 {
 public:
-    cPaletteGuard(HDC hDc, HPALETTE hPalette)
-        : m_hDc(hDc), m_hFormer(SelectPalette(hDc, hPalette, FALSE))
-    {
-        RealizePalette(hDc);
-    }
-    ~cPaletteGuard() { SelectPalette(m_hDc, m_hFormer, FALSE); }
-    cPaletteGuard(const cPaletteGuard &)            = delete;
-    cPaletteGuard &operator=(const cPaletteGuard &) = delete;
-
-private:
-    HDC      m_hDc;
-    HPALETTE m_hFormer;
+    explicit cMemoryDc(HDC hDc) : cCreatedDc(CreateCompatibleDC(hDc)) {}
 };
 
 // The client area of a window, or the whole screen for null.
@@ -81,19 +55,71 @@ private:
     HDC  m_hDc;
 };
 
-// A context in memory that is like hDc; null stands for the screen.
-class cMemoryDc
+// The invalid part of a window, for the handler of WM_PAINT. It is valid from
+// the constructor on.
+class cPaintDc
 {
 public:
-    explicit cMemoryDc(HDC hDc) : m_hDc(CreateCompatibleDC(hDc)) {}
-    ~cMemoryDc() { DeleteDC(m_hDc); }
-    cMemoryDc(const cMemoryDc &)            = delete;
-    cMemoryDc &operator=(const cMemoryDc &) = delete;
+    explicit cPaintDc(HWND hWnd) : m_hWnd(hWnd), m_Paint() { BeginPaint(hWnd, &m_Paint); }
+    ~cPaintDc() { EndPaint(m_hWnd, &m_Paint); }
+    cPaintDc(const cPaintDc &)            = delete;
+    cPaintDc &operator=(const cPaintDc &) = delete;
 
-    HDC Get() const { return m_hDc; }
+    HDC Get() const { return m_Paint.hdc; }
+
+    // The rectangle to be painted, in pixels of the client area.
+    const RECT &Part() const { return m_Paint.rcPaint; }
+
+private:
+    HWND        m_hWnd;
+    PAINTSTRUCT m_Paint;
+};
+
+// Saves the state of a context and restores it at the end of the scope.
+class cStateGuard
+{
+public:
+    explicit cStateGuard(HDC hDc) : m_hDc(hDc), m_nSaved(SaveDC(hDc)) {}
+    ~cStateGuard() { RestoreDC(m_hDc, m_nSaved); }
+    cStateGuard(const cStateGuard &)            = delete;
+    cStateGuard &operator=(const cStateGuard &) = delete;
 
 private:
     HDC m_hDc;
+    int m_nSaved;
+};
+
+// Selects an object and restores the previous one at the end of the scope.
+class cSelectGuard
+{
+public:
+    cSelectGuard(HDC hDc, HGDIOBJ hObject) : m_hDc(hDc), m_hPrevious(SelectObject(hDc, hObject)) {}
+    ~cSelectGuard() { SelectObject(m_hDc, m_hPrevious); }
+    cSelectGuard(const cSelectGuard &)            = delete;
+    cSelectGuard &operator=(const cSelectGuard &) = delete;
+
+private:
+    HDC     m_hDc;
+    HGDIOBJ m_hPrevious;
+};
+
+// Selects and realises a palette and restores the previous one at the end of the
+// scope.
+class cPaletteGuard
+{
+public:
+    cPaletteGuard(HDC hDc, HPALETTE hPalette)
+        : m_hDc(hDc), m_hPrevious(SelectPalette(hDc, hPalette, FALSE))
+    {
+        RealizePalette(hDc);
+    }
+    ~cPaletteGuard() { SelectPalette(m_hDc, m_hPrevious, FALSE); }
+    cPaletteGuard(const cPaletteGuard &)            = delete;
+    cPaletteGuard &operator=(const cPaletteGuard &) = delete;
+
+private:
+    HDC      m_hDc;
+    HPALETTE m_hPrevious;
 };
 
 #endif

@@ -1,14 +1,38 @@
 #include "toolkit/win32/page_setup.h"
 
 #include "toolkit/win32/modal_guard.h"
+#include "toolkit/win32/owned_handle.h"
 
 namespace
 {
 
-// Lets the dialog begin with what the platform says of the default printer, and
-// with the orientation that is asked for. The mode counts only together with
-// the printer's name. Without a printer both stay null; else the caller frees
-// them.
+// A printer's settings in global memory, locked until the end of the scope.
+class cLockedMode
+{
+public:
+    explicit cLockedMode(HGLOBAL hMode)
+        : m_hMode(hMode), m_pMode(static_cast<DEVMODEA *>(GlobalLock(hMode)))
+    {
+    }
+    ~cLockedMode()
+    {
+        if (m_pMode)
+            GlobalUnlock(m_hMode);
+    }
+    cLockedMode(const cLockedMode &)            = delete;
+    cLockedMode &operator=(const cLockedMode &) = delete;
+
+    // Null for a printer without settings.
+    DEVMODEA *Get() const { return m_pMode; }
+
+private:
+    HGLOBAL   m_hMode;
+    DEVMODEA *m_pMode;
+};
+
+// Initialises the dialog with the settings of the default printer and with this
+// orientation. The settings count only together with the printer's name. Both
+// stay null if there is no printer; otherwise the caller frees them.
 void BeginWithDefaultPrinter(int bLandscape, PAGESETUPDLGA *pDialog)
 {
     PAGESETUPDLGA Default = {};
@@ -19,21 +43,18 @@ void BeginWithDefaultPrinter(int bLandscape, PAGESETUPDLGA *pDialog)
     pDialog->hDevMode  = Default.hDevMode;
     pDialog->hDevNames = Default.hDevNames;
 
-    auto *const pMode = static_cast<DEVMODEA *>(GlobalLock(Default.hDevMode));
-    if (!pMode)
+    const cLockedMode Mode(Default.hDevMode);
+    if (!Mode.Get())
         return;
-    pMode->dmFields |= DM_ORIENTATION;
-    pMode->dmOrientation = bLandscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
-    GlobalUnlock(Default.hDevMode);
+    Mode.Get()->dmFields |= DM_ORIENTATION;
+    Mode.Get()->dmOrientation = bLandscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
 }
 
 void ReadOrientation(HGLOBAL hMode, int *pbLandscape)
 {
-    const auto *const pMode = static_cast<const DEVMODEA *>(GlobalLock(hMode));
-    if (!pMode)
-        return;
-    *pbLandscape = pMode->dmOrientation == DMORIENT_LANDSCAPE;
-    GlobalUnlock(hMode);
+    const cLockedMode Mode(hMode);
+    if (Mode.Get())
+        *pbLandscape = Mode.Get()->dmOrientation == DMORIENT_LANDSCAPE;
 }
 
 }  // namespace
@@ -60,14 +81,14 @@ int AskPageSetup(cPageMargins *pMargins, int *pbLandscape)
 
     const cModalGuard Others(Dialog.hwndOwner);
     const int         bDone = PageSetupDlgA(&Dialog) ? 1 : 0;
-    if (bDone)
-    {
-        const cPageMargins Read = {Dialog.rtMargin.left, Dialog.rtMargin.top, Dialog.rtMargin.right,
-                                   Dialog.rtMargin.bottom};
-        *pMargins               = bMetric ? InchMargins(Read) : Read;
-        ReadOrientation(Dialog.hDevMode, pbLandscape);
-    }
-    GlobalFree(Dialog.hDevMode);
-    GlobalFree(Dialog.hDevNames);
-    return bDone;
+    // The dialog may have replaced both.
+    const cGlobalMemory Mode(Dialog.hDevMode);
+    const cGlobalMemory Names(Dialog.hDevNames);
+    if (!bDone)
+        return 0;
+    const cPageMargins Read = {Dialog.rtMargin.left, Dialog.rtMargin.top, Dialog.rtMargin.right,
+                               Dialog.rtMargin.bottom};
+    *pMargins               = bMetric ? InchMargins(Read) : Read;
+    ReadOrientation(Mode.Get(), pbLandscape);
+    return 1;
 }

@@ -1,8 +1,7 @@
 #include "toolkit/win32/palette_bitmap.h"
 
 #include <algorithm>
-
-#include "toolkit/win32/gdi.h"
+#include <utility>
 
 namespace
 {
@@ -47,50 +46,46 @@ const RGBQUAD *ColourTable(const BITMAPINFOHEADER &Header)
     return pColours + (bHasMasks ? 3 : 0);
 }
 
-HPALETTE MakePalette(const BITMAPINFOHEADER &Header)
+cGdiPalette MakePalette(const BITMAPINFOHEADER &Header)
 {
     cLogPalette Palette;
     Palette.m_nVersion = kPaletteVersion;
     Palette.m_nEntries = static_cast<WORD>(std::min(CountColours(Header), kMostColours));
     if (Palette.m_nEntries == 0)
-        return CreateHalftonePalette(cWindowDc(nullptr).Get());
+        return cGdiPalette(CreateHalftonePalette(cWindowDc(nullptr).Get()));
 
     const RGBQUAD *const pColours = ColourTable(Header);
     for (WORD i = 0; i < Palette.m_nEntries; i++)
         Palette.m_Entries[i] = {pColours[i].rgbRed, pColours[i].rgbGreen, pColours[i].rgbBlue, 0};
-    return CreatePalette(reinterpret_cast<const LOGPALETTE *>(&Palette));
+    return cGdiPalette(CreatePalette(reinterpret_cast<const LOGPALETTE *>(&Palette)));
 }
 
-HBITMAP MakeBitmap(const BITMAPINFO &Info, HPALETTE hPalette)
+cGdiBitmap MakeBitmap(const BITMAPINFO &Info, HPALETTE hPalette)
 {
     const BITMAPINFOHEADER &Header  = Info.bmiHeader;
     const void *const       pPixels = ColourTable(Header) + CountColours(Header);
 
     const cWindowDc     Dc(nullptr);
     const cPaletteGuard Selected(Dc.Get(), hPalette);
-    return CreateDIBitmap(Dc.Get(), &Header, CBM_INIT, pPixels, &Info, DIB_RGB_COLORS);
+    return cGdiBitmap(CreateDIBitmap(Dc.Get(), &Header, CBM_INIT, pPixels, &Info, DIB_RGB_COLORS));
 }
 
 }  // namespace
 
-int LoadPaletteBitmap(unsigned nId, HBITMAP *phBitmap, HPALETTE *phPalette)
+int LoadPaletteBitmap(unsigned nId, cGdiBitmap *pBitmap, cGdiPalette *pPalette)
 {
-    *phBitmap  = nullptr;
-    *phPalette = nullptr;
+    pBitmap->Reset();
+    pPalette->Reset();
 
     const BITMAPINFO *const pInfo = FindBitmap(nId);
     if (!pInfo)
         return 0;
-    const HPALETTE hPalette = MakePalette(pInfo->bmiHeader);
-    if (!hPalette)
+    cGdiPalette Palette = MakePalette(pInfo->bmiHeader);
+    if (!Palette)
         return 0;
-    const HBITMAP hBitmap = MakeBitmap(*pInfo, hPalette);
-    if (!hBitmap)
-    {
-        DeleteObject(hPalette);
+    *pBitmap = MakeBitmap(*pInfo, Palette.Get());
+    if (!*pBitmap)
         return 0;
-    }
-    *phBitmap  = hBitmap;
-    *phPalette = hPalette;
+    *pPalette = std::move(Palette);
     return 1;
 }

@@ -6,10 +6,12 @@
 
 #include "toolkit/win32/win32.h"
 
-// Loads bitmap resource nId of the program as a bitmap for the screen, and the
-// palette of its colour table; a bitmap without one (16 bits and more) gets the
-// platform's half-tone palette. Both belong to the caller (DeleteObject). 0, and
-// two nulls, if there is no such resource or GDI has no room for it.
-int LoadPaletteBitmap(unsigned nId, HBITMAP *phBitmap, HPALETTE *phPalette);
+#include "toolkit/win32/gdi.h"
+
+// Loads bitmap resource nId of the program, converts it to the format of the
+// screen, and makes a palette of its colour table; a bitmap without a colour table
+// (16 bits and more) gets the platform's halftone palette. 0, with both owners
+// empty, if there is no such resource or GDI is out of memory.
+int LoadPaletteBitmap(unsigned nId, cGdiBitmap *pBitmap, cGdiPalette *pPalette);
 
 #endif

@@ -6,12 +6,6 @@ static const cPageCalls kPlatformCalls = {&StartDocA, &StartPage, &EndPage, &End
 
 cPrintJob *cPrintJob::s_pCurrent = nullptr;
 
-cPrinter::~cPrinter()
-{
-    if (m_hDc)
-        DeleteDC(m_hDc);
-}
-
 int cPrinter::Ask(HWND hOwner, ePages nPages)
 {
     PRINTDLGA Dialog   = {};
@@ -24,15 +18,15 @@ int cPrinter::Ask(HWND hOwner, ePages nPages)
     Dialog.nToPage   = 1;
     Dialog.nMinPage  = 1;
     Dialog.nMaxPage  = 0xFFFF;
-    const cModalGuard Others(hOwner);
-    const int         bDone = PrintDlgA(&Dialog) ? 1 : 0;
-    GlobalFree(Dialog.hDevMode);
-    GlobalFree(Dialog.hDevNames);
+    const cModalGuard   Others(hOwner);
+    const int           bDone = PrintDlgA(&Dialog) ? 1 : 0;
+    const cGlobalMemory Mode(Dialog.hDevMode);
+    const cGlobalMemory Names(Dialog.hDevNames);
 
-    m_hDc    = Dialog.hDC;
+    m_Dc.Reset(Dialog.hDC);
     m_Choice = {std::max<int>(Dialog.nCopies, 1), (Dialog.Flags & PD_COLLATE) != 0,
                 (Dialog.Flags & PD_PAGENUMS) != 0, Dialog.nFromPage, Dialog.nToPage};
-    return bDone && m_hDc;
+    return bDone && m_Dc;
 }
 
 cPaper PaperOf(HDC hDc)
@@ -46,18 +40,18 @@ cPaper PaperOf(HDC hDc)
             GetDeviceCaps(hDc, LOGPIXELSY),
             nWidth,
             nHeight,
+            nLeft,
+            nTop,
+            nWidth - nLeft - GetDeviceCaps(hDc, HORZRES),
+            nHeight - nTop - GetDeviceCaps(hDc, VERTRES)};
+}
+
 void TurnFont(const cPaper &Paper, LOGFONTA *pFont)
 {
     if (!Paper.m_bTurned)
         return;
     pFont->lfEscapement  = kTurnedText;
     pFont->lfOrientation = kTurnedText;
-}
-
-            nLeft,
-            nTop,
-            nWidth - nLeft - GetDeviceCaps(hDc, HORZRES),
-            nHeight - nTop - GetDeviceCaps(hDc, VERTRES)};
 }
 
 cPrintJob::cPrintJob(HDC hDc, HWND hOwner) : cPrintJob(hDc, hOwner, kPlatformCalls) {}

@@ -14,6 +14,7 @@
 #include <functional>
 
 #include "toolkit/print_plan.h"
+#include "toolkit/win32/gdi.h"
 #include "toolkit/win32/modal_guard.h"
 #include "toolkit/win32/sending_dialog.h"
 
@@ -26,21 +27,16 @@ enum ePages
 class cPrinter
 {
 public:
-    cPrinter() : m_hDc(nullptr), m_Choice() {}
-    ~cPrinter();
-    cPrinter(const cPrinter &)            = delete;
-    cPrinter &operator=(const cPrinter &) = delete;
-
-    // Shows the platform's printer dialog above hOwner, for which all windows
-    // wait; offers one copy of all pages. 0 if the user cancelled. Called once.
+    // Shows the platform's printer dialog above hOwner, modal for all windows,
+    // and proposes one copy of all pages. 0 if the user cancelled.
     int Ask(HWND hOwner, ePages nPages);
 
-    HDC                 Dc() const { return m_hDc; }
+    HDC                 Dc() const { return m_Dc.Get(); }
     const cPrintChoice &Choice() const { return m_Choice; }
 
 private:
-    HDC          m_hDc;
-    cPrintChoice m_Choice;
+    cCreatedDc   m_Dc;
+    cPrintChoice m_Choice = {};
 };
 
 // The sheet of a printer, upright.

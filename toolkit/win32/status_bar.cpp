@@ -20,15 +20,12 @@ const int kProgressLower    = 6;   // than the status bar
 
 }  // namespace
 
-cStatusBar::cStatusBar(cMessageBoxes *pBoxes) : cBaseWindow(pBoxes), m_pProgressBar(nullptr)
+cStatusBar::cStatusBar(cMessageBoxes *pBoxes) : cBaseWindow(pBoxes)
 {
     m_dwStyle = WS_CHILD | CCS_BOTTOM | SBARS_SIZEGRIP;
 }
 
-cStatusBar::~cStatusBar()
-{
-    delete m_pProgressBar;
-}
+cStatusBar::~cStatusBar() = default;
 
 const char *cStatusBar::GetClassName() const
 {
@@ -83,8 +80,7 @@ void cStatusBar::AutoSize()
 
 void cStatusBar::SetProgressBar(cProgressBar *pProgressBar)
 {
-    delete m_pProgressBar;
-    m_pProgressBar = pProgressBar;
+    m_pProgressBar.reset(pProgressBar);
 }
 
 void cStatusBar::PlaceProgressBar()

@@ -7,6 +7,7 @@
 #include "toolkit/win32/win32.h"
 
 #include <cstdio>  // __MINGW_PRINTF_FORMAT
+#include <memory>
 
 #include "toolkit/win32/base_window.h"
 
@@ -46,13 +47,13 @@ public:
     // Takes over the progress bar, a child of this bar, and deletes the one
     // before. Null for none.
     void          SetProgressBar(cProgressBar *pProgressBar);
-    cProgressBar *ProgressBar() const { return m_pProgressBar; }
+    cProgressBar *ProgressBar() const { return m_pProgressBar.get(); }
 
 private:
     void PlaceProgressBar();
     int  LastPartLeft() const;
 
-    cProgressBar *m_pProgressBar;
+    std::unique_ptr<cProgressBar> m_pProgressBar;
 };
 
 #endif

@@ -50,12 +50,12 @@ void cTextPages::DrawLine(int nLine, const cSheetPoint &At) const
     TextOutA(m_hDc, At.m_nX, At.m_nY, m_Line.get(), static_cast<int>(nLength));
 }
 
-HFONT cTextPages::MakeFont() const
+cGdiFont cTextPages::MakeFont() const
 {
     LOGFONTA LogFont = m_Look.m_LogFont;
     LogFont.lfHeight = PrinterFontHeight(m_Look.m_nPointSize, m_Paper.m_nDpiDown);
     TurnFont(m_Paper, &LogFont);
-    return CreateFontIndirectA(&LogFont);
+    return cGdiFont(CreateFontIndirectA(&LogFont));
 }
 
 int cTextPages::LineHeight() const

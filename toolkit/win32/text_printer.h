@@ -56,9 +56,9 @@ public:
     void DrawSheet(int nSheet) const;
 
 private:
-    HFONT MakeFont() const;
-    int   LineHeight() const;
-    void  DrawLine(int nLine, const cSheetPoint &At) const;
+    cGdiFont MakeFont() const;
+    int      LineHeight() const;
+    void     DrawLine(int nLine, const cSheetPoint &At) const;
 
     HDC                     m_hDc;
     const cTextSource      &m_Source;
