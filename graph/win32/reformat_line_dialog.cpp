@@ -27,7 +27,7 @@ private:
     int  SelectStyle(uint32_t nGraphType, uint32_t nStyle) const;
     int  SelectedType(uint32_t *pnGraphType) const;
     int  SelectedStyle(uint32_t nGraphType, uint32_t *pnStyle) const;
-    int  StoreLook(uint32_t nLine, cVantorLineFormat *pFormat, float fMultiplier, float fOffset);
+    int  StoreLook(uint32_t nLine, cVantorLineFormat Format, float fMultiplier, float fOffset);
 
     COLORREF m_crSample;
 };
@@ -149,26 +149,26 @@ int cReformatLineDialog::OnOk()
         return Refuse(IDC_MULTIPLIER, "ERROR: your \"Multiplier\" value produced an error");
     if (!GetNumber(IDC_OFFSET, &fOffset))
         return Refuse(IDC_OFFSET, "ERROR: your \"Offset\" value produced an error");
-    return StoreLook(nLine, &Format, fMultiplier, fOffset);
+    return StoreLook(nLine, Format, fMultiplier, fOffset);
 }
 
 // Always returns 1: no other input would avoid these errors.
-int cReformatLineDialog::StoreLook(uint32_t nLine, cVantorLineFormat *pFormat, float fMultiplier,
+int cReformatLineDialog::StoreLook(uint32_t nLine, cVantorLineFormat Format, float fMultiplier,
                                    float fOffset)
 {
     if (!m_pBox->DataSet(nLine))
         Say("Program Error Code #35 in\ncVantorBox::OnReformatLineOk()");
-    else if (!SelectedType(&pFormat->m_nGraphType))
+    else if (!SelectedType(&Format.m_nGraphType))
         Say("Program Error Code #36 in\ncVantorBox::OnReformatLineOk()");
-    else if (!SelectedStyle(pFormat->m_nGraphType, &pFormat->m_nStyle))
+    else if (!SelectedStyle(Format.m_nGraphType, &Format.m_nStyle))
         Say("Program Error Code #37 in\ncVantorBox::OnReformatLineOk()");
     else
     {
         char szLabel[kFieldText];
         GetText(IDC_LINE_LABEL, szLabel);
-        pFormat->m_pszLabel = szLabel;
-        pFormat->m_crColor  = m_crSample;
-        m_pBox->FormatDataSet(nLine, *pFormat, fMultiplier, fOffset);
+        Format.m_pszLabel = szLabel;
+        Format.m_crColor  = m_crSample;
+        m_pBox->FormatDataSet(nLine, Format, fMultiplier, fOffset);
     }
     return 1;
 }

@@ -83,7 +83,7 @@ void cReformatPlotDialog::OnTextFont()
 // Stores the numbers only if all of them are valid.
 int cReformatPlotDialog::ReadTicks()
 {
-    cVantorPlotSettings Read = m_Settings;
+    cVantorPlotSettings Read = static_cast<const cVantorPlotSettings &>(m_Settings);
     if (!GetUnsigned(IDC_HORZ_TICKS, 0, kMostTicks, &Read.m_nHorzTicks))
         return Refuse(IDC_HORZ_TICKS, "ERROR: your \"# horz ticks\" value produced an error");
     if (!GetNumber(IDC_HORZ_MIN, &Read.m_fMinHorzTick))

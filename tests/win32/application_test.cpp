@@ -2,7 +2,6 @@
 
 #include "shell/win32/application.h"
 
-#include <memory>
 #include <string>
 
 #include <doctest/doctest.h>
@@ -34,11 +33,10 @@ void CALLBACK GiveUp(HWND, UINT, UINT_PTR nTimer, DWORD)
 int RunIdling(int bEnabled, int bWanted)
 {
     cApplication Application(ProgramInstance(), "", "Calculator");
-    auto         pRecord = std::make_unique<cCallbackRec>();
+    auto *const  pRecord = new cCallbackRec;
     pRecord->nSlot       = kSlotIdle;
     pRecord->pfnStatic   = &CountIdle;
-    REQUIRE(Application.Register(pRecord.get()) == 1);
-    pRecord.release();
+    REQUIRE(Application.Register(pRecord) == 1);
     Application.SetIdleEnabled(bEnabled);
     Application.SetIdleWanted(bWanted);
 

@@ -82,7 +82,8 @@ std::string ExpectedGif()
         for (int nX = 0; nX < kWidth; nX++)
         {
             const COLORREF nColour = SourcePixel(nX, kHeight - 1 - nY);
-            uint8_t *const pPixel  = &Pixels[DibRowBytes(kWidth, 24) * nY + 3 * nX];
+            const size_t   nRow    = DibRowBytes(kWidth, 24) * static_cast<size_t>(nY);
+            uint8_t *const pPixel  = &Pixels[nRow + static_cast<size_t>(3 * nX)];
             pPixel[0]              = GetBValue(nColour);
             pPixel[1]              = GetGValue(nColour);
             pPixel[2]              = GetRValue(nColour);

@@ -107,7 +107,10 @@ void Cover(cPoint From, cPoint To, int nWidth, std::vector<int> *pCovered)
 {
     const cPoint Step = {From.m_nX < To.m_nX ? 1 : 0, From.m_nY < To.m_nY ? 1 : 0};
     for (; !(From == To); From = {From.m_nX + Step.m_nX, From.m_nY + Step.m_nY})
-        (*pCovered)[static_cast<size_t>(From.m_nY * nWidth + From.m_nX)] = 1;
+    {
+        const int nPixel                         = From.m_nY * nWidth + From.m_nX;
+        (*pCovered)[static_cast<size_t>(nPixel)] = 1;
+    }
 }
 
 // The marker of each style in the middle of a sheet of 9 by 9.
@@ -239,9 +242,10 @@ TEST_CASE("a line with many vertices in a column looks as if drawn step by step"
     for (uint32_t nWidth = 1; nWidth <= kMostLineWidth; nWidth++)
     {
         CAPTURE(nWidth);
-        std::vector<cPoint> Points;
-        for (int i = 0; i < 400; i++)
-            Points.push_back({i / 13 + 5, static_cast<int>(Random() % 70) - 10});
+        std::vector<cPoint> Points(400);
+        int                 nPoint = 0;
+        for (cPoint &Point : Points)
+            Point = {nPoint++ / 13 + 5, static_cast<int>(Random() % 70) - 10};
         cPaperRig Whole(40, 50);
         cPaperRig InSteps(40, 50);
         cGdiCanvas(Whole.Dc(), nullptr).Polyline(Points.data(), 400, {0, nWidth, kRed});
@@ -439,7 +443,10 @@ TEST_CASE("the axes on a bitmap match the recorded ones")
             Cover(pLines->m_Points[i], pLines->m_Points[i + 1], 400, &Covered);
     int nWrong = 0;
     for (int nPixel = 0; nPixel < 400 * 300; nPixel++)
-        nWrong += (Rig.Pixel(nPixel % 400, nPixel / 400) == kBlue) != (Covered[nPixel] != 0);
+    {
+        const int bCovered = Covered[static_cast<size_t>(nPixel)];
+        nWrong += (Rig.Pixel(nPixel % 400, nPixel / 400) == kBlue) != (bCovered != 0);
+    }
     CHECK(std::count(Covered.begin(), Covered.end(), 1) > 2000);
     CHECK(nWrong == 0);
     CHECK(Rig.CountPixels(RGB(0, 200, 0)) > 100);

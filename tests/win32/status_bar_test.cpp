@@ -122,7 +122,7 @@ TEST_CASE("menu tracking over a separator, a pop-up or the system menu shows an 
 {
     cStatusRig  Rig;
     const HMENU hMenu = GetSystemMenu(Rig.m_Frame.Window(), FALSE);
-    for (const UINT nFlag : {MF_SEPARATOR, MF_POPUP, MF_SYSMENU})
+    for (const auto nFlag : {UINT{MF_SEPARATOR}, UINT{MF_POPUP}, UINT{MF_SYSMENU}})
     {
         CAPTURE(nFlag);
         Rig.m_Bar.OnMenuSelect(IDS_HELP, MF_HILITE, hMenu);

@@ -254,7 +254,7 @@ TEST_CASE("each dialog fits on a screen of 640 by 480, above a frame of any size
     for (const SIZE Frame : {SIZE{640, 480}, SIZE{200, 150}})
     {
         SetWindowPos(Rig.m_Graph.Window(), nullptr, 0, 0, Frame.cx, Frame.cy, SWP_NOZORDER);
-        for (const unsigned nCommand :
+        for (const int nCommand :
              {IDM_REFORMAT_PLOT, IDM_REFORMAT_LINE, IDM_EDIT_DATA_SET, IDM_DELETE_LINE, IDM_ENTER_Y,
               IDM_ENTER_XY, IDM_GRAPH_ABOUT, IDM_CREATE_BMP, IDM_CREATE_GIF})
         {
@@ -265,7 +265,7 @@ TEST_CASE("each dialog fits on a screen of 640 by 480, above a frame of any size
                 Press(hDialog, IDCANCEL);
                 return 1;
             });
-            Rig.Command(nCommand);
+            Rig.Command(static_cast<unsigned>(nCommand));
             REQUIRE(Driver.IsDone());
             CHECK(Place.left >= 0);
             CHECK(Place.top >= 0);

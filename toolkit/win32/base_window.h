@@ -35,8 +35,8 @@ public:
     HWND         Window() const { return m_hWnd; }
     cBaseWindow *Owner() const { return m_pOwner; }
     uint32_t     ChildId() const { return m_nChildId; }
-    int          IsCreated() const { return m_bCreated; }
-    int          IsVisible() const { return m_bVisible; }
+    int          IsCreated() const { return m_bCreated != 0; }
+    int          IsVisible() const { return m_bVisible != 0; }
 
     // For window procedures: the window has been created (destroyed).
     void Attach(HWND hWnd);

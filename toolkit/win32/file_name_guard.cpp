@@ -44,7 +44,8 @@ int HasDrive(std::string_view Name)
 int HasExtension(std::string_view Name)
 {
     const size_t nPoint = Name.rfind('.');
-    return nPoint != Name.npos && Name.find_first_of("\\/", nPoint) == Name.npos;
+    return nPoint != std::string_view::npos &&
+           Name.find_first_of("\\/", nPoint) == std::string_view::npos;
 }
 
 // Length of what the dialog puts before a name without a drive.

@@ -109,7 +109,8 @@ void cListBox::UpdateHorizontalExtent()
     int nWidest = 0;
     for (int i = 0, nCount = Count(); i < nCount; i++)
         nWidest = std::max(nWidest, ItemWidth(Dc.Get(), i));
-    SendMessageA(m_hWnd, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(nWidest + kExtentMargin), 0);
+    const int nExtent = nWidest + kExtentMargin;
+    SendMessageA(m_hWnd, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(nExtent), 0);
 }
 
 int cListBox::ItemWidth(HDC hDc, int nIndex) const
