@@ -100,11 +100,20 @@ cOwnedProcess::~cOwnedProcess()
     CloseHandle(hProcess);
 }
 
+// A link is faster than a copy, but both names must be on one disk.
+static void LinkOrCopy(const std::string &From, const std::string &To)
+{
+    std::error_code Error;
+    std::filesystem::create_hard_link(From, To, Error);
+    if (Error)
+        std::filesystem::copy_file(From, To);
+}
+
 cCalculator::cCalculator(int bStayAtWelcome)
     : m_hWnd(nullptr),
       m_nFaceOffset(GetSystemMetrics(SM_CYSCREEN) < kFullFaceScreen ? kLowFaceOffset : 0)
 {
-    std::filesystem::copy_file(VORSTEK_PROGRAM, m_Folder.Name("Vorstek.exe"));
+    LinkOrCopy(VORSTEK_PROGRAM, m_Folder.Name("Vorstek.exe"));
     std::string  Program = Path("Vorstek.exe");
     STARTUPINFOA Startup = {};
     Startup.cb           = sizeof Startup;
@@ -129,11 +138,19 @@ HWND cCalculator::FindMainWindow() const
                         [](HWND hWnd) { return ClassOf(hWnd) == "cVorstek"; });
 }
 
+// Only the test of the welcome box waits for the two seconds of the box.
+void cCalculator::ClickWelcomeOk()
+{
+    const HWND hWelcome = Welcome();
+    const HWND hOk      = GetDlgItem(hWelcome, IDOK);
+    m_Probe.AskWindow(hWelcome, pbEndWelcome);
+    REQUIRE(IsWindowEnabled(hOk));
+    ClickMiddleOf(hOk);
+}
+
 void cCalculator::PassWelcome()
 {
-    const HWND hOk = GetDlgItem(Welcome(), IDOK);
-    REQUIRE(WaitFor([hOk] { return IsWindowEnabled(hOk); }));
-    ClickMiddleOf(hOk);
+    ClickWelcomeOk();
     m_hWnd = WaitFor([this] { return FindMainWindow(); });
     REQUIRE(m_hWnd);
     m_Probe.SetWindow(m_hWnd);
@@ -142,9 +159,7 @@ void cCalculator::PassWelcome()
 
 HWND cCalculator::PassWelcomeToDialog()
 {
-    const HWND hOk = GetDlgItem(Welcome(), IDOK);
-    REQUIRE(WaitFor([hOk] { return IsWindowEnabled(hOk); }));
-    ClickMiddleOf(hOk);
+    ClickWelcomeOk();
     REQUIRE(WaitFor([this] { return !Welcome(); }));
     const HWND hDialog = Dialog();
     REQUIRE(hDialog);

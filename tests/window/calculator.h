@@ -75,12 +75,15 @@ public:
     cCalculator(const cCalculator &)            = delete;
     cCalculator &operator=(const cCalculator &) = delete;
 
-    // The welcome box; null when it has gone.
+    // The welcome box; null if it is not open.
     HWND Welcome() const;
+
+    // Closes the welcome box with OK, without the two seconds during which the
+    // box keeps OK disabled, and waits for the calculator.
     void PassWelcome();
 
-    // Clicks the welcome box's OK, as soon as that can be done, and goes on with
-    // whatever dialog follows instead of the calculator.
+    // The same where a dialog follows instead of the calculator; returns that
+    // dialog.
     HWND PassWelcomeToDialog();
 
     // The calculator's window, as soon as there is one; null until then.
@@ -231,6 +234,7 @@ public:
     std::string Path(const std::string &File) const;
 
 private:
+    void ClickWelcomeOk();
     HWND FocusedWindow() const;
     HWND FileNameField() const;
     HWND Child(const char *szClass, int nId) const;

@@ -4,6 +4,7 @@
 
 #include <winternl.h>
 
+#include "resources/resource.h"
 #include "tests/window/faults.h"
 
 namespace
@@ -161,6 +162,13 @@ HWND FindStatusBar(HWND hWnd)
     return FindWindowExA(hWnd, nullptr, STATUSCLASSNAMEA, nullptr);
 }
 
+// Not a second time, as the timer may have fired by itself in the meantime.
+void EndWelcome(HWND hWelcome)
+{
+    if (!IsWindowEnabled(GetDlgItem(hWelcome, IDOK)))
+        SendMessageA(hWelcome, WM_TIMER, IDT_WELCOME, 0);
+}
+
 HMENU MenuOf(HWND hWnd)
 {
     const auto hPopup = reinterpret_cast<HMENU>(SendMessageA(hWnd, MN_GETHMENU, 0, 0));
@@ -223,6 +231,9 @@ void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
         break;
     case pbObjects:
         CountObjects(pAnswer);
+        break;
+    case pbEndWelcome:
+        EndWelcome(hWnd);
         break;
     case pbDiskRoom:
         LeaveRoomOnDisk(nId);

@@ -37,6 +37,7 @@ enum eProbe
     pbCursor,      // m_nValue: 1 if the pointer is the platform's cursor lParam
     pbStatusText,  // m_szText: of the status bar's only part
     pbObjects,     // m_nValue: GDI objects, m_nMore: windows, menus and their like
+    pbEndWelcome,  // ends the two seconds during which the welcome box disables OK
     pbDiskRoom,    // the disk is full after lParam bytes
     pbReadOnly,    // folders take no new files
     pbNoDibs,      // the screen cannot hold device-independent bitmaps
