@@ -6,7 +6,7 @@
 
 #include "tests/window/waiting.h"
 
-// Another program may have it open at this moment.
+// Waits while another program has the clipboard open.
 static void Open()
 {
     REQUIRE(WaitFor([] { return OpenClipboard(nullptr); }));

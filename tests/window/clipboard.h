@@ -1,4 +1,4 @@
-// clipboard.h - what other programs find on the clipboard.
+// clipboard.h - the clipboard as other programs see it.
 
 #ifndef TESTS_WINDOW_CLIPBOARD_H
 #define TESTS_WINDOW_CLIPBOARD_H
@@ -10,7 +10,7 @@
 // Empty if there is no text.
 std::string ClipboardText();
 
-// Replaces whatever is there; "" leaves nothing.
+// Replaces the content of the clipboard; "" empties it.
 void SetClipboardText(const std::string &Text);
 
 #endif

@@ -1,5 +1,5 @@
-// face_reader.h - reads the texts that are painted on the calculator's face, by
-// comparing their pixels with those of each character.
+// face_reader.h - reads the texts on the calculator's face by comparing their pixels
+// with those of each character.
 
 #ifndef TESTS_WINDOW_FACE_READER_H
 #define TESTS_WINDOW_FACE_READER_H
@@ -22,8 +22,8 @@ class cFaceReader
 public:
     explicit cFaceReader(eFaceFont nFont);
 
-    // The text of nLength characters that begins at (x, y) of the picture. A
-    // place where no character stands alone on black gives a '?'.
+    // The text of nLength characters at (x, y) of the picture, with '?' for everything
+    // that is not exactly one character on black.
     std::string Read(const cPicture &Picture, int x, int y, int nLength) const;
 
 private:

@@ -17,7 +17,7 @@ cCreateBitmap  s_pfnCreateBitmap  = nullptr;
 DWORD          s_nRoom            = 0;
 int            s_nColumns         = 0;
 
-// Every call that the module makes to one function goes to another.
+// Redirects all calls of the module from one function to another.
 void ReplaceCall(HMODULE hModule, FARPROC pfnFormer, FARPROC pfnNew)
 {
     auto *const pBase    = reinterpret_cast<BYTE *>(hModule);
@@ -39,8 +39,8 @@ void ReplaceCall(HMODULE hModule, FARPROC pfnFormer, FARPROC pfnNew)
         }
 }
 
-// In the program and in the library of C, whose files are written with it too.
-// Returns the platform's function.
+// Redirects the calls of the program and of the C library, which writes files for the
+// program. Returns the platform's function.
 FARPROC ReplaceCalls(const char *szLibrary, const char *szName, FARPROC pfnNew)
 {
     const FARPROC pfnFormer = GetProcAddress(GetModuleHandleA(szLibrary), szName);

@@ -1,23 +1,22 @@
-// faults.h - what goes wrong on a computer and cannot be had on every one: the
-// program in which this is loaded meets it from now on.
+// faults.h - faults of a computer that a test cannot cause otherwise. Each applies to
+// the program in which this is loaded from the call on.
 
 #ifndef TESTS_WINDOW_FAULTS_H
 #define TESTS_WINDOW_FAULTS_H
 
 #include "toolkit/win32/win32.h"
 
-// The disk has room for so many bytes more; a write beyond them fails as a whole,
-// as on a full disk.
+// The disk has room for nBytes more bytes; a write that exceeds them fails and writes
+// nothing.
 void LeaveRoomOnDisk(DWORD nBytes);
 
-// No folder takes a new file; those that are there can be written, as in a
-// read-only folder.
+// Folders are read-only: no file can be created, but existing ones can be written.
 void MakeFoldersReadOnly();
 
-// The screen cannot hold device-independent bitmaps.
+// The screen has no device-independent bitmaps.
 void HideDibSupport();
 
-// Memory has no room for bitmaps with more columns than that.
+// Bitmaps of more than nColumns columns exceed the memory.
 void LeaveRoomForBitmaps(int nColumns);
 
 // No font can be made.

@@ -1,5 +1,5 @@
-// input.h - mouse and keyboard, as a person moves and hits them. What is done
-// here waits in the program's queue, like all input, until it gets to it.
+// input.h - mouse and keyboard input as from a user. The calls return when the input
+// is in the program's queue, not when it has been handled.
 
 #ifndef TESTS_WINDOW_INPUT_H
 #define TESTS_WINDOW_INPUT_H
@@ -16,25 +16,25 @@ enum eMouseButton
 
 POINT MiddleOf(const RECT &Rect);
 
-// Positions are on the screen.
+// Positions are screen coordinates.
 void MoveMouse(POINT Position);
 void PressMouse(eMouseButton nButton = mbLeft);
 void ReleaseMouse(eMouseButton nButton = mbLeft);
 void Click(POINT Position, eMouseButton nButton = mbLeft);
 void ClickMiddleOf(HWND hWnd);
 
-// A point of the window's frame with this part, HTCLOSE or HTRIGHT.
+// A point in a part of the window's frame, HTCLOSE or HTRIGHT.
 POINT FramePoint(HWND hWnd, LRESULT nPart);
 
-// Modifiers of a key, added up.
+// Modifier keys; the sum of several means all of them.
 const unsigned kCtrl  = 1;
 const unsigned kShift = 2;
 const unsigned kAlt   = 4;
 
-// Hits a key, VK_RETURN or 'N', while the modifiers are held.
+// Presses and releases a key, VK_RETURN or 'N', while the modifiers are held.
 void HitKey(WORD nKey, unsigned nModifiers = 0);
 
-// Types characters, ANSI, as a keyboard that has them would.
+// Types ANSI characters, also those that the keyboard does not have.
 void Type(const std::string &Text);
 
 #endif

@@ -1,4 +1,4 @@
-// leaks.h - whether what is done often leaves objects of the platform behind.
+// leaks.h - finds objects of the platform that a repeated step does not free.
 
 #ifndef TESTS_WINDOW_LEAKS_H
 #define TESTS_WINDOW_LEAKS_H
@@ -9,22 +9,24 @@
 
 #include "tests/window/calculator.h"
 
-// Closes the dialog in front as Escape does.
+// Closes the topmost dialog with its Cancel command.
 void CancelDialog(const cCalculator &Calculator);
 
-// Opens a dialog of the calculator or the graph by a posted command and closes it.
+// Opens a dialog of the calculator or the graph with a posted command and closes it.
 void OpenAndClose(const cCalculator &Calculator, HWND hFrame, unsigned nCommand);
 
-// Wine itself keeps the two menus of each file dialog.
+// What the platform itself keeps: Wine does not free the two menus of a file
+// dialog.
 enum eKept
 {
     kpNothing,
     kpMenus
 };
 
-// What a step leaves behind shows each time it is taken so often. Caches of the
-// platform, of device contexts and fonts, grow as well, but come to an end: from
-// some time on so many rounds leave the counts as they were.
+// Repeats a step until nRounds repetitions in a row leave the object counts as
+// they were; 0 if that does not happen. Caches of the platform, for device contexts
+// and fonts, grow at first, but not without end, whereas a leak adds to the counts
+// in every round.
 int LeavesNothing(const cCalculator &Calculator, int nRounds, eKept nKept,
                   const std::function<void()> &Step);
 

@@ -15,7 +15,7 @@ static int IsMenuOpen(HWND hWnd, UINT nMenu)
 
 static void ClickBar(HWND hWnd, UINT nMenu)
 {
-    // Twice at the same place would be a double click.
+    // Two clicks at the same position would be a double click.
     static int s_nAside = 0;
     s_nAside            = 8 - s_nAside;
     POINT At            = MiddleOf(cProbeLink::Current()->AskWindow(hWnd, pbBarRect, nMenu).m_Rect);
@@ -24,8 +24,8 @@ static void ClickBar(HWND hWnd, UINT nMenu)
     cProbeLink::Current()->Settle();
 }
 
-// When a window has just come to the front, the screen's late news of that may
-// close the menu again.
+// After a window has come to the front, a late event of the screen may close the menu
+// again.
 void OpenMenu(HWND hWnd, UINT nMenu)
 {
     REQUIRE(WaitFor([&] {
@@ -39,7 +39,7 @@ void PointAtItem(HWND hWnd, UINT nId)
 {
     const cProbeAnswer Item = cProbeLink::Current()->AskWindow(hWnd, pbMenuRect, nId);
     REQUIRE(Item.m_nValue);
-    // Twice, as Wine may lose a move that comes while a menu handles another.
+    // Twice, as Wine may lose a move that arrives while a menu handles another one.
     MoveMouse({Item.m_Rect.left + 1, MiddleOf(Item.m_Rect).y});
     cProbeLink::Current()->Settle();
     MoveMouse(MiddleOf(Item.m_Rect));

@@ -9,10 +9,10 @@
 #include "tests/window/probe_link.h"
 #include "tests/window/waiting.h"
 
-// Whether the system, which every click asks where it falls, has the pointer
-// there, or as near as it may come: a window that is dragged to its least size
-// holds it. The system's list of places begins with the newest one; what is
-// found from a place on is the whole list if that is the newest.
+// Whether the system has the pointer at this position, where the next click will be,
+// or as near as the pointer may come: the drag of a window that has its least size
+// confines it. The system's list of positions begins with the newest one, so a search
+// for the newest position finds the complete list.
 static int HasArrived(POINT Position)
 {
     const int      kListed = 64;
@@ -61,8 +61,8 @@ void cMouseLink::MoveTo(POINT Position) const
     if (HasArrived(Position))
         return;
 
-    // A program has reported late where the mouse was before. The screen does
-    // not tell a place twice, so the mouse leaves it and comes again.
+    // A program has reported an earlier position late. The screen does not report the
+    // same position twice, so the pointer moves away and back.
     REQUIRE(WaitFor([&] {
         Send({Position.x, Position.y > 0 ? Position.y - 1 : 1});
         Send(Position);
@@ -71,7 +71,7 @@ void cMouseLink::MoveTo(POINT Position) const
     }));
 }
 
-// Returns when the screen has told the programs; they listen in their own time.
+// Returns when the screen has sent the event to the programs, which handle it later.
 void cMouseLink::Send(POINT Position) const
 {
     char      szLine[40];

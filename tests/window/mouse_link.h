@@ -1,9 +1,9 @@
 // mouse_link.h - moves the pointer of the screen.
 //
-// Under Wine a program that sets the pointer's place lets the desktop, which is
-// another program, report the place that it left as one where the mouse has come
-// to, and that at any later time. So the pointer is moved from outside, by
-// with-mouse, as by a real mouse; where that is not, the platform's call serves.
+// Under Wine, when a program sets the position of the pointer, the desktop, which is
+// another program, reports the former position as a new one at any later time. So
+// with-mouse moves the pointer from outside, like a real mouse; without it the
+// platform's call has to do.
 
 #ifndef TESTS_WINDOW_MOUSE_LINK_H
 #define TESTS_WINDOW_MOUSE_LINK_H
@@ -12,7 +12,7 @@
 
 #include <winsock2.h>
 
-// There is one, and it lasts as long as the test program.
+// There is one for the lifetime of the test program.
 class cMouseLink
 {
 public:
@@ -21,7 +21,7 @@ public:
     cMouseLink(const cMouseLink &)            = delete;
     cMouseLink &operator=(const cMouseLink &) = delete;
 
-    // Returns when a click would fall there, or as near as the pointer may come.
+    // Returns when the pointer is there, or as near as it may come.
     void MoveTo(POINT Position) const;
 
     static const cMouseLink *Current();

@@ -35,8 +35,8 @@ static std::string Trimmed(const std::string &Text)
     return Text.substr(nFirst, Text.find_last_not_of(" \r") - nFirst + 1);
 }
 
-// A font's one glyph for the semicolon and the Greek question mark is read as
-// the latter.
+// Fonts have one glyph for the semicolon and the Greek question mark, which is read
+// back as the latter.
 static std::string WithSemicolons(std::string Text)
 {
     static const std::string s_Greek = "\xCD\xBE";  // UTF-8
@@ -45,7 +45,7 @@ static std::string WithSemicolons(std::string Text)
     return Text;
 }
 
-// Lines that hold something.
+// The lines that are not blank.
 static std::vector<std::string> LinesOf(const std::string &Text)
 {
     std::vector<std::string> Lines;
@@ -60,7 +60,7 @@ static std::vector<std::string> LinesOf(const std::string &Text)
     return Lines;
 }
 
-// There is a form feed behind each page.
+// A form feed ends each page.
 static std::vector<std::vector<std::string>> TextsOf(const std::string &Text)
 {
     std::vector<std::vector<std::string>> Pages;

@@ -1,5 +1,4 @@
-// paper_tray.h - what comes out of the printer beside which the test runs, and
-// the printer's dialogs.
+// paper_tray.h - the documents that the test's own printer has printed.
 //
 //     cPaperTray Tray;
 //     Calculator.HitShortcut('P', kCtrl);
@@ -16,7 +15,8 @@
 
 #include "tests/window/picture.h"
 
-// Of a page or of what stands on it; hundredths of an inch from its upper left.
+// The bounds of printed ink, in hundredths of an inch from the upper left corner of the
+// page.
 struct cInk
 {
     int m_nLeft;
@@ -25,13 +25,13 @@ struct cInk
     int m_nBottom;
 };
 
-// A page as it came out.
+// A printed page.
 struct cPrintedPage
 {
-    std::vector<std::string> m_Lines;    // without blanks before and behind
+    std::vector<std::string> m_Lines;    // trimmed
     cPicture                 m_Picture;  // 100 pixels per inch
 
-    // What is not white, or what has the colour 0xRRGGBB; all 0 if nothing is.
+    // Bounds of all ink, or of the ink with the colour 0xRRGGBB; all 0 without ink.
     cInk Ink() const;
     cInk InkOf(unsigned nColour) const;
 };
@@ -39,22 +39,22 @@ struct cPrintedPage
 struct cPrintedDocument
 {
     std::string               m_Title;
-    std::vector<cPrintedPage> m_Pages;  // of long documents the first 20
+    std::vector<cPrintedPage> m_Pages;  // the first 20 of a long document
 
-    // The texts of all pages, also of a long document.
+    // The lines of all pages, also of a long document.
     std::vector<std::vector<std::string>> m_Texts;
 
-    // Leaves the page nPage, from 1, among the photographs.
+    // Saves the page nPage, counted from 1, as a picture.
     void Save(unsigned nPage, const std::string &Name) const;
 };
 
 class cPaperTray
 {
 public:
-    // Only what is printed from now on counts.
+    // Ignores the documents that have been printed so far.
     cPaperTray();
 
-    // The next document that comes out; waits for it.
+    // Waits for the next document.
     cPrintedDocument Next();
 
 private:

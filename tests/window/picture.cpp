@@ -10,7 +10,7 @@
 
 static const WORD     kBitsPerPixel = 32;
 static const unsigned kColour       = 0xFFFFFF;
-static const unsigned kOpaque       = 0xFF000000;  // to readers that look for it
+static const unsigned kOpaque       = 0xFF000000;  // for viewers that honour alpha
 
 static BITMAPINFOHEADER HeaderOf(int nWidth, int nHeight)
 {

@@ -1,4 +1,4 @@
-// picture.h - what a rectangle of the screen shows.
+// picture.h - a copy of a part of the screen.
 
 #ifndef TESTS_WINDOW_PICTURE_H
 #define TESTS_WINDOW_PICTURE_H
@@ -17,7 +17,7 @@ public:
     // A file of the kind PPM ("P6") with 8 bits per channel, which must exist.
     static cPicture OfFile(const std::string &Name);
 
-    // One that is drawn into: Draw gets a device context of a black picture.
+    // A picture that Draw, called with a device context, draws on black.
     template <class cDraw> static cPicture Drawn(int nWidth, int nHeight, cDraw Draw)
     {
         cPicture   Picture(nWidth, nHeight);

@@ -1,5 +1,5 @@
-// plot_reader.h - finds the plot in what the graph's window shows: axes and
-// ticks, black on white, and from them where a value stands.
+// plot_reader.h - finds axes and ticks, black on white, in a picture of the graph, and
+// from them the position of a value.
 
 #ifndef TESTS_WINDOW_PLOT_READER_H
 #define TESTS_WINDOW_PLOT_READER_H
@@ -11,16 +11,15 @@
 
 struct cSeenPlot
 {
-    // Looks at a picture of the plot without grid, in which no data line is
-    // drawn along an axis.
+    // The picture has no grid and no data line along an axis.
     explicit cSeenPlot(const cPicture &Picture);
 
     RECT m_Rect;        // right column and bottom row are those of the axes
-    int  m_nHorzTicks;  // marks on the axes
+    int  m_nHorzTicks;  // ticks on the axes
     int  m_nVertTicks;
 };
 
-// The range of the axes, read in the dialog that changes it.
+// The range of the axes, read from the dialog that changes it.
 struct cSeenRange
 {
     explicit cSeenRange(cCalculator *pCalculator, cGraphWindow *pGraph);
@@ -36,7 +35,8 @@ struct cSeenRange
 // The pixel of a value in a plot with this rectangle and range.
 POINT PixelOf(const RECT &Plot, const cSeenRange &Range, double dX, double dY);
 
-// How many pixels of a picture are not white, or not alike in two of one size.
+// The number of pixels that are not white, or that differ in two pictures of one
+// size.
 int CountInk(const cPicture &Picture);
 int CountDifferences(const cPicture &a, const cPicture &b);
 

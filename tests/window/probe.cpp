@@ -40,9 +40,8 @@ int CountGdiEntries()
     return nUsed;
 }
 
-// Wine does not count the user objects. It gives out the handles that were
-// freed last, then the next higher ones, so the highest of some fresh ones
-// rises with what was never freed.
+// Wine does not count user objects. It reuses the handles that were freed last, then
+// takes higher ones, so the highest of some new handles rises with every leak.
 int HighestFreshHandle()
 {
     HMENU hMenus[kFreshMenus];
@@ -86,7 +85,7 @@ HMENU FindItem(HMENU hMenu, UINT nId, int *pnPosition)
     return nullptr;
 }
 
-// A popup menu has a window of its own, which null stands for.
+// A null window means the window of the open popup menu.
 void FindItemRect(HWND hWnd, UINT nId, cProbeAnswer *pAnswer)
 {
     int         nPosition = 0;
@@ -141,9 +140,9 @@ int IconOfBox(HWND hBox)
     return 0;
 }
 
-// Wine keeps what is painted from the screen until the thread is about to wait,
-// and then does not wait for the screen, which may draw it after it has answered
-// another program. A question of this program's own is answered in order.
+// Wine sends paint to the screen when the thread is about to wait, but does not wait
+// for the screen, which may answer another program before it draws. It answers this
+// program in order.
 void ShowWhatIsPainted()
 {
     MsgWaitForMultipleObjects(0, nullptr, FALSE, 0, QS_ALLINPUT);
@@ -255,7 +254,7 @@ void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
 
 }  // namespace
 
-// The hook, which sees what is sent to the windows of the program's thread.
+// The hook, which receives the messages sent to windows of the program's thread.
 extern "C" __declspec(dllexport) LRESULT CALLBACK ProbeHook(int nCode, WPARAM wParam, LPARAM lParam)
 {
     static const UINT s_nMessage = RegisterWindowMessageA(kProbeMessage);

@@ -1,6 +1,6 @@
-// probe.h - what a test asks of a program that it works from outside and that
-// no message tells: menus belong to their process. The probe is loaded into the
-// program by a message hook and answers in shared memory.
+// probe.h - questions to the program under test that no message can answer, such as
+// the state of its menus, which belong to its process. A message hook loads the probe
+// into the program; the probe answers in shared memory.
 
 #ifndef TESTS_WINDOW_PROBE_H
 #define TESTS_WINDOW_PROBE_H
@@ -13,14 +13,14 @@ const char *const kProbeMemory  = "vorstek-window-probe-answer";
 
 enum eProbe
 {
-    pbInput,       // the inputs are handed to the system, all at once
+    pbInput,       // hands the inputs to the system, all at once
     pbQueue,       // m_nValue: 1 while input or posted messages wait
-    pbPaint,       // m_nValue: 1 while a window waits to be painted; what is
-                   // painted is on the screen
+    pbPaint,       // m_nValue: 1 while a window waits to be painted; finished paint
+                   // is on the screen
     pbMenuState,   // m_nValue: MF_ flags of an item of the window's menu, or of the
-                   // menu that the window is; -1: no such item
+                   // popup menu that the window shows; -1: no such item
     pbMenuText,    // m_szText
-    pbMenuRect,    // m_Rect: where the open menu shows the item, on the screen
+    pbMenuRect,    // m_Rect: screen position of an item of the open menu
     pbMenuOpen,    // m_nValue: 1 if the popup menu of the bar is open; lParam its
                    // position
     pbBarRect,     // the same for an item of the menu bar; lParam its position
@@ -36,18 +36,18 @@ enum eProbe
                    // lParam shows, 0: none
     pbCursor,      // m_nValue: 1 if the pointer is the platform's cursor lParam
     pbStatusText,  // m_szText: of the status bar's only part
-    pbObjects,     // m_nValue: GDI objects, m_nMore: windows, menus and their like
+    pbObjects,     // m_nValue: GDI objects, m_nMore: user objects, such as windows and menus
     pbEndWelcome,  // ends the two seconds during which the welcome box disables OK
-    pbDiskRoom,    // the disk is full after lParam bytes
-    pbReadOnly,    // folders take no new files
-    pbNoDibs,      // the screen cannot hold device-independent bitmaps
-    pbBitmapRoom,  // memory has no room for bitmaps of more than lParam columns
+    pbDiskRoom,    // the disk is full after lParam more bytes
+    pbReadOnly,    // no file can be created
+    pbNoDibs,      // the screen has no device-independent bitmaps
+    pbBitmapRoom,  // bitmaps of more than lParam columns exceed the memory
     pbNoFonts      // no font can be made
 };
 
 const int kMostInputs = 8;  // a key with all its modifiers
 
-// An item of a popup menu by its place.
+// An item of a popup menu by its position.
 inline UINT ItemAt(UINT nPopup, UINT nPosition)
 {
     return nPopup << 8 | nPosition;
@@ -57,7 +57,7 @@ struct cProbeAnswer
 {
     INPUT m_Inputs[kMostInputs];
     UINT  m_nInputs;
-    DWORD m_nCount;  // of the questions answered so far
+    DWORD m_nCount;  // of answers so far
     int   m_nValue;
     int   m_nMore;
     int   m_nState;

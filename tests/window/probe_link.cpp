@@ -38,7 +38,7 @@ void cProbeLink::Attach(HWND hWnd)
     m_hHook    = SetWindowsHookExA(WH_CALLWNDPROC, pfnHook, hProbe, m_dwThread);
     REQUIRE(m_hHook);
     m_hWnd = hWnd;
-    // Outside Wine the desktop is nobody's to hook, and nobody asks it.
+    // On Windows the desktop cannot be hooked, and is not asked.
     m_hDesktopHook = SetWindowsHookExA(WH_CALLWNDPROC, pfnHook, hProbe,
                                        GetWindowThreadProcessId(GetDesktopWindow(), nullptr));
 }
@@ -74,7 +74,7 @@ cProbeAnswer cProbeLink::AskWindow(HWND hWnd, eProbe nProbe, UINT nId) const
     return *m_pAnswer;
 }
 
-// Asking for the state of its queue lets a program look at the screen first.
+// A program that is asked for the state of its queue reads the screen's events first.
 void cProbeLink::HearScreen() const
 {
     AskWindow(GetDesktopWindow(), pbQueue);

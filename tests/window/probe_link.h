@@ -1,4 +1,4 @@
-// probe_link.h - the test's end of the probe in the program that is worked.
+// probe_link.h - the test's side of the probe in the program under test.
 
 #ifndef TESTS_WINDOW_PROBE_LINK_H
 #define TESTS_WINDOW_PROBE_LINK_H
@@ -9,7 +9,7 @@
 
 #include "tests/window/probe.h"
 
-// There is one at a time; mouse and keyboard go through it.
+// There is one at a time, which mouse and keyboard use.
 class cProbeLink
 {
 public:
@@ -18,26 +18,24 @@ public:
     cProbeLink(const cProbeLink &)            = delete;
     cProbeLink &operator=(const cProbeLink &) = delete;
 
-    // Begins to ask the thread with this window.
+    // Loads the probe into the thread of this window.
     void Attach(HWND hWnd);
 
-    // The window that is asked from now on, of the same thread.
+    // Sets the window that receives the questions, of the same thread.
     void SetWindow(HWND hWnd) { m_hWnd = hWnd; }
 
-    // A window that has gone while it was asked is replaced by another of the
-    // thread.
+    // If the window has been destroyed, another one of the thread answers.
     cProbeAnswer Ask(eProbe nProbe, UINT nId = 0) const { return AskWindow(m_hWnd, nProbe, nId); }
     cProbeAnswer AskWindow(HWND hWnd, eProbe nProbe, UINT nId = 0) const;
 
-    // Returns when the program and the desktop, which is another program, have
-    // taken all that the screen had told them of the mouse.
+    // Returns when the program and the desktop, which is another program, have read
+    // all mouse events of the screen.
     void HearScreen() const;
 
     // Waits until no input waits in the thread's queue.
     void Settle() const;
 
-    // Hands inputs to the system, kMostInputs at the most, with nothing between
-    // them.
+    // Hands up to kMostInputs inputs to the system in one call.
     void Inject(const std::vector<INPUT> &Inputs) const;
 
     static const cProbeLink *Current() { return s_pCurrent; }

@@ -1,4 +1,4 @@
-// program_file.h - the program's file, to look at the resources in it.
+// program_file.h - the resources in the program's file.
 
 #ifndef TESTS_WINDOW_PROGRAM_FILE_H
 #define TESTS_WINDOW_PROGRAM_FILE_H

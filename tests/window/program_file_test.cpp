@@ -1,4 +1,4 @@
-// What the program's file tells of itself, and the sounds in it.
+// The version information, the manifest and the sounds in the program's file.
 
 #include "tests/window/program_file.h"
 
@@ -13,7 +13,7 @@
 namespace
 {
 
-// What the properties of a file show, "ProductName"; empty if it has none.
+// A text of the version information, "ProductName"; empty if there is none.
 std::string VersionText(const std::vector<char> &Info, const char *szName)
 {
     const std::string Path   = std::string("\\StringFileInfo\\040904B0\\") + szName;
@@ -83,12 +83,12 @@ TEST_CASE("the manifest asks for modern controls, the user's own rights and a sc
     CHECK(Has(Manifest, "level=\"asInvoker\" uiAccess=\"false\""));
     CHECK(Has(Manifest, ">unaware</dpiAwareness>"));
     CHECK(Has(Manifest, ">true</gdiScaling>"));
-    // Windows 10 and what follows it
+    // Windows 10 and later
     CHECK(Has(Manifest, "<supportedOS Id=\"{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}\"/>"));
     CHECK_FALSE(Has(Manifest, "activeCodePage xmlns"));
     CHECK_FALSE(Has(Manifest, "@"));
 
-    // The platform can make sense of it.
+    // The platform accepts it.
     ACTCTXA Context        = {};
     Context.cbSize         = sizeof Context;
     Context.dwFlags        = ACTCTX_FLAG_RESOURCE_NAME_VALID;
@@ -99,7 +99,7 @@ TEST_CASE("the manifest asks for modern controls, the user's own rights and a sc
     ReleaseActCtx(hContext);
 }
 
-TEST_CASE("the nine sounds are in the program, each of its size")
+TEST_CASE("the program contains the nine sounds, each with its size")
 {
     static const std::array<size_t, 9> s_Sizes = {2596, 3550, 24168, 150396, 119384,
                                                   1934, 2143, 1589,  4849};

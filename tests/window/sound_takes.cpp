@@ -13,10 +13,10 @@
 #include "tests/window/program_file.h"
 #include "tests/window/waiting.h"
 
-// Where the sound device, which is a script, leaves its files.
+// The folder in which the fake sound device records.
 static const char kFolder[] = "takes";
 
-// Bytes; what is cut off earlier has been heard by nobody.
+// Bytes; a shorter take is not recognised and does not count.
 static const size_t kRecognisable = 64;
 
 static uint32_t Number(const std::string &Bytes, size_t nAt, size_t nBytes)
@@ -34,8 +34,8 @@ static std::string FormatOf(const std::string &File)
            std::to_string(Number(File, 22, 2));
 }
 
-// What is left of samples of 16 bits without the zeros. A busy computer may be
-// late, and then the device gets silence in between.
+// 16-bit samples without the zeros: a busy computer may be late, and then records
+// silence in between.
 static std::string WithoutSilence(const std::string &Samples)
 {
     std::string Heard;
@@ -78,8 +78,8 @@ static std::string Contents(const std::filesystem::path &Path)
     return {std::istreambuf_iterator<char>(File), std::istreambuf_iterator<char>()};
 }
 
-// Names of the files that are complete, "1700000000123456789.22050-16-1", in the
-// order in which they were begun.
+// Names of the complete files, "1700000000123456789.22050-16-1", in the order in which
+// they were begun.
 static std::vector<std::string> FileNames()
 {
     std::vector<std::string> Names;
@@ -102,8 +102,8 @@ std::vector<cSoundTakes::cTake> cSoundTakes::Takes() const
     return Found;
 }
 
-// Each take is one of the sounds, in their order, and the last take is the last
-// sound as a whole.
+// Whether the takes are some of the sounds in their order, and the last take is the
+// complete last sound.
 static int Agree(const std::vector<cSoundTakes::cTake> &Takes, const std::vector<unsigned> &Sounds)
 {
     auto Next = Sounds.begin();

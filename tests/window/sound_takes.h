@@ -1,5 +1,5 @@
-// sound_takes.h - what reached the sound device, recognised as the program's
-// sounds.
+// sound_takes.h - recognises the program's sounds in the recordings of a fake sound
+// device.
 //
 //     cSoundTakes Takes;
 //     Calculator.HitKey(24);
@@ -23,16 +23,16 @@ public:
         int      m_bWhole;
     };
 
-    // Forgets what was played so far.
+    // Forgets the sounds that have been played so far.
     cSoundTakes();
 
-    // Waits until this has been played since the last call, the last sound to
-    // its end, and nothing else; 0 if it never comes to that. A sound is cut off
-    // by the next one, maybe before anything of it has reached the device, so
-    // those before the last may be missing.
+    // Waits until these sounds, and no others, have been played since the last call,
+    // the last one to its end; 0 if that does not happen. All but the last may be
+    // missing, because a sound cuts off the one before, perhaps before the device
+    // has received any of it.
     int Hear(const std::vector<unsigned> &Sounds);
 
-    // What was played since the last call, for a message: "10050, 10052 cut".
+    // The sounds since the last call, for a message: "10050, 10052 cut".
     std::string Played() const;
 
 private:

@@ -1,15 +1,15 @@
-// waiting.h - waits for what a program does in its own time.
+// waiting.h - waits for a condition in another program.
 
 #ifndef TESTS_WINDOW_WAITING_H
 #define TESTS_WINDOW_WAITING_H
 
 #include "toolkit/win32/win32.h"
 
-const DWORD kPatience  = 30000;  // milliseconds, on a very busy computer
+const DWORD kPatience  = 30000;  // milliseconds; enough for a very busy computer
 const DWORD kLookAgain = 5;
 
-// Asks until IsSo() gives something other than 0 or null, and returns that; at
-// last what it gave when the patience came to its end.
+// Calls IsSo() until it returns something other than 0 or null, and returns that. After
+// kPatience it returns the last answer.
 template <class cQuestion> auto WaitFor(cQuestion IsSo)
 {
     const DWORD dwStart = GetTickCount();
@@ -22,8 +22,8 @@ template <class cQuestion> auto WaitFor(cQuestion IsSo)
     }
 }
 
-// A value that is looked at until it is the expected one. Read by a check, it
-// shows what it was at last:
+// Looks at a value until it is the expected one and returns the last value, so that a
+// failing check shows it:
 //
 //     CHECK(Eventually("5.00", [&] { return Calculator.MainLine(); }) == "5.00");
 template <class cValue, class cLook> auto Eventually(const cValue &Expected, cLook Look)
