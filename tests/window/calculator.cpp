@@ -11,26 +11,13 @@
 #include "tests/window/menus.h"
 #include "tests/window/program_file.h"
 #include "tests/window/waiting.h"
+#include "tests/window/window_state.h"
 
 static const char kDialogClass[] = "#32770";
 
 static const int kDisplayCharacters = 20;  // of the main line
 static const int kBottomCharacters  = 19;
 static const int kAngleCharacters   = 3;
-
-static std::string TextOf(HWND hWnd)
-{
-    std::string Text(static_cast<size_t>(SendMessageA(hWnd, WM_GETTEXTLENGTH, 0, 0)), 0);
-    SendMessageA(hWnd, WM_GETTEXT, Text.size() + 1, reinterpret_cast<LPARAM>(Text.data()));
-    return Text;
-}
-
-static std::string ClassOf(HWND hWnd)
-{
-    char szClass[64] = "";
-    GetClassNameA(hWnd, szClass, sizeof szClass);
-    return szClass;
-}
 
 static std::vector<std::string> LinesOf(HWND hBox)
 {
@@ -60,8 +47,7 @@ static std::string Trimmed(const std::string &Text)
     return Text.substr(nFirst, Text.find_last_not_of(' ') - nFirst + 1);
 }
 
-// The first top window of the process for which IsIt(hWnd), from the front to
-// the back; null if there is none.
+// The topmost window of the process for which IsIt(hWnd); null if there is none.
 template <class cIsIt> static HWND FindWindowOf(DWORD dwProcess, cIsIt IsIt)
 {
     struct cSearch
@@ -98,6 +84,19 @@ cOwnedProcess::~cOwnedProcess()
     WaitForSingleObject(hProcess, kPatience);
     CloseHandle(hThread);
     CloseHandle(hProcess);
+}
+
+static std::function<void()> s_EndSharedRig;
+
+void SetSharedRigEnd(std::function<void()> End)
+{
+    s_EndSharedRig = std::move(End);
+}
+
+void EndSharedRig()
+{
+    if (const auto End = std::exchange(s_EndSharedRig, nullptr))
+        End();
 }
 
 // A link is faster than a copy, but both names must be on one disk.
@@ -242,11 +241,10 @@ std::string cCalculator::Read(int bSmall, int nLeft, int nTop, int nLength) cons
     static const cFaceReader s_Large(ffLarge);
     static const cFaceReader s_Small(ffSmall);
 
-    // The texts stand in the calculator's window, over the keypad's edge.
-    RECT Face = {};
-    GetWindowRect(Keypad(), &Face);
-    const int x = GetSystemMetrics(SM_CXEDGE) + nLeft;
-    const int y = GetSystemMetrics(SM_CYEDGE) - m_nFaceOffset + nTop;
+    // Positions of texts count from inside the keypad's edge.
+    const RECT Face = RectOf(Keypad());
+    const int  x    = GetSystemMetrics(SM_CXEDGE) + nLeft;
+    const int  y    = GetSystemMetrics(SM_CYEDGE) - m_nFaceOffset + nTop;
     return (bSmall ? s_Small : s_Large).Read(cPicture::OfScreen(Face), x, y, nLength);
 }
 
@@ -283,7 +281,7 @@ int cCalculator::ReadsAngle(const std::string &Text) const
     return Reads(1, 234, 40, kAngleCharacters, Text);
 }
 
-// --- the windows beside it
+// --- the other windows
 
 std::vector<std::string> cCalculator::ListingLines() const
 {
@@ -364,8 +362,8 @@ void cCalculator::Drag(LRESULT nPart, int dx, int dy)
     Settle();
     PressMouse();
     Settle();
-    // Wine may lose a move that comes while it handles another; the mouse rests
-    // where the window has followed it twice.
+    // Wine may lose a move that arrives while it handles another one, so the move
+    // is repeated until the window no longer follows.
     RECT Before = {};
     RECT Now    = {};
     do
@@ -375,7 +373,7 @@ void cCalculator::Drag(LRESULT nPart, int dx, int dy)
         Settle();
         MoveMouse({At.x + dx, At.y + dy});
         Settle();
-        GetWindowRect(m_hWnd, &Now);
+        Now = RectOf(m_hWnd);
     }
     while (!EqualRect(&Before, &Now));
     ReleaseMouse();
@@ -416,6 +414,11 @@ int cCalculator::HasDialog() const
 {
     return FindWindowOf(m_Process.dwProcessId,
                         [](HWND hWnd) { return ClassOf(hWnd) == kDialogClass; }) != nullptr;
+}
+
+int cCalculator::HasNoDialog() const
+{
+    return WaitFor([this] { return !HasDialog(); });
 }
 
 HWND cCalculator::Dialog() const
@@ -500,13 +503,12 @@ int cCalculator::FocusedControl() const
     return GetDlgCtrlID(FocusedWindow());
 }
 
-// When a box has just closed, the screen's late news of that may take the focus
-// away again.
+// After a box has closed, a late event of the screen may take the focus away
+// again.
 void cCalculator::FocusControl(int nId)
 {
     const HWND hControl = GetDlgItem(Dialog(), nId);
-    RECT       Rect     = {};
-    GetWindowRect(hControl, &Rect);
+    const RECT Rect     = RectOf(hControl);
     REQUIRE(WaitFor([&] {
         ::Click({Rect.left + 8, (Rect.top + Rect.bottom) / 2});
         Settle();
@@ -537,8 +539,7 @@ void cCalculator::CloseDialogWith(int nKey)
 
 void cCalculator::KeepOpen(int bListing, int bRegisters)
 {
-    const unsigned nViewMenu = 2;
-    Choose(nViewMenu, IDM_OPTIONS);
+    Choose(mnView, IDM_OPTIONS);
     ClickControl(bListing ? IDC_KEEP_LISTING : IDC_OPEN_LISTING);
     ClickControl(bRegisters ? IDC_KEEP_REGISTERS : IDC_OPEN_REGISTERS);
     Click("OK");
@@ -567,7 +568,7 @@ static HWND NameField(HWND hDialog)
     return hEdit ? hEdit : GetDlgItem(hDialog, kNameCombo);
 }
 
-// The field of the file dialog in front.
+// The name field of the topmost file dialog.
 HWND cCalculator::FileNameField() const
 {
     const HWND hDialog = Dialog();
@@ -632,8 +633,7 @@ std::pair<int, int> cCalculator::Objects() const
 
 cPicture cCalculator::Photograph() const
 {
-    RECT Rect = {};
-    GetWindowRect(m_hWnd, &Rect);
+    const RECT Rect = RectOf(m_hWnd);
     return cPicture::OfScreen(Rect);
 }
 

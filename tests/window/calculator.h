@@ -1,8 +1,8 @@
-// calculator.h - the real program, started and worked from outside: with the
-// mouse on its face, with keys, through its menus and dialogs.
+// calculator.h - the real program, started and driven from outside: with the
+// mouse on its face, the keyboard, its menus and its dialogs.
 //
 //     cCalculator Calculator;
-//     Calculator.HitKeys({24, 11, 25, 19});  // 1 ENTER 2 +
+//     Calculator.HitKeys({kKey1, kKeyEnter, kKey2, kKeyPlus});
 //     CHECK(Calculator.ReadsX("3.00"));
 
 #ifndef TESTS_WINDOW_CALCULATOR_H
@@ -19,8 +19,9 @@
 #include "tests/unit/scratch_folder.h"
 #include "tests/window/picture.h"
 #include "tests/window/probe_link.h"
+#include "tests/window/shared_rig.h"
 
-// A message box as it stands on the screen.
+// A message box as it appears on the screen.
 struct cSeenBox
 {
     std::string              m_Caption;
@@ -30,7 +31,7 @@ struct cSeenBox
     bool operator==(const cSeenBox &) const = default;
 };
 
-// A process that ends with its owner, whatever it is doing.
+// A process that is terminated when its owner goes out of scope.
 struct cOwnedProcess : PROCESS_INFORMATION
 {
     cOwnedProcess() : PROCESS_INFORMATION() {}
@@ -39,21 +40,30 @@ struct cOwnedProcess : PROCESS_INFORMATION
     cOwnedProcess &operator=(const cOwnedProcess &) = delete;
 };
 
-// A button of the toolbar.
+// A toolbar button.
 struct cSeenButton
 {
-    int  m_nId;  // command, 0: separator, -1: there is none
+    int  m_nId;  // command, 0: separator, -1: no such button
     int  m_nImage;
     int  m_nState;  // TBSTATE_ flags
     RECT m_Rect;    // on the screen
 };
 
-// An item of a popup menu.
+// An item of a drop-down menu.
 struct cSeenItem
 {
-    int         m_nId;     // command, 0: separator, -1: there is none
+    int         m_nId;     // command, 0: separator, -1: no such item
     UINT        m_nState;  // MF_ flags
     std::string m_Text;
+};
+
+// Menus of the menu bar.
+enum eMenu
+{
+    mnFile,
+    mnEdit,
+    mnView,
+    mnHelp
 };
 
 enum eSwitch
@@ -62,14 +72,24 @@ enum eSwitch
     swMode
 };
 
+// Icons of message boxes, numbered by the platform.
+const int kErrorIcon    = 32513;
+const int kQuestionIcon = 32514;
+
+// There is one program at a time: a shared one ends before another one starts.
+struct cOnlyProgram
+{
+    cOnlyProgram() { EndSharedRig(); }
+};
+
 // "Z:\\calculator\\loop.txt" for "loop.txt".
 std::string FullPath(const std::string &Name);
 
 class cCalculator
 {
 public:
-    // Starts the program in a folder of its own. It goes on to the calculator
-    // unless the welcome box is wanted.
+    // Starts the program in a folder of its own and passes the welcome box,
+    // unless the test wants to see the box.
     explicit cCalculator(int bStayAtWelcome = 0);
 
     cCalculator(const cCalculator &)            = delete;
@@ -86,7 +106,7 @@ public:
     // dialog.
     HWND PassWelcomeToDialog();
 
-    // The calculator's window, as soon as there is one; null until then.
+    // The calculator's window; null while there is none.
     HWND FindMainWindow() const;
 
     HWND Window() const { return m_hWnd; }
@@ -98,30 +118,30 @@ public:
 
     // --- the face
 
-    // Where a point of the unshifted face is on the screen.
+    // Screen position of a point of the unshifted face.
     POINT OnFace(int x, int y) const;
     POINT OnKey(unsigned nCode) const;
 
-    // Whether the keypad shows the painted face from its row nFirst on, looked
-    // at where no key, switch or display is.
+    // Whether the top row of the keypad is row nFirst of the painted face.
+    // Compares the margin at the left, where there are no keys.
     int ShowsFaceFrom(int nFirst) const;
 
-    // Clicks keys, each when the one before has been taken.
+    // Clicks keys, each after the previous click has been handled.
     void HitKeys(std::initializer_list<unsigned> Codes);
     void HitKey(unsigned nCode) { HitKeys({nCode}); }
     void Slide(eSwitch nSwitch, int bRight);
 
-    // --- what the display shows, read from the screen, without blanks at the
-    // ends. Each waits until it is the expected text; 0 if it never is.
+    // --- what the display shows, read from the screen and trimmed. Each waits
+    // for the expected text and returns 0 if it does not appear.
     int ReadsX(const std::string &Text) const;            // main line
     int ReadsProgramLine(const std::string &Text) const;  // main line in program mode
     int ReadsBottom(const std::string &Text) const;       // "LastOp:  +"
     int ReadsAngle(const std::string &Text) const;        // "rad"
 
-    // Any text on the display; places are those of the composed lines.
+    // Any text on the display, from the position of a composed line.
     std::string Read(int bSmall, int nLeft, int nTop, int nLength) const;
 
-    // --- the windows beside it
+    // --- the other windows
     std::vector<std::string> ListingLines() const;
     std::vector<std::string> RegistersLines() const;
     std::string              HighlightedLine() const;
@@ -136,101 +156,106 @@ public:
     // Opens a menu of the bar and clicks an item, both with the mouse.
     void Choose(unsigned nMenu, unsigned nId);
 
-    // Items by their places, popups too; whether they are grey is up to date
-    // only while the menu is open.
+    // Items by position. Whether an item is greyed is updated only when the menu
+    // opens.
     std::string MenuTitle(unsigned nMenu) const;
     cSeenItem   MenuItem(unsigned nMenu, unsigned nPosition) const;
 
-    // Opens a menu with the mouse, moves it to an item.
+    // Opens a menu with the mouse, or moves the mouse to one of its items.
     void OpenMenu(unsigned nMenu);
     void PointAtItem(unsigned nId);
 
-    // Drags a border or corner of the window, HTRIGHT or HTBOTTOMRIGHT.
+    // Drags a border or corner of the frame, HTRIGHT or HTBOTTOMRIGHT.
     void Drag(LRESULT nPart, int dx, int dy);
 
     // --- toolbar
     cSeenButton Button(unsigned nPosition) const;
     void        ClickButton(unsigned nId);
 
-    // The tooltip that the platform shows after a while; empty if none comes.
+    // Waits for a tooltip; empty if none appears.
     std::string ToolTip() const;
 
     // --- boxes and dialogs
 
-    // The dialog in front, message boxes included; waits for one. Null if none
-    // comes.
+    // Waits for a dialog or message box and returns the topmost one; null if none
+    // appears.
     HWND Dialog() const;
-    int  HasDialog() const;
 
-    // The box in front, waited for; all empty if none comes.
+    // Whether one is open at this moment.
+    int HasDialog() const;
+
+    // Waits until none is open; 0 if one stays.
+    int HasNoDialog() const;
+
+    // Waits for a message box; all empty if none appears.
     cSeenBox Box() const;
 
-    // Number of the platform's icon (32513: error, 32514: question) in the box in
-    // front, 0 for none.
+    // The platform's icon in the topmost box: 0, kErrorIcon or kQuestionIcon.
     int BoxIcon() const;
 
-    // Clicks the button with this text, waits until the dialog has gone.
+    // Clicks the button with this text and waits until the dialog has closed.
     void Click(const std::string &Button);
 
-    // Waits for the box, compares it, clicks the button. 0 if it is not so.
+    // Waits for a message box, compares it and clicks the button. 0 if text or
+    // caption differ.
     int Answers(const std::string &Text, const std::string &Button,
                 const std::string &Caption = "Vorstek");
 
-    // Clicks a control of the dialog in front.
+    // Clicks a control of the topmost dialog.
     void ClickControl(int nId);
 
-    // Clicks at the left end of a field, as at the right one there may be a
-    // spin control, until the keyboard is its.
+    // Clicks a field until it has the focus; at its left end, because there may
+    // be a spin control at the right end.
     void FocusControl(int nId);
 
-    // Hits a key as soon as the calculator's window has the keyboard, which it
-    // gets back some time after a dialog has closed.
+    // Waits until the calculator's window has the focus, which it gets back some
+    // time after a dialog has closed, then presses the key.
     void HitShortcut(int nKey, unsigned nModifiers = 0);
 
-    // Hits a key, by which the dialog in front closes, when it has the keyboard.
+    // Waits until the topmost dialog has the focus, presses the key and waits
+    // until the dialog has closed.
     void CloseDialogWith(int nKey);
 
-    // Number of the control that has the keyboard; 0 for none.
+    // Id of the control that has the focus; 0 for none.
     int FocusedControl() const;
 
-    // Opens the options dialog with its menu item, chooses which boxes to keep
-    // open, clicks OK.
+    // Chooses in the options dialog which boxes are kept open.
     void KeepOpen(int bListing, int bRegisters);
 
-    // The file dialogs: types the name and presses the default button; waits
-    // until the dialog has closed or asks something.
+    // Types a name into a file dialog, presses Enter and waits until the dialog
+    // has closed or asks something.
     void GiveFileName(const std::string &Name);
 
-    // The name that the dialog begins with.
-    std::string ProposedFileName() const;
-
-    // The same for a name with which the dialog stays as it is.
+    // The same for a name with which the dialog stays open.
     void EnterFileName(const std::string &Name);
+
+    // The file name in the dialog's field.
+    std::string ProposedFileName() const;
 
     // --- the process
 
     // Whether the window's class has the program's icon nId.
     int HasClassIcon(unsigned nId) const;
 
-    // Returns when all input so far has been handled.
+    // Returns when all pending input has been handled.
     void Settle() const;
 
-    // The same, and what that changed on the screen has been painted.
+    // Returns when, in addition, all changes have been painted.
     void SettlePaint() const;
 
     int   IsRunning() const;
-    DWORD ExitCode() const;  // waits for the end; STILL_ACTIVE if it does not come
+    DWORD ExitCode() const;  // waits for the end; STILL_ACTIVE if it does not end
 
-    // GDI objects and user objects; numbers that grow with what is not freed.
+    // Counts of GDI objects and user objects; they grow with every leak.
     std::pair<int, int> Objects() const;
 
     cScratchFolder &Folder() { return m_Folder; }
 
-    // The window, or the whole screen, as a picture.
+    // A picture of the window, or of the whole screen.
     cPicture Photograph() const;
     cPicture PhotographScreen() const;
 
-    // Full path of a file in the program's folder, as a file dialog wants it.
+    // Full path of a file in the program's folder.
     std::string Path(const std::string &File) const;
 
 private:
@@ -240,6 +265,7 @@ private:
     HWND Child(const char *szClass, int nId) const;
     int  Reads(int bSmall, int nLeft, int nTop, int nLength, const std::string &Text) const;
 
+    cOnlyProgram   m_OnlyProgram;
     cScratchFolder m_Folder;
     cOwnedProcess  m_Process;
     HWND           m_hWnd;

@@ -1,4 +1,4 @@
-// Pictures of the graph as files.
+// The export of the graph to picture files.
 
 #include "tests/window/graph_window.h"
 
@@ -12,8 +12,7 @@
 namespace
 {
 
-const int  kErrorIcon = 32513;
-const UINT kMuchRoom  = 10 * 1024 * 1024;  // bytes
+const UINT kMuchRoom = 10 * 1024 * 1024;  // bytes
 
 // Little endian, of a file's content.
 unsigned Word(const std::string &Content, size_t nAt)
@@ -37,7 +36,7 @@ struct cExportRig
 
     void Start(unsigned nCommand) { m_Graph.Choose(gmFile, nCommand); }
 
-    // Goes through both dialogs.
+    // Accepts the size and gives the file a name.
     void Create(unsigned nCommand, const std::string &File)
     {
         Start(nCommand);
@@ -45,13 +44,14 @@ struct cExportRig
         m_Calculator.GiveFileName(m_Calculator.Path(File));
     }
 
-    // Whether the box comes that says so of a file, and no other dialog then.
+    // Waits for the report that a file could not be written, and closes it. 0 if
+    // there is another box, or another dialog after it.
     int FailsToWrite(const std::string &File)
     {
         const std::string Text = "Could not write the file:\n " + m_Calculator.Path(File);
         return Eventually(Text, [this] { return m_Calculator.Box().m_Text; }) == Text &&
                m_Calculator.BoxIcon() == kErrorIcon && m_Calculator.Answers(Text, "OK") &&
-               Eventually(0, [this] { return m_Calculator.HasDialog(); }) == 0;
+               m_Calculator.HasNoDialog();
     }
 
     cCalculator  m_Calculator;
@@ -60,7 +60,7 @@ struct cExportRig
 
 }  // namespace
 
-TEST_CASE("a bitmap file is as large and as deep as was asked for")
+TEST_CASE("a bitmap file has the size and the depth that were entered")
 {
     cExportRig     Rig;
     const cPicture Before = Rig.m_Graph.Photograph();
@@ -77,7 +77,7 @@ TEST_CASE("a bitmap file is as large and as deep as was asked for")
     Rig.m_Graph.PhotographDialog("create-bmp");
     Rig.m_Calculator.Click("OK");
     Rig.m_Calculator.GiveFileName(Rig.m_Calculator.Path("line.bmp"));
-    CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+    CHECK(Rig.m_Calculator.HasNoDialog());
 
     const std::string Bmp = Rig.m_Calculator.Folder().Read("line.bmp");
     REQUIRE(Bmp.size() == 54 + 300 * 3 * 200);
@@ -92,7 +92,7 @@ TEST_CASE("a bitmap file is as large and as deep as was asked for")
     Rig.m_Graph.Escape();
 }
 
-TEST_CASE("a GIF file is written, whose depth cannot be chosen")
+TEST_CASE("a GIF file is written; its depth cannot be chosen")
 {
     cExportRig Rig;
     Rig.Start(IDM_CREATE_BMP);
@@ -107,7 +107,7 @@ TEST_CASE("a GIF file is written, whose depth cannot be chosen")
     Rig.m_Graph.PhotographDialog("create-gif");
     Rig.m_Calculator.Click("OK");
     Rig.m_Calculator.GiveFileName(Rig.m_Calculator.Path("line"));
-    CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+    CHECK(Rig.m_Calculator.HasNoDialog());
 
     const std::string Gif = Rig.m_Calculator.Folder().Read("line.gif");
     CHECK(Gif.substr(0, 4) == "GIF8");
@@ -144,6 +144,11 @@ TEST_CASE("a size that is no number or out of range is refused field by field")
         }
         Rig.m_Graph.Escape();
     }
+}
+
+TEST_CASE("a depth that is not in the list is refused, and the largest picture is written")
+{
+    cExportRig Rig;
     Rig.Start(IDM_CREATE_BMP);
     Rig.m_Graph.Fill(IDC_IMAGE_WIDTH, "1600");
     Rig.m_Graph.Fill(IDC_IMAGE_HEIGHT, "200");
@@ -153,11 +158,11 @@ TEST_CASE("a size that is no number or out of range is refused field by field")
     Rig.m_Graph.Fill(IDC_IMAGE_HEIGHT, "1600");
     Rig.m_Calculator.Click("OK");
     Rig.m_Calculator.GiveFileName(Rig.m_Calculator.Path("large.bmp"));
-    CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+    CHECK(Rig.m_Calculator.HasNoDialog());
     CHECK(Rig.m_Calculator.Folder().Read("large.bmp").size() == 54 + 1024 + 1600 * 1600);
 }
 
-TEST_CASE("a picture without pixels, or in a folder that is not there, is not written")
+TEST_CASE("a picture without pixels is not written")
 {
     cExportRig Rig;
     for (const char *const szHeight : {"0", "-5"})
@@ -168,7 +173,7 @@ TEST_CASE("a picture without pixels, or in a folder that is not there, is not wr
         Rig.m_Calculator.Click("OK");
         CHECK(Rig.m_Calculator.Answers(
             "Could not write the file:\n " + Rig.m_Calculator.Path("line"), "OK"));
-        CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+        CHECK(Rig.m_Calculator.HasNoDialog());
 
         Rig.Start(IDM_CREATE_GIF);
         CHECK(Rig.m_Graph.Text(IDC_IMAGE_HEIGHT) == szHeight);
@@ -190,13 +195,13 @@ TEST_CASE("a cancelled export leaves no file, and the window as it was")
         Rig.m_Calculator.Click("OK");
         REQUIRE(Rig.m_Calculator.Dialog());
         Rig.m_Calculator.CloseDialogWith(VK_ESCAPE);
-        CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+        CHECK(Rig.m_Calculator.HasNoDialog());
         CHECK(Rig.m_Calculator.Folder().Count() == nFiles);
     }
     CHECK(Rig.m_Graph.Photograph() == Before);
 }
 
-TEST_CASE("a picture for which the disk has no room is reported; half a GIF goes, half a BMP stays")
+TEST_CASE("a full disk is reported; an incomplete GIF is deleted, an incomplete BMP stays")
 {
     cExportRig     Rig;
     const cPicture Before = Rig.m_Graph.Photograph();
@@ -208,7 +213,7 @@ TEST_CASE("a picture for which the disk has no room is reported; half a GIF goes
         const std::string Half     = std::string("half.") + szKind;
         cProbeLink::Current()->Ask(pbDiskRoom, kMuchRoom);
         Rig.Create(nCommand, Whole);
-        CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+        CHECK(Rig.m_Calculator.HasNoDialog());
         const size_t nSize = Rig.m_Calculator.Folder().Read(Whole).size();
 
         cProbeLink::Current()->Ask(pbDiskRoom, static_cast<UINT>(nSize - 1));
@@ -220,7 +225,7 @@ TEST_CASE("a picture for which the disk has no room is reported; half a GIF goes
     CHECK(Rig.m_Graph.Photograph() == Before);
 }
 
-TEST_CASE("a folder that takes no new files takes no picture and no data, and keeps what it has")
+TEST_CASE("in a read-only folder no picture and no data file is created, and none changes")
 {
     cExportRig        Rig;
     const size_t      nFiles = Rig.m_Calculator.Folder().Count();
@@ -241,7 +246,7 @@ TEST_CASE("a folder that takes no new files takes no picture and no data, and ke
     CHECK(Rig.m_Calculator.Folder().Count() == nFiles);
 }
 
-TEST_CASE("a file that another program holds is reported and stays as it is")
+TEST_CASE("a file that another program has open is reported and stays as it is")
 {
     cExportRig Rig;
     for (const unsigned nCommand : {IDM_CREATE_BMP, IDM_CREATE_GIF})
@@ -261,7 +266,7 @@ TEST_CASE("a file that another program holds is reported and stays as it is")
     }
 }
 
-TEST_CASE("a folder that has vanished takes no picture, and the window stays as it was")
+TEST_CASE("in a folder that was deleted no picture is created, and the window stays as it was")
 {
     cExportRig        Rig;
     const std::string Folder = Rig.m_Calculator.Path("gone");
@@ -275,15 +280,15 @@ TEST_CASE("a folder that has vanished takes no picture, and the window stays as 
         Rig.Start(nCommand);
         Rig.m_Calculator.Click("OK");
         Rig.m_Calculator.GiveFileName(Folder + "\\line");
-        Rig.m_Calculator.Click("OK");  // the platform says so
+        Rig.m_Calculator.Click("OK");  // the report of the platform
         Rig.m_Calculator.CloseDialogWith(VK_ESCAPE);
-        CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+        CHECK(Rig.m_Calculator.HasNoDialog());
     }
     CHECK_FALSE(std::filesystem::exists(Folder));
     CHECK(Rig.m_Graph.Photograph() == Before);
 }
 
-TEST_CASE("a screen that cannot hold such bitmaps is told of before anything is asked for")
+TEST_CASE("a screen without device-independent bitmaps is reported before any dialog")
 {
     cExportRig Rig;
     cProbeLink::Current()->Ask(pbNoDibs);
@@ -298,7 +303,7 @@ TEST_CASE("a screen that cannot hold such bitmaps is told of before anything is 
     }
 }
 
-TEST_CASE("memory without room for a picture is tried again, or given up with the program")
+TEST_CASE("when memory is short Retry tries again, and Cancel ends the program")
 {
     const std::string Text   = "ERROR: insufficient memory.\n"
                                "Close other running applications\n"
@@ -311,17 +316,17 @@ TEST_CASE("memory without room for a picture is tried again, or given up with th
     Rig.m_Graph.Fill(IDC_IMAGE_WIDTH, std::to_string(kAsked));
     Rig.m_Calculator.Click("OK");
 
-    SUBCASE("tried again")
+    SUBCASE("Retry")
     {
         CHECK(Rig.m_Calculator.Answers(Text, "Retry"));
         CHECK(Eventually(Text, [&] { return Rig.m_Calculator.Box().m_Text; }) == Text);
         cProbeLink::Current()->Ask(pbBitmapRoom, kAsked);
         CHECK(Rig.m_Calculator.Answers(Text, "Retry"));
         Rig.m_Calculator.GiveFileName(Rig.m_Calculator.Path("line.gif"));
-        CHECK(Eventually(0, [&] { return Rig.m_Calculator.HasDialog(); }) == 0);
+        CHECK(Rig.m_Calculator.HasNoDialog());
         CHECK(Word(Rig.m_Calculator.Folder().Read("line.gif"), 6) == kAsked);
     }
-    SUBCASE("given up")
+    SUBCASE("Cancel")
     {
         CHECK((Rig.m_Calculator.Box().m_Buttons == std::vector<std::string>{"Retry", "Cancel"}));
         CHECK(Rig.m_Calculator.BoxIcon() == kErrorIcon);

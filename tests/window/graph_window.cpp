@@ -7,22 +7,7 @@
 #include "tests/window/input.h"
 #include "tests/window/menus.h"
 #include "tests/window/waiting.h"
-
-static const unsigned kViewMenu = 2;  // of the calculator
-
-static std::string TextOf(HWND hWnd)
-{
-    std::string Text(static_cast<size_t>(SendMessageA(hWnd, WM_GETTEXTLENGTH, 0, 0)), 0);
-    SendMessageA(hWnd, WM_GETTEXT, Text.size() + 1, reinterpret_cast<LPARAM>(Text.data()));
-    return Text;
-}
-
-static RECT RectOf(HWND hWnd)
-{
-    RECT Rect = {};
-    GetWindowRect(hWnd, &Rect);
-    return Rect;
-}
+#include "tests/window/window_state.h"
 
 static HWND FindGraph(HWND hCalculator)
 {
@@ -44,7 +29,7 @@ cGraphWindow::cGraphWindow(cCalculator *pCalculator)
 {
     REQUIRE(m_hWnd);
     if (!IsWindowVisible(m_hWnd))
-        pCalculator->Choose(kViewMenu, IDM_GRAPH);
+        pCalculator->Choose(mnView, IDM_GRAPH);
     REQUIRE(WaitFor([this] { return IsWindowVisible(m_hWnd); }));
     pCalculator->Settle();
 }
@@ -91,6 +76,11 @@ POINT cGraphWindow::OnPlot(int x, int y) const
     return Point;
 }
 
+POINT cGraphWindow::MiddleOfPlot() const
+{
+    return MiddleOf(RectOf(Plot()));
+}
+
 HWND cGraphWindow::Legend() const
 {
     return GetDlgItem(Plot(), IDC_LEGEND);
@@ -106,6 +96,11 @@ int cGraphWindow::SelectedRow() const
 UINT cGraphWindow::MenuState(unsigned nId) const
 {
     return static_cast<UINT>(cProbeLink::Current()->AskWindow(m_hWnd, pbMenuState, nId).m_nValue);
+}
+
+int cGraphWindow::IsTicked(unsigned nId) const
+{
+    return (MenuState(nId) & MF_CHECKED) != 0;
 }
 
 std::string cGraphWindow::StatusText() const
@@ -125,7 +120,7 @@ void cGraphWindow::Open(const std::string &File, const std::string &Content)
     m_pCalculator->Folder().Write(File, Content);
     Choose(gmFile, IDM_GRAPH_OPEN);
     m_pCalculator->GiveFileName(m_pCalculator->Path(File));
-    REQUIRE(Eventually(0, [this] { return m_pCalculator->HasDialog(); }) == 0);
+    REQUIRE(m_pCalculator->HasNoDialog());
     const std::string Status = "filename: " + m_pCalculator->Path(File);
     REQUIRE(Eventually(Status, [this] { return StatusText(); }) == Status);
 }
@@ -142,7 +137,7 @@ int cGraphWindow::Count() const
     return static_cast<int>(SendDlgItemMessageA(Plot(), IDC_LEGEND, LB_GETCOUNT, 0, 0));
 }
 
-// --- the dialog in front
+// --- the topmost dialog
 
 std::string cGraphWindow::Caption() const
 {
@@ -173,8 +168,8 @@ int cGraphWindow::IsChecked(int nId) const
     return SendMessageA(Field(nId), BM_GETCHECK, 0, 0) == BST_CHECKED;
 }
 
-// Keys that are held do not stay held when the screen sends its own state of
-// the keyboard in between, so the text is not selected by keys.
+// Shift and an arrow key would not select the text reliably: a keyboard event of
+// the screen can release held keys in between.
 void cGraphWindow::Fill(int nId, const std::string &Text)
 {
     const HWND hField = Focus(nId);
@@ -243,7 +238,7 @@ std::string cGraphWindow::Items(int nId) const
     const LRESULT nCount = SendMessageA(hField, CB_GETCOUNT, 0, 0);
     for (WPARAM i = 0; i < static_cast<WPARAM>(nCount); i++)
     {
-        // From another process the texts come as wide ones, whatever is asked for.
+        // Across processes the text arrives as wide characters in any case.
         WCHAR szItem[100] = {};
         SendMessageW(hField, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(szItem));
         for (const WCHAR *pChar = szItem; *pChar; pChar++)
@@ -258,6 +253,11 @@ unsigned cGraphWindow::ColourOf(int nId) const
     WaitForPaint();
     const cPicture Picture = cPicture::OfScreen(RectOf(Field(nId)));
     return Picture.At(Picture.Width() / 2, Picture.Height() / 2);
+}
+
+int cGraphWindow::HasColour(int nId, unsigned nColour) const
+{
+    return Eventually(nColour, [&] { return ColourOf(nId); }) == nColour;
 }
 
 void cGraphWindow::PhotographDialog(const std::string &Name) const

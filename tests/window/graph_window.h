@@ -1,5 +1,5 @@
-// graph_window.h - the graph's window of a program that is worked from outside:
-// its menus, its data, and the fields of its dialogs.
+// graph_window.h - the graph's window of a program that is driven from outside:
+// its menus, its data and the fields of its dialogs.
 //
 //     cCalculator  Calculator;
 //     cGraphWindow Graph(&Calculator);
@@ -30,28 +30,31 @@ enum eGraphMenu
 class cGraphWindow
 {
 public:
-    // Shows the window with the calculator's menu. pCalculator outlives it.
+    // Shows the window with the calculator's menu. pCalculator must outlive it.
     explicit cGraphWindow(cCalculator *pCalculator);
 
     HWND Window() const { return m_hWnd; }
     HWND Plot() const;
 
-    // What it shows once everything has been painted.
+    // A picture of the window after all changes have been painted.
     cPicture Photograph() const;
     unsigned ColourAt(int x, int y) const;  // in the plot
 
-    // The plot without the frame: at once, and when all has been painted.
+    // The plot without the frame: at this moment, or after all changes have been
+    // painted.
     cPicture LookAtPlot() const;
     cPicture PhotographPlot() const;
 
-    // Where a point of the plot is on the screen.
+    // Screen position of a point of the plot.
     POINT OnPlot(int x, int y) const;
+    POINT MiddleOfPlot() const;
 
     HWND Legend() const;
     int  SelectedRow() const;  // of the legend, from 0; -1 for none
 
     // --- menu
     UINT        MenuState(unsigned nId) const;
+    int         IsTicked(unsigned nId) const;  // whether the item has its mark
     std::string StatusText() const;
 
     // Opens a menu of the bar and clicks an item, both with the mouse.
@@ -62,50 +65,54 @@ public:
     // Writes a data file and opens it.
     void Open(const std::string &File, const std::string &Content);
 
-    // Saves to the file that has been opened, and returns what is in it then.
+    // Saves to the file that was opened and returns its new content.
     std::string Saved(const std::string &File);
 
-    // How many data lines there are, told by the legend.
+    // Number of data sets, as the legend lists them.
     int Count() const;
 
-    // --- the dialog in front
+    // --- the topmost dialog
 
     std::string Caption() const;
-    int         IsCentred() const;  // above the middle of this window
+    int         IsCentred() const;  // over this window
 
     HWND        Field(int nId) const;
     std::string Text(int nId) const;
     int         IsChecked(int nId) const;
 
-    // Clicks into a field and types another text over what is there.
+    // Replaces the text in a field.
     void Fill(int nId, const std::string &Text);
 
-    // Clicks into a field of many lines and goes behind its text.
+    // Clicks a field of several lines and places the caret after its text.
     void GoToEnd(int nId);
 
-    // Types lines into the field that has the focus, Enter behind each.
+    // Types lines, each followed by Enter, into the field that has the focus.
     void TypeLines(std::initializer_list<const char *> Lines);
 
     // Clicks the upper or the lower arrow of a spin control.
     void Spin(int nSpinId, int bUp);
 
-    // Clicks OK and answers the box that comes up. 0 if it is not the expected
-    // one, or if the dialog does not stay, or go, behind it.
+    // Clicks the dialog's OK and then the OK of the box that follows. 0 if the
+    // box has another text, or if the dialog then closes (Refuses), or stays
+    // (Accepts).
     int Refuses(const std::string &Text);
     int Accepts(const std::string &Text);
 
-    // The texts of a combo box, a blank behind each.
+    // The texts of a combo box, each followed by a blank.
     std::string Items(int nId) const;
 
-    // The colour in the middle of a field.
+    // The colour in the middle of a field, at this moment.
     unsigned ColourOf(int nId) const;
+
+    // Waits until the middle of a field has this colour; 0 if it has another.
+    int HasColour(int nId, unsigned nColour) const;
 
     void PhotographDialog(const std::string &Name) const;
 
-    // The field that has the keyboard.
+    // Id of the field that has the focus.
     int FocusedField() const;
 
-    // Closes the dialog with Escape, once it has been painted.
+    // Closes the dialog with Escape after it has been painted.
     void Escape();
 
 private:

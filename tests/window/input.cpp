@@ -6,6 +6,7 @@
 
 #include "tests/window/mouse_link.h"
 #include "tests/window/probe_link.h"
+#include "tests/window/window_state.h"
 
 static void Send(const std::vector<INPUT> &Inputs)
 {
@@ -60,8 +61,7 @@ void Click(POINT Position, eMouseButton nButton)
 
 void ClickMiddleOf(HWND hWnd)
 {
-    RECT Rect = {};
-    GetWindowRect(hWnd, &Rect);
+    const RECT Rect = RectOf(hWnd);
     Click(MiddleOf(Rect));
 }
 
@@ -70,12 +70,11 @@ static int IsPart(HWND hWnd, POINT Point, LRESULT nPart)
     return SendMessageA(hWnd, WM_NCHITTEST, 0, MAKELPARAM(Point.x, Point.y)) == nPart;
 }
 
-// Looked for at the corner below, at the right edge and in the caption; asking
-// for every point would take seconds.
+// Searches the lower right corner, the right edge and the caption; to ask for every
+// point would take seconds.
 POINT FramePoint(HWND hWnd, LRESULT nPart)
 {
-    RECT Rect = {};
-    GetWindowRect(hWnd, &Rect);
+    const RECT Rect = RectOf(hWnd);
     for (int i = 1; i < 10; i++)
     {
         const POINT Corner = {Rect.right - i, Rect.bottom - i};
@@ -101,13 +100,13 @@ void HitKey(WORD nKey, unsigned nModifiers)
         WORD     m_nKey;
     } Modifiers[] = {{kCtrl, VK_CONTROL}, {kShift, VK_SHIFT}, {kAlt, VK_MENU}};
 
-    // With nothing between them: a window that has just been activated looks
-    // at the real keyboard, where the modifiers are not held.
+    // All in one call: a window that is activated in between reads the state of the
+    // real keyboard, where no modifier is held.
     std::vector<INPUT> Inputs;
     for (const auto &Modifier : Modifiers)
         if (nModifiers & Modifier.m_nBit)
             Inputs.push_back(KeyInput(Modifier.m_nKey, 0));
-    // Without the mark, Insert and Delete are those of the number pad.
+    // Without the flag, Insert and Delete are those of the number pad.
     const DWORD dwExtended = nKey >= VK_PRIOR && nKey <= VK_DELETE ? KEYEVENTF_EXTENDEDKEY : 0;
     Inputs.push_back(KeyInput(nKey, dwExtended));
     Inputs.push_back(KeyInput(nKey, dwExtended | KEYEVENTF_KEYUP));

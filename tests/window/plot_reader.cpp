@@ -11,8 +11,8 @@
 static const unsigned kBlack = 0x000000;
 static const unsigned kWhite = 0xFFFFFF;
 
-// The line, of nLines, in which the most black pixels are. A data line may lie
-// over some of those of an axis.
+// The line, of nLines, with the most black pixels. A data line may cover a part of an
+// axis.
 template <class cLook> static int BlackestLine(int nLines, int nLength, cLook At)
 {
     int nBlackest = 0;
@@ -32,8 +32,8 @@ template <class cLook> static int BlackestLine(int nLines, int nLength, cLook At
     return nBlackest;
 }
 
-// Each mark reaches two pixels to both sides of its axis; inside of the plot
-// data lines may lie over it.
+// Each tick extends two pixels to both sides of its axis; inside the plot a data line
+// may cover it.
 cSeenPlot::cSeenPlot(const cPicture &Picture) : m_Rect(), m_nHorzTicks(0), m_nVertTicks(0)
 {
     const int nWidth  = Picture.Width();
