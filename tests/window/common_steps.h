@@ -1,4 +1,4 @@
-// common_steps.h - what several tests do with the calculator.
+// common_steps.h - steps that several tests take with the calculator.
 
 #ifndef TESTS_WINDOW_COMMON_STEPS_H
 #define TESTS_WINDOW_COMMON_STEPS_H
@@ -10,45 +10,70 @@
 #include "tests/window/calculator.h"
 #include "tests/window/picture.h"
 
-// What a file dialog says of a name that is longer than a path may be.
+// The report about a file name that is longer than a path may be.
 const char *const kNameTooLong =
     "The file name is too long: it may have 259 characters, its folder included.";
 
-// What a command says that has to wait for the end of a run.
+// The report of a command that is not allowed while a program runs.
 const char *const kRefusedInRun = "Not allowed while a calculator\n"
                                   "program is running (hit any\n"
                                   "calculator key to halt the program)\n";
 
-// Opens a program with these lines, "LBL 1\r\nGTO 1\r\n", by the keyboard.
+// The question before changes to a program without a file name are lost.
+const char *const kSaveUntitled = "Save current changes in UNTITLED?";
+
+// The report about a missing help file, "VORSTEK.CHM".
+std::string MissingHelpText(const std::string &File);
+
+// A program that runs until it is halted.
+const char *const kEndless = "LBL 1\r\nGTO 1\r\n";
+
+// Chooses a file of the program's folder with Ctrl+O and the file dialog.
+void OpenFile(cCalculator *pCalculator, const std::string &File);
+
+// Opens a program with these lines, for example kEndless.
 void OpenListing(cCalculator *pCalculator, const std::string &Listing);
 
-// Opens such a program and starts it with a click on R/S.
+// Opens a program and starts it with R/S.
 void RunListing(cCalculator *pCalculator, const std::string &Listing);
 
-// The command as a click on its menu item posts it, and one of the system menu.
+// Adds an ENTER below the current line, in program mode, and returns to run mode.
+void AddEnter(cCalculator *pCalculator);
+
+// Whether a program runs.
+int IsProgramRunning(const cCalculator &Calculator);
+
+// Waits until no program runs; 0 if the run goes on.
+int HasHalted(const cCalculator &Calculator);
+
+// Posts a menu command, or one of the system menu.
 void PostCommand(const cCalculator &Calculator, unsigned nId);
 void PostSystemCommand(const cCalculator &Calculator, unsigned nCommand);
 
-// Clicks into a field of the dialog in front and types another text over what
-// is there.
+// Minimises the window, or restores it, and waits until that is done.
+void Minimise(const cCalculator &Calculator);
+void Restore(const cCalculator &Calculator);
+
+// Replaces the text in a field of the topmost dialog.
 void FillField(cCalculator *pCalculator, int nId, const std::string &Text);
 
-// What a control of the dialog in front says.
+// The text of a control of the topmost dialog.
 std::string TextOfControl(const cCalculator &Calculator, int nId);
 
-// The keypad with its edge, when all input so far has been handled and all that
-// it changed has been painted.
+// The topmost dialog with its frame, saved as a picture after it was painted.
+void PhotographDialog(const cCalculator &Calculator, const std::string &Name);
+
+// The keypad with its edge, after all changes have been painted.
 cPicture PhotographFace(const cCalculator &Calculator);
 
-// Whether the keypad comes to look so. What has been painted reaches the screen
-// a little later, so a comparison with a single photograph may come too early.
+// Waits until the keypad looks like this; 0 if it does not. Paint reaches the
+// screen with a delay, so that one comparison might come too early.
 int LooksLike(const cCalculator &Calculator, const cPicture &Face);
 
-// Has the face, with all that stands on it, painted anew, and returns when that
-// has been done.
+// Repaints the complete window and returns when that is done.
 void Repaint(const cCalculator &Calculator);
 
-// The bit TBSTATE_ENABLED or another of a button in the toolbar.
+// The TBSTATE_ flags of a toolbar button.
 int ToolState(const cCalculator &Calculator, unsigned nId);
 
 #endif

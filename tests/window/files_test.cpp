@@ -8,36 +8,20 @@
 
 #include "tests/window/common_steps.h"
 #include "tests/window/input.h"
+#include "tests/window/keys.h"
 #include "tests/window/probe_link.h"
+#include "tests/window/shared_rig.h"
 #include "tests/window/waiting.h"
 
-namespace
-{
-
-const unsigned kFileMenu = 0;
-
-const char kSaveUntitled[] = "Save current changes in UNTITLED?";
-
-// One ENTER more at the current line.
-void Modify(cCalculator &Calculator)
-{
-    Calculator.Slide(swMode, 0);
-    Calculator.HitKey(11);
-    Calculator.Slide(swMode, 1);
-}
-
-int HasClosed(cCalculator &Calculator)
-{
-    return Eventually(0, [&] { return Calculator.HasDialog(); }) == 0;
-}
-
-int StatusIs(cCalculator &Calculator, const std::string &Name)
+// Waits for the name in the status bar; 0 if it does not appear.
+static int StatusIs(cCalculator &Calculator, const std::string &Name)
 {
     const std::string Text = "filename: " + Name;
     return Eventually(Text, [&] { return Calculator.StatusText(); }) == Text;
 }
 
-int ListingIs(cCalculator &Calculator, unsigned nLine, const std::string &Text)
+// Waits for a line of the listing, counted from 0; 0 if it does not appear.
+static int ListingIs(cCalculator &Calculator, unsigned nLine, const std::string &Text)
 {
     return Eventually(Text, [&] {
                const std::vector<std::string> Lines = Calculator.ListingLines();
@@ -45,105 +29,157 @@ int ListingIs(cCalculator &Calculator, unsigned nLine, const std::string &Text)
            }) == Text;
 }
 
-void Open(cCalculator &Calculator, const std::string &File)
+namespace
 {
-    Calculator.HitShortcut('O', kCtrl);
-    Calculator.GiveFileName(Calculator.Path(File));
-}
+
+// A program without a file, whose change has not been saved. Tests that share it
+// cancel what they begin.
+struct cChangedRig
+{
+    cChangedRig() { AddEnter(&m_Calculator); }
+
+    int IsAsNew() const
+    {
+        return m_Calculator.IsRunning() && !m_Calculator.HasDialog() &&
+               m_Calculator.ListingLines()[1] == "01 ENTER" &&
+               m_Calculator.StatusText() == "filename: UNTITLED";
+    }
+
+    cCalculator m_Calculator;
+};
 
 }  // namespace
 
-TEST_CASE("nothing is lost without a question, and a cancelled dialog changes nothing")
+TEST_CASE("New and Open ask whether to save, and Cancel keeps the program")
 {
-    cCalculator Calculator;
-    Modify(Calculator);
-
+    cCalculator &Calculator = Shared<cChangedRig>().m_Calculator;
     Calculator.ClickButton(IDM_NEW);
     CHECK(Calculator.Answers(kSaveUntitled, "Cancel"));
     CHECK(ListingIs(Calculator, 1, "01 ENTER"));
     Calculator.ClickButton(IDM_OPEN);
     CHECK(Calculator.Answers(kSaveUntitled, "Cancel"));
-    CHECK(HasClosed(Calculator));
+    CHECK(Calculator.HasNoDialog());
+    CHECK(ListingIs(Calculator, 1, "01 ENTER"));
+}
+
+TEST_CASE("a cancelled Open or Save As dialog changes nothing")
+{
+    cCalculator &Calculator = Shared<cChangedRig>().m_Calculator;
     Calculator.ClickButton(IDM_OPEN);
     CHECK(Calculator.Answers(kSaveUntitled, "No"));
     CHECK(Calculator.Box().m_Caption == "Open");
     Calculator.CloseDialogWith(VK_ESCAPE);
-    CHECK(HasClosed(Calculator));
+    CHECK(Calculator.HasNoDialog());
     CHECK(ListingIs(Calculator, 1, "01 ENTER"));
     CHECK(StatusIs(Calculator, "UNTITLED"));
 
-    // Yes, and then no name: the program stays.
     Calculator.HitShortcut('N', kCtrl);
     CHECK(Calculator.Answers(kSaveUntitled, "Yes"));
     CHECK(Calculator.Box().m_Caption == "Save As");
     Calculator.CloseDialogWith(VK_ESCAPE);
-    CHECK(HasClosed(Calculator));
+    CHECK(Calculator.HasNoDialog());
     CHECK(ListingIs(Calculator, 1, "01 ENTER"));
+}
 
-    // Yes with a name of blanks and an accent: the extension is added.
+TEST_CASE("Yes saves under a name with blanks and an accent, and adds the extension")
+{
     const std::string Name = "caf\xE9 au lait";
+    cCalculator       Calculator;
+    AddEnter(&Calculator);
     Calculator.HitShortcut('N', kCtrl);
     CHECK(Calculator.Answers(kSaveUntitled, "Yes"));
     Calculator.GiveFileName(Calculator.Path(Name));
-    CHECK(HasClosed(Calculator));
+    CHECK(Calculator.HasNoDialog());
     CHECK(Calculator.Folder().Read(Name + ".txt") == "ENTER\r\n");
     CHECK(ListingIs(Calculator, 1, "01 R/S"));
     CHECK(StatusIs(Calculator, "UNTITLED"));
 
-    // Opened again, changed, and saved under its name without a question.
-    Open(Calculator, Name + ".txt");
+    OpenFile(&Calculator, Name + ".txt");
     CHECK(StatusIs(Calculator, Calculator.Path(Name + ".txt")));
     CHECK(ListingIs(Calculator, 1, "01 ENTER"));
-    Calculator.HitKeys({3, 29, 28, 24});  // GTO . 0 1
-    Modify(Calculator);
+}
+
+TEST_CASE("Save writes to the file that was opened without a question")
+{
+    cCalculator Calculator;
+    OpenListing(&Calculator, "ENTER\r\n");
+    Calculator.HitKeys({kKeyGoTo, kKeyPoint, kKey0, kKey1});
+    AddEnter(&Calculator);
+
     Calculator.ClickButton(IDM_SAVE);
-    CHECK(HasClosed(Calculator));
-    CHECK(Calculator.Folder().Read(Name + ".txt") == "ENTER\r\nENTER\r\n");
+
+    CHECK(Calculator.HasNoDialog());
+    CHECK(Calculator.Folder().Read("program.txt") == "ENTER\r\nENTER\r\n");
     Calculator.HitShortcut('N', kCtrl);
     CHECK(ListingIs(Calculator, 1, "01 R/S"));
     CHECK_FALSE(Calculator.HasDialog());
+}
 
-    // Save As asks before it replaces a file.
-    Modify(Calculator);
-    Calculator.Choose(kFileMenu, IDM_SAVE_AS);
-    Calculator.GiveFileName(Calculator.Path(Name + ".txt"));
+TEST_CASE("Save As asks before it replaces a file")
+{
+    cCalculator Calculator;
+    Calculator.Folder().Write("old.txt", "old");
+    AddEnter(&Calculator);
+    Calculator.Choose(mnFile, IDM_SAVE_AS);
+    Calculator.GiveFileName(Calculator.Path("old.txt"));
     CHECK(Calculator.Box().m_Buttons.size() == 2);
     Calculator.PhotographScreen().Save("overwrite");
     Calculator.Click("No");
     Calculator.CloseDialogWith(VK_ESCAPE);
-    CHECK(HasClosed(Calculator));
-    CHECK(Calculator.Folder().Read(Name + ".txt") == "ENTER\r\nENTER\r\n");
-    Calculator.HitShortcut('S', kCtrl);
-    Calculator.GiveFileName(Calculator.Path(Name + ".txt"));
-    Calculator.Click("Yes");
-    CHECK(HasClosed(Calculator));
-    CHECK(StatusIs(Calculator, Calculator.Path(Name + ".txt")));
-    CHECK(Calculator.Folder().Read(Name + ".txt") == "ENTER\r\n");
+    CHECK(Calculator.HasNoDialog());
+    CHECK(Calculator.Folder().Read("old.txt") == "old");
 
-    // Leaving: Cancel stays, Yes saves and goes.
-    Modify(Calculator);
-    const std::string Question = "Save current changes in " + Calculator.Path(Name + ".txt") + "?";
+    Calculator.HitShortcut('S', kCtrl);
+    Calculator.GiveFileName(Calculator.Path("old.txt"));
+    Calculator.Click("Yes");
+    CHECK(Calculator.HasNoDialog());
+    CHECK(StatusIs(Calculator, Calculator.Path("old.txt")));
+    CHECK(Calculator.Folder().Read("old.txt") == "ENTER\r\n");
+}
+
+TEST_CASE("before Exit, Cancel keeps the calculator open and Yes saves and closes it")
+{
+    cCalculator Calculator;
+    OpenListing(&Calculator, "ENTER\r\n");
+    AddEnter(&Calculator);
+    const std::string Question = "Save current changes in " + Calculator.Path("program.txt") + "?";
     Click(FramePoint(Calculator.Window(), HTCLOSE));
     CHECK(Calculator.Answers(Question, "Cancel"));
     CHECK(Calculator.IsRunning());
-    Calculator.Choose(kFileMenu, IDM_EXIT);
+
+    Calculator.Choose(mnFile, IDM_EXIT);
     CHECK(Calculator.Answers(Question, "Yes"));
     CHECK(Calculator.ExitCode() == 0);
-    CHECK(Calculator.Folder().Read(Name + ".txt") == "ENTER\r\nENTER\r\n");
+    CHECK(Calculator.Folder().Read("program.txt") == "ENTER\r\nENTER\r\n");
 }
 
-TEST_CASE("files that cannot be read leave the program alone or leave an empty one")
-{
-    cCalculator     Calculator;
-    cScratchFolder &Folder = Calculator.Folder();
-    Folder.Write("good.txt", "; twice\nENTER\n+\n");
-    Folder.Write("bad.txt", "CHS\nno such word\n+\n");
-    Folder.Write("picture.bmp", std::string("BM\0\x01\xFF\x00\x02\n\r\x1A more", 15));
-    std::filesystem::create_directory(Folder.Name("folder"));
-    Open(Calculator, "good.txt");
-    CHECK(ListingIs(Calculator, 2, "01 ENTER"));
+// --- files that cannot be read
 
-    // The dialog itself refuses what is not there, and goes into a folder.
+namespace
+{
+
+// A program from a file with a comment and two instructions.
+struct cGoodRig
+{
+    cGoodRig()
+    {
+        m_Calculator.Folder().Write("good.txt", "; twice\nENTER\n+\n");
+        OpenFile(&m_Calculator, "good.txt");
+        REQUIRE(ListingIs(m_Calculator, 2, "01 ENTER"));
+    }
+
+    cCalculator m_Calculator;
+};
+
+}  // namespace
+
+static const char kRejected[] = "Error: unrecognized instr mnemonic on line #2:\nno such word";
+
+TEST_CASE("the Open dialog refuses a missing file and opens a folder, and the program stays")
+{
+    cGoodRig     Rig;
+    cCalculator &Calculator = Rig.m_Calculator;
+    std::filesystem::create_directory(Calculator.Folder().Name("folder"));
     Calculator.HitShortcut('O', kCtrl);
     Calculator.GiveFileName(Calculator.Path("missing.txt"));
     CHECK(Calculator.Box().m_Buttons.size() == 1);
@@ -151,114 +187,144 @@ TEST_CASE("files that cannot be read leave the program alone or leave an empty o
     Calculator.EnterFileName(Calculator.Path("folder"));
     CHECK(Calculator.Box().m_Caption == "Open");
     Calculator.CloseDialogWith(VK_ESCAPE);
-    CHECK(HasClosed(Calculator));
+
+    CHECK(Calculator.HasNoDialog());
     CHECK(ListingIs(Calculator, 2, "01 ENTER"));
     CHECK(StatusIs(Calculator, Calculator.Path("good.txt")));
+}
 
-    // A rejected line is kept and marked, or the load is given up.
-    const char szRejected[] = "Error: unrecognized instr mnemonic on line #2:\nno such word";
-    Open(Calculator, "bad.txt");
-    CHECK(Calculator.Box().m_Text == szRejected);
+TEST_CASE("a rejected line is kept, marked and saved again")
+{
+    cCalculator Calculator;
+    Calculator.Folder().Write("bad.txt", "CHS\nno such word\n+\n");
+    OpenFile(&Calculator, "bad.txt");
+    // The listing shows the lines that were loaded before the question.
+    CHECK(Calculator.Box().m_Text == kRejected);
     CHECK(ListingIs(Calculator, 0, "00"));
     CHECK(ListingIs(Calculator, 1, "01 CHS"));
     CHECK(SendMessageA(Calculator.Listing(), EM_GETLINECOUNT, 0, 0) == 3);  // the last is empty
     Calculator.PhotographScreen().Save("bad-line");
-    CHECK(Calculator.Answers(szRejected, "OK", "ERROR"));
+
+    CHECK(Calculator.Answers(kRejected, "OK", "ERROR"));
+
     CHECK(ListingIs(Calculator, 2, "-- no such word"));
     CHECK(ListingIs(Calculator, 3, "02 +"));
     CHECK(StatusIs(Calculator, Calculator.Path("bad.txt")));
     Calculator.HitShortcut('S', kCtrl);
     Calculator.Settle();
-    CHECK(Folder.Read("bad.txt") == "CHS\r\nno such word\r\n+\r\n");
-    Open(Calculator, "bad.txt");
-    CHECK(Calculator.Answers(szRejected, "Cancel", "ERROR"));
+    CHECK(Calculator.Folder().Read("bad.txt") == "CHS\r\nno such word\r\n+\r\n");
+}
+
+TEST_CASE("Cancel at a rejected line, also of a file that is no listing, clears the program")
+{
+    cGoodRig     Rig;
+    cCalculator &Calculator = Rig.m_Calculator;
+    Calculator.Folder().Write("bad.txt", "CHS\nno such word\n+\n");
+    Calculator.Folder().Write("picture.bmp", std::string("BM\0\x01\xFF\x00\x02\n\r\x1A more", 15));
+    OpenFile(&Calculator, "bad.txt");
+    CHECK(Calculator.Answers(kRejected, "Cancel", "ERROR"));
     CHECK(Calculator.Answers("Program Memory has been cleared", "OK"));
     CHECK(ListingIs(Calculator, 1, "01 R/S"));
     CHECK(StatusIs(Calculator, "UNTITLED"));
 
-    // A file of another kind is no listing.
-    Open(Calculator, "picture.bmp");
+    OpenFile(&Calculator, "picture.bmp");
     CHECK(Calculator.Box().m_Caption == "ERROR");
     Calculator.Click("Cancel");
     CHECK(Calculator.Answers("Program Memory has been cleared", "OK"));
+}
 
-    // One that cannot be opened leaves the program and takes the name.
-    Open(Calculator, "good.txt");
+TEST_CASE("a file that cannot be opened leaves the program, which loses its file name")
+{
+    cGoodRig     Rig;
+    cCalculator &Calculator = Rig.m_Calculator;
     CHECK(StatusIs(Calculator, Calculator.Path("good.txt")));
-    const HANDLE hLocked = CreateFileA(Calculator.Path("bad.txt").c_str(), GENERIC_READ, 0, nullptr,
-                                       OPEN_EXISTING, 0, nullptr);
-    Open(Calculator, "bad.txt");
-    CHECK(Calculator.Answers(
-        "ERROR: couldn't open the file '" + Calculator.Path("bad.txt") + "' for reading", "OK"));
+    Calculator.Folder().Write("locked.txt", "CHS\n");
+    const std::string Path = Calculator.Path("locked.txt");
+    const HANDLE      hLocked =
+        CreateFileA(Path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    OpenFile(&Calculator, "locked.txt");
+    CHECK(Calculator.Answers("ERROR: couldn't open the file '" + Path + "' for reading", "OK"));
     CloseHandle(hLocked);
     CHECK(ListingIs(Calculator, 2, "01 ENTER"));
     CHECK(StatusIs(Calculator, "UNTITLED"));
 }
 
-TEST_CASE("files that cannot be written keep the program and its question")
-{
-    cCalculator     Calculator;
-    cScratchFolder &Folder = Calculator.Folder();
-    std::filesystem::create_directory(Folder.Name("folder"));
-    Folder.Write("folder/good.txt", "ENTER\n");
-    const std::string Path    = Calculator.Path("folder\\good.txt");
-    const std::string Failure = "Could not write the file:\n " + Path;
-    Open(Calculator, "folder\\good.txt");
-    CHECK(StatusIs(Calculator, Path));
+// --- files that cannot be written
 
-    // deleted in the meantime: written anew
-    std::filesystem::remove(Folder.Name("folder/good.txt"));
+TEST_CASE("a file that was deleted in the meantime is written again")
+{
+    cGoodRig     Rig;
+    cCalculator &Calculator = Rig.m_Calculator;
+    std::filesystem::remove(Calculator.Folder().Name("good.txt"));
     Calculator.HitShortcut('S', kCtrl);
     Calculator.Settle();
-    CHECK(HasClosed(Calculator));
-    CHECK(Folder.Read("folder/good.txt") == "ENTER\r\n");
+    CHECK(Calculator.HasNoDialog());
+    CHECK(Calculator.Folder().Read("good.txt") == "; twice\r\nENTER\r\n+\r\n");
+}
 
-    // read-only
+TEST_CASE("a read-only file stays as it is, and the program keeps its changes and its question")
+{
+    cCalculator Calculator;
+    OpenListing(&Calculator, "ENTER\n");
+    const std::string Path    = Calculator.Path("program.txt");
+    const std::string Failure = "Could not write the file:\n " + Path;
     SetFileAttributesA(Path.c_str(), FILE_ATTRIBUTE_READONLY);
-    Modify(Calculator);
+    AddEnter(&Calculator);
+
     Calculator.HitShortcut('S', kCtrl);
     CHECK(Calculator.Answers(Failure, "OK"));
-    CHECK(Folder.Read("folder/good.txt") == "ENTER\r\n");
+    CHECK(Calculator.Folder().Read("program.txt") == "ENTER\n");
     CHECK(StatusIs(Calculator, Path));
     Calculator.HitShortcut('N', kCtrl);
     CHECK(Calculator.Answers("Save current changes in " + Path + "?", "Yes"));
     CHECK(Calculator.Answers(Failure, "OK"));
     CHECK(ListingIs(Calculator, 2, "02 ENTER"));
     SetFileAttributesA(Path.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
 
-    // its folder gone
+TEST_CASE("a file whose folder was deleted cannot be written, and the program keeps its name")
+{
+    cCalculator     Calculator;
+    cScratchFolder &Folder = Calculator.Folder();
+    std::filesystem::create_directory(Folder.Name("folder"));
+    Folder.Write("folder/good.txt", "ENTER\n");
+    const std::string Path = Calculator.Path("folder\\good.txt");
+    OpenFile(&Calculator, "folder\\good.txt");
+    CHECK(StatusIs(Calculator, Path));
     std::filesystem::remove_all(Folder.Name("folder"));
+
     Calculator.HitShortcut('S', kCtrl);
-    CHECK(Calculator.Answers(Failure, "OK"));
-    CHECK(HasClosed(Calculator));
+
+    CHECK(Calculator.Answers("Could not write the file:\n " + Path, "OK"));
+    CHECK(Calculator.HasNoDialog());
     CHECK(StatusIs(Calculator, Path));
 }
 
-TEST_CASE("a folder that takes no new files keeps the old one, and the program is not lost")
+TEST_CASE("in a read-only folder the old file stays, and the program keeps its changes")
 {
     cCalculator     Calculator;
     cScratchFolder &Folder = Calculator.Folder();
     Folder.Write("good.txt", "ENTER\n");
     const std::string Path    = Calculator.Path("good.txt");
     const std::string NewPath = Calculator.Path("new.txt");
-    Open(Calculator, "good.txt");
+    OpenFile(&Calculator, "good.txt");
     CHECK(StatusIs(Calculator, Path));
-    Modify(Calculator);
+    AddEnter(&Calculator);
     const size_t nFiles = Folder.Count();
     cProbeLink::Current()->Ask(pbReadOnly);
 
     Calculator.HitShortcut('S', kCtrl);
     CHECK(Calculator.Answers("Could not write the file:\n " + Path, "OK"));
-    Calculator.Choose(kFileMenu, IDM_SAVE_AS);
+    Calculator.Choose(mnFile, IDM_SAVE_AS);
     Calculator.GiveFileName(NewPath);
     CHECK(Calculator.Answers("Could not write the file:\n " + NewPath, "OK"));
-    CHECK(HasClosed(Calculator));
+    CHECK(Calculator.HasNoDialog());
     CHECK(Folder.Read("good.txt") == "ENTER\n");
     CHECK(Folder.Count() == nFiles);
     CHECK(ListingIs(Calculator, 2, "02 ENTER"));
     CHECK(StatusIs(Calculator, Path));
 
-    // The program still asks before it goes, and stays.
+    // The calculator still asks before it closes, and stays open.
     Click(FramePoint(Calculator.Window(), HTCLOSE));
     CHECK(Calculator.Answers("Save current changes in " + Path + "?", "Yes"));
     CHECK(Calculator.Answers("Could not write the file:\n " + Path, "OK"));
@@ -270,13 +336,13 @@ TEST_CASE("a name may be as long as the platform allows")
 {
     const size_t kLongest = 259;  // characters of a full name
     cCalculator  Calculator;
-    Modify(Calculator);
+    AddEnter(&Calculator);
 
     const std::string Folder  = Calculator.Path("");
     const std::string Longest = Folder + std::string(kLongest - Folder.size() - 4, 'n') + ".txt";
-    Calculator.Choose(kFileMenu, IDM_SAVE_AS);
+    Calculator.Choose(mnFile, IDM_SAVE_AS);
     Calculator.GiveFileName(Longest);
-    CHECK(HasClosed(Calculator));
+    CHECK(Calculator.HasNoDialog());
     CHECK(StatusIs(Calculator, Longest));
     Calculator.HitShortcut('N', kCtrl);
     CHECK(ListingIs(Calculator, 1, "01 R/S"));
@@ -293,14 +359,14 @@ TEST_CASE("a file name of 300 characters is refused, and nothing is lost")
     cCalculator       Calculator;
     const std::string TooLong(300, 'n');
     const std::string Path = Calculator.Path("short.txt");
-    Modify(Calculator);
+    AddEnter(&Calculator);
 
-    Calculator.Choose(kFileMenu, IDM_SAVE_AS);
+    Calculator.Choose(mnFile, IDM_SAVE_AS);
     Calculator.GiveFileName(TooLong);
     Calculator.PhotographScreen().Save("name-too-long");
     CHECK(Calculator.Answers(kNameTooLong, "OK"));
     Calculator.GiveFileName(Path);
-    CHECK(HasClosed(Calculator));
+    CHECK(Calculator.HasNoDialog());
     CHECK(StatusIs(Calculator, Path));
     CHECK(Calculator.Folder().Read("short.txt") == "ENTER\r\n");
 
@@ -311,7 +377,7 @@ TEST_CASE("a file name of 300 characters is refused, and nothing is lost")
         CHECK(Calculator.Answers(kNameTooLong, "OK"));
     }
     Calculator.CloseDialogWith(VK_ESCAPE);
-    CHECK(HasClosed(Calculator));
+    CHECK(Calculator.HasNoDialog());
     CHECK(ListingIs(Calculator, 1, "01 ENTER"));
     CHECK(StatusIs(Calculator, Path));
     CHECK(Calculator.Folder().Count() == 2);

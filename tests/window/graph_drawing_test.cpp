@@ -1,33 +1,26 @@
-// The graph's window while a program draws into it.
+// The graph's window while a program draws.
 
 #include "tests/window/graph_window.h"
 
-#include <string>
+#include <memory>
+#include <utility>
 
 #include <doctest/doctest.h>
 
 #include "tests/window/common_steps.h"
 #include "tests/window/input.h"
+#include "tests/window/keys.h"
 #include "tests/window/plot_reader.h"
+#include "tests/window/shared_rig.h"
 #include "tests/window/waiting.h"
+#include "tests/window/window_state.h"
 
-namespace
-{
+// Draws until it is halted, slowly enough not to fill the set.
+static const char kDrawing[] = "LBL 1\r\n1\r\nSTO+ 2\r\nRCL 2\r\nsin\r\nRCL 2\r\nSumG\r\n"
+                               "5000\r\nSTO 0\r\nLBL 2\r\nDSZ\r\nGTO 2\r\nGTO 1\r\n";
 
-const unsigned kKeyRunStop = 30;
-
-// Draws on and on, slowly enough not to fill the set.
-const char kDrawing[] = "LBL 1\r\n1\r\nSTO+ 2\r\nRCL 2\r\nsin\r\nRCL 2\r\nSumG\r\n"
-                        "5000\r\nSTO 0\r\nLBL 2\r\nDSZ\r\nGTO 2\r\nGTO 1\r\n";
-
-int IsProgramRunning(const cCalculator &Calculator)
-{
-    Calculator.Settle();
-    return (Calculator.MenuState(IDM_OPEN) & MF_GRAYED) != 0;
-}
-
-// Whether the plot comes to show so many other pictures.
-int Follows(const cGraphWindow &Graph, int nPictures)
+// Waits until the plot has changed nPictures times; 0 if it stops changing.
+static int Follows(const cGraphWindow &Graph, int nPictures)
 {
     cPicture Former = Graph.LookAtPlot();
     for (int i = 0; i < nPictures; i++)
@@ -41,7 +34,7 @@ int Follows(const cGraphWindow &Graph, int nPictures)
     return 1;
 }
 
-void DragCorner(const cCalculator &Calculator, const cGraphWindow &Graph, int dx, int dy)
+static void DragCorner(const cCalculator &Calculator, const cGraphWindow &Graph, int dx, int dy)
 {
     const POINT From = FramePoint(Graph.Window(), HTBOTTOMRIGHT);
     MoveMouse(From);
@@ -55,85 +48,122 @@ void DragCorner(const cCalculator &Calculator, const cGraphWindow &Graph, int dx
     Calculator.Settle();
 }
 
-SIZE SizeOf(HWND hWnd)
+namespace
 {
-    RECT Rect = {};
-    GetWindowRect(hWnd, &Rect);
-    return {Rect.right - Rect.left, Rect.bottom - Rect.top};
-}
+
+// A program draws. Tests that share it let it go on.
+struct cDrawingRig
+{
+    cDrawingRig()
+    {
+        OpenListing(&m_Calculator, kDrawing);
+        m_pGraph = std::make_unique<cGraphWindow>(&m_Calculator);
+        m_Calculator.HitKey(kKeyRunStop);
+        REQUIRE(IsProgramRunning(m_Calculator));
+        REQUIRE(Follows(*m_pGraph, 5));
+    }
+
+    int IsAsNew() const
+    {
+        return m_Calculator.IsRunning() && !m_Calculator.HasDialog() &&
+               IsProgramRunning(m_Calculator) && IsWindowVisible(m_pGraph->Window());
+    }
+
+    cCalculator                   m_Calculator;
+    std::unique_ptr<cGraphWindow> m_pGraph;
+};
 
 }  // namespace
 
-TEST_CASE("while a program draws, the window follows it and is worked as far as it may be")
+TEST_CASE("the graph follows a program that draws")
 {
-    cCalculator Calculator;
-    OpenListing(&Calculator, kDrawing);
-    cGraphWindow Graph(&Calculator);
-    Calculator.HitKey(kKeyRunStop);
-    REQUIRE(IsProgramRunning(Calculator));
-    CHECK(Follows(Graph, 30));
+    const cDrawingRig &Rig = Shared<cDrawingRig>();
+    CHECK(Follows(*Rig.m_pGraph, 30));
+}
 
-    // What would change the graph is refused, and nothing else happens.
+TEST_CASE("while a program draws, commands that would change the graph are refused")
+{
+    cDrawingRig &Rig = Shared<cDrawingRig>();
     for (const unsigned nId : {IDM_GRAPH_NEW, IDM_DELETE_LINE, IDM_REFORMAT_LINE, IDM_EDIT_DATA_SET,
                                IDM_REFORMAT_PLOT, IDM_AUTO_RANGE})
     {
         CAPTURE(nId);
-        PostMessageA(Graph.Window(), WM_COMMAND, nId, 0);
-        CHECK(Calculator.Answers(kRefusedInRun, "OK"));
-        CHECK(Follows(Graph, 2));
+        PostMessageA(Rig.m_pGraph->Window(), WM_COMMAND, nId, 0);
+        CHECK(Rig.m_Calculator.Answers(kRefusedInRun, "OK"));
+        CHECK(Follows(*Rig.m_pGraph, 2));
     }
+}
 
-    // What only looks at it is not; the run rests while a dialog or a menu is
-    // open.
+TEST_CASE("while a program draws, commands that do not change the data work")
+{
+    cDrawingRig  &Rig   = Shared<cDrawingRig>();
+    cGraphWindow &Graph = *Rig.m_pGraph;
     Graph.Choose(gmView, IDM_GRID);
-    CHECK((Graph.MenuState(IDM_GRID) & MF_CHECKED) != 0);
+    CHECK(Graph.IsTicked(IDM_GRID));
     Graph.Choose(gmView, IDM_GRAPH_STATUS_BAR);
-    CHECK((Graph.MenuState(IDM_GRAPH_STATUS_BAR) & MF_CHECKED) == 0);
+    CHECK_FALSE(Graph.IsTicked(IDM_GRAPH_STATUS_BAR));
     Graph.Choose(gmHelp, IDM_GRAPH_ABOUT);
     CHECK(Graph.Caption() == "About cVantor...");
-    Calculator.Click("OK");
+    Rig.m_Calculator.Click("OK");
     Graph.Choose(gmFile, IDM_GRAPH_SAVE_AS);
-    REQUIRE(Calculator.Dialog());
+    REQUIRE(Rig.m_Calculator.Dialog());
     HitKey(VK_ESCAPE);
-    CHECK(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
+    CHECK(Rig.m_Calculator.HasNoDialog());
     CHECK(Follows(Graph, 5));
 
-    // It is sized in the middle of it.
-    const SIZE Before = SizeOf(Graph.Window());
-    DragCorner(Calculator, Graph, -200, -120);
+    Graph.Choose(gmView, IDM_GRID);
+    Graph.Choose(gmView, IDM_GRAPH_STATUS_BAR);
+}
+
+TEST_CASE("while a program draws, the graph's window is sized")
+{
+    const cDrawingRig  &Rig    = Shared<cDrawingRig>();
+    const cGraphWindow &Graph  = *Rig.m_pGraph;
+    const SIZE          Before = SizeOf(Graph.Window());
+    DragCorner(Rig.m_Calculator, Graph, -200, -120);
     CHECK(SizeOf(Graph.Window()).cx == Before.cx - 200);
     CHECK(SizeOf(Graph.Window()).cy == Before.cy - 120);
     CHECK(Follows(Graph, 5));
-    DragCorner(Calculator, Graph, 200, 120);
+    DragCorner(Rig.m_Calculator, Graph, 200, 120);
+}
 
-    // A point is read out, and another.
-    RECT Client = {};
-    GetClientRect(Graph.Plot(), &Client);
-    MoveMouse(Graph.OnPlot(Client.right / 2, Client.bottom / 2));
+TEST_CASE("while a program draws, points are read out, and the graph goes on")
+{
+    const cDrawingRig  &Rig    = Shared<cDrawingRig>();
+    const cGraphWindow &Graph  = *Rig.m_pGraph;
+    const POINT         Middle = Graph.MiddleOfPlot();
+    MoveMouse(Middle);
     PressMouse();
     CHECK(Eventually(0, [&] { return Graph.SelectedRow(); }) == 0);
     Graph.LookAtPlot().Save("graph-readout-drawing");
     for (int i = 0; i < 20; i++)
     {
-        MoveMouse(Graph.OnPlot(Client.right / 2 + 4 * i, Client.bottom / 2));
-        Calculator.Settle();
+        MoveMouse({Middle.x + 4 * i, Middle.y});
+        Rig.m_Calculator.Settle();
     }
     CHECK(Follows(Graph, 5));
     ReleaseMouse();
     CHECK(Follows(Graph, 5));
+}
 
-    // Closed, it is shown again by the next point.
+TEST_CASE("a graph that is closed while a program draws is shown again by the next point")
+{
+    const cDrawingRig  &Rig   = Shared<cDrawingRig>();
+    const cGraphWindow &Graph = *Rig.m_pGraph;
     PostMessageA(Graph.Window(), WM_CLOSE, 0, 0);
-    Calculator.Settle();
+    Rig.m_Calculator.Settle();
     CHECK(WaitFor([&] { return IsWindowVisible(Graph.Window()); }));
     CHECK(Follows(Graph, 5));
-    CHECK(IsProgramRunning(Calculator));
+    CHECK(IsProgramRunning(Rig.m_Calculator));
+}
 
-    Calculator.HitKey(kKeyRunStop);
-    CHECK(WaitFor([&] { return !IsProgramRunning(Calculator); }));
-    CHECK((Calculator.MenuState(IDM_GRAPH) & MF_CHECKED) != 0);
-
-    // What was drawn point by point is what is drawn as a whole.
+TEST_CASE("a graph that was drawn point by point looks like one that is drawn at once")
+{
+    cDrawingRig   Rig;
+    cGraphWindow &Graph = *Rig.m_pGraph;
+    Rig.m_Calculator.HitKey(kKeyRunStop);
+    CHECK(HasHalted(Rig.m_Calculator));
+    CHECK((Rig.m_Calculator.MenuState(IDM_GRAPH) & MF_CHECKED) != 0);
     const cPicture Halted = Graph.PhotographPlot();
     Halted.Save("graph-halted");
     Graph.Choose(gmView, IDM_GRID);
@@ -141,8 +171,9 @@ TEST_CASE("while a program draws, the window follows it and is worked as far as 
     CHECK(CountDifferences(Halted, Graph.PhotographPlot()) == 0);
 }
 
-TEST_CASE("a program that clears and draws again and again is seen drawing")
+TEST_CASE("a program that clears the graph and draws again does so visibly")
 {
+    const int   nWanted = 9;  // pictures with a curve
     cCalculator Calculator;
     OpenListing(&Calculator,
                 "LBL 0\r\nClearG\r\n0\r\nSTO 0\r\n1\r\nSetG\r\nLBL 1\r\n1\r\nSTO+ 0\r\n"
@@ -154,13 +185,14 @@ TEST_CASE("a program that clears and draws again and again is seen drawing")
     Calculator.HitKey(kKeyRunStop);
     REQUIRE(IsProgramRunning(Calculator));
 
+    // Most looks at arbitrary moments find a curve.
     int nDrawn = 0;
-    for (int i = 0; i < 40; i++)
-    {
+    int nLooks = 0;
+    WaitFor([&] {
         nDrawn += !(Graph.LookAtPlot() == Empty);
-        Sleep(kLookAgain);
-    }
-    CHECK(nDrawn > 8);
+        return ++nLooks == 40;
+    });
+    CHECK(nDrawn >= nWanted);
     Calculator.HitKey(kKeyRunStop);
-    CHECK(WaitFor([&] { return !IsProgramRunning(Calculator); }));
+    CHECK(HasHalted(Calculator));
 }

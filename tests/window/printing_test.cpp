@@ -1,4 +1,4 @@
-// The listing on paper, and the dialogs of the printer.
+// Printing the listing, and the platform's dialogs for it.
 
 #include "tests/window/paper_tray.h"
 
@@ -15,6 +15,7 @@
 #include "tests/window/input.h"
 #include "tests/window/leaks.h"
 #include "tests/window/waiting.h"
+#include "tests/window/window_state.h"
 
 namespace
 {
@@ -35,12 +36,11 @@ const int kMarginRight  = edt6;
 const int kMarginBottom = edt7;
 const int kMarginGroup  = grp4;
 
-const unsigned kFileMenu   = 0;
-const int      kInch       = 100;  // in the units of cInk
-const int      kTolerance  = 2;    // what a letter may stand off its place
-const int      kLineHeight = 15;   // at most, of 9 points
+const int kInch       = 100;  // in the units of cInk
+const int kTolerance  = 2;    // of the position of a letter
+const int kLineHeight = 15;   // at most, of 9 points
 
-// "; line 001" to "; line 300". The 99 lines of the program stand there too.
+// "; line 001" to "; line 300". The calculator adds the 99 lines of the program.
 std::string LongListing()
 {
     std::string Listing;
@@ -53,7 +53,7 @@ std::string LongListing()
     return Listing;
 }
 
-// Without the blanks that set comments apart.
+// The lines of the listing box without leading blanks.
 std::vector<std::string> ListingOf(const cCalculator &Calculator)
 {
     std::vector<std::string> Lines = Calculator.ListingLines();
@@ -93,9 +93,17 @@ struct cPrintRig
         return m_Tray.Next();
     }
 
-    void SetUp() { m_Calculator.Choose(kFileMenu, IDM_PAGE_SETUP); }
+    // Fills in three margins of the page setup.
+    void SetMargins()
+    {
+        FillField(&m_Calculator, kMarginLeft, "2");
+        FillField(&m_Calculator, kMarginTop, "3");
+        FillField(&m_Calculator, kMarginBottom, "1.5");
+    }
 
-    // After what was done the window is as it was: it gets the keyboard.
+    void SetUp() { m_Calculator.Choose(mnFile, IDM_PAGE_SETUP); }
+
+    // Waits until the calculator is enabled again and in front; 0 if it is not.
     int IsFree()
     {
         return WaitFor([this] {
@@ -107,14 +115,6 @@ struct cPrintRig
     cPaperTray  m_Tray;
     cCalculator m_Calculator;
 };
-
-void PhotographDialog(const cCalculator &Calculator, const std::string &Name)
-{
-    RECT Rect = {};
-    Calculator.SettlePaint();
-    GetWindowRect(Calculator.Dialog(), &Rect);
-    cPicture::OfScreen(Rect).Save(Name);
-}
 
 }  // namespace
 
@@ -171,54 +171,68 @@ TEST_CASE("a range of pages and copies in either order are printed as chosen")
     CHECK(Rig.Print().m_Texts == cTexts{All[0], All[1], All[0], All[1]});
 }
 
-TEST_CASE("margins and orientation of the page setup hold for what is printed, and are kept")
+TEST_CASE("the margins of the page setup apply to what is printed")
 {
     cPrintRig Rig;
     Rig.SetUp();
     CHECK(TextOfControl(Rig.m_Calculator, kMarginLeft) == "1");
-    FillField(&Rig.m_Calculator, kMarginLeft, "2");
-    FillField(&Rig.m_Calculator, kMarginTop, "3");
-    FillField(&Rig.m_Calculator, kMarginBottom, "1.5");
+    Rig.SetMargins();
     PhotographDialog(Rig.m_Calculator, "page-setup");
     Rig.m_Calculator.Click("OK");
     CHECK(Rig.IsFree());
     Rig.Ask();
     Rig.ChoosePages("1", "1");
+
     const cPrintedDocument Upright = Rig.Print();
-    const cInk             Ink     = Upright.m_Pages[0].Ink();
-    const int              nSheet  = Upright.m_Pages[0].m_Picture.Height();
+
+    const cInk Ink    = Upright.m_Pages[0].Ink();
+    const int  nSheet = Upright.m_Pages[0].m_Picture.Height();
     CHECK(abs(Ink.m_nLeft - 2 * kInch) <= kTolerance);
     CHECK(Ink.m_nTop >= 3 * kInch - kTolerance);
     CHECK(Ink.m_nTop < 3 * kInch + kLineHeight);
     CHECK(Ink.m_nBottom <= nSheet - kInch * 3 / 2 + kTolerance);
     CHECK(Ink.m_nBottom > nSheet - kInch * 3 / 2 - kLineHeight);
     Upright.Save(1, "print-margins");
+}
+
+TEST_CASE("OK keeps the page setup, and Cancel restores the one before")
+{
+    cPrintRig Rig;
+    Rig.SetUp();
+    Rig.SetMargins();
+    Rig.m_Calculator.Click("OK");
 
     Rig.SetUp();
     CHECK(TextOfControl(Rig.m_Calculator, kMarginTop) == "3");
     FillField(&Rig.m_Calculator, kMarginTop, "5");
     Rig.m_Calculator.ClickControl(kLandscape);
     Rig.m_Calculator.Click("Cancel");
+
     Rig.SetUp();
     CHECK(TextOfControl(Rig.m_Calculator, kMarginLeft) == "2");
     CHECK(TextOfControl(Rig.m_Calculator, kMarginTop) == "3");
     CHECK(TextOfControl(Rig.m_Calculator, kMarginRight) == "1");
     CHECK(TextOfControl(Rig.m_Calculator, kMarginBottom) == "1.500");
+}
 
-    // The platform turns the margins with the sheet.
-    Rig.m_Calculator.ClickControl(kLandscape);
-    FillField(&Rig.m_Calculator, kMarginLeft, "2");
-    FillField(&Rig.m_Calculator, kMarginTop, "3");
-    FillField(&Rig.m_Calculator, kMarginRight, "1");
-    FillField(&Rig.m_Calculator, kMarginBottom, "1.5");
-    Rig.m_Calculator.Click("OK");
-
-    // The text runs down the sheet: its top is the right edge, its left the
-    // upper one.
+TEST_CASE("in landscape the listing is printed down the sheet, on more pages")
+{
+    cPrintRig Rig;
     Rig.Ask();
+    const size_t nUpright = Rig.Print().m_Texts.size();
+    Rig.SetUp();
+    // Before the margins, which the platform turns with the sheet.
+    Rig.m_Calculator.ClickControl(kLandscape);
+    Rig.SetMargins();
+    FillField(&Rig.m_Calculator, kMarginRight, "1");
+    Rig.m_Calculator.Click("OK");
+    Rig.Ask();
+
     const cPrintedDocument Turned = Rig.Print();
+
     CHECK(AllLines(Turned.m_Texts) == ListingOf(Rig.m_Calculator));
-    CHECK(Turned.m_Texts.size() > Upright.m_Texts.size());
+    CHECK(Turned.m_Texts.size() > nUpright);
+    // The top of the text is the right edge of the sheet, its left the upper edge.
     const cInk Down   = Turned.m_Pages[0].Ink();
     const int  nWidth = Turned.m_Pages[0].m_Picture.Width();
     CHECK(abs(Down.m_nTop - 2 * kInch) <= kTolerance);
@@ -231,10 +245,9 @@ TEST_CASE("margins and orientation of the page setup hold for what is printed, a
     PhotographDialog(Rig.m_Calculator, "page-setup-landscape");
     CHECK(IsDlgButtonChecked(Rig.m_Calculator.Dialog(), kLandscape));
     CHECK(TextOfControl(Rig.m_Calculator, kMarginTop) == "3");
-    Rig.m_Calculator.Click("Cancel");
 }
 
-TEST_CASE("who measures in millimetres sees and sets his margins so")
+TEST_CASE("where the locale is metric the margins are in millimetres")
 {
     char szFormer[4] = "";
     GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_IMEASURE, szFormer, sizeof szFormer);
@@ -254,7 +267,7 @@ TEST_CASE("who measures in millimetres sees and sets his margins so")
     SetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_IMEASURE, szFormer);
 }
 
-TEST_CASE("a cancelled dialog prints nothing, and a cancelled document is cut short")
+TEST_CASE("the Print dialog disables all windows, which Cancel enables again")
 {
     cPrintRig          Rig;
     const cGraphWindow Graph(&Rig.m_Calculator);
@@ -264,6 +277,14 @@ TEST_CASE("a cancelled dialog prints nothing, and a cancelled document is cut sh
     Rig.m_Calculator.Click("Cancel");
     CHECK(Rig.IsFree());
     CHECK(WaitFor([&] { return IsWindowEnabled(Graph.Window()); }));
+}
+
+TEST_CASE("a cancelled dialog prints nothing, and a cancelled document is cut short")
+{
+    cPrintRig Rig;
+    Rig.Ask();
+    Rig.m_Calculator.Click("Cancel");
+    CHECK(Rig.IsFree());
 
     Rig.Ask();
     FillField(&Rig.m_Calculator, kCopies, "999");

@@ -1,4 +1,4 @@
-// A program runs in the real window, which goes on working meanwhile.
+// A run in the real window, which stays responsive meanwhile.
 
 #include "tests/window/calculator.h"
 
@@ -9,50 +9,30 @@
 
 #include "tests/window/common_steps.h"
 #include "tests/window/input.h"
+#include "tests/window/keys.h"
 #include "tests/window/menus.h"
 #include "tests/window/waiting.h"
+#include "tests/window/window_state.h"
 
-namespace
+static const char kCounting[] = "LBL 1\r\n1\r\n+\r\nGTO 1\r\n";
+
+static const unsigned kLockedCommands[] = {IDM_NEW, IDM_OPEN, IDM_EXIT, IDM_OPTIONS};
+static const unsigned kLockedButtons[]  = {IDM_NEW, IDM_OPEN, IDM_OPTIONS};
+
+static int IsLocked(const cCalculator &Calculator, unsigned nId)
 {
-
-const char kEndless[]  = "LBL 1\r\nGTO 1\r\n";
-const char kCounting[] = "LBL 1\r\n1\r\n+\r\nGTO 1\r\n";
-
-const unsigned kKeySst      = 1;
-const unsigned kKeyGsb      = 2;
-const unsigned kKeyIndirect = 7;
-const unsigned kKeyOne      = 24;
-const unsigned kKeyTwo      = 25;
-const unsigned kKeyRunStop  = 30;
-const unsigned kMenuView    = 2;
-const unsigned kMenuHelp    = 3;
-
-const unsigned kLockedCommands[] = {IDM_NEW, IDM_OPEN, IDM_EXIT, IDM_OPTIONS};
-
-bool IsProgramRunning(const cCalculator &Calculator)
-{
-    return Calculator.MenuState(IDM_NEW) & MF_GRAYED;
+    return (Calculator.MenuState(nId) & MF_GRAYED) != 0;
 }
 
-bool HasHalted(const cCalculator &Calculator)
+// Whether the buttons of the commands that a run locks have this state.
+static int ButtonsAre(const cCalculator &Calculator, int nState)
 {
-    return WaitFor([&] { return !IsProgramRunning(Calculator); });
+    return std::all_of(std::begin(kLockedButtons), std::end(kLockedButtons),
+                       [&](unsigned nId) { return ToolState(Calculator, nId) == nState; });
 }
 
-bool IsLocked(const cCalculator &Calculator, unsigned nId)
-{
-    return Calculator.MenuState(nId) & MF_GRAYED;
-}
-
-RECT PlaceOf(const cCalculator &Calculator)
-{
-    RECT Rect = {};
-    GetWindowRect(Calculator.Window(), &Rect);
-    return Rect;
-}
-
-// Presses the mouse on a part of the frame, HTCAPTION or HTBOTTOM, and moves it.
-void DragFrame(const cCalculator &Calculator, LRESULT nPart, int nRight, int nDown)
+// Drags a part of the frame, HTCAPTION or HTRIGHT.
+static void DragFrame(const cCalculator &Calculator, LRESULT nPart, int nRight, int nDown)
 {
     const POINT From = FramePoint(Calculator.Window(), nPart);
     MoveMouse(From);
@@ -65,8 +45,8 @@ void DragFrame(const cCalculator &Calculator, LRESULT nPart, int nRight, int nDo
     Calculator.Settle();
 }
 
-// A posted click, which a thread takes that does not answer at the moment.
-void PostClick(const cCalculator &Calculator, unsigned nKey)
+// Posts a click, which does not wait for a thread that is busy.
+static void PostClick(const cCalculator &Calculator, unsigned nKey)
 {
     POINT At = Calculator.OnKey(nKey);
     ScreenToClient(Calculator.Keypad(), &At);
@@ -74,13 +54,17 @@ void PostClick(const cCalculator &Calculator, unsigned nKey)
     PostMessageA(Calculator.Keypad(), WM_LBUTTONUP, 0, MAKELPARAM(At.x, At.y));
 }
 
-}  // namespace
+// All of the display's main line.
+static std::string MainLine(const cCalculator &Calculator)
+{
+    return Calculator.Read(0, 59, 66, 20);
+}
 
-TEST_CASE("a run is halted by any key of the keypad, which does nothing else")
+TEST_CASE("any key of the keypad halts a run and does nothing else")
 {
     cCalculator Calculator;
     OpenListing(&Calculator, kEndless);
-    for (const unsigned nKey : {kKeySst, kKeyGsb, kKeyIndirect, kKeyOne, kKeyRunStop})
+    for (const unsigned nKey : {kKeySst, kKeyGsb, kKeyRollDown, kKey1, kKeyRunStop})
     {
         CAPTURE(nKey);
         Calculator.HitKey(kKeyRunStop);
@@ -95,65 +79,81 @@ TEST_CASE("a run is halted by any key of the keypad, which does nothing else")
         CHECK(Calculator.ReadsBottom("LastOp:  R/S"));
         CHECK_FALSE(Calculator.IsListingShown());
     }
+}
 
-    // Clicks on R/S as quick as they come: on, off, on, off, on.
+TEST_CASE("quick clicks on R/S start and halt the program in turn")
+{
+    cCalculator Calculator;
+    OpenListing(&Calculator, kEndless);
     for (int i = 0; i < 5; i++)
         Click(Calculator.OnKey(kKeyRunStop));
     Calculator.Settle();
     CHECK(IsProgramRunning(Calculator));
-    Click(Calculator.OnKey(kKeyTwo));
+    Click(Calculator.OnKey(kKey2));
     CHECK(HasHalted(Calculator));
-    Calculator.HitKey(kKeyTwo);
+    Calculator.HitKey(kKey2);
     CHECK(Calculator.ReadsX("2."));
+}
 
-    // GSB from the keyboard runs as well; the digit completes it.
-    Calculator.HitKeys({kKeyGsb, kKeyOne});
+TEST_CASE("GSB from the keypad starts a run at the label, if there is one")
+{
+    cCalculator Calculator;
+    OpenListing(&Calculator, kEndless);
+    Calculator.HitKeys({kKeyGsb, kKey1});
     CHECK(IsProgramRunning(Calculator));
     CHECK(Calculator.ReadsBottom("LastOp:  GSB 1"));
     HitKey(VK_ESCAPE);
     CHECK(HasHalted(Calculator));
-    Calculator.HitKeys({kKeyGsb, kKeyTwo});
+    Calculator.HitKeys({kKeyGsb, kKey2});
     CHECK(Calculator.ReadsX("Error: no such label"));
     CHECK_FALSE(IsProgramRunning(Calculator));
     CHECK_FALSE(Calculator.HasDialog());
 }
 
-TEST_CASE("during a run the commands that would disturb it are grey, in menu and toolbar")
+TEST_CASE("during a run the commands that would disturb it are greyed, in menu and toolbar")
 {
     cCalculator Calculator;
     OpenListing(&Calculator, kEndless);
-    const auto ButtonsAre = [&](int nState) {
-        for (const unsigned nId : {IDM_NEW, IDM_OPEN, IDM_OPTIONS})
-            if (ToolState(Calculator, nId) != nState)
-                return 0;
-        return 1;
-    };
-    CHECK(ButtonsAre(TBSTATE_ENABLED));
-    Calculator.HitKey(kKeyRunStop);
+    CHECK(ButtonsAre(Calculator, TBSTATE_ENABLED));
 
+    Calculator.HitKey(kKeyRunStop);
     for (const unsigned nId : kLockedCommands)
         CHECK(IsLocked(Calculator, nId));
     for (const unsigned nId : {IDM_SAVE, IDM_SAVE_AS, IDM_PRINT, IDM_TOOLBAR, IDM_ABOUT})
         CHECK_FALSE(IsLocked(Calculator, nId));
-    CHECK(ButtonsAre(0));
+    CHECK(ButtonsAre(Calculator, 0));
     CHECK(ToolState(Calculator, IDM_SAVE) == TBSTATE_ENABLED);
     CHECK(ToolState(Calculator, IDM_PRINT) == TBSTATE_ENABLED);
 
-    // They do nothing, however they are given; the run goes on.
+    HitKey(VK_ESCAPE);
+    CHECK(HasHalted(Calculator));
+    for (const unsigned nId : kLockedCommands)
+        CHECK_FALSE(IsLocked(Calculator, nId));
+    CHECK(ButtonsAre(Calculator, TBSTATE_ENABLED));
+}
+
+TEST_CASE("a greyed command does nothing, however it is given, and the run goes on")
+{
+    cCalculator Calculator;
+    RunListing(&Calculator, kEndless);
     for (const WORD nKey : {'N', 'O', 'E'})
         HitKey(nKey, kCtrl);
-    for (const unsigned nId : {IDM_NEW, IDM_OPEN, IDM_OPTIONS})
+    for (const unsigned nId : kLockedButtons)
         Calculator.ClickButton(nId);
-    Calculator.Choose(0, IDM_EXIT);
+    Calculator.Choose(mnFile, IDM_EXIT);
     CloseMenus();
-    Calculator.Choose(kMenuView, IDM_OPTIONS);
+    Calculator.Choose(mnView, IDM_OPTIONS);
     CloseMenus();
     CHECK_FALSE(Calculator.HasDialog());
     CHECK(IsProgramRunning(Calculator));
     CHECK(Calculator.ListingLines()[2] == "02 GTO 1");
+}
 
-    // The system menu's close is refused by a box, and so is Alt+F4.
+TEST_CASE("during a run the close box and Alt+F4 are refused; afterwards the window closes")
+{
     const cSeenBox Refusal = {"Vorstek", kRefusedInRun, {"OK"}};
+    cCalculator    Calculator;
+    RunListing(&Calculator, kEndless);
     Click(FramePoint(Calculator.Window(), HTCLOSE));
     CHECK(Calculator.Box() == Refusal);
     Calculator.PhotographScreen().Save("close-refused");
@@ -165,74 +165,78 @@ TEST_CASE("during a run the commands that would disturb it are grey, in menu and
 
     HitKey(VK_ESCAPE);
     CHECK(HasHalted(Calculator));
-    for (const unsigned nId : kLockedCommands)
-        CHECK_FALSE(IsLocked(Calculator, nId));
-    CHECK(ButtonsAre(TBSTATE_ENABLED));
-
-    // Afterwards it closes.
     Click(FramePoint(Calculator.Window(), HTCLOSE));
     CHECK(Calculator.ExitCode() == 0);
 }
 
-TEST_CASE("during a run the window is repainted, moved and sized, and its menus open")
+TEST_CASE("during a run the face is repainted after a dialog has covered it")
 {
     cCalculator Calculator;
     RunListing(&Calculator, kEndless);
     const cPicture Before = PhotographFace(Calculator);
-    const auto     IsSame = [&] { return PhotographFace(Calculator) == Before; };
     Repaint(Calculator);
-    CHECK(IsSame());
+    CHECK(PhotographFace(Calculator) == Before);
 
-    // A dialog lies over the face; the run rests until it is closed.
-    Calculator.Choose(kMenuHelp, IDM_ABOUT);
+    Calculator.Choose(mnHelp, IDM_ABOUT);
     REQUIRE(Calculator.Dialog());
-    CHECK(WaitFor([&] { return !IsSame(); }));
+    CHECK(WaitFor([&] { return !(PhotographFace(Calculator) == Before); }));
     Calculator.Click("OK");
-    CHECK(WaitFor(IsSame));
+    CHECK(LooksLike(Calculator, Before));
     CHECK(IsProgramRunning(Calculator));
+}
 
-    const RECT Start = PlaceOf(Calculator);
+TEST_CASE("during a run the window is moved, sized, minimised and restored")
+{
+    cCalculator Calculator;
+    RunListing(&Calculator, kEndless);
+    const cPicture Before = PhotographFace(Calculator);
+    const RECT     Start  = RectOf(Calculator.Window());
     DragFrame(Calculator, HTCAPTION, 90, 40);
-    const RECT Moved = PlaceOf(Calculator);
+    const RECT Moved = RectOf(Calculator.Window());
     CHECK(Moved.left == Start.left + 90);
     CHECK(Moved.top == Start.top + 40);
-    CHECK(WaitFor(IsSame));
+    CHECK(LooksLike(Calculator, Before));
     DragFrame(Calculator, HTRIGHT, 50, 0);
-    const RECT Sized = PlaceOf(Calculator);
-    CHECK(Sized.right == Moved.right + 50);
-    CHECK(WaitFor(IsSame));
+    CHECK(RectOf(Calculator.Window()).right == Moved.right + 50);
+    CHECK(LooksLike(Calculator, Before));
 
-    PostSystemCommand(Calculator, SC_MINIMIZE);
-    CHECK(WaitFor([&] { return IsIconic(Calculator.Window()); }));
+    Minimise(Calculator);
     CHECK(IsProgramRunning(Calculator));
-    PostSystemCommand(Calculator, SC_RESTORE);
-    CHECK(WaitFor([&] { return !IsIconic(Calculator.Window()); }));
-    CHECK(WaitFor(IsSame));
+    Restore(Calculator);
+    CHECK(LooksLike(Calculator, Before));
+}
 
-    // The stack view is switched during a run, the program mode after it.
+TEST_CASE("the stack view is switched during a run, the program mode after it")
+{
+    const std::string X = "X   0.00";
+    cCalculator       Calculator;
+    RunListing(&Calculator, kEndless);
     Calculator.Slide(swStackView, 1);
-    CHECK(Eventually(std::string("X   0.00"), [&] { return Calculator.Read(1, 50, 78, 8); }) ==
-          "X   0.00");
+    CHECK(Eventually(X, [&] { return Calculator.Read(1, 50, 78, 8); }) == X);
     Calculator.Slide(swStackView, 0);
     Calculator.Slide(swMode, 0);
     CHECK(Calculator.ReadsBottom("LastOp:  R/S"));
     CHECK_FALSE(Calculator.IsListingShown());
     CHECK(IsProgramRunning(Calculator));
-    Calculator.HitKey(kKeyOne);
+
+    Calculator.HitKey(kKey1);
     CHECK(WaitFor([&] { return Calculator.IsListingShown(); }));
     CHECK(Calculator.ReadsBottom("Keystrs:"));
     CHECK_FALSE(IsProgramRunning(Calculator));
     Calculator.Photograph().Save("program-mode-after-run");
     Calculator.Slide(swMode, 1);
     CHECK(Calculator.ReadsX("0.00"));
+}
 
-    // There and back during a run is no switch at all.
-    Calculator.HitKey(kKeyRunStop);
+TEST_CASE("a mode switch that is moved there and back during a run has no effect")
+{
+    cCalculator Calculator;
+    RunListing(&Calculator, kEndless);
     Calculator.Slide(swMode, 0);
     Calculator.Slide(swMode, 1);
     HitKey(VK_ESCAPE);
     CHECK(HasHalted(Calculator));
-    Calculator.HitKey(kKeyOne);
+    Calculator.HitKey(kKey1);
     CHECK(Calculator.ReadsX("1."));
     CHECK_FALSE(Calculator.IsListingShown());
     CHECK_FALSE(Calculator.HasDialog());
@@ -241,54 +245,57 @@ TEST_CASE("during a run the window is repainted, moved and sized, and its menus 
 TEST_CASE("a listing that opens while the window is minimised has its width when it is restored")
 {
     cCalculator Calculator;
-    RECT        Client = {};
-    GetClientRect(Calculator.Window(), &Client);
-    const LONG nWithout = Client.right;
+    const LONG  nWithout = ClientOf(Calculator.Window()).right;
     RunListing(&Calculator, kEndless);
     Calculator.Slide(swMode, 0);
 
-    PostSystemCommand(Calculator, SC_MINIMIZE);
-    REQUIRE(WaitFor([&] { return IsIconic(Calculator.Window()); }));
+    Minimise(Calculator);
     PostMessageA(Calculator.Window(), WM_CHAR, VK_ESCAPE, 0);
     CHECK(HasHalted(Calculator));
-    PostSystemCommand(Calculator, SC_RESTORE);
-    REQUIRE(WaitFor([&] { return !IsIconic(Calculator.Window()); }));
+    Restore(Calculator);
     Calculator.Settle();
 
-    RECT Listing = {};
     CHECK(Calculator.IsListingShown());
-    GetClientRect(Calculator.Window(), &Client);
-    GetWindowRect(Calculator.Listing(), &Listing);
-    CHECK(Client.right == nWithout + 205);
-    CHECK(Listing.right - Listing.left == 205);
+    CHECK(ClientOf(Calculator.Window()).right == nWithout + 205);
+    CHECK(SizeOf(Calculator.Listing()).cx == 205);
 }
 
-TEST_CASE("PAUSE shows X for a second, and a key that is hit meanwhile halts the program")
+// The number that the display shows while the counting program pauses.
+static unsigned ShownNumber(const cCalculator &Calculator)
+{
+    return static_cast<unsigned>(atoi(Calculator.Read(0, 59, 66, 5).c_str()));
+}
+
+TEST_CASE("PAUSE shows X for a second, and a key that is pressed meanwhile halts the program")
 {
     cCalculator Calculator;
     OpenListing(&Calculator, "LBL 1\r\n1\r\n+\r\nPAUSE\r\nGTO 1\r\n");
-
     const DWORD dwStart = GetTickCount();
     Calculator.HitKey(kKeyRunStop);
     CHECK(Calculator.ReadsX("1.00"));
-    // On a busy computer a number may have gone before it is looked at.
-    const auto     Shown = [&] { return atoi(Calculator.Read(0, 59, 66, 5).c_str()); };
-    const unsigned nSeen =
-        static_cast<unsigned>(WaitFor([&] { return Shown() < 3 ? 0 : Shown(); }));
+    // On a busy computer a number may come and go unseen.
+    const unsigned nSeen = WaitFor([&] {
+        const unsigned nNow = ShownNumber(Calculator);
+        return nNow < 3 ? 0 : nNow;
+    });
     CHECK(nSeen >= 3);
     CHECK(GetTickCount() - dwStart >= 1000 * (nSeen - 1));
 
-    PostClick(Calculator, kKeyOne);
+    PostClick(Calculator, kKey1);
     CHECK(HasHalted(Calculator));
-    // The key is used up; the halt came after the pause that it was hit in, or
-    // in the step to the next one.
+    // The key itself has no effect. The halt follows the present pause, or the
+    // step to the next one.
     Calculator.SettlePaint();
-    const auto nHalted = static_cast<unsigned>(Shown());
+    const unsigned nHalted = ShownNumber(Calculator);
     CHECK(nHalted >= nSeen);
     CHECK(GetTickCount() - dwStart >= 1000 * std::max(nSeen, nHalted - 1));
     CHECK(Calculator.ReadsBottom("LastOp:  R/S"));
+}
 
-    Calculator.HitKey(kKeyRunStop);
+TEST_CASE("a character that is typed during PAUSE halts the program and is not entered")
+{
+    cCalculator Calculator;
+    RunListing(&Calculator, "LBL 1\r\nPAUSE\r\nGTO 1\r\n");
     PostMessageA(Calculator.Window(), WM_CHAR, '5', 0);
     CHECK(HasHalted(Calculator));
     CHECK(Calculator.ReadsBottom("LastOp:  R/S"));
@@ -296,43 +303,46 @@ TEST_CASE("PAUSE shows X for a second, and a key that is hit meanwhile halts the
     CHECK(Calculator.ReadsX("5."));
 }
 
-TEST_CASE("a program of many steps ends by itself, and the listing shows where it stands")
+TEST_CASE("a program of many steps ends by itself, with its last line highlighted")
 {
     cCalculator Calculator;
-    // Counts register 0 down from 20000.
-    OpenListing(&Calculator, "20000\r\nSTO 0\r\nLBL 1\r\nDSZ\r\nGTO 1\r\nRCL 0\r\nR/S\r\n");
-    Calculator.HitKey(kKeyRunStop);
-    CHECK(WaitFor([&] { return !IsProgramRunning(Calculator); }));
+    // Counts register 0 down from 20,000.
+    RunListing(&Calculator, "20000\r\nSTO 0\r\nLBL 1\r\nDSZ\r\nGTO 1\r\nRCL 0\r\nR/S\r\n");
+    CHECK(HasHalted(Calculator));
     CHECK(Calculator.ReadsX("0.00"));
     CHECK(Calculator.HighlightedLine() == "08 R/S");
+}
 
-    // SST, with the boxes that it opens, then a run with both of them open.
+TEST_CASE("a run goes on while its boxes are open and clicked, and SST only halts it")
+{
+    cCalculator Calculator;
+    OpenListing(&Calculator, kCounting);
     Calculator.HitKeys({kKeySst, kKeySst});
     CHECK(Calculator.IsListingShown());
     CHECK(Calculator.IsRegistersShown());
-    OpenListing(&Calculator, kCounting);
     Calculator.HitKey(kKeyRunStop);
     CHECK(IsProgramRunning(Calculator));
-    const std::string Early = Calculator.Read(0, 59, 66, 20);
-    CHECK(WaitFor([&] { return Calculator.Read(0, 59, 66, 20) != Early; }));
+    const std::string Early = MainLine(Calculator);
+    CHECK(WaitFor([&] { return MainLine(Calculator) != Early; }));
 
-    // A click into the boxes does not halt it, the text is not disturbed.
     ClickMiddleOf(Calculator.Listing());
     ClickMiddleOf(Calculator.Registers());
     CHECK(IsProgramRunning(Calculator));
     CHECK(Calculator.ListingLines()[3] == "03 +");
 
-    // SST during the run halts it, and only that.
     Calculator.HitKey(kKeySst);
     CHECK(HasHalted(Calculator));
     CHECK(Calculator.ReadsBottom("LastOp:  R/S"));
     Calculator.SettlePaint();
-    const std::string Halted = Calculator.Read(0, 59, 66, 20);
+    const std::string Halted = MainLine(Calculator);
     Repaint(Calculator);
-    CHECK(Calculator.Read(0, 59, 66, 20) == Halted);
+    CHECK(MainLine(Calculator) == Halted);
+}
 
-    // A quit message ends run and program.
-    Calculator.HitKey(kKeyRunStop);
+TEST_CASE("a quit message ends the run and the calculator")
+{
+    cCalculator Calculator;
+    RunListing(&Calculator, kCounting);
     PostThreadMessageA(GetWindowThreadProcessId(Calculator.Window(), nullptr), WM_QUIT, 7, 0);
     CHECK(Calculator.ExitCode() == 7);
 }
@@ -351,7 +361,7 @@ TEST_CASE("the exit command itself is not refused during a run")
     }
 }
 
-TEST_CASE("a single step of ClearG leaves the keys that wait alone")
+TEST_CASE("a single step of ClearG leaves the waiting keys alone")
 {
     cCalculator Calculator;
     OpenListing(&Calculator, "ClearG\r\n");

@@ -1,4 +1,4 @@
-// What is heard of the calculator, and that it works where nothing can be.
+// The sounds of the calculator, and a calculator without a sound device.
 
 #include "tests/window/calculator.h"
 
@@ -6,12 +6,12 @@
 
 #include "tests/window/common_steps.h"
 #include "tests/window/input.h"
+#include "tests/window/keys.h"
+#include "tests/window/shared_rig.h"
 #include "tests/window/sound_takes.h"
 
 namespace
 {
-
-const unsigned kViewMenu = 2;
 
 const unsigned kClick       = 10050;
 const unsigned kRefusal     = 10051;
@@ -23,19 +23,11 @@ const unsigned kNormalView  = 10056;
 const unsigned kProgramMode = 10057;
 const unsigned kRunMode     = 10058;
 
-const char kEndless[] = "LBL 1\r\nGTO 1\r\n";
-
-const unsigned kKeyShiftF = 4;
-const unsigned kKeyShiftG = 5;
-const unsigned kKeyDelete = 10;  // after g
-const unsigned kKeyClearX = 14;
-const unsigned kKeyLog    = 17;  // after f
-const unsigned kKey1      = 24;
-const unsigned kKeyRun    = 30;
+const unsigned kKeyDelete = kKeySum;  // after g
 
 void ToggleSound(cCalculator *pCalculator)
 {
-    pCalculator->Choose(kViewMenu, IDM_OPTIONS);
+    pCalculator->Choose(mnView, IDM_OPTIONS);
     pCalculator->ClickControl(IDC_SOUND);
     pCalculator->Click("OK");
 }
@@ -43,120 +35,172 @@ void ToggleSound(cCalculator *pCalculator)
 // log of 0, which has no value.
 void Fail(cCalculator *pCalculator)
 {
-    pCalculator->HitKeys({kKeyClearX, kKeyShiftF, kKeyLog});
+    pCalculator->HitKeys({kKeyClearX, kKeyF, kKey8});
     CHECK(pCalculator->ReadsX("Error: log of x <= 0"));
 }
 
-void HitEscape(const cCalculator &Calculator)
+void HitEscape()
 {
     HitKey(VK_ESCAPE);
-    Calculator.Settle();
+    cProbeLink::Current()->Settle();
 }
+
+// A calculator whose welcome chime has ended. Tests that share it end in run mode
+// and with the normal view.
+struct cQuietRig
+{
+    cQuietRig() { REQUIRE(m_Takes.Hear({kStackView})); }
+
+    int IsAsNew()
+    {
+        const int bUsable = m_Calculator.IsRunning() && !m_Calculator.HasDialog() &&
+                            !m_Calculator.IsListingShown() && !IsProgramRunning(m_Calculator);
+        if (bUsable)
+            m_Calculator.HitKey(kKeyClearX);
+        return bUsable && m_Takes.Hear({kClick});
+    }
+
+    cSoundTakes m_Takes;
+    cCalculator m_Calculator;
+};
 
 }  // namespace
 
-TEST_CASE("keys, switches, refusals and errors have their sounds")
+TEST_CASE("the welcome chime is heard, and keys click")
 {
     cSoundTakes Takes;
     cCalculator Calculator;
     CHECK(Takes.Hear({kStackView}));
-
-    // a key, with the mouse and from the keyboard
     Calculator.HitKey(kKey1);
     CHECK(Takes.Hear({kClick}));
     Type("1");
     Calculator.Settle();
     CHECK(Takes.Hear({kClick}));
-
-    // what the calculator has no use for
-    Type("q");
-    Calculator.Settle();
-    CHECK(Takes.Hear({kRefusal}));
-    HitEscape(Calculator);
-    CHECK(Takes.Hear({kRefusal}));
-
-    // the left switch
-    Calculator.Slide(swStackView, 1);
-    CHECK(Takes.Hear({kClick, kStackView}));
-    Calculator.Slide(swStackView, 0);
-    CHECK(Takes.Hear({kNormalView}));
-
-    // an instruction that fails, and the key that takes its text away
-    Fail(&Calculator);
-    CHECK(Takes.Hear({kClick, kClick, kClick, kError}));
-    Calculator.HitKey(kKey1);
-    CHECK(Takes.Hear({kCleared}));
-    CHECK(Calculator.ReadsX("0.00"));
-    Calculator.HitKey(kKey1);
-    CHECK(Takes.Hear({kClick}));
-    CHECK(Calculator.ReadsX("1."));
-
-    // the right switch, and an edit that cannot be done in line 00
-    Calculator.Slide(swMode, 0);
-    CHECK(Takes.Hear({kProgramMode}));
-    Calculator.HitKeys({kKeyShiftG, kKeyDelete});
-    CHECK(Takes.Hear({kClick, kClick, kRefusal}));
-    Calculator.Slide(swMode, 1);
-    CHECK(Takes.Hear({kClick, kRunMode}));
 }
 
-TEST_CASE("a run that is halted by a key is heard to halt, and the mode switch refuses")
+TEST_CASE("characters without a key sound the refusal")
+{
+    cSoundTakes &Takes = Shared<cQuietRig>().m_Takes;
+    Type("q");
+    cProbeLink::Current()->Settle();
+    CHECK(Takes.Hear({kRefusal}));
+    HitEscape();
+    CHECK(Takes.Hear({kRefusal}));
+}
+
+TEST_CASE("the stack view switch has a sound for each direction")
+{
+    cQuietRig &Rig = Shared<cQuietRig>();
+    Rig.m_Calculator.Slide(swStackView, 1);
+    CHECK(Rig.m_Takes.Hear({kClick, kStackView}));
+    Rig.m_Calculator.Slide(swStackView, 0);
+    CHECK(Rig.m_Takes.Hear({kNormalView}));
+}
+
+TEST_CASE("an error has its sound, and so has the key that clears its text")
+{
+    cQuietRig   &Rig        = Shared<cQuietRig>();
+    cCalculator &Calculator = Rig.m_Calculator;
+    Fail(&Calculator);
+    CHECK(Rig.m_Takes.Hear({kClick, kClick, kClick, kError}));
+    Calculator.HitKey(kKey1);
+    CHECK(Rig.m_Takes.Hear({kCleared}));
+    CHECK(Calculator.ReadsX("0.00"));
+    Calculator.HitKey(kKey1);
+    CHECK(Rig.m_Takes.Hear({kClick}));
+    CHECK(Calculator.ReadsX("1."));
+}
+
+TEST_CASE("the mode switch has a sound for each direction, and line 00 refuses to be deleted")
+{
+    cQuietRig &Rig = Shared<cQuietRig>();
+    Rig.m_Calculator.Slide(swMode, 0);
+    CHECK(Rig.m_Takes.Hear({kProgramMode}));
+    Rig.m_Calculator.HitKeys({kKeyG, kKeyDelete});
+    CHECK(Rig.m_Takes.Hear({kClick, kClick, kRefusal}));
+    Rig.m_Calculator.Slide(swMode, 1);
+    CHECK(Rig.m_Takes.Hear({kClick, kRunMode}));
+}
+
+TEST_CASE("each key that halts a run has the sound of a halt")
+{
+    cQuietRig &Rig = Shared<cQuietRig>();
+    RunListing(&Rig.m_Calculator, kEndless);
+    CHECK(Rig.m_Takes.Hear({kClick}));
+    Rig.m_Calculator.HitKey(kKey1);
+    CHECK(Rig.m_Takes.Hear({kHalted}));
+
+    Rig.m_Calculator.HitKey(kKeyRunStop);
+    CHECK(Rig.m_Takes.Hear({kClick}));
+    HitEscape();
+    CHECK(Rig.m_Takes.Hear({kHalted}));
+}
+
+TEST_CASE("during a run the mode switch sounds the refusal, the stack view switch its own sounds")
+{
+    cQuietRig   &Rig        = Shared<cQuietRig>();
+    cCalculator &Calculator = Rig.m_Calculator;
+    RunListing(&Calculator, kEndless);
+    CHECK(Rig.m_Takes.Hear({kClick}));
+    Calculator.Slide(swMode, 0);
+    CHECK(Rig.m_Takes.Hear({kRefusal}));
+    Calculator.Slide(swMode, 1);
+    CHECK(Rig.m_Takes.Hear({kRefusal}));
+    Calculator.Slide(swStackView, 1);
+    CHECK(Rig.m_Takes.Hear({kStackView}));
+    Calculator.Slide(swStackView, 0);
+    CHECK(Rig.m_Takes.Hear({kNormalView}));
+    HitEscape();
+    CHECK(Rig.m_Takes.Hear({kHalted}));
+}
+
+TEST_CASE("a key that follows the long sound of a halt at once is heard and has its effect")
+{
+    cQuietRig &Rig = Shared<cQuietRig>();
+    RunListing(&Rig.m_Calculator, kEndless);
+    CHECK(Rig.m_Takes.Hear({kClick}));
+
+    HitEscape();
+    Rig.m_Calculator.HitKey(kKey1);
+    CHECK(Rig.m_Calculator.ReadsX("1."));
+    CHECK(Rig.m_Takes.Hear({kHalted, kClick}));
+}
+
+TEST_CASE("with the sound option off nothing is heard")
 {
     cSoundTakes Takes;
     cCalculator Calculator;
-    RunListing(&Calculator, kEndless);
-    CHECK(Takes.Hear({kStackView, kClick}));
+    CHECK(Takes.Hear({kStackView}));
+    ToggleSound(&Calculator);
 
     Calculator.HitKey(kKey1);
-    CHECK(Takes.Hear({kHalted}));
-
-    Calculator.HitKey(kKeyRun);
-    CHECK(Takes.Hear({kClick}));
-    HitEscape(Calculator);
-    CHECK(Takes.Hear({kHalted}));
-
-    Calculator.HitKey(kKeyRun);
-    CHECK(Takes.Hear({kClick}));
-    Calculator.Slide(swMode, 0);
-    CHECK(Takes.Hear({kRefusal}));
-    Calculator.Slide(swMode, 1);
-    CHECK(Takes.Hear({kRefusal}));
+    Type("1q");
+    Calculator.Settle();
+    HitEscape();
     Calculator.Slide(swStackView, 1);
-    CHECK(Takes.Hear({kStackView}));
     Calculator.Slide(swStackView, 0);
-    CHECK(Takes.Hear({kNormalView}));
-    HitEscape(Calculator);
-    CHECK(Takes.Hear({kHalted}));
+    Fail(&Calculator);
+    Calculator.HitKey(kKey1);
+    Calculator.Slide(swMode, 0);
+    Calculator.HitKeys({kKeyG, kKeyDelete});
+    Calculator.Slide(swMode, 1);
+    RunListing(&Calculator, kEndless);
+    Calculator.HitKey(kKey1);
+    Calculator.HitKey(kKeyRunStop);
+    HitEscape();
+
+    // The first sound that is heard is the first one after the option is on.
+    ToggleSound(&Calculator);
+    HitEscape();
+    CHECK(Takes.Hear({kRefusal}));
 }
 
-TEST_CASE("with the sound option off nothing is heard, but the next start is welcomed")
+TEST_CASE("the sound option is on again at the next start")
 {
     cSoundTakes Takes;
     {
         cCalculator Calculator;
         CHECK(Takes.Hear({kStackView}));
-        ToggleSound(&Calculator);
-
-        Calculator.HitKey(kKey1);
-        Type("1q");
-        Calculator.Settle();
-        HitEscape(Calculator);
-        Calculator.Slide(swStackView, 1);
-        Calculator.Slide(swStackView, 0);
-        Fail(&Calculator);
-        Calculator.HitKey(kKey1);
-        Calculator.Slide(swMode, 0);
-        Calculator.HitKeys({kKeyShiftG, kKeyDelete});
-        Calculator.Slide(swMode, 1);
-        RunListing(&Calculator, kEndless);
-        Calculator.HitKey(kKey1);
-        Calculator.HitKey(kKeyRun);
-        HitEscape(Calculator);
-
-        // The first that is heard is the first with the option on again.
-        ToggleSound(&Calculator);
-        HitEscape(Calculator);
-        CHECK(Takes.Hear({kRefusal}));
         ToggleSound(&Calculator);
     }
 
@@ -167,37 +211,24 @@ TEST_CASE("with the sound option off nothing is heard, but the next start is wel
     CHECK(Takes.Hear({kClick}));
 }
 
-TEST_CASE("a key that follows the long sound of a halt at once is heard and done")
-{
-    cSoundTakes Takes;
-    cCalculator Calculator;
-    RunListing(&Calculator, kEndless);
-    CHECK(Takes.Hear({kStackView, kClick}));
-
-    HitEscape(Calculator);
-    Calculator.HitKey(kKey1);
-    CHECK(Calculator.ReadsX("1."));
-    CHECK(Takes.Hear({kHalted, kClick}));
-}
-
 TEST_SUITE_BEGIN("silence");
 
-TEST_CASE("where there is no sound device the calculator works in silence")
+TEST_CASE("without a sound device the calculator is silent and works")
 {
     REQUIRE(waveOutGetNumDevs() == 0);
     cCalculator Calculator;
     Fail(&Calculator);
     Calculator.HitKeys({kKey1, kKey1});
     CHECK(Calculator.ReadsX("1."));
-    HitEscape(Calculator);
+    HitEscape();
     Calculator.Slide(swStackView, 1);
     Calculator.Slide(swStackView, 0);
     Calculator.Slide(swMode, 0);
     CHECK(Calculator.ReadsProgramLine("00"));
-    Calculator.HitKeys({kKeyShiftG, kKeyDelete});
+    Calculator.HitKeys({kKeyG, kKeySum});
     Calculator.Slide(swMode, 1);
     RunListing(&Calculator, kEndless);
-    HitEscape(Calculator);
+    HitEscape();
     Calculator.HitKey(kKey1);
     CHECK(Calculator.ReadsX("1."));
     CHECK_FALSE(Calculator.HasDialog());
