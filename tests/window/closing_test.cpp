@@ -1,5 +1,5 @@
-// The ways to close the calculator, and the question that stands before each of
-// them while the program has changes.
+// The ways to close the calculator, each of which asks whether to save a changed
+// program.
 
 #include "tests/window/calculator.h"
 
@@ -9,17 +9,14 @@
 
 #include "tests/window/common_steps.h"
 #include "tests/window/input.h"
+#include "tests/window/keys.h"
 #include "tests/window/menus.h"
 #include "tests/window/waiting.h"
 
 namespace
 {
 
-const char kQuestion[] = "Save current changes in UNTITLED?";
-
-const unsigned kKeyEnter = 11;
-
-// Puts an ENTER into the program.
+// Adds an ENTER and stays in program mode.
 void Modify(cCalculator *pCalculator)
 {
     pCalculator->Slide(swMode, 0);
@@ -36,7 +33,7 @@ struct cWayOut
 const cWayOut kWaysOut[] = {
     {"the menu",
      [](cCalculator *pCalculator) {
-         pCalculator->OpenMenu(0);
+         pCalculator->OpenMenu(mnFile);
          pCalculator->PointAtItem(IDM_EXIT);
          PressMouse();
          ReleaseMouse();
@@ -55,13 +52,11 @@ const cWayOut kWaysOut[] = {
 
 }  // namespace
 
-TEST_CASE("every way of closing first asks whether to save, and Cancel keeps the calculator open")
+TEST_CASE("every way of closing asks whether to save, and Cancel keeps the calculator open")
 {
     cCalculator    Calculator;
-    const cSeenBox Question = {"Vorstek", kQuestion, {"Yes", "No", "Cancel"}};
-    CHECK(SendMessageA(Calculator.Window(), WM_QUERYENDSESSION, 0, 0) != 0);
+    const cSeenBox Question = {"Vorstek", kSaveUntitled, {"Yes", "No", "Cancel"}};
     Modify(&Calculator);
-
     for (const cWayOut &Way : kWaysOut)
     {
         CAPTURE(Way.m_szName);
@@ -77,17 +72,26 @@ TEST_CASE("every way of closing first asks whether to save, and Cancel keeps the
     HitKey('E', kCtrl);
     REQUIRE(Calculator.Dialog());
     HitKey(VK_ESCAPE);
-    CHECK(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
+    CHECK(Calculator.HasNoDialog());
     Calculator.Settle();
     CHECK(Calculator.IsRunning());
+}
 
-    // The end of the session is refused without a word.
+TEST_CASE("with changes the end of the session is refused without a question")
+{
+    cCalculator Calculator;
+    CHECK(SendMessageA(Calculator.Window(), WM_QUERYENDSESSION, 0, 0) != 0);
+    Modify(&Calculator);
     CHECK(SendMessageA(Calculator.Window(), WM_QUERYENDSESSION, 0, 0) == 0);
     CHECK_FALSE(Calculator.HasDialog());
+}
 
-    // Yes asks for a name; without one the calculator stays, with its program.
+TEST_CASE("Yes asks for a file name, and the calculator closes only with one")
+{
+    cCalculator Calculator;
+    Modify(&Calculator);
     HitKey('E', kCtrl);
-    CHECK(Calculator.Answers(kQuestion, "Yes"));
+    CHECK(Calculator.Answers(kSaveUntitled, "Yes"));
     REQUIRE(Calculator.Dialog());
     Calculator.PhotographScreen().Save("save-before-exit");
     Calculator.Click("Cancel");
@@ -97,9 +101,8 @@ TEST_CASE("every way of closing first asks whether to save, and Cancel keeps the
     CHECK(Calculator.ListingLines()[1] == "01 ENTER");
     CHECK(Calculator.StatusText() == "filename: UNTITLED");
 
-    // With a name it is saved and the calculator goes.
     HitKey('E', kCtrl);
-    CHECK(Calculator.Answers(kQuestion, "Yes"));
+    CHECK(Calculator.Answers(kSaveUntitled, "Yes"));
     REQUIRE(Calculator.Dialog());
     Type(Calculator.Path("kept.txt"));
     Calculator.Click("Save");
@@ -107,7 +110,7 @@ TEST_CASE("every way of closing first asks whether to save, and Cancel keeps the
     CHECK(Calculator.Folder().Read("kept.txt") == "ENTER\r\n");
 }
 
-TEST_CASE("a program with a name is saved under it without a further question")
+TEST_CASE("Yes saves a program to the file it was opened from")
 {
     cCalculator Calculator;
     OpenListing(&Calculator, "pi\r\n");
@@ -128,7 +131,7 @@ TEST_CASE("No closes without saving")
     Modify(&Calculator);
 
     Click(FramePoint(Calculator.Window(), HTCLOSE));
-    CHECK(Calculator.Answers(kQuestion, "No"));
+    CHECK(Calculator.Answers(kSaveUntitled, "No"));
 
     CHECK(Calculator.ExitCode() == 0);
     CHECK(Calculator.Folder().Count() == 1);  // the program file itself
@@ -137,7 +140,7 @@ TEST_CASE("No closes without saving")
 TEST_CASE("a calculator without changes closes without a question")
 {
     cCalculator Calculator;
-    Calculator.HitKeys({24, kKeyEnter});
+    Calculator.HitKeys({kKey1, kKeyEnter});
 
     Click(FramePoint(Calculator.Window(), HTCLOSE));
 

@@ -7,37 +7,15 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "tests/window/common_steps.h"
 #include "tests/window/input.h"
+#include "tests/window/keys.h"
+#include "tests/window/shared_rig.h"
 #include "tests/window/waiting.h"
+#include "tests/window/window_state.h"
 
 namespace
 {
-
-const unsigned kViewMenu = 2;
-const unsigned kHelpMenu = 3;
-
-RECT WindowRect(HWND hWnd)
-{
-    RECT Rect = {};
-    GetWindowRect(hWnd, &Rect);
-    return Rect;
-}
-
-// Over the middle of its parent, but never beyond the screen's left or top.
-int IsCentred(HWND hDialog, HWND hParent)
-{
-    const RECT Dialog = WindowRect(hDialog);
-    const RECT Parent = WindowRect(hParent);
-    const LONG nLeft  = (Parent.left + Parent.right - (Dialog.right - Dialog.left)) / 2;
-    const LONG nTop   = (Parent.top + Parent.bottom - (Dialog.bottom - Dialog.top)) / 2;
-    return std::labs(Dialog.left - std::max(nLeft, 0L)) <= 1 &&
-           std::labs(Dialog.top - std::max(nTop, 0L)) <= 1;
-}
-
-void MoveTo(HWND hWnd, int x, int y)
-{
-    SetWindowPos(hWnd, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-}
 
 struct cControl
 {
@@ -48,28 +26,80 @@ struct cControl
     bool operator==(const cControl &) const = default;
 };
 
-std::vector<cControl> ControlsOf(HWND hDialog)
+// A calculator with its first options, which tests that share it do not change.
+struct cOptionsRig
+{
+    int IsAsNew() const
+    {
+        return m_Calculator.IsRunning() && !m_Calculator.HasDialog() &&
+               !m_Calculator.IsListingShown() && !m_Calculator.IsRegistersShown();
+    }
+
+    cCalculator m_Calculator;
+};
+
+}  // namespace
+
+// The controls 1031 to 1036, where '1' means checked.
+static const char kFirstStates[] = "010101";
+
+static const std::vector<cControl> kControls = {
+    {"Button", -1, "Program Window"},
+    {"Button", 1031, "Keep it open"},
+    {"Button", 1032, "Open it upon entering Prgm mode"},
+    {"Static", -1, "or when single stepping"},
+    {"Static", -1, "(close it upon entering Run mode)"},
+    {"Button", -1, "Registers Window"},
+    {"Button", 1033, "Keep it open"},
+    {"Button", 1034, "Open it when single stepping"},
+    {"Static", -1, "(close it upon entering Prgm mode)"},
+    {"Button", -1, "Tracing"},
+    {"Button", 1035, "Trace Program Execution in a"},
+    {"Static", -1, ".TXT file named TRACELOG"},
+    {"Static", -1, "located in the same folder"},
+    {"Static", -1, "as VORSTEK.EXE"},
+    {"Button", -1, "Sound"},
+    {"Button", 1036, "Provide keystroke and"},
+    {"Static", -1, "slide switch sounds"},
+    {"Button", 1, "OK"},
+    {"Button", 2, "Cancel"},
+};
+
+// Over the centre of its parent, but never beyond the left or top of the screen.
+static int IsCentred(HWND hDialog, HWND hParent)
+{
+    const RECT Dialog = RectOf(hDialog);
+    const RECT Parent = RectOf(hParent);
+    const LONG nLeft  = (Parent.left + Parent.right - (Dialog.right - Dialog.left)) / 2;
+    const LONG nTop   = (Parent.top + Parent.bottom - (Dialog.bottom - Dialog.top)) / 2;
+    return std::labs(Dialog.left - std::max(nLeft, 0L)) <= 1 &&
+           std::labs(Dialog.top - std::max(nTop, 0L)) <= 1;
+}
+
+static void MoveTo(HWND hWnd, int x, int y)
+{
+    SetWindowPos(hWnd, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+}
+
+static std::vector<cControl> ControlsOf(HWND hDialog)
 {
     std::vector<cControl> Controls;
     for (HWND hChild = GetWindow(hDialog, GW_CHILD); hChild;
          hChild      = GetWindow(hChild, GW_HWNDNEXT))
     {
-        char szClass[40] = "";
-        char szText[200] = "";
-        GetClassNameA(hChild, szClass, sizeof szClass);
-        SendMessageA(hChild, WM_GETTEXT, sizeof szText, reinterpret_cast<LPARAM>(szText));
-        Controls.push_back({szClass, static_cast<short>(GetDlgCtrlID(hChild)), szText});
+        Controls.push_back(
+            {ClassOf(hChild), static_cast<short>(GetDlgCtrlID(hChild)), TextOf(hChild)});
     }
     return Controls;
 }
 
-int IsChecked(HWND hDialog, int nId)
+static int IsChecked(HWND hDialog, int nId)
 {
     return SendDlgItemMessageA(hDialog, nId, BM_GETCHECK, 0, 0) == BST_CHECKED;
 }
 
-// The states of 1031 to 1036, as "010101".
-std::string States(HWND hDialog)
+// The states of the controls, as in kFirstStates.
+static std::string States(HWND hDialog)
 {
     std::string Text;
     for (int nId = 1031; nId <= 1036; nId++)
@@ -77,7 +107,7 @@ std::string States(HWND hDialog)
     return Text;
 }
 
-int IsHighlightCommandEnabled(cCalculator &Calculator)
+static int IsHighlightCommandEnabled(cCalculator &Calculator)
 {
     const UINT nGrey    = Calculator.MenuState(IDM_REPAIR_HIGHLIGHT) & (MF_GRAYED | MF_DISABLED);
     const int  nButton  = Calculator.Button(8).m_nState;
@@ -86,118 +116,101 @@ int IsHighlightCommandEnabled(cCalculator &Calculator)
     return bEnabled;
 }
 
-void OpenOptions(cCalculator &Calculator)
+static HWND OpenOptions(cCalculator &Calculator)
 {
-    Calculator.Choose(kViewMenu, IDM_OPTIONS);
-    REQUIRE(Calculator.Dialog());
+    Calculator.Choose(mnView, IDM_OPTIONS);
+    const HWND hDialog = Calculator.Dialog();
+    REQUIRE(hDialog);
+    return hDialog;
 }
 
-int HasClosed(cCalculator &Calculator)
+TEST_CASE("the options dialog has its controls and its first settings")
 {
-    return Eventually(0, [&] { return Calculator.HasDialog(); }) == 0;
-}
-
-}  // namespace
-
-TEST_CASE("the options dialog has its controls and is worked with the keyboard alone")
-{
-    static const std::vector<cControl> s_Controls = {
-        {"Button", -1, "Program Window"},
-        {"Button", 1031, "Keep it open"},
-        {"Button", 1032, "Open it upon entering Prgm mode"},
-        {"Static", -1, "or when single stepping"},
-        {"Static", -1, "(close it upon entering Run mode)"},
-        {"Button", -1, "Registers Window"},
-        {"Button", 1033, "Keep it open"},
-        {"Button", 1034, "Open it when single stepping"},
-        {"Static", -1, "(close it upon entering Prgm mode)"},
-        {"Button", -1, "Tracing"},
-        {"Button", 1035, "Trace Program Execution in a"},
-        {"Static", -1, ".TXT file named TRACELOG"},
-        {"Static", -1, "located in the same folder"},
-        {"Static", -1, "as VORSTEK.EXE"},
-        {"Button", -1, "Sound"},
-        {"Button", 1036, "Provide keystroke and"},
-        {"Static", -1, "slide switch sounds"},
-        {"Button", 1, "OK"},
-        {"Button", 2, "Cancel"},
-    };
-
-    cCalculator Calculator;
-    OpenOptions(Calculator);
-    HWND hDialog = Calculator.Dialog();
+    cCalculator &Calculator = Shared<cOptionsRig>().m_Calculator;
+    const HWND   hDialog    = OpenOptions(Calculator);
     CHECK(Calculator.Box().m_Caption == "Vorstek Options");
-    CHECK((ControlsOf(hDialog) == s_Controls));
-    CHECK(States(hDialog) == "010101");
+    CHECK((ControlsOf(hDialog) == kControls));
+    CHECK(States(hDialog) == kFirstStates);
     CHECK(IsCentred(hDialog, Calculator.Window()));
     CHECK_FALSE(IsWindowEnabled(Calculator.Window()));
     Calculator.PhotographScreen().Save("options");
+    Calculator.CloseDialogWith(VK_ESCAPE);
+}
 
-    // Tab goes round; each group of radio buttons is one stop.
+TEST_CASE("Tab reaches every option, and each group of radio buttons is one stop")
+{
+    cCalculator &Calculator = Shared<cOptionsRig>().m_Calculator;
+    const HWND   hDialog    = OpenOptions(Calculator);
     for (const int nControl : {1032, 1034, 1035, 1036, 1, 2, 1032})
     {
         CHECK(Eventually(nControl, [&] { return Calculator.FocusedControl(); }) == nControl);
         HitKey(VK_TAB);
         Calculator.Settle();
     }
-    CHECK(States(hDialog) == "010101");
+    CHECK(States(hDialog) == kFirstStates);
+    Calculator.CloseDialogWith(VK_ESCAPE);
+}
 
-    // On 1034: arrow, then the space bar on both check boxes.
-    HitKey(VK_UP);
-    HitKey(VK_TAB);
-    HitKey(VK_SPACE);
-    HitKey(VK_TAB);
-    HitKey(VK_SPACE);
+TEST_CASE("options are chosen with the keyboard, and Escape forgets them")
+{
+    cCalculator &Calculator = Shared<cOptionsRig>().m_Calculator;
+    const HWND   hDialog    = OpenOptions(Calculator);
+    REQUIRE(Eventually(1032, [&] { return Calculator.FocusedControl(); }) == 1032);
+    // An arrow key in the second group, the space bar on both check boxes.
+    for (const WORD nKey :
+         std::initializer_list<WORD>{VK_TAB, VK_UP, VK_TAB, VK_SPACE, VK_TAB, VK_SPACE})
+        HitKey(nKey);
     Calculator.Settle();
     CHECK(Eventually(std::string("011010"), [&] { return States(hDialog); }) == "011010");
 
-    // Escape changes nothing.
     Calculator.CloseDialogWith(VK_ESCAPE);
-    CHECK_FALSE(Calculator.IsRegistersShown());
-    OpenOptions(Calculator);
-    hDialog = Calculator.Dialog();
-    CHECK(States(hDialog) == "010101");
 
-    // Neither do Cancel and the close box, whatever was clicked before.
+    CHECK_FALSE(Calculator.IsRegistersShown());
+    CHECK(States(OpenOptions(Calculator)) == kFirstStates);
+    Calculator.CloseDialogWith(VK_ESCAPE);
+}
+
+TEST_CASE("Cancel and the close box forget the options that were clicked")
+{
+    cCalculator &Calculator = Shared<cOptionsRig>().m_Calculator;
+    HWND         hDialog    = OpenOptions(Calculator);
     for (const int nControl : {1031, 1033, 1035, 1036})
         Calculator.ClickControl(nControl);
     CHECK(States(hDialog) == "101010");
     Calculator.Click("Cancel");
-    OpenOptions(Calculator);
-    hDialog = Calculator.Dialog();
-    CHECK(States(hDialog) == "010101");
+
+    hDialog = OpenOptions(Calculator);
+    CHECK(States(hDialog) == kFirstStates);
     Calculator.ClickControl(1031);
     Click(FramePoint(hDialog, HTCLOSE));
-    CHECK(HasClosed(Calculator));
+    CHECK(Calculator.HasNoDialog());
     CHECK_FALSE(Calculator.IsListingShown());
     CHECK_FALSE(IsHighlightCommandEnabled(Calculator));
+}
 
-    // Enter is OK.
+TEST_CASE("Enter is OK in the options dialog, which opens over the calculator")
+{
+    cCalculator Calculator;
     MoveTo(Calculator.Window(), 400, 150);
-    OpenOptions(Calculator);
-    hDialog = Calculator.Dialog();
-    CHECK(IsCentred(hDialog, Calculator.Window()));
+    CHECK(IsCentred(OpenOptions(Calculator), Calculator.Window()));
     HitKey(VK_UP);
     Calculator.Settle();
+
     Calculator.CloseDialogWith(VK_RETURN);
+
     CHECK(Eventually(1, [&] { return Calculator.IsListingShown(); }) == 1);
     CHECK(GetForegroundWindow() == Calculator.Window());
 }
 
-TEST_CASE("OK shows and hides the boxes and keeps the listing of program mode")
+TEST_CASE("OK shows and hides the boxes, and the window grows and shrinks with them")
 {
     cCalculator Calculator;
-    const HWND  hWnd    = Calculator.Window();
-    const auto  WidthOf = [hWnd] {
-        const RECT Rect = WindowRect(hWnd);
-        return static_cast<int>(Rect.right - Rect.left);
-    };
-    const int nFace = WidthOf();
+    const int   nFace = SizeOf(Calculator.Window()).cx;
 
     Calculator.KeepOpen(1, 0);
     CHECK(Calculator.IsListingShown());
     CHECK_FALSE(Calculator.IsRegistersShown());
-    CHECK(WidthOf() == nFace + 205);
+    CHECK(SizeOf(Calculator.Window()).cx == nFace + 205);
     CHECK(IsHighlightCommandEnabled(Calculator));
     CHECK(Calculator.HighlightedLine() == "00");
 
@@ -205,21 +218,30 @@ TEST_CASE("OK shows and hides the boxes and keeps the listing of program mode")
     CHECK_FALSE(Calculator.IsListingShown());
     CHECK(Calculator.IsRegistersShown());
     CHECK_FALSE(IsHighlightCommandEnabled(Calculator));
+}
 
-    // In program mode the listing stays until run mode is entered.
+TEST_CASE("in program mode the listing stays open until run mode is entered")
+{
+    cCalculator Calculator;
+    const int   nFace = SizeOf(Calculator.Window()).cx;
     Calculator.KeepOpen(1, 0);
     Calculator.Slide(swMode, 0);
-    Calculator.HitKey(11);  // ENTER
+    Calculator.HitKey(kKeyEnter);
     Calculator.KeepOpen(0, 0);
     CHECK(Calculator.IsListingShown());
     CHECK(IsHighlightCommandEnabled(Calculator));
     CHECK(Calculator.HighlightedLine() == "01 ENTER");
+
     Calculator.Slide(swMode, 1);
     CHECK_FALSE(Calculator.IsListingShown());
     CHECK_FALSE(IsHighlightCommandEnabled(Calculator));
-    CHECK(WidthOf() == nFace);
+    CHECK(SizeOf(Calculator.Window()).cx == nFace);
+}
 
-    // The other way round it opens at once, and the current line is marked.
+TEST_CASE("a listing that is to be kept opens at once with the current line highlighted")
+{
+    cCalculator Calculator;
+    AddEnter(&Calculator);
     Calculator.KeepOpen(1, 0);
     CHECK(Calculator.HighlightedLine() == "01 ENTER");
     Calculator.Slide(swMode, 0);
@@ -227,18 +249,18 @@ TEST_CASE("OK shows and hides the boxes and keeps the listing of program mode")
     CHECK(Calculator.IsListingShown());
 }
 
-TEST_CASE("tracing writes each run beside the program until it is switched off")
+TEST_CASE("tracing writes each run to a file until it is switched off")
 {
     cCalculator Calculator;
     Calculator.Slide(swMode, 0);
-    Calculator.HitKeys({25, 11});  // 2 ENTER
+    Calculator.HitKeys({kKey2, kKeyEnter});
     Calculator.Slide(swMode, 1);
     CHECK_FALSE(Calculator.Folder().Has("tracelog.txt"));
 
     OpenOptions(Calculator);
     Calculator.ClickControl(IDC_TRACE);
     Calculator.Click("OK");
-    Calculator.HitKeys({3, 29, 28, 28, 30});  // GTO . 0 0, R/S
+    Calculator.HitKeys({kKeyGoTo, kKeyPoint, kKey0, kKey0, kKeyRunStop});
     CHECK(Calculator.ReadsX("2.00"));
     const std::string Trace = Calculator.Folder().Read("tracelog.txt");
     CHECK(Trace.starts_with("Program from file ''\r\nrun on "));
@@ -252,16 +274,16 @@ TEST_CASE("tracing writes each run beside the program until it is switched off")
     CHECK(States(Calculator.Dialog()) == "010111");
     Calculator.ClickControl(IDC_TRACE);
     Calculator.Click("OK");
-    Calculator.HitKeys({3, 29, 28, 28, 26, 30});  // GTO . 0 0, 3 R/S
+    Calculator.HitKeys({kKeyGoTo, kKeyPoint, kKey0, kKey0, kKey3, kKeyRunStop});
     CHECK(Calculator.ReadsX("2.00"));
     CHECK(Calculator.Folder().Read("tracelog.txt") == Trace);
 }
 
-TEST_CASE("the About box tells what the program is")
+TEST_CASE("the About box shows the program's name and version")
 {
     cCalculator Calculator;
     MoveTo(Calculator.Window(), 300, 100);
-    Calculator.Choose(kHelpMenu, IDM_ABOUT);
+    Calculator.Choose(mnHelp, IDM_ABOUT);
     const HWND hDialog = Calculator.Dialog();
     REQUIRE(hDialog);
     CHECK(Calculator.Box().m_Caption == "About Vorstek");
@@ -280,9 +302,9 @@ TEST_CASE("the About box tells what the program is")
 
     for (const int nKey : {VK_RETURN, VK_ESCAPE, VK_SPACE})
     {
-        Calculator.Choose(kHelpMenu, IDM_ABOUT);
+        Calculator.Choose(mnHelp, IDM_ABOUT);
         Calculator.CloseDialogWith(nKey);
     }
-    Calculator.HitKey(24);
+    Calculator.HitKey(kKey1);
     CHECK(Calculator.ReadsX("1."));
 }

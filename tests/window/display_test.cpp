@@ -6,30 +6,12 @@
 
 #include "tests/window/common_steps.h"
 #include "tests/window/input.h"
+#include "tests/window/keys.h"
 #include "tests/window/waiting.h"
+#include "tests/window/window_state.h"
 
 namespace
 {
-
-const unsigned kKeySst      = 1;
-const unsigned kKeyGoTo     = 3;
-const unsigned kKeyF        = 4;
-const unsigned kKeyG        = 5;
-const unsigned kKeyIndirect = 7;
-const unsigned kKeyStore    = 8;
-const unsigned kKeyRecall   = 9;
-const unsigned kKeySum      = 10;
-const unsigned kKeyEnter    = 11;
-const unsigned kKeyChs      = 12;
-const unsigned kKeyClearX   = 14;
-const unsigned kKeySeven    = 16;
-const unsigned kKeyEight    = 17;
-const unsigned kKeyFive     = 21;
-const unsigned kKeyTwo      = 25;
-const unsigned kKeyPoint    = 29;
-const unsigned kKeyRunStop  = 30;
-const unsigned kMenuView    = 2;
-const unsigned kMenuHelp    = 3;
 
 // A field of the display: where its text begins and how many characters it has.
 struct cField
@@ -45,7 +27,7 @@ const cField kProgram = {0, 50, 66, 20};
 const cField kBottom  = {1, 50, 42, 19};
 const cField kAngle   = {1, 234, 40, 3};
 
-// Rows of the stack view, as far as nothing stands over them.
+// Rows of the stack view, up to the texts that lie over them.
 const cField kStackX    = {1, 50, 78, 20};
 const cField kStackY    = {1, 50, 66, 20};
 const cField kStackZ    = {1, 50, 54, 20};
@@ -53,7 +35,7 @@ const cField kStackT    = {1, 50, 42, 23};
 const cField kLabel     = {1, 194, 53, 9};
 const cField kOperation = {1, 194, 66, 10};
 
-// Whether the field shows the text and, behind it, nothing but blanks.
+// Waits until the field shows the text, followed by blanks only.
 int Shows(const cCalculator &Calculator, const cField &Field, std::string Text)
 {
     Text.resize(static_cast<size_t>(Field.m_nLength), ' ');
@@ -67,8 +49,7 @@ int Shows(const cCalculator &Calculator, const cField &Field, std::string Text)
     return 0;
 }
 
-// What stands on the face is what a fresh paint shows: nothing of an earlier
-// text is left.
+// Whether a repaint changes nothing: no part of an earlier text is left.
 int IsFresh(const cCalculator &Calculator)
 {
     const cPicture Before = PhotographFace(Calculator);
@@ -76,7 +57,7 @@ int IsFresh(const cCalculator &Calculator)
     return LooksLike(Calculator, Before);
 }
 
-// A window of another program that lies over everything.
+// A window of another program on top of all others.
 class cCover
 {
 public:
@@ -96,16 +77,9 @@ private:
     HWND m_hWnd;
 };
 
-RECT PlaceOf(HWND hWnd)
-{
-    RECT Rect = {};
-    GetWindowRect(hWnd, &Rect);
-    return Rect;
-}
-
 }  // namespace
 
-TEST_CASE("the normal layout shows X, the angle mode and the last operation or the pending keys")
+TEST_CASE("the normal layout shows X with its sign, the angle mode and the last operation")
 {
     cCalculator Calculator;
     CHECK(Shows(Calculator, kMain, " 0.00"));
@@ -125,44 +99,54 @@ TEST_CASE("the normal layout shows X, the angle mode and the last operation or t
     {
         unsigned    m_nKey;
         const char *m_szAngle;
-    } s_Angles[] = {{13, "rad"}, {12, "grd"}, {14, "deg"}};
+    } s_Angles[] = {{kKeyExponent, "rad"}, {kKeyChs, "grd"}, {kKeyClearX, "deg"}};
     for (const auto &Row : s_Angles)
     {
         Calculator.HitKeys({kKeyG, Row.m_nKey});
         CHECK(Shows(Calculator, kAngle, Row.m_szAngle));
     }
+}
 
-    Calculator.HitKeys({kKeyStore, 19, kKeyG});
+TEST_CASE("the keys of an incomplete instruction are shown until it is complete")
+{
+    cCalculator Calculator;
+    Calculator.HitKeys({kKeyStore, kKeyPlus, kKeyG});
     CHECK(Shows(Calculator, kBottom, "Keystrs: STO + g"));
     Calculator.HitKeys({kKeyF, kKeyG});
     CHECK(Shows(Calculator, kBottom, "Keystrs: g"));
     Calculator.HitKeys({kKeyEnter, kKeyRecall});
     CHECK(Shows(Calculator, kBottom, "Keystrs: RCL"));
-    Calculator.HitKeys({kKeyGoTo, kKeyPoint, 20});
+    Calculator.HitKeys({kKeyGoTo, kKeyPoint, kKey4});
     CHECK(Shows(Calculator, kBottom, "Keystrs: GTO . 4"));
-    Calculator.HitKey(kKeyTwo);
+    Calculator.HitKey(kKey2);
     CHECK(Shows(Calculator, kBottom, "LastOp:  GTO.42"));
+}
 
-    // Every mode: FIX, SCI and ENG with their digits.
-    static const struct
+TEST_CASE("X is shown in FIX, SCI and ENG with each number of digits")
+{
+    const unsigned kFix = kKeySst;  // after f
+    const unsigned kSci = kKeyGsb;
+    const unsigned kEng = kKeyGoTo;
+    const struct
     {
         unsigned    m_nMode;
         unsigned    m_nDigits;
         const char *m_szSmall;  // 0.0123456
         const char *m_szGreat;  // -98765.4321
-    } s_Modes[] = {
-        {1, 28, " 1e-02", "-98765"},
-        {1, 20, " 0.0123", "-98765.4321"},
-        {1, 18, " 0.012345600", "-98765.43210"},
-        {2, 28, " 1e-02", "-1e+05"},
-        {2, 26, " 1.235e-02", "-9.877e+04"},
-        {2, 18, " 1.234560000e-02", "-9.876543210e+04"},
-        // An engineering mantissa that begins with 10 is shown otherwise.
-        {3, 28, " 1.234560000e-02", "-100.e+03"},
-        {3, 26, " 12.35e-03", "-98.77e+03"},
-        {3, 18, " 12.34560000e-03", "-98.76543210e+03"},
+    } Modes[] = {
+        {kFix, kKey0, " 1e-02", "-98765"},
+        {kFix, kKey4, " 0.0123", "-98765.4321"},
+        {kFix, kKey9, " 0.012345600", "-98765.43210"},
+        {kSci, kKey0, " 1e-02", "-1e+05"},
+        {kSci, kKey3, " 1.235e-02", "-9.877e+04"},
+        {kSci, kKey9, " 1.234560000e-02", "-9.876543210e+04"},
+        // An engineering mantissa that begins with 10 is shown differently.
+        {kEng, kKey0, " 1.234560000e-02", "-100.e+03"},
+        {kEng, kKey3, " 12.35e-03", "-98.77e+03"},
+        {kEng, kKey9, " 12.34560000e-03", "-98.76543210e+03"},
     };
-    for (const auto &Row : s_Modes)
+    cCalculator Calculator;
+    for (const auto &Row : Modes)
     {
         CAPTURE(Row.m_szSmall);
         Calculator.HitKeys({kKeyF, Row.m_nMode, Row.m_nDigits, kKeyClearX});
@@ -178,13 +162,18 @@ TEST_CASE("the normal layout shows X, the angle mode and the last operation or t
     CHECK(IsFresh(Calculator));
 }
 
-TEST_CASE("the stack view and the program layout take the place of the normal one")
+// Fills the stack: T 1, Z -2, Y 3, X 4.
+static void FillStack(cCalculator *pCalculator)
+{
+    Type("1\r2");
+    pCalculator->HitKey(kKeyChs);
+    Type("\r3\r4");
+}
+
+TEST_CASE("the stack view shows the four levels, the last operation and the pending keys")
 {
     cCalculator Calculator;
-    Type("1\r2");
-    Calculator.HitKey(kKeyChs);
-    Type("\r3\r4");
-
+    FillStack(&Calculator);
     Calculator.Slide(swStackView, 1);
     CHECK(Shows(Calculator, kStackX, "X   4."));
     CHECK(Shows(Calculator, kStackY, "Y   3.00"));
@@ -196,34 +185,42 @@ TEST_CASE("the stack view and the program layout take the place of the normal on
     CHECK(IsFresh(Calculator));
     Calculator.Photograph().Save("display-stack");
 
-    Calculator.HitKeys({kKeyStore, 19, kKeyG});
+    Calculator.HitKeys({kKeyStore, kKeyPlus, kKeyG});
     CHECK(Shows(Calculator, kLabel, "Keystrs:"));
     CHECK(Shows(Calculator, kOperation, "STO + g"));
-    Calculator.HitKeys({kKeyIndirect});
+    Calculator.HitKey(kKeyRollDown);
     CHECK(Shows(Calculator, kLabel, "LastOp:"));
     CHECK(Shows(Calculator, kOperation, "STO+ i"));
-    Calculator.HitKey(kKeyIndirect);
+    Calculator.HitKey(kKeyRollDown);
     CHECK(Shows(Calculator, kStackX, "X   3.00"));
     CHECK(Shows(Calculator, kStackT, "T   4.00"));
     CHECK(Shows(Calculator, kOperation, "Rolldown"));
+}
 
-    // An error takes the place of X.
-    Calculator.HitKeys({kKeyGoTo, kKeyFive});
+TEST_CASE("in the stack view an error takes the place of X until the next key")
+{
+    cCalculator Calculator;
+    FillStack(&Calculator);
+    Calculator.Slide(swStackView, 1);
+    Calculator.HitKeys({kKeyGoTo, kKey5});
     CHECK(Shows(Calculator, kStackX, "X  Error: no such label"));
-    CHECK(Shows(Calculator, kStackY, "Y  -2.00"));
+    CHECK(Shows(Calculator, kStackY, "Y   3.00"));
     CHECK(Shows(Calculator, kLabel, "LastOp:"));
     CHECK(Shows(Calculator, kOperation, "GTO 5"));
-    Calculator.HitKey(kKeyFive);
-    CHECK(Shows(Calculator, kStackX, "X   3.00"));
+    Calculator.HitKey(kKey5);
+    CHECK(Shows(Calculator, kStackX, "X   4.00"));
+}
 
-    // The program layout hides the stack, which is there again afterwards.
+TEST_CASE("program mode shows the current line and the pending keys")
+{
+    cCalculator Calculator;
     Calculator.Slide(swMode, 0);
     CHECK(Shows(Calculator, kProgram, "00"));
     CHECK(Shows(Calculator, kBottom, "Keystrs:"));
     CHECK(IsFresh(Calculator));
-    Calculator.HitKeys({kKeyStore, 19, kKeyPoint});
+    Calculator.HitKeys({kKeyStore, kKeyPlus, kKeyPoint});
     CHECK(Shows(Calculator, kBottom, "Keystrs: STO + ."));
-    Calculator.HitKey(kKeySeven);
+    Calculator.HitKey(kKey7);
     CHECK(Shows(Calculator, kProgram, "01 STO+ .7"));
     Type("1234567890e12");
     Calculator.HitKey(kKeyChs);
@@ -231,18 +228,28 @@ TEST_CASE("the stack view and the program layout take the place of the normal on
     CHECK(Shows(Calculator, kBottom, "Keystrs:"));
     CHECK(IsFresh(Calculator));
     Calculator.Photograph().Save("display-program");
+}
 
+TEST_CASE("each layout replaces the one before without a trace")
+{
+    cCalculator Calculator;
+    FillStack(&Calculator);
+    Calculator.Slide(swStackView, 1);
+    Calculator.HitKey(kKeyRollDown);
+    Calculator.Slide(swMode, 0);
+    CHECK(Shows(Calculator, kProgram, "00"));
+    CHECK(IsFresh(Calculator));
     Calculator.Slide(swMode, 1);
     CHECK(Shows(Calculator, kStackX, "X   3.00"));
-    CHECK(Shows(Calculator, kOperation, "GTO 5"));
+    CHECK(Shows(Calculator, kOperation, "Rolldown"));
     CHECK(IsFresh(Calculator));
     Calculator.Slide(swStackView, 0);
     CHECK(Shows(Calculator, kMain, " 3.00"));
-    CHECK(Shows(Calculator, kBottom, "LastOp:  GTO 5"));
+    CHECK(Shows(Calculator, kBottom, "LastOp:  Rolldown"));
     CHECK(IsFresh(Calculator));
 }
 
-TEST_CASE("errors of twenty characters are shown whole, and no wait marker is")
+TEST_CASE("errors of up to twenty characters are shown complete")
 {
     static const struct
     {
@@ -251,15 +258,15 @@ TEST_CASE("errors of twenty characters are shown whole, and no wait marker is")
         const char           *m_szError;
         const char           *m_szBottom;
     } s_Rows[] = {
-        {"0", {kKeyF, kKeyEight}, "Error: log of x <= 0", "LastOp:  log"},
-        {"1", {kKeyChs, kKeyF, kKeyTwo}, "Error: sqrt of x < 0", "LastOp:  sqrt"},
-        {"", {kKeyGoTo, kKeyFive}, "Error: no such label", "LastOp:  GTO 5"},
+        {"0", {kKeyF, kKey8}, "Error: log of x <= 0", "LastOp:  log"},
+        {"1", {kKeyChs, kKeyF, kKey2}, "Error: sqrt of x < 0", "LastOp:  sqrt"},
+        {"", {kKeyGoTo, kKey5}, "Error: no such label", "LastOp:  GTO 5"},
         {"100",
-         {kKeyChs, kKeyStore, 28, kKeyGoTo, kKeyIndirect},
+         {kKeyChs, kKeyStore, kKey0, kKeyGoTo, kKeyRollDown},
          "Error: neg i too big",
          "LastOp:  GTO i"},
         {"7", {kKeySum, kKeyF, kKeyStore}, "Error: bad summation", "LastOp:  LR"},
-        {"", {2, 24}, "Error: subr overflow", "LastOp:  GSB 1"},
+        {"", {kKeyGsb, kKey1}, "Error: subr overflow", "LastOp:  GSB 1"},
     };
     cCalculator Calculator;
     OpenListing(&Calculator, "LBL 1\r\nGSB 1\r\n");
@@ -272,9 +279,9 @@ TEST_CASE("errors of twenty characters are shown whole, and no wait marker is")
         CHECK(Shows(Calculator, kMain, Row.m_szError));
         CHECK(Shows(Calculator, kBottom, Row.m_szBottom));
 
-        // A press brings X back; until the release nothing is waited for that
-        // the display would tell.
-        MoveMouse(Calculator.OnKey(kKeySeven));
+        // The press clears the error; the display has no marker that the release
+        // is still to come.
+        MoveMouse(Calculator.OnKey(kKey7));
         PressMouse();
         Calculator.SettlePaint();
         CHECK(Calculator.Read(0, 59, 66, 5) != "Error");
@@ -283,30 +290,36 @@ TEST_CASE("errors of twenty characters are shown whole, and no wait marker is")
         Calculator.Settle();
         CHECK(Shows(Calculator, kBottom, Row.m_szBottom));
     }
+}
 
-    Calculator.HitKeys({kKeyClearX});
-    RunListing(&Calculator, "LBL 1\r\nGTO 1\r\n");
-    MoveMouse(Calculator.OnKey(kKeySeven));
+TEST_CASE("the key that halts a run does not show as a pending key")
+{
+    cCalculator Calculator;
+    RunListing(&Calculator, kEndless);
+    MoveMouse(Calculator.OnKey(kKey7));
     PressMouse();
-    CHECK(Eventually(0U, [&] { return Calculator.MenuState(IDM_NEW); }) == 0);
+    CHECK(HasHalted(Calculator));
     CHECK(Shows(Calculator, kBottom, "LastOp:  R/S"));
     ReleaseMouse();
     Calculator.Settle();
     CHECK(Shows(Calculator, kBottom, "LastOp:  R/S"));
     CHECK(Shows(Calculator, kMain, " 0.00"));
+}
 
-    // A step of twenty characters, the longest that a listing can have.
+TEST_CASE("the longest step of a listing, twenty characters, is shown complete")
+{
+    cCalculator Calculator;
     OpenListing(&Calculator, "-1.2345678901e-99\r\n");
     Calculator.Slide(swMode, 0);
     Calculator.HitKey(kKeySst);
     CHECK(Shows(Calculator, kProgram, "01 -1.2345678901e-99"));
 }
 
-TEST_CASE("the face and its texts come back from under other windows")
+TEST_CASE("the face and its texts are repainted after other windows have covered them")
 {
     cCalculator Calculator;
     Type("1\r2\r3\r4\r");
-    const RECT Window = PlaceOf(Calculator.Window());
+    const RECT Window = RectOf(Calculator.Window());
     const RECT Corner = {Window.left + 100, Window.top + 120, Window.left + 200, Window.top + 130};
 
     for (const int bStack : {0, 1})
@@ -323,39 +336,43 @@ TEST_CASE("the face and its texts come back from under other windows")
             CHECK(WaitFor([&] { return Face() == Before; }));
         }
 
-        Calculator.Choose(kMenuHelp, IDM_ABOUT);
-
+        Calculator.Choose(mnHelp, IDM_ABOUT);
         REQUIRE(Calculator.Dialog());
         CHECK(WaitFor([&] { return !(Face() == Before); }));
         Calculator.Click("OK");
         CHECK(WaitFor([&] { return Face() == Before; }));
 
-        PostSystemCommand(Calculator, SC_MINIMIZE);
-        CHECK(WaitFor([&] { return IsIconic(Calculator.Window()); }));
-        PostSystemCommand(Calculator, SC_RESTORE);
-        CHECK(WaitFor([&] { return !IsIconic(Calculator.Window()); }));
+        Minimise(Calculator);
+        Restore(Calculator);
         CHECK(WaitFor([&] { return Face() == Before; }));
     }
+}
 
-    // Without the toolbar everything is higher up.
-    const cPicture Before  = PhotographFace(Calculator);
-    const RECT     WithBar = PlaceOf(Calculator.Keypad());
-    const RECT     Bar     = PlaceOf(Calculator.ToolBar());
-    Calculator.Choose(kMenuView, IDM_TOOLBAR);
-    const RECT WithoutBar = PlaceOf(Calculator.Keypad());
-    CHECK(WithBar.top - WithoutBar.top == Bar.bottom - Bar.top);
+TEST_CASE("without the toolbar or the status bar the face and its texts look the same")
+{
+    cCalculator Calculator;
+    Type("1\r2\r3\r4\r");
+    Calculator.Slide(swStackView, 1);
+    const cPicture Before = PhotographFace(Calculator);
+    const LONG     nTop   = RectOf(Calculator.Keypad()).top;
+    const LONG     nBar   = SizeOf(Calculator.ToolBar()).cy;
+
+    Calculator.Choose(mnView, IDM_TOOLBAR);
+
+    CHECK(nTop - RectOf(Calculator.Keypad()).top == nBar);
     CHECK(LooksLike(Calculator, Before));
     CHECK(Shows(Calculator, kStackY, "Y   4.00"));
-    Calculator.HitKey(kKeyIndirect);
+    Calculator.HitKey(kKeyRollDown);
     CHECK(Shows(Calculator, kOperation, "Rolldown"));
     CHECK(Shows(Calculator, kStackT, "T   4.00"));
     CHECK(IsFresh(Calculator));
     Calculator.Photograph().Save("display-without-toolbar");
-    Calculator.Choose(kMenuView, IDM_TOOLBAR);
+
+    Calculator.Choose(mnView, IDM_TOOLBAR);
     Calculator.Settle();
-    CHECK(PlaceOf(Calculator.Keypad()).top == WithBar.top);
+    CHECK(RectOf(Calculator.Keypad()).top == nTop);
     CHECK(IsFresh(Calculator));
-    Calculator.Choose(kMenuView, IDM_STATUS_BAR);
+    Calculator.Choose(mnView, IDM_STATUS_BAR);
     CHECK(IsFresh(Calculator));
     CHECK(Shows(Calculator, kOperation, "Rolldown"));
 }

@@ -1,5 +1,5 @@
-// The Edit menu and its keys. The listing is read-only; some other program
-// may make it writable, as the tests do, and then all of the menu works.
+// The Edit menu and its keys. The listing is read-only; the tests make it writable,
+// as another program might, because only then all commands are enabled.
 
 #include "tests/window/calculator.h"
 
@@ -7,24 +7,33 @@
 
 #include "tests/window/clipboard.h"
 #include "tests/window/input.h"
+#include "tests/window/keys.h"
 #include "tests/window/menus.h"
 #include "tests/window/waiting.h"
 
 namespace
 {
 
-const unsigned kEditMenu = 1;
-
-// The enabled ones of 201 to 205, as "203 204".
+// The enabled commands among 201 to 205, as "203 204".
 std::string EnabledCommands(cCalculator &Calculator)
 {
     std::string Enabled;
-    Calculator.OpenMenu(kEditMenu);
+    Calculator.OpenMenu(mnEdit);
     for (unsigned nId = 201; nId <= 205; nId++)
         if ((Calculator.MenuState(nId) & (MF_GRAYED | MF_DISABLED)) == 0)
             Enabled += (Enabled.empty() ? "" : " ") + std::to_string(nId);
     CloseMenus();
     return Enabled;
+}
+
+// Waits until these commands are enabled, as other programs learn of a change of
+// the clipboard with a delay; 0 if others are.
+int EnabledAre(cCalculator &Calculator, const std::string &Commands)
+{
+    const std::string Seen = Eventually(Commands, [&] { return EnabledCommands(Calculator); });
+    if (Seen != Commands)
+        MESSAGE("enabled: ", Seen);
+    return Seen == Commands;
 }
 
 void Select(cCalculator &Calculator, int nStart, int nEnd)
@@ -43,13 +52,24 @@ int FirstLineIs(cCalculator &Calculator, const std::string &Text)
     return Eventually(Text, [&] { return FirstLine(Calculator); }) == Text;
 }
 
+int HighlightIs(cCalculator &Calculator, const std::string &Line)
+{
+    return Eventually(Line, [&] { return Calculator.HighlightedLine(); }) == Line;
+}
+
+void MakeWritable(const cCalculator &Calculator)
+{
+    SendMessageA(Calculator.Listing(), EM_SETREADONLY, FALSE, 0);
+}
+
 int ClipboardIs(const std::string &Text)
 {
     return Eventually(Text, ClipboardText) == Text;
 }
 
-// Nothing is copied while another program has the clipboard open, as the screen
-// has for a moment after each change; then it is done again.
+// Copies with a key until the clipboard has the text: nothing is copied while another
+// program has the clipboard open, as Wine's desktop has for a moment after each
+// change.
 int CopiesWith(cCalculator &Calculator, int nKey, const std::string &Text)
 {
     return WaitFor([&] {
@@ -61,17 +81,16 @@ int CopiesWith(cCalculator &Calculator, int nKey, const std::string &Text)
 
 }  // namespace
 
-TEST_CASE("the read-only listing can be selected and copied, not changed")
+TEST_CASE("a read-only listing enables only Copy, and no key changes it")
 {
     cCalculator Calculator;
     Calculator.KeepOpen(1, 0);
     SetClipboardText("other");
-    CHECK(EnabledCommands(Calculator) == "203");
+    CHECK(EnabledAre(Calculator, "203"));
     Select(Calculator, 3, 3);
-    CHECK(EnabledCommands(Calculator).empty());
+    CHECK(EnabledAre(Calculator, ""));
 
-    // Neither the keys nor a sent command change anything; copying nothing
-    // leaves the clipboard alone.
+    // Copy without a selection leaves the clipboard as it is.
     for (const int nKey : {'Z', 'X', 'C', 'V'})
         Calculator.HitShortcut(nKey, kCtrl);
     Calculator.HitShortcut(VK_DELETE);
@@ -80,9 +99,15 @@ TEST_CASE("the read-only listing can be selected and copied, not changed")
     CHECK(FirstLineIs(Calculator, "00"));
     CHECK(Calculator.ListingLines().size() == 99);
     CHECK(ClipboardIs("other"));
+}
 
-    Calculator.Choose(kEditMenu, IDM_SELECT_ALL);
-    Calculator.Choose(kEditMenu, IDM_COPY);
+TEST_CASE("a part of the listing or all of it is copied with the menu and with keys")
+{
+    cCalculator Calculator;
+    Calculator.KeepOpen(1, 0);
+    SetClipboardText("other");
+    Calculator.Choose(mnEdit, IDM_SELECT_ALL);
+    Calculator.Choose(mnEdit, IDM_COPY);
     std::string All = "00\r\n";
     for (const std::string &Line : Calculator.ListingLines())
         if (Line != "00")
@@ -95,34 +120,45 @@ TEST_CASE("the read-only listing can be selected and copied, not changed")
     CHECK(CopiesWith(Calculator, VK_INSERT, "02 R/S"));
     Calculator.HitShortcut('A', kCtrl);
     CHECK(CopiesWith(Calculator, 'C', All));
+}
 
-    // The highlight is brought back by menu and button.
+TEST_CASE("Repair Highlight selects the current line again, from menu and toolbar")
+{
+    cCalculator Calculator;
+    Calculator.KeepOpen(1, 0);
     CHECK(Calculator.HighlightedLine() == "00");
     Select(Calculator, 20, 26);
-    Calculator.Choose(kEditMenu, IDM_REPAIR_HIGHLIGHT);
-    CHECK(Eventually(std::string("00"), [&] { return Calculator.HighlightedLine(); }) == "00");
-    Calculator.HitKeys({3, 29, 25, 28});  // GTO . 2 0
+    Calculator.Choose(mnEdit, IDM_REPAIR_HIGHLIGHT);
+    CHECK(HighlightIs(Calculator, "00"));
+    Calculator.HitKeys({kKeyGoTo, kKeyPoint, kKey2, kKey0});
     CHECK(Calculator.HighlightedLine() == "20 R/S");
     Select(Calculator, 4, 10);
     Calculator.ClickButton(IDM_REPAIR_HIGHLIGHT);
-    CHECK(Eventually(std::string("20 R/S"), [&] { return Calculator.HighlightedLine(); }) ==
-          "20 R/S");
+    CHECK(HighlightIs(Calculator, "20 R/S"));
+}
+
+TEST_CASE("a selection in a writable listing enables Cut, Copy and Delete, a cut Undo and Paste")
+{
+    cCalculator Calculator;
+    SetClipboardText("");
+    MakeWritable(Calculator);
+    Select(Calculator, 0, 0);
+    CHECK(EnabledAre(Calculator, ""));
+    Select(Calculator, 0, 2);
+    CHECK(EnabledAre(Calculator, "202 203 205"));
+    Calculator.HitShortcut('X', kCtrl);
+    CHECK(FirstLineIs(Calculator, ""));
+    CHECK(ClipboardIs("00"));
+    CHECK(EnabledAre(Calculator, "201 204"));
 }
 
 TEST_CASE("a writable listing is cut, pasted, cleared and undone with every key")
 {
     cCalculator Calculator;
-    SetClipboardText("");
-    SendMessageA(Calculator.Listing(), EM_SETREADONLY, FALSE, 0);
-    Select(Calculator, 0, 0);
-    CHECK(EnabledCommands(Calculator).empty());
+    MakeWritable(Calculator);
     Select(Calculator, 0, 2);
-    CHECK(EnabledCommands(Calculator) == "202 203 205");
-
     Calculator.HitShortcut('X', kCtrl);
     CHECK(FirstLineIs(Calculator, ""));
-    CHECK(ClipboardIs("00"));
-    CHECK(EnabledCommands(Calculator) == "201 204");
     Calculator.HitShortcut('Z', kCtrl);
     CHECK(FirstLineIs(Calculator, "00"));
     Select(Calculator, 0, 1);
@@ -140,17 +176,27 @@ TEST_CASE("a writable listing is cut, pasted, cleared and undone with every key"
     Select(Calculator, 0, 5);
     Calculator.HitShortcut(VK_DELETE);
     CHECK(FirstLineIs(Calculator, "one"));
+}
 
-    // The same with the mouse.
-    Calculator.Choose(kEditMenu, IDM_UNDO);
+TEST_CASE("a writable listing is undone, cut, pasted and cleared with the menu")
+{
+    cCalculator Calculator;
+    MakeWritable(Calculator);
+    SetClipboardText("; oneone");
+    Select(Calculator, 0, 2);
+    Calculator.HitShortcut('V', kCtrl);
+    Select(Calculator, 0, 5);
+    Calculator.HitShortcut(VK_DELETE);
+    CHECK(FirstLineIs(Calculator, "one"));
+    Calculator.Choose(mnEdit, IDM_UNDO);
     CHECK(FirstLineIs(Calculator, "; oneone"));
     Select(Calculator, 0, 2);
-    Calculator.Choose(kEditMenu, IDM_CUT);
+    Calculator.Choose(mnEdit, IDM_CUT);
     CHECK(FirstLineIs(Calculator, "oneone"));
-    Calculator.Choose(kEditMenu, IDM_PASTE);
+    Calculator.Choose(mnEdit, IDM_PASTE);
     CHECK(FirstLineIs(Calculator, "; oneone"));
     Select(Calculator, 0, 5);
-    Calculator.Choose(kEditMenu, IDM_DELETE);
+    Calculator.Choose(mnEdit, IDM_DELETE);
     CHECK(FirstLineIs(Calculator, "one"));
     CHECK(ClipboardIs("; "));
 }

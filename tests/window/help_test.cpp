@@ -1,4 +1,4 @@
-// The help command: with the help files beside the program, and without them.
+// The help command, with the help files in the program's folder and without them.
 
 #include "tests/window/calculator.h"
 #include "tests/window/graph_window.h"
@@ -10,25 +10,16 @@
 #include <fstream>
 
 #include "resources/resource.h"
+#include "tests/window/common_steps.h"
 #include "tests/window/input.h"
+#include "tests/window/keys.h"
 #include "tests/window/waiting.h"
+#include "tests/window/window_state.h"
 
 namespace
 {
 
-std::string MissingText(const std::string &File)
-{
-    return "ERROR: HtmlHelp() failed to find the " + File +
-           " file.\n\n"
-           "This probably means that your computer has an archaic\n"
-           "version of Internet Explorer.  You can download the\n"
-           "latest version of Internet Explorer from Microsoft's\n"
-           "web site or you can get Version 5.5 from the CD you\n"
-           "used to install this software (in either case, you\n"
-           "don't have to make it your default web browser).\n";
-}
-
-// Help files and pages beside the program, as the build leaves them.
+// Copies help files and pages from the build to the program's folder.
 void BringHelp(cCalculator &Calculator)
 {
     const std::filesystem::path Built = std::filesystem::path(VORSTEK_PROGRAM).parent_path();
@@ -38,7 +29,7 @@ void BringHelp(cCalculator &Calculator)
                           std::filesystem::copy_options::recursive);
 }
 
-// How many pages there are whose name begins so; each is a topic.
+// The number of pages whose names have this beginning; each page is a topic.
 int Pages(cCalculator &Calculator, const std::string &Beginning)
 {
     int nPages = 0;
@@ -54,7 +45,7 @@ HWND WaitForViewer(const char *szTitle)
     return WaitFor([=] { return FindWindowA(nullptr, szTitle); });
 }
 
-// What the viewer's contents hold once they are complete.
+// The number of topics in the viewer's contents, which the viewer fills by and by.
 int CountTopics(HWND hViewer, int nExpected)
 {
     return Eventually(nExpected, [=] {
@@ -74,9 +65,9 @@ int CountTopics(HWND hViewer, int nExpected)
     });
 }
 
-// What the user's browser would be: a program for pages that notes in a file
-// which page it is given. Wine without its browser knows none; where there is
-// one, nothing is touched and the test fails.
+// Replaces the user's browser: registers a command that writes the name of the
+// page to a file. Wine without its browser has none; where a browser is registered,
+// the registry stays as it is and the test fails.
 class cPageReader
 {
 public:
@@ -119,23 +110,23 @@ private:
 
 }  // namespace
 
-TEST_CASE("the graph's help that is not there is reported and the graph goes on")
+TEST_CASE("a missing help file of the graph is reported, and the graph still works")
 {
     cCalculator  Calculator;
     cGraphWindow Graph(&Calculator);
     Graph.Choose(gmHelp, IDM_GRAPH_HELP);
     const cSeenBox Seen = Calculator.Box();
     CHECK(Seen.m_Caption == "Vorstek");
-    CHECK(Seen.m_Text == MissingText("CVANTOR.CHM"));
+    CHECK(Seen.m_Text == MissingHelpText("CVANTOR.CHM"));
     CHECK((Seen.m_Buttons == std::vector<std::string>{"OK"}));
     Calculator.Click("OK");
-    CHECK(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
+    CHECK(Calculator.HasNoDialog());
 
     Graph.Open("3.txt", "1\n2\n3\n");
     CHECK(Graph.Count() == 1);
 }
 
-TEST_CASE("the help opens with its contents, and the calculator goes on")
+TEST_CASE("the help opens with its contents, and the calculator still works")
 {
     cCalculator Calculator;
     BringHelp(Calculator);
@@ -146,12 +137,11 @@ TEST_CASE("the help opens with its contents, and the calculator goes on")
     CHECK(Calculator.HasDialog() == 0);
     Calculator.PhotographScreen().Save("help-there");
 
-    // Beside the calculator, so that its face is free.
-    RECT Frame = {};
-    GetWindowRect(Calculator.Window(), &Frame);
+    // Next to the calculator, so that its face is not covered.
+    const RECT Frame = RectOf(Calculator.Window());
     SetWindowPos(hViewer, nullptr, Frame.right + 10, Frame.top, 300, 300, SWP_NOACTIVATE);
     Calculator.Settle();
-    Calculator.HitKey(16);
+    Calculator.HitKey(kKey7);
     CHECK(Calculator.ReadsX("7."));
 
     Calculator.HitShortcut('E', kCtrl);
@@ -182,6 +172,6 @@ TEST_CASE("without a help file the introduction is opened as a page")
     CHECK(Eventually(Page, [&] { return Reader.Opened(); }) == Page);
     CHECK(Calculator.HasDialog() == 0);
 
-    Calculator.HitKey(16);
+    Calculator.HitKey(kKey7);
     CHECK(Calculator.ReadsX("7."));
 }

@@ -1,200 +1,203 @@
-// Every message box that can be reached, word by word.
+// The message boxes: texts, buttons and icons.
 
 #include "tests/window/calculator.h"
 
 #include <doctest/doctest.h>
 
-#include <functional>
-
+#include "tests/window/common_steps.h"
 #include "tests/window/input.h"
+#include "tests/window/keys.h"
+#include "tests/window/shared_rig.h"
 #include "tests/window/waiting.h"
+
+static const int kNoIcon = 0;
+
+static const char *const kTruncated = "ERROR: File overflow has\ncaused text truncation.";
+static const char *const kCleared   = "Program Memory has been cleared";
+
+static const std::vector<std::string> kOk          = {"OK"};
+static const std::vector<std::string> kOkCancel    = {"OK", "Cancel"};
+static const std::vector<std::string> kYesNoCancel = {"Yes", "No", "Cancel"};
 
 namespace
 {
 
-const int kNone     = 0;
-const int kError    = 32513;  // the platform's icons
-const int kQuestion = 32514;
-
-// Commands that no menu item gives are sent as a message of another program.
-void SendCommand(cCalculator &Calculator, unsigned nId, unsigned nNotice = 0)
+// An empty program, which tests that share it leave empty.
+struct cEmptyRig
 {
-    PostMessageA(Calculator.Window(), WM_COMMAND, MAKEWPARAM(nId, nNotice), 0);
-}
+    int IsAsNew() const
+    {
+        return m_Calculator.IsRunning() && !m_Calculator.HasDialog() &&
+               m_Calculator.StatusText() == "filename: UNTITLED";
+    }
 
-void Open(cCalculator &Calculator, const char *szFile)
-{
-    Calculator.HitShortcut('O', kCtrl);
-    Calculator.GiveFileName(Calculator.Path(szFile));
-}
-
-void Modify(cCalculator &Calculator)
-{
-    Calculator.Slide(swMode, 0);
-    Calculator.HitKey(11);  // ENTER
-    Calculator.Slide(swMode, 1);
-}
+    cCalculator m_Calculator;
+};
 
 }  // namespace
 
-TEST_CASE("the boxes have their words, buttons and icons")
+// Waits for the box, compares all of it and closes it.
+static void CheckBox(cCalculator *pCalculator, const cSeenBox &Expected, int nIcon,
+                     const char *szButton)
 {
-    cCalculator     Calculator;
-    cScratchFolder &Folder = Calculator.Folder();
-    Folder.Write(
-        "long.txt", std::string(100, '\n') + "ENTER\n" + [] {
-            std::string Lines;
-            for (int i = 0; i < 98; i++)
-                Lines += "+\n";
-            return Lines;
-        }());
-    Folder.Write("word.txt", "\nsto 5\n");
-    Folder.Write("number.txt", "3.5 7\n");
-    Folder.Write("operand.txt", "LBL 12\n");
-    Folder.Write("loop.txt", "LBL 1\nGTO 1\n");
-    Folder.Write("points.txt", "LBL 1\nSumG\nGTO 1\n");
-
-    const std::vector<std::string> Ok          = {"OK"};
-    const std::vector<std::string> OkCancel    = {"OK", "Cancel"};
-    const std::vector<std::string> YesNoCancel = {"Yes", "No", "Cancel"};
-    HANDLE                         hLocked     = INVALID_HANDLE_VALUE;
-    const auto                     OpenIt      = [&](const char *szFile) {
-        return [&Calculator, szFile] { Open(Calculator, szFile); };
-    };
-    const auto Nothing = [] {};
-
-    const struct
-    {
-        std::function<void()> m_Do;
-        cSeenBox              m_Box;
-        int                   m_nIcon;
-        const char           *m_szAnswer;
-    } Rows[] = {
-        {[&] { SendCommand(Calculator, IDM_UNDO); },
-         {"Vorstek", "Nothing to undo", Ok},
-         kNone,
-         "OK"},
-        {[&] { SendCommand(Calculator, IDC_LISTING, EN_MAXTEXT); },
-         {"Vorstek", "ERROR: File overflow has\ncaused text truncation.", Ok},
-         kError,
-         "OK"},
-        {[&] { SendCommand(Calculator, IDC_LISTING, EN_ERRSPACE); },
-         {"Vorstek", "ERROR: File overflow has\ncaused text truncation.", Ok},
-         kError,
-         "OK"},
-        {OpenIt("long.txt"), {"Vorstek", "Program memory overflow", Ok}, kNone, "OK"},
-        {OpenIt("word.txt"),
-         {"ERROR", "Error: unrecognized instr mnemonic on line #2:\nsto 5", OkCancel},
-         kNone,
-         "OK"},
-        {OpenIt("number.txt"),
-         {"ERROR", "Error: illegal number on line #1:\n3.5 7", OkCancel},
-         kNone,
-         "OK"},
-        {OpenIt("operand.txt"),
-         {"ERROR", "Error: illegal operand on line 1:\nLBL 12", OkCancel},
-         kNone,
-         "Cancel"},
-        {Nothing, {"Vorstek", "Program Memory has been cleared", Ok}, kNone, "OK"},
-        {[&] {
-             hLocked = CreateFileA(Calculator.Path("loop.txt").c_str(), GENERIC_READ, 0, nullptr,
-                                   OPEN_EXISTING, 0, nullptr);
-             Open(Calculator, "loop.txt");
-         },
-         {"Vorstek",
-          "ERROR: couldn't open the file '" + Calculator.Path("loop.txt") + "' for reading", Ok},
-         kError,
-         "OK"},
-        {[&] {
-             CloseHandle(hLocked);
-             Open(Calculator, "points.txt");
-             Calculator.HitKey(30);  // R/S
-         },
-         {"Vorstek",
-          "The Vorstek's program must now halt\nsince the cVantor window has reached its\n"
-          "memory limit\n",
-          Ok},
-         kNone,
-         "OK"},
-        {[&] {
-             Open(Calculator, "loop.txt");
-             Calculator.HitKey(30);
-             Click(FramePoint(Calculator.Window(), HTCLOSE));
-         },
-         {"Vorstek",
-          "Not allowed while a calculator\nprogram is running (hit any\n"
-          "calculator key to halt the program)\n",
-          Ok},
-         kNone,
-         "OK"},
-        {[&] {
-             Calculator.HitShortcut(VK_ESCAPE);
-             Calculator.Settle();
-             SetFileAttributesA(Calculator.Path("loop.txt").c_str(), FILE_ATTRIBUTE_READONLY);
-             Calculator.HitShortcut('S', kCtrl);
-         },
-         {"Vorstek", "Could not write the file:\n " + Calculator.Path("loop.txt"), Ok},
-         kError,
-         "OK"},
-        {[&] {
-             Modify(Calculator);
-             Calculator.HitShortcut('N', kCtrl);
-         },
-         {"Vorstek", "Save current changes in " + Calculator.Path("loop.txt") + "?", YesNoCancel},
-         kQuestion,
-         "No"},
-        {[&] {
-             Modify(Calculator);
-             Calculator.HitShortcut('E', kCtrl);
-         },
-         {"Vorstek", "Save current changes in UNTITLED?", YesNoCancel},
-         kQuestion,
-         "Cancel"},
-        {[&] {
-             SendMessageA(Calculator.Listing(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(""));
-             Calculator.HitShortcut('P', kCtrl);
-         },
-         {"Vorstek", "There is nothing to print", Ok},
-         kNone,
-         "OK"},
-    };
-    for (const auto &Row : Rows)
-    {
-        CAPTURE(Row.m_Box.m_Text);
-        Row.m_Do();
-        const cSeenBox Seen = Calculator.Box();
-        CHECK(Seen.m_Text == Row.m_Box.m_Text);
-        CHECK(Seen.m_Caption == Row.m_Box.m_Caption);
-        CHECK((Seen.m_Buttons == Row.m_Box.m_Buttons));
-        CHECK(Calculator.BoxIcon() == Row.m_nIcon);
-        Calculator.Click(Row.m_szAnswer);
-    }
-    CHECK(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
-    SetFileAttributesA(Calculator.Path("loop.txt").c_str(), FILE_ATTRIBUTE_NORMAL);
+    const cSeenBox Seen = pCalculator->Box();
+    CHECK(Seen.m_Text == Expected.m_Text);
+    CHECK(Seen.m_Caption == Expected.m_Caption);
+    CHECK((Seen.m_Buttons == Expected.m_Buttons));
+    CHECK(pCalculator->BoxIcon() == nIcon);
+    pCalculator->Click(szButton);
 }
 
-TEST_CASE("help that is not there is reported and the calculator goes on")
+static void CheckBox(cCalculator *pCalculator, const char *szText, int nIcon)
+{
+    CheckBox(pCalculator, {"Vorstek", szText, kOk}, nIcon, "OK");
+}
+
+TEST_CASE("without a change the Undo command says that there is nothing to undo")
+{
+    cCalculator &Calculator = Shared<cEmptyRig>().m_Calculator;
+    // The menu item is greyed, but another program may send its command.
+    PostCommand(Calculator, IDM_UNDO);
+    CheckBox(&Calculator, "Nothing to undo", kNoIcon);
+    CHECK(Calculator.HasNoDialog());
+}
+
+TEST_CASE("a listing that has no room for its text reports that it was cut off")
+{
+    cCalculator &Calculator = Shared<cEmptyRig>().m_Calculator;
+    for (const unsigned nNotice : {EN_MAXTEXT, EN_ERRSPACE})
+    {
+        PostCommand(Calculator, static_cast<unsigned>(MAKELONG(IDC_LISTING, nNotice)));
+        CheckBox(&Calculator, kTruncated, kErrorIcon);
+    }
+    CHECK(Calculator.HasNoDialog());
+}
+
+TEST_CASE("a listing of 99 instructions overflows the program memory")
+{
+    cCalculator Calculator;
+    std::string Lines = std::string(100, '\n') + "ENTER\n";
+    for (int i = 0; i < 98; i++)
+        Lines += "+\n";
+    Calculator.Folder().Write("long.txt", Lines);
+
+    OpenFile(&Calculator, "long.txt");
+
+    CheckBox(&Calculator, "Program memory overflow", kNoIcon);
+    CHECK(Calculator.HasNoDialog());
+}
+
+TEST_CASE("each kind of bad line has its error, and Cancel clears the program memory")
+{
+    static const struct
+    {
+        const char *m_szLine;
+        const char *m_szError;
+    } s_Rows[] = {
+        {"\nsto 5\n", "Error: unrecognized instr mnemonic on line #2:\nsto 5"},
+        {"3.5 7\n", "Error: illegal number on line #1:\n3.5 7"},
+        {"LBL 12\n", "Error: illegal operand on line 1:\nLBL 12"},
+    };
+    cCalculator Calculator;
+    for (const auto &Row : s_Rows)
+    {
+        CAPTURE(Row.m_szError);
+        const int bLast = &Row == std::end(s_Rows) - 1;
+        Calculator.Folder().Write("bad.txt", Row.m_szLine);
+        OpenFile(&Calculator, "bad.txt");
+        CheckBox(&Calculator, {"ERROR", Row.m_szError, kOkCancel}, kNoIcon,
+                 bLast ? "Cancel" : "OK");
+    }
+    CheckBox(&Calculator, kCleared, kNoIcon);
+    CHECK(Calculator.HasNoDialog());
+}
+
+TEST_CASE("a file that another program has locked could not be opened")
+{
+    cCalculator Calculator;
+    Calculator.Folder().Write("loop.txt", "LBL 1\nGTO 1\n");
+    const std::string Path = Calculator.Path("loop.txt");
+    const HANDLE      hLocked =
+        CreateFileA(Path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+
+    OpenFile(&Calculator, "loop.txt");
+
+    CheckBox(&Calculator, ("ERROR: couldn't open the file '" + Path + "' for reading").c_str(),
+             kErrorIcon);
+    CHECK(Calculator.HasNoDialog());
+    CloseHandle(hLocked);
+}
+
+TEST_CASE("a program halts with a message when the graph's memory is full")
+{
+    cCalculator Calculator;
+    RunListing(&Calculator, "LBL 1\nSumG\nGTO 1\n");
+    CheckBox(&Calculator,
+             "The Vorstek's program must now halt\nsince the cVantor window has reached its\n"
+             "memory limit\n",
+             kNoIcon);
+    CHECK(Calculator.HasNoDialog());
+}
+
+TEST_CASE("the close box refuses to close the calculator during a run")
+{
+    cCalculator Calculator;
+    RunListing(&Calculator, kEndless);
+    Click(FramePoint(Calculator.Window(), HTCLOSE));
+    CheckBox(&Calculator, kRefusedInRun, kNoIcon);
+    CHECK(Calculator.HasNoDialog());
+}
+
+TEST_CASE("a read-only file could not be written")
+{
+    cCalculator Calculator;
+    OpenListing(&Calculator, kEndless);
+    const std::string Path = Calculator.Path("program.txt");
+    SetFileAttributesA(Path.c_str(), FILE_ATTRIBUTE_READONLY);
+
+    Calculator.HitShortcut('S', kCtrl);
+
+    CheckBox(&Calculator, ("Could not write the file:\n " + Path).c_str(), kErrorIcon);
+    CHECK(Calculator.HasNoDialog());
+    SetFileAttributesA(Path.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_CASE("the question whether to save names the file, or UNTITLED")
+{
+    cCalculator Calculator;
+    OpenListing(&Calculator, kEndless);
+    AddEnter(&Calculator);
+    Calculator.HitShortcut('N', kCtrl);
+    const std::string Named = "Save current changes in " + Calculator.Path("program.txt") + "?";
+    CheckBox(&Calculator, {"Vorstek", Named, kYesNoCancel}, kQuestionIcon, "No");
+
+    AddEnter(&Calculator);
+    Calculator.HitShortcut('E', kCtrl);
+    CheckBox(&Calculator, {"Vorstek", kSaveUntitled, kYesNoCancel}, kQuestionIcon, "Cancel");
+    CHECK(Calculator.HasNoDialog());
+}
+
+TEST_CASE("an empty listing has nothing to print")
+{
+    cCalculator Calculator;
+    SendMessageA(Calculator.Listing(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(""));
+    Calculator.HitShortcut('P', kCtrl);
+    CheckBox(&Calculator, "There is nothing to print", kNoIcon);
+    CHECK(Calculator.HasNoDialog());
+}
+
+TEST_CASE("a missing help file is reported, and the calculator goes on")
 {
     cCalculator Calculator;
     Calculator.HitShortcut(VK_F1);
-    const cSeenBox Seen = Calculator.Box();
+    REQUIRE(Calculator.Dialog());
     Calculator.PhotographScreen().Save("help");
-    CHECK(Seen.m_Caption == "Vorstek");
-    CHECK(Seen.m_Text == "ERROR: HtmlHelp() failed to find the VORSTEK.CHM file.\n\n"
-                         "This probably means that your computer has an archaic\n"
-                         "version of Internet Explorer.  You can download the\n"
-                         "latest version of Internet Explorer from Microsoft's\n"
-                         "web site or you can get Version 5.5 from the CD you\n"
-                         "used to install this software (in either case, you\n"
-                         "don't have to make it your default web browser).\n");
-    CHECK((Seen.m_Buttons == std::vector<std::string>{"OK"}));
-    CHECK(Calculator.BoxIcon() == kError);
     CHECK(GetWindow(Calculator.Dialog(), GW_OWNER) == nullptr);
     CHECK_FALSE(IsWindowEnabled(Calculator.Window()));
-    Calculator.Click("OK");
-    CHECK(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
+    CheckBox(&Calculator, MissingHelpText("VORSTEK.CHM").c_str(), kErrorIcon);
+    CHECK(Calculator.HasNoDialog());
     CHECK(Eventually(Calculator.Window(), GetForegroundWindow) == Calculator.Window());
 
-    Calculator.HitKey(16);
+    Calculator.HitKey(kKey7);
     CHECK(Calculator.ReadsX("7."));
 }

@@ -1,4 +1,4 @@
-// Printing where there is no printer: the platform says so in words of its own.
+// Printing without a printer, which the platform reports in its own words.
 
 #include "tests/window/calculator.h"
 
@@ -8,14 +8,13 @@
 #include <doctest/doctest.h>
 
 #include "tests/window/graph_window.h"
+#include "tests/window/keys.h"
 #include "tests/window/waiting.h"
 
 namespace
 {
 
-const unsigned kFileMenu = 0;
-
-// Whether a box speaks of the printer, goes with OK, and no other dialog comes.
+// Closes the report about the printer; 0 if another dialog follows it.
 int SaysSo(cCalculator *pCalculator)
 {
     const cSeenBox Box = pCalculator->Box();
@@ -29,13 +28,13 @@ int SaysSo(cCalculator *pCalculator)
 
 }  // namespace
 
-TEST_CASE("without a printer a box says so, and the calculator goes on")
+TEST_CASE("a missing printer is reported, and the calculator still works")
 {
     cCalculator Calculator;
     for (const unsigned nId : {IDM_PRINT, IDM_PAGE_SETUP})
     {
         CAPTURE(nId);
-        Calculator.Choose(kFileMenu, nId);
+        Calculator.Choose(mnFile, nId);
         CHECK(SaysSo(&Calculator));
     }
     cGraphWindow Graph(&Calculator);
@@ -47,6 +46,6 @@ TEST_CASE("without a printer a box says so, and the calculator goes on")
     }
     CHECK(IsWindowEnabled(Graph.Window()));
     CHECK(IsWindowEnabled(Calculator.Window()));
-    Calculator.HitKeys({24, 11, 25, 19});  // 1 ENTER 2 +
+    Calculator.HitKeys({kKey1, kKeyEnter, kKey2, kKeyPlus});
     CHECK(Calculator.ReadsX("3.00"));
 }
