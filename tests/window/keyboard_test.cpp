@@ -8,15 +8,11 @@
 
 #include "tests/window/common_steps.h"
 #include "tests/window/input.h"
+#include "tests/window/keys.h"
 #include "tests/window/waiting.h"
 
 namespace
 {
-
-const unsigned kKeySst    = 1;
-const unsigned kKeyStore  = 8;
-const unsigned kKeyEnter  = 11;
-const unsigned kKeyClearX = 14;
 
 const char kMapped[] = "e-789+456*123/0.";
 
@@ -25,8 +21,8 @@ void TypeCharacter(char c)
     Type(std::string(1, c));
 }
 
-// All printable characters that are on no key of the calculator, and some that
-// are not printable.
+// All printable characters without a key of the calculator, and some that are not
+// printable.
 std::string Unmapped()
 {
     std::string Characters = "\b\t\n";
@@ -55,10 +51,10 @@ TEST_CASE("every mapped character does what a click on its key does")
         {
             CAPTURE(Row.m_nKey);
             CAPTURE(nBefore);
-            // 2 in Y, then 3 in X, then perhaps a prefix that the key completes.
-            Calculator.HitKeys({kKeyClearX, 25, kKeyEnter, 26, nBefore, Row.m_nKey});
+            // 2 in Y, 3 in X, then CLx or the beginning of an instruction.
+            Calculator.HitKeys({kKeyClearX, kKey2, kKeyEnter, kKey3, nBefore, Row.m_nKey});
             const cPicture Clicked = PhotographFace(Calculator);
-            Calculator.HitKeys({kKeyClearX, 25, kKeyEnter, 26, nBefore});
+            Calculator.HitKeys({kKeyClearX, kKey2, kKeyEnter, kKey3, nBefore});
             const cPicture Before = PhotographFace(Calculator);
 
             TypeCharacter(Row.m_cTyped);
@@ -81,8 +77,9 @@ TEST_CASE("a sum is typed, and other characters do nothing")
     HitKey(VK_NUMLOCK);
     HitKey(VK_NUMPAD7);
     CHECK(Calculator.ReadsX("2.e+37"));
+    HitKey(VK_NUMLOCK);
 
-    // In the middle of a number and of an instruction.
+    // While a number or an instruction is incomplete.
     for (const unsigned nKey : {24U, kKeyStore})
     {
         Calculator.HitKey(nKey);
@@ -99,10 +96,10 @@ TEST_CASE("a sum is typed, and other characters do nothing")
     CHECK(Calculator.ReadsBottom("LastOp:  STO 7"));
 }
 
-TEST_CASE("what is typed reaches the calculator after a click into a box beside it")
+TEST_CASE("typed characters reach the calculator after a click into one of its boxes")
 {
     cCalculator Calculator;
-    Calculator.HitKey(kKeySst);  // opens both
+    Calculator.HitKey(kKeySst);
     REQUIRE(Calculator.IsListingShown());
     REQUIRE(Calculator.IsRegistersShown());
 
@@ -116,7 +113,7 @@ TEST_CASE("what is typed reaches the calculator after a click into a box beside 
     Type("5*");
     CHECK(Calculator.ReadsX("615.00"));
 
-    // The boxes are as they were.
+    // The boxes have not changed.
     CHECK(Calculator.ListingLines()[1] == "01 R/S");
     CHECK(Calculator.RegistersLines()[0] == "Reg[ 0] = +0.00");
     Calculator.Photograph().Save("boxes-after-typing");
@@ -126,25 +123,24 @@ TEST_CASE("a running program is halted by Escape and by a mapped character, and 
 {
     cCalculator Calculator;
     RunListing(&Calculator, "LBL 1\r\nGTO 1\r\n");
-    const auto IsRunning = [&] { return Calculator.MenuState(IDM_NEW) == MF_GRAYED; };
-    CHECK(IsRunning());
+    CHECK(IsProgramRunning(Calculator));
 
     Type(Unmapped());
     Calculator.Settle();
-    CHECK(IsRunning());
+    CHECK(IsProgramRunning(Calculator));
 
     HitKey(VK_ESCAPE);
-    CHECK(Eventually(false, IsRunning) == false);
+    CHECK(HasHalted(Calculator));
     CHECK(Calculator.ReadsBottom("LastOp:  R/S"));
     HitKey(VK_ESCAPE);
 
-    // The character that halts a program is not typed into X.
+    // The character that halts a program is not entered.
     for (const char c : std::string("\r") + kMapped)
     {
-        Calculator.HitKey(30);
-        CHECK(IsRunning());
+        Calculator.HitKey(kKeyRunStop);
+        CHECK(IsProgramRunning(Calculator));
         TypeCharacter(c);
-        CHECK(Eventually(false, IsRunning) == false);
+        CHECK(HasHalted(Calculator));
         CHECK(Calculator.ReadsX("0.00"));
         CHECK(Calculator.ReadsBottom("LastOp:  R/S"));
     }

@@ -1,4 +1,4 @@
-// The keys and slide switches of the real window, worked with the mouse.
+// The keys and slide switches of the real window, driven with the mouse.
 
 #include "tests/window/calculator.h"
 
@@ -9,19 +9,11 @@
 #include "shell/face_geometry.h"
 #include "tests/window/common_steps.h"
 #include "tests/window/input.h"
+#include "tests/window/keys.h"
 #include "tests/window/waiting.h"
 
 namespace
 {
-
-const unsigned kKeySst     = 1;
-const unsigned kKeyF       = 4;
-const unsigned kKeyG       = 5;
-const unsigned kKeySwapXY  = 6;
-const unsigned kKeyEnter   = 11;
-const unsigned kKeyClearX  = 14;
-const unsigned kKeyOne     = 24;
-const unsigned kKeyRunStop = 30;
 
 // From the corner of the keypad to that of the face.
 POINT EdgeOfFace()
@@ -38,11 +30,11 @@ RECT PartOfFace(const cFaceRect &Part)
     return Rect;
 }
 
-// Where texts stand; the display's rectangle reaches down to the switches.
+// The texts of the display, whose own rectangle reaches down to the switches.
 const cFaceRect kTexts = {44, 40, 260, 60};
 
-// The smallest rectangle outside of the texts in which two pictures of the
-// keypad differ; empty if they do not.
+// The smallest rectangle outside the texts in which two pictures of the keypad
+// differ; empty if they do not.
 RECT DifferenceOf(const cPicture &One, const cPicture &Other)
 {
     const RECT Texts      = PartOfFace(kTexts);
@@ -63,24 +55,23 @@ int IsInside(const RECT &Inner, const RECT &Outer)
     return IntersectRect(&Common, &Inner, &Outer) && EqualRect(&Common, &Inner);
 }
 
-// Waits until the pointer has been seen there; moves that follow each other
-// closely become one.
+// Waits until the program has handled the move; moves in quick succession would
+// become one.
 void MoveOn(const cCalculator &Calculator, POINT Position)
 {
     MoveMouse(Position);
     Calculator.Settle();
 }
 
-// X and Y are 1 again, and the last operation is another than that of nKey.
+// Sets X and Y to 1 and the last operation to another one than that of nKey.
 void Prepare(cCalculator *pCalculator, unsigned nKey)
 {
-    pCalculator->HitKeys({kKeyClearX, kKeyOne, kKeyEnter});
+    pCalculator->HitKeys({kKeyClearX, kKey1, kKeyEnter});
     if (nKey == kKeyEnter)
         pCalculator->HitKey(kKeySwapXY);
 }
 
-// Moves the pointer on the thumb of a switch, which rests at the left or right
-// end, and presses.
+// Presses the mouse on the thumb of a switch, which is at the left or right end.
 void Grab(const cCalculator &Calculator, eSwitch nSwitch, int bRight)
 {
     const cFaceRect &Rect = kSwitchRects[nSwitch];
@@ -99,48 +90,50 @@ void DragTo(const cCalculator &Calculator, eSwitch nSwitch, int nPosition)
 
 }  // namespace
 
-TEST_CASE("every key does what stands on it, above it in gold and on it in blue")
+// The bottom line after each key, alone and after the gold and the blue prefix.
+static const struct
 {
-    static const struct
-    {
-        unsigned    m_nKey;
-        const char *m_szPlain;
-        const char *m_szAfterF;
-        const char *m_szAfterG;
-    } s_Rows[] = {
-        {2, "Keystrs: GSB", "Keystrs: SCI", "LastOp:  RTN"},
-        {3, "Keystrs: GTO", "Keystrs: ENG", "Keystrs: LBL"},
-        {4, "Keystrs: f", "Keystrs: f", "Keystrs: f"},
-        {5, "Keystrs: g", "Keystrs: g", "Keystrs: g"},
-        {10, "LastOp:  Sum+", "LastOp:  Sum-", "LastOp:  ENTER"},  // DEL needs program mode
-        {6, "LastOp:  x<>y", "LastOp:  Mean", "LastOp:  %"},
-        {7, "LastOp:  Rolldown", "LastOp:  StdDev", "LastOp:  RCL i"},
-        {8, "Keystrs: STO", "LastOp:  LR", "LastOp:  DSZ"},
-        {9, "Keystrs: RCL", "LastOp:  ClearG", "LastOp:  ISZ"},
-        {11, "LastOp:  ENTER", "LastOp:  x<>y", "LastOp:  x<>y"},  // nothing but ENTER
-        {12, "LastOp:  CHS", "LastOp:  ENTER", "LastOp:  GRD"},    // CLEAR PRGM like DEL
-        {13, "LastOp:  ENTER", "LastOp:  ClearREG", "LastOp:  RAD"},
-        {14, "LastOp:  CLX", "LastOp:  ClearSum", "LastOp:  DEG"},
-        {15, "LastOp:  -", "LastOp:  x<=y", "LastOp:  x<0"},
-        {16, "LastOp:  ENTER", "LastOp:  ln", "LastOp:  e^x"},
-        {17, "LastOp:  ENTER", "LastOp:  log", "LastOp:  10^x"},
-        {18, "LastOp:  ENTER", "LastOp:  ->R", "LastOp:  ->P"},
-        {19, "LastOp:  +", "LastOp:  x>y", "LastOp:  x>0"},
-        {20, "LastOp:  ENTER", "LastOp:  sin", "LastOp:  sin^-1"},
-        {21, "LastOp:  ENTER", "LastOp:  cos", "LastOp:  cos^-1"},
-        {22, "LastOp:  ENTER", "LastOp:  tan", "LastOp:  tan^-1"},
-        {23, "LastOp:  *", "LastOp:  x!=y", "LastOp:  x!=0"},
-        {24, "LastOp:  ENTER", "LastOp:  INT", "LastOp:  FRAC"},
-        {25, "LastOp:  ENTER", "LastOp:  sqrt", "LastOp:  x^2"},
-        {26, "LastOp:  ENTER", "LastOp:  y^x", "LastOp:  ABS"},
-        {27, "LastOp:  /", "LastOp:  x=y", "LastOp:  x=0"},
-        {28, "LastOp:  ENTER", nullptr, "LastOp:  SetG"},  // SumG opens the graph window
-        {29, "LastOp:  ENTER", "LastOp:  LASTx", "LastOp:  pi"},
-        {30, "LastOp:  R/S", "LastOp:  PAUSE", "LastOp:  1/x"},
-        {1, "LastOp:  SST", "Keystrs: FIX", "LastOp:  BST"},
-    };
+    unsigned    m_nKey;
+    const char *m_szPlain;
+    const char *m_szAfterF;
+    const char *m_szAfterG;
+} kOperations[] = {
+    {2, "Keystrs: GSB", "Keystrs: SCI", "LastOp:  RTN"},
+    {3, "Keystrs: GTO", "Keystrs: ENG", "Keystrs: LBL"},
+    {4, "Keystrs: f", "Keystrs: f", "Keystrs: f"},
+    {5, "Keystrs: g", "Keystrs: g", "Keystrs: g"},
+    {10, "LastOp:  Sum+", "LastOp:  Sum-", "LastOp:  ENTER"},  // DEL needs program mode
+    {6, "LastOp:  x<>y", "LastOp:  Mean", "LastOp:  %"},
+    {7, "LastOp:  Rolldown", "LastOp:  StdDev", "LastOp:  RCL i"},
+    {8, "Keystrs: STO", "LastOp:  LR", "LastOp:  DSZ"},
+    {9, "Keystrs: RCL", "LastOp:  ClearG", "LastOp:  ISZ"},
+    {11, "LastOp:  ENTER", "LastOp:  x<>y", "LastOp:  x<>y"},  // nothing but ENTER
+    {12, "LastOp:  CHS", "LastOp:  ENTER", "LastOp:  GRD"},    // CLEAR PRGM like DEL
+    {13, "LastOp:  ENTER", "LastOp:  ClearREG", "LastOp:  RAD"},
+    {14, "LastOp:  CLX", "LastOp:  ClearSum", "LastOp:  DEG"},
+    {15, "LastOp:  -", "LastOp:  x<=y", "LastOp:  x<0"},
+    {16, "LastOp:  ENTER", "LastOp:  ln", "LastOp:  e^x"},
+    {17, "LastOp:  ENTER", "LastOp:  log", "LastOp:  10^x"},
+    {18, "LastOp:  ENTER", "LastOp:  ->R", "LastOp:  ->P"},
+    {19, "LastOp:  +", "LastOp:  x>y", "LastOp:  x>0"},
+    {20, "LastOp:  ENTER", "LastOp:  sin", "LastOp:  sin^-1"},
+    {21, "LastOp:  ENTER", "LastOp:  cos", "LastOp:  cos^-1"},
+    {22, "LastOp:  ENTER", "LastOp:  tan", "LastOp:  tan^-1"},
+    {23, "LastOp:  *", "LastOp:  x!=y", "LastOp:  x!=0"},
+    {24, "LastOp:  ENTER", "LastOp:  INT", "LastOp:  FRAC"},
+    {25, "LastOp:  ENTER", "LastOp:  sqrt", "LastOp:  x^2"},
+    {26, "LastOp:  ENTER", "LastOp:  y^x", "LastOp:  ABS"},
+    {27, "LastOp:  /", "LastOp:  x=y", "LastOp:  x=0"},
+    {28, "LastOp:  ENTER", nullptr, "LastOp:  SetG"},  // SumG opens the graph window
+    {29, "LastOp:  ENTER", "LastOp:  LASTx", "LastOp:  pi"},
+    {30, "LastOp:  R/S", "LastOp:  PAUSE", "LastOp:  1/x"},
+    {1, "LastOp:  SST", "Keystrs: FIX", "LastOp:  BST"},
+};
+
+TEST_CASE("every key does what its three legends say: plain, gold and blue")
+{
     cCalculator Calculator;
-    for (const auto &Row : s_Rows)
+    for (const auto &Row : kOperations)
     {
         CAPTURE(Row.m_nKey);
         Prepare(&Calculator, Row.m_nKey);
@@ -159,7 +152,7 @@ TEST_CASE("every key does what stands on it, above it in gold and on it in blue"
     CHECK_FALSE(Calculator.HasDialog());
 }
 
-TEST_CASE("digits, point and exponent key in a number")
+TEST_CASE("digits, point and exponent enter a number")
 {
     cCalculator Calculator;
     static const struct
@@ -174,7 +167,7 @@ TEST_CASE("digits, point and exponent key in a number")
         Calculator.HitKey(Row.m_nKey);
         CHECK(Calculator.ReadsX(Row.m_szShown));
     }
-    Calculator.HitKeys({kKeyClearX, 25, 13, 24});
+    Calculator.HitKeys({kKeyClearX, kKey2, kKeyExponent, kKey1});
     CHECK(Calculator.ReadsX("2.e+01"));
 }
 
@@ -183,10 +176,10 @@ TEST_CASE("a held key looks pressed, and nothing else changes on the face")
     cCalculator    Calculator;
     const cPicture Before = PhotographFace(Calculator);
     Repaint(Calculator);
-    // The keys that are painted over the face look like those on it.
+    // The keys that are painted over the face look like those of the face.
     CHECK(LooksLike(Calculator, Before));
 
-    // The first press of SST opens the boxes, and the face is painted anew.
+    // The first press of SST opens the boxes, which repaints the face.
     Calculator.HitKeys({kKeySst, kKeyEnter});
     for (unsigned nKey = 1; nKey <= kFaceKeys; nKey++)
     {
@@ -194,7 +187,7 @@ TEST_CASE("a held key looks pressed, and nothing else changes on the face")
         const cFaceRect &Key = kKeyRects[nKey - 1];
         Calculator.HitKey(kKeyEnter);
 
-        // At its corners, which belong to it.
+        // The corners belong to the key.
         MoveMouse(Calculator.OnFace(Key.m_nLeft, Key.m_nTop));
         PressMouse();
         MoveMouse(
@@ -202,7 +195,7 @@ TEST_CASE("a held key looks pressed, and nothing else changes on the face")
         CHECK(WaitFor([&] {
             return IsInside(DifferenceOf(Before, PhotographFace(Calculator)), PartOfFace(Key));
         }));
-        if (nKey == kKeyOne)
+        if (nKey == kKey1)
             Calculator.Photograph().Save("key-1-held");
 
         MoveMouse(Calculator.OnFace(Key.m_nLeft + Key.m_nWidth, Key.m_nTop));
@@ -214,7 +207,7 @@ TEST_CASE("a held key looks pressed, and nothing else changes on the face")
     }
 }
 
-TEST_CASE("dragging off a key releases it, and between the keys there is nothing to press")
+TEST_CASE("dragging off a key releases it without its operation")
 {
     cCalculator Calculator;
 
@@ -227,30 +220,35 @@ TEST_CASE("dragging off a key releases it, and between the keys there is nothing
     CHECK(Calculator.ReadsX("0.00"));
     ReleaseMouse();
 
-    MoveMouse(Calculator.OnKey(kKeyOne));
+    MoveMouse(Calculator.OnKey(kKey1));
     PressMouse();
-    MoveOn(Calculator, Calculator.OnKey(25));
-    MoveOn(Calculator, Calculator.OnKey(kKeyOne));
+    MoveOn(Calculator, Calculator.OnKey(kKey2));
+    MoveOn(Calculator, Calculator.OnKey(kKey1));
     ReleaseMouse();
     Calculator.Settle();
     CHECK(Calculator.ReadsX("1."));
+}
 
+TEST_CASE("clicks between the keys, on the display and of the right button do nothing")
+{
+    cCalculator Calculator;
+    Calculator.HitKey(kKey1);
     const cPicture Before = PhotographFace(Calculator);
     for (const POINT Between : {POINT{80, 160}, POINT{150, 245}, POINT{300, 560}, POINT{97, 435}})
         Click(Calculator.OnFace(Between.x, Between.y));
     Click(Calculator.OnFace(kDisplayRect.m_nLeft + 5, kDisplayRect.m_nTop + 5));
-    Click(Calculator.OnKey(kKeyOne), mbRight);
+    Click(Calculator.OnKey(kKey1), mbRight);
     CHECK(LooksLike(Calculator, Before));
     CHECK(Calculator.ReadsX("1."));
 }
 
-TEST_CASE("the switches act when they are dragged across the middle, over and back")
+TEST_CASE("the stack view switch acts when its thumb is dragged across the middle")
 {
     cCalculator Calculator;
-    Calculator.HitKeys({kKeyOne, kKeyEnter});
+    Calculator.HitKeys({kKey1, kKeyEnter});
     const cPicture Resting = PhotographFace(Calculator);
 
-    // The stack view switch, as far as the middle and one pixel further.
+    // As far as the middle, then one pixel further.
     Grab(Calculator, swStackView, 0);
     for (const int nPosition : {3, 1, 6, 0, 6})
     {
@@ -266,12 +264,18 @@ TEST_CASE("the switches act when they are dragged across the middle, over and ba
     ReleaseMouse();
     Calculator.Settle();
     Calculator.Photograph().Save("stack-view");
+
     Calculator.Slide(swStackView, 0);
     CHECK(Calculator.ReadsBottom("LastOp:  ENTER"));
     CHECK(Calculator.ReadsX("1.00"));
     CHECK(LooksLike(Calculator, Resting));
+}
 
-    // The mode switch, from the right end.
+TEST_CASE("the mode switch acts when its thumb is dragged across the middle")
+{
+    cCalculator Calculator;
+    Calculator.HitKeys({kKey1, kKeyEnter});
+    const cPicture Resting = PhotographFace(Calculator);
     Grab(Calculator, swMode, 1);
     DragTo(Calculator, swMode, 7);
     CHECK(Calculator.ReadsX("1.00"));
@@ -281,12 +285,17 @@ TEST_CASE("the switches act when they are dragged across the middle, over and ba
     CHECK(Calculator.IsListingShown());
     DragTo(Calculator, swMode, 0);
     ReleaseMouse();
+
     Calculator.Slide(swMode, 1);
     CHECK(Calculator.ReadsX("1.00"));
     CHECK_FALSE(Calculator.IsListingShown());
     CHECK(LooksLike(Calculator, Resting));
+}
 
-    // A thumb that is dropped on its way stays there until the next paint.
+TEST_CASE("a thumb that is released on its way stays there until the next paint")
+{
+    cCalculator    Calculator;
+    const cPicture Resting = PhotographFace(Calculator);
     Grab(Calculator, swStackView, 0);
     DragTo(Calculator, swStackView, 4);
     const cPicture Dragged = PhotographFace(Calculator);
@@ -297,8 +306,12 @@ TEST_CASE("the switches act when they are dragged across the middle, over and ba
 
     Repaint(Calculator);
     CHECK(LooksLike(Calculator, Resting));
+}
 
-    // Leaving the switch ends the drag.
+TEST_CASE("the pointer ends the drag of a thumb when it leaves the switch")
+{
+    cCalculator Calculator;
+    Calculator.HitKeys({kKey1, kKeyEnter});
     Grab(Calculator, swStackView, 0);
     MoveOn(Calculator, Calculator.OnFace(94, 125));
     MoveOn(Calculator, Calculator.OnFace(110, 112));

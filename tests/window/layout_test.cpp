@@ -1,5 +1,4 @@
-// Where the parts of the window are, whatever is shown and however large the
-// window is made.
+// The positions of the window's parts in every combination and size.
 
 #include "tests/window/calculator.h"
 
@@ -8,12 +7,12 @@
 #include <algorithm>
 
 #include "tests/window/input.h"
+#include "tests/window/keys.h"
 #include "tests/window/waiting.h"
+#include "tests/window/window_state.h"
 
 namespace
 {
-
-const unsigned kViewMenu = 2;
 
 const int kFace         = 306;  // width of the painted face, in pixels
 const int kFaceRows     = 567;
@@ -37,20 +36,11 @@ doctest::String toString(const cPlace &Place)
 
 cPlace PlaceOf(HWND hParent, HWND hChild)
 {
-    RECT Rect = {};
-    GetWindowRect(hChild, &Rect);
-    MapWindowPoints(nullptr, hParent, reinterpret_cast<POINT *>(&Rect), 2);
+    const RECT Rect = RectIn(hParent, hChild);
     return {Rect.left, Rect.top, Rect.right - Rect.left, Rect.bottom - Rect.top};
 }
 
-SIZE SizeOf(HWND hWnd)
-{
-    RECT Rect = {};
-    GetWindowRect(hWnd, &Rect);
-    return {Rect.right - Rect.left, Rect.bottom - Rect.top};
-}
-
-// What the window should look like, kept beside the real one.
+// The layout that the window should have.
 struct cModel
 {
     int m_bToolBar        = 1;
@@ -78,12 +68,11 @@ struct cModel
     }
 };
 
-// Compares all children with the model, in a client area of the present size.
+// Compares the position of each part with the model.
 void CheckPlaces(cCalculator &Calculator, cModel *pModel)
 {
     const HWND hWnd   = Calculator.Window();
-    RECT       Client = {};
-    GetClientRect(hWnd, &Client);
+    const RECT Client = ClientOf(hWnd);
     CAPTURE(Client.right);
     CAPTURE(Client.bottom);
     const int nBar    = SizeOf(Calculator.ToolBar()).cy;
@@ -119,8 +108,7 @@ void KeepOpen(cCalculator &Calculator, cModel *pModel, int bListing, int bRegist
     Calculator.KeepOpen(bListing, bRegisters);
     pModel->m_bListing   = bListing;
     pModel->m_bRegisters = bRegisters;
-    RECT Client          = {};
-    GetClientRect(Calculator.Window(), &Client);
+    const RECT Client    = ClientOf(Calculator.Window());
     CHECK(Client.right == pModel->ClientWidth());
     CheckPlaces(Calculator, pModel);
 }
@@ -128,7 +116,7 @@ void KeepOpen(cCalculator &Calculator, cModel *pModel, int bListing, int bRegist
 void Toggle(cCalculator &Calculator, cModel *pModel, unsigned nCommand)
 {
     const SIZE Before = SizeOf(Calculator.Window());
-    Calculator.Choose(kViewMenu, nCommand);
+    Calculator.Choose(mnView, nCommand);
     int *const pbShown = nCommand == IDM_TOOLBAR ? &pModel->m_bToolBar : &pModel->m_bStatusBar;
     *pbShown           = !*pbShown;
     CHECK(((Calculator.MenuState(nCommand) & MF_CHECKED) != 0) == (*pbShown != 0));
@@ -139,7 +127,7 @@ void Toggle(cCalculator &Calculator, cModel *pModel, unsigned nCommand)
 
 }  // namespace
 
-TEST_CASE("bars and boxes take their places in every combination")
+TEST_CASE("bars and boxes are in their positions in every combination")
 {
     cCalculator Calculator;
     cModel      Model;
@@ -153,25 +141,23 @@ TEST_CASE("bars and boxes take their places in every combination")
     for (const auto &Boxes : s_Boxes)
     {
         KeepOpen(Calculator, &Model, Boxes.m_bListing, Boxes.m_bRegisters);
-        // Each of these leads to another combination and the last one back.
+        // The four combinations of the bars; the last command restores the first one.
         for (const unsigned nCommand : {IDM_TOOLBAR, IDM_STATUS_BAR, IDM_TOOLBAR, IDM_STATUS_BAR})
         {
             Toggle(Calculator, &Model, nCommand);
-            Calculator.HitKeys({14, 16});  // CLx 7
+            Calculator.HitKeys({kKeyClearX, kKey7});
             CHECK(Calculator.ReadsX("7."));
             Calculator.Photograph().Save("layout-" + std::to_string(nPicture++));
         }
     }
 }
 
-TEST_CASE("the window is dragged larger and smaller, down to its least size")
+TEST_CASE("without boxes the window is dragged larger, and smaller down to its least size")
 {
     cCalculator Calculator;
     cModel      Model;
     const HWND  hWnd  = Calculator.Window();
     const SIZE  First = SizeOf(hWnd);
-
-    // without boxes
     Calculator.Drag(HTBOTTOMRIGHT, 120, 90);
     CHECK(SizeOf(hWnd).cx == First.cx + 120);
     CHECK(SizeOf(hWnd).cy == First.cy + 90);
@@ -182,10 +168,16 @@ TEST_CASE("the window is dragged larger and smaller, down to its least size")
     CHECK(SizeOf(hWnd).cy == 617);
     CheckPlaces(Calculator, &Model);
     Calculator.Photograph().Save("least");
-    Calculator.HitKeys({16, 11});  // 7 ENTER
-    CHECK(Calculator.ReadsX("7.00"));
 
-    // with both: the registers take half of the rest, and 210 at the most
+    // A key is where the face shows it.
+    Calculator.HitKeys({kKey7, kKeyEnter});
+    CHECK(Calculator.ReadsX("7.00"));
+}
+
+TEST_CASE("with both boxes the registers take half of the rest, up to 210 pixels")
+{
+    cCalculator Calculator;
+    cModel      Model;
     KeepOpen(Calculator, &Model, 1, 1);
     CHECK(Model.m_nListingWidth == 205);
     CHECK(Model.m_nRegistersWidth == 205);
@@ -198,8 +190,17 @@ TEST_CASE("the window is dragged larger and smaller, down to its least size")
     CheckPlaces(Calculator, &Model);
     CHECK(Model.m_nListingWidth == 51);
     CHECK(Model.m_nRegistersWidth == 50);
+}
 
-    // too narrow now; shown again they have their least widths
+TEST_CASE("boxes that were dragged too narrow get their least widths when they are shown again")
+{
+    cCalculator Calculator;
+    cModel      Model;
+    KeepOpen(Calculator, &Model, 1, 1);
+    Calculator.Drag(HTRIGHT, -309, 0);
+    CheckPlaces(Calculator, &Model);
+    CHECK(Model.m_nListingWidth == 51);
+    CHECK(Model.m_nRegistersWidth == 50);
     KeepOpen(Calculator, &Model, 1, 1);
     CHECK(Model.m_nListingWidth == 105);
     CHECK(Model.m_nRegistersWidth == 105);
@@ -209,17 +210,17 @@ TEST_CASE("the window is dragged larger and smaller, down to its least size")
     CheckPlaces(Calculator, &Model);
     CHECK(Model.m_nRegistersWidth == 505);
     Calculator.Drag(HTRIGHT, -900, 0);
-    CHECK(SizeOf(hWnd).cx == 318);
+    CHECK(SizeOf(Calculator.Window()).cx == 318);
     CheckPlaces(Calculator, &Model);
     KeepOpen(Calculator, &Model, 0, 1);
     CHECK(Model.m_nRegistersWidth == 100);
 
-    // The face's keys are where they are seen.
-    Calculator.HitKeys({14, 24, 28});  // CLx 1 0
+    // A key is where the face shows it.
+    Calculator.HitKeys({kKeyClearX, kKey1, kKey0});
     CHECK(Calculator.ReadsX("10."));
 }
 
-TEST_CASE("a click into a box leaves the keyboard with the calculator and shows no caret")
+TEST_CASE("a click into a box leaves the focus with the calculator and shows no caret")
 {
     cCalculator Calculator;
     Calculator.KeepOpen(1, 1);

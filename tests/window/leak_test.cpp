@@ -1,4 +1,4 @@
-// What the calculator takes from the platform it gives back.
+// The calculator frees every object of the platform that it creates.
 
 #include "tests/window/calculator.h"
 
@@ -11,17 +11,13 @@
 
 #include "tests/window/common_steps.h"
 #include "tests/window/graph_window.h"
+#include "tests/window/keys.h"
 #include "tests/window/leaks.h"
 #include "tests/window/waiting.h"
 
-namespace
-{
-
-const unsigned kKeyEnter   = 11;
-const unsigned kKeyRunStop = 30;
-
-// A soak lasts longer; scripts/soak says how long.
-int Rounds()
+// How often each step is repeated. A soak test repeats it more often; scripts/soak
+// sets the number.
+static int Rounds()
 {
     char szRounds[16] = "";
     GetEnvironmentVariableA("VORSTEK_SOAK", szRounds, sizeof szRounds);
@@ -29,9 +25,12 @@ int Rounds()
     return nRounds > 0 ? nRounds : 100;
 }
 
-}  // namespace
+static int LeavesNothing(const cCalculator &Calculator, const std::function<void()> &Step)
+{
+    return LeavesNothing(Calculator, Rounds(), kpNothing, Step);
+}
 
-TEST_CASE("dialogs, boxes and program runs leave no GDI and no window objects behind")
+TEST_CASE("the calculator's dialogs leave no GDI objects and no windows behind")
 {
     static const struct
     {
@@ -46,55 +45,68 @@ TEST_CASE("dialogs, boxes and program runs leave no GDI and no window objects be
         {"page setup", IDM_PAGE_SETUP, kpNothing},
         {"error box", IDM_UNDO, kpNothing},  // there is nothing to undo
     };
-    const int   nRounds = Rounds();
-    const int   nSlides = std::max(nRounds / 10, 1);
     cCalculator Calculator;
     for (const auto &Dialog : s_Dialogs)
     {
         CAPTURE(std::string(Dialog.m_szName));
-        CHECK(LeavesNothing(Calculator, nRounds, Dialog.m_nKept, [&] {
+        CHECK(LeavesNothing(Calculator, Rounds(), Dialog.m_nKept, [&] {
             OpenAndClose(Calculator, Calculator.Window(), Dialog.m_nCommand);
         }));
     }
-
-    const auto Leaves = [&](int nTimes, const std::function<void()> &Step) {
-        return LeavesNothing(Calculator, nTimes, kpNothing, Step);
-    };
-    OpenListing(&Calculator, "LBL 1\r\nRCL 0\r\nsin\r\nSTO 1\r\nR/S\r\nGTO 1\r\n");
-    CHECK(Leaves(10 * nRounds, [&] { Calculator.HitKey(kKeyRunStop); }));
-    CHECK(Leaves(nRounds, [&] { Repaint(Calculator); }));
-    CHECK(Leaves(nSlides, [&] {
-        Calculator.Slide(swStackView, 1);
-        Calculator.Slide(swStackView, 0);
-    }));
-    CHECK(Leaves(nSlides, [&] {
-        Calculator.Slide(swMode, 0);
-        Calculator.Slide(swMode, 1);
-    }));
-
-    // The question whether to save.
-    Calculator.Slide(swMode, 0);
-    Calculator.HitKey(kKeyEnter);
-    CHECK(Leaves(nRounds, [&] { OpenAndClose(Calculator, Calculator.Window(), IDM_NEW); }));
 }
 
-TEST_CASE("the graph's dialogs that the platform makes leave nothing behind")
+TEST_CASE("program runs and repaints leave nothing behind")
 {
-    const int    nRounds = Rounds();
+    cCalculator Calculator;
+    OpenListing(&Calculator, "LBL 1\r\nRCL 0\r\nsin\r\nSTO 1\r\nR/S\r\nGTO 1\r\n");
+    CHECK(LeavesNothing(Calculator, 10 * Rounds(), kpNothing,
+                        [&] { Calculator.HitKey(kKeyRunStop); }));
+    CHECK(LeavesNothing(Calculator, [&] { Repaint(Calculator); }));
+}
+
+TEST_CASE("the slide switches leave nothing behind")
+{
+    const int   nSlides = std::max(Rounds() / 10, 1);
+    cCalculator Calculator;
+    for (const eSwitch nSwitch : {swStackView, swMode})
+    {
+        const int bFirst = nSwitch == swStackView;
+        CHECK(LeavesNothing(Calculator, nSlides, kpNothing, [&] {
+            Calculator.Slide(nSwitch, bFirst);
+            Calculator.Slide(nSwitch, !bFirst);
+        }));
+    }
+}
+
+TEST_CASE("the question whether to save leaves nothing behind")
+{
+    cCalculator Calculator;
+    AddEnter(&Calculator);
+    CHECK(
+        LeavesNothing(Calculator, [&] { OpenAndClose(Calculator, Calculator.Window(), IDM_NEW); }));
+}
+
+TEST_CASE("the graph's file dialogs and its page setup leave nothing behind")
+{
     cCalculator  Calculator;
     cGraphWindow Graph(&Calculator);
     Graph.Open("line.txt", "1\n2\n3\n");
     for (const unsigned nCommand : {IDM_GRAPH_OPEN, IDM_GRAPH_APPEND, IDM_GRAPH_SAVE_AS})
     {
         CAPTURE(nCommand);
-        CHECK(LeavesNothing(Calculator, nRounds, kpMenus,
+        CHECK(LeavesNothing(Calculator, Rounds(), kpMenus,
                             [&] { OpenAndClose(Calculator, Graph.Window(), nCommand); }));
     }
-    CHECK(LeavesNothing(Calculator, nRounds, kpNothing,
+    CHECK(LeavesNothing(Calculator,
                         [&] { OpenAndClose(Calculator, Graph.Window(), IDM_PRINT_SETUP); }));
+}
 
-    // The file dialog of an export, which is drawn before it.
-    CHECK(LeavesNothing(Calculator, nRounds, kpMenus, [&] {
+TEST_CASE("an export, which draws the picture before its file dialog, leaves nothing behind")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("line.txt", "1\n2\n3\n");
+    CHECK(LeavesNothing(Calculator, Rounds(), kpMenus, [&] {
         PostMessageA(Graph.Window(), WM_COMMAND, IDM_CREATE_BMP, 0);
         const HWND hSize = Calculator.Dialog();
         REQUIRE(hSize);
@@ -102,8 +114,10 @@ TEST_CASE("the graph's dialogs that the platform makes leave nothing behind")
         REQUIRE(WaitFor([hSize] { return !IsWindow(hSize); }));
         CancelDialog(Calculator);
     }));
+}
 
-    // Those that a dialog opens.
+TEST_CASE("the platform's dialogs for colours and fonts leave nothing behind")
+{
     static const struct
     {
         unsigned m_nCommand;
@@ -112,13 +126,16 @@ TEST_CASE("the graph's dialogs that the platform makes leave nothing behind")
                      {IDM_REFORMAT_PLOT, IDC_AXIS_COLOUR},
                      {IDM_REFORMAT_PLOT, IDC_BACKGROUND_COLOUR},
                      {IDM_REFORMAT_LINE, IDC_CHANGE_COLOUR}};
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("line.txt", "1\n2\n3\n");
     for (const auto &Button : s_Buttons)
     {
         CAPTURE(Button.m_nButton);
         PostMessageA(Graph.Window(), WM_COMMAND, Button.m_nCommand, 0);
         const HWND hDialog = Calculator.Dialog();
         REQUIRE(hDialog);
-        CHECK(LeavesNothing(Calculator, nRounds, kpNothing, [&] {
+        CHECK(LeavesNothing(Calculator, [&] {
             PostMessageA(hDialog, WM_COMMAND, static_cast<WPARAM>(Button.m_nButton), 0);
             REQUIRE(WaitFor([hDialog] { return !IsWindowEnabled(hDialog); }));
             CancelDialog(Calculator);

@@ -1,5 +1,5 @@
-// Screens of the heights at which something changes. Each test runs on the
-// screen that its suite is named after; on others it is left out.
+// Screens of the heights at which the layout changes. Each test runs on the screen
+// that its suite is named after and is skipped on others.
 
 #include "tests/window/calculator.h"
 
@@ -7,7 +7,9 @@
 
 #include "tests/window/graph_window.h"
 #include "tests/window/input.h"
+#include "tests/window/keys.h"
 #include "tests/window/waiting.h"
+#include "tests/window/window_state.h"
 
 namespace
 {
@@ -17,14 +19,7 @@ bool IsScreenOther(int nWidth, int nHeight)
     return GetSystemMetrics(SM_CXSCREEN) != nWidth || GetSystemMetrics(SM_CYSCREEN) != nHeight;
 }
 
-SIZE SizeOf(HWND hWnd)
-{
-    RECT Rect = {};
-    GetWindowRect(hWnd, &Rect);
-    return {Rect.right - Rect.left, Rect.bottom - Rect.top};
-}
-
-// The size of the window after it was dragged as small as it can be.
+// The size of the window after it was dragged to its least size.
 std::pair<int, int> DraggedSmall(cCalculator &Calculator)
 {
     Calculator.Drag(HTBOTTOMRIGHT, -500, -500);
@@ -32,9 +27,11 @@ std::pair<int, int> DraggedSmall(cCalculator &Calculator)
     return {Size.cx, Size.cy};
 }
 
+const char *const kBend = "ExplicitX\nTitle \"Bend\"\n0,1\n1,4\n2,2\n";
+
 void CheckSum(cCalculator &Calculator)
 {
-    Calculator.HitKeys({25, 11, 26, 19});  // 2 ENTER 3 +
+    Calculator.HitKeys({kKey2, kKeyEnter, kKey3, kKeyPlus});
     CHECK(Calculator.ReadsX("5.00"));
     CHECK(Calculator.ReadsBottom("LastOp:  +"));
     CHECK(Calculator.ReadsAngle("deg"));
@@ -44,12 +41,22 @@ void CheckWorking(cCalculator &Calculator)
 {
     CheckSum(Calculator);
     Calculator.Slide(swMode, 0);
-    Calculator.HitKey(30);  // R/S
+    Calculator.HitKey(kKeyRunStop);
     CHECK(Calculator.ReadsProgramLine("01 R/S"));
     CHECK(Calculator.IsListingShown());
     Calculator.Slide(swMode, 1);
     CHECK(Calculator.ReadsX("5.00"));
     CHECK_FALSE(Calculator.IsListingShown());
+}
+
+// The calculator shows the face from its row nFirst, not nOther, and works.
+void CheckFaceFrom(cCalculator &Calculator, int nFirst, int nOther, const std::string &Picture)
+{
+    CHECK(Calculator.ShowsFaceFrom(nFirst));
+    CHECK_FALSE(Calculator.ShowsFaceFrom(nOther));
+    CheckWorking(Calculator);
+    Calculator.PhotographScreen().Save(Picture);
+    CHECK(DraggedSmall(Calculator) == std::pair<int, int>(318, 617));
 }
 
 }  // namespace
@@ -69,7 +76,7 @@ TEST_CASE("a screen of 599 rows is refused" * doctest::test_suite("800x599") *
                                "the slider labeled 'Screen area'.\n",
                                {"OK"}};
     CHECK((Calculator.Box() == Expected));
-    CHECK(Calculator.BoxIcon() == 32513);
+    CHECK(Calculator.BoxIcon() == kErrorIcon);
     CHECK(Calculator.FindMainWindow() == nullptr);
     Calculator.PhotographScreen().Save("screen-599");
     Calculator.Click("OK");
@@ -83,8 +90,7 @@ TEST_CASE("on a screen of 600 rows the window keeps its height and the face is s
     CHECK(Calculator.ShowsFaceFrom(35));
     CHECK_FALSE(Calculator.ShowsFaceFrom(0));
     Calculator.PhotographScreen().Save("screen-600");
-    RECT Window = {};
-    GetWindowRect(Calculator.Window(), &Window);
+    const RECT Window = RectOf(Calculator.Window());
     CHECK(Window.bottom <= 600);
     CheckWorking(Calculator);
     CHECK(SizeOf(Calculator.Window()).cy == Window.bottom - Window.top);
@@ -96,20 +102,18 @@ TEST_CASE("on a screen of 600 rows the window keeps its height and the face is s
     Calculator.PhotographScreen().Save("screen-600-least");
 }
 
-TEST_CASE("on a screen of 600 rows the graph and its dialogs are seen whole" *
+TEST_CASE("on a screen of 600 rows the graph and its dialogs are completely visible" *
           doctest::test_suite("800x600") * doctest::skip(IsScreenOther(800, 600)))
 {
     cCalculator  Calculator;
     cGraphWindow Graph(&Calculator);
     const auto   IsOnScreen = [](HWND hWnd) {
-        RECT Rect = {};
-        GetWindowRect(hWnd, &Rect);
+        const RECT Rect = RectOf(hWnd);
         return Rect.left >= 0 && Rect.top >= 0 && Rect.right <= 800 && Rect.bottom <= 600;
     };
-    Graph.Open("bend.txt", "ExplicitX\nTitle \"Bend\"\n0,1\n1,4\n2,2\n");
+    Graph.Open("bend.txt", kBend);
     CHECK(IsOnScreen(Graph.Window()));
-    RECT Place = {};
-    GetWindowRect(Graph.Window(), &Place);
+    const RECT Place = RectOf(Graph.Window());
     CHECK(Place.left == 160);
     CHECK(SizeOf(Graph.Window()).cx == 640);
     CHECK(SizeOf(Graph.Window()).cy == 480);
@@ -126,8 +130,14 @@ TEST_CASE("on a screen of 600 rows the graph and its dialogs are seen whole" *
         CHECK(IsOnScreen(Calculator.Dialog()));
         Graph.Escape();
     }
+}
 
-    // The whole screen, and back.
+TEST_CASE("on a screen of 600 rows the graph is maximised, restored and closed" *
+          doctest::test_suite("800x600") * doctest::skip(IsScreenOther(800, 600)))
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("bend.txt", kBend);
     PostMessageA(Graph.Window(), WM_SYSCOMMAND, SC_MAXIMIZE, 0);
     CHECK(WaitFor([&] { return SizeOf(Graph.Window()).cx >= 800; }));
     Graph.Photograph();
@@ -135,7 +145,7 @@ TEST_CASE("on a screen of 600 rows the graph and its dialogs are seen whole" *
     PostMessageA(Graph.Window(), WM_SYSCOMMAND, SC_RESTORE, 0);
     CHECK(WaitFor([&] { return SizeOf(Graph.Window()).cx == 640; }));
 
-    // The calculator behind it comes to the front and goes on.
+    // The calculator below it comes to the front and goes on.
     Graph.Choose(gmFile, IDM_GRAPH_EXIT);
     CheckSum(Calculator);
 }
@@ -144,20 +154,12 @@ TEST_CASE("on a screen of 767 rows the face is shifted" * doctest::test_suite("1
           doctest::skip(IsScreenOther(1024, 767)))
 {
     cCalculator Calculator;
-    CHECK(Calculator.ShowsFaceFrom(35));
-    CHECK_FALSE(Calculator.ShowsFaceFrom(0));
-    CheckWorking(Calculator);
-    Calculator.PhotographScreen().Save("screen-767");
-    CHECK(DraggedSmall(Calculator) == std::pair<int, int>(318, 617));
+    CheckFaceFrom(Calculator, 35, 0, "screen-767");
 }
 
-TEST_CASE("on a screen of 768 rows the whole face is shown" * doctest::test_suite("1024x768") *
+TEST_CASE("on a screen of 768 rows the complete face is shown" * doctest::test_suite("1024x768") *
           doctest::skip(IsScreenOther(1024, 768)))
 {
     cCalculator Calculator;
-    CHECK(Calculator.ShowsFaceFrom(0));
-    CHECK_FALSE(Calculator.ShowsFaceFrom(35));
-    CheckWorking(Calculator);
-    Calculator.PhotographScreen().Save("screen-768");
-    CHECK(DraggedSmall(Calculator) == std::pair<int, int>(318, 617));
+    CheckFaceFrom(Calculator, 0, 35, "screen-768");
 }

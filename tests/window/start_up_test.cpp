@@ -1,4 +1,4 @@
-// From the welcome box to the window that waits for the first key.
+// The welcome box, and the calculator as it opens.
 
 #include "tests/window/calculator.h"
 
@@ -10,20 +10,16 @@
 #include <tuple>
 
 #include "shell/face_geometry.h"
+#include "tests/window/common_steps.h"
 #include "tests/window/input.h"
 #include "tests/window/menus.h"
 #include "tests/window/program_file.h"
+#include "tests/window/shared_rig.h"
 #include "tests/window/waiting.h"
+#include "tests/window/window_state.h"
 
 namespace
 {
-
-RECT WindowRect(HWND hWnd)
-{
-    RECT Rect = {};
-    GetWindowRect(hWnd, &Rect);
-    return Rect;
-}
 
 int IsCalculatorOpen(cCalculator &Calculator)
 {
@@ -38,7 +34,7 @@ struct cItemRow
     const char *m_szHelp;
 };
 
-// Every popup with its items; id 0: a separator.
+// Every menu with its items; id 0: a separator.
 const struct
 {
     const char           *m_szTitle;
@@ -89,7 +85,7 @@ std::vector<cAccelerator> AcceleratorsOf(const cProgramFile &Program)
     return Table;
 }
 
-// What the engine's first text for a register is.
+// The text of the registers box while all registers are 0.
 std::vector<std::string> FirstRegistersLines()
 {
     std::vector<std::string> Lines;
@@ -103,39 +99,33 @@ std::vector<std::string> FirstRegistersLines()
     return Lines;
 }
 
+// A calculator that has just started, which tests that share it only look at.
+struct cFreshRig
+{
+    int IsAsNew() const
+    {
+        return m_Calculator.IsRunning() && !m_Calculator.HasDialog() &&
+               m_Calculator.StatusText() == "filename: UNTITLED";
+    }
+
+    cCalculator m_Calculator;
+};
+
+const DWORD kFrameStyle = WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX;
+
 }  // namespace
 
-TEST_CASE("the welcome box shows its whole picture and lets nobody pass it with OK for two seconds")
+TEST_CASE("the welcome box keeps OK disabled for two seconds")
 {
     const DWORD dwStart = GetTickCount();
     cCalculator Calculator(1);
     const HWND  hWelcome = Calculator.Welcome();
     const HWND  hOk      = GetDlgItem(hWelcome, IDOK);
     CHECK_FALSE(IsWindowEnabled(hOk));
-    CHECK(GetWindow(hWelcome, GW_OWNER) == nullptr);
-
     HitKey(VK_RETURN);
     ClickMiddleOf(hOk);
     Calculator.Settle();
     CHECK(Calculator.Welcome() == hWelcome);
-
-    const cProgramFile Program;
-    const cPicture     Expected = Program.Bitmap(10002);
-    CHECK(Expected.Width() == 600);
-    CHECK(Expected.Height() == 510);
-    RECT Client = {};
-    GetClientRect(hWelcome, &Client);
-    RECT Face = {0, 0, 600, 510};
-    MapWindowPoints(hWelcome, nullptr, reinterpret_cast<POINT *>(&Face), 2);
-    CHECK(Client.right >= 600);
-    CHECK(Eventually(true, [&] { return cPicture::OfScreen(Face) == Expected; }));
-
-    const RECT Ok = WindowRect(hOk);
-    CHECK(Ok.top >= Face.bottom);
-    CHECK(Ok.bottom <= Face.top + Client.bottom);
-    const RECT Welcome = WindowRect(hWelcome);
-    CHECK(std::abs(Welcome.left + Welcome.right - GetSystemMetrics(SM_CXFULLSCREEN)) <= 1);
-    CHECK(std::abs(Welcome.top + Welcome.bottom - GetSystemMetrics(SM_CYFULLSCREEN)) <= 1);
 
     CHECK(WaitFor([hOk] { return IsWindowEnabled(hOk); }));
     const DWORD dwWaited = GetTickCount() - dwStart;
@@ -148,7 +138,30 @@ TEST_CASE("the welcome box shows its whole picture and lets nobody pass it with 
     CHECK(Calculator.Welcome() == nullptr);
 }
 
-TEST_CASE("Escape and the close box leave the welcome box at once for the calculator")
+TEST_CASE("the welcome box is centred and shows its complete picture, with OK below it")
+{
+    cCalculator        Calculator(1);
+    const cProgramFile Program;
+    const HWND         hWelcome = Calculator.Welcome();
+    const cPicture     Expected = Program.Bitmap(10002);
+    CHECK(GetWindow(hWelcome, GW_OWNER) == nullptr);
+    CHECK(Expected.Width() == 600);
+    CHECK(Expected.Height() == 510);
+    const RECT Client = ClientOf(hWelcome);
+    RECT       Face   = {0, 0, 600, 510};
+    MapWindowPoints(hWelcome, nullptr, reinterpret_cast<POINT *>(&Face), 2);
+    CHECK(Client.right >= 600);
+    CHECK(Eventually(true, [&] { return cPicture::OfScreen(Face) == Expected; }));
+
+    const RECT Ok = RectOf(GetDlgItem(hWelcome, IDOK));
+    CHECK(Ok.top >= Face.bottom);
+    CHECK(Ok.bottom <= Face.top + Client.bottom);
+    const RECT Welcome = RectOf(hWelcome);
+    CHECK(std::abs(Welcome.left + Welcome.right - GetSystemMetrics(SM_CXFULLSCREEN)) <= 1);
+    CHECK(std::abs(Welcome.top + Welcome.bottom - GetSystemMetrics(SM_CYFULLSCREEN)) <= 1);
+}
+
+TEST_CASE("Escape and the close box close the welcome box at once")
 {
     SUBCASE("Escape")
     {
@@ -166,27 +179,26 @@ TEST_CASE("Escape and the close box leave the welcome box at once for the calcul
     }
 }
 
-TEST_CASE("the window opens with its bars, its menu and an empty program")
+TEST_CASE("the calculator opens in front, with its frame and its class")
 {
-    cCalculator Calculator;
-    const HWND  hWnd = Calculator.Window();
-
-    // the frame
-    char szText[80] = "";
+    const cCalculator &Calculator = Shared<cFreshRig>().m_Calculator;
+    const HWND         hWnd       = Calculator.Window();
+    char               szText[80] = "";
     GetWindowTextA(hWnd, szText, sizeof szText);
     CHECK(std::string(szText) == "Vorstek");
-    GetClassNameA(hWnd, szText, sizeof szText);
-    CHECK(std::string(szText) == "cVorstek");
+    CHECK(ClassOf(hWnd) == "cVorstek");
     const auto dwStyle = static_cast<DWORD>(GetWindowLongPtrA(hWnd, GWL_STYLE));
-    const auto dwBits  = WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX;
-    CHECK((dwStyle & dwBits) == dwBits);
+    CHECK((dwStyle & kFrameStyle) == kFrameStyle);
     CHECK((dwStyle & WS_MAXIMIZEBOX) == 0);
     CHECK((GetWindowLongPtrA(hWnd, GWL_EXSTYLE) & WS_EX_CONTROLPARENT) != 0);
     CHECK(Calculator.HasClassIcon(10001));
     CHECK(GetParent(hWnd) == nullptr);
     CHECK(GetForegroundWindow() == hWnd);
+}
 
-    // what stands in it
+TEST_CASE("the calculator opens with its bars and its keypad, and with the boxes closed")
+{
+    const cCalculator &Calculator = Shared<cFreshRig>().m_Calculator;
     CHECK(GetDlgCtrlID(Calculator.ToolBar()) == 1001);
     CHECK(GetDlgCtrlID(Calculator.StatusBar()) == 1002);
     CHECK(GetDlgCtrlID(Calculator.Listing()) == 1003);
@@ -197,6 +209,11 @@ TEST_CASE("the window opens with its bars, its menu and an empty program")
     CHECK(IsWindowVisible(Calculator.Keypad()));
     CHECK_FALSE(Calculator.IsListingShown());
     CHECK_FALSE(Calculator.IsRegistersShown());
+}
+
+TEST_CASE("the calculator opens with an empty program and all registers 0")
+{
+    const cCalculator &Calculator = Shared<cFreshRig>().m_Calculator;
     CHECK(Calculator.HighlightedLine() == "00");
     CHECK(Calculator.StatusText() == "filename: UNTITLED");
     CHECK(Calculator.RegistersLines() == FirstRegistersLines());
@@ -205,22 +222,26 @@ TEST_CASE("the window opens with its bars, its menu and an empty program")
     CHECK(Listing[0] == "00");
     for (unsigned i = 1; i < Listing.size(); i++)
     {
+        char szText[80];
         snprintf(szText, sizeof szText, "%02u R/S", i);
         CHECK(Listing[i] == szText);
     }
+}
 
-    // its size: the face with its edges, and the bars
-    const RECT ToolBar   = WindowRect(Calculator.ToolBar());
-    const RECT StatusBar = WindowRect(Calculator.StatusBar());
-    RECT       Frame     = {0, 0, 2 * GetSystemMetrics(SM_CXEDGE) + 306,
-                            2 * GetSystemMetrics(SM_CYEDGE) + 567 + ToolBar.bottom - ToolBar.top +
-                                StatusBar.bottom - StatusBar.top};
-    AdjustWindowRectEx(&Frame, dwBits, TRUE, 0);
-    const RECT Window = WindowRect(hWnd);
-    CHECK(Window.right - Window.left == Frame.right - Frame.left);
-    CHECK(Window.bottom - Window.top == Frame.bottom - Frame.top);
+TEST_CASE("the window is as large as the face with its edges, and the bars")
+{
+    const cCalculator &Calculator = Shared<cFreshRig>().m_Calculator;
+    RECT               Frame      = {0, 0, 2 * GetSystemMetrics(SM_CXEDGE) + 306,
+                                     2 * GetSystemMetrics(SM_CYEDGE) + 567 + SizeOf(Calculator.ToolBar()).cy +
+                                         SizeOf(Calculator.StatusBar()).cy};
+    AdjustWindowRectEx(&Frame, kFrameStyle, TRUE, 0);
+    CHECK(SizeOf(Calculator.Window()).cx == Frame.right - Frame.left);
+    CHECK(SizeOf(Calculator.Window()).cy == Frame.bottom - Frame.top);
+}
 
-    // the face: below the keys it is the bare picture
+TEST_CASE("the calculator opens with 0.00 on the display and the bare picture below the keys")
+{
+    const cCalculator &Calculator = Shared<cFreshRig>().m_Calculator;
     const cProgramFile Program;
     const POINT        Bare = Calculator.OnFace(0, 510);
     CHECK(Program.Bitmap(1011).Holds(
@@ -231,9 +252,9 @@ TEST_CASE("the window opens with its bars, its menu and an empty program")
     Calculator.Photograph().Save("start");
 }
 
-TEST_CASE("every menu item has its place, its text, its marks and its help in the status bar")
+TEST_CASE("every menu item has its position, text, marks and help in the status bar")
 {
-    cCalculator Calculator;
+    cCalculator &Calculator = Shared<cFreshRig>().m_Calculator;
     for (unsigned nMenu = 0; nMenu < std::size(s_Menus); nMenu++)
     {
         const auto &Menu = s_Menus[nMenu];
@@ -262,31 +283,38 @@ TEST_CASE("every menu item has its place, its text, its marks and its help in th
     CHECK(Calculator.MenuTitle(std::size(s_Menus)).empty());
 }
 
+namespace
+{
+
+struct cButtonRow
+{
+    int         m_nId;  // 0: a separator
+    int         m_nImage;
+    int         m_nState;
+    const char *m_szTip;
+};
+
+}  // namespace
+
+// Fifteen standard images come before those of the program.
+static const cButtonRow kButtons[] = {
+    {101, 6, TBSTATE_ENABLED, "Creates a new program"},
+    {102, 7, TBSTATE_ENABLED, "Opens an existing program"},
+    {103, 8, TBSTATE_ENABLED, "Saves the current program"},
+    {0, 0, 0, ""},
+    {107, 14, TBSTATE_ENABLED, "Prints the current program"},
+    {0, 0, 0, ""},
+    {404, 10, TBSTATE_ENABLED, "Changes options"},
+    {0, 0, 0, ""},
+    {209, 15 + 12, TBSTATE_INDETERMINATE, "Displays the next statement to be executed"},
+};
+
 TEST_CASE("the toolbar has its buttons in order, with images, states and tips")
 {
-    static const struct
+    const cCalculator &Calculator = Shared<cFreshRig>().m_Calculator;
+    for (unsigned i = 0; i < std::size(kButtons); i++)
     {
-        int         m_nId;  // 0: a separator
-        int         m_nImage;
-        int         m_nState;
-        const char *m_szTip;
-    } s_Rows[] = {
-        {101, 6, TBSTATE_ENABLED, "Creates a new program"},
-        {102, 7, TBSTATE_ENABLED, "Opens an existing program"},
-        {103, 8, TBSTATE_ENABLED, "Saves the current program"},
-        {0, 0, 0, ""},
-        {107, 14, TBSTATE_ENABLED, "Prints the current program"},
-        {0, 0, 0, ""},
-        {404, 10, TBSTATE_ENABLED, "Changes options"},
-        {0, 0, 0, ""},
-        // Fifteen standard images come before those of the program.
-        {209, 15 + 12, TBSTATE_INDETERMINATE, "Displays the next statement to be executed"},
-    };
-
-    cCalculator Calculator;
-    for (unsigned i = 0; i < std::size(s_Rows); i++)
-    {
-        const auto       &Row    = s_Rows[i];
+        const cButtonRow &Row    = kButtons[i];
         const cSeenButton Button = Calculator.Button(i);
         INFO("button ", i);
         CHECK(Button.m_nId == Row.m_nId);
@@ -294,19 +322,18 @@ TEST_CASE("the toolbar has its buttons in order, with images, states and tips")
             continue;
         CHECK(Button.m_nImage == Row.m_nImage);
         CHECK(Button.m_nState == Row.m_nState);
-        MoveMouse({(Button.m_Rect.left + Button.m_Rect.right) / 2,
-                   (Button.m_Rect.top + Button.m_Rect.bottom) / 2});
+        MoveMouse(MiddleOf(Button.m_Rect));
         CHECK(Eventually(std::string(Row.m_szTip), [&] { return Calculator.ToolTip(); }) ==
               Row.m_szTip);
     }
-    CHECK(Calculator.Button(std::size(s_Rows)).m_nId == -1);
+    CHECK(Calculator.Button(std::size(kButtons)).m_nId == -1);
     Calculator.PhotographScreen().Save("tooltip");
 
     const cProgramFile Program;
     CHECK(Program.Bitmap(1014).Width() % 16 == 0);
 }
 
-TEST_CASE("the accelerator table has its keys, and they reach their commands")
+TEST_CASE("the accelerator table has its keys")
 {
     const int                 kCtrlKey  = FVIRTKEY | FCONTROL;
     const int                 kShiftKey = FVIRTKEY | FSHIFT;
@@ -331,13 +358,15 @@ TEST_CASE("the accelerator table has its keys, and they reach their commands")
     std::sort(Expected.begin(), Expected.end());
     const cProgramFile Program;
     CHECK((AcceleratorsOf(Program) == Expected));
+}
 
-    // Those of the Edit menu and F1 are tried where their commands are.
+// The keys of the Edit menu and F1 are tested with their commands.
+TEST_CASE("the keys of the File menu reach their commands")
+{
     cCalculator Calculator;
-    Calculator.Slide(swMode, 0);
-    Calculator.HitKey(11);  // ENTER
+    AddEnter(&Calculator);
     Calculator.HitShortcut('N', kCtrl);
-    CHECK(Calculator.Answers("Save current changes in UNTITLED?", "Cancel"));
+    CHECK(Calculator.Answers(kSaveUntitled, "Cancel"));
     static const struct
     {
         WORD        m_nKey;
@@ -347,11 +376,11 @@ TEST_CASE("the accelerator table has its keys, and they reach their commands")
     {
         Calculator.HitShortcut(Row.m_nKey, kCtrl);
         if (Row.m_nKey == 'O')
-            CHECK(Calculator.Answers("Save current changes in UNTITLED?", "No"));
+            CHECK(Calculator.Answers(kSaveUntitled, "No"));
         CHECK(Calculator.Box().m_Caption == Row.m_szCaption);
         Calculator.CloseDialogWith(VK_ESCAPE);
     }
     Calculator.HitShortcut('E', kCtrl);
-    CHECK(Calculator.Answers("Save current changes in UNTITLED?", "No"));
+    CHECK(Calculator.Answers(kSaveUntitled, "No"));
     CHECK(Calculator.ExitCode() == 0);
 }
