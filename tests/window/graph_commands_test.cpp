@@ -1,5 +1,4 @@
-// The commands of the graph's window, from its menu, its keys and its context
-// menu.
+// The commands of the graph's window: menu bar, keys and context menu.
 
 #include "tests/window/graph_window.h"
 
@@ -7,17 +6,17 @@
 
 #include <doctest/doctest.h>
 
+#include "tests/window/common_steps.h"
 #include "tests/window/input.h"
 #include "tests/window/menus.h"
 #include "tests/window/probe_link.h"
+#include "tests/window/shared_rig.h"
 #include "tests/window/waiting.h"
 
 namespace
 {
 
-const int kError = 32513;  // the platform's icon
-
-// What the platform shows when there is a printer, or when there is none.
+// Any caption: the platform's dialogs have another one where there is no printer.
 const char kAny[] = "";
 
 struct cMenuRow
@@ -28,7 +27,7 @@ struct cMenuRow
     const char *m_szCaption;  // of the dialog that it opens; null: none
     int         m_nKey;       // that does the same, 0: none
     unsigned    m_nModifiers;
-    int         m_nContext;  // place in the context menu, from 1; 0: none
+    int         m_nContext;  // position in the context menu, from 1; 0: none
 };
 
 // clang-format off
@@ -62,8 +61,7 @@ const cMenuRow kRows[] =
 };
 // clang-format on
 
-// Opens the context menu and hits Enter on its item at this place, separators
-// not counted.
+// Chooses an item of the context menu with the keyboard. Separators do not count.
 void ChooseInContext(const cCalculator &Calculator, const cGraphWindow &Graph, int nPlace)
 {
     Click(Graph.OnPlot(60, 60), mbRight);
@@ -74,22 +72,38 @@ void ChooseInContext(const cCalculator &Calculator, const cGraphWindow &Graph, i
     Calculator.Settle();
 }
 
+// A graph without data. Tests that share it leave it without data.
+struct cGraphRig
+{
+    cGraphRig() : m_Graph(&m_Calculator) {}
+
+    int IsAsNew() const
+    {
+        return m_Calculator.IsRunning() && !m_Calculator.HasDialog() && m_Graph.Count() == 0;
+    }
+
+    cCalculator  m_Calculator;
+    cGraphWindow m_Graph;
+};
+
 }  // namespace
 
-TEST_CASE("each command of the menu is opened from the bar, by its key and from the context menu")
+// The dialog that a command opens has its caption and closes with Escape.
+static void CheckOpensAndCloses(const cCalculator &Calculator, cGraphWindow *pGraph,
+                                const char *szCaption)
 {
-    cCalculator  Calculator;
-    cGraphWindow Graph(&Calculator);
-    const auto   OpensAndCloses = [&](const char *szCaption) {
-        REQUIRE(Calculator.Dialog());
-        if (szCaption != kAny)
-            CHECK(Graph.Caption() == szCaption);
-        Graph.Escape();
-        REQUIRE(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
-    };
+    REQUIRE(Calculator.Dialog());
+    if (szCaption != kAny)
+        CHECK(pGraph->Caption() == szCaption);
+    pGraph->Escape();
+    REQUIRE(Calculator.HasNoDialog());
+}
 
-    eGraphMenu nMenu  = gmFile;
-    UINT       nPlace = 0;
+TEST_CASE("every item of the graph's menus has its position, text and command")
+{
+    const cGraphWindow &Graph  = Shared<cGraphRig>().m_Graph;
+    eGraphMenu          nMenu  = gmFile;
+    UINT                nPlace = 0;
     for (const cMenuRow &Row : kRows)
     {
         const std::string Text = Row.m_szText;
@@ -100,45 +114,51 @@ TEST_CASE("each command of the menu is opened from the bar, by its key and from 
             cProbeLink::Current()->AskWindow(Graph.Window(), pbMenuItem, ItemAt(nMenu, nPlace++));
         CHECK(Item.m_szText == Text);
         CHECK(Item.m_nValue == static_cast<int>(Row.m_nId));
+    }
+}
+
+TEST_CASE("each dialog is opened from the menu bar, by its key and from the context menu")
+{
+    cGraphRig    &Rig   = Shared<cGraphRig>();
+    cGraphWindow &Graph = Rig.m_Graph;
+    for (const cMenuRow &Row : kRows)
+    {
+        const std::string Text = Row.m_szText;
+        CAPTURE(Text);
         if (!Row.m_szCaption)
             continue;
         Graph.Choose(Row.m_nMenu, Row.m_nId);
-        OpensAndCloses(Row.m_szCaption);
+        CheckOpensAndCloses(Rig.m_Calculator, &Graph, Row.m_szCaption);
         if (Row.m_nKey)
         {
             HitKey(static_cast<WORD>(Row.m_nKey), Row.m_nModifiers);
-            OpensAndCloses(Row.m_szCaption);
+            CheckOpensAndCloses(Rig.m_Calculator, &Graph, Row.m_szCaption);
         }
         if (Row.m_nContext)
         {
-            ChooseInContext(Calculator, Graph, Row.m_nContext);
-            OpensAndCloses(Row.m_szCaption);
+            ChooseInContext(Rig.m_Calculator, Graph, Row.m_nContext);
+            CheckOpensAndCloses(Rig.m_Calculator, &Graph, Row.m_szCaption);
         }
     }
 }
 
-TEST_CASE("the graph is emptied, ranged and saved by its keys, and its missing help is reported")
+TEST_CASE("a missing help file of the graph is reported")
 {
-    cCalculator  Calculator;
-    cGraphWindow Graph(&Calculator);
-
-    Graph.Choose(gmHelp, IDM_GRAPH_HELP);
-    const cSeenBox Expected = {"Vorstek",
-                               "ERROR: HtmlHelp() failed to find the CVANTOR.CHM file.\n\n"
-                               "This probably means that your computer has an archaic\n"
-                               "version of Internet Explorer.  You can download the\n"
-                               "latest version of Internet Explorer from Microsoft's\n"
-                               "web site or you can get Version 5.5 from the CD you\n"
-                               "used to install this software (in either case, you\n"
-                               "don't have to make it your default web browser).\n",
-                               {"OK"}};
+    cGraphRig     &Rig        = Shared<cGraphRig>();
+    cCalculator   &Calculator = Rig.m_Calculator;
+    const cSeenBox Expected   = {"Vorstek", MissingHelpText("CVANTOR.CHM"), {"OK"}};
+    Rig.m_Graph.Choose(gmHelp, IDM_GRAPH_HELP);
     CHECK((Calculator.Box() == Expected));
     CHECK(Calculator.BoxIcon() == 0);
     Calculator.PhotographScreen().Save("graph-help");
     Calculator.Click("OK");
+    CHECK(Calculator.HasNoDialog());
+}
 
-    // A file that cannot be read, appended too, and a cancelled dialog leave all
-    // as it was.
+TEST_CASE("a file that cannot be read and a cancelled dialog leave the graph as it was")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
     Graph.Open("bend.txt", "1,4\n3,2\n2,5\n");
     const cPicture Shown = Graph.PhotographPlot();
     Calculator.Folder().Write("bad.txt", "ExplicitX\n1\n");
@@ -154,17 +174,23 @@ TEST_CASE("the graph is emptied, ranged and saved by its keys, and its missing h
     Graph.Escape();
     CHECK((Graph.PhotographPlot() == Shown));
     CHECK(Graph.StatusText() == "filename: " + Calculator.Path("bend.txt"));
+}
 
+TEST_CASE("the graph is saved by its key, ranged from the context menu and emptied by its key")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("bend.txt", "1,4\n3,2\n2,5\n");
     HitKey('S', kCtrl);
     Calculator.Settle();
     CHECK(Calculator.Folder().Read("bend.txt").substr(0, 9) == "ImplicitX");
 
-    // The range that the dialog fixes follows the data again.
+    // OK in the dialog fixes the range.
     Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
     Calculator.Click("OK");
-    CHECK((Graph.MenuState(IDM_AUTO_RANGE) & MF_CHECKED) == 0);
+    CHECK_FALSE(Graph.IsTicked(IDM_AUTO_RANGE));
     ChooseInContext(Calculator, Graph, 2);
-    CHECK((Graph.MenuState(IDM_AUTO_RANGE) & MF_CHECKED) != 0);
+    CHECK(Graph.IsTicked(IDM_AUTO_RANGE));
 
     HitKey('N', kCtrl);
     Calculator.Settle();

@@ -1,26 +1,75 @@
-// The dialogs of the graph's window, worked with mouse and keyboard.
+// The dialogs of the graph's window, driven with mouse and keyboard.
 
 #include "tests/window/graph_window.h"
 
 #include <doctest/doctest.h>
 
 #include "tests/window/input.h"
+#include "tests/window/shared_rig.h"
 #include "tests/window/waiting.h"
+#include "tests/window/window_state.h"
 
 namespace
 {
 
-struct cBadText
+struct cFieldRow
 {
     int         m_nField;
-    const char *m_szText;
+    const char *m_szText;  // that is good
     const char *m_szMessage;
 };
 
-const char *const kLineMessage = "ERROR: your \"Line #\" value produced an error";
+struct cRefusalRow
+{
+    int         m_nField;
+    const char *m_szBad;
+};
 
-// A file of nRows rows with one number each, 1 in all of them.
-std::string Rows(int nRows)
+// A graph with two lines. Tests that share it cancel its dialogs.
+struct cTwoLinesRig
+{
+    cTwoLinesRig() : m_Graph(&m_Calculator)
+    {
+        m_Graph.Open("two.txt", "SetLabels \"first\" , \"second\"\n1 , 10\n2 , 20\n3 , 30\n");
+    }
+
+    int IsAsNew() const
+    {
+        return m_Calculator.IsRunning() && !m_Calculator.HasDialog() && m_Graph.Count() == 2;
+    }
+
+    cCalculator  m_Calculator;
+    cGraphWindow m_Graph;
+};
+
+}  // namespace
+
+static const char *const kLineMessage = "ERROR: your \"Line #\" value produced an error";
+
+static const unsigned kBlue   = 0xFF0000;
+static const unsigned kYellow = 0xFFFF80;  // the platform's second basic colour
+
+// In the order in which the dialogs judge them.
+static const cFieldRow kPlotFields[] = {
+    {IDC_HORZ_TICKS, "6", "ERROR: your \"# horz ticks\" value produced an error"},
+    {IDC_HORZ_MIN, "-1", "ERROR: your \"min horz tick\" value produced an error"},
+    {IDC_HORZ_MAX, "1e1", "ERROR: your \"max horz tick\" value produced an error"},
+    {IDC_VERT_TICKS, "0", "ERROR: your \"# vert ticks\" value produced an error"},
+    {IDC_VERT_MIN, "40", "ERROR: your \"min vert tick\" value produced an error"},
+    {IDC_VERT_MAX, " .5", "ERROR: your \"max vert tick\" value produced an error"},
+};
+static const cFieldRow kLineFields[] = {
+    {IDC_FORMATTED_LINE, "2", kLineMessage},
+    {IDC_LINE_WIDTH, "4", "ERROR: your \"Line Width\" value produced an error"},
+    {IDC_MULTIPLIER, "-2.5", "ERROR: your \"Multiplier\" value produced an error"},
+    {IDC_OFFSET, "1e2", "ERROR: your \"Offset\" value produced an error"},
+};
+
+static const char *const kLineStyles   = "solid dash dot dash-dot dash-dot-dot ";
+static const char *const kMarkerStyles = "triangle square diamond vert line horz line ";
+
+// A file of nRows rows, each with the number 1.
+static std::string Rows(int nRows)
 {
     std::string Text;
     for (int i = 0; i < nRows; i++)
@@ -28,7 +77,7 @@ std::string Rows(int nRows)
     return Text;
 }
 
-int CountOf(const std::string &Part, const std::string &Text)
+static int CountOf(const std::string &Part, const std::string &Text)
 {
     int nCount = 0;
     for (size_t nAt = Text.find(Part); nAt != std::string::npos; nAt = Text.find(Part, nAt + 1))
@@ -36,48 +85,69 @@ int CountOf(const std::string &Part, const std::string &Text)
     return nCount;
 }
 
-// Fills one field after the other with what must be refused, and ends with a
-// text that is good.
-void CheckRefusals(cGraphWindow *pGraph, const std::vector<cBadText> &Rows)
+// OK refuses this text with the field's message and leaves it in the field.
+static void CheckRefused(cGraphWindow *pGraph, int nField, const char *szBad, const char *szMessage)
 {
-    for (const cBadText &Row : Rows)
+    CAPTURE(szBad);
+    CAPTURE(szMessage);
+    pGraph->Fill(nField, szBad);
+    CHECK(pGraph->Refuses(szMessage));
+    CHECK(pGraph->Text(nField) == szBad);
+}
+
+// Fills each field with texts that OK refuses, then with one that is good.
+template <size_t kFields, size_t kRows>
+static void CheckRefusals(cGraphWindow *pGraph, const cFieldRow (&Fields)[kFields],
+                          const cRefusalRow (&Rows)[kRows])
+{
+    for (const cFieldRow &Field : Fields)
     {
-        CAPTURE(Row.m_szText);
-        CAPTURE(Row.m_szMessage);
-        pGraph->Fill(Row.m_nField, Row.m_szText);
-        CHECK(pGraph->Refuses(Row.m_szMessage));
-        CHECK(pGraph->Text(Row.m_nField) == Row.m_szText);
+        for (const cRefusalRow &Row : Rows)
+            if (Row.m_nField == Field.m_nField)
+                CheckRefused(pGraph, Row.m_nField, Row.m_szBad, Field.m_szMessage);
+        pGraph->Fill(Field.m_nField, Field.m_szText);
     }
 }
 
-}  // namespace
+// Types two data sets into their dialogs.
+static void EnterSets(cGraphWindow *pGraph)
+{
+    pGraph->Choose(gmFile, IDM_ENTER_Y);
+    pGraph->TypeLines({"1", "2", "abc", "3"});
+    CHECK(pGraph->Accepts("You entered 3 data points\nand these have been assigned\n"
+                          "to data line #1"));
+    pGraph->Choose(gmFile, IDM_ENTER_XY);
+    pGraph->TypeLines({"1,2.5", "", "3 , 4 and more", "5", "6 7", " -1e3\t,.5"});
+    CHECK(pGraph->Accepts("You entered 3 data points\nand these have been assigned\n"
+                          "to data line #2"));
+}
 
-TEST_CASE("points are typed in, edited, and deleted with their lines")
+TEST_CASE("typed points become data sets, without the lines that hold no number")
 {
     cCalculator  Calculator;
     cGraphWindow Graph(&Calculator);
+    for (const unsigned nCommand : {IDM_ENTER_Y, IDM_ENTER_XY})
+    {
+        Graph.Choose(gmFile, nCommand);
+        CHECK(Graph.Caption() == "Enter New Data Set");
+        CHECK(Graph.IsCentred());
+        Graph.PhotographDialog(nCommand == IDM_ENTER_Y ? "graph-enter-y" : "graph-enter-xy");
+        Graph.Escape();
+    }
 
-    // y values: a line without a number is skipped.
-    Graph.Choose(gmFile, IDM_ENTER_Y);
-    CHECK(Graph.Caption() == "Enter New Data Set");
-    CHECK(Graph.IsCentred());
-    Graph.TypeLines({"1", "2", "abc", "3"});
-    Graph.PhotographDialog("graph-enter-y");
-    CHECK(Graph.Accepts("You entered 3 data points\nand these have been assigned\n"
-                        "to data line #1"));
-    CHECK(Graph.Count() == 1);
+    EnterSets(&Graph);
 
-    // x,y values.
-    Graph.Choose(gmFile, IDM_ENTER_XY);
-    CHECK(Graph.Caption() == "Enter New Data Set");
-    CHECK(Graph.IsCentred());
-    Graph.TypeLines({"1,2.5", "", "3 , 4 and more", "5", "6 7", " -1e3\t,.5"});
-    Graph.PhotographDialog("graph-enter-xy");
-    CHECK(Graph.Accepts("You entered 3 data points\nand these have been assigned\n"
-                        "to data line #2"));
     CHECK(Graph.Count() == 2);
+    Graph.Choose(gmEdit, IDM_EDIT_DATA_SET);
+    CHECK(Graph.Text(IDC_POINTS) == "1\r\n2\r\n3\r\n");
+    Graph.Spin(IDC_EDITED_LINE_SPIN, 1);
+    CHECK(Graph.Text(IDC_POINTS) == "1 , 2.5\r\n3 , 4\r\n-1000 , 0.5\r\n");
+}
 
-    // Nothing that counts: the dialog closes.
+TEST_CASE("without a point OK closes the dialog with an error, and Cancel adds nothing")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
     for (const unsigned nCommand : {IDM_ENTER_Y, IDM_ENTER_XY})
     {
         Graph.Choose(gmFile, nCommand);
@@ -85,14 +155,19 @@ TEST_CASE("points are typed in, edited, and deleted with their lines")
         CHECK(Graph.Accepts("ERROR: you didn't enter any data points"));
     }
 
-    // Cancel adds nothing.
     Graph.Choose(gmFile, IDM_ENTER_Y);
     Graph.TypeLines({"1"});
     Calculator.Click("Cancel");
     CHECK_FALSE(Calculator.HasDialog());
-    CHECK(Graph.Count() == 2);
+    CHECK(Graph.Count() == 0);
+}
 
-    // What has been typed is what the editor shows.
+TEST_CASE("the editor shows each data set, up to the last one")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    EnterSets(&Graph);
+
     Graph.Choose(gmEdit, IDM_EDIT_DATA_SET);
     CHECK(Graph.Caption() == "Edit Data Set");
     CHECK(Graph.IsCentred());
@@ -103,19 +178,43 @@ TEST_CASE("points are typed in, edited, and deleted with their lines")
     CHECK(Graph.Text(IDC_EDITED_LINE) == "2");
     CHECK(Graph.Text(IDC_POINTS_FORMAT) == "x1,y1\nx2,y2");
     CHECK(Graph.Text(IDC_POINTS) == "1 , 2.5\r\n3 , 4\r\n-1000 , 0.5\r\n");
-    Graph.Spin(IDC_EDITED_LINE_SPIN, 1);  // 2 is the last one
+    Graph.Spin(IDC_EDITED_LINE_SPIN, 1);
     CHECK(Graph.Text(IDC_EDITED_LINE) == "2");
     Graph.PhotographDialog("graph-edit-data-set");
+}
 
-    // Another point on a line of its own; a bad line does not count.
+TEST_CASE("the editor adds points, and deletes a set without points together with its line")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    EnterSets(&Graph);
+    Graph.Choose(gmEdit, IDM_EDIT_DATA_SET);
+    Graph.Fill(IDC_EDITED_LINE, "2");
     Graph.GoToEnd(IDC_POINTS);
     Graph.TypeLines({"7,8", "9"});
     CHECK(Graph.Accepts("Data set 2 now has 4 data points"));
     Graph.Choose(gmEdit, IDM_EDIT_DATA_SET);
     Graph.Fill(IDC_EDITED_LINE, "2");
     CHECK(Graph.Text(IDC_POINTS) == "1 , 2.5\r\n3 , 4\r\n-1000 , 0.5\r\n7 , 8\r\n");
+    Calculator.Click("Cancel");
+    CHECK(Graph.Count() == 2);
 
-    // Numbers that name no set.
+    Graph.Choose(gmEdit, IDM_EDIT_DATA_SET);
+    Graph.Fill(IDC_POINTS, "none");
+    CHECK(Graph.Accepts("Data set 1 has been deleted"));
+
+    CHECK(Graph.Count() == 1);
+    Graph.Choose(gmEdit, IDM_EDIT_DATA_SET);
+    CHECK(Graph.Text(IDC_POINTS) == "1 , 2.5\r\n3 , 4\r\n-1000 , 0.5\r\n7 , 8\r\n");
+    Graph.Escape();
+    CHECK(Graph.Count() == 1);
+}
+
+TEST_CASE("the editor refuses numbers that name no data set")
+{
+    cTwoLinesRig &Rig   = Shared<cTwoLinesRig>();
+    cGraphWindow &Graph = Rig.m_Graph;
+    Graph.Choose(gmEdit, IDM_EDIT_DATA_SET);
     for (const char *const szLine : {"0", "3", "abc", "", "-1", "1 "})
     {
         CAPTURE(szLine);
@@ -124,18 +223,8 @@ TEST_CASE("points are typed in, edited, and deleted with their lines")
         CHECK(Graph.Refuses(kLineMessage));
     }
     Graph.PhotographDialog("graph-edit-no-such");
-    Calculator.Click("Cancel");
+    Rig.m_Calculator.Click("Cancel");
     CHECK(Graph.Count() == 2);
-
-    // No valid line is left: the set goes.
-    Graph.Choose(gmEdit, IDM_EDIT_DATA_SET);
-    Graph.Fill(IDC_POINTS, "none");
-    CHECK(Graph.Accepts("Data set 1 has been deleted"));
-    CHECK(Graph.Count() == 1);
-    Graph.Choose(gmEdit, IDM_EDIT_DATA_SET);
-    CHECK(Graph.Text(IDC_POINTS) == "1 , 2.5\r\n3 , 4\r\n-1000 , 0.5\r\n7 , 8\r\n");
-    Graph.Escape();
-    CHECK(Graph.Count() == 1);
 }
 
 TEST_CASE("a set of 1000 points is edited, one of 1001 points is not")
@@ -152,7 +241,7 @@ TEST_CASE("a set of 1000 points is edited, one of 1001 points is not")
     ClickMiddleOf(Graph.Field(IDC_POINTS));
     Graph.TypeLines({"5"});
     CHECK(Graph.Text(IDC_POINTS) == szTooMany);
-    Calculator.Click("OK");  // says nothing, changes nothing
+    Calculator.Click("OK");  // shows no box and changes nothing
     CHECK_FALSE(Calculator.HasDialog());
     CHECK(CountOf("1.000000\r\n", Graph.Saved("1001.txt")) == 1001);
 
@@ -164,13 +253,9 @@ TEST_CASE("a set of 1000 points is edited, one of 1001 points is not")
     CHECK(Graph.Accepts("Data set 1 now has 1001 data points"));
 }
 
-TEST_CASE("Reformat Plot judges its fields in their order and applies them all")
+TEST_CASE("Reformat Plot shows the settings of the plot")
 {
-    cCalculator  Calculator;
-    cGraphWindow Graph(&Calculator);
-    Graph.Open("two.txt", "1 , 10\n2 , 20\n3 , 30\n");
-    CHECK((Graph.MenuState(IDM_AUTO_RANGE) & MF_CHECKED) != 0);
-
+    cGraphWindow &Graph = Shared<cTwoLinesRig>().m_Graph;
     Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
     CHECK(Graph.Caption() == "Reformat Plot");
     CHECK(Graph.IsCentred());
@@ -183,108 +268,126 @@ TEST_CASE("Reformat Plot judges its fields in their order and applies them all")
     CHECK_FALSE(Graph.IsChecked(IDC_VERT_GRID));
     CHECK(Graph.IsChecked(IDC_SHOW_LEGEND));
     Graph.PhotographDialog("graph-reformat-plot");
+    Graph.Escape();
+}
 
-    // All bad at once: the first one is named, and the next once it is good.
-    const cBadText Fields[] = {
-        {IDC_HORZ_TICKS, "6", "ERROR: your \"# horz ticks\" value produced an error"},
-        {IDC_HORZ_MIN, "-1", "ERROR: your \"min horz tick\" value produced an error"},
-        {IDC_HORZ_MAX, "1e1", "ERROR: your \"max horz tick\" value produced an error"},
-        {IDC_VERT_TICKS, "0", "ERROR: your \"# vert ticks\" value produced an error"},
-        {IDC_VERT_MIN, "40", "ERROR: your \"min vert tick\" value produced an error"},
-        {IDC_VERT_MAX, " .5", "ERROR: your \"max vert tick\" value produced an error"},
-    };
-    for (const cBadText &Field : Fields)
+TEST_CASE("Reformat Plot names the first bad field, and the next one once that is good")
+{
+    cGraphWindow &Graph = Shared<cTwoLinesRig>().m_Graph;
+    Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
+    for (const cFieldRow &Field : kPlotFields)
         Graph.Fill(Field.m_nField, "");
-    for (const cBadText &Field : Fields)
+    for (const cFieldRow &Field : kPlotFields)
     {
         CHECK(Graph.Refuses(Field.m_szMessage));
         Graph.Fill(Field.m_nField, Field.m_szText);
     }
+    Graph.Escape();
+}
 
-    CheckRefusals(&Graph, {{IDC_HORZ_TICKS, "27", Fields[0].m_szMessage},
-                           {IDC_HORZ_TICKS, "-1", Fields[0].m_szMessage},
-                           {IDC_HORZ_TICKS, "6 ", Fields[0].m_szMessage},
-                           {IDC_HORZ_TICKS, "6.0", Fields[0].m_szMessage}});
+TEST_CASE("Reformat Plot refuses more than 26 ticks and texts that are no numbers")
+{
+    static const cRefusalRow s_Rows[] = {
+        {IDC_HORZ_TICKS, "27"},  {IDC_HORZ_TICKS, "-1"}, {IDC_HORZ_TICKS, "6 "},
+        {IDC_HORZ_TICKS, "6.0"}, {IDC_HORZ_MIN, "abc"},  {IDC_HORZ_MAX, "1,5"},
+        {IDC_VERT_TICKS, "27"},  {IDC_VERT_MIN, "0x10"}, {IDC_VERT_MAX, "inf"},
+    };
+    cGraphWindow &Graph = Shared<cTwoLinesRig>().m_Graph;
+    Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
+    CheckRefusals(&Graph, kPlotFields, s_Rows);
+    Graph.Escape();
+}
+
+TEST_CASE("the spin controls of the ticks end at 0 and 26")
+{
+    cGraphWindow &Graph = Shared<cTwoLinesRig>().m_Graph;
+    Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
     Graph.Fill(IDC_HORZ_TICKS, "26");
-    CheckRefusals(&Graph, {{IDC_HORZ_MIN, "abc", Fields[1].m_szMessage}});
-    Graph.Fill(IDC_HORZ_MIN, "-1");
-    CheckRefusals(&Graph, {{IDC_HORZ_MAX, "1,5", Fields[2].m_szMessage}});
-    Graph.Fill(IDC_HORZ_MAX, "1e1");
-    CheckRefusals(&Graph, {{IDC_VERT_TICKS, "27", Fields[3].m_szMessage}});
     Graph.Fill(IDC_VERT_TICKS, "0");
-    CheckRefusals(&Graph, {{IDC_VERT_MIN, "0x10", Fields[4].m_szMessage}});
-    Graph.Fill(IDC_VERT_MIN, "40");
-    CheckRefusals(&Graph, {{IDC_VERT_MAX, "inf", Fields[5].m_szMessage}});
-    Graph.Fill(IDC_VERT_MAX, " .5");
 
-    // The spin controls end at 0 and 26.
     Graph.Spin(IDC_HORZ_TICKS_SPIN, 1);
     CHECK(Graph.Text(IDC_HORZ_TICKS) == "26");
     Graph.Spin(IDC_HORZ_TICKS_SPIN, 0);
     CHECK(Graph.Text(IDC_HORZ_TICKS) == "25");
-    Graph.Spin(IDC_HORZ_TICKS_SPIN, 1);
     Graph.Spin(IDC_VERT_TICKS_SPIN, 0);
     CHECK(Graph.Text(IDC_VERT_TICKS) == "0");
+    Graph.Escape();
+}
 
+TEST_CASE("Reformat Plot changes nothing before OK, and Cancel forgets what was entered")
+{
+    cTwoLinesRig     &Rig   = Shared<cTwoLinesRig>();
+    cGraphWindow     &Graph = Rig.m_Graph;
     const std::string Long(90, 'm');
+    CHECK(Graph.IsTicked(IDM_AUTO_RANGE));
+    Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
     Graph.Fill(IDC_PLOT_TITLE, Long);
     CHECK(Graph.Text(IDC_PLOT_TITLE) == Long.substr(0, 80));
-    Graph.Fill(IDC_PLOT_TITLE, "A title");
     Graph.Fill(IDC_HORZ_LABEL, "seconds & more");
-    Calculator.ClickControl(IDC_HORZ_GRID);
-    Calculator.ClickControl(IDC_VERT_GRID);
-    Calculator.ClickControl(IDC_SHOW_LEGEND);
+    for (const int nBox : {IDC_HORZ_GRID, IDC_VERT_GRID, IDC_SHOW_LEGEND})
+        Rig.m_Calculator.ClickControl(nBox);
+    CHECK(Graph.IsTicked(IDM_AUTO_RANGE));
 
-    // Nothing of it has been applied yet, and Cancel forgets it.
-    CHECK((Graph.MenuState(IDM_AUTO_RANGE) & MF_CHECKED) != 0);
-    Calculator.Click("Cancel");
-    CHECK((Graph.MenuState(IDM_AUTO_RANGE) & MF_CHECKED) != 0);
-    CHECK((Graph.MenuState(IDM_GRID) & MF_CHECKED) == 0);
-    CHECK((Graph.MenuState(IDM_LEGEND) & MF_CHECKED) != 0);
+    Rig.m_Calculator.Click("Cancel");
 
+    CHECK(Graph.IsTicked(IDM_AUTO_RANGE));
+    CHECK_FALSE(Graph.IsTicked(IDM_GRID));
+    CHECK(Graph.IsTicked(IDM_LEGEND));
     Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
     CHECK(Graph.Text(IDC_PLOT_TITLE) == "");
-    Graph.Fill(IDC_PLOT_TITLE, "A title");
-    Graph.Fill(IDC_HORZ_LABEL, "seconds & more");
-    Graph.Fill(IDC_HORZ_TICKS, "26");
-    Graph.Fill(IDC_HORZ_MIN, "-1");
-    Graph.Fill(IDC_HORZ_MAX, "1e10");
-    Graph.Fill(IDC_VERT_TICKS, "0");
-    Graph.Fill(IDC_VERT_MIN, "40");  // no order is required
-    Graph.Fill(IDC_VERT_MAX, " .5");
-    Calculator.ClickControl(IDC_VERT_GRID);
-    Calculator.ClickControl(IDC_SHOW_LEGEND);
-    Calculator.Click("OK");
-    CHECK_FALSE(Calculator.HasDialog());
-    CHECK((Graph.MenuState(IDM_AUTO_RANGE) & MF_CHECKED) == 0);
-    CHECK((Graph.MenuState(IDM_GRID) & MF_CHECKED) != 0);
-    CHECK((Graph.MenuState(IDM_LEGEND) & MF_CHECKED) == 0);
-    Graph.Photograph().Save("graph-reformatted-plot");
+    Graph.Escape();
+}
 
+// The settings as Reformat Plot shows them again.
+static const struct
+{
+    int         m_nField;
+    const char *m_szEntered;
+    const char *m_szShown;
+} kSettings[] = {
+    {IDC_PLOT_TITLE, "A title", "A title"},
+    {IDC_HORZ_LABEL, "seconds & more", "seconds & more"},
+    {IDC_HORZ_TICKS, "26", "26"},
+    {IDC_HORZ_MIN, "-1", "-1"},
+    {IDC_HORZ_MAX, "1e10", "1e+10"},
+    {IDC_VERT_TICKS, "0", "0"},
+    {IDC_VERT_MIN, "40", "40"},  // above the maximum, which is allowed
+    {IDC_VERT_MAX, " .5", "0.5"},
+};
+
+TEST_CASE("OK applies all fields of Reformat Plot and fixes the range")
+{
+    cTwoLinesRig  Rig;
+    cGraphWindow &Graph = Rig.m_Graph;
+    CHECK(Graph.IsTicked(IDM_AUTO_RANGE));
     Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
-    CHECK(Graph.Text(IDC_PLOT_TITLE) == "A title");
-    CHECK(Graph.Text(IDC_HORZ_LABEL) == "seconds & more");
-    CHECK(Graph.Text(IDC_HORZ_TICKS) == "26");
-    CHECK(Graph.Text(IDC_HORZ_MIN) == "-1");
-    CHECK(Graph.Text(IDC_HORZ_MAX) == "1e+10");
-    CHECK(Graph.Text(IDC_VERT_TICKS) == "0");
-    CHECK(Graph.Text(IDC_VERT_MIN) == "40");
-    CHECK(Graph.Text(IDC_VERT_MAX) == "0.5");
+    for (const auto &Row : kSettings)
+        Graph.Fill(Row.m_nField, Row.m_szEntered);
+    Rig.m_Calculator.ClickControl(IDC_VERT_GRID);
+    Rig.m_Calculator.ClickControl(IDC_SHOW_LEGEND);
+
+    Rig.m_Calculator.Click("OK");
+
+    CHECK_FALSE(Rig.m_Calculator.HasDialog());
+    CHECK_FALSE(Graph.IsTicked(IDM_AUTO_RANGE));
+    CHECK(Graph.IsTicked(IDM_GRID));
+    CHECK_FALSE(Graph.IsTicked(IDM_LEGEND));
+    Graph.Photograph().Save("graph-reformatted-plot");
+    Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
+    for (const auto &Row : kSettings)
+        CHECK(Graph.Text(Row.m_nField) == Row.m_szShown);
     CHECK_FALSE(Graph.IsChecked(IDC_HORZ_GRID));
     CHECK(Graph.IsChecked(IDC_VERT_GRID));
     CHECK_FALSE(Graph.IsChecked(IDC_SHOW_LEGEND));
     Graph.Escape();
 
     Graph.Choose(gmEdit, IDM_AUTO_RANGE);
-    CHECK((Graph.MenuState(IDM_AUTO_RANGE) & MF_CHECKED) != 0);
+    CHECK(Graph.IsTicked(IDM_AUTO_RANGE));
 }
 
-TEST_CASE("Reformat Line shows each line's look, judges its fields and stores them")
+TEST_CASE("Reformat Line shows the look of the first line")
 {
-    cCalculator  Calculator;
-    cGraphWindow Graph(&Calculator);
-    Graph.Open("two.txt", "SetLabels \"first\" , \"second\"\n1 , 10\n2 , 20\n3 , 30\n");
-
+    cGraphWindow &Graph = Shared<cTwoLinesRig>().m_Graph;
     Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
     CHECK(Graph.Caption() == "Reformat Line");
     CHECK(Graph.IsCentred());
@@ -295,23 +398,34 @@ TEST_CASE("Reformat Line shows each line's look, judges its fields and stores th
     CHECK(Graph.Text(IDC_MULTIPLIER) == "1");
     CHECK(Graph.Text(IDC_OFFSET) == "0");
     CHECK(Graph.IsChecked(IDC_TYPE_PLOT));
-    CHECK(Eventually(0xFF0000U, [&] { return Graph.ColourOf(IDC_LINE_COLOUR); }) == 0xFF0000U);
-    const std::string LineStyles   = "solid dash dot dash-dot dash-dot-dot ";
-    const std::string MarkerStyles = "triangle square diamond vert line horz line ";
-    CHECK(Graph.Items(IDC_LINE_STYLE) == LineStyles);
+    CHECK(Graph.HasColour(IDC_LINE_COLOUR, kBlue));
+    CHECK(Graph.Items(IDC_LINE_STYLE) == kLineStyles);
     CHECK(Graph.Text(IDC_LINE_STYLE) == "solid");
     Graph.PhotographDialog("graph-reformat-line");
+    Graph.Escape();
+}
 
-    // The list of styles follows the type.
-    Calculator.ClickControl(IDC_TYPE_SCATTER);
-    CHECK(Graph.Items(IDC_LINE_STYLE) == MarkerStyles);
+TEST_CASE("the styles that Reformat Line offers follow the graph type")
+{
+    cTwoLinesRig &Rig   = Shared<cTwoLinesRig>();
+    cGraphWindow &Graph = Rig.m_Graph;
+    Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
+    Rig.m_Calculator.ClickControl(IDC_TYPE_SCATTER);
+    CHECK(Graph.Items(IDC_LINE_STYLE) == kMarkerStyles);
     CHECK(Graph.Text(IDC_LINE_STYLE) == "triangle");
-    Calculator.ClickControl(IDC_TYPE_STAIRSTEP);
-    CHECK(Graph.Items(IDC_LINE_STYLE) == LineStyles);
-    Calculator.ClickControl(IDC_TYPE_STOOP);
-    CHECK(Graph.Items(IDC_LINE_STYLE) == LineStyles);
+    Rig.m_Calculator.ClickControl(IDC_TYPE_STAIRSTEP);
+    CHECK(Graph.Items(IDC_LINE_STYLE) == kLineStyles);
+    Rig.m_Calculator.ClickControl(IDC_TYPE_STOOP);
+    CHECK(Graph.Items(IDC_LINE_STYLE) == kLineStyles);
+    Graph.Escape();
+}
 
-    // Another line loads its fields.
+TEST_CASE("another line number loads the fields of that line")
+{
+    cTwoLinesRig &Rig   = Shared<cTwoLinesRig>();
+    cGraphWindow &Graph = Rig.m_Graph;
+    Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
+    Rig.m_Calculator.ClickControl(IDC_TYPE_STOOP);
     Graph.Spin(IDC_FORMATTED_LINE_SPIN, 1);
     CHECK(Graph.Text(IDC_FORMATTED_LINE) == "2");
     CHECK(Graph.Text(IDC_LINE_LABEL) == "second");
@@ -319,40 +433,61 @@ TEST_CASE("Reformat Line shows each line's look, judges its fields and stores th
     Graph.Spin(IDC_FORMATTED_LINE_SPIN, 1);
     CHECK(Graph.Text(IDC_FORMATTED_LINE) == "2");
 
-    // All bad at once: the first one is named, and the next once it is good.
-    const cBadText Fields[] = {
-        {IDC_FORMATTED_LINE, "2", kLineMessage},
-        {IDC_LINE_WIDTH, "4", "ERROR: your \"Line Width\" value produced an error"},
-        {IDC_MULTIPLIER, "-2.5", "ERROR: your \"Multiplier\" value produced an error"},
-        {IDC_OFFSET, "1e2", "ERROR: your \"Offset\" value produced an error"},
+    Graph.Fill(IDC_FORMATTED_LINE, "3");
+    Graph.Fill(IDC_LINE_WIDTH, "5");
+    Graph.Fill(IDC_FORMATTED_LINE, "2");
+    CHECK(Graph.Text(IDC_LINE_WIDTH) == "1");
+    Graph.Escape();
+}
+
+TEST_CASE("Reformat Line refuses one bad field after the other, the line number first")
+{
+    static const cRefusalRow s_Rows[] = {
+        {IDC_FORMATTED_LINE, "0"},
+        {IDC_FORMATTED_LINE, ""},
+        {IDC_FORMATTED_LINE, "x"},
     };
+    cGraphWindow &Graph = Shared<cTwoLinesRig>().m_Graph;
+    Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
     Graph.Fill(IDC_FORMATTED_LINE, "3");
     Graph.Fill(IDC_LINE_WIDTH, "5");
     Graph.Fill(IDC_MULTIPLIER, "2x");
     Graph.Fill(IDC_OFFSET, "");
-    CHECK(Graph.Refuses(Fields[0].m_szMessage));
-    CheckRefusals(&Graph, {{IDC_FORMATTED_LINE, "0", kLineMessage},
-                           {IDC_FORMATTED_LINE, "", kLineMessage},
-                           {IDC_FORMATTED_LINE, "x", kLineMessage}});
-    Graph.Fill(IDC_FORMATTED_LINE, "2");  // loads the fields anew
-    CHECK(Graph.Text(IDC_LINE_WIDTH) == "1");
+    CHECK(Graph.Refuses(kLineMessage));
+    for (const cRefusalRow &Row : s_Rows)
+        CheckRefused(&Graph, Row.m_nField, Row.m_szBad, kLineMessage);
+
+    Graph.Fill(IDC_FORMATTED_LINE, "2");
     Graph.Fill(IDC_LINE_WIDTH, "5");
     Graph.Fill(IDC_MULTIPLIER, "2x");
     Graph.Fill(IDC_OFFSET, "");
-    CheckRefusals(&Graph, {{IDC_LINE_WIDTH, "5", Fields[1].m_szMessage},
-                           {IDC_LINE_WIDTH, "0", Fields[1].m_szMessage},
-                           {IDC_LINE_WIDTH, "", Fields[1].m_szMessage},
-                           {IDC_LINE_WIDTH, "1.5", Fields[1].m_szMessage}});
-    Graph.Fill(IDC_LINE_WIDTH, "4");
-    CheckRefusals(&Graph, {{IDC_MULTIPLIER, "2x", Fields[2].m_szMessage},
-                           {IDC_MULTIPLIER, "", Fields[2].m_szMessage},
-                           {IDC_MULTIPLIER, "nan", Fields[2].m_szMessage}});
-    Graph.Fill(IDC_MULTIPLIER, "-2.5");
-    CheckRefusals(&Graph, {{IDC_OFFSET, "", Fields[3].m_szMessage},
-                           {IDC_OFFSET, "1 2", Fields[3].m_szMessage}});
-    Graph.Fill(IDC_OFFSET, "1e2");
+    for (const cFieldRow &Field : kLineFields)
+        if (Field.m_nField != IDC_FORMATTED_LINE)
+        {
+            CHECK(Graph.Refuses(Field.m_szMessage));
+            Graph.Fill(Field.m_nField, Field.m_szText);
+        }
+    Graph.Escape();
+}
 
-    // The spin control of the width ends at 1 and 4.
+TEST_CASE("Reformat Line refuses widths beyond 1 to 4 and texts that are no numbers")
+{
+    static const cRefusalRow s_Rows[] = {
+        {IDC_LINE_WIDTH, "5"},   {IDC_LINE_WIDTH, "0"},  {IDC_LINE_WIDTH, ""},
+        {IDC_LINE_WIDTH, "1.5"}, {IDC_MULTIPLIER, "2x"}, {IDC_MULTIPLIER, ""},
+        {IDC_MULTIPLIER, "nan"}, {IDC_OFFSET, ""},       {IDC_OFFSET, "1 2"},
+    };
+    cGraphWindow &Graph = Shared<cTwoLinesRig>().m_Graph;
+    Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
+    CheckRefusals(&Graph, kLineFields, s_Rows);
+    Graph.Escape();
+}
+
+TEST_CASE("the spin control of the width ends at 1 and 4")
+{
+    cGraphWindow &Graph = Shared<cTwoLinesRig>().m_Graph;
+    Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
+    Graph.Fill(IDC_LINE_WIDTH, "4");
     Graph.Spin(IDC_LINE_WIDTH_SPIN, 1);
     CHECK(Graph.Text(IDC_LINE_WIDTH) == "4");
     for (int i = 0; i < 4; i++)
@@ -361,21 +496,39 @@ TEST_CASE("Reformat Line shows each line's look, judges its fields and stores th
     Graph.Spin(IDC_LINE_WIDTH_SPIN, 1);
     Graph.Spin(IDC_LINE_WIDTH_SPIN, 1);
     CHECK(Graph.Text(IDC_LINE_WIDTH) == "3");
+    Graph.Escape();
+}
 
+// Gives the second line another look, with OK.
+static void FormatSecondLine(cTwoLinesRig *pRig)
+{
     const std::string Long(90, 'm');
+    cGraphWindow     &Graph = pRig->m_Graph;
+    Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
+    Graph.Fill(IDC_FORMATTED_LINE, "2");
+    Graph.Fill(IDC_LINE_WIDTH, "3");
+    Graph.Fill(IDC_MULTIPLIER, "-2.5");
+    Graph.Fill(IDC_OFFSET, "1e2");
     Graph.Fill(IDC_LINE_LABEL, Long);
     CHECK(Graph.Text(IDC_LINE_LABEL) == Long.substr(0, 80));
     Graph.Fill(IDC_LINE_LABEL, "");
-    Calculator.ClickControl(IDC_TYPE_SCATTER);
+    pRig->m_Calculator.ClickControl(IDC_TYPE_SCATTER);
     ClickMiddleOf(Graph.Field(IDC_LINE_STYLE));  // opens the list
     HitKey(VK_DOWN);
     HitKey(VK_DOWN);
     HitKey(VK_RETURN);
-    Calculator.Settle();
+    pRig->m_Calculator.Settle();
     CHECK(Graph.Text(IDC_LINE_STYLE) == "diamond");
     Graph.PhotographDialog("graph-reformat-line-scatter");
-    Calculator.Click("OK");
-    CHECK_FALSE(Calculator.HasDialog());
+    pRig->m_Calculator.Click("OK");
+    CHECK_FALSE(pRig->m_Calculator.HasDialog());
+}
+
+TEST_CASE("OK stores the fields of Reformat Line with the line that was chosen")
+{
+    cTwoLinesRig  Rig;
+    cGraphWindow &Graph = Rig.m_Graph;
+    FormatSecondLine(&Rig);
     Graph.Photograph().Save("graph-reformatted-line");
 
     Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
@@ -387,14 +540,22 @@ TEST_CASE("Reformat Line shows each line's look, judges its fields and stores th
     CHECK(Graph.Text(IDC_MULTIPLIER) == "-2.5");
     CHECK(Graph.Text(IDC_OFFSET) == "100");
     CHECK(Graph.IsChecked(IDC_TYPE_SCATTER));
-    CHECK(Graph.Items(IDC_LINE_STYLE) == MarkerStyles);
+    CHECK(Graph.Items(IDC_LINE_STYLE) == kMarkerStyles);
     CHECK(Graph.Text(IDC_LINE_STYLE) == "diamond");
+}
 
-    // Cancel changes nothing.
+TEST_CASE("Delete Line shows each line; a cancelled Reformat Line has not changed it")
+{
+    cTwoLinesRig  Rig;
+    cGraphWindow &Graph = Rig.m_Graph;
+    FormatSecondLine(&Rig);
+    Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
+    Graph.Fill(IDC_FORMATTED_LINE, "2");
     Graph.Fill(IDC_LINE_WIDTH, "2");
     Graph.Fill(IDC_LINE_LABEL, "other");
-    Calculator.ClickControl(IDC_TYPE_STOOP);
-    Calculator.Click("Cancel");
+    Rig.m_Calculator.ClickControl(IDC_TYPE_STOOP);
+    Rig.m_Calculator.Click("Cancel");
+
     Graph.Choose(gmEdit, IDM_DELETE_LINE);
     CHECK(Graph.Caption() == "Delete Line");
     CHECK(Graph.IsCentred());
@@ -408,22 +569,32 @@ TEST_CASE("Reformat Line shows each line's look, judges its fields and stores th
     CHECK(Graph.Text(IDC_DELETED_WIDTH) == "3");
     CHECK(Graph.Text(IDC_DELETED_STYLE) == "diamond");
     Graph.PhotographDialog("graph-delete-line");
-    CheckRefusals(&Graph, {{IDC_DELETED_LINE, "0", kLineMessage},
-                           {IDC_DELETED_LINE, "3", kLineMessage},
-                           {IDC_DELETED_LINE, "", kLineMessage},
-                           {IDC_DELETED_LINE, "one", kLineMessage}});
-    Calculator.Click("Cancel");
-    CHECK(Graph.Count() == 2);
+}
 
+TEST_CASE("Delete Line refuses numbers that name no line, and Cancel deletes nothing")
+{
+    cTwoLinesRig &Rig   = Shared<cTwoLinesRig>();
+    cGraphWindow &Graph = Rig.m_Graph;
     Graph.Choose(gmEdit, IDM_DELETE_LINE);
-    Calculator.Click("OK");
+    for (const char *const szBad : {"0", "3", "", "one"})
+        CheckRefused(&Graph, IDC_DELETED_LINE, szBad, kLineMessage);
+    Rig.m_Calculator.Click("Cancel");
+    CHECK(Graph.Count() == 2);
+}
+
+TEST_CASE("Delete Line deletes one line after the other; without lines every number is refused")
+{
+    cTwoLinesRig  Rig;
+    cGraphWindow &Graph = Rig.m_Graph;
+    FormatSecondLine(&Rig);
+    Graph.Choose(gmEdit, IDM_DELETE_LINE);
+    Rig.m_Calculator.Click("OK");
     CHECK(Graph.Count() == 1);
     Graph.Choose(gmEdit, IDM_DELETE_LINE);
     CHECK(Graph.Text(IDC_DELETED_TYPE) == "Scatter");
-    Calculator.Click("OK");
+    Rig.m_Calculator.Click("OK");
     CHECK(Graph.Count() == 0);
 
-    // Without data no number is good.
     for (const unsigned nCommand : {IDM_DELETE_LINE, IDM_REFORMAT_LINE, IDM_EDIT_DATA_SET})
     {
         Graph.Choose(gmEdit, nCommand);
@@ -432,86 +603,88 @@ TEST_CASE("Reformat Line shows each line's look, judges its fields and stores th
     }
 }
 
-TEST_CASE("colours and the font are chosen in the platform's dialogs")
+// Clicks a button that opens a dialog of the platform above the present one,
+// which is returned.
+static HWND OpenAbove(const cTwoLinesRig &Rig, int nButton)
 {
-    cCalculator  Calculator;
-    cGraphWindow Graph(&Calculator);
-    Graph.Open("one.txt", "1\n2\n3\n");
+    const HWND hLower = Rig.m_Calculator.Dialog();
+    ClickMiddleOf(Rig.m_Graph.Field(nButton));
+    REQUIRE(WaitFor([&] { return !IsWindowEnabled(hLower); }));
+    REQUIRE(Rig.m_Calculator.Dialog());
+    Rig.m_Calculator.Settle();
+    return hLower;
+}
 
-    const auto Press = [&](int nButton) {
-        const HWND hFormer = Calculator.Dialog();
-        ClickMiddleOf(Graph.Field(nButton));
-        REQUIRE(WaitFor([&] { return !IsWindowEnabled(hFormer); }));
-        REQUIRE(Calculator.Dialog());
-        Calculator.Settle();
-        return hFormer;
-    };
-    const auto End = [&](HWND hFormer, const char *szButton) {
-        Calculator.Click(szButton);
-        REQUIRE(WaitFor([&] { return IsWindowEnabled(hFormer); }));
-        Calculator.Settle();
-    };
-    const auto ChooseColour = [&](int nButton, const char *szButton) {
-        const int  nBasicColours = 0x2D0;
-        const HWND hFormer       = Press(nButton);
-        RECT       Colours       = {};
-        GetWindowRect(Graph.Field(nBasicColours), &Colours);
-        Click({Colours.left + 3 * (Colours.right - Colours.left) / 16, Colours.top + 8});
-        Calculator.Settle();
-        Graph.PhotographDialog("graph-choose-colour");
-        End(hFormer, szButton);
-    };
-    const unsigned nYellow = 0xFFFF80;  // the second one of the first row
+// Closes the platform's dialog.
+static void CloseAbove(cTwoLinesRig *pRig, HWND hLower, const char *szButton)
+{
+    pRig->m_Calculator.Click(szButton);
+    REQUIRE(WaitFor([&] { return IsWindowEnabled(hLower); }));
+    pRig->m_Calculator.Settle();
+}
+
+// Chooses kYellow in the platform's dialog.
+static void ChooseYellow(cTwoLinesRig *pRig, int nButton, const char *szClosing)
+{
+    const int  nBasicColours = 0x2D0;
+    const HWND hLower        = OpenAbove(*pRig, nButton);
+    const RECT Colours       = RectOf(pRig->m_Graph.Field(nBasicColours));
+    Click({Colours.left + 3 * (Colours.right - Colours.left) / 16, Colours.top + 8});
+    pRig->m_Calculator.Settle();
+    pRig->m_Graph.PhotographDialog("graph-choose-colour");
+    CloseAbove(pRig, hLower, szClosing);
+}
+
+TEST_CASE("a line gets the colour that is chosen in the platform's dialog")
+{
+    cTwoLinesRig  Rig;
+    cGraphWindow &Graph = Rig.m_Graph;
     Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
-    ChooseColour(IDC_CHANGE_COLOUR, "Cancel");
-    CHECK(Eventually(0xFF0000U, [&] { return Graph.ColourOf(IDC_LINE_COLOUR); }) == 0xFF0000U);
-    ChooseColour(IDC_CHANGE_COLOUR, "OK");
-    CHECK(Eventually(nYellow, [&] { return Graph.ColourOf(IDC_LINE_COLOUR); }) == nYellow);
+    ChooseYellow(&Rig, IDC_CHANGE_COLOUR, "Cancel");
+    CHECK(Graph.HasColour(IDC_LINE_COLOUR, kBlue));
+    ChooseYellow(&Rig, IDC_CHANGE_COLOUR, "OK");
+    CHECK(Graph.HasColour(IDC_LINE_COLOUR, kYellow));
     Graph.PhotographDialog("graph-reformat-line-colour");
-    Calculator.Click("OK");
+    Rig.m_Calculator.Click("OK");
     Graph.Choose(gmEdit, IDM_DELETE_LINE);
-    CHECK(Eventually(nYellow, [&] { return Graph.ColourOf(IDC_DELETED_COLOUR); }) == nYellow);
-    Graph.Escape();
+    CHECK(Graph.HasColour(IDC_DELETED_COLOUR, kYellow));
+}
 
+TEST_CASE("the background gets its colour with the OK of Reformat Plot")
+{
+    cTwoLinesRig  Rig;
+    cGraphWindow &Graph = Rig.m_Graph;
     Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
-    ChooseColour(IDC_BACKGROUND_COLOUR, "OK");
-    Calculator.Click("Cancel");
-    Calculator.Settle();
+    ChooseYellow(&Rig, IDC_BACKGROUND_COLOUR, "OK");
+    Rig.m_Calculator.Click("Cancel");
+    Rig.m_Calculator.Settle();
     CHECK(Eventually(0xFFFFFFU, [&] { return Graph.ColourAt(2, 2); }) == 0xFFFFFFU);
 
     Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
-    ChooseColour(IDC_BACKGROUND_COLOUR, "OK");
-    ChooseColour(IDC_AXIS_COLOUR, "Cancel");
-    const HWND hFormer = Press(IDC_TEXT_FONT);
+    ChooseYellow(&Rig, IDC_BACKGROUND_COLOUR, "OK");
+    ChooseYellow(&Rig, IDC_AXIS_COLOUR, "Cancel");
+    const HWND hPlot = OpenAbove(Rig, IDC_TEXT_FONT);
     Graph.PhotographDialog("graph-choose-font");
-    End(hFormer, "OK");
-    Calculator.Click("OK");
-    Calculator.Settle();
-    CHECK(Eventually(nYellow, [&] { return Graph.ColourAt(2, 2); }) == nYellow);
+    CloseAbove(&Rig, hPlot, "OK");
+    Rig.m_Calculator.Click("OK");
+    Rig.m_Calculator.Settle();
+    CHECK(Eventually(kYellow, [&] { return Graph.ColourAt(2, 2); }) == kYellow);
     Graph.Photograph().Save("graph-other-colours");
 }
 
-TEST_CASE("a font that cannot be made leaves the plot its first one")
+TEST_CASE("a font that cannot be made leaves the plot its former font")
 {
-    const int    nSizes = 0x472;  // the list of the platform's dialog
-    cCalculator  Calculator;
-    cGraphWindow Graph(&Calculator);
-    Graph.Open("one.txt", "1\n2\n3\n");
-    const cPicture Before = Graph.PhotographPlot();
-    const auto     Choose = [&] {
-        Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
-        const HWND hPlot = Calculator.Dialog();
-        ClickMiddleOf(Graph.Field(IDC_TEXT_FONT));
-        REQUIRE(WaitFor([&] { return !IsWindowEnabled(hPlot); }));
-        REQUIRE(Calculator.Dialog());
-        SendMessageA(Graph.Field(nSizes), WM_SETTEXT, 0, reinterpret_cast<LPARAM>("24"));
-        Calculator.Click("OK");
-        REQUIRE(WaitFor([&] { return IsWindowEnabled(hPlot); }));
-        Calculator.Click("OK");
-        Calculator.Settle();
-    };
-
+    const int      nSizes = 0x472;  // the list of the platform's dialog
+    cTwoLinesRig   Rig;
+    const cPicture Before = Rig.m_Graph.PhotographPlot();
     cProbeLink::Current()->Ask(pbNoFonts);
-    Choose();
-    CHECK(Graph.PhotographPlot() == Before);
+
+    Rig.m_Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
+    const HWND hPlot = OpenAbove(Rig, IDC_TEXT_FONT);
+    SendMessageA(Rig.m_Graph.Field(nSizes), WM_SETTEXT, 0, reinterpret_cast<LPARAM>("24"));
+    CloseAbove(&Rig, hPlot, "OK");
+    Rig.m_Calculator.Click("OK");
+    Rig.m_Calculator.Settle();
+
+    CHECK(Rig.m_Graph.PhotographPlot() == Before);
 }

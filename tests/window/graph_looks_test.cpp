@@ -1,5 +1,5 @@
-// How data lines, grid and legend look in the real window: each graph type with
-// each style, each width, markers pixel by pixel.
+// Data lines, grid and legend in the real window: each graph type with each style
+// and width, and the markers pixel by pixel.
 
 #include "tests/window/graph_window.h"
 
@@ -14,6 +14,7 @@
 
 #include "tests/window/input.h"
 #include "tests/window/plot_reader.h"
+#include "tests/window/shared_rig.h"
 #include "tests/window/waiting.h"
 
 namespace
@@ -28,9 +29,9 @@ const int      kScatter    = 2;
 const unsigned kPaper      = 0xFFFFFF;
 const unsigned kAxisColour = 0x000000;
 
-// Sets one above the other, each of them going up and down by one unit of the
-// three that it has for itself; level from each third point to the next. One
-// point lies lower than all others, so that these stay off the axis.
+// One set above the other, three units apart. Each rises by one unit at every third
+// point and is level from the second to the third point after it. One point lies
+// below all others, so that the others are off the axis.
 int ValueAt(int nSet, int nPoint)
 {
     if (nSet == 0 && nPoint == kPoints - 1)
@@ -58,10 +59,10 @@ public:
         m_Area = LookForArea();
     }
 
-    // Before lines of any look are drawn along its borders.
+    // The plot's rectangle; to be found before wide lines cover its axes.
     RECT LookForArea() const { return cSeenPlot(m_Graph.PhotographPlot()).m_Rect; }
 
-    // By the dialog, whose fields are filled with messages.
+    // Formats a line with the dialog, whose fields are filled by messages.
     void Format(int nSet, int nType, int nStyle, int nWidth)
     {
         PostMessageA(m_Graph.Window(), WM_COMMAND, IDM_REFORMAT_LINE, 0);
@@ -87,6 +88,11 @@ public:
         return ::PixelOf(m_Area, *m_pRange, nPoint, ValueAt(nSet, nPoint));
     }
 
+    int IsAsNew() const
+    {
+        return m_Calculator.IsRunning() && !m_Calculator.HasDialog() && m_Graph.Count() == kSets;
+    }
+
     cCalculator  m_Calculator;
     cGraphWindow m_Graph;
     RECT         m_Area = {};  // of the plot
@@ -101,7 +107,7 @@ private:
     std::unique_ptr<cSeenRange> m_pRange;
 };
 
-// Seven rows of seven pixels around a point, '#' for ink.
+// The seven by seven pixels around a point, with '#' for ink.
 std::string Around(const cPicture &Picture, POINT At)
 {
     std::string Rows;
@@ -114,8 +120,8 @@ std::string Around(const cPicture &Picture, POINT At)
     return Rows;
 }
 
-// The lengths of strokes and gaps along the level piece behind the third point
-// of a set, without the first and the last, which may be cut: "18 6 18 6 ".
+// The lengths of strokes and gaps along the level part after the third point of a
+// set, without the first and the last, which may be cut off: "18 6 18 6 ".
 std::string StrokesOf(const cLooksRig &Rig, const cPicture &Picture, int nSet)
 {
     const POINT      From = Rig.PixelOf(nSet, 2);
@@ -137,7 +143,7 @@ std::string StrokesOf(const cLooksRig &Rig, const cPicture &Picture, int nSet)
     return Text;
 }
 
-// How many rows of ink there are in the middle of that piece.
+// The number of rows with ink in the middle of that part.
 int ThicknessOf(const cLooksRig &Rig, const cPicture &Picture, int nSet)
 {
     const POINT From = Rig.PixelOf(nSet, 2);
@@ -148,8 +154,8 @@ int ThicknessOf(const cLooksRig &Rig, const cPicture &Picture, int nSet)
     return nInk;
 }
 
-// How many of so many ticks have a grid line, looked for where no data line is:
-// near the right edge of the plot.
+// The number of ticks with a grid line, near the right edge of the plot, where there
+// are no data lines.
 int CountGridLines(const cPicture &Picture, const RECT &Area, int nTicks)
 {
     const int nX     = Area.right - 20;
@@ -162,7 +168,7 @@ int CountGridLines(const cPicture &Picture, const RECT &Area, int nTicks)
     return nLines;
 }
 
-// Where Expected has a '*', the platform may draw or not.
+// Where Expected has a '*', the platform may draw a pixel or not.
 bool IsLike(const std::string &Picture, const std::string &Expected)
 {
     return std::equal(Picture.begin(), Picture.end(), Expected.begin(), Expected.end(),
@@ -179,35 +185,41 @@ const char *const kMarkers[kStyles] = {
 
 }  // namespace
 
-TEST_CASE(
-    "each graph type has its styles, its widths and its markers, with grid and legend or without")
+// Each style of the three types of line has its own pattern; "Scatter" has markers.
+static void CheckStylesOf(const cLooksRig &Rig, const cPicture &Styles, int nType)
 {
-    cLooksRig Rig;
+    CAPTURE(nType);
+    std::set<std::string> Patterns;
+    for (int nStyle = 0; nStyle < kStyles; nStyle++)
+    {
+        CAPTURE(nStyle);
+        const int nSet = nType * kStyles + nStyle;
+        if (nType == kScatter)
+            for (int nPoint = 1; nPoint < kPoints - 1; nPoint++)
+                CHECK(IsLike(Around(Styles, Rig.PixelOf(nSet, nPoint)), kMarkers[nStyle]));
+        else
+        {
+            const std::string Strokes = StrokesOf(Rig, Styles, nSet);
+            CHECK((Strokes == "solid") == (nStyle == 0));
+            Patterns.insert(Strokes);
+        }
+    }
+    CHECK(Patterns.size() == (nType == kScatter ? 0 : kStyles));
+}
+
+TEST_CASE("each graph type has its styles, and a scatter plot its markers")
+{
+    cLooksRig &Rig = Shared<cLooksRig>();
     Rig.FormatAll([](int nSet) { return nSet % kStyles; }, [](int) { return 1; });
     Rig.m_Graph.Photograph().Save("graph-styles");
     const cPicture Styles = Rig.m_Graph.PhotographPlot();
     for (int nType = 0; nType < kTypes; nType++)
-    {
-        CAPTURE(nType);
-        std::set<std::string> Patterns;
-        for (int nStyle = 0; nStyle < kStyles; nStyle++)
-        {
-            CAPTURE(nStyle);
-            const int nSet = nType * kStyles + nStyle;
-            if (nType == kScatter)
-                for (int nPoint = 1; nPoint < kPoints - 1; nPoint++)
-                    CHECK(IsLike(Around(Styles, Rig.PixelOf(nSet, nPoint)), kMarkers[nStyle]));
-            else
-            {
-                const std::string Strokes = StrokesOf(Rig, Styles, nSet);
-                CHECK((Strokes == "solid") == (nStyle == 0));
-                Patterns.insert(Strokes);
-            }
-        }
-        CHECK(Patterns.size() == (nType == kScatter ? 0 : kStyles));
-    }
+        CheckStylesOf(Rig, Styles, nType);
+}
 
-    // Wide lines are solid, whatever their style.
+TEST_CASE("lines have their widths and are solid when wide, and markers ignore the width")
+{
+    cLooksRig &Rig = Shared<cLooksRig>();
     Rig.FormatAll([](int nSet) { return nSet % 4; }, [](int nSet) { return nSet % 4 + 1; });
     Rig.m_Graph.Photograph().Save("graph-widths");
     const cPicture Widths = Rig.m_Graph.PhotographPlot();
@@ -222,11 +234,15 @@ TEST_CASE(
             CHECK(StrokesOf(Rig, Widths, nSet) == "solid");
         }
     }
+}
 
-    // Each of grid and legend with and without the other. The lowest line of the
-    // grid lies on the axis.
+TEST_CASE("grid and legend are shown with and without each other")
+{
+    cLooksRig     &Rig    = Shared<cLooksRig>();
+    const cPicture Before = Rig.m_Graph.PhotographPlot();
+    // The lowest line of the grid lies on the axis.
     const int nTicks = static_cast<int>(cSeenRange(&Rig.m_Calculator, &Rig.m_Graph).m_nVertTicks);
-    CHECK(CountGridLines(Widths, Rig.m_Area, nTicks) == 1);
+    CHECK(CountGridLines(Before, Rig.m_Area, nTicks) == 1);
     Rig.m_Graph.Choose(gmView, IDM_GRID);
     CHECK(CountGridLines(Rig.m_Graph.PhotographPlot(), Rig.m_Area, nTicks) == nTicks);
     Rig.m_Graph.Photograph().Save("graph-grid-legend");
@@ -236,5 +252,5 @@ TEST_CASE(
     Rig.m_Graph.Photograph().Save("graph-neither");
     CHECK(Rig.LookForArea().bottom > Rig.m_Area.bottom);
     Rig.m_Graph.Choose(gmView, IDM_LEGEND);
-    CHECK(CountDifferences(Widths, Rig.m_Graph.PhotographPlot()) == 0);
+    CHECK(CountDifferences(Before, Rig.m_Graph.PhotographPlot()) == 0);
 }

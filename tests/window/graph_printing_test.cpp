@@ -1,4 +1,4 @@
-// The graph on paper.
+// Printing the graph.
 
 #include "tests/window/paper_tray.h"
 
@@ -27,7 +27,7 @@ const int kMarginLeft = edt4;
 const int kMarginTop  = edt5;
 
 const int      kInch = 100;  // in the units of cInk
-const int      kEdge = 1;    // what a line may stand off its place
+const int      kEdge = 1;    // of the position of a line
 const unsigned kRed  = 0xFF0000;
 
 const char *const kFall = "ExplicitX\n"
@@ -69,7 +69,7 @@ struct cGraphRig
     cGraphWindow m_Graph;
 };
 
-// All words of a page in the order of the alphabet.
+// All words of a page in alphabetical order.
 std::vector<std::string> WordsOf(const cPrintedPage &Page)
 {
     std::vector<std::string> Words;
@@ -92,8 +92,8 @@ int CountRed(const cPicture &Picture, const RECT &Part)
     return nCount;
 }
 
-// How many black lines run over more than half of the page from left to right,
-// as its reader holds it.
+// The number of black lines that cross more than half of the page from left to right
+// of its text.
 int CountRules(const cPicture &Picture, int bTurned)
 {
     const int nAcross = bTurned ? Picture.Height() : Picture.Width();
@@ -114,7 +114,7 @@ int CountRules(const cPicture &Picture, int bTurned)
 
 }  // namespace
 
-TEST_CASE("the graph is printed with its legend on one page, as large as the margins allow")
+TEST_CASE("the graph is printed with title, legend and data on one page")
 {
     cGraphRig Rig;
     Rig.Ask();
@@ -133,7 +133,7 @@ TEST_CASE("the graph is printed with its legend on one page, as large as the mar
     CHECK(Row.find(" 80.4 ") != std::string::npos);
     CHECK(Row.substr(Row.size() - 4) == " 100");
 
-    // The legend is as wide as the margins allow and ends at the lower one.
+    // Legend and plot fill the page up to its margins.
     const cInk Ink = Page.Ink();
     CHECK(abs(Ink.m_nLeft - kInch) <= kEdge);
     CHECK(abs(Ink.m_nRight - (Page.m_Picture.Width() - kInch)) <= kEdge);
@@ -144,7 +144,12 @@ TEST_CASE("the graph is printed with its legend on one page, as large as the mar
     const cInk Red = Page.InkOf(kRed);
     CHECK(Red.m_nTop < 2 * kInch);                               // the data
     CHECK(Red.m_nBottom > Page.m_Picture.Height() - 2 * kInch);  // the sample
+}
 
+TEST_CASE("the grid is printed if it is shown, and the legend is not if it is hidden")
+{
+    cGraphRig              Rig;
+    const cPrintedDocument Plain = Rig.Print();
     Rig.m_Graph.Choose(gmView, IDM_GRID);
     const cPrintedDocument WithGrid = Rig.Print();
     CHECK(CountRules(WithGrid.m_Pages[0].m_Picture, 0) > 4);
@@ -154,9 +159,10 @@ TEST_CASE("the graph is printed with its legend on one page, as large as the mar
     Rig.m_Graph.Choose(gmView, IDM_GRID);
     Rig.m_Graph.Choose(gmView, IDM_LEGEND);
     const cPrintedDocument Bare = Rig.Print();
-    CHECK(CountRules(Bare.m_Pages[0].m_Picture, 0) == 1);
-    CHECK(Bare.m_Pages[0].InkOf(kRed).m_nBottom < Page.m_Picture.Height() / 2);
-    CHECK(Bare.m_Pages[0].m_Lines.back() == "seconds");
+    const cPrintedPage    &Page = Bare.m_Pages[0];
+    CHECK(CountRules(Page.m_Picture, 0) == 1);
+    CHECK(Page.InkOf(kRed).m_nBottom < Page.m_Picture.Height() / 2);
+    CHECK(Page.m_Lines.back() == "seconds");
 }
 
 TEST_CASE("the page setup turns the graph and keeps its margins free")
@@ -174,7 +180,8 @@ TEST_CASE("the page setup turns the graph and keeps its margins free")
     const cPrintedDocument Turned = Rig.Print();
     Turned.Save(1, "print-graph-turned");
 
-    // The left edge is the sheet's upper one, the lower edge its left one.
+    // The left edge of the graph is the upper edge of the sheet, its lower edge the
+    // left one.
     const cPrintedPage &Page = Turned.m_Pages[0];
     const cInk          Ink  = Page.Ink();
     CHECK(Page.m_Picture.Height() > Page.m_Picture.Width());
@@ -185,8 +192,8 @@ TEST_CASE("the page setup turns the graph and keeps its margins free")
     CHECK(Ink.m_nRight > Page.m_Picture.Width() - kInch * 3 / 2 - 10);
     CHECK(CountRules(Page.m_Picture, 1) == 4);
     CHECK(WordsOf(Page) == WordsOf(Upright.m_Pages[0]));
-    // The sample of the first line is as long and as wide as before, but for
-    // what falls between the pixels.
+    // The sample of the first line has kept its length and width, apart from what is
+    // lost between pixels.
     const cPicture &Before = Upright.m_Pages[0].m_Picture;
     const int       nBefore =
         CountRed(Before, {kInch, Before.Height() - 2 * kInch, 2 * kInch, Before.Height()});
@@ -200,7 +207,18 @@ TEST_CASE("the page setup turns the graph and keeps its margins free")
     Rig.m_Calculator.Click("Cancel");
 }
 
-TEST_CASE("copies of the graph are pages of one document, which can be cancelled")
+TEST_CASE("copies of the graph are pages of one document")
+{
+    cGraphRig Rig;
+    Rig.Ask();
+    FillField(&Rig.m_Calculator, kCopies, "2");
+    Rig.m_Calculator.Click("OK");
+    const cPrintedDocument Two = Rig.m_Tray.Next();
+    REQUIRE(Two.m_Pages.size() == 2);
+    CHECK(Two.m_Texts[0] == Two.m_Texts[1]);
+}
+
+TEST_CASE("the graph's Print dialog disables the calculator, and Cancel prints nothing")
 {
     cGraphRig Rig;
     Rig.Ask();
@@ -208,13 +226,12 @@ TEST_CASE("copies of the graph are pages of one document, which can be cancelled
     Rig.m_Calculator.Click("Cancel");
     CHECK(Rig.IsFree());
     CHECK(WaitFor([&] { return IsWindowEnabled(Rig.m_Calculator.Window()); }));
-    Rig.Ask();
-    FillField(&Rig.m_Calculator, kCopies, "2");
-    Rig.m_Calculator.Click("OK");
-    const cPrintedDocument Two = Rig.m_Tray.Next();
-    REQUIRE(Two.m_Pages.size() == 2);
-    CHECK(Two.m_Texts[0] == Two.m_Texts[1]);
+    CHECK(Rig.Print().m_Pages.size() == 1);
+}
 
+TEST_CASE("a printing graph can be cancelled")
+{
+    cGraphRig Rig;
     Rig.Ask();
     FillField(&Rig.m_Calculator, kCopies, "999");
     const HWND hPrint = Rig.m_Calculator.Dialog();

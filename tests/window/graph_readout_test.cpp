@@ -1,5 +1,5 @@
-// The readout of points in the graph's window, beside a search of the test's
-// own.
+// The readout of points in the graph's window, compared with a search for the
+// nearest point by the test itself.
 
 #include "tests/window/graph_window.h"
 
@@ -16,6 +16,7 @@
 #include "tests/window/input.h"
 #include "tests/window/plot_reader.h"
 #include "tests/window/waiting.h"
+#include "tests/window/window_state.h"
 #include "toolkit/win32/gdi.h"
 
 namespace
@@ -34,8 +35,8 @@ struct cPointOfSet
     double m_dPlotted;  // by multiplier and offset
 };
 
-// Three columns: the second lies upside down on the first, the third meets
-// both, and the last two rows are the same.
+// x and three columns: the second, scaled, coincides with the first, the third
+// meets both, and the last two rows are equal.
 const double kRows[][4] = {
     {0, 1, 9, 4},   {1, 2.5, 7.5, 4},   {2, 4, 6, 4},    {3, 5, 5, 5},     {4, 6, 4, 6},
     {5, 7.5, 2, 7}, {6.5, 9, 1, 1.125}, {8, 3, 7, -2.5}, {9.75, 0, 10, 3}, {9.75, 0, 10, 3},
@@ -61,7 +62,7 @@ std::string DataFile(eTitle nTitle)
     return Text;
 }
 
-// In the order of the sets, the second one scaled.
+// All points, set by set; the second set is scaled.
 std::vector<cPointOfSet> Points()
 {
     std::vector<cPointOfSet> All;
@@ -74,7 +75,7 @@ std::vector<cPointOfSet> Points()
     return All;
 }
 
-// How the readout's place looks with this text.
+// The strip of the title with this text.
 cPicture TitleStrip(int nWidth, int nHeight, const std::string &Text)
 {
     return cPicture::Drawn(nWidth, nHeight, [&](HDC hDc) {
@@ -104,9 +105,9 @@ int TextWidth(const std::string &Text)
     return Size.cx;
 }
 
-// Whether the cross-hair at At turns the pixel (x, y) round: where its two
-// lines meet it does so twice.
-bool IsTurned(POINT At, int x, int y)
+// Whether the cross-hair at At inverts the pixel (x, y). Where its two lines meet,
+// it inverts the pixel twice.
+bool IsInverted(POINT At, int x, int y)
 {
     const bool bHorz = y == At.y && abs(x - At.x) <= kReach;
     const bool bVert = x == At.x && abs(y - At.y) <= kReach;
@@ -118,11 +119,11 @@ class cReadoutRig
 public:
     explicit cReadoutRig(eTitle nTitle);
 
-    // Whether the window comes to show the point nearest to the mouse, and
-    // nothing else than before.
+    // Waits for the readout of the point nearest to the mouse, with nothing else
+    // changed; 0 if it does not appear.
     int ShowsNearest(POINT Mouse) const;
 
-    // Whether it comes to show what it did before.
+    // Waits until there is no readout; 0 if one stays.
     int ShowsNothing() const
     {
         return WaitFor([&] { return CountDifferences(PlotOnly(), m_Before) == 0; });
@@ -145,7 +146,7 @@ private:
         return ::PixelOf(m_Area, *m_pRange, Point.m_dX, Point.m_dPlotted);
     }
 
-    // Without the legend, whose selection stays.
+    // Without the legend, which keeps its selection after a readout.
     cPicture PlotOnly() const
     {
         const POINT At = m_Graph.OnPlot(0, 0);
@@ -177,18 +178,15 @@ cReadoutRig::cReadoutRig(eTitle nTitle)
 
     const cPicture Whole = m_Graph.PhotographPlot();
     Whole.Save("graph-readout-before");
-    RECT Legend = {};
-    GetWindowRect(m_Graph.Legend(), &Legend);
-    MapWindowPoints(nullptr, m_Graph.Plot(), reinterpret_cast<POINT *>(&Legend), 2);
     m_nWidth  = Whole.Width();
-    m_nHeight = Legend.top;
+    m_nHeight = RectIn(m_Graph.Plot(), m_Graph.Legend()).top;
     m_Area    = cSeenPlot(Whole).m_Rect;
     m_pRange  = std::make_unique<cSeenRange>(&m_Calculator, &m_Graph);
     m_Graph.PhotographPlot();
     m_Before = PlotOnly();
 }
 
-// Of those at the same distance the last.
+// Of several at the same distance the last one.
 cPointOfSet cReadoutRig::NearestTo(POINT Mouse) const
 {
     cPointOfSet Nearest   = {};
@@ -206,8 +204,8 @@ cPointOfSet cReadoutRig::NearestTo(POINT Mouse) const
     return Nearest;
 }
 
-// The colour of a pixel beside the readout, without its cross-hair. The text takes
-// the place of the title; without a title it stands on the plot.
+// The colour of a pixel without the cross-hair. The text replaces the title; without
+// a title it covers the plot.
 unsigned cReadoutRig::Without(int x, int y, const cPicture &Strip, int nTextWidth) const
 {
     const int nLeft   = m_nWidth / 2 - nTextWidth / 2;
@@ -217,7 +215,7 @@ unsigned cReadoutRig::Without(int x, int y, const cPicture &Strip, int nTextWidt
     return m_Before.At(x, y);
 }
 
-// Nothing but the text and the lines of the cross-hair has changed.
+// Whether only the text and the cross-hair have changed.
 int cReadoutRig::Shows(const cPicture &Seen, const std::string &Text, POINT At) const
 {
     const cPicture Strip      = TitleStrip(m_nWidth, m_nTextHeight, Text);
@@ -227,8 +225,8 @@ int cReadoutRig::Shows(const cPicture &Seen, const std::string &Text, POINT At) 
         {
             const bool bInPlot =
                 x >= m_Area.left && x < m_Area.right && y >= m_Area.top && y < m_Area.bottom;
-            const unsigned nTurn = bInPlot && IsTurned(At, x, y) ? kColour : 0;
-            if (Seen.At(x, y) != (Without(x, y, Strip, nTextWidth) ^ nTurn))
+            const unsigned nInvert = bInPlot && IsInverted(At, x, y) ? kColour : 0;
+            if (Seen.At(x, y) != (Without(x, y, Strip, nTextWidth) ^ nInvert))
                 return 0;
         }
     return 1;
@@ -251,15 +249,14 @@ int cReadoutRig::ShowsNearest(POINT Mouse) const
 
 }  // namespace
 
-TEST_CASE("wherever the mouse is, the nearest point of all sets is read out")
+TEST_CASE("the nearest point is read out in each corner of the plot, but not beside it")
 {
     cReadoutRig Rig(tiGiven);
     const RECT &Area   = Rig.m_Area;
     const LONG  nRight = Area.right - 1;
     const LONG  nLower = Area.bottom - 1;
 
-    // Pressed in each corner: left and top belong to the plot, right and
-    // bottom do not.
+    // Left and top edge belong to the plot, right and bottom edge do not.
     for (const POINT Corner :
          {POINT{Area.left, Area.top}, {nRight, Area.top}, {Area.left, nLower}, {nRight, nLower}})
     {
@@ -280,14 +277,21 @@ TEST_CASE("wherever the mouse is, the nearest point of all sets is read out")
         CHECK(Rig.ShowsNothing());
         ReleaseMouse();
     }
+}
 
-    // Moved while it is held: closer together towards the upper left corner.
+TEST_CASE("while the button is held the readout follows the mouse, also outside the plot")
+{
+    cReadoutRig Rig(tiGiven);
+    const RECT &Area   = Rig.m_Area;
+    const LONG  nRight = Area.right - 1;
+    const LONG  nLower = Area.bottom - 1;
+    // Closer together towards the upper left corner.
+    const auto Share = [](int n) { return (exp2(n) - 1) / (exp2(kPositions - 1) - 1); };
     Rig.MoveTo({Area.left, Area.top});
     PressMouse();
     for (int i = 0; i < kPositions; i++)
         for (int j = 0; j < kPositions; j++)
         {
-            const auto  Share = [](int n) { return (exp2(n) - 1) / (exp2(kPositions - 1) - 1); };
             const POINT Mouse = {Area.left + lround(Share(i) * (nRight - Area.left)),
                                  Area.top + lround(Share(j) * (nLower - Area.top))};
             CAPTURE(Mouse.x);
@@ -297,7 +301,6 @@ TEST_CASE("wherever the mouse is, the nearest point of all sets is read out")
         }
     Rig.m_Graph.Photograph().Save("graph-readout-three");
 
-    // Outside of the plot it goes on, over the frame too.
     for (const POINT Outside : {POINT{2, Area.top + 40}, {Area.right + 5, 2}, {90, -30}})
     {
         Rig.MoveTo(Outside);
@@ -307,7 +310,7 @@ TEST_CASE("wherever the mouse is, the nearest point of all sets is read out")
     CHECK(Rig.ShowsNothing());
 }
 
-TEST_CASE("without a title the readout stands in the same place, on the plot, and goes again")
+TEST_CASE("without a title the readout has the same position, over the plot, and disappears again")
 {
     cReadoutRig Rig(tiNone);
     const LONG  nMiddle = (Rig.m_Area.left + Rig.m_Area.right) / 2;

@@ -1,4 +1,4 @@
-// The graph's window in all sizes.
+// The graph's window in different sizes.
 
 #include "tests/window/graph_window.h"
 
@@ -11,6 +11,7 @@
 #include "tests/window/input.h"
 #include "tests/window/plot_reader.h"
 #include "tests/window/waiting.h"
+#include "tests/window/window_state.h"
 
 namespace
 {
@@ -21,47 +22,36 @@ struct cTicksOfSize
     unsigned m_nTicks;
 };
 
-const int kWithTitle = 40;  // pixels, of a plot in which something is seen
+const int kWithTitle = 40;  // height, in pixels, that shows at least the title
 
 // A line through the middle of the plot, so that its ends lie on no axis.
 const char *const kBend = "ExplicitX\n0 , 0\n1 , 2\n2 , 1\n4 , 4\n";
 
-POINT SizeOf(HWND hWnd)
-{
-    RECT Client = {};
-    GetClientRect(hWnd, &Client);
-    return {Client.right, Client.bottom};
-}
-
-// Gives the plot's window this size. The menu may need another line then, so
-// that it takes another try.
+// Gives the plot's window this size. A narrower menu bar may need another row,
+// which takes another try.
 void SizePlot(const cGraphWindow &Graph, int nWidth, int nHeight)
 {
     for (int nTry = 0; nTry < 5; nTry++)
     {
-        const POINT Now   = SizeOf(Graph.Plot());
-        RECT        Frame = {};
-        GetWindowRect(Graph.Window(), &Frame);
-        SetWindowPos(Graph.Window(), nullptr, 0, 0, Frame.right - Frame.left + nWidth - Now.x,
-                     Frame.bottom - Frame.top + nHeight - Now.y, SWP_NOZORDER);
+        const RECT Now   = ClientOf(Graph.Plot());
+        const SIZE Frame = SizeOf(Graph.Window());
+        SetWindowPos(Graph.Window(), nullptr, 0, 0, Frame.cx + nWidth - Now.right,
+                     Frame.cy + nHeight - Now.bottom, SWP_NOZORDER);
     }
-    const POINT Now = SizeOf(Graph.Plot());
-    REQUIRE(Now.x == nWidth);
-    REQUIRE(Now.y == nHeight);
+    REQUIRE(ClientOf(Graph.Plot()).right == nWidth);
+    REQUIRE(ClientOf(Graph.Plot()).bottom == nHeight);
 }
 
-// What the plot shows at this moment, without the legend below it.
+// The plot at this moment, without the legend below it.
 cPicture LookAboveLegend(const cGraphWindow &Graph)
 {
-    RECT Plot   = {};
-    RECT Legend = {};
-    GetWindowRect(Graph.Plot(), &Plot);
-    GetWindowRect(Graph.Legend(), &Legend);
+    const RECT Plot   = RectOf(Graph.Plot());
+    const RECT Legend = RectOf(Graph.Legend());
     return cPicture::OfScreen({Plot.left, Plot.top, Plot.right, std::max(Plot.top, Legend.top)});
 }
 
-// Whether automatic range and picture have so many ticks in this size. 0 ticks
-// are not looked at.
+// In this size the automatic range and the picture have the expected ticks. An axis
+// with 0 ticks is not checked.
 void CheckTicks(cCalculator *pCalculator, cGraphWindow *pGraph, const cTicksOfSize &Width,
                 const cTicksOfSize &Height)
 {
@@ -85,55 +75,51 @@ void CheckTicks(cCalculator *pCalculator, cGraphWindow *pGraph, const cTicksOfSi
 
 }  // namespace
 
-TEST_CASE("just below and at each threshold of its size the plot has the ticks that it should")
+TEST_CASE("the plot has the ticks of its size, just below each threshold and at it")
 {
-    static const cTicksOfSize s_Widths[]        = {{199, 2}, {200, 3}, {299, 3}, {300, 4},
-                                                   {449, 4}, {450, 5}, {549, 5}, {550, 6},
-                                                   {649, 6}, {650, 7}, {799, 7}, {800, 8}};
-    static const cTicksOfSize s_Heights[]       = {{149, 2}, {150, 3}, {249, 3}, {250, 4}, {299, 4},
-                                                   {300, 5}, {399, 5}, {400, 6}, {499, 6}, {500, 11}};
-    static const cTicksOfSize s_WithoutLegend[] = {{99, 2},  {100, 3}, {199, 3}, {200, 4},
-                                                   {249, 4}, {250, 5}, {349, 5}, {350, 6},
-                                                   {499, 6}, {500, 11}};
+    static const cTicksOfSize s_Widths[]  = {{199, 2}, {200, 3}, {299, 3}, {300, 4},
+                                             {449, 4}, {450, 5}, {549, 5}, {550, 6},
+                                             {649, 6}, {650, 7}, {799, 7}, {800, 8}};
+    static const cTicksOfSize s_Heights[] = {{149, 2}, {150, 3}, {249, 3}, {250, 4}, {299, 4},
+                                             {300, 5}, {399, 5}, {400, 6}, {499, 6}, {500, 11}};
     cCalculator               Calculator;
     cGraphWindow              Graph(&Calculator);
     Graph.Open("bend.txt", kBend);
-
     for (size_t i = 0; i < std::size(s_Widths); i++)
         CheckTicks(&Calculator, &Graph, s_Widths[i],
                    i < std::size(s_Heights) ? s_Heights[i] : cTicksOfSize{480, 0});
+}
+
+TEST_CASE("without the legend lower windows have more ticks, which a resize does not change")
+{
+    static const cTicksOfSize s_Heights[] = {{99, 2},  {100, 3}, {199, 3}, {200, 4}, {249, 4},
+                                             {250, 5}, {349, 5}, {350, 6}, {499, 6}, {500, 11}};
+    cCalculator               Calculator;
+    cGraphWindow              Graph(&Calculator);
+    Graph.Open("bend.txt", kBend);
     Graph.Choose(gmView, IDM_LEGEND);
-    for (const cTicksOfSize &Height : s_WithoutLegend)
+    for (const cTicksOfSize &Height : s_Heights)
         CheckTicks(&Calculator, &Graph, {420, 0}, Height);
     Graph.Photograph().Save("graph-eleven-ticks");
 
-    // A resize alone does not change them.
     SizePlot(Graph, 420, 120);
     CHECK(cSeenRange(&Calculator, &Graph).m_nVertTicks == 11);
 }
 
-TEST_CASE(
-    "while the window is dragged from the smallest to the whole screen the plot is never empty")
+// Drags the corner of the window to the opposite corner of the screen. Returns how
+// often the plot was seen without a single pixel of ink.
+static int DragToFullScreen(const cCalculator &Calculator, const cGraphWindow &Graph)
 {
-    cCalculator  Calculator;
-    cGraphWindow Graph(&Calculator);
-    Graph.Open("bend.txt", kBend);
-    SetWindowPos(Graph.Window(), HWND_TOP, 0, 0, 1, 1, 0);
-    Graph.PhotographPlot();
-    RECT Smallest = {};
-    GetWindowRect(Graph.Window(), &Smallest);
-
-    const POINT At    = FramePoint(Graph.Window(), HTBOTTOMRIGHT);
-    const int   nLast = 20;
+    const int   nSteps = 20;
+    const POINT At     = FramePoint(Graph.Window(), HTBOTTOMRIGHT);
+    int         nEmpty = 0;
     MoveMouse(At);
     Calculator.Settle();
     PressMouse();
     Calculator.Settle();
-    int nEmpty = 0;
-    for (int i = 1; i <= nLast; i++)
+    for (int i = 1; i <= nSteps; i++)
     {
-        const POINT To = {At.x + (1275 - At.x) * i / nLast, At.y + (1015 - At.y) * i / nLast};
-        MoveMouse(To);
+        MoveMouse({At.x + (1275 - At.x) * i / nSteps, At.y + (1015 - At.y) * i / nSteps});
         for (int nLook = 0; nLook < 4; nLook++)
         {
             const cPicture Seen = LookAboveLegend(Graph);
@@ -141,16 +127,27 @@ TEST_CASE(
         }
         Calculator.Settle();
     }
-    CHECK(nEmpty == 0);
-    RECT Largest = {};
-    GetWindowRect(Graph.Window(), &Largest);
-    CHECK(Largest.right - Smallest.right > 1000);
-    CHECK(Largest.bottom - Smallest.bottom > 800);
     ReleaseMouse();
     Calculator.Settle();
+    return nEmpty;
+}
+
+TEST_CASE("the plot is never empty while the window is dragged from its least size to the screen's")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("bend.txt", kBend);
+    SetWindowPos(Graph.Window(), HWND_TOP, 0, 0, 1, 1, 0);
+    Graph.PhotographPlot();
+    const RECT Smallest = RectOf(Graph.Window());
+
+    CHECK(DragToFullScreen(Calculator, Graph) == 0);
+
+    CHECK(RectOf(Graph.Window()).right - Smallest.right > 1000);
+    CHECK(RectOf(Graph.Window()).bottom - Smallest.bottom > 800);
     Graph.Photograph().Save("graph-dragged");
 
-    // Painted as it would have been in this size from the beginning.
+    // A complete repaint shows the same.
     const cPicture Dragged = Graph.PhotographPlot();
     Graph.Choose(gmView, IDM_GRID);
     CHECK(CountDifferences(Dragged, Graph.PhotographPlot()) > 0);

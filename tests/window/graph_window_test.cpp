@@ -1,5 +1,5 @@
-// The graph's window as a person works it: with the calculator, and by its own
-// menus and mouse.
+// The graph's window: shown by the calculator and by programs, driven with its own
+// menus and the mouse.
 
 #include "tests/window/graph_window.h"
 
@@ -7,29 +7,51 @@
 
 #include "tests/window/common_steps.h"
 #include "tests/window/input.h"
+#include "tests/window/keys.h"
 #include "tests/window/menus.h"
 #include "tests/window/plot_reader.h"
+#include "tests/window/shared_rig.h"
 #include "tests/window/waiting.h"
+#include "tests/window/window_state.h"
 
 namespace
 {
 
 const unsigned kWhite = 0xFFFFFF;
 
-RECT PlaceInPlot(const cGraphWindow &Graph, HWND hChild)
+// A diagonal from one corner of the range to the other.
+const char *const kDiagonal = "ExplicitX\n0 , 0\n1 , 1\n2 , 2\n3 , 3\n4 , 4\n";
+
+// A graph with the diagonal. Tests that share it leave data and view as they are.
+struct cDiagonalRig
 {
-    RECT Rect = {};
-    GetWindowRect(hChild, &Rect);
-    MapWindowPoints(nullptr, Graph.Plot(), reinterpret_cast<POINT *>(&Rect), 2);
-    return Rect;
+    cDiagonalRig() : m_Graph(&m_Calculator) { m_Graph.Open("diagonal.txt", kDiagonal); }
+
+    int IsAsNew() const
+    {
+        return m_Calculator.IsRunning() && !m_Calculator.HasDialog() && m_Graph.Count() == 1 &&
+               m_Graph.SelectedRow() == LB_ERR && IsWindowVisible(m_Graph.Window());
+    }
+
+    cCalculator  m_Calculator;
+    cGraphWindow m_Graph;
+};
+
+// Opens a listing of the examples, which draws a graph.
+void OpenWaves(cCalculator *pCalculator)
+{
+    pCalculator->Choose(mnFile, IDM_OPEN);
+    pCalculator->GiveFileName(FullPath(VORSTEK_EXAMPLES "/waves.txt"));
 }
 
-// A diagonal from corner to corner of a range that is fixed by its ends.
-const char *const kDiagonal = "ExplicitX\n0 , 0\n1 , 1\n2 , 2\n3 , 3\n4 , 4\n";
+int RowHeightOf(HWND hLegend)
+{
+    return static_cast<int>(SendMessageA(hLegend, LB_GETITEMHEIGHT, 0, 0));
+}
 
 }  // namespace
 
-TEST_CASE("the graph comes and goes with its menu item and keeps its data")
+TEST_CASE("the graph is shown and hidden with its menu items and its key, and keeps its data")
 {
     cCalculator Calculator;
     CHECK((Calculator.MenuState(IDM_GRAPH) & MF_CHECKED) == 0);
@@ -42,7 +64,7 @@ TEST_CASE("the graph comes and goes with its menu item and keeps its data")
 
     SUBCASE("by the calculator's menu")
     {
-        Calculator.Choose(2, IDM_GRAPH);
+        Calculator.Choose(mnView, IDM_GRAPH);
     }
     SUBCASE("by its own menu")
     {
@@ -57,22 +79,18 @@ TEST_CASE("the graph comes and goes with its menu item and keeps its data")
     CHECK(Eventually(UINT{MF_UNCHECKED},
                      [&] { return Calculator.MenuState(IDM_GRAPH) & MF_CHECKED; }) == MF_UNCHECKED);
 
-    Calculator.Choose(2, IDM_GRAPH);
+    Calculator.Choose(mnView, IDM_GRAPH);
     CHECK(Eventually(TRUE, [&] { return IsWindowVisible(Graph.Window()); }) == TRUE);
     CHECK(Graph.Count() == 1);
 }
 
-TEST_CASE("a program that draws shows the graph, point by point and as a whole alike")
+TEST_CASE("a program that draws shows the graph, which a repaint does not change")
 {
     cCalculator Calculator;
-    Calculator.Choose(0, IDM_OPEN);
-    Calculator.GiveFileName(FullPath(VORSTEK_EXAMPLES "/waves.txt"));
-    Calculator.HitKey(30);
+    OpenWaves(&Calculator);
+    Calculator.HitKey(kKeyRunStop);
     cGraphWindow Graph(&Calculator);
-    REQUIRE(WaitFor([&] {
-        Calculator.Settle();
-        return (Calculator.MenuState(IDM_OPEN) & MF_GRAYED) == 0;
-    }));
+    REQUIRE(HasHalted(Calculator));
     const cPicture Drawn = Graph.PhotographPlot();
     Drawn.Save("graph-waves");
     InvalidateRect(Graph.Plot(), nullptr, TRUE);
@@ -87,18 +105,14 @@ TEST_CASE("a program that draws leaves a minimised graph minimised")
 {
     const auto Drawn = [](int bMinimised) {
         cCalculator Calculator;
-        Calculator.Choose(0, IDM_OPEN);
-        Calculator.GiveFileName(FullPath(VORSTEK_EXAMPLES "/waves.txt"));
+        OpenWaves(&Calculator);
         cGraphWindow Graph(&Calculator);
         if (bMinimised)
             ShowWindow(Graph.Window(), SW_MINIMIZE);
         REQUIRE(WaitFor([&] { return IsIconic(Graph.Window()) == bMinimised; }));
-        Calculator.HitKey(30);
+        Calculator.HitKey(kKeyRunStop);
         REQUIRE(WaitFor([&] { return Graph.Count() > 0; }));
-        REQUIRE(WaitFor([&] {
-            Calculator.Settle();
-            return (Calculator.MenuState(IDM_OPEN) & MF_GRAYED) == 0;
-        }));
+        REQUIRE(HasHalted(Calculator));
         CHECK(IsIconic(Graph.Window()) == bMinimised);
         ShowWindow(Graph.Window(), SW_RESTORE);
         return Graph.PhotographPlot();
@@ -114,8 +128,7 @@ TEST_CASE("the point nearest to the mouse is read out while the button is held")
     REQUIRE(Graph.Count() == 2);
     const cPicture Before = Graph.Photograph();
 
-    RECT Client = {};
-    GetClientRect(Graph.Plot(), &Client);
+    const RECT Client = ClientOf(Graph.Plot());
     MoveMouse(Graph.OnPlot(Client.right / 2, Client.bottom / 8));
     PressMouse();
     Calculator.Settle();
@@ -140,9 +153,7 @@ TEST_CASE("of two sets with a point at the same pixel the later one is read out"
     cCalculator  Calculator;
     cGraphWindow Graph(&Calculator);
     Graph.Open("same.txt", "ImplicitX\n1 , 1\n2 , 2\n3 , 3\n");
-    RECT Client = {};
-    GetClientRect(Graph.Plot(), &Client);
-    MoveMouse(Graph.OnPlot(Client.right / 2, Client.bottom / 2));
+    MoveMouse(Graph.MiddleOfPlot());
     PressMouse();
     Calculator.Settle();
     CHECK(Graph.SelectedRow() == 1);
@@ -150,14 +161,13 @@ TEST_CASE("of two sets with a point at the same pixel the later one is read out"
     Calculator.Settle();
 }
 
-TEST_CASE("what is painted anew under a readout keeps its cross-hair and its text")
+TEST_CASE("a repaint of any part keeps the cross-hair and the text of a readout")
 {
     cCalculator  Calculator;
     cGraphWindow Graph(&Calculator);
     Graph.Open("diagonal.txt", kDiagonal);
-    RECT Client = {};
-    GetClientRect(Graph.Plot(), &Client);
-    MoveMouse(Graph.OnPlot(Client.right / 2, Client.bottom / 2));
+    const RECT Client = ClientOf(Graph.Plot());
+    MoveMouse(Graph.MiddleOfPlot());
     PressMouse();
     Calculator.Settle();
     const cPicture Shown = Graph.Photograph();
@@ -181,9 +191,8 @@ TEST_CASE("nothing is read out without data or beside the plot")
     cCalculator    Calculator;
     cGraphWindow   Graph(&Calculator);
     const cPicture Empty  = Graph.Photograph();
-    RECT           Client = {};
-    GetClientRect(Graph.Plot(), &Client);
-    MoveMouse(Graph.OnPlot(Client.right / 2, Client.bottom / 2));
+    const RECT     Client = ClientOf(Graph.Plot());
+    MoveMouse(Graph.MiddleOfPlot());
     PressMouse();
     Calculator.Settle();
     CHECK(CountDifferences(Empty, Graph.Photograph()) == 0);
@@ -206,25 +215,22 @@ TEST_CASE("the border of the legend is dragged to each number of rows")
     cGraphWindow Graph(&Calculator);
     Graph.Open("six.txt", "ImplicitX\n1,2,3,4,5,6\n2,3,4,5,6,7\n");
     REQUIRE(Graph.Count() == 6);
-    const int nRow  = static_cast<int>(SendMessageA(Graph.Legend(), LB_GETITEMHEIGHT, 0, 0));
-    RECT      Inner = {};
-    GetClientRect(Graph.Legend(), &Inner);
-    CHECK(Inner.bottom == 4 * nRow);
+    const int nRow = RowHeightOf(Graph.Legend());
+    CHECK(ClientOf(Graph.Legend()).bottom == 4 * nRow);
 
     for (const int nWanted : {5, 6, 3, 2, 1, 4})
     {
-        RECT Place = PlaceInPlot(Graph, Graph.Legend());
+        const LONG nInside = ClientOf(Graph.Legend()).bottom;
+        const RECT Place   = RectIn(Graph.Plot(), Graph.Legend());
         MoveMouse(Graph.OnPlot(100, Place.top - 1));
         PressMouse();
         Calculator.Settle();
-        const int nTop = Place.bottom - (Place.bottom - Place.top - Inner.bottom) - nWanted * nRow;
-        MoveMouse(Graph.OnPlot(100, nTop));
+        MoveMouse(Graph.OnPlot(100, Place.top + nInside - nWanted * nRow));
         Calculator.Settle();
-        GetClientRect(Graph.Legend(), &Inner);
-        CHECK(Inner.bottom == nWanted * nRow);
+        CHECK(ClientOf(Graph.Legend()).bottom == nWanted * nRow);
         POINT Pointer = {};
         GetCursorPos(&Pointer);
-        CHECK(Pointer.y == Graph.OnPlot(0, PlaceInPlot(Graph, Graph.Legend()).top).y);
+        CHECK(Pointer.y == RectOf(Graph.Legend()).top);
         ReleaseMouse();
         Calculator.Settle();
         Graph.Photograph();
@@ -232,15 +238,14 @@ TEST_CASE("the border of the legend is dragged to each number of rows")
     Graph.Photograph().Save("graph-legend");
 }
 
-TEST_CASE("over the border of the legend the pointer tells that it can be dragged")
+TEST_CASE("over the border of the legend the pointer shows that it can be dragged")
 {
-    cCalculator  Calculator;
-    cGraphWindow Graph(&Calculator);
-    Graph.Open("diagonal.txt", kDiagonal);
-    const int  nTop    = PlaceInPlot(Graph, Graph.Legend()).top;
-    const auto Becomes = [&](int nAbove, UINT nCursor) {
+    cDiagonalRig       &Rig     = Shared<cDiagonalRig>();
+    const cGraphWindow &Graph   = Rig.m_Graph;
+    const LONG          nTop    = RectIn(Graph.Plot(), Graph.Legend()).top;
+    const auto          Becomes = [&](int nAbove, UINT nCursor) {
         MoveMouse(Graph.OnPlot(100, nTop - nAbove));
-        Calculator.Settle();
+        Rig.m_Calculator.Settle();
         return cProbeLink::Current()->AskWindow(Graph.Plot(), pbCursor, nCursor).m_nValue;
     };
     const UINT kArrow  = 32512;
@@ -251,92 +256,102 @@ TEST_CASE("over the border of the legend the pointer tells that it can be dragge
     CHECK(Becomes(20, kArrow));
 }
 
-TEST_CASE("a label that is longer than the legend is wide leaves the rows in their places")
+TEST_CASE("a label wider than the legend does not change the height of its rows")
 {
     cCalculator       Calculator;
     cGraphWindow      Graph(&Calculator);
     const std::string Long = std::string(79, 'W');
     Graph.Open("long.txt", "ImplicitX\nSetLabels \"" + Long + "\"\n1\n2\n");
-    const int nRow  = static_cast<int>(SendMessageA(Graph.Legend(), LB_GETITEMHEIGHT, 0, 0));
-    RECT      Inner = {};
-    GetClientRect(Graph.Legend(), &Inner);
-    CHECK(Inner.bottom == nRow);
+    const int nRow = RowHeightOf(Graph.Legend());
+    CHECK(ClientOf(Graph.Legend()).bottom == nRow);
     Graph.Photograph().Save("graph-long-label");
 }
 
-TEST_CASE("legend, grid and status bar are switched, and both menus tell")
+TEST_CASE("the legend is hidden and shown, and the menu has its mark")
 {
-    cCalculator  Calculator;
-    cGraphWindow Graph(&Calculator);
-    Graph.Open("diagonal.txt", kDiagonal);
-    CHECK((Graph.MenuState(IDM_LEGEND) & MF_CHECKED) != 0);
-    CHECK((Graph.MenuState(IDM_GRID) & MF_CHECKED) == 0);
-    CHECK((Graph.MenuState(IDM_GRAPH_STATUS_BAR) & MF_CHECKED) != 0);
-    CHECK((Graph.MenuState(IDM_AUTO_RANGE) & MF_CHECKED) != 0);
-    const cPicture NoGrid = Graph.PhotographPlot();
-
+    cGraphWindow &Graph = Shared<cDiagonalRig>().m_Graph;
+    CHECK(Graph.IsTicked(IDM_LEGEND));
     Graph.Choose(gmView, IDM_LEGEND);
-    CHECK((Graph.MenuState(IDM_LEGEND) & MF_CHECKED) == 0);
+    CHECK_FALSE(Graph.IsTicked(IDM_LEGEND));
     Graph.Photograph().Save("graph-no-legend");
     CHECK_FALSE(IsWindowVisible(Graph.Legend()));
     Graph.Choose(gmView, IDM_LEGEND);
-    CHECK((Graph.MenuState(IDM_LEGEND) & MF_CHECKED) != 0);
+    CHECK(Graph.IsTicked(IDM_LEGEND));
     Graph.Photograph();
     CHECK(IsWindowVisible(Graph.Legend()));
-
-    Graph.Choose(gmView, IDM_GRID);
-    CHECK((Graph.MenuState(IDM_GRID) & MF_CHECKED) != 0);
-
-    // Lines of one direction are a grid too, and go with it.
-    Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
-    ClickMiddleOf(Graph.Field(IDC_HORZ_GRID));
-    Calculator.Click("OK");
-    CHECK((Graph.MenuState(IDM_GRID) & MF_CHECKED) != 0);
-    Graph.Choose(gmView, IDM_GRID);
-    CHECK((Graph.MenuState(IDM_GRID) & MF_CHECKED) == 0);
-    CHECK(CountDifferences(NoGrid, Graph.PhotographPlot()) == 0);
-
-    RECT Before = {};
-    RECT After  = {};
-    GetClientRect(Graph.Plot(), &Before);
-    Graph.Choose(gmView, IDM_GRAPH_STATUS_BAR);
-    CHECK((Graph.MenuState(IDM_GRAPH_STATUS_BAR) & MF_CHECKED) == 0);
-    GetClientRect(Graph.Plot(), &After);
-    CHECK(After.bottom > Before.bottom);
-    Graph.Photograph().Save("graph-no-status-bar");
 }
 
-TEST_CASE("data files are opened, appended and saved, and a bad one changes nothing")
+TEST_CASE("Grid hides a grid of one direction as well")
 {
-    cCalculator  Calculator;
-    cGraphWindow Graph(&Calculator);
-    CHECK(Graph.StatusText() == "filename: UNTITLED");
+    cDiagonalRig  Rig;
+    cGraphWindow &Graph = Rig.m_Graph;
+    CHECK_FALSE(Graph.IsTicked(IDM_GRID));
+    CHECK(Graph.IsTicked(IDM_AUTO_RANGE));
+    const cPicture NoGrid = Graph.PhotographPlot();
+    Graph.Choose(gmView, IDM_GRID);
+    CHECK(Graph.IsTicked(IDM_GRID));
 
-    Graph.Choose(gmFile, IDM_GRAPH_SAVE);
-    CHECK(Calculator.Answers("There is no data to save", "OK"));
+    Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
+    ClickMiddleOf(Graph.Field(IDC_HORZ_GRID));
+    Rig.m_Calculator.Click("OK");
+    CHECK(Graph.IsTicked(IDM_GRID));
+    Graph.Choose(gmView, IDM_GRID);
+    CHECK_FALSE(Graph.IsTicked(IDM_GRID));
+    CHECK(CountDifferences(NoGrid, Graph.PhotographPlot()) == 0);
+}
 
-    Graph.Open("diagonal.txt", kDiagonal);
-    CHECK(Graph.StatusText() == "filename: " + Calculator.Path("diagonal.txt"));
-    const cPicture Shown = Graph.Photograph();
+TEST_CASE("without the status bar the plot is higher")
+{
+    cGraphWindow &Graph   = Shared<cDiagonalRig>().m_Graph;
+    const LONG    nBefore = ClientOf(Graph.Plot()).bottom;
+    CHECK(Graph.IsTicked(IDM_GRAPH_STATUS_BAR));
+    Graph.Choose(gmView, IDM_GRAPH_STATUS_BAR);
+    CHECK_FALSE(Graph.IsTicked(IDM_GRAPH_STATUS_BAR));
+    CHECK(ClientOf(Graph.Plot()).bottom > nBefore);
+    Graph.Photograph().Save("graph-no-status-bar");
+    Graph.Choose(gmView, IDM_GRAPH_STATUS_BAR);
+}
 
+TEST_CASE("a bad data file and a cancelled dialog leave the graph as it was")
+{
+    cDiagonalRig     &Rig        = Shared<cDiagonalRig>();
+    cCalculator      &Calculator = Rig.m_Calculator;
+    cGraphWindow     &Graph      = Rig.m_Graph;
+    const std::string Status     = "filename: " + Calculator.Path("diagonal.txt");
+    const cPicture    Shown      = Graph.Photograph();
+    CHECK(Graph.StatusText() == Status);
     Calculator.Folder().Write("bad.txt", "ExplicitX\n");
     Graph.Choose(gmFile, IDM_GRAPH_OPEN);
     Calculator.GiveFileName(Calculator.Path("bad.txt"));
     CHECK(Calculator.Answers("Could not read the file:\n " + Calculator.Path("bad.txt"), "OK"));
     CHECK(Graph.Count() == 1);
-    CHECK(Graph.StatusText() == "filename: " + Calculator.Path("diagonal.txt"));
+    CHECK(Graph.StatusText() == Status);
 
     Graph.Choose(gmFile, IDM_GRAPH_OPEN);
     REQUIRE(Calculator.Dialog());
     HitKey(VK_ESCAPE);
-    CHECK(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
+    CHECK(Calculator.HasNoDialog());
     CHECK(CountDifferences(Shown, Graph.Photograph()) == 0);
+}
 
-    Graph.Choose(gmFile, IDM_GRAPH_SAVE_AS);
-    const std::string Proposed = "diagonal.txt";  // in its folder
-    CHECK(Eventually(Proposed, [&] { return Calculator.ProposedFileName(); }) == Proposed);
-    Graph.Escape();
+TEST_CASE("Save As proposes the name of the data file, in its folder")
+{
+    cDiagonalRig     &Rig      = Shared<cDiagonalRig>();
+    const std::string Proposed = "diagonal.txt";
+    Rig.m_Graph.Choose(gmFile, IDM_GRAPH_SAVE_AS);
+    CHECK(Eventually(Proposed, [&] { return Rig.m_Calculator.ProposedFileName(); }) == Proposed);
+    Rig.m_Graph.Escape();
+}
 
+TEST_CASE("Append keeps the file name, New forgets it; without data there is nothing to save")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    CHECK(Graph.StatusText() == "filename: UNTITLED");
+    Graph.Choose(gmFile, IDM_GRAPH_SAVE);
+    CHECK(Calculator.Answers("There is no data to save", "OK"));
+
+    Graph.Open("diagonal.txt", kDiagonal);
     Calculator.Folder().Write("more.txt", "ImplicitX\n7\n8\n");
     Graph.Choose(gmFile, IDM_GRAPH_APPEND);
     Calculator.GiveFileName(Calculator.Path("more.txt"));
@@ -348,18 +363,18 @@ TEST_CASE("data files are opened, appended and saved, and a bad one changes noth
     CHECK(Graph.StatusText() == "filename: UNTITLED");
 }
 
-TEST_CASE("while a program runs the graph can be looked at, not changed")
+TEST_CASE("while a program runs the graph can be read, but not changed")
 {
     cCalculator  Calculator;
     cGraphWindow Graph(&Calculator);
     Graph.Open("diagonal.txt", kDiagonal);
     Calculator.Folder().Write("loop.txt", "LBL 1\nSumG\nISZ\nGTO 1\n");
-    Calculator.Choose(0, IDM_OPEN);
+    Calculator.Choose(mnFile, IDM_OPEN);
     Calculator.GiveFileName(Calculator.Path("loop.txt"));
     Calculator.Folder().Write("still.txt", "LBL 1\nGTO 1\n");
-    Calculator.Choose(0, IDM_OPEN);
+    Calculator.Choose(mnFile, IDM_OPEN);
     Calculator.GiveFileName(Calculator.Path("still.txt"));
-    Calculator.HitKey(30);
+    Calculator.HitKey(kKeyRunStop);
 
     for (const unsigned nId :
          {IDM_GRAPH_NEW, IDM_GRAPH_OPEN, IDM_GRAPH_APPEND, IDM_ENTER_Y, IDM_ENTER_XY,
@@ -372,24 +387,21 @@ TEST_CASE("while a program runs the graph can be looked at, not changed")
     }
     CHECK(Graph.Count() == 1);
     Graph.Choose(gmView, IDM_GRID);
-    CHECK((Graph.MenuState(IDM_GRID) & MF_CHECKED) != 0);
-    RECT Client = {};
-    GetClientRect(Graph.Plot(), &Client);
-    MoveMouse(Graph.OnPlot(Client.right / 2, Client.bottom / 2));
+    CHECK(Graph.IsTicked(IDM_GRID));
+    MoveMouse(Graph.MiddleOfPlot());
     PressMouse();
     CHECK(Eventually(0, [&] { return Graph.SelectedRow(); }) == 0);
     ReleaseMouse();
     CHECK((Calculator.MenuState(IDM_OPEN) & MF_GRAYED) != 0);
 }
 
-TEST_CASE("the context menu does what the menu bar does")
+TEST_CASE("the context menu has the mark and the commands of the menu bar")
 {
     cCalculator  Calculator;
     cGraphWindow Graph(&Calculator);
     Graph.Open("diagonal.txt", kDiagonal);
-    RECT Client = {};
-    GetClientRect(Graph.Plot(), &Client);
-    const POINT At = Graph.OnPlot(Client.right / 3, Client.bottom / 3);
+    const RECT  Client = ClientOf(Graph.Plot());
+    const POINT At     = Graph.OnPlot(Client.right / 3, Client.bottom / 3);
     Click(At, mbRight);
     WaitForMenu();
     Calculator.PhotographScreen().Save("graph-context");
@@ -410,7 +422,7 @@ TEST_CASE("the context menu does what the menu bar does")
     const cSeenBox Box = Calculator.Box();
     CHECK(Box.m_Caption == "Reformat Plot");
     HitKey(VK_ESCAPE);
-    CHECK(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
+    CHECK(Calculator.HasNoDialog());
 }
 
 TEST_CASE("a file name of 300 characters is refused by each file dialog, and nothing is lost")
@@ -429,14 +441,14 @@ TEST_CASE("a file name of 300 characters is refused by each file dialog, and not
         Calculator.GiveFileName(std::string(300, 'n'));
         CHECK(Calculator.Answers(kNameTooLong, "OK"));
         Graph.Escape();
-        CHECK(Eventually(0, [&] { return Calculator.HasDialog(); }) == 0);
+        CHECK(Calculator.HasNoDialog());
         CHECK(Graph.StatusText() == "filename: " + Calculator.Path("diagonal.txt"));
         CHECK(CountDifferences(Shown, Graph.Photograph()) == 0);
     }
     CHECK(Calculator.Folder().Count() == 2);
 }
 
-TEST_CASE("the window is resized from the smallest to the whole screen")
+TEST_CASE("the window is resized from the least size to the full screen")
 {
     cCalculator  Calculator;
     cGraphWindow Graph(&Calculator);
