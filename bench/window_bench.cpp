@@ -1,6 +1,6 @@
-// window_bench.cpp - how fast the graph's window is: a program that draws,
-// beside the same program in the console; painting; the readout. Prints one
-// line per figure: a name, the value, its unit and what is aimed at.
+// window_bench.cpp - the speed of the graph's window: a program that draws, compared
+// with the same program in the console, painting and the readout. Prints one line per
+// figure: name, value, unit and target.
 
 #include "tests/window/graph_window.h"
 
@@ -16,18 +16,18 @@
 #include "graph/win32/vantor.h"
 #include "tests/unit/recording_boxes.h"
 #include "tests/window/common_steps.h"
+#include "tests/window/keys.h"
 #include "tests/window/waiting.h"
 
 namespace
 {
 
-const int      kRounds     = 5;
-const uint32_t kPoints     = 12800;  // of a set that is full
-const unsigned kKeyRunStop = 30;
+const int      kRounds = 5;
+const uint32_t kPoints = 12800;  // of a full set
 
-void Print(const char *szName, double dValue, const char *szUnit, const char *szAim)
+void Print(const char *szName, double dValue, const char *szUnit, const char *szTarget)
 {
-    printf("%s|%.1f|%s|%s\n", szName, dValue, szUnit, szAim);
+    printf("%s|%.1f|%s|%s\n", szName, dValue, szUnit, szTarget);
     fflush(stdout);
 }
 
@@ -40,10 +40,10 @@ double Now()
     return static_cast<double>(Count.QuadPart) / static_cast<double>(PerSecond.QuadPart);
 }
 
-template <class cDeed> double Seconds(cDeed Deed)
+template <class cStep> double Seconds(cStep Step)
 {
     const double dStart = Now();
-    Deed();
+    Step();
     return Now() - dStart;
 }
 
@@ -53,11 +53,11 @@ double Median(std::vector<double> Values)
     return Values[Values.size() / 2];
 }
 
-template <class cDeed> double MedianSeconds(cDeed Deed)
+template <class cStep> double MedianSeconds(cStep Step)
 {
     std::vector<double> Times;
     for (int i = 0; i < kRounds; i++)
-        Times.push_back(Seconds(Deed));
+        Times.push_back(Seconds(Step));
     return Median(Times);
 }
 
@@ -68,7 +68,7 @@ void HandleWaitingMessages()
         DispatchMessageA(&Message);
 }
 
-// The graph alone, 640 by 480, with sets of as many points as a program draws.
+// The graph alone, 640 by 480 pixels, with full data sets.
 struct cGraphRig
 {
     explicit cGraphRig(int nSets, const cVantorLineFormat &Format = {}, float fNoise = 0.0F)
@@ -94,7 +94,7 @@ struct cGraphRig
         REQUIRE(m_Graph.Box()->AddDataSet(kPoints, X.data(), Y.data(), &Format));
     }
 
-    // All of it, as after a change of the settings.
+    // A complete repaint, as after a change of the settings.
     void Repaint()
     {
         m_Graph.Box()->AutoRange();
@@ -106,8 +106,8 @@ struct cGraphRig
     cVantor         m_Graph{&m_Boxes, nullptr};
 };
 
-// Fill a set: with an x that grows from point to point, so that all is painted
-// anew, and with points that stay within the range.
+// Both fill a data set: one with a growing x, so that each point repaints the graph,
+// the other with points that stay within the range.
 const char kGrowing[] = "12800\r\nSTO 0\r\nClearG\r\n0\r\nSTO 1\r\nLBL 1\r\n1\r\nSTO+ 1\r\n"
                         "RCL 1\r\nsin\r\nRCL 1\r\nSumG\r\nDSZ\r\nGTO 1\r\nR/S\r\n";
 const char kStaying[] = "12800\r\nSTO 0\r\nClearG\r\n0\r\nSTO 1\r\nLBL 1\r\n1\r\nSTO+ 1\r\n"
@@ -135,15 +135,15 @@ void RunConsole(const cCalculator &Calculator)
     REQUIRE(dwExit == 0);
 }
 
-// From its first line until the calculator may open another.
+// Runs the program from the current line until it halts.
 void RunWindow(cCalculator *pCalculator)
 {
     pCalculator->HitKey(kKeyRunStop);
     REQUIRE(WaitFor([=] { return (pCalculator->MenuState(IDM_OPEN) & MF_GRAYED) == 0; }));
 }
 
-// The program in window and console in turn, so that a machine that grows slow
-// slows both.
+// Runs the program in window and console in turn, so that a change in the speed of the
+// machine affects both.
 void CompareRuns(const char *szName, const char *szProgram, const char *szLastX)
 {
     cCalculator Calculator;
@@ -153,7 +153,7 @@ void CompareRuns(const char *szName, const char *szProgram, const char *szLastX)
     std::vector<double> Beyond;
     for (int i = 0; i < kRounds; i++)
     {
-        Calculator.HitKeys({3, 29, 28, 28, 14});  // GTO . 0 0, CLX
+        Calculator.HitKeys({kKeyGoTo, kKeyPoint, kKey0, kKey0, kKeyClearX});
         Console.push_back(Seconds([&] { RunConsole(Calculator); }));
         Window.push_back(Seconds([&] { RunWindow(&Calculator); }));
         Beyond.push_back(Window.back() - Console.back());
@@ -182,7 +182,7 @@ TEST_CASE("a full repaint")
         uint32_t    m_nWidth;
         uint32_t    m_nStyle;
         float       m_fNoise;
-        const char *m_szAim;
+        const char *m_szTarget;
     } s_Rows[] = {
         {"20 sets of 12,800 points repainted", gtPlot, 1, 0, 0.0F, "100 at most"},
         {"the same, noise", gtPlot, 1, 0, 0.01F, ""},
@@ -195,7 +195,7 @@ TEST_CASE("a full repaint")
     for (const auto &Row : s_Rows)
     {
         cGraphRig Rig(20, {Row.m_nType, 0, Row.m_nWidth, Row.m_nStyle, nullptr}, Row.m_fNoise);
-        Print(Row.m_szName, 1000 * MedianSeconds([&] { Rig.Repaint(); }), "ms", Row.m_szAim);
+        Print(Row.m_szName, 1000 * MedianSeconds([&] { Rig.Repaint(); }), "ms", Row.m_szTarget);
     }
 }
 
