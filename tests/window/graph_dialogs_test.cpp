@@ -46,7 +46,7 @@ struct cTwoLinesRig
 
 static const char *const kLineMessage = "ERROR: your \"Line #\" value produced an error";
 
-static const unsigned kBlue   = 0xFF0000;
+static const unsigned kRed    = 0xFF0000;
 static const unsigned kYellow = 0xFFFF80;  // the platform's second basic colour
 
 // In the order in which the dialogs judge them.
@@ -398,7 +398,7 @@ TEST_CASE("Reformat Line shows the look of the first line")
     CHECK(Graph.Text(IDC_MULTIPLIER) == "1");
     CHECK(Graph.Text(IDC_OFFSET) == "0");
     CHECK(Graph.IsChecked(IDC_TYPE_PLOT));
-    CHECK(Graph.HasColour(IDC_LINE_COLOUR, kBlue));
+    CHECK(Graph.HasColour(IDC_LINE_COLOUR, kRed));
     CHECK(Graph.Items(IDC_LINE_STYLE) == kLineStyles);
     CHECK(Graph.Text(IDC_LINE_STYLE) == "solid");
     Graph.PhotographDialog("graph-reformat-line");
@@ -641,7 +641,7 @@ TEST_CASE("a line gets the colour that is chosen in the platform's dialog")
     cGraphWindow &Graph = Rig.m_Graph;
     Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
     ChooseYellow(&Rig, IDC_CHANGE_COLOUR, "Cancel");
-    CHECK(Graph.HasColour(IDC_LINE_COLOUR, kBlue));
+    CHECK(Graph.HasColour(IDC_LINE_COLOUR, kRed));
     ChooseYellow(&Rig, IDC_CHANGE_COLOUR, "OK");
     CHECK(Graph.HasColour(IDC_LINE_COLOUR, kYellow));
     Graph.PhotographDialog("graph-reformat-line-colour");
