@@ -1,4 +1,4 @@
-"""Where everything stands on the calculator's face, in pixels of the face.
+"""Where everything is on the calculator's face, in pixels of the face.
 
 The key rectangles, the switches and the black display field are those that
 the keypad control and the display painting use; the one-pixel irregularities

@@ -46,7 +46,7 @@ _CAP_ALPHABET = {g.DIGIT: "digit", g.ENTER: "enter"}
 # Rows from the key's top to the foot of its legend. The f hangs below its own.
 _CAP_BASELINE = {g.DIGIT: 15, g.GOLD: 20, g.BLUE: 18}
 
-# The glass glows deep red at its rim and is black where the digits stand.
+# The glass glows deep red at its rim and is black behind the digits.
 _GLASS_RIM = (58, 10, 12)
 
 _HOOD_RECT = (13, 11, 293, 104)

@@ -1,6 +1,6 @@
 """The name as letters of our own: one stroke of even weight, square shoulders.
 
-The letters stand on a grid of 10 x 11 units with a stroke of 2, so that at one
+The letters are on a grid of 10 x 11 units with a stroke of 2, so that at one
 pixel a unit every stem covers whole pixels.
 """
 

@@ -29,7 +29,7 @@ def plate(hertz, decay):
 # --- keys
 
 def key_click(sound):
-    """A stiff key snaps in: a tick, and the case behind it."""
+    """A stiff key snaps in: a tick, and the resonance of the case."""
     sound.hiss(0, 0.9, 1, 0.004, (900, 900), (5200, 2600), lambda way: (1 - way) ** 2)
     sound.strike(0, 0.55, ((2350, 0.5, 0.0028), (1480, 0.6, 0.0042), (640, 0.45, 0.0075)))
     sound.strike(0.017, 0.13, ((2900, 0.5, 0.002), (1700, 0.6, 0.003)))

@@ -57,7 +57,7 @@ def examples_of(name):
 
 
 class ExampleCase(ConsoleCase):
-    """Tests of one listing, which stands in the scratch folder."""
+    """Tests of one listing, copied to the scratch folder."""
 
     name = None
 

@@ -1,4 +1,4 @@
-"""The installer, in a Windows of its own under Wine:
+"""The installer, in a separate Wine prefix:
 installer_test.py PACKAGES START-SHORTCUT.EXE READ-SETUP.EXE"""
 
 import os
@@ -58,8 +58,8 @@ def values(lines, key):
 
 
 def state():
-    """All that an installer could leave behind: paths, and keys of the registry
-    but for those in which Wine notes its own affairs."""
+    """Everything that an installer could leave: paths and registry keys, except
+    those of Wine itself."""
     keys = {line for root in ("HKCU", MACHINE) for line in registry(root)
             if line.startswith("[") and not line.startswith(WINE_KEYS)}
     paths = {path.relative_to(PREFIX).as_posix() for path in (PREFIX / "drive_c").rglob("*")
@@ -71,7 +71,7 @@ class InstallerTest(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls):
-        # Made anew only where an earlier test has left something.
+        # Recreated only if an earlier test has left something.
         if any("vorstek" in name.lower() for names in state() for name in names):
             for option in ("-k", "-w"):     # ends what still runs there
                 subprocess.run(["wineserver", option], env={**os.environ, "WINEPREFIX": PREFIX},
@@ -86,7 +86,7 @@ class InstallerTest(unittest.TestCase):
         with zipfile.ZipFile(package("vorstek-VERSION-windows-x64.zip")) as archive:
             cls.files = {entry.filename.split("/", 1)[1]: archive.read(entry)
                          for entry in archive.infolist() if not entry.is_dir()}
-        # What Wine itself keeps of the first use of its parts is no trace.
+        # What Wine itself stores when its parts are first used is not a trace.
         cls.install("/LISTINGS")
         cls.start_program().communicate(timeout=PATIENCE)
         cls.uninstall()
@@ -99,8 +99,8 @@ class InstallerTest(unittest.TestCase):
 
     @classmethod
     def uninstall(cls, folder=None, left=()):
-        """The uninstaller goes on in a copy of itself; so wait for its end. left
-        is what stays in the folder."""
+        """The uninstaller continues in a copy of itself, so wait for its end. left
+        is what remains in the folder."""
         folder = folder or cls.folder
         wine(folder / "Uninstall.exe", "/S")
         if left:
@@ -206,7 +206,7 @@ class InstallerTest(unittest.TestCase):
             self.folder.parent, self.folder, mine.parent, mine, trace)))
         shutil.rmtree(self.folder.parent)
 
-    def test_a_program_at_work_is_neither_replaced_nor_removed(self):
+    def test_a_running_program_is_neither_replaced_nor_removed(self):
         self.install()
         with tempfile.NamedTemporaryFile() as mark:
             started = self.start_program(f"Z:{mark.name}")

@@ -1,7 +1,7 @@
-// Starts the program that a shortcut names, works it up to its window, asks for
-// help and closes it: start-shortcut SHORTCUT.lnk
+// Starts the program that a shortcut names, waits for its window, asks for help
+// and closes it: start-shortcut SHORTCUT.lnk
 //
-// Prints what it saw, one line each, and returns 0 when all of it came to pass:
+// Prints what it saw, one line each, and returns 0 if everything succeeded:
 //
 //     target: C:\users\anna\AppData\Local\Programs\Vorstek\Vorstek.exe
 //     folder: C:\users\anna\AppData\Local\Programs\Vorstek
@@ -48,7 +48,7 @@ int ReadShortcut(const char *szFile, cShortcut *pShortcut)
            pLink->GetWorkingDirectory(pShortcut->m_szFolder, MAX_PATH) == S_OK;
 }
 
-// Waits until the welcome box lets itself be passed, and passes it.
+// Waits until the welcome box can be closed, and closes it.
 int PassWelcome()
 {
     const HWND hOk = WaitFor([] {
@@ -64,7 +64,7 @@ DWORD WINAPI AskForHelp(void *pWindow)
     return 0;
 }
 
-// A message box says that there is none; otherwise the command comes to its end.
+// A message box reports that there is none; otherwise the command returns.
 int HasHelp(HWND hWnd)
 {
     const HANDLE hAsking = CreateThread(nullptr, 0, AskForHelp, hWnd, 0, nullptr);

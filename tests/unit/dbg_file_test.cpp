@@ -37,7 +37,7 @@ void WriteBytes(cDbgFile *pLog, size_t nBytes)
     pLog->printf("%s", Piece.substr(0, nBytes).c_str());
 }
 
-// A name that cannot be opened: a folder stands there.
+// A name that cannot be opened, because it is a folder.
 std::string BlockedName(const cScratchFolder &Folder)
 {
     std::filesystem::create_directory(Folder.Name("folder.txt"));
@@ -46,7 +46,7 @@ std::string BlockedName(const cScratchFolder &Folder)
 
 }  // namespace
 
-TEST_CASE("a log's formatted texts stand in the file as they were written")
+TEST_CASE("a log's formatted texts are in the file as they were written")
 {
     cScratchFolder  Folder;
     cRecordingBoxes Boxes;

@@ -116,7 +116,7 @@ TEST_CASE("the encoder starts again when code 4094 has been taken")
     const cBytes                Pixels = RandomPixels(20000, 256, 9);
     const std::vector<cLzwCode> Codes  = ModelCodes(Pixels, 8);
 
-    // 3837 strings, 258 to 4094, then the pixel in hand and the clear code.
+    // 3837 strings, 258 to 4094, then the current pixel and the clear code.
     const auto Clear = std::find(Codes.begin() + 1, Codes.end(), cLzwCode{256, 12});
     REQUIRE(Clear != Codes.end());
     CHECK(Clear - Codes.begin() == 1 + 3837 + 1);
@@ -125,7 +125,7 @@ TEST_CASE("the encoder starts again when code 4094 has been taken")
     CHECK(Encoded(Pixels, 8) == ModelBlocks(ModelPacked(Codes)));
 }
 
-TEST_CASE("a picture that ends at the restart has no string in hand")
+TEST_CASE("a picture that ends at the restart has no current string")
 {
     // Take pixels until the model restarts with the last one of them.
     cBytes     Pixels   = RandomPixels(20000, 256, 9);

@@ -147,7 +147,7 @@ TEST_CASE("grid lines take the place of ticks, each way by itself")
     CHECK(Axes[1]->m_Points[3] == cPoint{150, 447});
 }
 
-TEST_CASE("labels stand at their ticks, title and axis label in the middle")
+TEST_CASE("labels are at their ticks, title and axis label in the middle")
 {
     cRendererRig Rig;
 
@@ -186,7 +186,7 @@ TEST_CASE("a title that is too long begins at the left edge")
     Rig.CheckLabel(Title.c_str(), {0, 0}, alLeft);
 }
 
-TEST_CASE("one tick stands at the top and at the left, with none the axis is alone")
+TEST_CASE("one tick is at the top and at the left, with none the axis is alone")
 {
     cRendererRig        Rig;
     cVantorPlotSettings Settings = Rig.m_Plot.Settings();

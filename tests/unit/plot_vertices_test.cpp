@@ -72,7 +72,7 @@ TEST_CASE("a Plot line goes through its points in order, as does one of unknown 
     CHECK(cSetRig({3.0F, 0.0F}, {0.0F, 0.0F}, gtPlot).Line() == cPoints{{80, 120}, {50, 120}});
 }
 
-TEST_CASE("without x values points stand at their indices")
+TEST_CASE("without x values points are at their indices")
 {
     CHECK(cSetRig({}, kY, gtPlot).Line() == cPoints{{50, 110}, {60, 80}, {70, 90}});
 }

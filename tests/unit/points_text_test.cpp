@@ -87,7 +87,7 @@ TEST_CASE("a line of x,y data counts when a comma stands between two numbers")
         {"1 , 2\r\n3\t,\t4\r\n", "1:2 3:4 "},
         {" 1,2", "1:2 "},
         {"1 2\r\n3,4", "3:4 "},
-        {"1\r\n,2\r\n3,4", "3:4 "},  // both numbers stand on one line
+        {"1\r\n,2\r\n3,4", "3:4 "},  // both numbers are on one line
         {"1,\r\n2\r\n3,4", "3:4 "},
         {"1,,2\r\n3,4", "3:4 "},
         {"1,2,9\r\n3,4 and more\r\n5,6e", "1:2 3:4 5:6 "},

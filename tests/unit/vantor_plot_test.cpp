@@ -917,7 +917,7 @@ public:
         return pSet != nullptr && IsSame(*pSet, m_Plain[nLine - 1]);
     }
 
-    // The automatic range is what going round all sets anew gives.
+    // The automatic range is the one recalculated from all sets.
     bool IsRangeSame() const
     {
         const cVantorPlot &Plot = m_Rig.m_Plot;
