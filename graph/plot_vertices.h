@@ -1,5 +1,5 @@
 // plot_vertices.h - a data set as the vertices that are drawn.
-// Pure: no canvas, no memory of its own.
+// Pure: no canvas, no allocation.
 
 #ifndef GRAPH_PLOT_VERTICES_H
 #define GRAPH_PLOT_VERTICES_H

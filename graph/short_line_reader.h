@@ -29,7 +29,7 @@ public:
     cShortLineReader(const cShortLineReader &)            = delete;
     cShortLineReader &operator=(const cShortLineReader &) = delete;
 
-    // Returns 1, or 0 when szFile is no regular file or cannot be opened. A
+    // Returns 1, or 0 when szFile is not a regular file or cannot be opened. A
     // directory, a pipe or a device is refused without being opened. Comes first,
     // and once.
     int Open(const char *szFile);

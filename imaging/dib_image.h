@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
-// A view: the bytes belong to somebody else.
+// A view that does not own the bytes.
 struct cDibImage
 {
     int32_t  m_nWidth;   // pixels, at least 1

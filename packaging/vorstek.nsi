@@ -7,12 +7,13 @@
 ;   ICON       of installer and uninstaller
 ;   OUTPUT     the installer
 ;
-; Like the programs it is made for 64 bits. It installs for one user, without the rights of an administrator: the
-; calculator writes its trace log into its own folder, which must be writable.
+; Like the programs it is a 64-bit program. It installs for one user, without
+; administrator rights, because the calculator writes its trace log to its own
+; folder, which must be writable.
 ;
-;   /S          asks nothing
-;   /LISTINGS   with the entries for listings in the Explorer's menu
-;   /D=FOLDER   installs there; the last argument, without quotes
+;   /S          installs silently
+;   /LISTINGS   adds the entries for listings to the Explorer's menu
+;   /D=FOLDER   installs to that folder; the last argument, without quotes
 
 Unicode true
 Target amd64-unicode
@@ -57,8 +58,8 @@ VIAddVersionKey "LegalCopyright" "Copyright (c) 2026 The Vorstek authors"
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
 
-; A running program cannot be replaced. Asks to close it; ends with 2 if it is
-; not closed, or if nobody can be asked.
+; A running program cannot be replaced. Asks the user to close it; ends with 2 if
+; it is not closed, and in a silent installation.
 !macro REQUIRE_CLOSED
     ${If} ${FileExists} "$INSTDIR\Vorstek.exe"
         ${Do}
@@ -76,7 +77,7 @@ VIAddVersionKey "LegalCopyright" "Copyright (c) 2026 The Vorstek authors"
     ${EndIf}
 !macroend
 
-; The Explorer looks at the menus of files again.
+; Makes the Explorer reload the menus of files.
 !macro TELL_EXPLORER
     System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)'
 !macroend
@@ -85,7 +86,7 @@ Section "Vorstek" SectionProgram
     SectionIn RO
     !insertmacro REQUIRE_CLOSED
 
-    ; What an earlier version had and this one has not goes.
+    ; Removes files that only an earlier version had.
     ${If} ${FileExists} "$INSTDIR\Uninstall.exe"
         ExecWait '"$INSTDIR\Uninstall.exe" /S _?=$INSTDIR'
     ${EndIf}
@@ -127,7 +128,7 @@ LangString DESCRIPTION_LISTINGS ${LANG_ENGLISH} "Two entries in the Explorer's m
 !insertmacro MUI_FUNCTION_DESCRIPTION_END
 
 Function .onInit
-    ; Asked for, or chosen when it was installed before.
+    ; Selected by the option, or by an earlier installation.
     ${GetParameters} $0
     ClearErrors
     ${GetOptions} $0 "/LISTINGS" $1

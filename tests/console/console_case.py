@@ -71,7 +71,7 @@ class Result:
 
     @staticmethod
     def events_of(data):
-        """One object a line, in proper UTF-8."""
+        """One object per line, in valid UTF-8."""
         return [json.loads(line) for line in data.decode("utf-8").split("\n") if line]
 
 
@@ -119,8 +119,8 @@ class ConsoleCase(unittest.TestCase):
         return name
 
     def start(self, *arguments, stdin=b"", **options):
-        """Runs the program to its end. It must not have died of a signal or
-        of a sanitizer's finding."""
+        """Runs the program to its end. No signal and no finding of a sanitizer
+        may have ended it."""
         if stdin is not None:
             options["input"] = stdin if isinstance(stdin, bytes) else stdin.encode()
         done = subprocess.run([*command, *arguments], cwd=self.folder, timeout=TIMEOUT,
@@ -155,7 +155,7 @@ class ConsoleCase(unittest.TestCase):
         return [event for event in self.script(*lines, code=code) if event["event"] == "state"]
 
     def state_after(self, *lines):
-        """The state behind these lines."""
+        """The state after these lines."""
         return self.states(*lines, "state")[-1]
 
     def sounds(self, *lines):
@@ -199,7 +199,7 @@ def main():
         platform = arguments[1]
         arguments = arguments[2:]
     if not command:
-        sys.exit("no command: put it behind -- or into VORSTEK_CLI")
+        sys.exit("no command: put it after -- or into VORSTEK_CLI")
 
     if platform == "Windows":
         _start_emulator()

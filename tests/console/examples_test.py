@@ -1,5 +1,5 @@
 """The programs in examples/: each is run with several inputs, and its results
-are compared with values that Python finds in another way."""
+are compared with values that Python calculates in another way."""
 
 import cmath
 import datetime
@@ -68,7 +68,7 @@ class ExampleCase(ConsoleCase):
 
     def result(self, label=None, reg=None, code=0, **levels):
         """Runs the listing with this stack and these registers. What is not
-        given holds left-overs of former work, as on a calculator in use."""
+        given holds values left from earlier use."""
         arguments = [self.name, "--json"]
         for level in "xyzt":
             arguments += ["--" + level, repr(levels.get(level, 1234.5))]
@@ -509,7 +509,7 @@ class DiceTest(DrawingCase):
 
     @staticmethod
     def counts(seed, throws):
-        """What the generator of the header gives."""
+        """The result of the generator in the header."""
         counts, r = [0] * 13, math.modf(abs(seed))[0]
         for _ in range(max(throws, 1)):
             pips = 0
@@ -892,7 +892,7 @@ class QueensTest(ExampleCase):
 
 
 class HeaderTest(ConsoleCase):
-    """What the comment lines at the head of each listing promise."""
+    """What the comment at the top of each listing promises."""
 
     headings = ("Start:", "Uses:", "Example:", "Limits:")
 
@@ -984,8 +984,8 @@ class AllTest(ConsoleCase):
 
     @staticmethod
     def modes(name):
-        """Format and angle that the header says the program sets; else those
-        that stood before."""
+        """Format and angle that the header says the program sets; else the
+        previous ones."""
         uses = re.search("; Uses:(.*?)\n(; [A-Z]|;\n)", source(name), re.S).group(1)
         after = " ".join(re.findall("; After:.*", source(name)))
         found = re.search(r"(FIX|SCI) \d", uses + after)

@@ -1,5 +1,5 @@
-"""The pictures in examples/pictures and tests/golden: drawing them again gives the same
-bytes. scripts/make-pictures rewrites them."""
+"""The pictures in examples/pictures and tests/golden: redrawing them gives the
+same bytes. scripts/make-pictures rewrites them."""
 
 import os
 import shlex

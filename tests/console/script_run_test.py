@@ -17,7 +17,7 @@ class RunCase(ConsoleCase):
         self.listing("1", "2", "3", "4", "R/S", "5", "6", "GTO 0", "LBL 0", "RTN", name="short.txt")
 
     def sounds_and_state(self, *lines):
-        """Sounds of the last command and the state behind it."""
+        """Sounds of the last command and the state after it."""
         events = self.script(*lines[:-1], "state", lines[-1], "state")
         at = [n for n, event in enumerate(events) if event["event"] == "state"][-2]
         return [event["id"] for event in events[at + 1:-1]], events[-1]

@@ -5,7 +5,7 @@ import random
 
 from console_case import CLICK, REJECT, ConsoleCase, LinuxCase, main
 
-# Bytes and what appears for them: each byte that is no part of a valid
+# Bytes and what appears for them: each byte that is not part of a valid
 # sequence becomes one U+FFFD.
 SAMPLES = {
     b"plain": "plain",

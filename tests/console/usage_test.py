@@ -1,5 +1,5 @@
 """Exit codes and messages of the command line: what is refused before anything
-runs, and what happens when nobody hears the answers. And the script that
+runs, and what happens when output cannot be written. And the script that
 builds the program and passes its arguments on."""
 
 import os

@@ -58,8 +58,8 @@ class BmpWriterTest(ConsoleCase):
         self.files = [self.path(picture.name) for picture in self.pictures]
 
     def assert_shows(self, picture, pixels):
-        """Readers stretch 5 bits to 8 in ways of their own; the upper 5 bits
-        stay what they were."""
+        """Readers expand 5 bits to 8 in different ways; the upper 5 bits are
+        unchanged."""
         upper = bytes(value & 0xF8 for value in range(256))
         for channel, source in enumerate(picture.channels):
             shown = pixels[channel::4]

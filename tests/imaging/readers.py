@@ -1,4 +1,4 @@
-"""Programs of other makers that read pictures. Each gives the picture's bytes red,
+"""Programs by others that read pictures. Each gives the picture's bytes red,
 green, blue, alpha, row by row from the top; of a GIF only the image, without
 what the screen has around it."""
 
@@ -11,7 +11,7 @@ TIMEOUT = 120
 
 
 def run(*command, cwd=None):
-    """Standard output; the program must end well and have no complaint."""
+    """Standard output; the program must succeed without warnings."""
     done = subprocess.run(command, cwd=cwd, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                           stderr=subprocess.PIPE, timeout=TIMEOUT, check=False)
     if done.returncode != 0 or done.stderr:

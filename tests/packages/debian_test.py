@@ -1,4 +1,4 @@
-"""The Debian package, unpacked in a folder of its own: debian_test.py PACKAGES"""
+"""The Debian package, unpacked in a folder: debian_test.py PACKAGES"""
 
 import gzip
 import hashlib

@@ -79,7 +79,7 @@ class SoundFilesTest(unittest.TestCase):
                          [(number, file) for number, file, *_ in SOUNDS])
 
     def test_each_is_one_whole_form_of_two_chunks(self):
-        # A form has an even number of bytes; only an odd size has a zero behind it.
+        # A form has an even number of bytes; a zero follows an odd size.
         for _, name, size, *_ in SOUNDS:
             with self.subTest(name):
                 data = (FOLDER / name).read_bytes()

@@ -139,7 +139,7 @@ TEST_CASE("2 bits per pixel are written as 4 bits with 16 colours")
     CHECK(Slice(Bytes, 10, 4) == cBytes{118, 0, 0, 0});
 }
 
-TEST_CASE("pixels of 16 bits start behind three masks, of 24 bits behind nothing")
+TEST_CASE("pixels of 16 bits start after three masks, those of 24 bits at once")
 {
     const cBytes Bytes16 = Written(cTestBmp(16, 2, 2).m_Bmp);
     const cBytes Bytes24 = Written(cTestBmp(24, 2, 2).m_Bmp);

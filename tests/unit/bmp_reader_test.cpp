@@ -20,7 +20,7 @@ struct cTestFile
     uint32_t m_nBits        = 24;
     uint32_t m_nCompression = 0;
     uint32_t m_nColours     = 0;
-    cBytes   m_HeadRest;  // behind the first 40 bytes of the head
+    cBytes   m_HeadRest;  // after the first 40 bytes of the head
     cBytes   m_Table;
     cBytes   m_Gap;  // between the table and the pixels
     cBytes   m_Pixels;

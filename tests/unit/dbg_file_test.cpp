@@ -222,7 +222,7 @@ TEST_CASE("a message is cut to 511 characters")
 }
 
 // The name of last resort lies in a folder that Windows has and others do not;
-// elsewhere a backslash is no separator, and the log lands in the current
+// elsewhere a backslash is not a separator, and the log lands in the current
 // directory under a strange name.
 TEST_CASE("a log that cannot be opened goes to the default log file")
 {
@@ -318,7 +318,7 @@ TEST_CASE("a log on a full disk says at its end that something got lost")
     CHECK(Log.Close() == 0);
 }
 
-TEST_CASE("a log does not wait at a pipe that nobody reads")
+TEST_CASE("a log does not wait for a pipe without a reader")
 {
     cScratchFolder    Folder;
     cRecordingBoxes   Boxes;

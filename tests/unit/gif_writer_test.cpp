@@ -42,7 +42,7 @@ struct cTestImage
         }
     }
 
-    // The pixels of the rows, counted from the top, one row behind the other.
+    // The pixels of the rows, counted from the top, one row after the other.
     cBytes Rows(const std::vector<int32_t> &Order) const
     {
         cBytes Pixels;

@@ -158,7 +158,7 @@ TEST_CASE("the sets of a file are coloured by their place, in turns of eight")
     }
 }
 
-TEST_CASE("Append adds the sets behind the others and keeps title and axis label")
+TEST_CASE("Append adds the sets after the others and keeps title and axis label")
 {
     cGraphRig Rig;
     Rig.AddY({1, 2, 3});
@@ -299,7 +299,7 @@ TEST_CASE("sets of the other kind than data line 1 are not written, and the user
     }
 }
 
-TEST_CASE("sets with other x values or another length are left out, those behind them not")
+TEST_CASE("sets with other x values or another length are left out, those after them not")
 {
     cGraphRig Rig;
     Rig.m_Plot.ClearAll();

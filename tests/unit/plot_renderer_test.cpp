@@ -432,7 +432,7 @@ TEST_CASE("when memory runs out the user is asked, and a retry draws all the sam
         }
 }
 
-TEST_CASE("giving up on memory posts quit and leaves no clip behind")
+TEST_CASE("giving up on memory posts quit and leaves no clip")
 {
     for (const uint32_t nType : {gtPlot, gtScatter})
     {

@@ -13,7 +13,7 @@
 namespace
 {
 
-// The points as "x:y" or "y", a blank behind each.
+// The points as "x:y" or "y", a blank after each.
 std::string Read(const char *szText, int bWithX)
 {
     cRecordingBoxes Boxes;

@@ -233,7 +233,7 @@ TEST_CASE("only regular files are opened")
 #ifdef _WIN32
     Names.insert(Names.end(), {"NUL", "CON", "COM1"});
 #else
-    // Opening a pipe that nobody writes to would wait for ever, and the zeros
+    // Opening a pipe without a writer would wait for ever, and the zeros
     // would have no end.
     REQUIRE(mkfifo(Folder.Name("pipe").c_str(), 0600) == 0);
     Names.insert(Names.end(), {Folder.Name("pipe"), "/dev/zero", "/dev/null", "/dev/tty"});

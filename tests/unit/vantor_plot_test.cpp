@@ -26,7 +26,7 @@ struct cPlotRig
     {
     }
 
-    // nCount points (100, -0), (101, -1), (102, -2) ... behind line nLine.
+    // nCount points (100, -0), (101, -1), (102, -2) ... after line nLine.
     int AddMany(uint32_t nLine, uint32_t nCount)
     {
         for (uint32_t i = 0; i < nCount; i++)
