@@ -280,7 +280,7 @@ TEST_CASE("a second read replaces what the first one left")
 
 // ---- reading: header
 
-TEST_CASE("header lines are optional, in order, and matched as they stand")
+TEST_CASE("header lines are optional, in order, and matched exactly")
 {
     // clang-format off
     static const struct
@@ -341,7 +341,7 @@ TEST_CASE("header lines are optional, in order, and matched as they stand")
     }
 }
 
-TEST_CASE("comments and empty lines stand anywhere")
+TEST_CASE("comments and empty lines may be anywhere")
 {
     cFileRig Rig;
 
@@ -398,7 +398,7 @@ TEST_CASE("the x column takes no label")
 
 // ---- reading: the length of lines
 
-TEST_CASE("a row of more than 99 bytes with its newline is taken as two rows")
+TEST_CASE("a row of more than 99 bytes with its newline is read as two rows")
 {
     cFileRig          Rig;
     const std::string Long = std::string(90, ' ') + "1 2 3 4 5 6 7";  // 103 characters
@@ -480,7 +480,7 @@ TEST_CASE("a million numbers on one line are rows of 99 bytes")
     CHECK(Rig.m_File.SetCount() == 1);
 }
 
-TEST_CASE("files that are none fail without a box")
+TEST_CASE("what is not a regular file fails without a box")
 {
     cFileRig Rig;
     std::filesystem::create_directory(Rig.m_Folder.Name("folder"));
@@ -756,7 +756,7 @@ TEST_CASE("a file with everything is written in its fixed layout")
               "0.500000 , 98.774002 , -4.903000 , 2.000000" + kEnd);
 }
 
-TEST_CASE("what a file has not is not written")
+TEST_CASE("what a file does not have is not written")
 {
     cFileRig Rig;
     REQUIRE(Rig.Add({1, 2}) == 1);
@@ -826,7 +826,7 @@ TEST_CASE("numbers are written with six decimals")
     }
 }
 
-TEST_CASE("a set is accepted when it fits to the file and to the sets before it")
+TEST_CASE("a set is accepted when it fits the file and the sets before it")
 {
     const float          kNan = std::numeric_limits<float>::quiet_NaN();
     static const cFloats s_X  = {1, 2, 3};

@@ -120,7 +120,7 @@ TEST_CASE("a plain function goes before the target of the same record")
     CHECK(s_Calls[0].m_pTarget == nullptr);
 }
 
-TEST_CASE("a record with half a target or nothing at all is passed over")
+TEST_CASE("a record with half a target or nothing at all is ignored")
 {
     cSlotRig            Rig;
     int                 nTarget   = 0;
@@ -196,7 +196,7 @@ TEST_CASE("a record for a slot beyond the last one is refused and stays the call
     delete pRecord;
 }
 
-TEST_CASE("a record whose slot was changed after registration is passed over")
+TEST_CASE("a record whose slot was changed after registration is ignored")
 {
     cSlotRig            Rig;
     cCallbackRec *const pRecord = PlainRecord(0, 0);
@@ -209,7 +209,7 @@ TEST_CASE("a record whose slot was changed after registration is passed over")
     CHECK(s_Calls.empty());
 }
 
-TEST_CASE("an unregistered record is called no more and belongs to the caller again")
+TEST_CASE("an unregistered record is no longer called and belongs to the caller again")
 {
     cSlotRig            Rig;
     cCallbackRec *const pRecord = PlainRecord(0, 1);
@@ -236,7 +236,7 @@ TEST_CASE("unregistering finds nothing in a slot without records or beyond the l
     CHECK(Rig.m_Object.Unregister(&Record) == 0);
 }
 
-TEST_CASE("a callback may take its own record out and the next one is still called")
+TEST_CASE("a callback may remove its own record and the next one is still called")
 {
     cSlotRig            Rig;
     cCallbackRec *const pRecord = new cCountedRec;

@@ -234,7 +234,7 @@ TEST_CASE("2049 colours can be counted and one more cannot")
     CHECK(Enough.Add(Row.data() + size_t(3) * 2049, 1) == 0);
 }
 
-TEST_CASE("colours that share a slot are told apart, round the end of the table too")
+TEST_CASE("colours that share a slot are distinguished, also across the end of the table")
 {
     // The first slot searched is the same for each order of the channels. Many
     // colours begin at the last three slots and run on at the first ones.

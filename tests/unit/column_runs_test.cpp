@@ -64,14 +64,14 @@ TEST_CASE("of a run in one column the first, highest, lowest and last vertex sta
         // The line's last vertex is not part of a run.
         {{{1, 5}, {1, 9}, {1, 2}, {1, 8}, {1, 3}, {1, 6}},
          {{1, 5}, {1, 2}, {1, 9}, {1, 3}, {1, 6}}},
-        // Four say all there is to say.
+        // Four vertices are enough.
         {{{1, 5}, {1, 9}, {1, 2}, {1, 8}, {2, 7}}, {{1, 5}, {1, 9}, {1, 2}, {1, 8}, {2, 7}}},
     };
     for (const auto &Row : s_Rows)
         CHECK((Merged(Row.m_Vertices) == Row.m_Merged));
 }
 
-TEST_CASE("a merged line covers the pixels of the whole one and has not more vertices")
+TEST_CASE("a merged line covers the pixels of the original and has no more vertices")
 {
     std::mt19937 Random(1);
     for (int nLine = 0; nLine < 500; nLine++)

@@ -221,7 +221,7 @@ TEST_CASE("a message is cut to 511 characters")
     CHECK(Folder.Read("tracelog.txt") == std::string(511, 'y'));
 }
 
-// The name of last resort lies in a folder that Windows has and others do not;
+// The default log is in a folder that Windows has and others do not;
 // elsewhere a backslash is not a separator, and the log lands in the current
 // directory under a strange name.
 TEST_CASE("a log that cannot be opened goes to the default log file")
@@ -308,7 +308,7 @@ TEST_CASE("a log closes once, says that all was written, and takes nothing more"
 
 #ifndef _WIN32
 
-TEST_CASE("a log on a full disk says at its end that something got lost")
+TEST_CASE("a log on a full disk reports the loss when it is closed")
 {
     cRecordingBoxes Boxes;
     cDbgFile        Log("/dev/full", 1, &Boxes);

@@ -81,7 +81,7 @@ TEST_CASE("a number is sign, digits with a point, and a complete exponent")
     }
 }
 
-TEST_CASE("where no number stands the value is left alone")
+TEST_CASE("where there is no number the value is left alone")
 {
     // clang-format off
     static const char *const s_Texts[] =
@@ -150,7 +150,7 @@ TEST_CASE("numbers beyond the range of a float saturate or vanish")
 
 TEST_CASE("a number is rounded once, straight to a float")
 {
-    // A hair above the middle between 1 and the next float. As a double it
+    // Slightly above the middle between 1 and the next float. As a double it
     // would be the middle itself and then go down to the even 1.
     float fValue = 0.0F;
 

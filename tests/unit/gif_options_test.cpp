@@ -76,7 +76,7 @@ TEST_CASE("numbers of GIF options end at the first other character and keep thei
     }
 }
 
-TEST_CASE("of a GIF option that comes twice the first counts, and case matters")
+TEST_CASE("the first of two equal GIF options counts, and case matters")
 {
     CHECK(Parsed("xpos=1 xpos=2").m_nLeft == 1);
     CHECK(Parsed("XPOS=1 xpos=2").m_nLeft == 2);

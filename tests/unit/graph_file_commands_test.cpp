@@ -82,7 +82,7 @@ struct cGraphRig
 
 }  // namespace
 
-TEST_CASE("Open replaces data, title and axis label by those of the file")
+TEST_CASE("Open replaces data, title and axis label with those of the file")
 {
     cGraphRig Rig;
     Rig.AddY({1, 2, 3});
@@ -230,7 +230,7 @@ TEST_CASE("Save writes title, axis label, labels and points")
     CHECK(Rig.m_Boxes.m_Boxes.empty());
 }
 
-TEST_CASE("a title and an axis label of 100 characters are saved whole")
+TEST_CASE("a title and an axis label of 100 characters are saved completely")
 {
     cGraphRig         Rig;
     const std::string Title(100, 't');
@@ -271,7 +271,7 @@ TEST_CASE("an empty graph has no data to save")
     CHECK(Rig.m_Folder.Read("saved.txt") == "old");
 }
 
-TEST_CASE("sets of the other kind than data line 1 are not written, and the user is told")
+TEST_CASE("sets of the other kind than data line 1 are not written, and a box says so")
 {
     for (const bool bExplicitFirst : {true, false})
     {

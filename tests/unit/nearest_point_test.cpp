@@ -76,8 +76,8 @@ TEST_CASE("horizontal and vertical distance add up")
     cNearestRig Rig;
     Rig.Add(1, 5.0F, 5.0F);
     const cPoint At = Rig.Layout().PixelOf(*Rig.m_Plot.DataSet(1), 0);
-    // 40 pixels beside it, and 30 beside and 25 below, which only a crow would
-    // take for nearer.
+    // 40 pixels to the side, and 30 to the side and 25 below, which is nearer only
+    // in a straight line.
     const cPlotLayout Layout  = Rig.Layout();
     const float       fPixelX = static_cast<float>(1.0 / Layout.m_dHorzScale);
     const float       fPixelY = static_cast<float>(1.0 / Layout.m_dVertScale);

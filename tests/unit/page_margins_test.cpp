@@ -22,7 +22,7 @@ TEST_CASE("metric margins are rounded when they are read back")
     CHECK(Inch.m_nBottom == 0);  // 0.39
 }
 
-TEST_CASE("metric margins that were only looked at stay what they are")
+TEST_CASE("metric margins that were only displayed keep their value")
 {
     for (int nMargin = 0; nMargin <= 20000; nMargin++)
     {
