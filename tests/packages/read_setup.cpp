@@ -11,7 +11,7 @@
 #include "tests/win32/test_desktop.h"
 #include "tests/window/waiting.h"
 
-static const char *const kCaption  = "Vorstek Setup";
+static const char *const kCaption  = "Vorstek Setup ";  // a blank for the name of the page
 static const int         kLongText = 10000;
 
 static BOOL CALLBACK FindLicence(HWND hWnd, LPARAM lParam)
