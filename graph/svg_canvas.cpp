@@ -1,6 +1,7 @@
 #include "graph/svg_canvas.h"
 
 #include <cstring>
+#include <iterator>
 #include <string_view>
 
 #include "graph/svg_font.h"
@@ -10,8 +11,10 @@
 namespace
 {
 
-// Pixels drawn and left out, in turn, by the style of a pen of width 1.
+// Pixels drawn and left out, in turn, by the style of a pen of width 1. A style
+// without a row here must not compile: it would read past the end.
 const char *const kDashes[] = {"", "18 6", "3 3", "9 6 3 6", "9 3 3 3 3 3"};
+static_assert(std::size(kDashes) == kStyles);
 
 const char *const kAnchors[] = {"", " text-anchor=\"middle\"", " text-anchor=\"end\""};
 
