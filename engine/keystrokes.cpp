@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "engine/vorstek_engine.h"
+#include "resources/calculator_ids.h"
 
 static const char *const kAwaitPress   = "EWFDK";  // an error is shown, a press clears it
 static const char *const kAwaitRelease = "EWFUK";  // of the key that cleared the error
@@ -219,13 +220,13 @@ void cVorstekEngine::OnKeyWhileRunning(unsigned nKeyCode, int bIsDown)
 {
     if (nKeyCode == kKeyMode)
     {
-        StartSound(kSoundReject);
+        StartSound(IDW_REFUSAL);
         m_bSwitchToProgramPending = bIsDown == 0;
     }
     else if (bIsDown == 1)
     {
         m_bProgramRunning = 0;
-        StartSound(kSoundHalt);
+        StartSound(IDW_HALTED);
         SetKeystrokes(kAwaitHalt);
     }
 }
@@ -273,7 +274,7 @@ void cVorstekEngine::OnPressAfterError(unsigned nKeyCode)
         SetKeystrokes(kAwaitRelease);
         ShowFormattedX();
         PaintDisplay();
-        StartSound(kSoundErrorClear);
+        StartSound(IDW_CLEARED);
     }
 }
 
@@ -294,7 +295,7 @@ void cVorstekEngine::OnKeyWhileClearing(unsigned nKeyCode, int bIsDown)
 
 void cVorstekEngine::OnPress(unsigned nKeyCode)
 {
-    StartSound(kSoundClick);
+    StartSound(IDW_KEY_CLICK);
     if (nKeyCode == kKeyStackView)
         SetStackView(1);
     else if (nKeyCode == kKeyMode)
@@ -358,7 +359,7 @@ void cVorstekEngine::SetStackView(int bShow)
 {
     BlankDisplay();
     m_bShowStack = bShow;
-    StartSound(bShow ? kSoundStackView : kSoundNormalView);
+    StartSound(bShow ? IDW_SLIDE_ON : IDW_SLIDE_OFF);
     PaintDisplay();
 }
 
@@ -395,10 +396,10 @@ void cVorstekEngine::EnterProgramMode()
     SetKeystrokes("");
     ShowFormattedX();
     m_bProgramMode = 1;
-    StartSound(kSoundProgramMode);
+    StartSound(IDW_PROGRAM_MODE);
     m_pHost->ShowListing(1);
     HighlightSoon();
-    m_pHost->EnableCommand(kCommandRepairHighlight, 1);
+    m_pHost->EnableCommand(IDM_REPAIR_HIGHLIGHT, 1);
     if (!m_bKeepRegistersOpen)
         m_pHost->ShowRegisters(0);
     PaintDisplay();
@@ -412,7 +413,7 @@ void cVorstekEngine::EnterRunMode()
         return;
     }
     BlankDisplay();
-    StartSound(kSoundRunMode);
+    StartSound(IDW_RUN_MODE);
     AbandonEntry();
     SetKeystrokes("");
     m_bProgramMode = 0;
@@ -420,7 +421,7 @@ void cVorstekEngine::EnterRunMode()
     if (!m_bKeepListingOpen)
     {
         m_pHost->ShowListing(0);
-        m_pHost->EnableCommand(kCommandRepairHighlight, 0);
+        m_pHost->EnableCommand(IDM_REPAIR_HIGHLIGHT, 0);
     }
     HighlightSoon();
     PaintDisplay();
@@ -562,7 +563,7 @@ int cVorstekEngine::PressSst(const char *)
         return StepForward();
     m_pHost->ShowListing(1);
     m_pHost->ShowRegisters(1);
-    m_pHost->EnableCommand(kCommandRepairHighlight, 1);
+    m_pHost->EnableCommand(IDM_REPAIR_HIGHLIGHT, 1);
     return ShowCurrentLine();
 }
 

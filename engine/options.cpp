@@ -1,6 +1,7 @@
 // options.cpp - what the options dialog's OK does.
 
 #include "engine/vorstek_engine.h"
+#include "resources/calculator_ids.h"
 
 // In program mode the listing stays as it is until run mode is entered.
 void cVorstekEngine::ApplyOptions(const cOptions &Options)
@@ -13,7 +14,7 @@ void cVorstekEngine::ApplyOptions(const cOptions &Options)
     if (m_bKeepListingOpen || !m_bProgramMode)
     {
         m_pHost->ShowListing(m_bKeepListingOpen);
-        m_pHost->EnableCommand(kCommandRepairHighlight, m_bKeepListingOpen);
+        m_pHost->EnableCommand(IDM_REPAIR_HIGHLIGHT, m_bKeepListingOpen);
     }
     if (m_bKeepListingOpen)
         HighlightSoon();

@@ -1,6 +1,7 @@
 // pc_keyboard.cpp - characters typed on the PC keyboard.
 
 #include "engine/vorstek_engine.h"
+#include "resources/calculator_ids.h"
 
 static const char kEscape = 27;
 
@@ -33,7 +34,7 @@ void cVorstekEngine::OnChar(char cChar)
         PlayRejectSound();
         return;
     }
-    StartSound(kSoundHalt);
+    StartSound(IDW_HALTED);
     HaltProgram();
 }
 

@@ -1,12 +1,13 @@
 // program_run.cpp - the run loop, one line of it, and the single step.
 
 #include "engine/vorstek_engine.h"
+#include "resources/calculator_ids.h"
 
 static const unsigned kCodeNumberLine = 125;
 
 void cVorstekEngine::EnableRunCommands(int bEnable)
 {
-    static const unsigned s_Commands[] = {kCommandNew, kCommandOpen, kCommandExit, kCommandOptions};
+    static const unsigned s_Commands[] = {IDM_NEW, IDM_OPEN, IDM_EXIT, IDM_OPTIONS};
     for (const unsigned nId : s_Commands)
         m_pHost->EnableCommand(nId, bEnable);
 }

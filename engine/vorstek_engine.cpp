@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "resources/calculator_ids.h"
+
 static const unsigned kBuckets = 120;
 
 cVorstekEngine::cVorstekEngine(cVorstekHost *pHost, cLineBox *pListing, cLineBox *pRegisters)
@@ -81,12 +83,12 @@ void cVorstekEngine::StartSound(unsigned nId)
 
 void cVorstekEngine::PlayErrorSound()
 {
-    StartSound(kSoundError);
+    StartSound(IDW_ERROR);
 }
 
 void cVorstekEngine::PlayRejectSound()
 {
-    StartSound(kSoundReject);
+    StartSound(IDW_REFUSAL);
 }
 
 double cVorstekEngine::Power(double dBase, int n)

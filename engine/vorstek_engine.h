@@ -44,17 +44,6 @@ const unsigned kKeyRunStop   = 30;
 const unsigned kKeyStackView = 31;  // slide switch, down while it is held right
 const unsigned kKeyMode      = 32;  // slide switch, down in run mode, up in program mode
 
-// WAVE resources.
-const unsigned kSoundClick       = 10050;
-const unsigned kSoundReject      = 10051;
-const unsigned kSoundError       = 10052;
-const unsigned kSoundHalt        = 10053;
-const unsigned kSoundErrorClear  = 10054;
-const unsigned kSoundStackView   = 10055;
-const unsigned kSoundNormalView  = 10056;
-const unsigned kSoundProgramMode = 10057;
-const unsigned kSoundRunMode     = 10058;
-
 // What the options dialog sets.
 struct cOptions
 {

@@ -17,18 +17,11 @@ enum eFileDialog
     fdSave
 };
 
-// Commands that the engine enables and disables while it works.
-const unsigned kCommandNew             = 101;
-const unsigned kCommandOpen            = 102;
-const unsigned kCommandExit            = 121;
-const unsigned kCommandRepairHighlight = 209;
-const unsigned kCommandOptions         = 404;
-
 class cVorstekHost : public cMessageBoxes
 {
 public:
-    // Starts WAVE nId (10050 to 10058) and returns at once. Called only while
-    // sounds are on.
+    // Starts sound nId, IDW_KEY_CLICK for example, and returns at once. Called
+    // only while sounds are on.
     virtual void StartSound(unsigned nId) = 0;
 
     // Draws the lines over what the display shows.
@@ -54,7 +47,8 @@ public:
     // The status bar, for example "filename: UNTITLED".
     virtual void SetStatusText(const char *szText) = 0;
 
-    // Enables or disables a menu command and its toolbar button.
+    // Enables or disables a menu command, IDM_OPEN for example, and its toolbar
+    // button.
     virtual void EnableCommand(unsigned nId, int bEnable) = 0;
 
     // Show or hide the boxes beside the face; the window changes its size.

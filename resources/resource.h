@@ -1,9 +1,11 @@
 // resource.h - the numbers of the program's resources and commands. Status-bar
 // help texts and tooltips are string resources with the number of their
-// command.
+// command. Those that the calculator itself names are in calculator_ids.h.
 
 #ifndef RESOURCES_RESOURCE_H
 #define RESOURCES_RESOURCE_H
+
+#include "resources/calculator_ids.h"
 
 // Bitmaps and icons
 #define IDB_FACE 1011
@@ -13,17 +15,6 @@
 #define IDB_WELCOME 10002
 #define IDI_VORSTEK 10001
 #define IDI_GRAPH 15550
-
-// Sounds, WAVE resources; the engine's kSoundClick and the others
-#define IDW_KEY_CLICK 10050
-#define IDW_REFUSAL 10051
-#define IDW_ERROR 10052
-#define IDW_HALTED 10053
-#define IDW_CLEARED 10054
-#define IDW_SLIDE_ON 10055
-#define IDW_SLIDE_OFF 10056
-#define IDW_PROGRAM_MODE 10057
-#define IDW_RUN_MODE 10058
 
 // Child windows of the main window
 #define IDC_TOOLBAR 1001
@@ -35,37 +26,6 @@
 // Menu and accelerators of the main window
 #define IDR_MENU 1008
 #define IDR_ACCELERATORS 1009
-
-// File menu
-#define IDM_NEW 101
-#define IDM_OPEN 102
-#define IDM_SAVE 103
-#define IDM_SAVE_AS 104
-#define IDM_PAGE_SETUP 105
-#define IDM_PRINT_PREVIEW 106
-#define IDM_PRINT 107
-#define IDM_EXIT 121
-
-// Edit menu
-#define IDM_UNDO 201
-#define IDM_CUT 202
-#define IDM_COPY 203
-#define IDM_PASTE 204
-#define IDM_DELETE 205
-#define IDM_SELECT_ALL 206
-#define IDM_FIND 207
-#define IDM_REPLACE 208
-#define IDM_REPAIR_HIGHLIGHT 209
-
-// View menu
-#define IDM_TOOLBAR 401
-#define IDM_STATUS_BAR 402
-#define IDM_GRAPH 403
-#define IDM_OPTIONS 404
-
-// Help menu
-#define IDM_HELP 601
-#define IDM_ABOUT 602
 
 // Dialogs
 #define IDD_ABOUT 3001

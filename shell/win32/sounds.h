@@ -3,7 +3,7 @@
 #ifndef SHELL_SOUNDS_H
 #define SHELL_SOUNDS_H
 
-// Starts a sound, for example kSoundClick, and returns at once. Stops the previous
+// Starts a sound, for example IDW_KEY_CLICK, and returns at once. Stops the previous
 // sound. Does nothing if the sound cannot be played.
 void PlayProgramSound(unsigned nId);
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "engine/vorstek_engine.h"
 #include "resources/resource.h"
 #include "shell/win32/sounds.h"
 #include "toolkit/win32/center_window.h"
@@ -11,7 +10,7 @@ static const UINT kWelcomeTime = 2000;  // milliseconds
 
 static void AllowOk(HWND hDialog)
 {
-    PlayProgramSound(kSoundStackView);  // also serves as the chime
+    PlayProgramSound(IDW_SLIDE_ON);  // also serves as the chime
     KillTimer(hDialog, IDT_WELCOME);
     EnableWindow(GetDlgItem(hDialog, IDOK), TRUE);
 }

@@ -72,7 +72,7 @@ class SoundFilesTest(unittest.TestCase):
 
     def test_numbers_of_the_resources(self):
         numbers = dict(re.findall(r"#define (IDW_\w+) (\d+)",
-                                  (ROOT / "resources" / "resource.h").read_text()))
+                                  (ROOT / "resources" / "calculator_ids.h").read_text()))
         rows = re.findall(r'^(IDW_\w+) +WAVE "sounds/(.+)"$',
                           (ROOT / "resources" / "vorstek.rc").read_text(), re.MULTILINE)
         self.assertEqual([(int(numbers[name]), file) for name, file in rows],
