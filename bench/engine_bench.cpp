@@ -8,6 +8,7 @@
 #include <benchmark/benchmark.h>
 
 #include "console/headless_host.h"
+#include "engine/number_format.h"
 
 static const double kTurns = 10000.0;
 

@@ -11,6 +11,7 @@
 #include "console/run_files.h"
 #include "console/run_options.h"
 #include "console/state_report.h"
+#include "engine/vorstek_state.h"
 #include "graph/graph_file_commands.h"
 #include "graph/svg_file.h"
 

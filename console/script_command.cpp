@@ -12,6 +12,7 @@
 #include "console/json.h"
 #include "console/script_host.h"
 #include "console/state_report.h"
+#include "engine/vorstek_state.h"
 #include "graph/graph_file_commands.h"
 #include "toolkit/read_file.h"
 

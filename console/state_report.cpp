@@ -5,6 +5,7 @@
 
 #include "console/json.h"
 #include "engine/display.h"
+#include "engine/vorstek_state.h"
 #include "graph/vantor_data_set.h"
 
 static const size_t kLineRoom = 600;  // the longest listing line with its line end

@@ -3,7 +3,8 @@
 #include <cstdio>
 #include <cstring>
 
-#include "engine/vorstek_engine.h"
+#include "engine/calculator.h"
+#include "engine/pending_keys.h"
 
 // Places of the lines, in pixels from the origin of the face.
 static const int kTextLeft        = 50;
@@ -16,7 +17,7 @@ static const int kLabelLeft       = 194;
 static const int kLabelTop        = 53;
 static const int kOperationTop    = 66;
 static const int kStackRowHeight  = 12;
-static const int kStackTop        = 78;  // X; Y, Z and T stand above it
+static const int kStackTop        = 78;  // X; Y, Z and T are above it
 
 static const int kStackCharacters     = 23;
 static const int kBottomCharacters    = 19;
@@ -40,7 +41,7 @@ static cDisplayLine *AddLine(cDisplay *pDisplay, eDisplayFont nFont, int nLeft, 
     return pLine;
 }
 
-// A positive number shows a blank where the sign of a negative one stands.
+// A positive number shows a blank where a negative one has its sign.
 static void BlankPlus(char *pSign)
 {
     if (*pSign == '+')
@@ -54,41 +55,34 @@ static void PadWithBlanks(char (&szText)[kDisplayVisible + 1])
     szText[kDisplayVisible] = 0;
 }
 
-// Wait markers are no keys and are never shown.
-int cVorstekEngine::HasVisibleKeystrokes() const
-{
-    return m_szKeystrokes[0] && strncmp(m_szKeystrokes, "EWF", 3) != 0 &&
-           strncmp(m_szKeystrokes, "HWF", 3) != 0;
-}
-
-void cVorstekEngine::AddAnnunciator(cDisplay *pDisplay)
+static void AddAnnunciator(cCalculator &c, cDisplay *pDisplay)
 {
     static const char *const s_Names[] = {"rad", "deg", "grd"};
-    AddLine(pDisplay, dfSmall, kAnnunciatorLeft, kAnnunciatorTop, 3, s_Names[m_nAngleMode]);
+    AddLine(pDisplay, dfSmall, kAnnunciatorLeft, kAnnunciatorTop, 3, s_Names[c.m_nAngleMode]);
 }
 
-void cVorstekEngine::ComposeProgram(cDisplay *pDisplay)
+static void ComposeProgram(cCalculator &c, cDisplay *pDisplay)
 {
-    if (m_nCurLine > kLastLine)
+    if (c.m_nCurLine > kLastLine)
     {
-        SetCurLine(kLastLine);  // the box may let the display be drawn once more
-        ShowProgramError(kCodeStepRange);
+        c.SetCurLine(kLastLine);  // the box may let the display be drawn once more
+        c.ShowProgramError(kCodeStepRange);
     }
-    const ProgramLine &Line  = m_Program[m_nCurLine];
+    const ProgramLine &Line  = c.m_Program[c.m_nCurLine];
     const char *const  szGap = Line.m_szOperandText[0] ? " " : "";
     char               szText[64];
-    snprintf(szText, sizeof szText, "%02u %s%s%s", m_nCurLine, Line.m_szText, szGap,
+    snprintf(szText, sizeof szText, "%02u %s%s%s", c.m_nCurLine, Line.m_szText, szGap,
              Line.m_szOperandText);
-    ShowText(szText);
-    AddLine(pDisplay, dfLarge, kTextLeft, kMainTop, kDisplayVisible, m_szDisplay);
+    c.SetDisplayText(szText);
+    AddLine(pDisplay, dfLarge, kTextLeft, kMainTop, kDisplayVisible, c.m_szDisplay);
 
-    snprintf(szText, sizeof szText, "%s%s", kKeystrokesLabel, m_szKeystrokes);
+    snprintf(szText, sizeof szText, "%s%s", kKeystrokesLabel, c.m_szKeystrokes);
     AddLine(pDisplay, dfSmall, kTextLeft, kBottomTop, kBottomCharacters, szText);
 }
 
-void cVorstekEngine::ComposeStack(cDisplay *pDisplay)
+static void ComposeStack(cCalculator &c, cDisplay *pDisplay)
 {
-    const char *const s_Levels[] = {m_szDisplay, m_szY, m_szZ, m_szT};
+    const char *const s_Levels[] = {c.m_szDisplay, c.m_szY, c.m_szZ, c.m_szT};
     int               nTop       = kStackTop;
     for (int i = 0; i < 4; i++, nTop -= kStackRowHeight)
     {
@@ -97,36 +91,36 @@ void cVorstekEngine::ComposeStack(cDisplay *pDisplay)
         BlankPlus(szText + 3);
         AddLine(pDisplay, dfSmall, kTextLeft, nTop, kStackCharacters, szText);
     }
-    AddAnnunciator(pDisplay);
-    const int bKeys = HasVisibleKeystrokes();
+    AddAnnunciator(c, pDisplay);
+    const int bKeys = HasPendingKeys(c);
     AddLine(pDisplay, dfSmall, kLabelLeft, kLabelTop, static_cast<int>(strlen(kLastOpLabel)),
             bKeys ? kKeystrokesLabel : kLastOpLabel);
     AddLine(pDisplay, dfSmall, kLabelLeft, kOperationTop, kOperationCharacters,
-            bKeys ? m_szKeystrokes : m_szLastOp);
+            bKeys ? c.m_szKeystrokes : c.m_szLastOp);
 }
 
-void cVorstekEngine::ComposeNormal(cDisplay *pDisplay)
+static void ComposeNormal(cCalculator &c, cDisplay *pDisplay)
 {
     char szText[64];
-    BlankPlus(m_szDisplay);
-    AddLine(pDisplay, dfLarge, kNormalLeft, kMainTop, kDisplayVisible, m_szDisplay);
-    AddAnnunciator(pDisplay);
+    BlankPlus(c.m_szDisplay);
+    AddLine(pDisplay, dfLarge, kNormalLeft, kMainTop, kDisplayVisible, c.m_szDisplay);
+    AddAnnunciator(c, pDisplay);
 
-    const int bKeys = HasVisibleKeystrokes();
+    const int bKeys = HasPendingKeys(c);
     snprintf(szText, sizeof szText, "%s%s", bKeys ? kKeystrokesLabel : kLastOpLabel,
-             bKeys ? m_szKeystrokes : m_szLastOp);
+             bKeys ? c.m_szKeystrokes : c.m_szLastOp);
     AddLine(pDisplay, dfSmall, kTextLeft, kBottomTop, kBottomCharacters, szText);
 }
 
-void cVorstekEngine::ComposeDisplay(cDisplay *pDisplay)
+void cCalculator::ComposeDisplay(cDisplay *pDisplay)
 {
     SettleTexts();
     pDisplay->m_nLines = 0;
     if (m_bProgramMode)
-        ComposeProgram(pDisplay);
+        ComposeProgram(*this, pDisplay);
     else if (m_bShowStack)
-        ComposeStack(pDisplay);
+        ComposeStack(*this, pDisplay);
     else
-        ComposeNormal(pDisplay);
+        ComposeNormal(*this, pDisplay);
     PadWithBlanks(m_szDisplay);
 }

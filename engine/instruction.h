@@ -4,7 +4,9 @@
 #ifndef ENGINE_INSTRUCTION_H
 #define ENGINE_INSTRUCTION_H
 
-class cVorstekEngine;
+#include <span>
+
+class cCalculator;
 
 enum eOperand
 {
@@ -29,7 +31,16 @@ enum eEnding
     enLift,  // X shown, entry ended, the next number pushes the stack
     enOver,  // the same, but the next number overwrites X
     enKeep,  // the same, the stack-lift flag as it was
-    enOwn    // the handler sees to it
+    enOwn    // the handler does it
+};
+
+// What other parts of the engine must know of some instructions.
+enum eRole
+{
+    rlNone,
+    rlJump,   // sets the current line itself
+    rlLabel,  // the target of jumps
+    rlSign    // belongs to number entry while a number is being keyed in
 };
 
 // When the former X goes to LASTx: once all else is done, or before it.
@@ -37,7 +48,7 @@ const int kLastXAfter  = 1;
 const int kLastXBefore = 2;
 
 // Performs the instruction; returns 1, or 0 after an error.
-typedef int (cVorstekEngine::*cHandler)(unsigned nOperand);
+typedef int (*cHandler)(cCalculator &c, unsigned nOperand);
 
 struct cInstruction
 {
@@ -47,7 +58,10 @@ struct cInstruction
     int         m_nLastX;  // kLastXAfter or kLastXBefore; 0: LASTx stays
     eClamp      m_nClamp;
     eEnding     m_nEnding;
-    int         m_bJump;  // sets the current line itself
+    eRole       m_nRole;
 };
+
+// The instruction table, in registration order.
+std::span<const cInstruction> Instructions();
 
 #endif

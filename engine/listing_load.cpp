@@ -7,9 +7,12 @@
 #include <cstring>
 #include <memory>
 
+#include "engine/calculator.h"
+#include "engine/dispatch.h"
 #include "engine/line_box.h"
+#include "engine/listing_files.h"
 #include "engine/listing_parser.h"
-#include "engine/vorstek_engine.h"
+#include "engine/program_memory.h"
 #include "toolkit/read_file.h"
 #include "toolkit/retry_alloc.h"
 
@@ -20,7 +23,10 @@ static const char *const kLoaderCaption = "ERROR";
 static const size_t kListedExtra  = 5;
 static const size_t kListedUnused = kListedExtra + 3;
 
-struct cVorstekEngine::cLoad
+namespace
+{
+
+struct cLoad
 {
     ProgramLine m_Program[kProgramLines];
     unsigned    m_nLines;         // program lines so far
@@ -34,7 +40,7 @@ struct cVorstekEngine::cLoad
     void ListNumbered(unsigned nNumber, const char *szLine);
 };
 
-void cVorstekEngine::cLoad::List(const char *szMark, const char *szLine)
+void cLoad::List(const char *szMark, const char *szLine)
 {
     m_nListingLength += static_cast<size_t>(snprintf(m_pListing + m_nListingLength,
                                                      m_nListingRoom - m_nListingLength, "%s%s\r\n",
@@ -42,12 +48,14 @@ void cVorstekEngine::cLoad::List(const char *szMark, const char *szLine)
     m_nListingLines++;
 }
 
-void cVorstekEngine::cLoad::ListNumbered(unsigned nNumber, const char *szLine)
+void cLoad::ListNumbered(unsigned nNumber, const char *szLine)
 {
     char szMark[16];
     snprintf(szMark, sizeof szMark, "%02u ", nNumber);
     List(szMark, szLine);
 }
+
+}  // namespace
 
 static size_t CountFileLines(const char *pText, const char *pEnd)
 {
@@ -58,92 +66,27 @@ static size_t CountFileLines(const char *pText, const char *pEnd)
     return nLines;
 }
 
-int cVorstekEngine::LoadProgram(const char *szFileName)
-{
-    cFileText File;
-    if (strlen(szFileName) >= kFileNameText || !File.Read(szFileName, m_pHost))
-    {
-        char szText[kFileNameText + 64];
-        snprintf(szText, sizeof szText, "ERROR: couldn't open the file '%s' for reading",
-                 szFileName);
-        AskUser(szText, bnOk, icError);
-        return 0;
-    }
-    const char *const pEnd   = File.Text() + File.Length();
-    const size_t      nLines = CountFileLines(File.Text(), pEnd);
-    const size_t nRoom = File.Length() + nLines * kListedExtra + kProgramLines * kListedUnused + 1;
-    const std::unique_ptr<char, void (*)(void *)> Listing(
-        AllocateWithRetry(m_pHost, [nRoom] { return static_cast<char *>(malloc(nRoom)); }), free);
-    if (!Listing)
-        return 0;
-
-    cLoad Load          = {};
-    Load.m_pListing     = Listing.get();
-    Load.m_nListingRoom = nRoom;
-    Load.List("00", "");
-    m_bParseOnly    = 1;
-    const int bRead = ReadLines(&Load, File.Text(), pEnd);
-    m_bParseOnly    = 0;
-    if (!bRead)
-        return CancelLoad();
-    FinishLoad(&Load);
-    return 1;
-}
-
-// 0 if the user cancelled.
-int cVorstekEngine::ReadLines(cLoad *pLoad, const char *pText, const char *pEnd)
-{
-    char szLine[kFileLineText];
-    m_nLoaderLine = 0;
-    while ((pText = NextFileLine(pText, pEnd, szLine)) != nullptr)
-    {
-        m_nLoaderLine++;
-        cListingLine Line;
-        ParseListingLine(szLine, m_mapHandlers, &Line);
-        if (Line.m_nKind == llInstruction && !AcceptsLine(Line))
-            Line.m_nKind = llBadOperand;
-        if (Line.m_nKind == llComment)
-            pLoad->List("   ", szLine);
-        else if (Line.m_nKind != llInstruction && Line.m_nKind != llNumber)
-        {
-            ShowListingSoFar(pLoad);
-            if (!RejectLine(Line, szLine))
-                return 0;
-            pLoad->List("-- ", szLine);
-        }
-        else if (pLoad->m_nLines == kLastLine)
-        {
-            ShowListingSoFar(pLoad);
-            AskUser("Program memory overflow", bnOk, icNone);
-            return 1;
-        }
-        else
-            StoreLine(pLoad, Line, szLine);
-    }
-    return 1;
-}
-
-void cVorstekEngine::ShowListingSoFar(cLoad *pLoad)
+static void ShowListingSoFar(cCalculator &c, cLoad *pLoad)
 {
     const char *const szNew = pLoad->m_pListing + pLoad->m_nShown;
     if (pLoad->m_nShown == 0)
-        m_pListing->SetText(szNew);
+        c.m_pListing->SetText(szNew);
     else
-        m_pListing->InsertLine(m_pListing->CountLines(), szNew);
+        c.m_pListing->InsertLine(c.m_pListing->CountLines(), szNew);
     pLoad->m_nShown = pLoad->m_nListingLength;
-    SetCurLine(0);
-    RefreshViews();
+    c.SetCurLine(0);
+    c.RefreshViews();
 }
 
 // The instruction's own rule decides about the operand.
-int cVorstekEngine::AcceptsLine(const cListingLine &Line)
+static int CheckLine(cCalculator &c, const cListingLine &Line)
 {
-    snprintf(m_szMnemonic, sizeof m_szMnemonic, "%s", Line.m_szText);
-    snprintf(m_szOperand, sizeof m_szOperand, "%s", Line.m_szOperandText);
-    return Perform(Line.m_szText, Line.m_nOperand);
+    snprintf(c.m_szMnemonic, sizeof c.m_szMnemonic, "%s", Line.m_szText);
+    snprintf(c.m_szOperand, sizeof c.m_szOperand, "%s", Line.m_szOperandText);
+    return Perform(c, Line.m_szText, Line.m_nOperand);
 }
 
-void cVorstekEngine::StoreLine(cLoad *pLoad, const cListingLine &Line, const char *szLine)
+static void StoreLine(cCalculator &c, cLoad *pLoad, const cListingLine &Line, const char *szLine)
 {
     ProgramLine *const pProgramLine = &pLoad->m_Program[++pLoad->m_nLines];
     pProgramLine->m_nListingLine    = pLoad->m_nListingLines;
@@ -151,8 +94,8 @@ void cVorstekEngine::StoreLine(cLoad *pLoad, const cListingLine &Line, const cha
         SetNumber(pProgramLine, Line.m_szText);
     else
     {
-        pProgramLine->m_pHandler = m_mapHandlers.Find(Line.m_szText);
-        pProgramLine->m_nOperand = Line.m_nOperand;
+        pProgramLine->m_pInstruction = c.m_mapHandlers.Find(Line.m_szText);
+        pProgramLine->m_nOperand     = Line.m_nOperand;
         memcpy(pProgramLine->m_szText, Line.m_szText, sizeof Line.m_szText);
         memcpy(pProgramLine->m_szOperandText, Line.m_szOperandText, sizeof Line.m_szOperandText);
     }
@@ -169,36 +112,101 @@ static const char *RejectionText(eListingLine nKind)
 }
 
 // Asks whether to go on without the line.
-int cVorstekEngine::RejectLine(const cListingLine &Line, const char *szLine)
+static int RejectLine(cCalculator &c, const cListingLine &Line, const char *szLine)
 {
     char szText[kFileLineText + 64];
-    snprintf(szText, sizeof szText, "%s%u:\n%s", RejectionText(Line.m_nKind), m_nLoaderLine,
+    snprintf(szText, sizeof szText, "%s%u:\n%s", RejectionText(Line.m_nKind), c.m_nLoaderLine,
              szLine);
-    return AskUser(szText, bnOkCancel, icNone, kLoaderCaption) == anOk;
+    return c.AskUser(szText, bnOkCancel, icNone, kLoaderCaption) == anOk;
 }
 
-int cVorstekEngine::CancelLoad()
+// 0 if the user cancelled.
+static int ReadLines(cCalculator &c, cLoad *pLoad, const char *pText, const char *pEnd)
 {
-    ClearProgram();
-    m_nReturnDepth = 0;
-    m_bPaintStale  = 1;
-    RefreshViews();
-    AskUser("Program Memory has been cleared", bnOk, icNone);
+    char szLine[kFileLineText];
+    c.m_nLoaderLine = 0;
+    while ((pText = NextFileLine(pText, pEnd, szLine)) != nullptr)
+    {
+        c.m_nLoaderLine++;
+        cListingLine Line;
+        ParseListingLine(szLine, c.m_mapHandlers, &Line);
+        if (Line.m_nKind == llInstruction && !CheckLine(c, Line))
+            Line.m_nKind = llBadOperand;
+        if (Line.m_nKind == llComment)
+            pLoad->List("   ", szLine);
+        else if (Line.m_nKind != llInstruction && Line.m_nKind != llNumber)
+        {
+            ShowListingSoFar(c, pLoad);
+            if (!RejectLine(c, Line, szLine))
+                return 0;
+            pLoad->List("-- ", szLine);
+        }
+        else if (pLoad->m_nLines == kLastLine)
+        {
+            ShowListingSoFar(c, pLoad);
+            c.AskUser("Program memory overflow", bnOk, icNone);
+            return 1;
+        }
+        else
+            StoreLine(c, pLoad, Line, szLine);
+    }
+    return 1;
+}
+
+static int CancelLoad(cCalculator &c)
+{
+    ClearProgram(c);
+    c.m_nReturnDepth = 0;
+    c.MarkDisplay();
+    c.RefreshViews();
+    c.AskUser("Program Memory has been cleared", bnOk, icNone);
     return 0;
 }
 
-void cVorstekEngine::FinishLoad(cLoad *pLoad)
+static void FinishLoad(cCalculator &c, cLoad *pLoad)
 {
-    const cInstruction *const pRunStop = m_mapHandlers.Find("R/S");
+    const cInstruction *const pRunStop = c.m_mapHandlers.Find("R/S");
     for (unsigned nLine = pLoad->m_nLines + 1; nLine <= kLastLine; nLine++)
     {
         SetRunStop(pRunStop, &pLoad->m_Program[nLine], pLoad->m_nListingLines);
         pLoad->ListNumbered(nLine, pRunStop->m_szMnemonic);
     }
-    memcpy(m_Program, pLoad->m_Program, sizeof m_Program);
-    m_bListingWhole    = m_pListing->SetText(pLoad->m_pListing);
-    m_bProgramModified = 0;
-    m_nReturnDepth     = 0;
-    SetCurLine(0);
-    RefreshViews();
+    memcpy(c.m_Program, pLoad->m_Program, sizeof c.m_Program);
+    c.m_bListingComplete = c.m_pListing->SetText(pLoad->m_pListing);
+    c.m_bProgramModified = 0;
+    c.m_nReturnDepth     = 0;
+    c.SetCurLine(0);
+    c.RefreshViews();
+}
+
+int LoadProgram(cCalculator &c, const char *szFileName)
+{
+    cFileText File;
+    if (strlen(szFileName) >= kFileNameText || !File.Read(szFileName, c.m_pHost))
+    {
+        char szText[kFileNameText + 64];
+        snprintf(szText, sizeof szText, "ERROR: couldn't open the file '%s' for reading",
+                 szFileName);
+        c.AskUser(szText, bnOk, icError);
+        return 0;
+    }
+    const char *const pEnd   = File.Text() + File.Length();
+    const size_t      nLines = CountFileLines(File.Text(), pEnd);
+    const size_t nRoom = File.Length() + nLines * kListedExtra + kProgramLines * kListedUnused + 1;
+    const std::unique_ptr<char, void (*)(void *)> Listing(
+        AllocateWithRetry(c.m_pHost, [nRoom] { return static_cast<char *>(malloc(nRoom)); }), free);
+    if (!Listing)
+        return 0;
+
+    cLoad Load          = {};
+    Load.m_pListing     = Listing.get();
+    Load.m_nListingRoom = nRoom;
+    Load.List("00", "");
+    c.m_bParseOnly  = 1;
+    const int bRead = ReadLines(c, &Load, File.Text(), pEnd);
+    c.m_bParseOnly  = 0;
+    if (!bRead)
+        return CancelLoad(c);
+    FinishLoad(c, &Load);
+    return 1;
 }

@@ -6,8 +6,11 @@
 #include <cstring>
 #include <memory>
 
+#include "engine/calculator.h"
 #include "engine/line_box.h"
-#include "engine/vorstek_engine.h"
+#include "engine/listing_files.h"
+#include "engine/mode_switch.h"
+#include "engine/program_memory.h"
 #include "toolkit/replacement_file.h"
 #include "toolkit/retry_alloc.h"
 
@@ -53,15 +56,16 @@ static void WriteListingLine(const char *pLine, const char *pEnd, FILE *pStream)
 }
 
 // The new content is complete on disk before it takes the old file's place.
-int cVorstekEngine::SaveProgram(const char *szFileName)
+int SaveProgram(cCalculator &c, const char *szFileName)
 {
-    const size_t                                  nLength = m_pListing->GetTextLength();
+    const size_t                                  nLength = c.m_pListing->GetTextLength();
     const std::unique_ptr<char, void (*)(void *)> Text(
-        AllocateWithRetry(m_pHost, [nLength] { return static_cast<char *>(malloc(nLength + 1)); }),
+        AllocateWithRetry(c.m_pHost,
+                          [nLength] { return static_cast<char *>(malloc(nLength + 1)); }),
         free);
     if (!Text)
         return 0;
-    const char *const pTextEnd = Text.get() + m_pListing->GetText(Text.get(), nLength + 1);
+    const char *const pTextEnd = Text.get() + c.m_pListing->GetText(Text.get(), nLength + 1);
 
     cReplacementFile File;
     if (!File.Open(szFileName, "wb"))
@@ -77,97 +81,87 @@ int cVorstekEngine::SaveProgram(const char *szFileName)
     return File.Commit();
 }
 
-void cVorstekEngine::ShowFileName()
+void ShowFileName(cCalculator &c)
 {
     char szText[kFileNameText + 16];
-    snprintf(szText, sizeof szText, "filename: %s", m_szFileName[0] ? m_szFileName : kUntitled);
-    m_pHost->SetStatusText(szText);
+    snprintf(szText, sizeof szText, "filename: %s", c.m_szFileName[0] ? c.m_szFileName : kUntitled);
+    c.m_pHost->SetStatusText(szText);
 }
 
-int cVorstekEngine::SaveUnderName(const char *szFileName)
+int SaveUnderName(cCalculator &c, const char *szFileName)
 {
-    if (strlen(szFileName) >= kFileNameText || !SaveProgram(szFileName))
+    if (strlen(szFileName) >= kFileNameText || !SaveProgram(c, szFileName))
     {
         char szText[kFileNameText + 32];
         snprintf(szText, sizeof szText, "Could not write the file:\n %s", szFileName);
-        AskUser(szText, bnOk, icError);
+        c.AskUser(szText, bnOk, icError);
         return 0;
     }
-    snprintf(m_szFileName, sizeof m_szFileName, "%s", szFileName);
-    m_bProgramModified = 0;
-    ShowFileName();
+    snprintf(c.m_szFileName, sizeof c.m_szFileName, "%s", szFileName);
+    c.m_bProgramModified = 0;
+    ShowFileName(c);
     return 1;
 }
 
-int cVorstekEngine::SaveAs()
+int SaveAs(cCalculator &c)
 {
     char szName[kFileNameText] = "";
-    return m_pHost->AskFileName(fdSave, szName, sizeof szName) && SaveUnderName(szName);
+    return c.m_pHost->AskFileName(fdSave, szName, sizeof szName) && SaveUnderName(c, szName);
 }
 
-int cVorstekEngine::Save()
+int Save(cCalculator &c)
 {
     char szName[kFileNameText];
-    if (!m_szFileName[0])
-        return SaveAs();
-    memcpy(szName, m_szFileName, sizeof szName);
-    return SaveUnderName(szName);
+    if (!c.m_szFileName[0])
+        return SaveAs(c);
+    memcpy(szName, c.m_szFileName, sizeof szName);
+    return SaveUnderName(c, szName);
 }
 
-int cVorstekEngine::ConfirmDiscard()
+int ConfirmDiscard(cCalculator &c)
 {
-    if (!m_bProgramModified)
+    if (!c.m_bProgramModified)
         return 1;
     char szText[kFileNameText + 32];
     snprintf(szText, sizeof szText, "Save current changes in %s?",
-             m_szFileName[0] ? m_szFileName : kUntitled);
-    const eAnswer nAnswer = AskUser(szText, bnYesNoCancel, icQuestion);
+             c.m_szFileName[0] ? c.m_szFileName : kUntitled);
+    const eAnswer nAnswer = c.AskUser(szText, bnYesNoCancel, icQuestion);
     if (nAnswer == anYes)
-        return Save();
+        return Save(c);
     return nAnswer == anNo;
 }
 
-int cVorstekEngine::New()
+int New(cCalculator &c)
 {
-    if (!ConfirmDiscard())
+    if (!ConfirmDiscard(c))
         return 0;
-    ClearProgram();
-    m_nReturnDepth = 0;
-    AbandonKeys();
+    ClearProgram(c);
+    c.m_nReturnDepth = 0;
+    AbandonKeys(c);
     return 1;
 }
 
-int cVorstekEngine::Open()
+int Open(cCalculator &c)
 {
     char szName[kFileNameText] = "";
-    if (!ConfirmDiscard() || !m_pHost->AskFileName(fdOpen, szName, sizeof szName))
+    if (!ConfirmDiscard(c) || !c.m_pHost->AskFileName(fdOpen, szName, sizeof szName))
         return 0;
-    if (LoadProgram(szName))
+    if (LoadProgram(c, szName))
     {
-        TakeLoadedProgram(szName);
+        TakeLoadedProgram(c, szName);
         return 1;
     }
-    m_szFileName[0] = 0;
-    ShowFileName();
+    c.m_szFileName[0] = 0;
+    ShowFileName(c);
     return 0;
 }
 
 // A listing that the box has cut must not take its file's place unasked.
-void cVorstekEngine::TakeLoadedProgram(const char *szFileName)
+void TakeLoadedProgram(cCalculator &c, const char *szFileName)
 {
-    snprintf(m_szFileName, sizeof m_szFileName, "%s", m_bListingWhole ? szFileName : "");
-    m_bProgramModified = 0;
-    ShowFileName();
-    AbandonEntry();
-    AbandonKeys();
-}
-
-// Pending keys go, and with them the wait for a key; a switch to program mode
-// that waited for it is carried out.
-void cVorstekEngine::AbandonKeys()
-{
-    SetKeystrokes("");
-    SwitchIfPending();
-    m_bPaintStale = 1;
-    RefreshViews();
+    snprintf(c.m_szFileName, sizeof c.m_szFileName, "%s", c.m_bListingComplete ? szFileName : "");
+    c.m_bProgramModified = 0;
+    ShowFileName(c);
+    c.AbandonEntry();
+    AbandonKeys(c);
 }

@@ -1,12 +1,13 @@
-// number_entry.cpp - builds a number key by key. m_szEntry holds the mantissa
-// with its sign, m_szExponent "e", a sign and two digits. In run mode the
-// number grows in X, in program mode in a line of the program.
+#include "engine/number_entry.h"
 
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 
+#include "engine/calculator.h"
 #include "engine/decimal.h"
-#include "engine/vorstek_engine.h"
+#include "engine/program_memory.h"
+#include "engine/range.h"
 
 static const unsigned kCodeEntryKey     = 103;
 static const unsigned kCodeMantissaSign = 104;
@@ -22,164 +23,161 @@ static int IsDigitKey(char cKey)
     return cKey >= '0' && cKey <= '9';
 }
 
-int cVorstekEngine::EnterCharacter(char cKey)
+// The caller has checked that there is room.
+static void AppendToEntry(cCalculator &c, char cKey)
 {
-    if (!IsDigitKey(cKey) && cKey != '.' && cKey != 'e' && !m_szExponent[0])
-    {
-        ShowProgramError(kCodeEntryKey);
-        return 1;
-    }
-    const int bNew = m_szEntry[0] == 0;
-    if (!m_bProgramMode)
-    {
-        if (bNew)
-            PushIfLift();
-        m_bStackLift = 1;
-    }
-    if (!AcceptEntryKey(cKey))
-        return 1;
-
-    char szText[kStackText];
-    ComposeEntry(szText);
-    double    dValue = ParseEntry(szText);
-    const int bEnded = ClampEntry(szText, &dValue);
-    if (!m_bProgramMode)
-        ShowEntry(szText, dValue, bEnded);
-    else if (bNew)
-        InsertNumberLine(szText);
-    else
-        ReplaceCurrentLine(szText);
-    if (bEnded)
-        EndEntry();
-    return 1;
+    const size_t nLength     = strlen(c.m_szEntry);
+    c.m_szEntry[nLength]     = cKey;
+    c.m_szEntry[nLength + 1] = 0;
 }
 
-// Takes the key into the entry, or refuses it with a sound. 1 when taken.
-int cVorstekEngine::AcceptEntryKey(char cKey)
+static int AcceptPoint(cCalculator &c)
 {
-    int bTaken;
-    if (IsDigitKey(cKey))
-        bTaken = AcceptDigit(cKey);
-    else if (m_szExponent[0])
-        bTaken = 0;
-    else
-        bTaken = cKey == '.' ? AcceptPoint() : AcceptExponentKey();
-    if (!bTaken)
-        PlayRejectSound();
-    return bTaken;
-}
-
-// There is room for it.
-void cVorstekEngine::AppendToEntry(char c)
-{
-    const size_t nLength   = strlen(m_szEntry);
-    m_szEntry[nLength]     = c;
-    m_szEntry[nLength + 1] = 0;
-}
-
-int cVorstekEngine::AcceptPoint()
-{
-    if (!m_szEntry[0])
-        strcpy(m_szEntry, "+0");
-    if (strchr(m_szEntry, '.') || strlen(m_szEntry) >= kLongestMantissa)
+    if (!c.m_szEntry[0])
+        strcpy(c.m_szEntry, "+0");
+    if (strchr(c.m_szEntry, '.') || strlen(c.m_szEntry) >= kLongestMantissa)
         return 0;
-    AppendToEntry('.');
+    AppendToEntry(c, '.');
     return 1;
+}
+
+static double ParseEntry(cCalculator &c, const char *szText)
+{
+    double dValue;
+    if (!ParseDecimal(szText, &dValue))
+        c.ShowProgramError(kCodeEntryText);
+    return dValue;
 }
 
 // EEX alone begins 1 x 10^n, and so does EEX after a zero.
-int cVorstekEngine::AcceptExponentKey()
+static int AcceptExponentKey(cCalculator &c)
 {
-    if (!m_szEntry[0] || ParseEntry(m_szEntry) == 0.0)
-        strcpy(m_szEntry, "+1.");
-    strcpy(m_szExponent, "e+00");
+    if (!c.m_szEntry[0] || ParseEntry(c, c.m_szEntry) == 0.0)
+        strcpy(c.m_szEntry, "+1.");
+    strcpy(c.m_szExponent, "e+00");
     return 1;
 }
 
 // Exponent digits move up: e+03, then 4, is e+34.
-int cVorstekEngine::AcceptDigit(char cDigit)
+static int AcceptDigit(cCalculator &c, char cDigit)
 {
-    if (m_szExponent[0])
+    if (c.m_szExponent[0])
     {
-        m_szExponent[2] = m_szExponent[3];
-        m_szExponent[3] = cDigit;
+        c.m_szExponent[2] = c.m_szExponent[3];
+        c.m_szExponent[3] = cDigit;
         return 1;
     }
-    if (!m_szEntry[0])
-        strcpy(m_szEntry, "+");
-    const size_t nLength  = strlen(m_szEntry);
-    const size_t nLongest = strchr(m_szEntry, '.') ? kLongestMantissa : kLongestInteger;
+    if (!c.m_szEntry[0])
+        strcpy(c.m_szEntry, "+");
+    const size_t nLength  = strlen(c.m_szEntry);
+    const size_t nLongest = strchr(c.m_szEntry, '.') ? kLongestMantissa : kLongestInteger;
     if (nLength >= nLongest)
         return 0;
-    AppendToEntry(cDigit);
+    AppendToEntry(c, cDigit);
     return 1;
 }
 
-// The keyed text always shows a point: "+12.", "+1.5e+03".
-void cVorstekEngine::ComposeEntry(char (&szText)[kStackText]) const
+// Takes the key into the entry, or refuses it with a sound. 1 when taken.
+static int AcceptEntryKey(cCalculator &c, char cKey)
 {
-    snprintf(szText, sizeof szText, "%s%s%s", m_szEntry, strchr(m_szEntry, '.') ? "" : ".",
-             m_szExponent);
+    int bTaken;
+    if (IsDigitKey(cKey))
+        bTaken = AcceptDigit(c, cKey);
+    else if (c.m_szExponent[0])
+        bTaken = 0;
+    else
+        bTaken = cKey == '.' ? AcceptPoint(c) : AcceptExponentKey(c);
+    if (!bTaken)
+        c.PlayRejectSound();
+    return bTaken;
 }
 
-double cVorstekEngine::ParseEntry(const char *szText)
+// The keyed text always shows a point: "+12.", "+1.5e+03".
+static void ComposeEntry(const cCalculator &c, char (&szText)[kStackText])
 {
-    double dValue;
-    if (!ParseDecimal(szText, &dValue))
-        ShowProgramError(kCodeEntryText);
-    return dValue;
+    snprintf(szText, sizeof szText, "%s%s%s", c.m_szEntry, strchr(c.m_szEntry, '.') ? "" : ".",
+             c.m_szExponent);
 }
 
 // A number beyond the range ends the entry at the limit. A mantissa alone may
 // be zero; with an exponent it may not come too close to it.
-int cVorstekEngine::ClampEntry(char (&szText)[kStackText], double *pdValue)
+static int ClampEntry(cCalculator &c, char (&szText)[kStackText], double *pdValue)
 {
     const double dClamped  = Clamp(*pdValue);
-    const int    bTooSmall = m_szExponent[0] && *pdValue > -kSmallest && *pdValue < kSmallest;
+    const int    bTooSmall = c.m_szExponent[0] && *pdValue > -kSmallest && *pdValue < kSmallest;
     if (std::fabs(*pdValue) <= kLargest && !bTooSmall)
         return 0;
-    *pdValue     = dClamped;
-    m_bStackLift = 1;
-    FormatNumber(dClamped, szText);
+    *pdValue       = dClamped;
+    c.m_bStackLift = 1;
+    c.FormatNumber(dClamped, szText);
     return 1;
 }
 
-// While the entry goes on, X and the display hold the keyed text.
-void cVorstekEngine::ShowEntry(const char *szText, double dValue, int bEnded)
+// X and the display hold the keyed text.
+static void ShowEntry(cCalculator &c, const char *szText, double dValue)
 {
-    m_dX             = dValue;
-    m_bStackStale    = 1;
-    m_bDisplayShowsX = 1;
-    if (!bEnded)
-        snprintf(m_szX, sizeof m_szX, "%s", szText);
+    c.m_dX = dValue;
+    c.MarkKeyedX(szText);
 }
 
-int cVorstekEngine::ChangeEntrySign()
+int EnterCharacter(cCalculator &c, char cKey)
 {
-    if (m_szExponent[0])
+    if (!IsDigitKey(cKey) && cKey != '.' && cKey != 'e' && !c.m_szExponent[0])
     {
-        if (m_szExponent[1] == '+')
-            m_szExponent[1] = '-';
-        else if (m_szExponent[1] == '-')
-            m_szExponent[1] = '+';
-        else
-            ShowProgramError(kCodeExponentSign);
+        c.ShowProgramError(kCodeEntryKey);
+        return 1;
     }
-    else if (ParseEntry(m_szEntry) != 0.0)
+    const int bNew = c.m_szEntry[0] == 0;
+    if (!c.m_bProgramMode)
     {
-        if (m_szEntry[0] == '+')
-            m_szEntry[0] = '-';
-        else if (m_szEntry[0] == '-')
-            m_szEntry[0] = '+';
+        if (bNew)
+            c.PushIfLift();
+        c.m_bStackLift = 1;
+    }
+    if (!AcceptEntryKey(c, cKey))
+        return 1;
+
+    char szText[kStackText];
+    ComposeEntry(c, szText);
+    double    dValue = ParseEntry(c, szText);
+    const int bEnded = ClampEntry(c, szText, &dValue);
+    if (!c.m_bProgramMode)
+        ShowEntry(c, szText, dValue);
+    else if (bNew)
+        InsertNumberLine(c, szText);
+    else
+        ReplaceCurrentLine(c, szText);
+    if (bEnded)
+        c.EndEntry();
+    return 1;
+}
+
+int ChangeEntrySign(cCalculator &c)
+{
+    if (c.m_szExponent[0])
+    {
+        if (c.m_szExponent[1] == '+')
+            c.m_szExponent[1] = '-';
+        else if (c.m_szExponent[1] == '-')
+            c.m_szExponent[1] = '+';
         else
-            ShowProgramError(kCodeMantissaSign);
+            c.ShowProgramError(kCodeExponentSign);
+    }
+    else if (ParseEntry(c, c.m_szEntry) != 0.0)
+    {
+        if (c.m_szEntry[0] == '+')
+            c.m_szEntry[0] = '-';
+        else if (c.m_szEntry[0] == '-')
+            c.m_szEntry[0] = '+';
+        else
+            c.ShowProgramError(kCodeMantissaSign);
     }
 
     char szText[kStackText];
-    ComposeEntry(szText);
-    const double dValue = ParseEntry(szText);
-    if (m_bProgramMode)
-        return ReplaceCurrentLine(szText);
-    ShowEntry(szText, dValue, 0);
+    ComposeEntry(c, szText);
+    const double dValue = ParseEntry(c, szText);
+    if (c.m_bProgramMode)
+        return ReplaceCurrentLine(c, szText);
+    ShowEntry(c, szText, dValue);
     return 1;
 }

@@ -1,6 +1,7 @@
 // pc_keyboard.cpp - characters typed on the PC keyboard.
 
-#include "engine/vorstek_engine.h"
+#include "engine/calculator.h"
+#include "engine/keystrokes.h"
 #include "resources/calculator_ids.h"
 
 static const char kEscape = 27;
@@ -20,25 +21,20 @@ static const struct
 };
 // clang-format on
 
-void cVorstekEngine::OnChar(char cChar)
+void OnChar(cCalculator &c, char cChar)
 {
     for (const auto &Row : s_Characters)
         if (Row.m_cChar == cChar)
         {
-            OnCalcKey(Row.m_nKeyCode, 1);
-            OnCalcKey(Row.m_nKeyCode, 0);
+            OnCalcKey(c, Row.m_nKeyCode, 1);
+            OnCalcKey(c, Row.m_nKeyCode, 0);
             return;
         }
-    if (cChar != kEscape || !m_bProgramRunning)
+    if (cChar != kEscape || !c.m_bProgramRunning)
     {
-        PlayRejectSound();
+        c.PlayRejectSound();
         return;
     }
-    StartSound(IDW_HALTED);
-    HaltProgram();
-}
-
-void cVorstekEngine::HaltProgram()
-{
-    m_bProgramRunning = 0;
+    c.StartSound(IDW_HALTED);
+    c.m_bProgramRunning = 0;
 }

@@ -1,5 +1,4 @@
-// trace_log.cpp - one line of text for each line that a run executes: the
-// instruction, X, Y, Reg[0] and the return addresses, newest first.
+#include "engine/trace_log.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -7,7 +6,7 @@
 #include <ctime>
 #include <new>
 
-#include "engine/vorstek_engine.h"
+#include "engine/calculator.h"
 #include "toolkit/dbg_file.h"
 #include "toolkit/retry_alloc.h"
 
@@ -18,32 +17,29 @@ static const int kInstructionWidth = 21;
 static const int kNumberWidth      = 18;
 
 // The log cuts its messages; a path of more than 511 characters takes two.
-// Returns 0 when memory is short and the user gave up.
-int cVorstekEngine::OpenTrace()
+int cTraceLog::Open(cCalculator &c)
 {
-    if (!m_bTrace)
-        return 1;
-    m_pTraceFile = AllocateWithRetry(m_pHost, [this] {
-        return new (std::nothrow) cDbgFile(m_szTraceFileName, kTraceMegabytes, m_pHost);
+    m_pFile = AllocateWithRetry(c.m_pHost, [this, &c] {
+        return new (std::nothrow) cDbgFile(m_szName, kTraceMegabytes, c.m_pHost);
     });
-    if (!m_pTraceFile)
+    if (!m_pFile)
         return 0;
     const time_t nNow = time(nullptr);
-    m_pTraceFile->printf("Program from file '");
-    for (size_t nAt = 0; nAt < strlen(m_szFileName); nAt += kDbgMessage - 1)
-        m_pTraceFile->printf("%s", m_szFileName + nAt);
-    m_pTraceFile->printf("'\nrun on %s\n", asctime(localtime(&nNow)));
-    m_pTraceFile->printf(" Instruction          X                 Y                 Reg[0]       "
-                         "Subr Return Addr\n");
+    m_pFile->printf("Program from file '");
+    for (size_t nAt = 0; nAt < strlen(c.m_szFileName); nAt += kDbgMessage - 1)
+        m_pFile->printf("%s", c.m_szFileName + nAt);
+    m_pFile->printf("'\nrun on %s\n", asctime(localtime(&nNow)));
+    m_pFile->printf(" Instruction          X                 Y                 Reg[0]       "
+                    "Subr Return Addr\n");
     return 1;
 }
 
-void cVorstekEngine::CloseTrace()
+void cTraceLog::Close()
 {
-    if (m_pTraceFile && !m_pTraceFile->Close())
-        m_bTraceLost = 1;
-    delete m_pTraceFile;
-    m_pTraceFile = nullptr;
+    if (m_pFile && !m_pFile->Close())
+        m_bLost = 1;
+    delete m_pFile;
+    m_pFile = nullptr;
 }
 
 // Newest first; a level that is not in use shows "--".
@@ -61,9 +57,9 @@ static void FormatReturns(const unsigned *pReturns, unsigned nDepth, char *szTex
     }
 }
 
-void cVorstekEngine::WriteTraceLine(unsigned nLine)
+void cTraceLog::WriteLine(cCalculator &c, unsigned nLine)
 {
-    const ProgramLine &Line = m_Program[nLine];
+    const ProgramLine &Line = c.m_Program[nLine];
     char               szInstruction[40];
     if (Line.m_szOperandText[0])
         snprintf(szInstruction, sizeof szInstruction, "%02u %s %u", nLine, Line.m_szText,
@@ -71,15 +67,15 @@ void cVorstekEngine::WriteTraceLine(unsigned nLine)
     else
         snprintf(szInstruction, sizeof szInstruction, "%02u %s", nLine, Line.m_szText);
 
-    if (m_nReturnDepth > kReturnLevels)
-        ShowProgramError(kCodeReturnDepth);
+    if (c.m_nReturnDepth > kReturnLevels)
+        c.ShowProgramError(kCodeReturnDepth);
     char szReturns[24];
-    FormatReturns(m_nReturnAddr, std::min(m_nReturnDepth, kReturnLevels), szReturns,
+    FormatReturns(c.m_nReturnAddr, std::min(c.m_nReturnDepth, kReturnLevels), szReturns,
                   sizeof szReturns);
 
     char szRegister[kStackText];
-    SettleTexts();
-    FormatNumber(m_dReg[0], szRegister);
-    m_pTraceFile->printf("%-*s%-*s%-*s%-*s%s\n", kInstructionWidth, szInstruction, kNumberWidth,
-                         m_szX, kNumberWidth, m_szY, kNumberWidth, szRegister, szReturns);
+    c.SettleTexts();
+    c.FormatNumber(c.m_dReg[0], szRegister);
+    m_pFile->printf("%-*s%-*s%-*s%-*s%s\n", kInstructionWidth, szInstruction, kNumberWidth, c.m_szX,
+                    kNumberWidth, c.m_szY, kNumberWidth, szRegister, szReturns);
 }

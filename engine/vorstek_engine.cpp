@@ -1,125 +1,248 @@
 #include "engine/vorstek_engine.h"
 
-#include <cstdio>
-#include <cstring>
+#include <cstdlib>
+#include <new>
 
-#include "resources/calculator_ids.h"
+#include "engine/calculator.h"
+#include "engine/dispatch.h"
+#include "engine/key_actions.h"
+#include "engine/keystrokes.h"
+#include "engine/listing_files.h"
+#include "engine/number_entry.h"
+#include "engine/power.h"
+#include "engine/program_memory.h"
+#include "engine/program_run.h"
+#include "toolkit/retry_alloc.h"
 
-static const unsigned kBuckets = 120;
+static cCalculator *MakeCalculator(cVorstekHost *pHost, cLineBox *pListing, cLineBox *pRegisters)
+{
+    cCalculator *const pCalculator = AllocateWithRetry(
+        pHost, [=] { return new (std::nothrow) cCalculator(pHost, pListing, pRegisters); });
+    if (!pCalculator)
+        exit(-1);
+    return pCalculator;
+}
 
 cVorstekEngine::cVorstekEngine(cVorstekHost *pHost, cLineBox *pListing, cLineBox *pRegisters)
-    : cVorstekState{}, m_pHost(pHost), m_pListing(pListing), m_pRegisters(pRegisters),
-      m_mapHandlers(kBuckets, pHost), m_pTraceFile(nullptr), m_szTraceFileName("tracelog.txt"),
-      m_bTraceLost(0), m_nLoaderLine(0), m_nRuns(0), m_bInRun(0), m_bListingWhole(1),
-      m_bStackStale(1), m_bDisplayShowsX(1), m_nStaleRegisters(0), m_nSelectRegister(-1),
-      m_bHighlightStale(0), m_bPaintStale(0)
+    : m_pCalculator(MakeCalculator(pHost, pListing, pRegisters))
 {
-    m_bStackLift = 1;
-    m_nAngleMode = kAngleDeg;
-    SetDisplayMode(kModeFix, 2);
-    for (const cInstruction &Row : s_Instructions)
-        m_mapHandlers.Slot(Row.m_szMnemonic) = &Row;
-    ResetProgram();
-    SettleTexts();
 }
 
-cVorstekEngine::~cVorstekEngine()
-{
-    CloseTrace();
-}
+cVorstekEngine::~cVorstekEngine() {}
 
 int cVorstekEngine::Start()
 {
-    ListClearedProgram();
-    ListRegisters();
-    ShowFileName();
+    ListClearedProgram(*m_pCalculator);
+    m_pCalculator->ListRegisters();
+    ShowFileName(*m_pCalculator);
     return 1;
 }
 
 const cVorstekState &cVorstekEngine::State()
 {
-    SettleTexts();
-    return *this;
+    m_pCalculator->SettleTexts();
+    return *m_pCalculator;
 }
 
-// During a run the views lag behind; nobody may see that beside a box.
-eAnswer cVorstekEngine::AskUser(const char *szText, eButtons nButtons, eIcon nIcon,
-                                const char *szCaption)
+cVorstekState &cVorstekEngine::MutableState()
 {
-    if (m_bProgramRunning)
-        RefreshViews();
-    return m_pHost->Ask(szText, szCaption, nButtons, nIcon);
+    return *m_pCalculator;
 }
 
 void cVorstekEngine::ShowProgramError(unsigned nCode)
 {
-    char szText[32];
-    snprintf(szText, sizeof szText, "Program Error Code #%03u", nCode);
-    AskUser(szText, bnOk, icNone);
+    m_pCalculator->ShowProgramError(nCode);
 }
 
-void cVorstekEngine::ShowKeystrokesError(unsigned nCode)
+void cVorstekEngine::OnCalcKey(unsigned nKeyCode, int bIsDown)
 {
-    char szText[64];
-    snprintf(szText, sizeof szText, "Program Error Code #%03u\nm_szKeystrokes = %s", nCode,
-             m_szKeystrokes);
-    AskUser(szText, bnOk, icNone);
+    ::OnCalcKey(*m_pCalculator, nKeyCode, bIsDown);
 }
 
-int cVorstekEngine::ShowUserError(const char *szText)
+int cVorstekEngine::OnDigitKey(unsigned nDigit)
 {
-    EndEntry();
-    ShowX();
-    ShowText(szText);
-    PlayErrorSound();
-    return 0;
+    return ::OnDigitKey(*m_pCalculator, nDigit);
 }
 
-void cVorstekEngine::StartSound(unsigned nId)
+void cVorstekEngine::OnChar(char cChar)
 {
-    if (!m_bSoundOff)
-        m_pHost->StartSound(nId);
+    ::OnChar(*m_pCalculator, cChar);
 }
 
-void cVorstekEngine::PlayErrorSound()
+void cVorstekEngine::HaltProgram()
 {
-    StartSound(IDW_ERROR);
+    m_pCalculator->m_bProgramRunning = 0;
 }
 
-void cVorstekEngine::PlayRejectSound()
+int cVorstekEngine::Perform(const char *szMnemonic, unsigned nOperand)
 {
-    StartSound(IDW_REFUSAL);
+    return ::Perform(*m_pCalculator, szMnemonic, nOperand);
 }
 
-double cVorstekEngine::Power(double dBase, int n)
+int cVorstekEngine::EnterCharacter(char cKey)
 {
-    double dPower = 1.0;
-    for (unsigned nBits = n < 0 ? 0u - static_cast<unsigned>(n) : static_cast<unsigned>(n); nBits;
-         nBits >>= 1)
-    {
-        if (nBits & 1)
-            dPower *= dBase;
-        dBase *= dBase;
-    }
-    return n < 0 ? 1.0 / dPower : dPower;
+    return ::EnterCharacter(*m_pCalculator, cKey);
 }
 
 int cVorstekEngine::SetStackLevel(unsigned nLevel, double dValue)
 {
-    double *const pLevels[] = {&m_dX, &m_dY, &m_dZ, &m_dT};
-    if (nLevel >= sizeof pLevels / sizeof *pLevels)
-        return 0;
-    EndEntry();
-    *pLevels[nLevel] = Clamp(dValue);
-    ShowX();
-    return 1;
+    return m_pCalculator->SetStackLevel(nLevel, dValue);
 }
 
 int cVorstekEngine::SetRegister(unsigned nRegister, double dValue)
 {
-    if (nRegister >= kRegisters)
-        return 0;
-    m_dReg[nRegister] = Clamp(dValue);
-    TraceRegister(nRegister);
+    return m_pCalculator->SetRegister(nRegister, dValue);
+}
+
+int cVorstekEngine::ClearProgram()
+{
+    return ::ClearProgram(*m_pCalculator);
+}
+
+int cVorstekEngine::DeleteCurrentLine()
+{
+    return ::DeleteCurrentLine(*m_pCalculator);
+}
+
+int cVorstekEngine::GoToLine(unsigned nLine)
+{
+    return ::GoToLine(*m_pCalculator, nLine);
+}
+
+int cVorstekEngine::StepForward()
+{
+    return ::StepForward(*m_pCalculator);
+}
+
+int cVorstekEngine::StepBack()
+{
+    return ::StepBack(*m_pCalculator);
+}
+
+int cVorstekEngine::ShowCurrentLine()
+{
+    return ::ShowCurrentLine(*m_pCalculator);
+}
+
+int cVorstekEngine::RepairHighlight()
+{
+    m_pCalculator->RepairHighlight();
     return 1;
+}
+
+int cVorstekEngine::RunProgram()
+{
+    return ::RunProgram(*m_pCalculator);
+}
+
+int cVorstekEngine::ExecuteCurrentLine()
+{
+    return ::ExecuteCurrentLine(*m_pCalculator);
+}
+
+int cVorstekEngine::SingleStep()
+{
+    return ::SingleStep(*m_pCalculator);
+}
+
+int cVorstekEngine::IsRunning() const
+{
+    return m_pCalculator->m_bProgramRunning;
+}
+
+int cVorstekEngine::IsInRun() const
+{
+    return m_pCalculator->m_bInRun;
+}
+
+unsigned cVorstekEngine::RunNumber() const
+{
+    return m_pCalculator->m_nRuns;
+}
+
+void cVorstekEngine::SetTraceFileName(const char *szName)
+{
+    m_pCalculator->m_Trace.SetName(szName);
+}
+
+int cVorstekEngine::IsTraceLost() const
+{
+    return m_pCalculator->m_Trace.IsLost();
+}
+
+int cVorstekEngine::LoadProgram(const char *szFileName)
+{
+    return ::LoadProgram(*m_pCalculator, szFileName);
+}
+
+int cVorstekEngine::SaveProgram(const char *szFileName)
+{
+    return ::SaveProgram(*m_pCalculator, szFileName);
+}
+
+void cVorstekEngine::TakeLoadedProgram(const char *szFileName)
+{
+    ::TakeLoadedProgram(*m_pCalculator, szFileName);
+}
+
+unsigned cVorstekEngine::LoaderLine() const
+{
+    return m_pCalculator->m_nLoaderLine;
+}
+
+int cVorstekEngine::New()
+{
+    return ::New(*m_pCalculator);
+}
+
+int cVorstekEngine::Open()
+{
+    return ::Open(*m_pCalculator);
+}
+
+int cVorstekEngine::Save()
+{
+    return ::Save(*m_pCalculator);
+}
+
+int cVorstekEngine::SaveAs()
+{
+    return ::SaveAs(*m_pCalculator);
+}
+
+int cVorstekEngine::SaveUnderName(const char *szFileName)
+{
+    return ::SaveUnderName(*m_pCalculator, szFileName);
+}
+
+int cVorstekEngine::ConfirmDiscard()
+{
+    return ::ConfirmDiscard(*m_pCalculator);
+}
+
+void cVorstekEngine::RefreshViews()
+{
+    m_pCalculator->RefreshViews();
+}
+
+int cVorstekEngine::PaintDisplay()
+{
+    m_pCalculator->PaintDisplay();
+    return 1;
+}
+
+int cVorstekEngine::BlankDisplay()
+{
+    m_pCalculator->BlankDisplay();
+    return 1;
+}
+
+void cVorstekEngine::ComposeDisplay(cDisplay *pDisplay)
+{
+    m_pCalculator->ComposeDisplay(pDisplay);
+}
+
+double cVorstekEngine::Power(double dBase, int n)
+{
+    return ::Power(dBase, n);
 }

@@ -32,7 +32,7 @@ const int kAngleGrd = 2;
 
 struct ProgramLine
 {
-    const cInstruction *m_pHandler;                     // null marks a number line
+    const cInstruction *m_pInstruction;                 // null marks a number line
     unsigned            m_nOperand;                     // register, label or digit count
     char                m_szText[kMnemonicText];        // mnemonic, or the number as keyed
     char                m_szOperandText[kOperandText];  // as keyed: "5", ".3"; "" for none

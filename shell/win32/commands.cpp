@@ -2,6 +2,7 @@
 
 #include "shell/win32/vorstek.h"
 
+#include "engine/vorstek_state.h"
 #include "resources/resource.h"
 #include "shell/win32/dialogs.h"
 #include "shell/win32/help.h"
@@ -47,7 +48,7 @@ LRESULT cVorstek::OnCommand(WPARAM wParam, LPARAM lParam)
     const cCommandRow *const pRow = FindCommand(s_Commands, nId);
     if (!pRow)
         return DefWindowProcA(m_hWnd, WM_COMMAND, wParam, lParam);
-    if (pRow->m_bWhileRunning || !m_bProgramRunning)
+    if (pRow->m_bWhileRunning || !IsRunning())
         (this->*pRow->m_pfnHandler)();
     return 0;
 }
@@ -79,7 +80,8 @@ void cVorstek::OnPageSetup()
 
 void cVorstek::OnPrint()
 {
-    m_ListingBox.Print(m_szFileName[0] ? m_szFileName : "UNTITLED");
+    const char *const szName = State().m_szFileName;
+    m_ListingBox.Print(szName[0] ? szName : "UNTITLED");
 }
 
 void cVorstek::OnExit()
@@ -161,7 +163,9 @@ void cVorstek::OnToggleGraph()
 
 void cVorstek::OnOptions()
 {
-    cOptions Options = {m_bKeepListingOpen, m_bKeepRegistersOpen, m_bTrace, m_bSoundOff};
+    const cVorstekState &Current = State();
+    cOptions Options = {Current.m_bKeepListingOpen, Current.m_bKeepRegistersOpen, Current.m_bTrace,
+                        Current.m_bSoundOff};
     if (!AskOptions(m_hWnd, &Options))
         return;
     ApplyOptions(Options);

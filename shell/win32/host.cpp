@@ -76,7 +76,7 @@ int cVorstek::DrainEvery(DWORD dwPeriod)
     m_dwLastDrain = dwNow;
     RefreshViews();
     MSG Message;
-    while (m_bProgramRunning && PeekMessageA(&Message, nullptr, 0, 0, PM_REMOVE))
+    while (IsRunning() && PeekMessageA(&Message, nullptr, 0, 0, PM_REMOVE))
     {
         if (Message.message == WM_QUIT)
         {
@@ -161,7 +161,7 @@ int cVorstek::AddGraphPoint(unsigned nLine, double dX, double dY)
 
 int cVorstek::IsDrawing() const
 {
-    return m_bProgramRunning;
+    return IsRunning();
 }
 
 void cVorstek::OnGraphHidden()

@@ -6,6 +6,7 @@
 #include <new>
 #include <utility>
 
+#include "engine/vorstek_state.h"
 #include "resources/resource.h"
 #include "shell/window_layout.h"
 #include "toolkit/win32/gdi.h"
@@ -496,7 +497,7 @@ LRESULT cVorstek::OnClose(WPARAM, LPARAM)
 
 LRESULT cVorstek::OnQueryEndSession(WPARAM wParam, LPARAM lParam)
 {
-    if (m_bProgramModified)
+    if (State().m_bProgramModified)
         return 0;
     return DefWindowProcA(m_hWnd, WM_QUERYENDSESSION, wParam, lParam);
 }
@@ -534,7 +535,7 @@ LRESULT cVorstek::OnCharacter(WPARAM wParam, LPARAM)
 LRESULT cVorstek::OnSysCommand(WPARAM wParam, LPARAM lParam)
 {
     const WPARAM nCommand = wParam & 0xFFF0;  // the platform uses the lower bits internally
-    if (nCommand == SC_CLOSE && m_bProgramRunning)
+    if (nCommand == SC_CLOSE && IsRunning())
     {
         Ask(kNotWhileRunning, nullptr, bnOk, icNone);
         return 0;

@@ -19,9 +19,9 @@ ALL_PAGES = pages()
 
 def table_of_instructions():
     """The mnemonic of each instruction, and whether it saves X in LASTx."""
-    path = os.path.join(REPOSITORY, "engine", "instruction_table.cpp")
+    path = os.path.join(REPOSITORY, "engine", "instructions", "instruction_rows.inc")
     with open(path, encoding="utf-8") as file:
-        rows = re.findall(r'^    \{ "([^"]+)", +op\w+, +&cVorstekEngine::\w+, +([012]),',
+        rows = re.findall(r'^INSTRUCTION\("([^"]+)", +op\w+, +\w+, +([012]),',
                           file.read(), re.M)
     return {mnemonic: last_x != "0" for mnemonic, last_x in rows}
 

@@ -14,8 +14,10 @@
 #include <doctest/doctest.h>
 
 #include "engine/display.h"
+#include "engine/instruction.h"
 #include "engine/memory_line_box.h"
 #include "engine/vorstek_engine.h"
+#include "engine/vorstek_state.h"
 
 #define CHECK_TEXT(actual, expected) CHECK(std::string(actual) == std::string(expected))
 
@@ -89,7 +91,7 @@ public:
     using cVorstekEngine::cVorstekEngine;
 
     // For putting the calculator into situations that keys cannot reach.
-    cVorstekState &Raw() { return *this; }
+    cVorstekState &Raw() { return MutableState(); }
 };
 
 class cCalculatorRig

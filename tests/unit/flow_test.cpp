@@ -1,5 +1,6 @@
 #include <limits>
 
+#include "engine/range.h"
 #include "tests/unit/calculator_rig.h"
 
 namespace

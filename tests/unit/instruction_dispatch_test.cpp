@@ -61,7 +61,7 @@ TEST_CASE("checking accepts the operand that the instruction takes")
     };
     // clang-format on
     cCalculatorRig Rig;
-    for (const cInstruction &Instruction : cVorstekEngine::s_Instructions)
+    for (const cInstruction &Instruction : Instructions())
         for (const auto &Row : s_Rows)
         {
             CAPTURE(std::string(Instruction.m_szMnemonic));
@@ -109,7 +109,7 @@ TEST_CASE("checking changes nothing, whatever else is going on")
     for (const int bProgramMode : {0, 1})
     {
         Rig.m_Engine.Raw().m_bProgramMode = bProgramMode;
-        for (const cInstruction &Instruction : cVorstekEngine::s_Instructions)
+        for (const cInstruction &Instruction : Instructions())
         {
             CAPTURE(std::string(Instruction.m_szMnemonic));
             Checks(&Rig, Instruction.m_szMnemonic, "", 0);
@@ -124,7 +124,7 @@ TEST_CASE("checking changes nothing, whatever else is going on")
 
 TEST_CASE("checking a line for another instruction reports code 100 and rejects it")
 {
-    for (const cInstruction &Instruction : cVorstekEngine::s_Instructions)
+    for (const cInstruction &Instruction : Instructions())
     {
         cCalculatorRig    Rig;
         const char *const szOperand = Instruction.m_nOperand == opNone ? "" : "5";
@@ -138,7 +138,7 @@ TEST_CASE("checking a line for another instruction reports code 100 and rejects 
 
 TEST_CASE("program mode records instructions instead of performing them")
 {
-    for (const cInstruction &Instruction : cVorstekEngine::s_Instructions)
+    for (const cInstruction &Instruction : Instructions())
     {
         CAPTURE(std::string(Instruction.m_szMnemonic));
         cCalculatorRig Rig;
@@ -153,7 +153,7 @@ TEST_CASE("program mode records instructions instead of performing them")
 
         const ProgramLine &Line = Rig.State().m_Program[1];
         CHECK_TEXT(Rig.ListingLine(1), "01 " + Text);
-        CHECK(Line.m_pHandler == &Instruction);
+        CHECK(Line.m_pInstruction == &Instruction);
         CHECK_TEXT(Line.m_szText, Instruction.m_szMnemonic);
         CHECK_TEXT(Line.m_szOperandText, nOperand ? "7" : "");
         CHECK(Line.m_nOperand == nOperand);

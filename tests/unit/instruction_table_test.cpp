@@ -168,15 +168,15 @@ void Prepare(cCalculatorRig *pRig, double dX, int bStackLift)
 
 TEST_CASE("eighty instructions are registered, in this order")
 {
-    REQUIRE(std::size(cVorstekEngine::s_Instructions) == 80);
+    REQUIRE(Instructions().size() == 80);
     REQUIRE(std::size(kRows) == 80);
     for (size_t i = 0; i < std::size(kRows); i++)
-        CHECK_TEXT(cVorstekEngine::s_Instructions[i].m_szMnemonic, kRows[i].szMnemonic);
+        CHECK_TEXT(Instructions()[i].m_szMnemonic, kRows[i].szMnemonic);
 }
 
 TEST_CASE("each instruction has its kind of operand")
 {
-    for (const cInstruction &Row : cVorstekEngine::s_Instructions)
+    for (const cInstruction &Row : Instructions())
     {
         const std::string Mnemonic  = Row.m_szMnemonic;
         eOperand          nExpected = opNone;

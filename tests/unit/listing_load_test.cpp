@@ -58,7 +58,7 @@ void CheckProgram(cCalculatorRig &Rig)
     unsigned             nFormer = 0;
     REQUIRE(State.m_bParseOnly == 0);
     REQUIRE(State.m_nCurLine == 0);
-    REQUIRE(State.m_Program[0].m_pHandler == nullptr);
+    REQUIRE(State.m_Program[0].m_pInstruction == nullptr);
     REQUIRE(State.m_Program[0].m_szText[0] == 0);
     REQUIRE(State.m_Program[0].m_nListingLine == 0);
     REQUIRE(Rig.ListingLine(0) == "00");
@@ -72,9 +72,9 @@ void CheckProgram(cCalculatorRig &Rig)
         const std::string Listed = Rig.ListingLine(nFormer);
         REQUIRE(Listed.substr(0, 3) == TwoDigits(nLine) + " ");
         const size_t nText = Listed.find_first_not_of(" \t", 3);
-        if (Line.m_pHandler)
+        if (Line.m_pInstruction)
         {
-            const std::string Mnemonic = Line.m_pHandler->m_szMnemonic;
+            const std::string Mnemonic = Line.m_pInstruction->m_szMnemonic;
             const std::string Word     = Mnemonic.substr(0, Mnemonic.find(' '));
             REQUIRE(Mnemonic == Line.m_szText);
             REQUIRE(Listed.compare(nText, Word.size(), Word) == 0);
@@ -146,7 +146,7 @@ TEST_CASE("the record of a loaded line holds handler, operand, texts and place")
         CHECK_TEXT(Line.m_szOperandText, Row.szOperandText);
         CHECK(Line.m_nOperand == Row.nOperand);
         CHECK(Line.m_nListingLine == 2);
-        CHECK((Line.m_pHandler == nullptr) == (Row.szLine[0] == '3'));
+        CHECK((Line.m_pInstruction == nullptr) == (Row.szLine[0] == '3'));
         CheckProgram(Rig);
     }
 }
@@ -192,7 +192,7 @@ TEST_CASE("loading executes and records nothing, in either mode")
 
 TEST_CASE("every instruction loads in the form that it is recorded in")
 {
-    for (const cInstruction &Instruction : cVorstekEngine::s_Instructions)
+    for (const cInstruction &Instruction : Instructions())
     {
         CAPTURE_TEXT(Instruction.m_szMnemonic);
         cLoadRig          Rig;
@@ -203,7 +203,7 @@ TEST_CASE("every instruction loads in the form that it is recorded in")
 
         CHECK(Rig.m_Host.m_Boxes.empty());
         CHECK_TEXT(Rig.Step(1), Line);
-        CHECK(Rig.State().m_Program[1].m_pHandler == &Instruction);
+        CHECK(Rig.State().m_Program[1].m_pInstruction == &Instruction);
     }
 }
 

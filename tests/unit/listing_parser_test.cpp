@@ -18,7 +18,7 @@ class cMnemonics : public cMnemonicMap
 public:
     cMnemonics() : cMnemonicMap(120, nullptr)
     {
-        for (const cInstruction &Instruction : cVorstekEngine::s_Instructions)
+        for (const cInstruction &Instruction : Instructions())
             Slot(Instruction.m_szMnemonic) = &Instruction;
     }
 };
@@ -62,7 +62,7 @@ TEST_CASE("blank lines and those that begin with a semicolon are comments")
 
 TEST_CASE("every mnemonic of the table is an instruction, exactly as it is written")
 {
-    for (const cInstruction &Instruction : cVorstekEngine::s_Instructions)
+    for (const cInstruction &Instruction : Instructions())
     {
         CAPTURE_TEXT(Instruction.m_szMnemonic);
         const std::string Mnemonic = Instruction.m_szMnemonic;

@@ -125,7 +125,7 @@ TEST_CASE("recorded lines are saved as they are listed")
 
 TEST_CASE("every recorded instruction and number reads back")
 {
-    for (const cInstruction &Instruction : cVorstekEngine::s_Instructions)
+    for (const cInstruction &Instruction : Instructions())
     {
         if (std::string(Instruction.m_szMnemonic) == "R/S")
             continue;

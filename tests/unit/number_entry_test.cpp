@@ -410,7 +410,7 @@ TEST_CASE("in program mode a number grows in one line and the stack stays")
 
         CHECK_TEXT(Rig.ListingLine(1), Row.szLine);
         CHECK_TEXT(Rig.State().m_Program[1].m_szText, Row.szLine + 3);
-        CHECK(Rig.State().m_Program[1].m_pHandler == nullptr);
+        CHECK(Rig.State().m_Program[1].m_pInstruction == nullptr);
         CHECK_TEXT(Rig.ListingLine(2), "02 R/S");
         CHECK(Rig.State().m_nCurLine == 1);
         CHECK(IsEntryInProgress(&Rig));

@@ -42,7 +42,7 @@ void GoTo(cCalculatorRig *pRig, unsigned nLine)
 void CheckListing(cCalculatorRig &Rig)
 {
     const cVorstekState &State = Rig.State();
-    CHECK(State.m_Program[0].m_pHandler == nullptr);
+    CHECK(State.m_Program[0].m_pInstruction == nullptr);
     CHECK(State.m_Program[0].m_nListingLine == 0);
     CHECK_TEXT(State.m_Program[0].m_szText, "");
     CHECK_TEXT(State.m_Program[0].m_szOperandText, "");
@@ -89,7 +89,7 @@ TEST_CASE("clearing empties memory, listing, name and current line")
         CHECK_TEXT(Rig.Step(nLine), "R/S");
         CHECK(Rig.State().m_Program[nLine].m_nOperand == 0);
         CHECK(Rig.State().m_Program[nLine].m_nListingLine == nLine);
-        CHECK(Rig.State().m_Program[nLine].m_pHandler != nullptr);
+        CHECK(Rig.State().m_Program[nLine].m_pInstruction != nullptr);
     }
     CheckListing(Rig);
     CHECK(Rig.State().m_bProgramModified == 0);
@@ -190,7 +190,7 @@ TEST_CASE("recorded operands are kept as text and as a value")
 
 TEST_CASE("every instruction of the table can be recorded and is found again")
 {
-    for (const cInstruction &Instruction : cVorstekEngine::s_Instructions)
+    for (const cInstruction &Instruction : Instructions())
     {
         CAPTURE_TEXT(Instruction.m_szMnemonic);
         cCalculatorRig Rig;
@@ -201,7 +201,7 @@ TEST_CASE("every instruction of the table can be recorded and is found again")
         const std::string Operand = Instruction.m_nOperand == opNone ? "" : " 3";
         CHECK(nResult == 1);
         CHECK_TEXT(Rig.Step(1), Instruction.m_szMnemonic + Operand);
-        CHECK(Rig.State().m_Program[1].m_pHandler == &Instruction);
+        CHECK(Rig.State().m_Program[1].m_pInstruction == &Instruction);
         CheckListing(Rig);
     }
 }
@@ -346,7 +346,7 @@ TEST_CASE("a number grows in one line")
         const ProgramLine &Line = Rig.State().m_Program[2];
         CHECK_TEXT(Line.m_szText, Row.szText);
         CHECK_TEXT(Line.m_szOperandText, "");
-        CHECK(Line.m_pHandler == nullptr);
+        CHECK(Line.m_pInstruction == nullptr);
         CHECK(Line.m_nOperand == 0);
         CHECK_TEXT(Rig.Step(1), "CLX");
         CHECK_TEXT(Rig.Step(3), "ENTER");
@@ -376,7 +376,7 @@ TEST_CASE("a number that is started at line 98 overwrites it")
     Rig.Type("12");
 
     CHECK_TEXT(Rig.Step(98), "+12.");
-    CHECK(Rig.State().m_Program[98].m_pHandler == nullptr);
+    CHECK(Rig.State().m_Program[98].m_pInstruction == nullptr);
     CHECK(Rig.State().m_Program[98].m_nOperand == 0);
     CHECK_TEXT(Rig.State().m_Program[98].m_szOperandText, "");
     CHECK_TEXT(Rig.Step(97), FullLine(97));

@@ -2,6 +2,7 @@
 #include <cstring>
 #include <random>
 
+#include "engine/range.h"
 #include "tests/unit/calculator_rig.h"
 #include "tests/unit/scratch_folder.h"
 

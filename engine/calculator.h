@@ -1,0 +1,172 @@
+// calculator.h - the core of the engine, private to it: the calculator's state,
+// its reports, the stack, the current line and the views. The other rooms of
+// the engine are functions over a cCalculator, declared in a header of their
+// own:
+//
+//   dispatch.h         checks, records or executes one instruction
+//   instructions/      the table of instructions and their handlers
+//   number_entry.h     digits, point, EEX, CHS
+//   keystrokes.h       keys of the face, prefixes, waiting states, PC keyboard
+//   program_memory.h   program lines, editing, the listing box
+//   program_run.h      run loop, single step
+//   trace_log.h        the trace of a run
+//   listing_files.h    listing files, commands of the file menu
+//
+// A room's header declares only what other rooms call; everything else is
+// static in its source file.
+
+#ifndef ENGINE_CALCULATOR_H
+#define ENGINE_CALCULATOR_H
+
+#include <cstddef>
+#include <cstdint>
+
+#include "engine/instruction.h"
+#include "engine/mnemonic_map.h"
+#include "engine/trace_log.h"
+#include "engine/vorstek_host.h"
+#include "engine/vorstek_state.h"
+
+class cLineBox;
+
+class cCalculator : public cVorstekState
+{
+public:
+    cCalculator(cVorstekHost *pHost, cLineBox *pListing, cLineBox *pRegisters);
+    cCalculator(const cCalculator &)            = delete;
+    cCalculator &operator=(const cCalculator &) = delete;
+
+    // --- reports
+    // Shows "Program Error Code #" and the number: an inconsistency within the
+    // program, which then continues.
+    void ShowProgramError(unsigned nCode);
+
+    // An error of the user, shown in the display with a sound. Ends the entry;
+    // returns 0.
+    int ShowUserError(const char *szText);
+
+    eAnswer AskUser(const char *szText, eButtons nButtons, eIcon nIcon,
+                    const char *szCaption = nullptr);
+
+    // Silent while the sounds are off.
+    void StartSound(unsigned nId);
+    void PlayErrorSound();
+    void PlayRejectSound();
+
+    // --- stack and operations
+    // X keeps its value; the caller overwrites it.
+    void Push()
+    {
+        m_dT = m_dZ;
+        m_dZ = m_dY;
+        m_dY = m_dX;
+    }
+
+    // The caller has already computed X from X and Y.
+    void Drop()
+    {
+        m_dY = m_dZ;
+        m_dZ = m_dT;
+    }
+
+    void PushIfLift()
+    {
+        if (m_bStackLift)
+            Push();
+    }
+
+    int  EndOperation(eEnding nEnding);  // always returns 1
+    void SaveLastX(double dFormerX);
+    void EndEntry();
+
+    // Ends an entry in progress. Outside program mode the number keyed so far
+    // stays in X, formatted.
+    void AbandonEntry();
+
+    // These two clamp; 0 if there is no such level or register.
+    int SetStackLevel(unsigned nLevel, double dValue);
+    int SetRegister(unsigned nRegister, double dValue);
+
+    // --- current line
+    // The line after the last is line 1; anything above is an inconsistency.
+    void SetCurLine(unsigned nLine);
+    void AdvanceLine() { SetCurLine(m_nCurLine + 1); }
+
+    // --- views
+    // What has changed is noted here; texts, boxes and display are brought up
+    // to date by RefreshViews(), when they become visible.
+    void RefreshViews();
+
+    // X has a new value: its text is to be made from it, and the display shows
+    // it.
+    void MarkX();
+
+    // A number being keyed in is in X: its text is the keyed one.
+    void MarkKeyedX(const char *szText);
+
+    // The display shows X again, as it was formatted last.
+    void DisplayFollowsX() { m_bDisplayShowsX = 1; }
+
+    // The display keeps its present text, whatever X becomes.
+    void FreezeDisplay() { m_bDisplayShowsX = 0; }
+
+    // An error text or a program line, cut to what the display has room for.
+    void SetDisplayText(const char *szText);
+
+    void MarkDisplay() { m_bPaintStale = 1; }
+    void MarkHighlight() { m_bHighlightStale = 1; }
+
+    // The register's or LASTx's line of the registers box has changed.
+    void TraceRegister(unsigned nRegister);
+    void TraceLastX();
+
+    // That line is to be selected. A later TraceRegister() undoes it.
+    void SelectRegister(unsigned nRegister) { m_nSelectRegister = static_cast<int>(nRegister); }
+
+    // Shows the box that formatting dValue now would show.
+    void ReportUnformattable(double dValue);
+
+    // Formats a number and reports what had to be repaired.
+    void FormatNumber(double dValue, char (&szText)[kStackText]);
+
+    // The texts of the stack levels and of the display.
+    void SettleTexts();
+
+    // A line of the registers box keeps the format in which it was last
+    // written, so this also comes before each change of the display mode.
+    void WriteRegisterLines();
+
+    void ListRegisters();  // all lines
+    void RepairHighlight();
+    void PaintDisplay();
+    void BlankDisplay();
+    void ComposeDisplay(cDisplay *pDisplay);
+
+    cVorstekHost *const m_pHost;
+    cLineBox *const     m_pListing;
+    cLineBox *const     m_pRegisters;
+    cMnemonicMap        m_mapHandlers;
+
+    // --- running
+    unsigned  m_nRuns;   // that have begun
+    int       m_bInRun;  // the run loop is active, halted or not
+    cTraceLog m_Trace;
+
+    // --- loading
+    unsigned m_nLoaderLine;       // line of the file that the loader is at, from 1
+    int      m_bListingComplete;  // the listing box had room for the complete file
+
+private:
+    int  IsXKeyed() const { return m_szEntry[0] && !m_bProgramMode; }
+    void FormatRegisterLine(unsigned nLine, char *szText, size_t nSize);
+
+    // What the views do not show yet.
+    int      m_bStackStale;      // m_szX to m_szT
+    int      m_bDisplayShowsX;   // m_szDisplay follows m_szX
+    uint32_t m_nStaleRegisters;  // bit n: line n of the registers box
+    int      m_nSelectRegister;  // line to highlight there, -1 for none
+    int      m_bHighlightStale;
+    int      m_bPaintStale;
+};
+
+#endif

@@ -1,0 +1,85 @@
+#include "engine/dispatch.h"
+
+#include <cstring>
+
+#include "engine/calculator.h"
+#include "engine/number_entry.h"
+#include "engine/program_memory.h"
+#include "engine/range.h"
+
+static const unsigned kCodeWrongMnemonic = 100;
+static const unsigned kCodeRegister      = 102;
+static const unsigned kCodeDigits        = 112;
+
+static const unsigned kLargestRegister = 20;  // written .10
+
+int Perform(cCalculator &c, const char *szMnemonic, unsigned nOperand)
+{
+    const cInstruction *const pInstruction = c.m_mapHandlers.Find(szMnemonic);
+    return pInstruction ? PerformInstruction(c, *pInstruction, nOperand) : 0;
+}
+
+// Judges the line in m_szMnemonic and m_szOperand; nOperand is its value.
+static int AcceptsOperand(cCalculator &c, const cInstruction &Instruction, unsigned nOperand)
+{
+    if (strcmp(c.m_szMnemonic, Instruction.m_szMnemonic) != 0)
+    {
+        c.ShowProgramError(kCodeWrongMnemonic);
+        return 0;
+    }
+    if (Instruction.m_nOperand == opNone)
+        return c.m_szOperand[0] == 0;
+    if (Instruction.m_nOperand == opRegister && c.m_szOperand[0] == '.')
+        return nOperand <= kLargestRegister;
+    return strlen(c.m_szOperand) == 1 && nOperand <= 9;
+}
+
+static unsigned RepairOperand(cCalculator &c, const cInstruction &Instruction, unsigned nOperand)
+{
+    if (Instruction.m_nOperand == opRegister && nOperand > kLargestRegister)
+    {
+        c.ShowProgramError(kCodeRegister);
+        return 0;
+    }
+    if (Instruction.m_nOperand == opDigits && nOperand > 9)
+    {
+        c.ShowProgramError(kCodeDigits);
+        return nOperand % 10;
+    }
+    return nOperand;
+}
+
+static int Record(cCalculator &c, const cInstruction &Instruction, unsigned nOperand)
+{
+    if (Instruction.m_nOperand == opNone)
+        return InsertInstruction(c, "%s", Instruction.m_szMnemonic);
+    if (Instruction.m_nOperand == opRegister && nOperand > 9)
+        return InsertInstruction(c, "%s .%u", Instruction.m_szMnemonic, nOperand - 10);
+    return InsertInstruction(c, "%s %u", Instruction.m_szMnemonic, nOperand);
+}
+
+static int Execute(cCalculator &c, const cInstruction &Instruction, unsigned nOperand)
+{
+    const double dFormerX = c.m_dX;
+    if (Instruction.m_nLastX == kLastXBefore)
+        c.SaveLastX(dFormerX);
+    if (!Instruction.m_pExecute(c, nOperand))
+        return 0;
+    if (Instruction.m_nClamp != clNone)
+        c.m_dX = Clamp(c.m_dX);
+    if (Instruction.m_nClamp == clXY)
+        c.m_dY = Clamp(c.m_dY);
+    if (Instruction.m_nLastX == kLastXAfter)
+        c.SaveLastX(dFormerX);
+    return Instruction.m_nEnding == enOwn ? 1 : c.EndOperation(Instruction.m_nEnding);
+}
+
+int PerformInstruction(cCalculator &c, const cInstruction &Instruction, unsigned nOperand)
+{
+    if (c.m_bParseOnly)
+        return AcceptsOperand(c, Instruction, nOperand);
+    if (c.m_szEntry[0] && Instruction.m_nRole == rlSign)
+        return ChangeEntrySign(c);
+    nOperand = RepairOperand(c, Instruction, nOperand);
+    return c.m_bProgramMode ? Record(c, Instruction, nOperand) : Execute(c, Instruction, nOperand);
+}

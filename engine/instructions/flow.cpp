@@ -1,0 +1,188 @@
+// flow.cpp - labels, jumps, subroutines, tests, counters, R/S and PAUSE.
+
+#include <cmath>
+
+#include "engine/calculator.h"
+#include "engine/instructions/handlers.h"
+#include "engine/program_run.h"
+
+static const unsigned kPauseMilliseconds = 1000;
+static const double   kFarthestJump      = -99.0;
+static const unsigned kNoLabel           = 10;  // labels are 0 to 9
+
+// Searches from the current line to the last, then from line 1 to the line
+// before the current one; a hit becomes the current line.
+static int FindLabel(cCalculator &c, unsigned nLabel)
+{
+    for (unsigned i = 0; i < kProgramLines; i++)
+    {
+        const unsigned            nLine = (c.m_nCurLine + i) % kProgramLines;
+        const cInstruction *const pRow  = c.m_Program[nLine].m_pInstruction;
+        if (pRow && pRow->m_nRole == rlLabel && c.m_Program[nLine].m_nOperand == nLabel &&
+            nLabel < kNoLabel)
+        {
+            c.SetCurLine(nLine);
+            return 1;
+        }
+    }
+    return c.ShowUserError("Error: no such label");
+}
+
+// The target given by Reg[0]: a label, or with -1 to -99 a jump back by that
+// many lines, wrapping within lines 1 to 98. Compared as a double, so that no
+// huge value or NaN is converted.
+static int FindTargetI(cCalculator &c)
+{
+    const double dTarget = std::trunc(c.m_dReg[0]);
+    if (dTarget < kFarthestJump)
+        return c.ShowUserError("Error: neg i too big");
+    if (!(dTarget < 0.0))
+        return FindLabel(c, dTarget < kNoLabel ? static_cast<unsigned>(dTarget) : kNoLabel);
+    const int nBack = -static_cast<int>(dTarget);
+    int       nLine = static_cast<int>(c.m_nCurLine) - nBack;
+    if (nLine <= 0)
+        nLine += static_cast<int>(kLastLine);
+    c.SetCurLine(static_cast<unsigned>(nLine));
+    return 1;
+}
+
+int OnLbl(cCalculator &, unsigned)
+{
+    return 1;
+}
+
+int OnGto(cCalculator &c, unsigned nLabel)
+{
+    return FindLabel(c, nLabel);
+}
+
+int OnGtoI(cCalculator &c, unsigned)
+{
+    return FindTargetI(c);
+}
+
+// The current line is the target. From the keyboard, the run starts there.
+static int CallFrom(cCalculator &c, unsigned nCaller)
+{
+    if (!c.m_bProgramRunning)
+    {
+        c.EndOperation(enLift);
+        return RunProgram(c);
+    }
+    if (c.m_nReturnDepth == kReturnLevels)
+    {
+        c.SetCurLine(nCaller);
+        return c.ShowUserError("Error: subr overflow");
+    }
+    c.m_nReturnAddr[c.m_nReturnDepth++] = nCaller < kLastLine ? nCaller + 1 : 1;
+    return c.EndOperation(enLift);
+}
+
+int OnGsb(cCalculator &c, unsigned nLabel)
+{
+    const unsigned nCaller = c.m_nCurLine;
+    return FindLabel(c, nLabel) && CallFrom(c, nCaller);
+}
+
+int OnGsbI(cCalculator &c, unsigned)
+{
+    const unsigned nCaller = c.m_nCurLine;
+    return FindTargetI(c) && CallFrom(c, nCaller);
+}
+
+int OnRtn(cCalculator &c, unsigned)
+{
+    if (!c.m_bProgramRunning)
+        c.SetCurLine(0);
+    else if (c.m_nReturnDepth > 0)
+        c.SetCurLine(c.m_nReturnAddr[--c.m_nReturnDepth]);
+    else
+    {
+        c.m_bProgramRunning = 0;
+        c.AdvanceLine();
+    }
+    return 1;
+}
+
+int OnRunStop(cCalculator &c, unsigned)
+{
+    c.EndOperation(enLift);
+    if (!c.m_bProgramRunning)
+        return RunProgram(c);
+    c.m_bProgramRunning = 0;
+    return 1;
+}
+
+int OnPause(cCalculator &c, unsigned)
+{
+    c.EndOperation(enLift);
+    c.MarkDisplay();
+    c.RefreshViews();
+    c.m_pHost->Pause(kPauseMilliseconds);
+    return 1;
+}
+
+// The advance of the run loop, or of the user, then skips one more line.
+static int SkipUnless(cCalculator &c, int bHolds)
+{
+    if (!bHolds)
+        c.AdvanceLine();
+    return 1;
+}
+
+int OnXLessOrEqualY(cCalculator &c, unsigned)
+{
+    return SkipUnless(c, c.m_dX <= c.m_dY);
+}
+
+int OnXGreaterY(cCalculator &c, unsigned)
+{
+    return SkipUnless(c, c.m_dX > c.m_dY);
+}
+
+int OnXNotEqualY(cCalculator &c, unsigned)
+{
+    return SkipUnless(c, c.m_dX != c.m_dY);
+}
+
+int OnXEqualY(cCalculator &c, unsigned)
+{
+    return SkipUnless(c, c.m_dX == c.m_dY);
+}
+
+int OnXNegative(cCalculator &c, unsigned)
+{
+    return SkipUnless(c, c.m_dX < 0.0);
+}
+
+int OnXPositive(cCalculator &c, unsigned)
+{
+    return SkipUnless(c, c.m_dX > 0.0);
+}
+
+int OnXNotZero(cCalculator &c, unsigned)
+{
+    return SkipUnless(c, c.m_dX != 0.0);
+}
+
+int OnXZero(cCalculator &c, unsigned)
+{
+    return SkipUnless(c, c.m_dX == 0.0);
+}
+
+// Skips when the integer part of |i| is 0, so 0.5 and -0.7 skip too.
+static int CountIndex(cCalculator &c, double dStep)
+{
+    c.SetRegister(0, c.m_dReg[0] + dStep);
+    return SkipUnless(c, std::floor(std::fabs(c.m_dReg[0])) != 0.0);
+}
+
+int OnDsz(cCalculator &c, unsigned)
+{
+    return CountIndex(c, -1.0);
+}
+
+int OnIsz(cCalculator &c, unsigned)
+{
+    return CountIndex(c, 1.0);
+}

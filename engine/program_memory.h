@@ -1,0 +1,40 @@
+// program_memory.h - the program lines, their editing, the current line, and
+// the listing that is kept line for line beside them. Memory is always full: an
+// unused line holds R/S, inserting pushes the last line out.
+//
+// The listing also holds comments and rejected lines of a loaded file, so the
+// place of a program line there is its m_nListingLine, never its number.
+
+#ifndef ENGINE_PROGRAM_MEMORY_H
+#define ENGINE_PROGRAM_MEMORY_H
+
+class cCalculator;
+struct cInstruction;
+struct ProgramLine;
+
+// Empties program memory and the file's name, without a view of it.
+void ResetProgram(cCalculator &c);
+
+// Shows the listing of an empty program.
+void ListClearedProgram(cCalculator &c);
+
+int ClearProgram(cCalculator &c);
+int DeleteCurrentLine(cCalculator &c);
+int GoToLine(cCalculator &c, unsigned nLine);
+int StepForward(cCalculator &c);
+int StepBack(cCalculator &c);
+int ShowCurrentLine(cCalculator &c);
+
+// Records a line after the current one; the last line is pushed out. At the
+// last line an instruction is refused with a sound and a number replaces the
+// line. 0 if the text names no instruction.
+int InsertInstruction(cCalculator &c, const char *szFormat, ...)
+    __attribute__((format(printf, 2, 3)));
+int InsertNumberLine(cCalculator &c, const char *szText);
+int ReplaceCurrentLine(cCalculator &c, const char *szText);
+
+// Fill a line. SetNumber keeps its place in the listing.
+void SetRunStop(const cInstruction *pRunStop, ProgramLine *pLine, unsigned nListingLine);
+void SetNumber(ProgramLine *pLine, const char *szText);
+
+#endif

@@ -1,0 +1,14 @@
+// program_run.h - the run loop, one line of it, and the single step.
+
+#ifndef ENGINE_PROGRAM_RUN_H
+#define ENGINE_PROGRAM_RUN_H
+
+class cCalculator;
+
+// Runs from the current line; returns the last line's result. 0 inside a run.
+int RunProgram(cCalculator &c);
+
+int ExecuteCurrentLine(cCalculator &c);
+int SingleStep(cCalculator &c);
+
+#endif

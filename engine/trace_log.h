@@ -1,0 +1,38 @@
+// trace_log.h - one line of text for each line that a run executes: the
+// instruction, X, Y, Reg[0] and the return addresses, newest first.
+
+#ifndef ENGINE_TRACE_LOG_H
+#define ENGINE_TRACE_LOG_H
+
+class cCalculator;
+class cDbgFile;
+
+class cTraceLog
+{
+public:
+    cTraceLog() : m_pFile(nullptr), m_szName("tracelog.txt"), m_bLost(0) {}
+    ~cTraceLog() { Close(); }
+    cTraceLog(const cTraceLog &)            = delete;
+    cTraceLog &operator=(const cTraceLog &) = delete;
+
+    // Kept, not copied.
+    void SetName(const char *szName) { m_szName = szName; }
+
+    // Writes the heading. Returns 0 when memory is short and the user gave up.
+    int  Open(cCalculator &c);
+    void Close();
+    int  IsOpen() const { return m_pFile != nullptr; }
+
+    // What line nLine has left behind.
+    void WriteLine(cCalculator &c, unsigned nLine);
+
+    // 1 once part of a trace could not be written.
+    int IsLost() const { return m_bLost; }
+
+private:
+    cDbgFile   *m_pFile;
+    const char *m_szName;
+    int         m_bLost;
+};
+
+#endif
