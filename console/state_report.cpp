@@ -5,6 +5,7 @@
 
 #include "console/json.h"
 #include "engine/display.h"
+#include "engine/listing_words.h"
 #include "engine/vorstek_state.h"
 #include "graph/vantor_data_set.h"
 
@@ -70,10 +71,9 @@ static void ReportProgram(const cVorstekState &State, cJsonList *pObject)
     cJsonList Program(pObject->Key("program"), '[', ']');
     for (const ProgramLine &Line : State.m_Program)
     {
-        std::string Text = Line.m_szText;
-        if (Line.m_szOperandText[0])
-            Text.append(" ").append(Line.m_szOperandText);
-        AppendJsonText(Program.Next(), Text);
+        char szText[kStepText];
+        PrintStep(Line, szText);
+        AppendJsonText(Program.Next(), szText);
     }
 }
 

@@ -69,8 +69,8 @@ static long long LeadingPower(const char *pText, const char *pEnd)
     return nPower;
 }
 
-// The exponent behind "e", 0 if there is none. One of more digits than a text
-// can have places is as good as kMostExponent.
+// The exponent after "e", 0 if there is none. Any exponent beyond the number of
+// places that a text can have counts as kMostExponent.
 static long long Exponent(const char *pText, const char *pEnd)
 {
     const long long   kMostExponent = 1000000000000;

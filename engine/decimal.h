@@ -9,12 +9,12 @@
 #include <cstddef>
 
 // Length of the number at the start of szText, 0 if there is none. An
-// exponent without digits is no part of the number: 1 for "1e+".
+// exponent without digits is not part of the number: 1 for "1e+".
 size_t DecimalLength(const char *szText);
 
 // The number at the start of szText, correctly rounded; 0.0 if there is none.
-// Beyond the range of a double it is infinite or 0.0. Returns 1 when the whole
-// text is the number.
+// Beyond the range of a double it is infinite or 0.0. Returns 1 when the
+// number is all of the text.
 int ParseDecimal(const char *szText, double *pdValue);
 
 #endif

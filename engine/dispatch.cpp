@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "engine/calculator.h"
+#include "engine/listing_words.h"
 #include "engine/number_entry.h"
 #include "engine/program_memory.h"
 #include "engine/range.h"
@@ -11,15 +12,14 @@ static const unsigned kCodeWrongMnemonic = 100;
 static const unsigned kCodeRegister      = 102;
 static const unsigned kCodeDigits        = 112;
 
-static const unsigned kLargestRegister = 20;  // written .10
-
 int Perform(cCalculator &c, const char *szMnemonic, unsigned nOperand)
 {
     const cInstruction *const pInstruction = c.m_mapHandlers.Find(szMnemonic);
     return pInstruction ? PerformInstruction(c, *pInstruction, nOperand) : 0;
 }
 
-// Judges the line in m_szMnemonic and m_szOperand; nOperand is its value.
+// Whether the line in m_szMnemonic and m_szOperand is legal; nOperand is its
+// value.
 static int AcceptsOperand(cCalculator &c, const cInstruction &Instruction, unsigned nOperand)
 {
     if (strcmp(c.m_szMnemonic, Instruction.m_szMnemonic) != 0)
@@ -49,15 +49,6 @@ static unsigned RepairOperand(cCalculator &c, const cInstruction &Instruction, u
     return nOperand;
 }
 
-static int Record(cCalculator &c, const cInstruction &Instruction, unsigned nOperand)
-{
-    if (Instruction.m_nOperand == opNone)
-        return InsertInstruction(c, "%s", Instruction.m_szMnemonic);
-    if (Instruction.m_nOperand == opRegister && nOperand > 9)
-        return InsertInstruction(c, "%s .%u", Instruction.m_szMnemonic, nOperand - 10);
-    return InsertInstruction(c, "%s %u", Instruction.m_szMnemonic, nOperand);
-}
-
 static int Execute(cCalculator &c, const cInstruction &Instruction, unsigned nOperand)
 {
     const double dFormerX = c.m_dX;
@@ -81,5 +72,6 @@ int PerformInstruction(cCalculator &c, const cInstruction &Instruction, unsigned
     if (c.m_szEntry[0] && Instruction.m_nRole == rlSign)
         return ChangeEntrySign(c);
     nOperand = RepairOperand(c, Instruction, nOperand);
-    return c.m_bProgramMode ? Record(c, Instruction, nOperand) : Execute(c, Instruction, nOperand);
+    return c.m_bProgramMode ? InsertInstruction(c, Instruction, nOperand)
+                            : Execute(c, Instruction, nOperand);
 }

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "engine/calculator.h"
+#include "engine/listing_words.h"
 #include "engine/pending_keys.h"
 
 // Places of the lines, in pixels from the origin of the face.
@@ -68,11 +69,8 @@ static void ComposeProgram(cCalculator &c, cDisplay *pDisplay)
         c.SetCurLine(kLastLine);  // the box may let the display be drawn once more
         c.ShowProgramError(kCodeStepRange);
     }
-    const ProgramLine &Line  = c.m_Program[c.m_nCurLine];
-    const char *const  szGap = Line.m_szOperandText[0] ? " " : "";
-    char               szText[64];
-    snprintf(szText, sizeof szText, "%02u %s%s%s", c.m_nCurLine, Line.m_szText, szGap,
-             Line.m_szOperandText);
+    char szText[kListedText];
+    PrintNumberedStep(c.m_nCurLine, c.m_Program[c.m_nCurLine], szText);
     c.SetDisplayText(szText);
     AddLine(pDisplay, dfLarge, kTextLeft, kMainTop, kDisplayVisible, c.m_szDisplay);
 

@@ -2,11 +2,13 @@
 
 #include "engine/key_actions.h"
 
+#include <charconv>
 #include <cstdio>
 #include <cstring>
 
 #include "engine/calculator.h"
 #include "engine/dispatch.h"
+#include "engine/listing_words.h"
 #include "engine/number_entry.h"
 #include "engine/pending_keys.h"
 #include "engine/program_memory.h"
@@ -16,34 +18,32 @@ static const unsigned kCodeDigit = 113;
 
 // clang-format off
 // A digit completes the prefix that the pending keys end with; longer endings
-// come before the shorter ones that they contain. The last operation reads
-// mnemonic, gap, digit.
+// come before the shorter ones that they contain.
 static const struct
 {
     const char *m_szEnding;
     const char *m_szMnemonic;
-    const char *m_szGap;
-    unsigned    m_nBase;   // added to the digit
+    unsigned    m_nBase;  // added to the digit
 } s_Prefixes[] =
 {
-    { "LBL ",     "LBL",  " ",  0  },
-    { "FIX ",     "FIX",  " ",  0  },
-    { "SCI ",     "SCI",  " ",  0  },
-    { "ENG ",     "ENG",  " ",  0  },
-    { "GSB ",     "GSB",  " ",  0  },
-    { "GTO ",     "GTO",  " ",  0  },
-    { "STO - . ", "STO-", " .", 10 },
-    { "STO + . ", "STO+", " .", 10 },
-    { "STO * . ", "STO*", " .", 10 },
-    { "STO / . ", "STO/", " .", 10 },
-    { "STO - ",   "STO-", " ",  0  },
-    { "STO + ",   "STO+", " ",  0  },
-    { "STO * ",   "STO*", " ",  0  },
-    { "STO / ",   "STO/", " ",  0  },
-    { "STO . ",   "STO",  " .", 10 },
-    { "RCL . ",   "RCL",  " .", 10 },
-    { "STO ",     "STO",  " ",  0  },
-    { "RCL ",     "RCL",  " ",  0  },
+    { "LBL ",     "LBL",  0 },
+    { "FIX ",     "FIX",  0 },
+    { "SCI ",     "SCI",  0 },
+    { "ENG ",     "ENG",  0 },
+    { "GSB ",     "GSB",  0 },
+    { "GTO ",     "GTO",  0 },
+    { "STO - . ", "STO-", kFirstDottedRegister },
+    { "STO + . ", "STO+", kFirstDottedRegister },
+    { "STO * . ", "STO*", kFirstDottedRegister },
+    { "STO / . ", "STO/", kFirstDottedRegister },
+    { "STO - ",   "STO-", 0 },
+    { "STO + ",   "STO+", 0 },
+    { "STO * ",   "STO*", 0 },
+    { "STO / ",   "STO/", 0 },
+    { "STO . ",   "STO",  kFirstDottedRegister },
+    { "RCL . ",   "RCL",  kFirstDottedRegister },
+    { "STO ",     "STO",  0 },
+    { "RCL ",     "RCL",  0 },
 };
 
 // Key 7 is the key "i". It works with and without g between prefix and key.
@@ -86,22 +86,43 @@ static void SetLastOp(cCalculator &c, const char *szName)
     snprintf(c.m_szLastOp, sizeof c.m_szLastOp, "%s", szName);
 }
 
-// "GTO . 4": the second digit of a line number follows.
-static int IsFirstLineDigitPending(const cCalculator &c)
+static const char *const kGoToLine = "GTO . ";
+
+// How many digits of a line number are pending: 1 for "GTO . 4". -1 when no line
+// number is being keyed.
+static int CountLineDigits(const cCalculator &c)
 {
-    static const char *const kPending = "GTO . ";
-    const size_t             nPending = strlen(kPending);
-    return strncmp(c.m_szKeystrokes, kPending, nPending) == 0 && c.m_szKeystrokes[nPending] != 0;
+    const size_t nPrefix = strlen(kGoToLine);
+    if (EndsWith(c, kGoToLine))
+        return 0;
+    if (strncmp(c.m_szKeystrokes, kGoToLine, nPrefix) != 0)
+        return -1;
+    return static_cast<int>(strlen(c.m_szKeystrokes) - nPrefix);
 }
 
-static int CompleteGoTo(cCalculator &c, unsigned nDigit)
+static int AddLineDigit(cCalculator &c, unsigned nDigit)
 {
-    const unsigned nTens =
-        static_cast<unsigned>(c.m_szKeystrokes[strlen(c.m_szKeystrokes) - 1] - '0');
-    const unsigned nLine = 10 * nTens + nDigit;
+    const int  nPending  = CountLineDigits(c);
+    const char szDigit[] = {static_cast<char>('0' + nDigit), 0};
+    AppendKeystroke(c, szDigit);
+    if (nPending + 1 < kLineDigits)
+        return 1;
+    const char *const pEnd  = c.m_szKeystrokes + strlen(c.m_szKeystrokes);
+    unsigned          nLine = 0;
+    std::from_chars(pEnd - kLineDigits, pEnd, nLine);
     snprintf(c.m_szLastOp, sizeof c.m_szLastOp, "GTO.%u", nLine);
     SetKeystrokes(c, "");
     return GoToLine(c, nLine);
+}
+
+static int CompletePrefix(cCalculator &c, const char *szMnemonic, unsigned nOperand)
+{
+    const cInstruction &Instruction = *c.m_mapHandlers.Find(szMnemonic);
+    char                szText[kStepText];
+    PrintInstruction(Instruction, nOperand, szText);
+    SetLastOp(c, szText);
+    SetKeystrokes(c, "");
+    return PerformInstruction(c, Instruction, nOperand);
 }
 
 int OnDigitKey(cCalculator &c, unsigned nDigit)
@@ -111,22 +132,11 @@ int OnDigitKey(cCalculator &c, unsigned nDigit)
         c.ShowProgramError(kCodeDigit);
         nDigit %= 10;
     }
-    if (EndsWith(c, "GTO . "))
-    {
-        const char szDigit[] = {static_cast<char>('0' + nDigit), 0};
-        AppendKeystroke(c, szDigit);
-        return 1;
-    }
-    if (IsFirstLineDigitPending(c))
-        return CompleteGoTo(c, nDigit);
+    if (CountLineDigits(c) >= 0)
+        return AddLineDigit(c, nDigit);
     for (const auto &Row : s_Prefixes)
         if (EndsWith(c, Row.m_szEnding))
-        {
-            snprintf(c.m_szLastOp, sizeof c.m_szLastOp, "%s%s%u", Row.m_szMnemonic, Row.m_szGap,
-                     nDigit);
-            SetKeystrokes(c, "");
-            return Perform(c, Row.m_szMnemonic, Row.m_nBase + nDigit);
-        }
+            return CompletePrefix(c, Row.m_szMnemonic, Row.m_nBase + nDigit);
     SetKeystrokes(c, "");
     return EnterCharacter(c, static_cast<char>('0' + nDigit));
 }

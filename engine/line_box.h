@@ -17,25 +17,25 @@ public:
 
     virtual unsigned CountLines() const = 0;
 
-    // Copies line nLine, cut to nSize - 3 characters, and closes it with
+    // Copies line nLine, cut to nSize - 3 characters, and ends it with
     // "\r\n". A line that does not exist reads as empty. Always returns 1.
     virtual int GetLine(unsigned nLine, char *szText, size_t nSize) const = 0;
 
     // Puts szText before line nLine; nLine = CountLines() appends. szText
-    // carries its own line end. 0 if there is no such line.
+    // includes its line end. 0 if there is no such line.
     virtual int InsertLine(unsigned nLine, const char *szText) = 0;
 
-    // Puts szText in the place of line nLine and its line end; "" removes the
+    // Replaces line nLine and its line end by szText; "" removes the
     // line. 0 if there is no such line.
     virtual int ReplaceLine(unsigned nLine, const char *szText) = 0;
 
-    // The whole text, line ends included.
+    // Length of the text, line ends included.
     virtual size_t GetTextLength() const = 0;
 
     // Copies at most nSize - 1 characters; returns how many.
     virtual size_t GetText(char *szText, size_t nSize) const = 0;
 
-    // Replaces everything. 1 when the whole of szText is kept.
+    // Replaces everything. 1 when all of szText fits.
     virtual int SetText(const char *szText) = 0;
 
     // Selects line nLine and brings it into view. 0, and nothing changes, if

@@ -1,6 +1,6 @@
 // listing_load.cpp - reads a listing file into program memory. The new program
-// and its listing are built aside and put in place at the end; beside a box the
-// listing is shown as far as it has come.
+// and its listing are built aside and put in place at the end; while a box is
+// open, the listing box shows the lines loaded so far.
 
 #include <cstdio>
 #include <cstdlib>
@@ -11,17 +11,14 @@
 #include "engine/dispatch.h"
 #include "engine/line_box.h"
 #include "engine/listing_files.h"
-#include "engine/listing_parser.h"
+#include "engine/listing_words.h"
 #include "engine/program_memory.h"
 #include "toolkit/read_file.h"
 #include "toolkit/retry_alloc.h"
 
 static const char *const kLoaderCaption = "ERROR";
 
-// A listed line is "NN ", the file line and "\r\n"; "00\r\n" begins and
-// "NN R/S\r\n" stands for each unused line.
-static const size_t kListedExtra  = 5;
-static const size_t kListedUnused = kListedExtra + 3;
+static const size_t kUnusedLine = kListingExtra + 3;  // "98 R/S\r\n"
 
 namespace
 {
@@ -36,24 +33,21 @@ struct cLoad
     size_t      m_nListingRoom;
     size_t      m_nShown;  // of the listing's text
 
-    void List(const char *szMark, const char *szLine);
-    void ListNumbered(unsigned nNumber, const char *szLine);
+    char  *End() const { return m_pListing + m_nListingLength; }
+    size_t Room() const { return m_nListingRoom - m_nListingLength; }
+
+    // A line of this length has been printed at the end.
+    void Listed(size_t nLength)
+    {
+        m_nListingLength += nLength;
+        m_nListingLines++;
+    }
+
+    void ListLine(unsigned nLine, const char *szText)
+    {
+        Listed(PrintListedLine(nLine, szText, End(), Room()));
+    }
 };
-
-void cLoad::List(const char *szMark, const char *szLine)
-{
-    m_nListingLength += static_cast<size_t>(snprintf(m_pListing + m_nListingLength,
-                                                     m_nListingRoom - m_nListingLength, "%s%s\r\n",
-                                                     szMark, szLine));
-    m_nListingLines++;
-}
-
-void cLoad::ListNumbered(unsigned nNumber, const char *szLine)
-{
-    char szMark[16];
-    snprintf(szMark, sizeof szMark, "%02u ", nNumber);
-    List(szMark, szLine);
-}
 
 }  // namespace
 
@@ -78,28 +72,24 @@ static void ShowListingSoFar(cCalculator &c, cLoad *pLoad)
     c.RefreshViews();
 }
 
-// The instruction's own rule decides about the operand.
+// Whether the instruction takes this operand. Its own rule decides, from the line
+// in m_szMnemonic and m_szOperand.
 static int CheckLine(cCalculator &c, const cListingLine &Line)
 {
     snprintf(c.m_szMnemonic, sizeof c.m_szMnemonic, "%s", Line.m_szText);
     snprintf(c.m_szOperand, sizeof c.m_szOperand, "%s", Line.m_szOperandText);
-    return Perform(c, Line.m_szText, Line.m_nOperand);
+    return PerformInstruction(c, *Line.m_pInstruction, Line.m_nOperand);
 }
 
-static void StoreLine(cCalculator &c, cLoad *pLoad, const cListingLine &Line, const char *szLine)
+static void StoreLine(cLoad *pLoad, const cListingLine &Line, const char *szLine)
 {
     ProgramLine *const pProgramLine = &pLoad->m_Program[++pLoad->m_nLines];
     pProgramLine->m_nListingLine    = pLoad->m_nListingLines;
     if (Line.m_nKind == llNumber)
         SetNumber(pProgramLine, Line.m_szText);
     else
-    {
-        pProgramLine->m_pInstruction = c.m_mapHandlers.Find(Line.m_szText);
-        pProgramLine->m_nOperand     = Line.m_nOperand;
-        memcpy(pProgramLine->m_szText, Line.m_szText, sizeof Line.m_szText);
-        memcpy(pProgramLine->m_szOperandText, Line.m_szOperandText, sizeof Line.m_szOperandText);
-    }
-    pLoad->ListNumbered(pLoad->m_nLines, szLine);
+        SetStep(Line, pProgramLine);
+    pLoad->ListLine(pLoad->m_nLines, szLine);
 }
 
 static const char *RejectionText(eListingLine nKind)
@@ -111,7 +101,7 @@ static const char *RejectionText(eListingLine nKind)
     return "Error: unrecognized instr mnemonic on line #";
 }
 
-// Asks whether to go on without the line.
+// Asks whether to continue without the line.
 static int RejectLine(cCalculator &c, const cListingLine &Line, const char *szLine)
 {
     char szText[kFileLineText + 64];
@@ -133,13 +123,13 @@ static int ReadLines(cCalculator &c, cLoad *pLoad, const char *pText, const char
         if (Line.m_nKind == llInstruction && !CheckLine(c, Line))
             Line.m_nKind = llBadOperand;
         if (Line.m_nKind == llComment)
-            pLoad->List("   ", szLine);
+            pLoad->Listed(PrintListedComment(szLine, pLoad->End(), pLoad->Room()));
         else if (Line.m_nKind != llInstruction && Line.m_nKind != llNumber)
         {
             ShowListingSoFar(c, pLoad);
             if (!RejectLine(c, Line, szLine))
                 return 0;
-            pLoad->List("-- ", szLine);
+            pLoad->Listed(PrintListedRejection(szLine, pLoad->End(), pLoad->Room()));
         }
         else if (pLoad->m_nLines == kLastLine)
         {
@@ -148,7 +138,7 @@ static int ReadLines(cCalculator &c, cLoad *pLoad, const char *pText, const char
             return 1;
         }
         else
-            StoreLine(c, pLoad, Line, szLine);
+            StoreLine(pLoad, Line, szLine);
     }
     return 1;
 }
@@ -169,7 +159,7 @@ static void FinishLoad(cCalculator &c, cLoad *pLoad)
     for (unsigned nLine = pLoad->m_nLines + 1; nLine <= kLastLine; nLine++)
     {
         SetRunStop(pRunStop, &pLoad->m_Program[nLine], pLoad->m_nListingLines);
-        pLoad->ListNumbered(nLine, pRunStop->m_szMnemonic);
+        pLoad->ListLine(nLine, pRunStop->m_szMnemonic);
     }
     memcpy(c.m_Program, pLoad->m_Program, sizeof c.m_Program);
     c.m_bListingComplete = c.m_pListing->SetText(pLoad->m_pListing);
@@ -192,7 +182,7 @@ int LoadProgram(cCalculator &c, const char *szFileName)
     }
     const char *const pEnd   = File.Text() + File.Length();
     const size_t      nLines = CountFileLines(File.Text(), pEnd);
-    const size_t nRoom = File.Length() + nLines * kListedExtra + kProgramLines * kListedUnused + 1;
+    const size_t nRoom = File.Length() + nLines * kListingExtra + kProgramLines * kUnusedLine + 1;
     const std::unique_ptr<char, void (*)(void *)> Listing(
         AllocateWithRetry(c.m_pHost, [nRoom] { return static_cast<char *>(malloc(nRoom)); }), free);
     if (!Listing)
@@ -201,7 +191,7 @@ int LoadProgram(cCalculator &c, const char *szFileName)
     cLoad Load          = {};
     Load.m_pListing     = Listing.get();
     Load.m_nListingRoom = nRoom;
-    Load.List("00", "");
+    Load.ListLine(0, "");
     c.m_bParseOnly  = 1;
     const int bRead = ReadLines(c, &Load, File.Text(), pEnd);
     c.m_bParseOnly  = 0;

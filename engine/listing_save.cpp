@@ -9,15 +9,15 @@
 #include "engine/calculator.h"
 #include "engine/line_box.h"
 #include "engine/listing_files.h"
+#include "engine/listing_words.h"
 #include "engine/mode_switch.h"
 #include "engine/program_memory.h"
 #include "toolkit/replacement_file.h"
 #include "toolkit/retry_alloc.h"
 
-static const size_t      kListingMark = 3;  // "05 ", "   " or "-- "
-static const char *const kUntitled    = "UNTITLED";
+static const char *const kUntitled = "UNTITLED";
 
-// Where the line behind the one at pText begins.
+// Where the line after the one at pText begins.
 static const char *EndOfLine(const char *pText, const char *pTextEnd)
 {
     const void *const pLineEnd = memchr(pText, '\n', static_cast<size_t>(pTextEnd - pText));

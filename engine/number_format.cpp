@@ -46,7 +46,7 @@ void PrintNumber(const char *szFormat, double dValue, char *szText, size_t nSize
     snprintf(szText, nSize, "%s", szPrinted);
 }
 
-// The digits behind "e+" or "e-", or null where there is no exponent.
+// The digits after "e+" or "e-", or null if there is no exponent.
 static char *ExponentDigits(char *szText)
 {
     char *const pExponent = strchr(szText, 'e');
@@ -104,7 +104,7 @@ static cDecimalDigits SplitDigits(double dValue, unsigned nDigits)
     BuildFormat(nDigits - 1, 'e', szFormat);
     PrintNumber(szFormat, dValue, szPrinted, sizeof szPrinted);
 
-    // "+d.ddde+xx"; one digit stands without a point.
+    // "+d.ddde+xx"; a single digit has no point.
     cDecimalDigits Digits = {};
     Digits.m_szDigits[0]  = szPrinted[1];
     if (nDigits > 1)

@@ -6,7 +6,7 @@
 
 #include <cstddef>
 
-const int kStackText = 18;  // sign, digits, point, "e-99", closing zero
+const int kStackText = 18;  // sign, digits, point, "e-99", terminating zero
 
 const unsigned kModeFix = 0;
 const unsigned kModeSci = 1;
@@ -19,7 +19,7 @@ struct cNumberFormat
     unsigned m_nDisplayDigits;   // 0 to 9
     char     m_szFixFormat[12];  // "%+.2lf": fixed notation with 2 places
     char     m_szSciFormat[12];  // "%+.2le": scientific notation with 2 places
-    double   m_dFixMin;          // smallest magnitude shown in fixed notation
+    double   m_dFixMin;          // smallest magnitude in fixed notation
     double   m_dFixMax;          // magnitude from which it gives way to scientific
 };
 

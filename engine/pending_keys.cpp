@@ -20,9 +20,17 @@ int IsWaitingForKey(const cVorstekState &State)
            IsAwaiting(State, kAwaitHalt);
 }
 
+// The first three letters of a marker give the reason for the wait.
+static int BeginsLike(const cVorstekState &State, const char *szMarker)
+{
+    const size_t kReason = 3;
+    return strncmp(State.m_szKeystrokes, szMarker, kReason) == 0;
+}
+
 int HasPendingKeys(const cVorstekState &State)
 {
-    return State.m_szKeystrokes[0] && !IsWaitingForKey(State);
+    return State.m_szKeystrokes[0] && !BeginsLike(State, kAwaitPress) &&
+           !BeginsLike(State, kAwaitRelease) && !BeginsLike(State, kAwaitHalt);
 }
 
 int EndsWith(const cVorstekState &State, const char *szEnding)

@@ -1,45 +1,41 @@
 #include "engine/program_memory.h"
 
-#include <charconv>
-#include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <new>
 
 #include "engine/calculator.h"
 #include "engine/decimal.h"
 #include "engine/line_box.h"
 #include "engine/listing_files.h"
+#include "engine/listing_words.h"
 #include "engine/range.h"
 #include "toolkit/retry_alloc.h"
 
 static const unsigned kCodeDisplayLine   = 109;
-static const unsigned kCodeOperand       = 115;
 static const unsigned kCodeDelete        = 117;
 static const unsigned kCodeListingLength = 119;
-static const unsigned kCodeMnemonic      = 127;
 
-static const unsigned kFirstDottedRegister = 10;
-static const int      kOperandCharacters   = 2;
+void SetStep(const cStep &Step, ProgramLine *pLine)
+{
+    static_cast<cStep &>(*pLine) = Step;
+}
 
 void SetRunStop(const cInstruction *pRunStop, ProgramLine *pLine, unsigned nListingLine)
 {
-    *pLine                = ProgramLine{};
-    pLine->m_pInstruction = pRunStop;
-    snprintf(pLine->m_szText, sizeof pLine->m_szText, "%s", pRunStop->m_szMnemonic);
+    *pLine = ProgramLine{};
+    SetStep(RecordedStep(*pRunStop, 0), pLine);
     pLine->m_nListingLine = nListingLine;
 }
 
-// Keeps the line's place in the listing.
 void SetNumber(ProgramLine *pLine, const char *szText)
 {
     const unsigned nListingLine = pLine->m_nListingLine;
     *pLine                      = ProgramLine{};
     snprintf(pLine->m_szText, sizeof pLine->m_szText, "%s", szText);
-    pLine->m_nListingLine = nListingLine;
-    pLine->m_bNumberWhole = ParseDecimal(pLine->m_szText, &pLine->m_dNumber);
-    pLine->m_dNumber      = Clamp(pLine->m_dNumber);
+    pLine->m_nListingLine  = nListingLine;
+    pLine->m_bNumberParsed = ParseDecimal(pLine->m_szText, &pLine->m_dNumber);
+    pLine->m_dNumber       = Clamp(pLine->m_dNumber);
 }
 
 void ResetProgram(cCalculator &c)
@@ -52,14 +48,13 @@ void ResetProgram(cCalculator &c)
     c.m_nCurLine         = 0;
 }
 
-// The listing of a cleared program.
 void ListClearedProgram(cCalculator &c)
 {
-    char szText[kProgramLines * 32];
-    int  nLength = snprintf(szText, sizeof szText, "00\r\n");
-    for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
-        nLength += snprintf(szText + nLength, sizeof szText - static_cast<size_t>(nLength),
-                            "%02u %s\r\n", nLine, c.m_Program[nLine].m_szText);
+    char   szText[kProgramLines * kListedText];
+    size_t nLength = 0;
+    for (unsigned nLine = 0; nLine <= kLastLine; nLine++)
+        nLength += PrintListedLine(nLine, c.m_Program[nLine].m_szText, szText + nLength,
+                                   sizeof szText - nLength);
     c.m_pListing->SetText(szText);
     c.MarkHighlight();
 }
@@ -103,34 +98,11 @@ int ShowCurrentLine(cCalculator &c)
         c.ShowProgramError(kCodeDisplayLine);
         return 1;
     }
-    const unsigned     nLine = c.m_nCurLine ? c.m_nCurLine : 1;
-    const ProgramLine &Line  = c.m_Program[nLine];
-    char               szText[40];
-    snprintf(szText, sizeof szText, "%02u %s%s%s", nLine, Line.m_szText,
-             Line.m_szOperandText[0] ? " " : "", Line.m_szOperandText);
+    const unsigned nLine = c.m_nCurLine ? c.m_nCurLine : 1;
+    char           szText[kListedText];
+    PrintNumberedStep(nLine, c.m_Program[nLine], szText);
     c.SetDisplayText(szText);
     return 1;
-}
-
-// Splits "STO .3": the operand's value and text go into *pLine; "STO i" is a
-// mnemonic of its own.
-static void ParseOperand(cCalculator &c, const char *szOperand, char (&szMnemonic)[kMnemonicText],
-                         ProgramLine *pLine)
-{
-    if (strcmp(szOperand, "i") == 0)
-    {
-        strncat(szMnemonic, " i", sizeof szMnemonic - strlen(szMnemonic) - 1);
-        return;
-    }
-    snprintf(pLine->m_szOperandText, sizeof pLine->m_szOperandText, "%.*s", kOperandCharacters,
-             szOperand);
-    const char *const pText = pLine->m_szOperandText;
-    if (*pText == '.')
-        pLine->m_nOperand = kFirstDottedRegister + static_cast<unsigned>(pText[1] - '0');
-    else if (*pText >= '0' && *pText <= '9')
-        std::from_chars(pText, pText + strlen(pText), pLine->m_nOperand);
-    else
-        c.ShowProgramError(kCodeOperand);
 }
 
 static char *NextLine(char *pText)
@@ -139,13 +111,8 @@ static char *NextLine(char *pText)
     return pEnd ? pEnd + 1 : nullptr;
 }
 
-static int IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-// Numbers the program lines of the listing anew, from listing line
-// nFirstListingLine on, beginning with nNumber. Comments carry no number.
+// Renumbers the program lines of the listing from listing line nFirstListingLine
+// on, beginning with nNumber. Comments have no number.
 static void RenumberListing(cCalculator &c, unsigned nFirstListingLine, unsigned nNumber)
 {
     const size_t nLength = c.m_pListing->GetTextLength();
@@ -160,17 +127,12 @@ static void RenumberListing(cCalculator &c, unsigned nFirstListingLine, unsigned
     for (unsigned n = 0; pLine && n < nFirstListingLine; n++)
         pLine = NextLine(pLine);
     for (; pLine && *pLine; pLine = NextLine(pLine))
-        if (IsDigit(pLine[0]) && IsDigit(pLine[1]))
-        {
-            pLine[0] = static_cast<char>('0' + nNumber / 10);
-            pLine[1] = static_cast<char>('0' + nNumber % 10);
-            nNumber++;
-        }
+        nNumber += static_cast<unsigned>(RenumberListedLine(nNumber, pLine));
     c.m_pListing->SetText(szText);
     free(szText);
 }
 
-// Puts the line after the current one; line 98 falls out.
+// Puts the line after the current one; the last line is pushed out.
 static void InsertLine(cCalculator &c, const ProgramLine &Line, const char *szText)
 {
     const unsigned nLine = c.m_nCurLine + 1;
@@ -183,15 +145,15 @@ static void InsertLine(cCalculator &c, const ProgramLine &Line, const char *szTe
     c.m_Program[nLine]                = Line;
     c.m_Program[nLine].m_nListingLine = c.m_Program[c.m_nCurLine].m_nListingLine + 1;
 
-    char szListed[40];
-    snprintf(szListed, sizeof szListed, "%02u %s\r\n", nLine, szText);
+    char szListed[kListedText];
+    PrintListedLine(nLine, szText, szListed, sizeof szListed);
     c.m_pListing->InsertLine(c.m_Program[nLine].m_nListingLine, szListed);
     RenumberListing(c, c.m_Program[nLine].m_nListingLine + 1, nLine + 1);
     c.SetCurLine(nLine);
     c.m_bProgramModified = 1;
 }
 
-int InsertInstruction(cCalculator &c, const char *szFormat, ...)
+int InsertInstruction(cCalculator &c, const cInstruction &Instruction, unsigned nOperand)
 {
     if (c.m_nCurLine >= kLastLine)
     {
@@ -200,26 +162,10 @@ int InsertInstruction(cCalculator &c, const char *szFormat, ...)
     }
     c.AbandonEntry();
 
-    char    szText[kMnemonicText];
-    va_list Arguments;
-    va_start(Arguments, szFormat);
-    vsnprintf(szText, sizeof szText, szFormat, Arguments);
-    va_end(Arguments);
-
-    ProgramLine       Line = {};
-    char              szMnemonic[kMnemonicText];
-    const char *const pBlank = strchr(szText, ' ');
-    snprintf(szMnemonic, sizeof szMnemonic, "%.*s",
-             static_cast<int>(pBlank ? pBlank - szText : kMnemonicText), szText);
-    if (pBlank)
-        ParseOperand(c, pBlank + 1, szMnemonic, &Line);
-    Line.m_pInstruction = c.m_mapHandlers.Find(szMnemonic);
-    if (!Line.m_pInstruction)
-    {
-        c.ShowProgramError(kCodeMnemonic);
-        return 0;
-    }
-    snprintf(Line.m_szText, sizeof Line.m_szText, "%s", szMnemonic);
+    char        szText[kStepText];
+    ProgramLine Line = {};
+    SetStep(RecordedStep(Instruction, nOperand), &Line);
+    PrintInstruction(Instruction, nOperand, szText);
     InsertLine(c, Line, szText);
     return 1;
 }
@@ -236,9 +182,9 @@ int InsertNumberLine(cCalculator &c, const char *szText)
 
 int ReplaceCurrentLine(cCalculator &c, const char *szText)
 {
-    char szLine[40];
+    char szLine[kListedText];
     SetNumber(&c.m_Program[c.m_nCurLine], szText);
-    snprintf(szLine, sizeof szLine, "%02u %s\r\n", c.m_nCurLine, szText);
+    PrintListedLine(c.m_nCurLine, szText, szLine, sizeof szLine);
     c.m_pListing->ReplaceLine(c.m_Program[c.m_nCurLine].m_nListingLine, szLine);
     c.m_bProgramModified = 1;
     c.MarkHighlight();
@@ -267,9 +213,10 @@ int DeleteCurrentLine(cCalculator &c)
     }
     RenumberListing(c, nListingLine, c.m_nCurLine);
 
-    char szListed[40];
-    SetRunStop(c.m_mapHandlers.Find("R/S"), &c.m_Program[kLastLine], c.m_pListing->CountLines());
-    snprintf(szListed, sizeof szListed, "%02u R/S\r\n", kLastLine);
+    char         szListed[kListedText];
+    ProgramLine &Last = c.m_Program[kLastLine];
+    SetRunStop(c.m_mapHandlers.Find("R/S"), &Last, c.m_pListing->CountLines());
+    PrintListedLine(kLastLine, Last.m_szText, szListed, sizeof szListed);
     c.m_pListing->InsertLine(c.m_pListing->CountLines(), szListed);
     c.SetCurLine(c.m_nCurLine - 1);
     c.m_bProgramModified = 1;

@@ -1,6 +1,6 @@
 // program_memory.h - the program lines, their editing, the current line, and
 // the listing that is kept line for line beside them. Memory is always full: an
-// unused line holds R/S, inserting pushes the last line out.
+// unused line contains R/S, and inserting pushes the last line out.
 //
 // The listing also holds comments and rejected lines of a loaded file, so the
 // place of a program line there is its m_nListingLine, never its number.
@@ -10,6 +10,7 @@
 
 class cCalculator;
 struct cInstruction;
+struct cStep;
 struct ProgramLine;
 
 // Empties program memory and the file's name, without a view of it.
@@ -27,13 +28,13 @@ int ShowCurrentLine(cCalculator &c);
 
 // Records a line after the current one; the last line is pushed out. At the
 // last line an instruction is refused with a sound and a number replaces the
-// line. 0 if the text names no instruction.
-int InsertInstruction(cCalculator &c, const char *szFormat, ...)
-    __attribute__((format(printf, 2, 3)));
+// line. Always returns 1.
+int InsertInstruction(cCalculator &c, const cInstruction &Instruction, unsigned nOperand);
 int InsertNumberLine(cCalculator &c, const char *szText);
 int ReplaceCurrentLine(cCalculator &c, const char *szText);
 
-// Fill a line. SetNumber keeps its place in the listing.
+// Fill a line. SetStep and SetNumber keep its place in the listing.
+void SetStep(const cStep &Step, ProgramLine *pLine);
 void SetRunStop(const cInstruction *pRunStop, ProgramLine *pLine, unsigned nListingLine);
 void SetNumber(ProgramLine *pLine, const char *szText);
 

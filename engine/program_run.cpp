@@ -15,7 +15,7 @@ static void EnableRunCommands(cCalculator &c, int bEnable)
         c.m_pHost->EnableCommand(nId, bEnable);
 }
 
-// Jumps set the current line themselves, all others go on to the next.
+// Jumps set the current line themselves, all others continue with the next line.
 static int RunLine(cCalculator &c)
 {
     if (c.m_nCurLine == 0)
@@ -69,7 +69,7 @@ int SingleStep(cCalculator &c)
 static int ExecuteNumberLine(cCalculator &c, const ProgramLine &Line)
 {
     c.PushIfLift();
-    if (!Line.m_bNumberWhole)
+    if (!Line.m_bNumberParsed)
         c.ShowProgramError(kCodeNumberLine);
     c.m_dX = Line.m_dNumber;
     return c.EndOperation(enLift);

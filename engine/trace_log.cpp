@@ -7,6 +7,7 @@
 #include <new>
 
 #include "engine/calculator.h"
+#include "engine/listing_words.h"
 #include "toolkit/dbg_file.h"
 #include "toolkit/retry_alloc.h"
 
@@ -48,28 +49,24 @@ static void FormatReturns(const unsigned *pReturns, unsigned nDepth, char *szTex
     size_t nLength = 0;
     for (unsigned i = 0; i < kReturnLevels; i++)
     {
-        const char *const szGap = i ? "  " : "";
+        char szLine[kListingMark];
+        memset(szLine, '-', kLineDigits);
+        szLine[kLineDigits] = 0;
         if (i < nDepth)
-            snprintf(szText + nLength, nSize - nLength, "%s%02u", szGap, pReturns[nDepth - 1 - i]);
-        else
-            snprintf(szText + nLength, nSize - nLength, "%s--", szGap);
+            PrintLineNumber(pReturns[nDepth - 1 - i], szLine);
+        snprintf(szText + nLength, nSize - nLength, "%s%s", i ? "  " : "", szLine);
         nLength += strlen(szText + nLength);
     }
 }
 
 void cTraceLog::WriteLine(cCalculator &c, unsigned nLine)
 {
-    const ProgramLine &Line = c.m_Program[nLine];
-    char               szInstruction[40];
-    if (Line.m_szOperandText[0])
-        snprintf(szInstruction, sizeof szInstruction, "%02u %s %u", nLine, Line.m_szText,
-                 Line.m_nOperand);
-    else
-        snprintf(szInstruction, sizeof szInstruction, "%02u %s", nLine, Line.m_szText);
+    char szInstruction[kListedText];
+    PrintTracedStep(nLine, c.m_Program[nLine], szInstruction);
 
     if (c.m_nReturnDepth > kReturnLevels)
         c.ShowProgramError(kCodeReturnDepth);
-    char szReturns[24];
+    char szReturns[kReturnLevels * (kLineDigits + 2) + 1];
     FormatReturns(c.m_nReturnAddr, std::min(c.m_nReturnDepth, kReturnLevels), szReturns,
                   sizeof szReturns);
 

@@ -23,7 +23,7 @@ public:
     void Close();
     int  IsOpen() const { return m_pFile != nullptr; }
 
-    // What line nLine has left behind.
+    // The state after line nLine, which has just been executed.
     void WriteLine(cCalculator &c, unsigned nLine);
 
     // 1 once part of a trace could not be written.

@@ -70,7 +70,7 @@ public:
     int SetStackLevel(unsigned nLevel, double dValue);
     int SetRegister(unsigned nRegister, double dValue);
 
-    // Program memory. GoToLine: 0 to 98; 99 is line 1.
+    // Program memory. GoToLine: 0 to kLastLine; the number after it is line 1.
     int ClearProgram();
     int DeleteCurrentLine();
     int GoToLine(unsigned nLine);

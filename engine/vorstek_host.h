@@ -1,6 +1,6 @@
-// vorstek_host.h - all that the calculator asks of the outside. The window
-// program, the console program and the tests each implement it. Calls come on
-// the engine's own thread.
+// vorstek_host.h - all that the calculator asks of its surroundings. The window
+// program, the console program and the tests each implement it. All calls
+// come from the engine's own thread.
 
 #ifndef ENGINE_VORSTEK_HOST_H
 #define ENGINE_VORSTEK_HOST_H
@@ -24,7 +24,7 @@ public:
     // only while sounds are on.
     virtual void StartSound(unsigned nId) = 0;
 
-    // Draws the lines over what the display shows.
+    // Draws the lines over the present content of the display.
     virtual void DrawDisplay(const cDisplay &Display) = 0;
 
     // Fills the display's field with black.
@@ -32,7 +32,7 @@ public:
 
     // Between program lines: handles what is waiting, waits for nothing. Key
     // events re-enter the engine here and only set flags. Once one of them has
-    // halted the program, what waits behind it is left to the main loop. A host
+    // halted the program, the messages after it are left to the main loop. A host
     // that dispatches messages calls the engine's RefreshViews() first. Returns
     // 0 on quit, after it has posted the quit message again.
     virtual int DrainMessages() = 0;

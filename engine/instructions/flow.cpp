@@ -7,7 +7,7 @@
 #include "engine/program_run.h"
 
 static const unsigned kPauseMilliseconds = 1000;
-static const double   kFarthestJump      = -99.0;
+static const double   kFarthestJump      = -static_cast<double>(kProgramLines);
 static const unsigned kNoLabel           = 10;  // labels are 0 to 9
 
 // Searches from the current line to the last, then from line 1 to the line
@@ -28,9 +28,9 @@ static int FindLabel(cCalculator &c, unsigned nLabel)
     return c.ShowUserError("Error: no such label");
 }
 
-// The target given by Reg[0]: a label, or with -1 to -99 a jump back by that
-// many lines, wrapping within lines 1 to 98. Compared as a double, so that no
-// huge value or NaN is converted.
+// The target given by Reg[0]: a label, or a number of lines to jump back,
+// -1 to kFarthestJump, wrapping from line 1 to the last. Compared as a double, so
+// that no huge value or NaN is converted.
 static int FindTargetI(cCalculator &c)
 {
     const double dTarget = std::trunc(c.m_dReg[0]);

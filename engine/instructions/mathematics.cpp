@@ -225,7 +225,7 @@ int OnToRectangular(cCalculator &c, unsigned)
 }
 
 // The origin has no angle: there, only LASTx is set and even a number being
-// keyed in goes on.
+// keyed in continues.
 int OnToPolar(cCalculator &c, unsigned)
 {
     if (c.m_dX == 0.0 && c.m_dY == 0.0)

@@ -334,7 +334,7 @@ TEST_CASE("GSB from the keyboard returns what the last line returned")
     CHECK(Rig.State().m_nCurLine == 3);
 }
 
-TEST_CASE("a running GSB returns behind itself")
+TEST_CASE("a running GSB returns to the line after it")
 {
     cCalculatorRig Rig;
     Load(&Rig, {{1, "GSB 1"}, {2, "STO 2"}, {10, "LBL 1"}, {11, "STO 1"}, {12, "RTN"}});
@@ -789,7 +789,7 @@ TEST_CASE("R/S from the keyboard enables stack lift before the run")
     CHECK(Rig.Z() == 4.0);
 }
 
-TEST_CASE("R/S in a program halts it behind itself and shows X")
+TEST_CASE("R/S in a program halts it after that line and shows X")
 {
     cCalculatorRig Rig;
     Rig.Load("4\nR/S\n5\n");

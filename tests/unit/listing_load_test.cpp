@@ -2,7 +2,7 @@
 #include <filesystem>
 #include <random>
 
-#include "engine/listing_parser.h"
+#include "engine/listing_words.h"
 #include "tests/unit/calculator_rig.h"
 #include "tests/unit/scratch_folder.h"
 
@@ -43,7 +43,7 @@ void CheckBox(const cRecordingHost::cBox &Box, const std::string &Text, const ch
     CHECK(Box.m_nIcon == nIcon);
 }
 
-// The program of the texts and R/S behind them.
+// The program of the texts and R/S after them.
 void CheckSteps(cCalculatorRig &Rig, const std::vector<std::string> &Steps)
 {
     for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
@@ -51,7 +51,7 @@ void CheckSteps(cCalculatorRig &Rig, const std::vector<std::string> &Steps)
 }
 
 // What must hold after every load: 98 lines, each listed where its record
-// says, with its number and behind that its text.
+// says, with its number followed by its text.
 void CheckProgram(cCalculatorRig &Rig)
 {
     const cVorstekState &State   = Rig.State();
@@ -505,7 +505,7 @@ TEST_CASE("comments and rejected lines before the 99th program line are kept")
 
 // --- lines of unusual length and content
 
-TEST_CASE("a line of 510 characters is whole, a longer one comes in pieces")
+TEST_CASE("a line of 510 characters is read complete, a longer one comes in pieces")
 {
     // clang-format off
     static const struct
@@ -539,7 +539,7 @@ TEST_CASE("a line of 510 characters is whole, a longer one comes in pieces")
     }
 }
 
-TEST_CASE("a rejected line of full length stands whole in its box and in the listing")
+TEST_CASE("a rejected line of full length is complete in its box and in the listing")
 {
     cLoadRig          Rig;
     const std::string Line(511, 'x');

@@ -11,8 +11,8 @@ namespace
 
 const char *const kEndless = "LBL 1\nGTO 1\n";
 
-// Delivers Event from the drain behind the nLine-th executed line of the next
-// run; the drain behind the hundredth is a quit.
+// Delivers Event from the drain after the nLine-th executed line of the next
+// run; the drain after the hundredth is a quit.
 void At(cCalculatorRig *pRig, unsigned nLine, const std::function<void()> &Event)
 {
     pRig->m_Host.m_nDrains = 0;
@@ -129,7 +129,7 @@ TEST_CASE("a failing line halts the run and stays the current line")
     CHECK(Rig.Y() == 2.0);
 }
 
-TEST_CASE("a run can be taken up again behind a halt, a failing line fails again")
+TEST_CASE("a run can be resumed after a halt, a failing line fails again")
 {
     cCalculatorRig Rig;
     Rig.Load("1/x\nSTO 1\n");
@@ -142,7 +142,7 @@ TEST_CASE("a run can be taken up again behind a halt, a failing line fails again
     CHECK(Rig.State().m_dReg[1] == 0.25);
 }
 
-TEST_CASE("the messages are drained behind each line but the one that ended the run")
+TEST_CASE("the messages are drained after each line but the one that ended the run")
 {
     // clang-format off
     static const struct { const char *szListing; unsigned nDrains; } s_Rows[] =
@@ -337,7 +337,7 @@ TEST_CASE("the host can tell one run from the next")
 namespace
 {
 
-// Asks for program mode behind the second line and halts as Halt does behind
+// Asks for program mode after the second line and halts as Halt does after
 // the fifth.
 void AskForProgramMode(cCalculatorRig *pRig, const std::function<void()> &Halt)
 {
@@ -391,7 +391,7 @@ TEST_CASE("the switch is carried out at once when the host ends the run")
     const std::function<void(cCalculatorRig *)> Halts[] = {
         [](cCalculatorRig *pRig) { pRig->m_Engine.OnChar(27); },
         [](cCalculatorRig *pRig) { pRig->m_Engine.HaltProgram(); },
-        [](cCalculatorRig *) {},  // quits behind the hundredth line
+        [](cCalculatorRig *) {},  // quits after the hundredth line
     };
     for (const auto &Halt : Halts)
     {
@@ -520,7 +520,7 @@ TEST_CASE("a switch that was moved back during the run does nothing")
     CHECK_TEXT(Rig.Sounds(), "10050 10051 10051");
 }
 
-TEST_CASE("the switch's release behind the halt enters program mode in the ordinary way")
+TEST_CASE("the switch's release after the halt enters program mode in the ordinary way")
 {
     cCalculatorRig Rig;
     Rig.Load(kEndless);
@@ -582,7 +582,7 @@ TEST_CASE("a single step executes the current line and advances")
     }
 }
 
-TEST_CASE("a single step from line 0 executes line 1, one from line 98 goes on to line 1")
+TEST_CASE("a single step from line 0 executes line 1, one from line 98 continues with line 1")
 {
     cCalculatorRig Rig;
     Rig.Load("4\n");
@@ -699,7 +699,7 @@ TEST_CASE("a number line that does not parse to its end is an inconsistency")
 {
     cCalculatorRig Rig;
     Rig.Load("3\n");
-    Rig.m_Engine.Raw().m_Program[1].m_bNumberWhole = 0;
+    Rig.m_Engine.Raw().m_Program[1].m_bNumberParsed = 0;
 
     const int nResult = Rig.m_Engine.ExecuteCurrentLine();
 

@@ -8,7 +8,7 @@ std::string RegisterLabel(unsigned nRegister)
     return std::string("Reg[") + (nRegister < 10 ? " " : "") + std::to_string(nRegister) + "] = ";
 }
 
-// A box's line as it stands, without bringing the box up to date.
+// A box's present line, without bringing the box up to date.
 std::string Standing(const cLineBox &Box, unsigned nLine)
 {
     char szText[100];
@@ -309,7 +309,7 @@ TEST_CASE("beside a box of an inconsistency all views are up to date")
 {
     cCalculatorRig Rig;
     Rig.Load((kCounting + std::string("7\nCLX\n")).c_str());
-    Rig.m_Engine.Raw().m_Program[5].m_bNumberWhole = 0;
+    Rig.m_Engine.Raw().m_Program[5].m_bNumberParsed = 0;
     std::string Seen;
     Rig.m_Host.m_OnAsk = [&] { Seen = Views(Rig); };
 

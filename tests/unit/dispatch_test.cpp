@@ -282,7 +282,7 @@ TEST_CASE("every digit completes a prefix, to registers 0 to 9 or 10 to 19")
     }
 }
 
-TEST_CASE("a digit behind no prefix goes to number entry")
+TEST_CASE("a digit without a prefix goes to number entry")
 {
     for (const char *const szPending :
          {"", "f ", "g ", "STO g ", "GSB g ", "RCL g ", "FIX", "sto "})
@@ -328,7 +328,7 @@ TEST_CASE("GTO, point, 4 waits for the second digit of line 42")
     CHECK(Rig.State().m_nCurLine == 42);
 }
 
-TEST_CASE("two digits behind GTO and point go to each line")
+TEST_CASE("two digits after GTO and point go to each line")
 {
     cCalculatorRig Rig;
     for (unsigned nLine = 0; nLine <= 99; nLine++)

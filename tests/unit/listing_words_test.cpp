@@ -1,5 +1,6 @@
-#include "engine/listing_parser.h"
+#include "engine/listing_words.h"
 
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -260,4 +261,141 @@ TEST_CASE("a NUL byte hides the rest of its piece")
     CHECK(Pieces("a\n\0b"s) == std::vector<std::string>{"a", ""});
     CHECK(Pieces("a\0"s + std::string(510, 'x') + "\nb"s) ==
           std::vector<std::string>{"a", "x", "b"});
+}
+
+namespace
+{
+
+const cInstruction &InstructionOf(const char *szMnemonic)
+{
+    for (const cInstruction &Instruction : Instructions())
+        if (std::string(Instruction.m_szMnemonic) == szMnemonic)
+            return Instruction;
+    FAIL("no such instruction: " << szMnemonic);
+    return Instructions()[0];
+}
+
+template <class cPrint> std::string Listed(cPrint Print, size_t nSize = kListedText)
+{
+    char szText[kListedText];
+    Print(szText, nSize);
+    return szText;
+}
+
+}  // namespace
+
+TEST_CASE("an instruction is printed with its operand, as a step keeps two characters of it")
+{
+    // clang-format off
+    static const struct
+    {
+        const char *szMnemonic;
+        unsigned    nOperand;
+        const char *szPrinted;
+        const char *szKept;
+        unsigned    nKept;
+    } s_Rows[] =
+    {
+        { "x<>y",   7,  "x<>y",   "x<>y",   0  },
+        { "STO i",  0,  "STO i",  "STO i",  0  },
+        { "STO",    0,  "STO 0",  "STO 0",  0  },
+        { "STO",    9,  "STO 9",  "STO 9",  9  },
+        { "STO+",   10, "STO+ .0", "STO+ .0", 10 },
+        { "RCL",    19, "RCL .9", "RCL .9", 19 },
+        { "STO",    20, "STO .10", "STO .1", 11 },
+        { "FIX",    4,  "FIX 4",  "FIX 4",  4  },
+        { "GTO",    12, "GTO 12", "GTO 12", 12 },
+        { "LBL",    123, "LBL 123", "LBL 12", 12 },
+        { "GSB",    4294967295, "GSB 4294967295", "GSB 42", 42 },
+    };
+    // clang-format on
+    for (const auto &Row : s_Rows)
+    {
+        CAPTURE_TEXT(Row.szMnemonic);
+        CAPTURE(Row.nOperand);
+        const cInstruction &Instruction = InstructionOf(Row.szMnemonic);
+        char                szText[kStepText];
+
+        PrintInstruction(Instruction, Row.nOperand, szText);
+        CHECK_TEXT(szText, Row.szPrinted);
+
+        const cStep Step = RecordedStep(Instruction, Row.nOperand);
+        PrintStep(Step, szText);
+        CHECK_TEXT(szText, Row.szKept);
+        CHECK(Step.m_nOperand == Row.nKept);
+        CHECK(Step.m_pInstruction == &Instruction);
+    }
+}
+
+TEST_CASE("what is printed of a step is read back as the same step")
+{
+    for (const cInstruction &Instruction : Instructions())
+        for (unsigned nOperand = 0; nOperand < 20; nOperand++)
+        {
+            if (nOperand > 9 && Instruction.m_nOperand != opRegister)
+                continue;
+            char szText[kStepText];
+            PrintInstruction(Instruction, nOperand, szText);
+            CAPTURE_TEXT(szText);
+            const cStep        Step = RecordedStep(Instruction, nOperand);
+            const cListingLine Read = Parsed(szText);
+
+            CHECK(Read.m_nKind == llInstruction);
+            CHECK(Read.m_pInstruction == Step.m_pInstruction);
+            CHECK(Read.m_nOperand == Step.m_nOperand);
+            CHECK_TEXT(Read.m_szText, Step.m_szText);
+            CHECK_TEXT(Read.m_szOperandText, Step.m_szOperandText);
+        }
+}
+
+TEST_CASE("a step is numbered for the display and for the trace")
+{
+    char szText[kListedText];
+
+    PrintNumberedStep(5, RecordedStep(InstructionOf("STO"), 13), szText);
+    CHECK_TEXT(szText, "05 STO .3");
+    PrintTracedStep(5, RecordedStep(InstructionOf("STO"), 13), szText);
+    CHECK_TEXT(szText, "05 STO 13");
+    PrintTracedStep(98, RecordedStep(InstructionOf("x<>y"), 0), szText);
+    CHECK_TEXT(szText, "98 x<>y");
+}
+
+TEST_CASE("lines of the listing begin with a number or a mark of its width")
+{
+    // clang-format off
+    CHECK_TEXT(Listed([](char *sz, size_t n) { PrintListedLine(0, "", sz, n); }), "00\r\n");
+    CHECK_TEXT(Listed([](char *sz, size_t n) { PrintListedLine(7, "STO .3", sz, n); }), "07 STO .3\r\n");
+    CHECK_TEXT(Listed([](char *sz, size_t n) { PrintListedLine(98, "", sz, n); }), "98 \r\n");
+    CHECK_TEXT(Listed([](char *sz, size_t n) { PrintListedComment("; text", sz, n); }), "   ; text\r\n");
+    CHECK_TEXT(Listed([](char *sz, size_t n) { PrintListedRejection("sto 5", sz, n); }), "-- sto 5\r\n");
+    CHECK_TEXT(Listed([](char *sz, size_t n) { PrintListedLine(7, "STO .3", sz, n); }, 6), "07 ST");
+    // clang-format on
+    char szText[kListedText];
+    CHECK(PrintListedLine(7, "STO .3", szText, 6) == 11);
+}
+
+TEST_CASE("a line of the listing is renumbered if it begins with a number")
+{
+    static const struct
+    {
+        const char *szLine;
+        unsigned    nNumber;
+        int         nResult;
+        const char *szRenumbered;
+    } s_Rows[] = {{"05 STO 3", 6, 1, "06 STO 3"},
+                  {"09 LBL 9", 10, 1, "10 LBL 9"},
+                  {"98 12", 7, 1, "07 12"},
+                  {"   12 ; text", 6, 0, "   12 ; text"},
+                  {"-- 12", 6, 0, "-- 12"},
+                  {"5", 6, 0, "5"},
+                  {"", 6, 0, ""}};
+    for (const auto &Row : s_Rows)
+    {
+        CAPTURE_TEXT(Row.szLine);
+        char szLine[kListedText];
+        snprintf(szLine, sizeof szLine, "%s", Row.szLine);
+
+        CHECK(RenumberListedLine(Row.nNumber, szLine) == Row.nResult);
+        CHECK_TEXT(szLine, Row.szRenumbered);
+    }
 }
