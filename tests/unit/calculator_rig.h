@@ -62,7 +62,7 @@ public:
 
     std::vector<cBox>        m_Boxes;
     std::vector<eAnswer>     m_Answers;
-    std::function<void()>    m_OnAsk;    // called while each box stands
+    std::function<void()>    m_OnAsk;    // called while each box is open
     std::function<void()>    m_OnPause;  // called while each PAUSE waits
     std::vector<int>         m_QuitCodes;
     std::vector<unsigned>    m_Sounds;
@@ -102,7 +102,7 @@ public:
     // Presses and releases the face keys named, separated by blanks: the
     // unshifted names "STO" "x<>y" "RDN" (or "i") "Sum+" "ENTER" "CHS" "EEX" "CLX" "-"
     // "+" "*" "/" "." "R/S" "SST" "GSB" "GTO" "f" "g" "RCL"; digits and points
-    // may stand together, as in "12.5". "PRGM" and "RUN" move the mode switch.
+    // may be written together, as in "12.5". "PRGM" and "RUN" move the mode switch.
     void Type(const char *szKeys);
     void Key(unsigned nKeyCode);
     void Down(unsigned nKeyCode) { m_Engine.OnCalcKey(nKeyCode, 1); }

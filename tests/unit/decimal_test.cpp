@@ -52,12 +52,12 @@ size_t NumberLength(const std::string &Text)
     {
         // sign, digit, point, e; 0 is the end
         { 1, 2, 3, 0 },   // 0 at the start
-        { 0, 2, 3, 0 },   // 1 behind the sign
+        { 0, 2, 3, 0 },   // 1 after the sign
         { 0, 2, 4, 5 },   // 2 in the integer digits: a number
-        { 0, 4, 0, 0 },   // 3 behind a point without digits before it
-        { 0, 4, 0, 5 },   // 4 behind the point or in the places: a number
-        { 6, 7, 0, 0 },   // 5 behind e
-        { 0, 7, 0, 0 },   // 6 behind its sign
+        { 0, 4, 0, 0 },   // 3 after a point without digits before it
+        { 0, 4, 0, 5 },   // 4 after the point or in the places: a number
+        { 6, 7, 0, 0 },   // 5 after e
+        { 0, 7, 0, 0 },   // 6 after its sign
         { 0, 7, 0, 0 },   // 7 in the exponent: a number
     };
     // clang-format on
@@ -119,7 +119,7 @@ TEST_CASE("a decimal number is a sign, digits with a point, and an exponent")
     }
 }
 
-TEST_CASE("text behind a decimal number is no part of it")
+TEST_CASE("text after a decimal number is not part of it")
 {
     // clang-format off
     static const struct { const char *szText; size_t nLength; double dValue; } s_Rows[] =

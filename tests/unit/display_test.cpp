@@ -216,7 +216,7 @@ TEST_CASE("the annunciator follows the angle mode in both views")
     }
 }
 
-TEST_CASE("wait markers are never shown, the last operation stands there instead")
+TEST_CASE("wait markers are never shown, the last operation is shown instead")
 {
     for (const char *const szMarker : {"EWFDK", "EWFUK", "HWFUK", "EWF", "HWF"})
     {
@@ -233,7 +233,7 @@ TEST_CASE("wait markers are never shown, the last operation stands there instead
     }
 }
 
-TEST_CASE("texts as long as their fields are shown whole")
+TEST_CASE("texts as long as their fields are shown completely")
 {
     cCalculatorRig Rig;
     SetKeystrokes(&Rig, "0123456789");

@@ -407,7 +407,7 @@ TEST_CASE("FIX, SCI, ENG, RAD, DEG and GRD set their modes")
     }
 }
 
-TEST_CASE("FIX, SCI and ENG format all four levels anew")
+TEST_CASE("FIX, SCI and ENG reformat all four levels")
 {
     cCalculatorRig Rig;
     Rig.Set(1, -20, 300, 0.5);

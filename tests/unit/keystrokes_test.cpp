@@ -130,7 +130,7 @@ namespace
 {
 
 // What a press does. A text that ends in a blank is a prefix that becomes the
-// buffer, one behind an apostrophe goes to number entry, "" does nothing, all
+// buffer, one after an apostrophe goes to number entry, "" does nothing, all
 // others are instructions. The keys SST, BST, R/S, DEL and CLEAR PRGM, left
 // out by null, have tests of their own.
 struct cPressRow
@@ -207,7 +207,7 @@ int IsEntry(const std::string &Does)
     return Does[0] == '\'';
 }
 
-// PAUSE and 1/x stand in the buffer until key 30 is released.
+// PAUSE and 1/x stay in the buffer until key 30 is released.
 std::string BufferAfter(const std::string &Does)
 {
     return Does == "PAUSE" || Does == "1/x" ? Does + " " : "";
@@ -434,7 +434,7 @@ TEST_CASE("an event that is neither a press nor a release is ignored")
 
 // --- pending keys
 
-TEST_CASE("the keys of an unfinished instruction stand in the buffer")
+TEST_CASE("the keys of an unfinished instruction are in the buffer")
 {
     for (const cPending &Pending : s_Pending)
         for (const char *const szMode : {"", "PRGM"})
@@ -466,7 +466,7 @@ TEST_CASE("f starts the buffer afresh whatever is pending")
     }
 }
 
-TEST_CASE("g is kept behind eight prefixes and starts afresh behind all others")
+TEST_CASE("g is kept after eight prefixes and starts afresh after all others")
 {
     static const char *const s_Kept[] = {"STO + ", "STO - ", "STO * ", "STO / ",
                                          "STO ",   "RCL ",   "GSB ",   "GTO "};
@@ -546,7 +546,7 @@ TEST_CASE("a key that combines with no prefix drops it and acts unshifted")
         }
 }
 
-TEST_CASE("a pending f or g shifts the next key whatever stands before it")
+TEST_CASE("a pending f or g shifts the next key whatever precedes it")
 {
     for (const cPending &Pending : s_Pending)
     {
@@ -588,7 +588,7 @@ TEST_CASE("STO followed by x<>y drops the STO and exchanges")
     CHECK_TEXT(Rig.State().m_szLastOp, "x<>y");
 }
 
-TEST_CASE("the point extends seven prefixes and begins a number behind all others")
+TEST_CASE("the point extends seven prefixes and begins a number after all others")
 {
     static const char *const s_Extended[] = {"GTO ",   "STO - ", "STO + ", "STO * ",
                                              "STO / ", "STO ",   "RCL "};
@@ -611,7 +611,7 @@ TEST_CASE("the point extends seven prefixes and begins a number behind all other
     }
 }
 
-TEST_CASE("the four operators behind STO wait for a register")
+TEST_CASE("the four operators after STO wait for a register")
 {
     static const cPending s_Rows[] = {
         {"STO -", "STO - "}, {"STO +", "STO + "}, {"STO *", "STO * "}, {"STO /", "STO / "}};
@@ -629,7 +629,7 @@ TEST_CASE("the four operators behind STO wait for a register")
     }
 }
 
-TEST_CASE("Sum+ behind RCL recalls the sums")
+TEST_CASE("Sum+ after RCL recalls the sums")
 {
     static const struct
     {
@@ -650,7 +650,7 @@ TEST_CASE("Sum+ behind RCL recalls the sums")
     }
 }
 
-TEST_CASE("key 7 is i behind a prefix, with and without g between")
+TEST_CASE("key 7 is i after a prefix, with and without g between")
 {
     // clang-format off
     static const struct { const char *szKeys; const char *szMnemonic; } s_Rows[] =

@@ -253,7 +253,7 @@ TEST_CASE("a cancelled save dialog saves nothing")
 
 // --- failures
 
-TEST_CASE("a save that fails tells so and keeps name and changes")
+TEST_CASE("a save that fails reports it and keeps name and changes")
 {
     cSaveRig          Rig;
     const std::string Name = Rig.m_Folder.Name("no/such/folder.txt");

@@ -38,7 +38,7 @@ TEST_CASE("a new box is empty")
     CHECK(Box.HighlightedLine() == 0);
 }
 
-TEST_CASE("a text is divided at CR LF, with no empty line behind the last")
+TEST_CASE("a text is divided at CR LF, with no empty line after the last")
 {
     cMemoryLineBox Box;
 

@@ -231,7 +231,7 @@ TEST_CASE("a third exponent digit shifts out the first")
     CHECK(IsEntryInProgress(&Rig));
 }
 
-TEST_CASE("CHS during entry does not clamp and the entry goes on")
+TEST_CASE("CHS during entry does not clamp and the entry continues")
 {
     cCalculatorRig Rig;
     Rig.Type("1.5 EEX 99 CHS");
@@ -300,7 +300,7 @@ TEST_CASE("a number beyond the limits becomes the limit and ends the entry")
     }
 }
 
-TEST_CASE("a digit behind a clamped number begins the next one")
+TEST_CASE("a digit after a clamped number begins the next one")
 {
     cCalculatorRig Rig;
     Key(&Rig, "99.9e99");
@@ -462,7 +462,7 @@ TEST_CASE("in program mode a clamped number is recorded as the display shows it"
     }
 }
 
-TEST_CASE("in program mode CHS behind a finished number is an instruction")
+TEST_CASE("in program mode CHS after a finished number is an instruction")
 {
     cCalculatorRig Rig;
     Rig.Type("PRGM 5 ENTER CHS");

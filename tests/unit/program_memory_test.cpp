@@ -37,7 +37,7 @@ void GoTo(cCalculatorRig *pRig, unsigned nLine)
     pRig->Type(TwoDigits(nLine).c_str());
 }
 
-// Whether every line's record, its number and its text stand in the listing
+// Whether every line's record, its number and its text are in the listing
 // where the record says.
 void CheckListing(cCalculatorRig &Rig)
 {
@@ -57,7 +57,7 @@ void CheckListing(cCalculatorRig &Rig)
 
 // --- clearing
 
-TEST_CASE("a new calculator lists 98 lines of R/S behind line 00")
+TEST_CASE("a new calculator lists 98 lines of R/S after line 00")
 {
     cCalculatorRig Rig;
 
@@ -111,7 +111,7 @@ TEST_CASE("CLEAR PRGM ends a number entry")
 
 // --- recording
 
-TEST_CASE("an instruction goes behind the current line and becomes it")
+TEST_CASE("an instruction goes after the current line and becomes it")
 {
     cCalculatorRig Rig;
     Rig.Load("CLX\nENTER\n");
@@ -286,7 +286,7 @@ TEST_CASE("comments keep their places while lines are inserted and deleted")
     CheckListing(Rig);
 }
 
-TEST_CASE("a comment behind line 98 stays there when line 98 is pushed out")
+TEST_CASE("a comment after line 98 stays there when line 98 is pushed out")
 {
     cCalculatorRig Rig;
     std::string    Listing;
@@ -419,7 +419,7 @@ TEST_CASE("an instruction or a movement ends the number, the next digit starts a
 
 // --- deleting
 
-TEST_CASE("deleting line 5 of a full memory moves the lines behind it up")
+TEST_CASE("deleting line 5 of a full memory moves the lines after it up")
 {
     cCalculatorRig Rig;
     LoadFull(&Rig);
@@ -668,7 +668,7 @@ namespace
 {
 
 // The listing as a list of texts; those of program lines are numbered when
-// somebody looks.
+// they are compared.
 class cModel
 {
 public:
@@ -758,7 +758,7 @@ private:
         std::string m_Text;
     };
 
-    // The line behind program line nLine; line 0 stands before the first.
+    // The line after program line nLine; line 0 comes before the first.
     std::vector<cLine>::iterator Behind(unsigned nLine)
     {
         auto Line = m_Lines.begin();

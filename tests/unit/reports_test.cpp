@@ -241,7 +241,7 @@ TEST_CASE("code 106: the number of boxes is that of the numbers formatted")
         { "x<>y",    0, 0 },
         { "Rolldown", 0, 0 },
         { "CLX",     0, 0 },
-        { "CHS",     0, 0 },   // the entry goes on
+        { "CHS",     0, 0 },   // the entry continues
         { "STO",     3, 2 },   // the register and X
         { "STO+",    3, 1 },   // the register is clamped
         { "RCL",     3, 0 },

@@ -170,7 +170,7 @@ TEST_CASE("mean, deviation and regression agree with their textbook forms")
     }
 }
 
-TEST_CASE("points that are taken out leave no trace in whole sums")
+TEST_CASE("points that are taken out leave no trace in sums of integers")
 {
     std::mt19937                       Random(41);
     std::uniform_int_distribution<int> Numbers(-1000, 1000);

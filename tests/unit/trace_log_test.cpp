@@ -114,7 +114,7 @@ TEST_CASE("a trace begins with the program's name, the date and a heading")
     }
 }
 
-TEST_CASE("a trace's head is whole however long the program's path is")
+TEST_CASE("a trace's heading is complete however long the program's path is")
 {
     for (const size_t nLength : {471u, 510u, 511u, 512u, 1022u, 1023u})
     {
@@ -156,7 +156,7 @@ TEST_CASE("a trace has one line for each executed line")
     CHECK(Rig.Traced() == Expected);
 }
 
-TEST_CASE("trace columns of the widest texts still stand apart")
+TEST_CASE("trace columns of the widest texts are still separated")
 {
     cTraceRig Rig;
     Rig.Load("SCI 9\n-1.234567891e-50\n");
