@@ -56,7 +56,7 @@ public:
     // (27) halts a program, others only sound.
     void OnChar(char cChar);
 
-    // Halts a running program after the line in hand, without a sound.
+    // Halts a running program after the current line, without a sound.
     void HaltProgram();
 
     // Performs an instruction by its mnemonic as the current mode requires:

@@ -452,7 +452,7 @@ TEST_CASE("the keys of an unfinished instruction are in the buffer")
         }
 }
 
-TEST_CASE("f starts the buffer afresh whatever is pending")
+TEST_CASE("f restarts the buffer whatever is pending")
 {
     for (const cPending &Pending : s_Pending)
     {
@@ -466,7 +466,7 @@ TEST_CASE("f starts the buffer afresh whatever is pending")
     }
 }
 
-TEST_CASE("g is kept after eight prefixes and starts afresh after all others")
+TEST_CASE("g is kept after eight prefixes and restarts the buffer after all others")
 {
     static const char *const s_Kept[] = {"STO + ", "STO - ", "STO * ", "STO / ",
                                          "STO ",   "RCL ",   "GSB ",   "GTO "};
@@ -486,7 +486,7 @@ TEST_CASE("g is kept after eight prefixes and starts afresh after all others")
     }
 }
 
-TEST_CASE("an unshifted prefix key starts the buffer afresh")
+TEST_CASE("an unshifted prefix key restarts the buffer")
 {
     static const cPending s_Fresh[] = {
         {"GSB", "GSB "}, {"GTO", "GTO "}, {"STO", "STO "}, {"RCL", "RCL "}};

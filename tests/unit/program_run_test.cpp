@@ -217,7 +217,7 @@ TEST_CASE("a single step leaves the commands as they are")
     CHECK(Rig.m_Host.m_nDrains == 0);
 }
 
-TEST_CASE("a key halts the run after the line in hand")
+TEST_CASE("a key halts the run after the current line")
 {
     cCalculatorRig Rig;
     Rig.Load("1\nSTO+ 1\n2\nSTO+ 2\n3\nSTO+ 3\n");

@@ -60,7 +60,7 @@ TEST_CASE("boxes that were narrowed too far come back with their least widths")
     CHECK(Size.m_nWidth == 310 + 110 + 100);
 }
 
-TEST_CASE("the keypad stands at the upper left, the boxes at its right over the full height")
+TEST_CASE("the keypad is at the upper left, the boxes at its right over the full height")
 {
     cWindowLayout Layout;
 
