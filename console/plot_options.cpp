@@ -3,7 +3,7 @@
 #include "console/arguments.h"
 
 // Each stores an option's value; 0 if the value is invalid.
-typedef int (*cTakeValue)(cPlotOptions *, const std::string &);
+typedef int (*cTakePlotValue)(cPlotOptions *, const std::string &);
 
 // At most as long as the plot's buffer.
 static int IsPlotText(const std::string &Value)
@@ -64,9 +64,9 @@ static int TakeSize(cPlotOptions *pOptions, const std::string &Value)
 static const struct
 {
     const char *m_szName;
-    cTakeValue  m_pTake;
+    cTakePlotValue  m_pTake;
     const char *m_szWanted;
-} s_Options[] =
+} s_PlotOptions[] =
 {
     { "--title", TakeTitle, "a text of at most 100 bytes"             },
     { "--label", TakeLabel, "a text of at most 100 bytes"             },
@@ -91,7 +91,7 @@ static int TakeOption(const std::vector<std::string> &Arguments, size_t *pnAt,
                       cPlotOptions *pOptions, std::string *pError)
 {
     const std::string &Name = Arguments[*pnAt];
-    for (const auto &Row : s_Options)
+    for (const auto &Row : s_PlotOptions)
     {
         if (Name != Row.m_szName)
             continue;

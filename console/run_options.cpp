@@ -5,7 +5,7 @@
 #include "toolkit/dbg_file.h"
 
 // Each stores an option's value; 0 if the value is invalid.
-typedef int (*cTakeValue)(cRunOptions *, const std::string &);
+typedef int (*cTakeRunValue)(cRunOptions *, const std::string &);
 
 template <unsigned nLevel> static int TakeLevel(cRunOptions *pOptions, const std::string &Value)
 {
@@ -59,9 +59,9 @@ static int TakeGraphFile(cRunOptions *pOptions, const std::string &Value)
 static const struct
 {
     const char *m_szName;
-    cTakeValue  m_pTake;
+    cTakeRunValue  m_pTake;
     const char *m_szWanted;
-} s_Options[] =
+} s_RunOptions[] =
 {
     { "--x",         TakeLevel<0>,  "a number"                          },
     { "--y",         TakeLevel<1>,  "a number"                          },
@@ -102,7 +102,7 @@ static int TakeOption(const std::vector<std::string> &Arguments, size_t *pnAt,
                       cRunOptions *pOptions, std::string *pError)
 {
     const std::string &Name = Arguments[*pnAt];
-    for (const auto &Row : s_Options)
+    for (const auto &Row : s_RunOptions)
     {
         if (Name != Row.m_szName)
             continue;

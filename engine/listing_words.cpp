@@ -9,6 +9,7 @@
 #include "engine/decimal.h"
 #include "engine/instruction.h"
 #include "engine/mnemonic_map.h"
+#include "toolkit/blanks.h"
 
 static const size_t kLongestToken      = kMnemonicText - 1;
 static const size_t kOperandCharacters = 2;
@@ -17,11 +18,6 @@ static const char kCommentMark  = ' ';
 static const char kRejectedMark = '-';
 
 static const char *const kTokenEnds = " \t;";
-
-static const char *SkipBlanks(const char *pText)
-{
-    return pText + strspn(pText, " \t");
-}
 
 static int IsEndOrComment(char c)
 {

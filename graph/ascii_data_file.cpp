@@ -10,6 +10,7 @@
 #include "graph/extent.h"
 #include "graph/float_scan.h"
 #include "graph/retry_arrays.h"
+#include "toolkit/blanks.h"
 #include "toolkit/replacement_file.h"
 #include "toolkit/retry_alloc.h"
 
@@ -41,13 +42,6 @@ int Begins(const char *szText, const char *szStart)
         szStart++;
     }
     return !*szStart;
-}
-
-const char *SkipBlanks(const char *pText)
-{
-    while (*pText == ' ' || *pText == '\t')
-        pText++;
-    return pText;
 }
 
 // Between two numbers: blanks, at most one comma, blanks.

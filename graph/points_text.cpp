@@ -8,6 +8,7 @@
 #include "graph/float_scan.h"
 #include "graph/plot_ticks.h"
 #include "graph/retry_arrays.h"
+#include "toolkit/blanks.h"
 #include "toolkit/retry_alloc.h"
 
 namespace
@@ -20,11 +21,6 @@ struct cXy
     float m_fX;
     float m_fY;
 };
-
-const char *SkipBlanks(const char *pText)
-{
-    return pText + strspn(pText, " \t");
-}
 
 // White space before a number may be the end of the line: such a number is one
 // of the next line. Returns null then, and where there is no number.

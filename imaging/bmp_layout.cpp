@@ -5,13 +5,8 @@
 #include "imaging/dib_image.h"
 #include "imaging/little_endian.h"
 
-static const uint32_t kFileHead    = 14;
 static const uint32_t kInfoHead    = 40;
 static const uint32_t kMostColours = 256;
-static const uint32_t kPlainRgb    = 0;  // compression
-static const uint32_t kBitFields   = 3;
-static const uint32_t kMasks555[3] = {0x7C00, 0x03E0, 0x001F};  // red, green, blue
-static const uint32_t kMasks888[3] = {0xFF0000, 0x00FF00, 0x0000FF};
 
 int ChooseBmpDepth(unsigned nBits, cBmpDepth *pDepth)
 {
@@ -45,9 +40,9 @@ uint32_t BmpImageBytes(unsigned nBits, int32_t nWidth, int32_t nHeight)
 //   0 u16 "BM"   2 u32 file size   6 u16 0   8 u16 0   10 u32 offset of the pixels
 static int PutFileHead(cByteSink *pSink, uint32_t nInfoBytes, uint32_t nImageBytes)
 {
-    uint8_t Head[kFileHead] = {'B', 'M'};
-    StoreU32(Head + 2, kFileHead + nInfoBytes + nImageBytes);
-    StoreU32(Head + 10, kFileHead + nInfoBytes);
+    uint8_t Head[kBmpFileHead] = {'B', 'M'};
+    StoreU32(Head + 2, kBmpFileHead + nInfoBytes + nImageBytes);
+    StoreU32(Head + 10, kBmpFileHead + nInfoBytes);
     return pSink->Write(Head, sizeof Head);
 }
 
@@ -74,7 +69,7 @@ static int PutInfo(cByteSink *pSink, const cBmpImage &Image, uint32_t nInfoBytes
     StoreU32(Info + 8, static_cast<uint32_t>(Image.m_nHeight));
     StoreU16(Info + 12, 1);
     StoreU16(Info + 14, Image.m_Depth.m_nBits);
-    StoreU32(Info + 16, Image.m_Depth.m_nMasks ? kBitFields : kPlainRgb);
+    StoreU32(Info + 16, Image.m_Depth.m_nMasks ? kBmpBitFields : kBmpPlainRgb);
     StoreU32(Info + 20, Image.m_nImageBytes);
     StoreU32(Info + 32, Image.m_Depth.m_nColours);
 
@@ -82,7 +77,7 @@ static int PutInfo(cByteSink *pSink, const cBmpImage &Image, uint32_t nInfoBytes
     if (Image.m_Depth.m_nColours)
         memcpy(pTable, Image.m_pColours, 4u * Image.m_Depth.m_nColours);
     if (Image.m_Depth.m_nMasks)
-        StoreMasks(pTable, Image.m_Depth.m_nBits == 16 ? kMasks555 : kMasks888);
+        StoreMasks(pTable, Image.m_Depth.m_nBits == 16 ? kBmpMasks555 : kBmpMasks888);
     return pSink->Write(Info, nInfoBytes);
 }
 

@@ -8,6 +8,18 @@
 
 #include "imaging/byte_sink.h"
 
+// Bytes of the head that each file begins with, before the information about
+// the picture.
+const uint32_t kBmpFileHead = 14;
+
+// How pixels are stored: as they are, or with a mask for each channel.
+const uint32_t kBmpPlainRgb  = 0;
+const uint32_t kBmpBitFields = 3;
+
+// Masks of red, green and blue, for 16 and for 32 bits a pixel.
+const uint32_t kBmpMasks555[3] = {0x7C00, 0x03E0, 0x001F};
+const uint32_t kBmpMasks888[3] = {0xFF0000, 0x00FF00, 0x0000FF};
+
 struct cBmpDepth
 {
     uint16_t m_nBits;     // per pixel: 1, 4, 8, 16, 24 or 32

@@ -6,21 +6,17 @@
 #include <iterator>
 #include <new>
 
+#include "imaging/bmp_layout.h"
 #include "imaging/little_endian.h"
 
-static const uint32_t kFileHead     = 14;
 static const uint32_t kCoreHead     = 12;  // OS/2 1
 static const uint32_t kOs2Head      = 64;  // OS/2 2
 static const uint32_t kMostHead     = 124;
 static const uint32_t kMasksInHead  = 52;  // a head of this size or larger contains them
 static const uint32_t kMasksAt      = 40;
-static const uint32_t kPlainRgb     = 0;
-static const uint32_t kBitFields    = 3;
 static const uint32_t kBitFieldsToo = 6;  // with a fourth mask, for transparency
 
-static const uint32_t kMasks555[3] = {0x7C00, 0x03E0, 0x001F};  // red, green, blue
 static const uint32_t kMasks565[3] = {0xF800, 0x07E0, 0x001F};
-static const uint32_t kMasks888[3] = {0xFF0000, 0x00FF00, 0x0000FF};
 
 static const char *const kTooShort = "is an incomplete BMP file";
 
@@ -107,13 +103,13 @@ int cBmpReader::Read(void *pBytes, uint32_t nBytes)
 
 int cBmpReader::ReadHead()
 {
-    uint8_t Head[kFileHead + 4];
+    uint8_t Head[kBmpFileHead + 4];
     if (!Read(Head, sizeof Head))
         return 0;
     if (Head[0] != 'B' || Head[1] != 'M')
         return Refuse("is not a BMP file");
     m_Head.m_nPixelsAt  = LoadU32(Head + 10);
-    m_Head.m_nHeadBytes = LoadU32(Head + kFileHead);
+    m_Head.m_nHeadBytes = LoadU32(Head + kBmpFileHead);
     return m_Head.m_nHeadBytes == kCoreHead ? ReadCoreHead() : ReadInfoHead();
 }
 
@@ -126,7 +122,7 @@ int cBmpReader::ReadCoreHead()
     m_Head.m_nWidth       = LoadU16(Core + 4);
     m_Head.m_nHeight      = LoadU16(Core + 6);
     m_Head.m_nBits        = LoadU16(Core + 10);
-    m_Head.m_nCompression = kPlainRgb;
+    m_Head.m_nCompression = kBmpPlainRgb;
     return CheckSize() && CheckDepth() && ReadMasks(nullptr);
 }
 
@@ -165,10 +161,10 @@ int cBmpReader::CheckDepth()
     static const uint32_t kDepths[] = {1, 4, 8, 16, 24, 32};
     if (std::find(std::begin(kDepths), std::end(kDepths), m_Head.m_nBits) == std::end(kDepths))
         return Refuse("does not have 1, 4, 8, 16, 24 or 32 bits per pixel");
-    if (m_Head.m_nCompression == kPlainRgb)
+    if (m_Head.m_nCompression == kBmpPlainRgb)
         return 1;
     const int bMasks =
-        (m_Head.m_nCompression == kBitFields || m_Head.m_nCompression == kBitFieldsToo) &&
+        (m_Head.m_nCompression == kBmpBitFields || m_Head.m_nCompression == kBitFieldsToo) &&
         m_Head.m_nHeadBytes != kOs2Head;
     if (!bMasks)
         return Refuse("is compressed");
@@ -180,15 +176,15 @@ int cBmpReader::CheckDepth()
 // Masks are in the head, after it, or implied.
 int cBmpReader::ReadMasks(const uint8_t *pMasksInHead)
 {
-    if (m_Head.m_nCompression == kPlainRgb)
+    if (m_Head.m_nCompression == kBmpPlainRgb)
     {
-        std::copy_n(m_Head.m_nBits == 16 ? kMasks555 : kMasks888, 3, m_Head.m_Masks);
+        std::copy_n(m_Head.m_nBits == 16 ? kBmpMasks555 : kBmpMasks888, 3, m_Head.m_Masks);
         return 1;
     }
     uint8_t Masks[16];
     if (!pMasksInHead)
     {
-        if (!Read(Masks, m_Head.m_nCompression == kBitFields ? 12 : 16))
+        if (!Read(Masks, m_Head.m_nCompression == kBmpBitFields ? 12 : 16))
             return 0;
         pMasksInHead = Masks;
     }
@@ -209,7 +205,7 @@ int cBmpReader::AreMasks(const uint32_t (&Masks)[3]) const
 // The usual layouts of 16 bits stay as they are.
 void cBmpReader::ChoosePictureDepth()
 {
-    const int b555        = m_Head.m_nBits == 16 && AreMasks(kMasks555);
+    const int b555        = m_Head.m_nBits == 16 && AreMasks(kBmpMasks555);
     const int b565        = m_Head.m_nBits == 16 && AreMasks(kMasks565);
     m_pPicture->m_nWidth  = static_cast<int32_t>(m_Head.m_nWidth);
     m_pPicture->m_b555    = b555;

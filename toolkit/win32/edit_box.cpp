@@ -15,8 +15,7 @@
 namespace
 {
 
-const char   kLineEnd[]     = "\r\n";
-const size_t kLineEndLength = 2;
+const char kLineEnd[] = "\r\n";
 
 const int  kScrollToLeftEdge     = -120;  // characters; wider than any view
 const int  kRichScrollMargin     = 2;     // lines; a rich-edit control may clip the last ones

@@ -7,8 +7,6 @@
 #include "toolkit/retry_alloc.h"
 #include "toolkit/win32/print_job.h"
 
-static const size_t kLineEndLength = 2;  // "\r\n"
-
 cTextPages::cTextPages(HDC hDc, const cTextSource &Source, const cTextLook &Look,
                        const cPaper &Paper, const cPrintChoice &Choice)
     : m_hDc(hDc), m_Source(Source), m_Look(Look),

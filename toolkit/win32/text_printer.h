@@ -12,6 +12,9 @@
 #include "toolkit/print_plan.h"
 #include "toolkit/win32/gdi.h"
 
+// Characters of the line end "\r\n".
+const size_t kLineEndLength = 2;
+
 // The text to be printed.
 class cTextSource
 {
