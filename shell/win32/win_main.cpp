@@ -7,13 +7,13 @@
 static const DWORD kControls = ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES | ICC_TAB_CLASSES |
                                ICC_UPDOWN_CLASS | ICC_PROGRESS_CLASS;
 
-int WINAPI WinMain(HINSTANCE hInstance, HINSTANCE, LPSTR szCmdLine, int)
+int WINAPI WinMain(HINSTANCE hInstance, HINSTANCE, LPSTR lpCmdLine, int)
 {
     const INITCOMMONCONTROLSEX Controls = {sizeof Controls, kControls};
     const BOOL                 bReady   = InitCommonControlsEx(&Controls);
     if (!bReady)
         return bReady;
-    cApplication Application(hInstance, szCmdLine, "Vorstek");
+    cApplication Application(hInstance, lpCmdLine, "Vorstek");
     ShowWelcome();
     cVorstek Calculator;
     Calculator.Create();
