@@ -13,11 +13,11 @@
 #include "graph/plot_renderer.h"
 #include "tests/unit/recording_canvas.h"
 
+static const char *const kDataFile = "graph_bench_data.txt";
+static const int         kRows     = 1000000;
+
 namespace
 {
-
-const char *const kDataFile = "graph_bench_data.txt";
-const int         kRows     = 1000000;
 
 class cBenchHost : public cHeadlessHost
 {
@@ -25,11 +25,13 @@ public:
     eAnswer Ask(const char *, const char *, eButtons, eIcon) override { return anCancel; }
 };
 
+}  // namespace
+
 // x and two columns of y, as the calculator itself writes them.
-int64_t WriteDataFile()
+static int64_t WriteDataFile()
 {
     FILE *const pFile = fopen(kDataFile, "wb");
-    if (pFile == nullptr)
+    if (!pFile)
         return 0;
     fputs("ExplicitX\n", pFile);
     for (int nRow = 0; nRow < kRows; nRow++)
@@ -42,7 +44,7 @@ int64_t WriteDataFile()
     return nBytes;
 }
 
-void ReadDataFile(benchmark::State &State)
+static void ReadDataFile(benchmark::State &State)
 {
     const int64_t  nBytes = WriteDataFile();
     cBenchHost     Host;
@@ -57,7 +59,7 @@ void ReadDataFile(benchmark::State &State)
 BENCHMARK(ReadDataFile)->Unit(benchmark::kMillisecond);
 
 // Each point widens the range, which is the dearest case.
-void AddPoints(benchmark::State &State)
+static void AddPoints(benchmark::State &State)
 {
     const auto nPoints = static_cast<uint32_t>(State.range(0));
     cBenchHost Host;
@@ -72,7 +74,7 @@ void AddPoints(benchmark::State &State)
 }
 BENCHMARK(AddPoints)->Arg(1600)->Arg(12800);
 
-void RunSumG(benchmark::State &State)
+static void RunSumG(benchmark::State &State)
 {
     cBenchHost          Host;
     cHeadlessCalculator Calculator(&Host);
@@ -92,7 +94,7 @@ void RunSumG(benchmark::State &State)
 BENCHMARK(RunSumG)->Arg(1600)->Arg(12800);
 
 // 100 sets of 12,800 points; items are vertices.
-void DrawSets(benchmark::State &State, uint32_t nType)
+static void DrawSets(benchmark::State &State, uint32_t nType)
 {
     const uint32_t     nPoints = 12800;
     std::vector<float> X(nPoints);
@@ -124,7 +126,5 @@ BENCHMARK_CAPTURE(DrawSets, plot, gtPlot)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(DrawSets, stairstep, gtStairStep)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(DrawSets, scatter, gtScatter)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(DrawSets, stoop, gtStoop)->Unit(benchmark::kMillisecond);
-
-}  // namespace
 
 BENCHMARK_MAIN();

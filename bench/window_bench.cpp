@@ -19,19 +19,16 @@
 #include "tests/window/keys.h"
 #include "tests/window/waiting.h"
 
-namespace
-{
+static const int      kRounds = 5;
+static const uint32_t kPoints = 12800;  // of a full set
 
-const int      kRounds = 5;
-const uint32_t kPoints = 12800;  // of a full set
-
-void Print(const char *szName, double dValue, const char *szUnit, const char *szTarget)
+static void Print(const char *szName, double dValue, const char *szUnit, const char *szTarget)
 {
     printf("%s|%.1f|%s|%s\n", szName, dValue, szUnit, szTarget);
     fflush(stdout);
 }
 
-double Now()
+static double Now()
 {
     LARGE_INTEGER Count     = {};
     LARGE_INTEGER PerSecond = {};
@@ -40,20 +37,20 @@ double Now()
     return static_cast<double>(Count.QuadPart) / static_cast<double>(PerSecond.QuadPart);
 }
 
-template <class cStep> double Seconds(cStep Step)
+template <class cStep> static double Seconds(cStep Step)
 {
     const double dStart = Now();
     Step();
     return Now() - dStart;
 }
 
-double Median(std::vector<double> Values)
+static double Median(std::vector<double> Values)
 {
     std::sort(Values.begin(), Values.end());
     return Values[Values.size() / 2];
 }
 
-template <class cStep> double MedianSeconds(cStep Step)
+template <class cStep> static double MedianSeconds(cStep Step)
 {
     std::vector<double> Times;
     for (int i = 0; i < kRounds; i++)
@@ -61,12 +58,15 @@ template <class cStep> double MedianSeconds(cStep Step)
     return Median(Times);
 }
 
-void HandleWaitingMessages()
+static void HandleWaitingMessages()
 {
     MSG Message;
     while (PeekMessageA(&Message, nullptr, 0, 0, PM_REMOVE))
         DispatchMessageA(&Message);
 }
+
+namespace
+{
 
 // The graph alone, 640 by 480 pixels, with full data sets.
 struct cGraphRig
@@ -106,14 +106,16 @@ struct cGraphRig
     cVantor         m_Graph{&m_Boxes, nullptr};
 };
 
+}  // namespace
+
 // Both fill a data set: one with a growing x, so that each point repaints the graph,
 // the other with points that stay within the range.
-const char kGrowing[] = "12800\r\nSTO 0\r\nClearG\r\n0\r\nSTO 1\r\nLBL 1\r\n1\r\nSTO+ 1\r\n"
-                        "RCL 1\r\nsin\r\nRCL 1\r\nSumG\r\nDSZ\r\nGTO 1\r\nR/S\r\n";
-const char kStaying[] = "12800\r\nSTO 0\r\nClearG\r\n0\r\nSTO 1\r\nLBL 1\r\n1\r\nSTO+ 1\r\n"
-                        "RCL 1\r\nsin\r\nRCL 1\r\ncos\r\nSumG\r\nDSZ\r\nGTO 1\r\nR/S\r\n";
+static const char kGrowing[] = "12800\r\nSTO 0\r\nClearG\r\n0\r\nSTO 1\r\nLBL 1\r\n1\r\nSTO+ 1\r\n"
+                               "RCL 1\r\nsin\r\nRCL 1\r\nSumG\r\nDSZ\r\nGTO 1\r\nR/S\r\n";
+static const char kStaying[] = "12800\r\nSTO 0\r\nClearG\r\n0\r\nSTO 1\r\nLBL 1\r\n1\r\nSTO+ 1\r\n"
+                               "RCL 1\r\nsin\r\nRCL 1\r\ncos\r\nSumG\r\nDSZ\r\nGTO 1\r\nR/S\r\n";
 
-void RunConsole(const cCalculator &Calculator)
+static void RunConsole(const cCalculator &Calculator)
 {
     std::string Command = std::string(VORSTEK_CLI) + " run " + Calculator.Path("program.txt") +
                           " --graph " + Calculator.Path("drawn.txt");
@@ -136,7 +138,7 @@ void RunConsole(const cCalculator &Calculator)
 }
 
 // Runs the program from the current line until it halts.
-void RunWindow(cCalculator *pCalculator)
+static void RunWindow(cCalculator *pCalculator)
 {
     pCalculator->HitKey(kKeyRunStop);
     REQUIRE(WaitFor([=] { return (pCalculator->MenuState(IDM_OPEN) & MF_GRAYED) == 0; }));
@@ -144,7 +146,7 @@ void RunWindow(cCalculator *pCalculator)
 
 // Runs the program in window and console in turn, so that a change in the speed of the
 // machine affects both.
-void CompareRuns(const char *szName, const char *szProgram, const char *szLastX)
+static void CompareRuns(const char *szName, const char *szProgram, const char *szLastX)
 {
     cCalculator Calculator;
     OpenListing(&Calculator, szProgram);
@@ -164,8 +166,6 @@ void CompareRuns(const char *szName, const char *szProgram, const char *szLastX)
     Print("  in the window", 1000 * Median(Window), "ms", "");
     Print("  longer by", 1000 * Median(Beyond), "ms", "1000 at most");
 }
-
-}  // namespace
 
 TEST_CASE("a program that draws")
 {

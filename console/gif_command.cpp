@@ -28,9 +28,11 @@ struct cGifArguments
     std::string m_Options;
 };
 
+}  // namespace
+
 // 1, or 0 with a one-line error.
-int ParseGifArguments(const std::vector<std::string> &Arguments, cGifArguments *pParsed,
-                      std::string *pError)
+static int ParseGifArguments(const std::vector<std::string> &Arguments, cGifArguments *pParsed,
+                             std::string *pError)
 {
     std::vector<std::string> Names;
     int                      bOptions = 1;
@@ -66,7 +68,7 @@ int ParseGifArguments(const std::vector<std::string> &Arguments, cGifArguments *
 }
 
 // 1, or 0 with a one-line error.
-int ReadPicture(const std::string &Name, cBmpPicture *pPicture, std::string *pError)
+static int ReadPicture(const std::string &Name, cBmpPicture *pPicture, std::string *pError)
 {
     typedef std::unique_ptr<FILE, int (*)(FILE *)> cOpenFile;
 
@@ -89,7 +91,7 @@ int ReadPicture(const std::string &Name, cBmpPicture *pPicture, std::string *pEr
     return 1;
 }
 
-int WritePicture(const cReducedImage &Reduced, const cGifArguments &Arguments)
+static int WritePicture(const cReducedImage &Reduced, const cGifArguments &Arguments)
 {
     cReplacementFile File;
     if (!File.Open(Arguments.m_Gif.c_str(), "wb"))
@@ -98,8 +100,6 @@ int WritePicture(const cReducedImage &Reduced, const cGifArguments &Arguments)
     return WriteGifFile(&Sink, Reduced.Dib(), Arguments.m_Options.c_str()) == grWritten &&
            File.Commit();
 }
-
-}  // namespace
 
 int GifCommand(const std::vector<std::string> &Arguments, const cStreams &Streams)
 {

@@ -21,7 +21,9 @@ struct cNamedFile
     std::string m_Name;
 };
 
-std::vector<cNamedFile> FilesOf(const cRunOptions &Options)
+}  // namespace
+
+static std::vector<cNamedFile> FilesOf(const cRunOptions &Options)
 {
     std::vector<cNamedFile> Files = {{"PROGRAM", Options.m_Program}};
     if (!Options.m_TraceFile.empty())
@@ -37,7 +39,7 @@ std::vector<cNamedFile> FilesOf(const cRunOptions &Options)
 }
 
 // Follows links to folders as far as the path exists.
-fs::path WholePath(const fs::path &Path)
+static fs::path WholePath(const fs::path &Path)
 {
     std::error_code Error;
     const fs::path  Absolute = fs::absolute(Path, Error);
@@ -45,7 +47,7 @@ fs::path WholePath(const fs::path &Path)
     return Error ? Absolute.lexically_normal() : Whole;
 }
 
-int IsSameFile(const std::string &Name, const std::string &Other)
+static int IsSameFile(const std::string &Name, const std::string &Other)
 {
     std::error_code Error;
     const fs::path  Path      = PathOfName(Name.c_str());
@@ -57,7 +59,7 @@ int IsSameFile(const std::string &Name, const std::string &Other)
 }
 
 // The log is overwritten in place.
-int IsTraceWritable(const std::string &Name)
+static int IsTraceWritable(const std::string &Name)
 {
     typedef std::unique_ptr<FILE, int (*)(FILE *)> cOpenFile;
 
@@ -73,13 +75,11 @@ int IsTraceWritable(const std::string &Name)
 
 // A graph is written next to its old file. Opening one and discarding it at once
 // fails in the same cases as saving it after the run.
-int IsGraphWritable(const std::string &Name)
+static int IsGraphWritable(const std::string &Name)
 {
     cReplacementFile File;
     return File.Open(Name.c_str(), "wb");
 }
-
-}  // namespace
 
 int AreFilesApart(const cRunOptions &Options, std::string *pError)
 {

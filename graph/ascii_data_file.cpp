@@ -14,27 +14,24 @@
 #include "toolkit/replacement_file.h"
 #include "toolkit/retry_alloc.h"
 
-namespace
-{
-
 // The blank belongs to the keyword: "Title" and a tab is none.
-const char kImplicitX[]     = "ImplicitX";
-const char kExplicitX[]     = "ExplicitX";
-const char kTitle[]         = "Title ";
-const char kHorzAxisLabel[] = "HorzAxisLabel ";
-const char kSetLabels[]     = "SetLabels ";
+static const char kImplicitX[]     = "ImplicitX";
+static const char kExplicitX[]     = "ExplicitX";
+static const char kTitle[]         = "Title ";
+static const char kHorzAxisLabel[] = "HorzAxisLabel ";
+static const char kSetLabels[]     = "SetLabels ";
 
-const char kSeparator[] = " , ";  // between numbers and between labels
+static const char kSeparator[] = " , ";  // between numbers and between labels
 
-const uint32_t kMostRows  = UINT32_MAX;
-const uint32_t kFirstSets = 8;  // room made by the first AddSet
+static const uint32_t kMostRows  = UINT32_MAX;
+static const uint32_t kFirstSets = 8;  // room made by the first AddSet
 
 // "-340282346638528859811704183484516925440.000000"
-const int kNumberText = 47;
+static const int kNumberText = 47;
 
-const int kAbortText = 128;
+static const int kAbortText = 128;
 
-int Begins(const char *szText, const char *szStart)
+static int Begins(const char *szText, const char *szStart)
 {
     while (*szStart && *szText == *szStart)
     {
@@ -45,7 +42,7 @@ int Begins(const char *szText, const char *szStart)
 }
 
 // Between two numbers: blanks, at most one comma, blanks.
-const char *SkipSeparator(const char *pText)
+static const char *SkipSeparator(const char *pText)
 {
     pText = SkipBlanks(pText);
     return *pText == ',' ? SkipBlanks(pText + 1) : pText;
@@ -53,7 +50,7 @@ const char *SkipSeparator(const char *pText)
 
 // The next line that is not a comment, without its leading blanks. Never empty,
 // except at the end of the file.
-const char *NextLine(cShortLineReader *pReader)
+static const char *NextLine(cShortLineReader *pReader)
 {
     while (pReader->Next())
     {
@@ -65,13 +62,13 @@ const char *NextLine(cShortLineReader *pReader)
 }
 
 // The end of the text that follows an opening quote.
-const char *QuotedEnd(const char *pText)
+static const char *QuotedEnd(const char *pText)
 {
     return pText + strcspn(pText, "\"");
 }
 
 // Stores the quoted text that pText begins with. Without a quote nothing.
-void ReadQuoted(const char *pText, char (&szText)[kDataFileText])
+static void ReadQuoted(const char *pText, char (&szText)[kDataFileText])
 {
     pText = SkipBlanks(pText);
     if (*pText != '"')
@@ -81,7 +78,7 @@ void ReadQuoted(const char *pText, char (&szText)[kDataFileText])
     snprintf(szText, sizeof szText, "%.*s", nLength, pText);
 }
 
-uint32_t CountNumbers(const char *pText)
+static uint32_t CountNumbers(const char *pText)
 {
     uint32_t nNumbers = 0;
     while ((pText = SkipFloat(pText)) != nullptr)
@@ -93,7 +90,7 @@ uint32_t CountNumbers(const char *pText)
 }
 
 // The digits of "%f", with a point in every locale.
-void WriteNumber(FILE *pFile, float fValue)
+static void WriteNumber(FILE *pFile, float fValue)
 {
     char       szText[kNumberText];
     const auto Result = std::to_chars(szText, szText + sizeof szText, static_cast<double>(fValue),
@@ -101,12 +98,10 @@ void WriteNumber(FILE *pFile, float fValue)
     fwrite(szText, 1, static_cast<size_t>(Result.ptr - szText), pFile);
 }
 
-void EndLine(FILE *pFile)
+static void EndLine(FILE *pFile)
 {
     fputs(kDataFileLineEnd, pFile);
 }
-
-}  // namespace
 
 cAsciiDataFile::cAsciiDataFile(cMessageBoxes *pBoxes) : m_pBoxes(pBoxes)
 {
@@ -146,11 +141,11 @@ void cAsciiDataFile::SetHorzLabel(const char *szLabel)
 
 int cAsciiDataFile::Accepts(uint32_t nPoints, const float *pX, const float *pY) const
 {
-    if (pY == nullptr || (pX != nullptr) != (m_bExplicitX != 0))
+    if (!pY || !pX == (m_bExplicitX != 0))
         return 0;
     if (m_nSets == 0)
         return 1;
-    return nPoints == m_nRows && (pX == nullptr || std::equal(pX, pX + nPoints, m_pX.get()));
+    return nPoints == m_nRows && (!pX || std::equal(pX, pX + nPoints, m_pX.get()));
 }
 
 int cAsciiDataFile::AddSet(uint32_t nPoints, const float *pX, const float *pY, const char *szLabel)
@@ -163,13 +158,13 @@ int cAsciiDataFile::AddSet(uint32_t nPoints, const float *pX, const float *pY, c
     Set.m_pY = CopyFloats(m_pBoxes, pY, nPoints, nPoints);
     if (!Set.m_pY)
         return 0;
-    if (szLabel != nullptr && szLabel[0] != '\0')
+    if (szLabel && szLabel[0] != '\0')
     {
         Set.m_pszLabel = CopyText(m_pBoxes, szLabel);
         if (!Set.m_pszLabel)
             return 0;
     }
-    if (m_nSets == 0 && pX != nullptr)
+    if (m_nSets == 0 && pX)
     {
         m_pX = CopyFloats(m_pBoxes, pX, nPoints, nPoints);
         if (!m_pX)
@@ -320,7 +315,7 @@ int cAsciiDataFile::ReadRow(const char *pText, uint32_t nRow)
     if (m_bExplicitX)
     {
         pText = ReadFloat(pText, &m_pX[nRow]);
-        if (pText == nullptr)
+        if (!pText)
             return 0;
         WidenExtent(m_pX[nRow], &m_fXMin, &m_fXMax);
         pText = SkipSeparator(pText);
@@ -329,7 +324,7 @@ int cAsciiDataFile::ReadRow(const char *pText, uint32_t nRow)
     {
         float &fY = m_pSets[nSet].m_pY[nRow];
         pText     = ReadFloat(pText, &fY);
-        if (pText == nullptr)
+        if (!pText)
             return 0;
         WidenExtent(fY, &m_fYMin, &m_fYMax);
         pText = SkipSeparator(pText);
@@ -373,7 +368,7 @@ void cAsciiDataFile::WriteLabels(FILE *pFile) const
     const char *szBefore = kSetLabels;
     for (uint32_t nSet = 1; nSet <= m_nSets; nSet++)
     {
-        fprintf(pFile, "%s\"%s\"", szBefore, Label(nSet) != nullptr ? Label(nSet) : "");
+        fprintf(pFile, "%s\"%s\"", szBefore, Label(nSet) ? Label(nSet) : "");
         szBefore = kSeparator;
     }
     EndLine(pFile);
@@ -398,7 +393,7 @@ void cAsciiDataFile::WriteRow(FILE *pFile, uint32_t nRow) const
 int cAsciiDataFile::HasLabels() const
 {
     for (uint32_t nSet = 1; nSet <= m_nSets; nSet++)
-        if (Label(nSet) != nullptr)
+        if (Label(nSet))
             return 1;
     return 0;
 }

@@ -10,7 +10,7 @@ static const cPoint *EndOfRun(const cPoint *pFirst, const cPoint *pEnd)
     return std::find_if(pFirst, pEnd, [=](cPoint At) { return At.m_nX != pFirst->m_nX; });
 }
 
-static bool IsHigher(cPoint a, cPoint b)
+static int IsHigher(cPoint a, cPoint b)
 {
     return a.m_nY < b.m_nY;
 }

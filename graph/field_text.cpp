@@ -46,7 +46,7 @@ int ReadNumberField(const char *szText, float *pValue)
 {
     float       fValue = 0.0F;
     const char *pEnd   = ReadFloat(szText, &fValue);
-    if (pEnd == nullptr || *pEnd != '\0')
+    if (!pEnd || *pEnd != '\0')
         return 0;
     *pValue = fValue;
     return 1;

@@ -4,32 +4,29 @@
 #include <charconv>
 #include <system_error>
 
-namespace
-{
-
 // Far above any exponent that decides between too large and too small, and far
 // below what an int can hold.
-const int kExponentCap = 100000000;
+static const int kExponentCap = 100000000;
 
-bool IsDigit(char c)
+static int IsDigit(char c)
 {
     return c >= '0' && c <= '9';
 }
 
 // Space, tab, newline, vertical tab, form feed, carriage return.
-bool IsWhite(char c)
+static int IsWhite(char c)
 {
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
-const char *SkipWhite(const char *pText)
+static const char *SkipWhite(const char *pText)
 {
     while (IsWhite(*pText))
         pText++;
     return pText;
 }
 
-const char *SkipDigits(const char *pText)
+static const char *SkipDigits(const char *pText)
 {
     while (IsDigit(*pText))
         pText++;
@@ -37,7 +34,7 @@ const char *SkipDigits(const char *pText)
 }
 
 // Returns pText itself where there is no complete exponent.
-const char *SkipExponent(const char *pText)
+static const char *SkipExponent(const char *pText)
 {
     if (*pText != 'e' && *pText != 'E')
         return pText;
@@ -48,7 +45,7 @@ const char *SkipExponent(const char *pText)
 }
 
 // pText points to the first character of the number, if there is one.
-const char *NumberEnd(const char *pText)
+static const char *NumberEnd(const char *pText)
 {
     if (*pText == '+' || *pText == '-')
         pText++;
@@ -63,12 +60,12 @@ const char *NumberEnd(const char *pText)
     return nDigits > 0 ? SkipExponent(pEnd) : nullptr;
 }
 
-int ExponentValue(const char *pText)
+static int ExponentValue(const char *pText)
 {
     if (*pText != 'e' && *pText != 'E')
         return 0;
     pText++;
-    const bool bNegative = *pText == '-';
+    const int bNegative = *pText == '-';
     if (*pText == '+' || *pText == '-')
         pText++;
     int nValue = 0;
@@ -80,7 +77,7 @@ int ExponentValue(const char *pText)
 
 // Distinguishes a number that is too large from one that is too small: is the
 // decimal exponent of its first non-zero digit positive? pText is after the sign.
-bool IsLarge(const char *pText)
+static int IsLarge(const char *pText)
 {
     while (*pText == '0')
         pText++;
@@ -100,8 +97,6 @@ bool IsLarge(const char *pText)
     return nExponent + ExponentValue(pText) > 0;
 }
 
-}  // namespace
-
 const char *SkipFloat(const char *szText)
 {
     return NumberEnd(SkipWhite(szText));
@@ -111,10 +106,10 @@ const char *ReadFloat(const char *szText, float *pValue)
 {
     const char *pStart = SkipWhite(szText);
     const char *pEnd   = NumberEnd(pStart);
-    if (pEnd == nullptr)
+    if (!pEnd)
         return nullptr;
 
-    const bool bNegative = *pStart == '-';
+    const int bNegative = *pStart == '-';
     if (*pStart == '+' || *pStart == '-')
         pStart++;
     float fAbs = 0.0F;

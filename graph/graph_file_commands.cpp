@@ -4,14 +4,11 @@
 
 #include "graph/ascii_data_file.h"
 
-namespace
-{
-
-const int kMessageText = 4608;  // a file name and the words around it
+static const int kMessageText = 4608;  // a file name and the words around it
 
 // Red, green, blue, yellow, magenta, cyan, light grey, black, and again.
 // clang-format off
-const uint32_t kSetColours[] =
+static const uint32_t kSetColours[] =
 {
     MakeColour(255, 0, 0),
     MakeColour(0, 255, 0),
@@ -23,9 +20,9 @@ const uint32_t kSetColours[] =
     MakeColour(0, 0, 0),
 };
 // clang-format on
-const uint32_t kColours = sizeof kSetColours / sizeof kSetColours[0];
+static const uint32_t kColours = sizeof kSetColours / sizeof kSetColours[0];
 
-int ReadOrTell(cAsciiDataFile *pFile, cMessageBoxes *pBoxes, const char *szFile)
+static int ReadOrTell(cAsciiDataFile *pFile, cMessageBoxes *pBoxes, const char *szFile)
 {
     if (pFile->ReadFromFile(szFile))
         return 1;
@@ -35,7 +32,7 @@ int ReadOrTell(cAsciiDataFile *pFile, cMessageBoxes *pBoxes, const char *szFile)
     return 0;
 }
 
-int AddSets(cVantorPlot *pPlot, const cAsciiDataFile &File)
+static int AddSets(cVantorPlot *pPlot, const cAsciiDataFile &File)
 {
     for (uint32_t nSet = 1; nSet <= File.SetCount(); nSet++)
     {
@@ -49,13 +46,13 @@ int AddSets(cVantorPlot *pPlot, const cAsciiDataFile &File)
 }
 
 // Returns 0 when the user gave up for lack of memory.
-int CollectSets(cAsciiDataFile *pFile, const cVantorPlot &Plot)
+static int CollectSets(cAsciiDataFile *pFile, const cVantorPlot &Plot)
 {
     const cVantorDataSet *pSet = Plot.DataSet(1);
     pFile->SetTitle(Plot.Settings().m_szTitle);
     pFile->SetHorzLabel(Plot.Settings().m_szHorzLabel);
     pFile->SetExplicitX(pSet->m_pX != nullptr);
-    for (; pSet != nullptr; pSet = pSet->m_pNext)
+    for (; pSet; pSet = pSet->m_pNext)
     {
         const float *pX = pSet->m_pX.get();
         const float *pY = pSet->m_pY.get();
@@ -66,7 +63,8 @@ int CollectSets(cAsciiDataFile *pFile, const cVantorPlot &Plot)
     return 1;
 }
 
-void TellIncompatible(cMessageBoxes *pBoxes, uint32_t nWritten, uint32_t nSets, const char *szFile)
+static void TellIncompatible(cMessageBoxes *pBoxes, uint32_t nWritten, uint32_t nSets,
+                             const char *szFile)
 {
     char szText[kMessageText];
     snprintf(szText, sizeof szText,
@@ -78,8 +76,6 @@ void TellIncompatible(cMessageBoxes *pBoxes, uint32_t nWritten, uint32_t nSets, 
              static_cast<unsigned>(nWritten), static_cast<unsigned>(nSets), szFile);
     pBoxes->Ask(szText, nullptr, bnOk, icNone);
 }
-
-}  // namespace
 
 int OpenGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile)
 {

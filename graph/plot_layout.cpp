@@ -6,14 +6,11 @@
 
 #include "graph/vantor_plot.h"
 
-namespace
-{
+static const int kRasterTick    = 2;   // pixels
+static const int kTicksPerInch  = 20;  // a tick on paper is a twentieth of an inch
+static const int kGapBelowTicks = 3;   // pixels between a tick and its label
 
-const int kRasterTick    = 2;   // pixels
-const int kTicksPerInch  = 20;  // a tick on paper is a twentieth of an inch
-const int kGapBelowTicks = 3;   // pixels between a tick and its label
-
-int ValueWidth(const cPlotCanvas &Canvas, double dValue, const char *szBehind)
+static int ValueWidth(const cPlotCanvas &Canvas, double dValue, const char *szBehind)
 {
     char szValue[kValueText];
     char szLabel[kValueText + 1];
@@ -22,7 +19,7 @@ int ValueWidth(const cPlotCanvas &Canvas, double dValue, const char *szBehind)
     return Canvas.TextWidth(szLabel);
 }
 
-int LeftMargin(const cPlotRange &Range, int nWidth, const cPlotCanvas &Canvas)
+static int LeftMargin(const cPlotRange &Range, int nWidth, const cPlotCanvas &Canvas)
 {
     const cTickValues Values(Range.m_fYMax, Range.m_fYMin, Range.m_nVertTicks);
     int               nWidest = ValueWidth(Canvas, static_cast<double>(Range.m_fXMin), "");
@@ -32,13 +29,13 @@ int LeftMargin(const cPlotRange &Range, int nWidth, const cPlotCanvas &Canvas)
 }
 
 // The bound is that of the bottom margin, a third of the height, on purpose.
-int RightMargin(const cPlotRange &Range, int nHeight, const cPlotCanvas &Canvas)
+static int RightMargin(const cPlotRange &Range, int nHeight, const cPlotCanvas &Canvas)
 {
     const int nHalfLabel = ValueWidth(Canvas, static_cast<double>(Range.m_fXMax), "") / 2;
     return std::min(nHalfLabel + Canvas.TextWidth("M"), nHeight / 3);
 }
 
-int BottomMargin(const cPlotLayout &Layout, int bLabel, int nHeight)
+static int BottomMargin(const cPlotLayout &Layout, int bLabel, int nHeight)
 {
     const int nTexts = bLabel ? 2 : 1;
     return std::min(Layout.m_nTickLength + nTexts * Layout.m_nTextHeight + kGapBelowTicks,
@@ -47,7 +44,7 @@ int BottomMargin(const cPlotLayout &Layout, int bLabel, int nHeight)
 
 // The list shows as many rows as there are sets and as the user allows, but
 // leaves half of the height for the plot.
-int ListHeight(const cVantorPlot &Plot, const cLegendList &List, int nHeight)
+static int ListHeight(const cVantorPlot &Plot, const cLegendList &List, int nHeight)
 {
     uint32_t nRows = std::max(std::min(Plot.Count(), Plot.LegendRows()), uint32_t{1});
     nRows = std::min(nRows, static_cast<uint32_t>(std::max(nHeight / 2 / List.m_nRowHeight, 1)));
@@ -55,13 +52,13 @@ int ListHeight(const cVantorPlot &Plot, const cLegendList &List, int nHeight)
 }
 
 // A row of headings and one for each set.
-int DrawnLegendHeight(const cVantorPlot &Plot, int nTextHeight, int nHeight)
+static int DrawnLegendHeight(const cVantorPlot &Plot, int nTextHeight, int nHeight)
 {
     const int64_t nWanted = (int64_t{1} + Plot.Count()) * nTextHeight;
     return static_cast<int>(std::min(nWanted, static_cast<int64_t>(nHeight / 2)));
 }
 
-int LegendHeight(const cVantorPlot &Plot, const cPlotTarget &Target, int nTextHeight)
+static int LegendHeight(const cVantorPlot &Plot, const cPlotTarget &Target, int nTextHeight)
 {
     if (!Plot.Settings().m_bLegend)
         return 0;
@@ -70,14 +67,14 @@ int LegendHeight(const cVantorPlot &Plot, const cPlotTarget &Target, int nTextHe
                                       : DrawnLegendHeight(Plot, nTextHeight, nHeight);
 }
 
-double Scale(int nPixels, float fMin, float fMax)
+static double Scale(int nPixels, float fMin, float fMax)
 {
     const double dExtent = static_cast<double>(fMax) - static_cast<double>(fMin);
     return dExtent == 0.0 ? DBL_MIN : nPixels / dExtent;
 }
 
-void PlacePlot(const cVantorPlot &Plot, const cRect &Rect, const cPlotCanvas &Canvas,
-               cPlotLayout *pLayout)
+static void PlacePlot(const cVantorPlot &Plot, const cRect &Rect, const cPlotCanvas &Canvas,
+                      cPlotLayout *pLayout)
 {
     const int bLabel     = Plot.Settings().m_szHorzLabel[0] != '\0';
     cRect    &Area       = pLayout->m_Plot;
@@ -92,13 +89,11 @@ void PlacePlot(const cVantorPlot &Plot, const cRect &Rect, const cPlotCanvas &Ca
     pLayout->m_dVertScale   = Scale(Area.Height(), Range.m_fYMin, Range.m_fYMax);
 }
 
-}  // namespace
-
 cPlotLayout LayOutPlot(const cVantorPlot &Plot, const cPlotTarget &Target,
                        const cPlotCanvas &Canvas)
 {
     const cRect &Rect   = Target.m_Rect;
-    const bool   bTitle = Plot.Settings().m_szTitle[0] != '\0';
+    const int    bTitle = Plot.Settings().m_szTitle[0] != '\0';
     const int    nInchX = Canvas.PixelsPerInchX();
 
     cPlotLayout Layout;

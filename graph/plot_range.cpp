@@ -6,18 +6,15 @@
 #include "graph/extent.h"
 #include "graph/vantor_data_set.h"
 
-namespace
-{
+static const double kOutwards = 1.0005;  // for the bound farther from zero
+static const double kInwards  = 0.9995;
 
-const double kOutwards = 1.0005;  // for the bound farther from zero
-const double kInwards  = 0.9995;
+static const int kRoundedText = 16;  // "-3.40e+38" and more
 
-const int kRoundedText = 16;  // "-3.40e+38" and more
-
-const cPlotRange kEmptyRange = {6, 6, 0.0F, 10.0F, 0.0F, 10.0F};
+static const cPlotRange kEmptyRange = {6, 6, 0.0F, 10.0F, 0.0F, 10.0F};
 
 // The value that "%.2e" shows.
-double ThreeDigits(double dValue)
+static double ThreeDigits(double dValue)
 {
     char       szText[kRoundedText];
     const auto Written =
@@ -27,6 +24,9 @@ double ThreeDigits(double dValue)
     return dRounded;
 }
 
+namespace
+{
+
 // The least size that has more ticks than the row before it.
 struct cTickRow
 {
@@ -34,7 +34,10 @@ struct cTickRow
     uint32_t m_nTicks;
 };
 
-template <int nRows> uint32_t CountTicks(const cTickRow (&Rows)[nRows], uint32_t nMost, int nSize)
+}  // namespace
+
+template <int nRows>
+static uint32_t CountTicks(const cTickRow (&Rows)[nRows], uint32_t nMost, int nSize)
 {
     for (const cTickRow &Row : Rows)
         if (nSize < Row.m_nBelow)
@@ -44,7 +47,7 @@ template <int nRows> uint32_t CountTicks(const cTickRow (&Rows)[nRows], uint32_t
 
 // Where the set's last bar ends; it is as wide as the spacing of the last two
 // points.
-double RightEnd(const cVantorDataSet &Set)
+static double RightEnd(const cVantorDataSet &Set)
 {
     const double dXMax = static_cast<double>(Set.m_fXMax);
     if (Set.m_nGraphType == gtStoop && (!Set.m_pX || Set.m_nPoints >= 2))
@@ -53,7 +56,7 @@ double RightEnd(const cVantorDataSet &Set)
 }
 
 // The bounds of an axis.
-void StoreBounds(double dMin, double dMax, float *pMin, float *pMax)
+static void StoreBounds(double dMin, double dMax, float *pMin, float *pMax)
 {
     *pMin = NarrowToFloat(RoundDown(dMin));
     *pMax = NarrowToFloat(RoundUp(dMax));
@@ -62,8 +65,6 @@ void StoreBounds(double dMin, double dMax, float *pMin, float *pMax)
     *pMin = NarrowToFloat(static_cast<double>(*pMin) - 1.0);
     *pMax = NarrowToFloat(static_cast<double>(*pMax) + 1.0);
 }
-
-}  // namespace
 
 double RoundUp(double dValue)
 {
@@ -91,13 +92,13 @@ uint32_t VertTickCount(int nHeight, int bLegend)
 
 cPlotRange FindRange(const cVantorDataSet *pFirst, int nWidth, int nHeight, int bLegend)
 {
-    if (pFirst == nullptr)
+    if (!pFirst)
         return kEmptyRange;
     double dXMin = static_cast<double>(kExtentMinStart);
     double dXMax = static_cast<double>(kExtentMaxStart);
     double dYMin = dXMin;
     double dYMax = dXMax;
-    for (const cVantorDataSet *pSet = pFirst; pSet != nullptr; pSet = pSet->m_pNext)
+    for (const cVantorDataSet *pSet = pFirst; pSet; pSet = pSet->m_pNext)
     {
         dXMin = std::min(dXMin, static_cast<double>(pSet->m_fXMin));
         dXMax = std::max(dXMax, RightEnd(*pSet));

@@ -9,13 +9,13 @@
 #include "graph/print_legend.h"
 #include "toolkit/retry_alloc.h"
 
-namespace
-{
-
-cPlotPen AxisPen(const cVantorPlot &Plot)
+static cPlotPen AxisPen(const cVantorPlot &Plot)
 {
     return {0, 1, Plot.Settings().m_crAxis};
 }
+
+namespace
+{
 
 // Lines of two points that go out in one call.
 class cSegments
@@ -44,9 +44,11 @@ private:
     size_t   m_nLines;
 };
 
+}  // namespace
+
 // The labels end with a blank, which separates them from the axis.
-void DrawVertLabel(const cPlotLayout &Layout, double dValue, int nY, uint32_t crText,
-                   cPlotCanvas *pCanvas)
+static void DrawVertLabel(const cPlotLayout &Layout, double dValue, int nY, uint32_t crText,
+                          cPlotCanvas *pCanvas)
 {
     char szValue[kValueText];
     char szLabel[kValueText + 1];
@@ -57,7 +59,7 @@ void DrawVertLabel(const cPlotLayout &Layout, double dValue, int nY, uint32_t cr
 }
 
 // From the top down.
-void DrawVertAxis(const cPlotLayout &Layout, const cVantorPlot &Plot, cPlotCanvas *pCanvas)
+static void DrawVertAxis(const cPlotLayout &Layout, const cVantorPlot &Plot, cPlotCanvas *pCanvas)
 {
     const cVantorPlotSettings &Settings = Plot.Settings();
     const cPlotRange          &Range    = Layout.m_Range;
@@ -79,7 +81,7 @@ void DrawVertAxis(const cPlotLayout &Layout, const cVantorPlot &Plot, cPlotCanva
 }
 
 // From the left to the right.
-void DrawHorzAxis(const cPlotLayout &Layout, const cVantorPlot &Plot, cPlotCanvas *pCanvas)
+static void DrawHorzAxis(const cPlotLayout &Layout, const cVantorPlot &Plot, cPlotCanvas *pCanvas)
 {
     const cVantorPlotSettings &Settings = Plot.Settings();
     const cPlotRange          &Range    = Layout.m_Range;
@@ -103,7 +105,7 @@ void DrawHorzAxis(const cPlotLayout &Layout, const cVantorPlot &Plot, cPlotCanva
 }
 
 // Below the numbers, in the middle of the plot.
-void DrawAxisLabel(const cPlotLayout &Layout, const cVantorPlot &Plot, cPlotCanvas *pCanvas)
+static void DrawAxisLabel(const cPlotLayout &Layout, const cVantorPlot &Plot, cPlotCanvas *pCanvas)
 {
     const cVantorPlotSettings &Settings = Plot.Settings();
     if (Settings.m_szHorzLabel[0] == '\0')
@@ -113,14 +115,14 @@ void DrawAxisLabel(const cPlotLayout &Layout, const cVantorPlot &Plot, cPlotCanv
                    Settings.m_szHorzLabel, Settings.m_crText);
 }
 
-std::unique_ptr<cPoint[]> AllocateVertices(cMessageBoxes *pBoxes, size_t nCount)
+static std::unique_ptr<cPoint[]> AllocateVertices(cMessageBoxes *pBoxes, size_t nCount)
 {
     return AllocateWithRetry(
         pBoxes, [nCount] { return std::unique_ptr<cPoint[]>(new (std::nothrow) cPoint[nCount]); });
 }
 
-int DrawMarkers(const cPlotLayout &Layout, const cVantorDataSet &Set, cMessageBoxes *pBoxes,
-                cPlotCanvas *pCanvas)
+static int DrawMarkers(const cPlotLayout &Layout, const cVantorDataSet &Set, cMessageBoxes *pBoxes,
+                       cPlotCanvas *pCanvas)
 {
     const int                       nCorners  = MarkerCorners(Set.m_nStyle);
     const size_t                    nPoints   = Set.m_nPoints;
@@ -138,8 +140,8 @@ int DrawMarkers(const cPlotLayout &Layout, const cVantorDataSet &Set, cMessageBo
     return 1;
 }
 
-int DrawLine(const cPlotLayout &Layout, const cVantorDataSet &Set, cMessageBoxes *pBoxes,
-             cPlotCanvas *pCanvas)
+static int DrawLine(const cPlotLayout &Layout, const cVantorDataSet &Set, cMessageBoxes *pBoxes,
+                    cPlotCanvas *pCanvas)
 {
     const size_t                    nVertices = CountLineVertices(Set);
     const std::unique_ptr<cPoint[]> pVertices = AllocateVertices(pBoxes, nVertices);
@@ -150,12 +152,12 @@ int DrawLine(const cPlotLayout &Layout, const cVantorDataSet &Set, cMessageBoxes
     return 1;
 }
 
-int DrawDataLines(const cPlotLayout &Layout, const cVantorPlot &Plot, cPlotCanvas *pCanvas)
+static int DrawDataLines(const cPlotLayout &Layout, const cVantorPlot &Plot, cPlotCanvas *pCanvas)
 {
     if (Layout.m_Plot.IsEmpty())
         return 1;
     const cClipGuard Clip(pCanvas, Layout.m_Plot);
-    for (const cVantorDataSet *pSet = Plot.DataSet(1); pSet != nullptr; pSet = pSet->m_pNext)
+    for (const cVantorDataSet *pSet = Plot.DataSet(1); pSet; pSet = pSet->m_pNext)
     {
         const auto pDraw = IsDrawnAsMarkers(*pSet) ? DrawMarkers : DrawLine;
         if (!pDraw(Layout, *pSet, Plot.Boxes(), pCanvas))
@@ -163,8 +165,6 @@ int DrawDataLines(const cPlotLayout &Layout, const cVantorPlot &Plot, cPlotCanva
     }
     return 1;
 }
-
-}  // namespace
 
 int DrawPlot(const cPlotLayout &Layout, const cVantorPlot &Plot, cPlotCanvas *pCanvas)
 {

@@ -10,8 +10,10 @@ struct cMarker
     cPoint m_Corners[kMostCorners];
 };
 
+}  // namespace
+
 // clang-format off
-const cMarker kMarkers[kStyles] =
+static const cMarker kMarkers[kStyles] =
 {
     { 3, { { -2,  2 }, {  0, -2 }, { 2, 2 }           } },  // triangle
     { 4, { { -2, -2 }, {  2, -2 }, { 2, 2 }, { -2, 2 } } },  // square
@@ -21,18 +23,18 @@ const cMarker kMarkers[kStyles] =
 };
 // clang-format on
 
-const cMarker &MarkerOf(uint32_t nStyle)
+static const cMarker &MarkerOf(uint32_t nStyle)
 {
     return kMarkers[nStyle < kStyles ? nStyle : 0];
 }
 
-bool HasSteps(const cVantorDataSet &Set)
+static int HasSteps(const cVantorDataSet &Set)
 {
     return Set.m_nGraphType == gtStairStep || Set.m_nGraphType == gtStoop;
 }
 
 // The points, with a step between each two of them.
-cPoint *StoreSteps(const cPlotLayout &Layout, const cVantorDataSet &Set, cPoint *pVertices)
+static cPoint *StoreSteps(const cPlotLayout &Layout, const cVantorDataSet &Set, cPoint *pVertices)
 {
     cPoint At    = Layout.PixelOf(Set, 0);
     *pVertices++ = At;
@@ -46,7 +48,7 @@ cPoint *StoreSteps(const cPlotLayout &Layout, const cVantorDataSet &Set, cPoint 
     return pVertices;
 }
 
-void StoreBars(const cPlotLayout &Layout, const cVantorDataSet &Set, cPoint *pVertices)
+static void StoreBars(const cPlotLayout &Layout, const cVantorDataSet &Set, cPoint *pVertices)
 {
     const int    nBottom = Layout.m_Plot.m_nBottom;
     const double dEnd    = static_cast<double>(Set.X(Set.m_nPoints - 1)) + LastSpacing(Set);
@@ -58,8 +60,6 @@ void StoreBars(const cPlotLayout &Layout, const cVantorDataSet &Set, cPoint *pVe
     pBehind[0]        = {nEnd, nHeight};
     pBehind[1]        = {nEnd, nBottom};
 }
-
-}  // namespace
 
 int IsDrawnAsMarkers(const cVantorDataSet &Set)
 {

@@ -11,10 +11,10 @@
 #include "toolkit/blanks.h"
 #include "toolkit/retry_alloc.h"
 
+static const size_t kPointText = 2 * kValueText + 4;  // " , " and the line's end
+
 namespace
 {
-
-const size_t kPointText = 2 * kValueText + 4;  // " , " and the line's end
 
 struct cXy
 {
@@ -22,31 +22,33 @@ struct cXy
     float m_fY;
 };
 
+}  // namespace
+
 // White space before a number may be the end of the line: such a number is one
 // of the next line. Returns null then, and where there is no number.
-const char *ReadWithin(const char *pText, const char *pEnd, float *pValue)
+static const char *ReadWithin(const char *pText, const char *pEnd, float *pValue)
 {
     const char *pBehind = ReadFloat(pText, pValue);
-    return pBehind != nullptr && pBehind <= pEnd ? pBehind : nullptr;
+    return pBehind && pBehind <= pEnd ? pBehind : nullptr;
 }
 
-int ReadY(const char *pText, const char *pEnd, cXy *pPoint)
+static int ReadY(const char *pText, const char *pEnd, cXy *pPoint)
 {
     const char *pBehind = ReadWithin(pText, pEnd, &pPoint->m_fY);
-    return pBehind != nullptr && SkipBlanks(pBehind) == pEnd;
+    return pBehind && SkipBlanks(pBehind) == pEnd;
 }
 
-int ReadXy(const char *pText, const char *pEnd, cXy *pPoint)
+static int ReadXy(const char *pText, const char *pEnd, cXy *pPoint)
 {
     const char *pBehind = ReadWithin(pText, pEnd, &pPoint->m_fX);
-    if (pBehind == nullptr)
+    if (!pBehind)
         return 0;
     pBehind = SkipBlanks(pBehind);
-    return *pBehind == ',' && ReadWithin(pBehind + 1, pEnd, &pPoint->m_fY) != nullptr;
+    return *pBehind == ',' && ReadWithin(pBehind + 1, pEnd, &pPoint->m_fY);
 }
 
 // Calls Take(Point) for each line that counts.
-template <class cTake> void ForEachPoint(const char *szText, int bWithX, cTake Take)
+template <class cTake> static void ForEachPoint(const char *szText, int bWithX, cTake Take)
 {
     for (const char *pLine = szText; *pLine != '\0';)
     {
@@ -58,8 +60,6 @@ template <class cTake> void ForEachPoint(const char *szText, int bWithX, cTake T
         pLine = *pNewline == '\n' ? pNewline + 1 : pNewline;
     }
 }
-
-}  // namespace
 
 int ReadPoints(const char *szText, int bWithX, cMessageBoxes *pBoxes, cEnteredPoints *pPoints)
 {

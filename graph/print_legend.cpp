@@ -4,17 +4,17 @@
 
 #include "graph/plot_vertices.h"
 
+static const double kSampleInches = 0.75;  // the line column, its gap excluded
+static const double kGapFactor    = 1.25;  // of a column's width to the next column
+static const int    kSampleIndent = 10;    // pixels before a sample
+
+static const char *const kLineHeading  = " line";
+static const char *const kLabelHeading = "label";
+static const char *const kMinHeading   = "min";
+static const char *const kMaxHeading   = "max";
+
 namespace
 {
-
-const double kSampleInches = 0.75;  // the line column, its gap excluded
-const double kGapFactor    = 1.25;  // of a column's width to the next column
-const int    kSampleIndent = 10;    // pixels before a sample
-
-const char *const kLineHeading  = " line";
-const char *const kLabelHeading = "label";
-const char *const kMinHeading   = "min";
-const char *const kMaxHeading   = "max";
 
 // Distances of the columns from the left edge of the legend.
 struct cColumns
@@ -26,25 +26,27 @@ struct cColumns
     int m_bExtents;  // min and max fit into the legend
 };
 
-int WithGap(double dWidth)
+}  // namespace
+
+static int WithGap(double dWidth)
 {
     return static_cast<int>(kGapFactor * dWidth);
 }
 
-int ExtentWidth(const cPlotCanvas &Canvas, float fValue)
+static int ExtentWidth(const cPlotCanvas &Canvas, float fValue)
 {
     char szValue[kValueText];
     FormatValue(static_cast<double>(fValue), szValue);
     return Canvas.TextWidth(szValue);
 }
 
-cColumns MeasureColumns(const cPlotLayout &Layout, const cVantorPlot &Plot,
-                        const cPlotCanvas &Canvas)
+static cColumns MeasureColumns(const cPlotLayout &Layout, const cVantorPlot &Plot,
+                               const cPlotCanvas &Canvas)
 {
     int nLabel = Canvas.TextWidth(kLabelHeading);
     int nMin   = Canvas.TextWidth(kMinHeading);
     int nMax   = Canvas.TextWidth(kMaxHeading);
-    for (const cVantorDataSet *pSet = Plot.DataSet(1); pSet != nullptr; pSet = pSet->m_pNext)
+    for (const cVantorDataSet *pSet = Plot.DataSet(1); pSet; pSet = pSet->m_pNext)
     {
         nLabel = std::max(nLabel, Canvas.TextWidth(pSet->m_pszLabel.get()));
         nMin   = std::max(nMin, ExtentWidth(Canvas, pSet->m_fYMin));
@@ -61,7 +63,7 @@ cColumns MeasureColumns(const cPlotLayout &Layout, const cVantorPlot &Plot,
     return Columns;
 }
 
-void DrawFrame(const cPlotLayout &Layout, const cPlotPen &Pen, cPlotCanvas *pCanvas)
+static void DrawFrame(const cPlotLayout &Layout, const cPlotPen &Pen, cPlotCanvas *pCanvas)
 {
     const cRect   &Area      = Layout.m_Legend;
     const int      nRight    = Area.m_nRight - 1;
@@ -75,22 +77,22 @@ void DrawFrame(const cPlotLayout &Layout, const cPlotPen &Pen, cPlotCanvas *pCan
     pCanvas->Polylines(Lines, nCounts, 2, Pen);
 }
 
-void DrawText(const cPlotLayout &Layout, int nColumn, int nTop, const char *szText, uint32_t crText,
-              cPlotCanvas *pCanvas)
+static void DrawText(const cPlotLayout &Layout, int nColumn, int nTop, const char *szText,
+                     uint32_t crText, cPlotCanvas *pCanvas)
 {
     pCanvas->Label({Layout.m_Legend.m_nLeft + nColumn, nTop}, alLeft, szText, crText);
 }
 
-void DrawExtent(const cPlotLayout &Layout, int nColumn, int nTop, float fValue, uint32_t crText,
-                cPlotCanvas *pCanvas)
+static void DrawExtent(const cPlotLayout &Layout, int nColumn, int nTop, float fValue,
+                       uint32_t crText, cPlotCanvas *pCanvas)
 {
     char szValue[kValueText];
     FormatValue(static_cast<double>(fValue), szValue);
     DrawText(Layout, nColumn, nTop, szValue, crText, pCanvas);
 }
 
-void DrawHeadings(const cPlotLayout &Layout, const cColumns &Columns, uint32_t crText,
-                  cPlotCanvas *pCanvas)
+static void DrawHeadings(const cPlotLayout &Layout, const cColumns &Columns, uint32_t crText,
+                         cPlotCanvas *pCanvas)
 {
     const int nTop = Layout.m_Legend.m_nTop;
     DrawText(Layout, 0, nTop, kLineHeading, crText, pCanvas);
@@ -102,8 +104,8 @@ void DrawHeadings(const cPlotLayout &Layout, const cColumns &Columns, uint32_t c
 }
 
 // The sample is a line for every type of set.
-void DrawRow(const cPlotLayout &Layout, const cColumns &Columns, const cVantorDataSet &Set,
-             int nTop, uint32_t crText, cPlotCanvas *pCanvas)
+static void DrawRow(const cPlotLayout &Layout, const cColumns &Columns, const cVantorDataSet &Set,
+                    int nTop, uint32_t crText, cPlotCanvas *pCanvas)
 {
     const int    nLeft    = Layout.m_Legend.m_nLeft;
     const int    nMiddle  = nTop + Layout.m_nTextHeight / 2;
@@ -117,8 +119,6 @@ void DrawRow(const cPlotLayout &Layout, const cColumns &Columns, const cVantorDa
     DrawExtent(Layout, Columns.m_nMax, nTop, Set.m_fYMax, crText, pCanvas);
 }
 
-}  // namespace
-
 void DrawPrintLegend(const cPlotLayout &Layout, const cVantorPlot &Plot, cPlotCanvas *pCanvas)
 {
     if (Layout.m_Legend.IsEmpty())
@@ -129,8 +129,8 @@ void DrawPrintLegend(const cPlotLayout &Layout, const cVantorPlot &Plot, cPlotCa
     DrawFrame(Layout, {0, 1, Settings.m_crAxis}, pCanvas);
     DrawHeadings(Layout, Columns, Settings.m_crText, pCanvas);
     int nTop = Layout.m_Legend.m_nTop + Layout.m_nTextHeight;
-    for (const cVantorDataSet *pSet                                = Plot.DataSet(1);
-         pSet != nullptr && nTop < Layout.m_Legend.m_nBottom; pSet = pSet->m_pNext)
+    for (const cVantorDataSet *pSet = Plot.DataSet(1); pSet && nTop < Layout.m_Legend.m_nBottom;
+         pSet                       = pSet->m_pNext)
     {
         DrawRow(Layout, Columns, *pSet, nTop, Settings.m_crText, pCanvas);
         nTop += Layout.m_nTextHeight;

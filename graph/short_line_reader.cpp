@@ -8,16 +8,11 @@
 
 #include "toolkit/disk_file.h"
 
-namespace
-{
-
-const size_t kMostBytes = kShortLine - 1;  // of a line, newline included
+static const size_t kMostBytes = kShortLine - 1;  // of a line, newline included
 
 // To cut a line, one byte more than it can hold must be seen: a carriage
 // return and a newline there count as one byte.
-const size_t kLookAhead = kMostBytes + 1;
-
-}  // namespace
+static const size_t kLookAhead = kMostBytes + 1;
 
 cShortLineReader::cShortLineReader()
     : m_pFile(nullptr), m_nBlockOffset(0), m_nNext(0), m_nEnd(0), m_nLine(0), m_bAtEnd(0),
@@ -28,7 +23,7 @@ cShortLineReader::cShortLineReader()
 
 cShortLineReader::~cShortLineReader()
 {
-    if (m_pFile != nullptr)
+    if (m_pFile)
         fclose(m_pFile);
 }
 
@@ -39,7 +34,7 @@ int cShortLineReader::Open(const char *szFile)
     if (!std::filesystem::is_regular_file(Path, Ignored))
         return 0;
     m_pFile = OpenDiskFile(Path, "rb");
-    if (m_pFile == nullptr)
+    if (!m_pFile)
         return 0;
     setvbuf(m_pFile, nullptr, _IONBF, 0);  // the block is the buffer
     return 1;
@@ -58,7 +53,7 @@ int cShortLineReader::Next()
     const void  *pNewline = memchr(pStart, '\n', nMost);
     size_t       nText    = nMost;
     size_t       nUsed    = nMost;
-    if (pNewline != nullptr)
+    if (pNewline)
     {
         nText = static_cast<size_t>(static_cast<const char *>(pNewline) - pStart);
         nUsed = nText + 1;

@@ -8,18 +8,15 @@
 #include "graph/vantor_data_set.h"
 #include "toolkit/utf8.h"
 
-namespace
-{
-
 // Pixels drawn and left out, in turn, by the style of a pen of width 1. A style
 // without a row here must not compile: it would read past the end.
-const char *const kDashes[] = {"", "18 6", "3 3", "9 6 3 6", "9 3 3 3 3 3"};
+static const char *const kDashes[] = {"", "18 6", "3 3", "9 6 3 6", "9 3 3 3 3 3"};
 static_assert(std::size(kDashes) == kStyles);
 
-const char *const kAnchors[] = {"", " text-anchor=\"middle\"", " text-anchor=\"end\""};
+static const char *const kAnchors[] = {"", " text-anchor=\"middle\"", " text-anchor=\"end\""};
 
 // Characters that an SVG file may not contain unescaped, or not everywhere.
-const char *Escaped(std::string_view Character)
+static const char *Escaped(std::string_view Character)
 {
     if (Character == "<")
         return "&lt;";
@@ -29,12 +26,10 @@ const char *Escaped(std::string_view Character)
         return "&amp;";
     if (Character == "\t")
         return " ";
-    const bool bControl   = Character.size() == 1 && static_cast<unsigned char>(Character[0]) < ' ';
-    const bool bForbidden = Character == "\xEF\xBF\xBE" || Character == "\xEF\xBF\xBF";
+    const int bControl   = Character.size() == 1 && static_cast<unsigned char>(Character[0]) < ' ';
+    const int bForbidden = Character == "\xEF\xBF\xBE" || Character == "\xEF\xBF\xBF";
     return bControl || bForbidden ? kReplacementCharacter : nullptr;
 }
-
-}  // namespace
 
 cSvgCanvas::cSvgCanvas(FILE *pFile, int nWidth, int nHeight) : m_pFile(pFile), m_nClips(0)
 {
@@ -210,7 +205,7 @@ void cSvgCanvas::WriteText(std::string_view Text)
         const size_t           nUsed     = nValid > 0 ? nValid : 1;
         const std::string_view Character = Text.substr(0, nUsed);
         const char *const      szInstead = nValid > 0 ? Escaped(Character) : kReplacementCharacter;
-        if (szInstead != nullptr)
+        if (szInstead)
             fputs(szInstead, m_pFile);
         else
             fwrite(Character.data(), 1, nUsed, m_pFile);

@@ -5,17 +5,14 @@
 
 #include "toolkit/utf8.h"
 
-namespace
-{
+static const int kUnitsPerEm = 2048;
+static const int kOtherWidth = 1139;  // a digit's
 
-const int kUnitsPerEm = 2048;
-const int kOtherWidth = 1139;  // a digit's
-
-const unsigned kFirstAscii  = 0x20;
-const unsigned kFirstLatin1 = 0xA0;
+static const unsigned kFirstAscii  = 0x20;
+static const unsigned kFirstLatin1 = 0xA0;
 
 // clang-format off
-const int kAsciiWidths[] =  // from the blank to "~"
+static const int kAsciiWidths[] =  // from the blank to "~"
 {
      569,  569,  727, 1139, 1139, 1821, 1366,  391,  682,  682,  797, 1196,  569,  682,  569,  569,
     1139, 1139, 1139, 1139, 1139, 1139, 1139, 1139, 1139, 1139,  569,  569, 1196, 1196, 1196, 1139,
@@ -25,7 +22,7 @@ const int kAsciiWidths[] =  // from the blank to "~"
     1139, 1139,  682, 1024,  569, 1139, 1024, 1479, 1024, 1024, 1024,  684,  532,  684, 1196,
 };
 
-const int kLatin1Widths[] =  // from the no-break space to U+00FF
+static const int kLatin1Widths[] =  // from the no-break space to U+00FF
 {
      569,  682, 1139, 1139, 1139, 1139,  532, 1139,  682, 1509,  758, 1139, 1196,  682, 1509, 1131,
      819, 1124,  682,  682,  682, 1180, 1100,  569,  682,  682,  748, 1139, 1708, 1708, 1708, 1251,
@@ -36,13 +33,14 @@ const int kLatin1Widths[] =  // from the no-break space to U+00FF
 };
 // clang-format on
 
-template <int nCount> int WidthOf(const int (&Widths)[nCount], unsigned nFirst, unsigned nCode)
+template <int nCount>
+static int WidthOf(const int (&Widths)[nCount], unsigned nFirst, unsigned nCode)
 {
     return nCode >= nFirst && nCode - nFirst < nCount ? Widths[nCode - nFirst] : kOtherWidth;
 }
 
 // Of the character of nLength bytes that Text begins with.
-int CharacterWidth(std::string_view Text, size_t nLength)
+static int CharacterWidth(std::string_view Text, size_t nLength)
 {
     const unsigned nLead = static_cast<unsigned char>(Text[0]);
     if (nLength == 1)
@@ -52,8 +50,6 @@ int CharacterWidth(std::string_view Text, size_t nLength)
     const unsigned nNext = static_cast<unsigned char>(Text[1]);
     return WidthOf(kLatin1Widths, kFirstLatin1, (nLead & 0x1F) << 6 | (nNext & 0x3F));
 }
-
-}  // namespace
 
 int SvgTextWidth(const char *szText)
 {

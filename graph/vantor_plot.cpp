@@ -9,18 +9,13 @@
 #include "graph/retry_arrays.h"
 #include "toolkit/retry_alloc.h"
 
-namespace
-{
-
-void StoreLook(const cVantorLineFormat &Format, cVantorDataSet *pSet)
+static void StoreLook(const cVantorLineFormat &Format, cVantorDataSet *pSet)
 {
     pSet->m_nGraphType = Format.m_nGraphType;
     pSet->m_crColor    = Format.m_crColor;
     pSet->m_nWidth     = std::clamp(Format.m_nWidth, uint32_t{1}, kMostLineWidth);
     pSet->m_nStyle     = Format.m_nStyle < kStyles ? Format.m_nStyle : 0;
 }
-
-}  // namespace
 
 cVantorPlot::cVantorPlot(cMessageBoxes *pBoxes)
     : m_pBoxes(pBoxes), m_bUserRange(0), m_bRangeStale(0), m_nClientWidth(kPlotWidth),
@@ -58,10 +53,10 @@ int cVantorPlot::AddPoint(uint32_t nLine, float fX, float fY)
 int cVantorPlot::AddDataSet(uint32_t nPoints, const float *pX, const float *pY,
                             const cVantorLineFormat *pFormat)
 {
-    if (nPoints == 0 || pY == nullptr)
+    if (nPoints == 0 || !pY)
         return 0;
     const cVantorLineFormat         Default;
-    const cVantorLineFormat        &Format = pFormat != nullptr ? *pFormat : Default;
+    const cVantorLineFormat        &Format = pFormat ? *pFormat : Default;
     std::unique_ptr<cVantorDataSet> pSet   = NewDataSet(Format.m_pszLabel);
     if (!pSet || !StorePoints(pSet.get(), nPoints, pX, pY))
         return 0;
@@ -79,7 +74,7 @@ int cVantorPlot::DeleteDataSet(uint32_t nLine)
         return 0;
     OnLabelRemoved(nLine);
     cVantorDataSet  *pFormer = nLine > 1 ? FindDataSet(nLine - 1) : nullptr;
-    cVantorDataSet *&pLink   = pFormer != nullptr ? pFormer->m_pNext : m_pHead;
+    cVantorDataSet *&pLink   = pFormer ? pFormer->m_pNext : m_pHead;
     cVantorDataSet  *pSet    = pLink;
     pLink                    = pSet->m_pNext;
     if (pSet == m_pTail)
@@ -97,7 +92,7 @@ int cVantorPlot::ReplaceDataSetPoints(uint32_t nLine, uint32_t nPoints, const fl
                                       const float *pY)
 {
     cVantorDataSet *pSet = FindDataSet(nLine);
-    if (pSet == nullptr || nPoints == 0 || pY == nullptr || !StorePoints(pSet, nPoints, pX, pY))
+    if (!pSet || nPoints == 0 || !pY || !StorePoints(pSet, nPoints, pX, pY))
         return 0;
     FollowData();
     OnPlotChanged();
@@ -108,9 +103,9 @@ int cVantorPlot::FormatDataSet(uint32_t nLine, const cVantorLineFormat &Format, 
                                float fOffset)
 {
     cVantorDataSet *pSet = FindDataSet(nLine);
-    if (pSet == nullptr)
+    if (!pSet)
         return 0;
-    if (Format.m_pszLabel != nullptr)
+    if (Format.m_pszLabel)
     {
         std::unique_ptr<char[]> pszLabel = CopyText(m_pBoxes, Format.m_pszLabel);
         if (!pszLabel)
@@ -248,7 +243,7 @@ int cVantorPlot::BeginDataSet(float fX, float fY)
 // that changes neither extents nor range is drawn by itself.
 void cVantorPlot::AppendPoint(cVantorDataSet *pSet, uint32_t nLine, float fX, float fY)
 {
-    const bool       bWidens = pSet->Widens(fX, fY);
+    const int        bWidens = pSet->Widens(fX, fY);
     const cPlotRange Former  = Range();
     pSet->Append(fX, fY);
     if (bWidens || m_bRangeStale || pSet->m_nGraphType == gtStoop)
@@ -293,7 +288,7 @@ std::unique_ptr<cVantorDataSet> cVantorPlot::NewDataSet(const char *pszLabel)
         return nullptr;
     char szDefault[kDefaultLabel];
     FormatDefaultLabel(m_nCount + 1, szDefault);
-    pSet->m_pszLabel = CopyText(m_pBoxes, pszLabel != nullptr ? pszLabel : szDefault);
+    pSet->m_pszLabel = CopyText(m_pBoxes, pszLabel ? pszLabel : szDefault);
     return pSet->m_pszLabel ? std::move(pSet) : nullptr;
 }
 
@@ -302,7 +297,7 @@ int cVantorPlot::StorePoints(cVantorDataSet *pSet, uint32_t nPoints, const float
                              const float *pY)
 {
     std::unique_ptr<float[]> pNewX;
-    if (pX != nullptr)
+    if (pX)
     {
         pNewX = CopyFloats(m_pBoxes, pX, nPoints, nPoints);
         if (!pNewX)
@@ -321,7 +316,7 @@ int cVantorPlot::StorePoints(cVantorDataSet *pSet, uint32_t nPoints, const float
 
 void cVantorPlot::Link(std::unique_ptr<cVantorDataSet> pSet)
 {
-    cVantorDataSet *&pLink = m_pTail != nullptr ? m_pTail->m_pNext : m_pHead;
+    cVantorDataSet *&pLink = m_pTail ? m_pTail->m_pNext : m_pHead;
     pLink                  = pSet.release();
     m_pTail                = pLink;
     m_nCount++;
@@ -330,7 +325,7 @@ void cVantorPlot::Link(std::unique_ptr<cVantorDataSet> pSet)
 
 void cVantorPlot::DeleteAll()
 {
-    while (m_pHead != nullptr)
+    while (m_pHead)
         delete std::exchange(m_pHead, m_pHead->m_pNext);
     m_pTail  = nullptr;
     m_nCount = 0;

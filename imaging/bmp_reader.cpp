@@ -72,8 +72,10 @@ private:
     const char  *m_szError;
 };
 
+}  // namespace
+
 // 8 bits of the channel that nMask cuts out of a pixel.
-uint8_t Channel(uint32_t nPixel, uint32_t nMask)
+static uint8_t Channel(uint32_t nPixel, uint32_t nMask)
 {
     if (nMask == 0)
         return 0;
@@ -83,7 +85,7 @@ uint8_t Channel(uint32_t nPixel, uint32_t nMask)
 }
 
 // 1 if the bits of the mask are adjacent; a channel may be missing.
-int IsMask(uint32_t nMask)
+static int IsMask(uint32_t nMask)
 {
     const uint32_t nShifted = nMask ? nMask >> std::countr_zero(nMask) : 0;
     return (nShifted & (nShifted + 1)) == 0;
@@ -299,8 +301,6 @@ int cBmpReader::ReadAll()
     ChoosePictureDepth();
     return ReadColours() && ReadPixels();
 }
-
-}  // namespace
 
 int ReadBmp(cByteSource *pSource, cBmpPicture *pPicture, const char **pszError)
 {

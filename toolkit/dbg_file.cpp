@@ -10,28 +10,23 @@
 #include "toolkit/message_box.h"
 #include "toolkit/read_file.h"
 
-namespace
-{
+static const char kDefaultName[]   = "C:\\windows\\temp\\dfltlog.txt";
+static const char kTextExtension[] = ".txt";
+static const char kBackupSuffix[]  = "_older";
 
-const char kDefaultName[]   = "C:\\windows\\temp\\dfltlog.txt";
-const char kTextExtension[] = ".txt";
-const char kBackupSuffix[]  = "_older";
-
-const size_t kExtensionLength = sizeof kTextExtension - 1;
-const size_t kSuffixLength    = sizeof kBackupSuffix - 1;
+static const size_t kExtensionLength = sizeof kTextExtension - 1;
+static const size_t kSuffixLength    = sizeof kBackupSuffix - 1;
 
 // Text mode; where the C library supports "c", a flush reaches the disk.
-const char kOpenMode[] = "wtc";
+static const char kOpenMode[] = "wtc";
 
-void CopyStream(FILE *pFrom, FILE *pTo)
+static void CopyStream(FILE *pFrom, FILE *pTo)
 {
     char   Block[16384];
     size_t nRead = fread(Block, 1, sizeof Block, pFrom);
     while (nRead > 0 && fwrite(Block, 1, nRead, pTo) == nRead)
         nRead = fread(Block, 1, sizeof Block, pFrom);
 }
-
-}  // namespace
 
 void DbgBackupName(const char *szName, char (&szBackup)[kDbgFileName])
 {

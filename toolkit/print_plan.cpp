@@ -2,15 +2,10 @@
 
 #include <algorithm>
 
-namespace
-{
-
-int WiderOf(int nMargin, int nDpi, int nEdge)
+static int WiderOf(int nMargin, int nDpi, int nEdge)
 {
     return std::max(nMargin * nDpi / 1000, nEdge);
 }
-
-}  // namespace
 
 cPaper TurnPaper(const cPaper &Paper)
 {

@@ -6,16 +6,13 @@
 
 namespace fs = std::filesystem;
 
-namespace
-{
-
-const int kMostLinks       = 40;    // in a row, the system's own limit
-const int kMostTemporaries = 1000;  // left by computers that were switched off while saving
-const int kTemporaryName   = 16;
+static const int kMostLinks       = 40;    // in a row, the system's own limit
+static const int kMostTemporaries = 1000;  // left by computers that were switched off while saving
+static const int kTemporaryName   = 16;
 
 // The target of Path once all links are followed; it need not exist. Empty for
 // circular links.
-fs::path FollowLinks(fs::path Path)
+static fs::path FollowLinks(fs::path Path)
 {
     for (int i = 0; i < kMostLinks; i++)
     {
@@ -30,7 +27,7 @@ fs::path FollowLinks(fs::path Path)
 
 // rename() checks the folder's permissions, not the file's, and root passes every
 // check; a file that is marked read-only must not be replaced by anybody.
-int MayWrite(const fs::path &Path, fs::perms nPermissions)
+static int MayWrite(const fs::path &Path, fs::perms nPermissions)
 {
     const fs::perms nAnyWrite =
         fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
@@ -43,8 +40,6 @@ int MayWrite(const fs::path &Path, fs::perms nPermissions)
         return 0;
     return fclose(pFile) == 0;
 }
-
-}  // namespace
 
 cReplacementFile::cReplacementFile() : m_pFile(nullptr) {}
 

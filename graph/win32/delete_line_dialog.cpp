@@ -4,10 +4,10 @@
 #include "graph/win32/vantor_dialogs.h"
 #include "resources/resource.h"
 
+static const char *const kTypeNames[] = {"Plot", "StairStep", "Scatter", "Stoop"};
+
 namespace
 {
-
-const char *const kTypeNames[] = {"Plot", "StairStep", "Scatter", "Stoop"};
 
 class cDeleteLineDialog : public cGraphDialog
 {
@@ -25,6 +25,8 @@ private:
 
     COLORREF m_crSample;
 };
+
+}  // namespace
 
 void cDeleteLineDialog::OnInit()
 {
@@ -68,8 +70,6 @@ int cDeleteLineDialog::OnOk()
     m_pBox->DeleteDataSet(nLine);
     return 1;
 }
-
-}  // namespace
 
 void DeleteLine(cVantorBox *pBox)
 {

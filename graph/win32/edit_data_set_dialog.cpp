@@ -7,13 +7,13 @@
 #include "graph/win32/vantor_dialogs.h"
 #include "resources/resource.h"
 
+static const char *const kNoSuchText  = "\r\n\r\n    THERE IS NO SUCH DATA SET \r\n";
+static const char *const kTooManyText = "\r\n\r\n    Sorry, this data set has\r\n"
+                                        "    too many data points to allow\r\n"
+                                        "    manual editing.";
+
 namespace
 {
-
-const char *const kNoSuchText  = "\r\n\r\n    THERE IS NO SUCH DATA SET \r\n";
-const char *const kTooManyText = "\r\n\r\n    Sorry, this data set has\r\n"
-                                 "    too many data points to allow\r\n"
-                                 "    manual editing.";
 
 class cEditDataSetDialog : public cGraphDialog
 {
@@ -35,6 +35,8 @@ private:
     int m_bEditable;  // 1: the text lists points, not a note
     int m_bWithX;     // 1: the points have x values
 };
+
+}  // namespace
 
 void cEditDataSetDialog::OnInit()
 {
@@ -112,8 +114,6 @@ void cEditDataSetDialog::Store(uint32_t nLine, const cEnteredPoints &Points)
     }
     Say(szText);
 }
-
-}  // namespace
 
 void EditDataSet(cVantorBox *pBox)
 {

@@ -22,6 +22,8 @@ private:
     int m_bWithX;
 };
 
+}  // namespace
+
 // Closes the dialog, whatever was typed.
 int cEnterDataDialog::OnOk()
 {
@@ -48,8 +50,6 @@ void cEnterDataDialog::Add(const cEnteredPoints &Points)
              static_cast<unsigned>(Points.m_nPoints), static_cast<unsigned>(m_pBox->Count()));
     Say(szText);
 }
-
-}  // namespace
 
 void EnterYData(cVantorBox *pBox)
 {

@@ -11,16 +11,13 @@
 #include "toolkit/win32/file_dialogs.h"
 #include "toolkit/win32/gdi.h"
 
-namespace
-{
-
-const struct
+static const struct
 {
     const char *m_szFilter;
     const char *m_szExtension;
 } kKinds[] = {{"Bitmap Files (*.bmp)\0*.bmp\0", "bmp"}, {"GIF Files (*.gif)\0*.gif\0", "gif"}};
 
-int CanHoldBitmaps(cMessageBoxes *pBoxes)
+static int CanHoldBitmaps(cMessageBoxes *pBoxes)
 {
     const cWindowDc Screen(nullptr);
     if (GetDeviceCaps(Screen.Get(), RASTERCAPS) & RC_DI_BITMAP)
@@ -31,7 +28,7 @@ int CanHoldBitmaps(cMessageBoxes *pBoxes)
 
 // 0 if memory is short and the user gave up. Afterwards the bitmap is not selected
 // into a context, so that its pixels can be read.
-int DrawPicture(HBITMAP hBitmap, const cVantorBox &Box, int nWidth, int nHeight)
+static int DrawPicture(HBITMAP hBitmap, const cVantorBox &Box, int nWidth, int nHeight)
 {
     const cMemoryDc    Memory(nullptr);
     const cSelectGuard Selected(Memory.Get(), hBitmap);
@@ -45,15 +42,15 @@ int DrawPicture(HBITMAP hBitmap, const cVantorBox &Box, int nWidth, int nHeight)
 }
 
 // Empty if memory is short and the user gave up.
-cGdiBitmap CreatePicture(int nWidth, int nHeight, cMessageBoxes *pBoxes)
+static cGdiBitmap CreatePicture(int nWidth, int nHeight, cMessageBoxes *pBoxes)
 {
     const cWindowDc Screen(nullptr);
     return AllocateWithRetry(
         pBoxes, [&] { return cGdiBitmap(CreateCompatibleBitmap(Screen.Get(), nWidth, nHeight)); });
 }
 
-int Write(HBITMAP hBitmap, eImageKind nKind, uint32_t nBits, const char *szName,
-          cMessageBoxes *pBoxes)
+static int Write(HBITMAP hBitmap, eImageKind nKind, uint32_t nBits, const char *szName,
+                 cMessageBoxes *pBoxes)
 {
     if (nKind == ikBmp)
         return WriteBmpFile(hBitmap, nullptr, nBits, szName, pBoxes);
@@ -61,22 +58,20 @@ int Write(HBITMAP hBitmap, eImageKind nKind, uint32_t nBits, const char *szName,
 }
 
 // "C:\data\decay.txt" becomes "C:\data\decay".
-void RemoveExtension(char *szName)
+static void RemoveExtension(char *szName)
 {
     char *const pPoint = strrchr(szName, '.');
     if (pPoint && !strpbrk(pPoint, "\\/:"))
         *pPoint = 0;
 }
 
-int ReportFailure(const char *szName, cMessageBoxes *pBoxes)
+static int ReportFailure(const char *szName, cMessageBoxes *pBoxes)
 {
     char szText[kFileName + 40];
     snprintf(szText, sizeof szText, "Could not write the file:\n %s", szName);
     pBoxes->Ask(szText, nullptr, bnOk, icError);
     return 0;
 }
-
-}  // namespace
 
 int ExportGraph(cVantorBox *pBox, eImageKind nKind, const char *szGraphFile)
 {

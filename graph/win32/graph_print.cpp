@@ -7,11 +7,8 @@
 #include "toolkit/win32/gdi.h"
 #include "toolkit/win32/print_job.h"
 
-namespace
-{
-
 // The plot's font, in the same size as on the screen.
-cGdiFont MakeFont(const cVantorBox &Box, const cPaper &Paper)
+static cGdiFont MakeFont(const cVantorBox &Box, const cPaper &Paper)
 {
     LOGFONTA LogFont = Box.FontDescription();
     LogFont.lfHeight = -MulDiv(Box.FontTenths(), Paper.m_nDpiDown, kTenthsPerInch);
@@ -20,7 +17,7 @@ cGdiFont MakeFont(const cVantorBox &Box, const cPaper &Paper)
     return cGdiFont(CreateFontIndirectA(&LogFont));
 }
 
-int DrawOn(cPlotCanvas *pCanvas, const cVantorBox &Box, const cRect &Room, int bTurned)
+static int DrawOn(cPlotCanvas *pCanvas, const cVantorBox &Box, const cRect &Room, int bTurned)
 {
     cPlotTarget Target;
     Target.m_nKind   = ptPrinter;
@@ -29,8 +26,6 @@ int DrawOn(cPlotCanvas *pCanvas, const cVantorBox &Box, const cRect &Room, int b
     pCanvas->FillBox(Room, Box.Settings().m_crBackground);
     return DrawPlot(LayOutPlot(Box, Target, *pCanvas), Box, pCanvas);
 }
-
-}  // namespace
 
 int DrawGraphPage(HDC hDc, const cPaper &Upright, const cVantorBox &Box, const cPageChoice &Page)
 {

@@ -5,13 +5,10 @@
 #include "graph/win32/graph_export.h"
 #include "resources/resource.h"
 
-namespace
-{
-
-const uint32_t kMostPixels = 1600;
+static const uint32_t kMostPixels = 1600;
 
 // The depths of a bitmap file, in the order of the combo box.
-const struct
+static const struct
 {
     uint32_t    m_nBits;
     const char *m_szText;
@@ -20,6 +17,9 @@ const struct
                {8, "8   (256 colors)"},
                {16, "16  (thousands of colors)"},
                {24, "24  (millions of colors)"}};
+
+namespace
+{
 
 class cImageSizeDialog : public cGraphDialog
 {
@@ -43,6 +43,8 @@ private:
     cImageChoice *m_pChoice;
     int           m_bOk;
 };
+
+}  // namespace
 
 void cImageSizeDialog::OnInit()
 {
@@ -111,8 +113,6 @@ int cImageSizeDialog::OnOk()
     m_bOk      = 1;
     return 1;
 }
-
-}  // namespace
 
 int AskImageSize(cVantorBox *pBox, eImageKind nKind, cImageChoice *pChoice)
 {

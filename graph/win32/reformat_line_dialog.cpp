@@ -32,6 +32,8 @@ private:
     COLORREF m_crSample;
 };
 
+}  // namespace
+
 void cReformatLineDialog::OnInit()
 {
     SetLineSpinRange(IDC_FORMATTED_LINE_SPIN);
@@ -172,8 +174,6 @@ int cReformatLineDialog::StoreLook(uint32_t nLine, cVantorLineFormat Format, flo
     }
     return 1;
 }
-
-}  // namespace
 
 void ReformatLine(cVantorBox *pBox)
 {

@@ -30,6 +30,8 @@ private:
     cVantorBoxSettings m_Settings;
 };
 
+}  // namespace
+
 void cReformatPlotDialog::OnInit()
 {
     SetSpinRange(IDC_HORZ_TICKS_SPIN, 0, kMostTicks);
@@ -115,8 +117,6 @@ int cReformatPlotDialog::OnOk()
     m_pBox->Apply(m_Settings);
     return 1;
 }
-
-}  // namespace
 
 void ReformatPlot(cVantorBox *pBox)
 {

@@ -16,11 +16,11 @@
 #include "toolkit/retry_alloc.h"
 #include "toolkit/win32/gdi.h"
 
+static const DWORD    kMostColours = 256;
+static const unsigned kMostGifBits = 24;
+
 namespace
 {
-
-const DWORD    kMostColours = 256;
-const unsigned kMostGifBits = 24;
 
 // A BITMAPINFO with room for the largest colour table.
 struct cBitmapInfo
@@ -49,6 +49,8 @@ private:
     std::unique_ptr<uint8_t[]> m_pPixels;
     uint8_t                    m_Rgb[3 * kMostColours];
 };
+
+}  // namespace
 
 void cBitmapBits::DescribeBitmap(const BITMAP &Bitmap)
 {
@@ -122,6 +124,9 @@ cDibImage cBitmapBits::Dib(int b555) const
     return {Header.biWidth, Header.biHeight, m_Depth.m_nBits, b555, m_Rgb, m_pPixels.get()};
 }
 
+namespace
+{
+
 class cHandleSink : public cByteSink
 {
 public:
@@ -141,16 +146,16 @@ private:
     HANDLE m_hFile;
 };
 
+}  // namespace
+
 // 1 if the file is complete and closed. Not every library reports in fclose that
 // the last bytes could not be written, hence fflush.
-int WriteGif(const cReducedImage &Reduced, FILE *pFile)
+static int WriteGif(const cReducedImage &Reduced, FILE *pFile)
 {
     cFileSink Sink(pFile);
     const int bWritten = WriteGifFile(&Sink, Reduced.Dib(), "") == grWritten && fflush(pFile) == 0;
     return fclose(pFile) == 0 && bWritten;
 }
-
-}  // namespace
 
 int WriteBmpFile(HBITMAP hBitmap, HPALETTE hPalette, unsigned nBits, const char *szFileName,
                  cMessageBoxes *pBoxes)

@@ -33,7 +33,9 @@ struct cShortcut
     char m_szFolder[MAX_PATH];
 };
 
-int ReadShortcut(const char *szFile, cShortcut *pShortcut)
+}  // namespace
+
+static int ReadShortcut(const char *szFile, cShortcut *pShortcut)
 {
     wchar_t       szName[MAX_PATH] = L"";
     IShellLinkA  *pLink            = nullptr;
@@ -49,7 +51,7 @@ int ReadShortcut(const char *szFile, cShortcut *pShortcut)
 }
 
 // Waits until the welcome box can be closed, and closes it.
-int PassWelcome()
+static int PassWelcome()
 {
     const HWND hOk = WaitFor([] {
         const HWND hButton = GetDlgItem(FindWindowA(nullptr, "Welcome to Vorstek.exe"), IDOK);
@@ -58,14 +60,14 @@ int PassWelcome()
     return hOk && PostMessageA(hOk, BM_CLICK, 0, 0);
 }
 
-DWORD WINAPI AskForHelp(void *pWindow)
+static DWORD WINAPI AskForHelp(void *pWindow)
 {
     SendMessageA(static_cast<HWND>(pWindow), WM_COMMAND, IDM_HELP, 0);
     return 0;
 }
 
 // A message box reports that there is none; otherwise the command returns.
-int HasHelp(HWND hWnd)
+static int HasHelp(HWND hWnd)
 {
     const HANDLE hAsking = CreateThread(nullptr, 0, AskForHelp, hWnd, 0, nullptr);
     HWND         hBox    = nullptr;
@@ -80,7 +82,7 @@ int HasHelp(HWND hWnd)
     return bEnded && !hBox;
 }
 
-int WorkProgram(HANDLE hProcess, const char *szMark)
+static int WorkProgram(HANDLE hProcess, const char *szMark)
 {
     if (!PassWelcome())
         return 0;
@@ -102,8 +104,6 @@ int WorkProgram(HANDLE hProcess, const char *szMark)
     printf("exit code: %lu\n", dwCode);
     return dwCode == 0;
 }
-
-}  // namespace
 
 int main(int nArguments, char **pszArguments)
 {

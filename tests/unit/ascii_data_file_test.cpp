@@ -25,11 +25,16 @@ namespace
 typedef std::vector<float>       cFloats;
 typedef std::vector<std::string> cTexts;
 
+}  // namespace
+
 #ifdef _WIN32
-const std::string kEnd = "\r\n";
+static const std::string kEnd = "\r\n";
 #else
-const std::string kEnd = "\n";
+static const std::string kEnd = "\n";
 #endif
+
+namespace
+{
 
 struct cFileRig
 {
@@ -89,7 +94,7 @@ struct cFileRig
     {
         cTexts Labels;
         for (uint32_t nSet = 1; nSet <= m_File.SetCount(); nSet++)
-            Labels.push_back(m_File.Label(nSet) != nullptr ? m_File.Label(nSet) : "-");
+            Labels.push_back(m_File.Label(nSet) ? m_File.Label(nSet) : "-");
         return Labels;
     }
 
@@ -98,7 +103,7 @@ struct cFileRig
         CHECK(m_File.SetCount() == 0);
         CHECK(m_File.RowCount() == 0);
         CHECK(m_File.ExplicitX() == 0);
-        CHECK(m_File.XValues() == nullptr);
+        CHECK(!m_File.XValues());
         CHECK(std::string(m_File.Title()) == "");
         CHECK(std::string(m_File.HorzLabel()) == "");
     }
@@ -122,7 +127,7 @@ TEST_CASE("a file of one number per line is one data set without x values")
     CHECK(Rig.m_File.ExplicitX() == 0);
     CHECK(Rig.m_File.SetCount() == 1);
     CHECK(Rig.m_File.RowCount() == 3);
-    CHECK(Rig.m_File.XValues() == nullptr);
+    CHECK(!Rig.m_File.XValues());
     CHECK(Rig.Y(1) == cFloats{1.5F, -2.0F, 300.0F});
     CHECK(Rig.Labels() == cTexts{"-"});
     CHECK(std::string(Rig.m_File.Title()) == "");
@@ -267,7 +272,7 @@ TEST_CASE("a second read replaces what the first one left")
     CHECK(Rig.Read("7\n8\n") == 1);
 
     CHECK(Rig.m_File.ExplicitX() == 0);
-    CHECK(Rig.m_File.XValues() == nullptr);
+    CHECK(!Rig.m_File.XValues());
     CHECK(std::string(Rig.m_File.Title()) == "");
     CHECK(std::string(Rig.m_File.HorzLabel()) == "");
     CHECK(Rig.m_File.SetCount() == 1);
@@ -497,11 +502,8 @@ TEST_CASE("what is not a regular file fails without a box")
     Rig.CheckEmpty();
 }
 
-namespace
-{
-
 // The rows of a file without header, found with the C library's scanning.
-std::vector<cFloats> PlainRows(const std::string &Content)
+static std::vector<cFloats> PlainRows(const std::string &Content)
 {
     std::vector<cFloats> Rows;
     for (size_t nStart = 0; nStart < Content.size();)
@@ -529,8 +531,6 @@ std::vector<cFloats> PlainRows(const std::string &Content)
     }
     return Rows;
 }
-
-}  // namespace
 
 TEST_CASE("random rows read as the C library's scanning reads them")
 {
@@ -834,7 +834,7 @@ TEST_CASE("a set is accepted when it fits the file and the sets before it")
     // clang-format off
     const struct
     {
-        const char *szWhat; int bExplicitX; bool bFirst; cFloats X; cFloats Y; int bAccepted;
+        const char *szWhat; int bExplicitX; int bFirst; cFloats X; cFloats Y; int bAccepted;
     } Rows[] =
     {
         { "the first without x",           0, true,  {},                { 7, 8, 9 },    1 },

@@ -33,14 +33,14 @@ struct cTestBmp
     cBytes    m_Pixels;
 };
 
-cBytes Written(const cBmpImage &Bmp)
+}  // namespace
+
+static cBytes Written(const cBmpImage &Bmp)
 {
     cMemorySink Sink;
     CHECK(WriteBmp(&Sink, Bmp) == 1);
     return Sink.m_Bytes;
 }
-
-}  // namespace
 
 TEST_CASE("a depth is rounded up to one that BMP files have")
 {

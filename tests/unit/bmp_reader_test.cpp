@@ -74,8 +74,10 @@ struct cReadBmp
     cBmpPicture m_Picture;
 };
 
+}  // namespace
+
 // Small pictures of every kind that can be read.
-std::vector<cTestFile> GoodFiles()
+static std::vector<cTestFile> GoodFiles()
 {
     std::vector<cTestFile> Files;
     for (const uint32_t nBits : {1u, 4u, 8u, 16u, 24u, 32u})
@@ -105,8 +107,6 @@ std::vector<cTestFile> GoodFiles()
             }
     return Files;
 }
-
-}  // namespace
 
 TEST_CASE("rows of a BMP are held from the bottom up, whichever way they are stored")
 {

@@ -113,7 +113,7 @@ void cCalculatorRig::Load(const char *szListing)
 {
     const std::string Name  = "rig_program_" + std::to_string(std::random_device()()) + ".txt";
     FILE *const       pFile = fopen(Name.c_str(), "wb");
-    REQUIRE(pFile != nullptr);
+    REQUIRE(pFile);
     fwrite(szListing, 1, strlen(szListing), pFile);
     fclose(pFile);
     const size_t nBoxes = m_Host.m_Boxes.size();

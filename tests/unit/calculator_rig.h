@@ -25,7 +25,7 @@
 #define CAPTURE_TEXT(text) INFO(#text " := ", std::string(text))
 
 // Equal but for the last few bits, in which platforms may differ.
-inline bool IsNear(double dActual, double dExpected, double dTolerance = 1e-14)
+inline int IsNear(double dActual, double dExpected, double dTolerance = 1e-14)
 {
     return std::fabs(dActual - dExpected) <= dTolerance * std::fabs(dExpected);
 }

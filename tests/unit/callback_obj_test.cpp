@@ -19,17 +19,23 @@ struct cCall
     uintptr_t     m_dwUserData;
 };
 
-std::vector<cCall> s_Calls;
+}  // namespace
 
-void OnPlainCall(cCallbackObj *pSender, void *pArgument, uintptr_t dwUserData)
+static std::vector<cCall> s_Calls;
+
+static void OnPlainCall(cCallbackObj *pSender, void *pArgument, uintptr_t dwUserData)
 {
     s_Calls.push_back({nullptr, pSender, pArgument, dwUserData});
 }
 
-void OnTargetCall(void *pTarget, cCallbackObj *pSender, void *pArgument, uintptr_t dwUserData)
+static void OnTargetCall(void *pTarget, cCallbackObj *pSender, void *pArgument,
+                         uintptr_t dwUserData)
 {
     s_Calls.push_back({pTarget, pSender, pArgument, dwUserData});
 }
+
+namespace
+{
 
 // A record that counts how many of its kind live.
 class cCountedRec : public cCallbackRec
@@ -41,9 +47,11 @@ public:
     static int s_nLiving;
 };
 
+}  // namespace
+
 int cCountedRec::s_nLiving = 0;
 
-cCallbackRec *PlainRecord(uint32_t nSlot, uintptr_t dwUserData)
+static cCallbackRec *PlainRecord(uint32_t nSlot, uintptr_t dwUserData)
 {
     cCallbackRec *const pRecord = new cCountedRec;
     pRecord->nSlot              = nSlot;
@@ -51,6 +59,9 @@ cCallbackRec *PlainRecord(uint32_t nSlot, uintptr_t dwUserData)
     pRecord->dwUserData         = dwUserData;
     return pRecord;
 }
+
+namespace
+{
 
 struct cSlotRig
 {
@@ -79,7 +90,7 @@ TEST_CASE("a plain function is called with sender, argument and user data")
     Rig.m_Object.Fire(0, &nArgument);
 
     REQUIRE(s_Calls.size() == 1);
-    CHECK(s_Calls[0].m_pTarget == nullptr);
+    CHECK(!s_Calls[0].m_pTarget);
     CHECK(s_Calls[0].m_pSender == &Rig.m_Object);
     CHECK(s_Calls[0].m_pArgument == &nArgument);
     CHECK(s_Calls[0].m_dwUserData == 77);
@@ -117,7 +128,7 @@ TEST_CASE("a plain function goes before the target of the same record")
     Rig.m_Object.Fire(0, nullptr);
 
     REQUIRE(s_Calls.size() == 1);
-    CHECK(s_Calls[0].m_pTarget == nullptr);
+    CHECK(!s_Calls[0].m_pTarget);
 }
 
 TEST_CASE("a record with half a target or nothing at all is ignored")

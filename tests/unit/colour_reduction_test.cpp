@@ -15,20 +15,25 @@ namespace
 // 0xRRGGBB.
 typedef std::vector<uint32_t> cColours;
 
+}  // namespace
+
 // One row of 24 bits, padded.
-cBytes Row24(const cColours &Colours)
+static cBytes Row24(const cColours &Colours)
 {
     cBytes Row = Little(Colours, 3);
     Row.resize(DibRowBytes(static_cast<int32_t>(Colours.size()), 24));
     return Row;
 }
 
-cBytes Expanded(const cDibImage &Image, int32_t nRow)
+static cBytes Expanded(const cDibImage &Image, int32_t nRow)
 {
     cBytes Row(3 * static_cast<size_t>(Image.m_nWidth));
     ExpandTo24(Image, nRow, Row.data());
     return Row;
 }
+
+namespace
+{
 
 // A reduced picture of one row.
 struct cReducedRow
@@ -51,8 +56,10 @@ struct cReducedRow
     cReducedImage m_Reduced;
 };
 
+}  // namespace
+
 // nColours different colours, spread over the whole space.
-cColours Distinct(unsigned nColours)
+static cColours Distinct(unsigned nColours)
 {
     cColours Colours;
     for (unsigned i = 0; i < nColours; i++)
@@ -60,7 +67,7 @@ cColours Distinct(unsigned nColours)
     return Colours;
 }
 
-cColours Noise(size_t nPixels, uint32_t nMask, unsigned nSeed)
+static cColours Noise(size_t nPixels, uint32_t nMask, unsigned nSeed)
 {
     std::mt19937 Random(nSeed);
     cColours     Colours(nPixels);
@@ -69,7 +76,7 @@ cColours Noise(size_t nPixels, uint32_t nMask, unsigned nSeed)
     return Colours;
 }
 
-uint32_t Distance(uint32_t nLeft, uint32_t nRight)
+static uint32_t Distance(uint32_t nLeft, uint32_t nRight)
 {
     uint32_t nSum = 0;
     for (int nShift = 0; nShift < 24; nShift += 8)
@@ -80,6 +87,9 @@ uint32_t Distance(uint32_t nLeft, uint32_t nRight)
     }
     return nSum;
 }
+
+namespace
+{
 
 // Reduction worked out the slow way: sorted instead of picked, searched instead
 // of hashed. Gives the palette and the indices.
@@ -145,7 +155,9 @@ struct cModel
     cBytes                m_Indices;
 };
 
-void CheckAgainstModel(const cColours &Colours)
+}  // namespace
+
+static void CheckAgainstModel(const cColours &Colours)
 {
     const cReducedRow Row(Colours);
     const cModel      Model(Colours);
@@ -154,8 +166,6 @@ void CheckAgainstModel(const cColours &Colours)
     CHECK(cBytes(Row.m_Reduced.m_pPixels.get(), Row.m_Reduced.m_pPixels.get() + Colours.size()) ==
           Model.m_Indices);
 }
-
-}  // namespace
 
 TEST_CASE("pixels of a palette take their colour from the table")
 {

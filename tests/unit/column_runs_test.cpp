@@ -14,12 +14,17 @@ namespace
 typedef std::vector<cPoint>           cPoints;
 typedef std::set<std::pair<int, int>> cPixels;
 
-cPoints Merged(const cPoints &Vertices)
+}  // namespace
+
+static cPoints Merged(const cPoints &Vertices)
 {
     cPoints Stored(Vertices.size());
     Stored.resize(MergeColumns(Vertices.data(), Vertices.size(), Stored.data()));
     return Stored;
 }
+
+namespace
+{
 
 // The pixels in columns, and the steps from one column to another, which a
 // platform draws in its own way. A line lacks its last pixel.

@@ -12,23 +12,20 @@
 #include <sys/stat.h>
 #endif
 
-namespace
-{
-
 #ifdef _WIN32
-const char kLineEnd[] = "\r\n";
+static const char kLineEnd[] = "\r\n";
 #else
-const char kLineEnd[] = "\n";
+static const char kLineEnd[] = "\n";
 #endif
 
 // As the C library's text mode writes a line.
-std::string Line(const std::string &Text)
+static std::string Line(const std::string &Text)
 {
     return Text + kLineEnd;
 }
 
 // A file of exactly nBytes, written through the log in full messages.
-void WriteBytes(cDbgFile *pLog, size_t nBytes)
+static void WriteBytes(cDbgFile *pLog, size_t nBytes)
 {
     const size_t      nMost = 500;
     const std::string Piece(nMost, 'x');
@@ -38,13 +35,11 @@ void WriteBytes(cDbgFile *pLog, size_t nBytes)
 }
 
 // A name that cannot be opened, because it is a folder.
-std::string BlockedName(const cScratchFolder &Folder)
+static std::string BlockedName(const cScratchFolder &Folder)
 {
     std::filesystem::create_directory(Folder.Name("folder.txt"));
     return Folder.Name("folder.txt");
 }
-
-}  // namespace
 
 TEST_CASE("a log's formatted texts are in the file as they were written")
 {
@@ -237,9 +232,9 @@ TEST_CASE("a log that cannot be opened goes to the default log file")
     }
 
     FILE *const pFile = fopen(szDefault, "rb");
-    REQUIRE(pFile != nullptr);
+    REQUIRE(pFile);
     char szContent[16] = "";
-    CHECK(fgets(szContent, sizeof szContent, pFile) != nullptr);
+    CHECK(fgets(szContent, sizeof szContent, pFile));
     fclose(pFile);
     remove(szDefault);
     CHECK(szContent == std::string("rescued"));

@@ -11,12 +11,9 @@
 
 #include "tests/unit/exact_decimal.h"
 
-namespace
-{
+static const double kInfinity = std::numeric_limits<double>::infinity();
 
-const double kInfinity = std::numeric_limits<double>::infinity();
-
-double Parsed(const std::string &Text)
+static double Parsed(const std::string &Text)
 {
     double dValue = -77.0;
     CAPTURE(Text);
@@ -25,19 +22,19 @@ double Parsed(const std::string &Text)
 }
 
 // "1.2345e+05" as text, of any length.
-std::string ScientificText(const cExactDecimal &Decimal)
+static std::string ScientificText(const cExactDecimal &Decimal)
 {
     return Decimal.m_Digits.substr(0, 1) + "." + Decimal.m_Digits.substr(1) + "e" +
            std::to_string(Decimal.m_nPoint - 1);
 }
 
-cExactDecimal ALittleMore(cExactDecimal Decimal)
+static cExactDecimal ALittleMore(cExactDecimal Decimal)
 {
     Decimal.m_Digits.append(400, '0').append("1");
     return Decimal;
 }
 
-cExactDecimal ALittleLess(cExactDecimal Decimal)
+static cExactDecimal ALittleLess(cExactDecimal Decimal)
 {
     Decimal.m_Digits.back()--;
     Decimal.m_Digits.append(400, '9');
@@ -45,7 +42,7 @@ cExactDecimal ALittleLess(cExactDecimal Decimal)
 }
 
 // Length of the longest number at the start of a text, by a table of states.
-size_t NumberLength(const std::string &Text)
+static size_t NumberLength(const std::string &Text)
 {
     // clang-format off
     static const int s_Next[8][4] =
@@ -77,8 +74,6 @@ size_t NumberLength(const std::string &Text)
     }
     return nLongest;
 }
-
-}  // namespace
 
 TEST_CASE("a decimal number is a sign, digits with a point, and an exponent")
 {

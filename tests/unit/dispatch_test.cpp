@@ -4,12 +4,9 @@
 
 #include "tests/unit/calculator_rig.h"
 
-namespace
-{
-
 // Judges a listing line as the loader does: mnemonic, operand text, value.
-int Checks(cCalculatorRig *pRig, const char *szMnemonic, const char *szOperand, unsigned nValue,
-           const char *szLineMnemonic = nullptr)
+static int Checks(cCalculatorRig *pRig, const char *szMnemonic, const char *szOperand,
+                  unsigned nValue, const char *szLineMnemonic = nullptr)
 {
     cVorstekState &Raw = pRig->m_Engine.Raw();
     snprintf(Raw.m_szMnemonic, sizeof Raw.m_szMnemonic, "%s",
@@ -22,13 +19,11 @@ int Checks(cCalculatorRig *pRig, const char *szMnemonic, const char *szOperand, 
 }
 
 // Presses digit nDigit while szPending waits.
-int Complete(cCalculatorRig *pRig, const char *szPending, unsigned nDigit)
+static int Complete(cCalculatorRig *pRig, const char *szPending, unsigned nDigit)
 {
     snprintf(pRig->m_Engine.Raw().m_szKeystrokes, kKeystrokesText, "%s", szPending);
     return pRig->m_Engine.OnDigitKey(nDigit);
 }
-
-}  // namespace
 
 TEST_CASE("checking accepts the operand that the instruction takes")
 {

@@ -12,8 +12,10 @@ namespace
 
 using cLines = std::vector<std::string>;
 
+}  // namespace
+
 // Each line as "large 59,66 | 0.00                |".
-cLines LinesOf(const cDisplay &Display)
+static cLines LinesOf(const cDisplay &Display)
 {
     cLines Lines;
     for (int i = 0; i < Display.m_nLines; i++)
@@ -28,24 +30,22 @@ cLines LinesOf(const cDisplay &Display)
     return Lines;
 }
 
-cLines Composed(cCalculatorRig *pRig)
+static cLines Composed(cCalculatorRig *pRig)
 {
     cDisplay Display;
     pRig->m_Engine.ComposeDisplay(&Display);
     return LinesOf(Display);
 }
 
-void SetKeystrokes(cCalculatorRig *pRig, const char *szKeystrokes)
+static void SetKeystrokes(cCalculatorRig *pRig, const char *szKeystrokes)
 {
     snprintf(pRig->m_Engine.Raw().m_szKeystrokes, kKeystrokesText, "%s", szKeystrokes);
 }
 
-void SetLastOp(cCalculatorRig *pRig, const char *szLastOp)
+static void SetLastOp(cCalculatorRig *pRig, const char *szLastOp)
 {
     snprintf(pRig->m_Engine.Raw().m_szLastOp, kKeystrokesText, "%s", szLastOp);
 }
-
-}  // namespace
 
 TEST_CASE("the normal layout shows X, the angle mode and the last operation")
 {

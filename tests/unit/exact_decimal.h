@@ -74,7 +74,7 @@ inline cExactDecimal Rounded(cExactDecimal Decimal, int nDigits)
     std::string      &Digits = Decimal.m_Digits;
     const std::string Rest   = Digits.substr(std::min(nKeep, Digits.size()));
     Digits.resize(nKeep, '0');
-    const bool bOdd = nKeep > 0 && (Digits.back() - '0') % 2 == 1;
+    const int bOdd = nKeep > 0 && (Digits.back() - '0') % 2 == 1;
     if (Rest < "5" || (Rest == "5" && !bOdd))
         return Decimal;
     size_t nDigit = nKeep;

@@ -2,16 +2,11 @@
 
 #include <doctest/doctest.h>
 
-namespace
-{
-
-int Overlap(const cFaceRect &A, const cFaceRect &B)
+static int Overlap(const cFaceRect &A, const cFaceRect &B)
 {
     return A.m_nLeft < B.m_nLeft + B.m_nWidth && B.m_nLeft < A.m_nLeft + A.m_nWidth &&
            A.m_nTop < B.m_nTop + B.m_nHeight && B.m_nTop < A.m_nTop + A.m_nHeight;
 }
-
-}  // namespace
 
 TEST_CASE("the widths of the keys add up to the width of the key strip")
 {

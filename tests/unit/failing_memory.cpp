@@ -3,26 +3,21 @@
 #include <cstddef>
 #include <new>
 
-namespace
-{
+static int s_nSucceed = 0;
+static int s_nFail    = 0;
 
-int s_nSucceed = 0;
-int s_nFail    = 0;
-
-bool MustFail()
+static int MustFail()
 {
     if (s_nFail == 0)
-        return false;
+        return 0;
     if (s_nSucceed > 0)
     {
         s_nSucceed--;
-        return false;
+        return 0;
     }
     s_nFail--;
-    return true;
+    return 1;
 }
-
-}  // namespace
 
 cFailingMemory::cFailingMemory(int nSucceed, int nFail)
 {

@@ -11,22 +11,17 @@
 
 #include <doctest/doctest.h>
 
-namespace
-{
-
 // How many characters the number at the start of szText takes up; 0 for none.
-size_t Used(const char *szText)
+static size_t Used(const char *szText)
 {
     const char *pEnd = SkipFloat(szText);
-    return pEnd != nullptr ? static_cast<size_t>(pEnd - szText) : 0;
+    return pEnd ? static_cast<size_t>(pEnd - szText) : 0;
 }
 
-uint32_t BitsOf(float fValue)
+static uint32_t BitsOf(float fValue)
 {
     return std::bit_cast<uint32_t>(fValue);
 }
-
-}  // namespace
 
 TEST_CASE("a number is sign, digits with a point, and a complete exponent")
 {
@@ -96,8 +91,8 @@ TEST_CASE("where there is no number the value is left alone")
         CAPTURE(szText);
         float fValue = -77.0F;
 
-        CHECK(ReadFloat(szText, &fValue) == nullptr);
-        CHECK(SkipFloat(szText) == nullptr);
+        CHECK(!ReadFloat(szText, &fValue));
+        CHECK(!SkipFloat(szText));
         CHECK(fValue == -77.0F);
     }
 }
@@ -195,21 +190,21 @@ TEST_CASE("numbers of a million digits are read")
     const std::string Zeros(1000000, '0');
     float             fValue = -77.0F;
 
-    CHECK(ReadFloat(("1" + Zeros).c_str(), &fValue) != nullptr);
+    CHECK(ReadFloat(("1" + Zeros).c_str(), &fValue));
     CHECK(fValue == FLT_MAX);
 
-    CHECK(ReadFloat(("0." + Zeros + "1").c_str(), &fValue) != nullptr);
+    CHECK(ReadFloat(("0." + Zeros + "1").c_str(), &fValue));
     CHECK(fValue == 0.0F);
 
-    CHECK(ReadFloat(("0." + Zeros + "25e1000001").c_str(), &fValue) != nullptr);
+    CHECK(ReadFloat(("0." + Zeros + "25e1000001").c_str(), &fValue));
     CHECK(fValue == 2.5F);
 
-    CHECK(ReadFloat(("0." + Zeros + "1e999900").c_str(), &fValue) != nullptr);
+    CHECK(ReadFloat(("0." + Zeros + "1e999900").c_str(), &fValue));
     CHECK(fValue == 0.0F);
 
-    CHECK(ReadFloat(("0." + Zeros + "1e1000100").c_str(), &fValue) != nullptr);
+    CHECK(ReadFloat(("0." + Zeros + "1e1000100").c_str(), &fValue));
     CHECK(fValue == FLT_MAX);
 
-    CHECK(ReadFloat(("5" + Zeros + "e-1000001").c_str(), &fValue) != nullptr);
+    CHECK(ReadFloat(("5" + Zeros + "e-1000001").c_str(), &fValue));
     CHECK(fValue == 0.5F);
 }

@@ -3,11 +3,8 @@
 #include "engine/range.h"
 #include "tests/unit/calculator_rig.h"
 
-namespace
-{
-
 // A listing of R/S lines with other lines at given numbers.
-std::string Program(const std::vector<std::pair<unsigned, std::string>> &Lines)
+static std::string Program(const std::vector<std::pair<unsigned, std::string>> &Lines)
 {
     std::string Listing;
     for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
@@ -21,26 +18,24 @@ std::string Program(const std::vector<std::pair<unsigned, std::string>> &Lines)
     return Listing;
 }
 
-void Load(cCalculatorRig *pRig, const std::vector<std::pair<unsigned, std::string>> &Lines)
+static void Load(cCalculatorRig *pRig, const std::vector<std::pair<unsigned, std::string>> &Lines)
 {
     pRig->Load(Program(Lines).c_str());
 }
 
 // Number entry in progress and stack lift off, as before ENTER's next number.
-void BeginEntry(cCalculatorRig *pRig)
+static void BeginEntry(cCalculatorRig *pRig)
 {
     pRig->Type("2");
     pRig->m_Engine.Raw().m_bStackLift = 0;
 }
 
-void CheckEnded(cCalculatorRig &Rig)
+static void CheckEnded(cCalculatorRig &Rig)
 {
     CHECK_TEXT(Rig.State().m_szEntry, "");
     CHECK(Rig.State().m_bStackLift == 1);
     CHECK_TEXT(Rig.Display(), Rig.State().m_szX);
 }
-
-}  // namespace
 
 // --- labels and jumps
 
@@ -520,10 +515,10 @@ TEST_CASE("a new run starts with an empty return stack")
 
 // --- tests
 
+static const double kNan = std::numeric_limits<double>::quiet_NaN();
+
 namespace
 {
-
-const double kNan = std::numeric_limits<double>::quiet_NaN();
 
 // Whether each test holds for X and Y.
 struct cTestRow
@@ -534,8 +529,10 @@ struct cTestRow
     int    bNegative, bPositive, bNotZero, bZero;
 };
 
+}  // namespace
+
 // clang-format off
-const cTestRow s_Tests[] =
+static const cTestRow s_Tests[] =
 {
 //     X     Y      <=y >y !=y =y   <0 >0 !=0 =0
     {  1.0,  2.0,    1, 0,  1, 0,   0, 1,  1, 0 },
@@ -553,7 +550,7 @@ const cTestRow s_Tests[] =
 // clang-format on
 
 // Calls Check(X, Y, mnemonic, whether the test holds) for each cell.
-template <class cCheck> void ForEachTest(cCheck Check)
+template <class cCheck> static void ForEachTest(cCheck Check)
 {
     for (const cTestRow &Row : s_Tests)
     {
@@ -574,13 +571,11 @@ template <class cCheck> void ForEachTest(cCheck Check)
     }
 }
 
-void SetXY(cCalculatorRig *pRig, double dX, double dY)
+static void SetXY(cCalculatorRig *pRig, double dX, double dY)
 {
     pRig->m_Engine.Raw().m_dX = dX;
     pRig->m_Engine.Raw().m_dY = dY;
 }
-
-}  // namespace
 
 TEST_CASE("a test that fails skips the next line of a program")
 {

@@ -2,11 +2,8 @@
 
 #include <doctest/doctest.h>
 
-namespace
-{
-
 // A picture of 300 x 200 whose bottom left pixel has colour 13, or 1.
-cGifOptions Parsed(const char *szOptions, unsigned nBits = 8)
+static cGifOptions Parsed(const char *szOptions, unsigned nBits = 8)
 {
     static const uint8_t s_First1[] = {0x80};
     static const uint8_t s_First4[] = {0xD5};
@@ -15,8 +12,6 @@ cGifOptions Parsed(const char *szOptions, unsigned nBits = 8)
                   300, 200, nBits, 0, nullptr, nBits == 1 ? s_First1 : nBits == 4 ? s_First4 : s_First8};
     return ParseGifOptions(szOptions, Image);
 }
-
-}  // namespace
 
 TEST_CASE("without options the screen is the image and nothing is special")
 {

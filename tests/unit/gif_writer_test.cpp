@@ -57,19 +57,21 @@ struct cTestImage
     cDibImage m_Image;
 };
 
-cBytes Written(const cDibImage &Image, const char *szOptions)
+}  // namespace
+
+static cBytes Written(const cDibImage &Image, const char *szOptions)
 {
     cMemorySink Sink;
     CHECK(WriteGifFile(&Sink, Image, szOptions) == grWritten);
     return Sink.m_Bytes;
 }
 
-cBytes Text(const std::string &Characters)
+static cBytes Text(const std::string &Characters)
 {
     return cBytes(Characters.begin(), Characters.end());
 }
 
-std::vector<int32_t> RowOrder(int32_t nHeight, int bInterlaced)
+static std::vector<int32_t> RowOrder(int32_t nHeight, int bInterlaced)
 {
     std::vector<int32_t> Order;
     cGifRows             Rows(nHeight, bInterlaced);
@@ -77,8 +79,6 @@ std::vector<int32_t> RowOrder(int32_t nHeight, int bInterlaced)
         Order.push_back(nRow);
     return Order;
 }
-
-}  // namespace
 
 TEST_CASE("a GIF file is its parts in order, for each depth")
 {

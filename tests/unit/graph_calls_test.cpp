@@ -3,28 +3,23 @@
 
 #include "tests/unit/calculator_rig.h"
 
-namespace
-{
+static const double kNan = std::numeric_limits<double>::quiet_NaN();
 
-const double kNan = std::numeric_limits<double>::quiet_NaN();
+static const char *const kMemoryLimit = "The Vorstek's program must now halt\n"
+                                        "since the cVantor window has reached its\n"
+                                        "memory limit\n";
 
-const char *const kMemoryLimit = "The Vorstek's program must now halt\n"
-                                 "since the cVantor window has reached its\n"
-                                 "memory limit\n";
-
-void MakeSets(cCalculatorRig *pRig, size_t nSets)
+static void MakeSets(cCalculatorRig *pRig, size_t nSets)
 {
     pRig->m_Host.m_Graph.assign(nSets, {{1.0, 1.0}});
 }
 
 // X as it may come out of a calculation, a NaN included.
-void SetXY(cCalculatorRig *pRig, double dX, double dY)
+static void SetXY(cCalculatorRig *pRig, double dX, double dY)
 {
     pRig->m_Engine.Raw().m_dX = dX;
     pRig->m_Engine.Raw().m_dY = dY;
 }
-
-}  // namespace
 
 TEST_CASE("SetG selects a data line that exists or the next new one")
 {

@@ -16,11 +16,16 @@ namespace
 
 typedef std::vector<float> cFloats;
 
+}  // namespace
+
 #ifdef _WIN32
-const std::string kEnd = "\r\n";
+static const std::string kEnd = "\r\n";
 #else
-const std::string kEnd = "\n";
+static const std::string kEnd = "\n";
 #endif
+
+namespace
+{
 
 struct cGraphRig
 {
@@ -57,7 +62,7 @@ struct cGraphRig
 
     const cVantorDataSet &Set(uint32_t nLine)
     {
-        REQUIRE(m_Plot.DataSet(nLine) != nullptr);
+        REQUIRE(m_Plot.DataSet(nLine));
         return *m_Plot.DataSet(nLine);
     }
 
@@ -98,7 +103,7 @@ TEST_CASE("Open replaces data, title and axis label with those of the file")
     const cVantorDataSet &Set = Rig.Set(1);
     CHECK(Set.m_nPoints == 2);
     CHECK(Set.m_nCapacity == 2);
-    REQUIRE(Set.m_pX != nullptr);
+    REQUIRE(Set.m_pX);
     CHECK(Set.m_pX[1] == 0.5F);
     CHECK(Set.m_pY[1] == 98.0F);
     CHECK(Set.m_fXMax == 0.5F);
@@ -121,7 +126,7 @@ TEST_CASE("Open of a file without title and axis label leaves the plot without t
 
     CHECK(Rig.Title() == "");
     CHECK(Rig.HorzLabel() == "");
-    CHECK(Rig.Set(1).m_pX == nullptr);
+    CHECK(!Rig.Set(1).m_pX);
     CHECK(Rig.Label(1) == "data line # 1");
 }
 
@@ -182,7 +187,7 @@ TEST_CASE("Append adds the sets after the others and keeps title and axis label"
 
 TEST_CASE("a file that cannot be read leaves the graph as it was")
 {
-    for (const bool bOpen : {true, false})
+    for (const int bOpen : {true, false})
         for (const char *szContent : {"", "x\n", "ExplicitX\n1\n2\n"})
         {
             CAPTURE(szContent);
@@ -255,7 +260,7 @@ TEST_CASE("a graph without title, saved and opened, is the same graph")
     CHECK(OpenGraphFile(&Rig.m_Plot, &Rig.m_Boxes, Rig.m_Folder.Name("saved.txt").c_str()) == 1);
 
     CHECK(Rig.Title() == "");
-    CHECK(Rig.Set(1).m_pX == nullptr);
+    CHECK(!Rig.Set(1).m_pX);
     CHECK(Rig.Set(2).m_pY[1] == 4.0F);
     CHECK(Rig.Label(2) == "b");
 }
@@ -273,7 +278,7 @@ TEST_CASE("an empty graph has no data to save")
 
 TEST_CASE("sets of the other kind than data line 1 are not written, and a box says so")
 {
-    for (const bool bExplicitFirst : {true, false})
+    for (const int bExplicitFirst : {true, false})
     {
         CAPTURE(bExplicitFirst);
         cGraphRig Rig;

@@ -4,10 +4,10 @@
 
 #include "tests/unit/calculator_rig.h"
 
+static const double kMost = 9.999999999e99;
+
 namespace
 {
-
-const double kMost = 9.999999999e99;
 
 enum eLiftAfter
 {
@@ -34,9 +34,11 @@ struct cRow
     unsigned    nLine;  // current line after it
 };
 
+}  // namespace
+
 // In registration order.
 // clang-format off
-const cRow kRows[] =
+static const cRow kRows[] =
 {
     //  mnemonic  operand X     new X                 Y    Z  T  push  LASTx lift line
     { "FIX",      4, 0.25,  0.25,                     3,   5, 7, 0,    0, lfOn,   2 },
@@ -122,7 +124,11 @@ const cRow kRows[] =
 };
 // clang-format on
 
-const double kRegistersBefore[kRegisters] = {5, 0, 0, 0, 0, 2, 40, 0, 0, 0, 4, 10, 30, 22, 134, 63};
+static const double kRegistersBefore[kRegisters] = {5, 0, 0, 0,  0,  2,  40,  0,
+                                                    0, 0, 4, 10, 30, 22, 134, 63};
+
+namespace
+{
 
 struct cRegisterRow
 {
@@ -131,8 +137,10 @@ struct cRegisterRow
     double      dNew;
 };
 
+}  // namespace
+
 // Registers that an instruction changes.
-const cRegisterRow kRegisterRows[] = {
+static const cRegisterRow kRegisterRows[] = {
     {"STO", 6, 0.25},      {"STO i", 5, 0.25},  {"STO+", 6, 40.25},    {"STO+ i", 5, 2.25},
     {"STO-", 6, 39.75},    {"STO- i", 5, 1.75}, {"STO*", 6, 10},       {"STO* i", 5, 0.5},
     {"STO/", 6, 160},      {"STO/ i", 5, 8},    {"DSZ", 0, 4},         {"ISZ", 0, 6},
@@ -145,7 +153,7 @@ const cRegisterRow kRegisterRows[] = {
     {"ClearSum", 13, 0},   {"ClearSum", 14, 0}, {"ClearSum", 15, 0},
 };
 
-double ExpectedRegister(const cRow &Row, unsigned nRegister)
+static double ExpectedRegister(const cRow &Row, unsigned nRegister)
 {
     for (const cRegisterRow &Change : kRegisterRows)
         if (strcmp(Change.szMnemonic, Row.szMnemonic) == 0 && Change.nRegister == nRegister)
@@ -153,7 +161,7 @@ double ExpectedRegister(const cRow &Row, unsigned nRegister)
     return kRegistersBefore[nRegister];
 }
 
-void Prepare(cCalculatorRig *pRig, double dX, int bStackLift)
+static void Prepare(cCalculatorRig *pRig, double dX, int bStackLift)
 {
     pRig->Type("PRGM g GTO 5 R/S RUN");
     for (unsigned nRegister = 0; nRegister < kRegisters; nRegister++)
@@ -163,8 +171,6 @@ void Prepare(cCalculatorRig *pRig, double dX, int bStackLift)
     pRig->m_Engine.Raw().m_bStackLift = bStackLift;
     pRig->Forget();
 }
-
-}  // namespace
 
 TEST_CASE("eighty instructions are registered, in this order")
 {
@@ -204,7 +210,7 @@ TEST_CASE("each instruction does to stack, LASTx, registers and line what it sho
 
             CHECK(Rig.Run(Row.szMnemonic, Row.nOperand) == 1);
 
-            const bool bStays = Row.bPushesIfLift && !bStackLift;
+            const int bStays = Row.bPushesIfLift && !bStackLift;
             CHECK(IsNear(Rig.X(), Row.dNewX));
             CHECK(IsNear(Rig.Y(), bStays ? 3 : Row.dNewY));
             CHECK(Rig.Z() == (bStays ? 5 : Row.dNewZ));
@@ -256,7 +262,7 @@ TEST_CASE("each instruction but CHS ends a number entry, also if it fails")
 
         Rig.Run(Row.szMnemonic, Row.nOperand);
 
-        const bool bChs = strcmp(Row.szMnemonic, "CHS") == 0;
+        const int bChs = strcmp(Row.szMnemonic, "CHS") == 0;
         CHECK_TEXT(Rig.State().m_szEntry, bChs ? "+5" : "");
         CHECK_TEXT(Rig.State().m_szExponent, bChs ? "e-02" : "");
     }

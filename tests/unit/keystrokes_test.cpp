@@ -10,8 +10,10 @@ struct cPending
     const char *szBuffer;
 };
 
+}  // namespace
+
 // clang-format off
-const cPending s_Pending[] =
+static const cPending s_Pending[] =
 {
     { "f",       "f "       }, { "g",       "g "       },
     { "f SST",   "FIX "     }, { "f GSB",   "SCI "     }, { "f GTO",   "ENG "     },
@@ -27,19 +29,19 @@ const cPending s_Pending[] =
 };
 // clang-format on
 
-int EndsWith(const std::string &Text, const std::string &Ending)
+static int EndsWith(const std::string &Text, const std::string &Ending)
 {
     return Text.size() >= Ending.size() &&
            Text.compare(Text.size() - Ending.size(), Ending.size(), Ending) == 0;
 }
 
-int IsShifted(const cPending &Pending)
+static int IsShifted(const cPending &Pending)
 {
     return EndsWith(Pending.szBuffer, "f ") || EndsWith(Pending.szBuffer, "g ");
 }
 
 // All that an instruction may change, as one text.
-std::string Snapshot(cCalculatorRig &Rig)
+static std::string Snapshot(cCalculatorRig &Rig)
 {
     const cVorstekState &State = Rig.State();
     std::string          Text  = Rig.Display();
@@ -56,7 +58,7 @@ std::string Snapshot(cCalculatorRig &Rig)
 }
 
 // A calculator whose state every instruction changes.
-void Prepare(cCalculatorRig *pRig)
+static void Prepare(cCalculatorRig *pRig)
 {
     pRig->m_Engine.GoToLine(5);
     pRig->Set(0.25, 2.0, 3.0, 4.0);
@@ -68,7 +70,7 @@ void Prepare(cCalculatorRig *pRig)
 }
 
 // An instruction that fails: the error text is shown, a press is awaited.
-void Fail(cCalculatorRig *pRig)
+static void Fail(cCalculatorRig *pRig)
 {
     pRig->Type("4 CHS f 2");
     REQUIRE(pRig->Display() == "Error: sqrt of x < 0");
@@ -77,7 +79,7 @@ void Fail(cCalculatorRig *pRig)
 }
 
 // The press of another key clears the error; its release is awaited.
-void PressToClear(cCalculatorRig *pRig)
+static void PressToClear(cCalculatorRig *pRig)
 {
     Fail(pRig);
     pRig->Down(6);
@@ -87,7 +89,7 @@ void PressToClear(cCalculatorRig *pRig)
 
 // Runs an endless loop; Event comes from the third drain, and if the program
 // still runs then, key 2 halts it at the tenth.
-void RunWith(cCalculatorRig *pRig, const std::function<void()> &Event)
+static void RunWith(cCalculatorRig *pRig, const std::function<void()> &Event)
 {
     pRig->Load("LBL 1\nGTO 1\n");
     pRig->m_Host.m_OnDrain = [pRig, Event, nDrains = 0]() mutable {
@@ -106,14 +108,14 @@ void RunWith(cCalculatorRig *pRig, const std::function<void()> &Event)
 }
 
 // A program that was halted by key 9, which is still down.
-void HaltByKey(cCalculatorRig *pRig)
+static void HaltByKey(cCalculatorRig *pRig)
 {
     RunWith(pRig, [pRig] { pRig->Down(9); });
     REQUIRE(std::string(pRig->State().m_szKeystrokes) == "HWFUK");
     pRig->Forget();
 }
 
-void CheckCodeBox(cCalculatorRig &Rig, const char *szText)
+static void CheckCodeBox(cCalculatorRig &Rig, const char *szText)
 {
     REQUIRE(Rig.m_Host.m_Boxes.size() == 1);
     CHECK_TEXT(Rig.LastBox(), szText);
@@ -121,8 +123,6 @@ void CheckCodeBox(cCalculatorRig &Rig, const char *szText)
     CHECK(Rig.m_Host.m_Boxes[0].m_nButtons == bnOk);
     CHECK(Rig.m_Host.m_Boxes[0].m_nIcon == icNone);
 }
-
-}  // namespace
 
 // --- the press table
 
@@ -141,8 +141,10 @@ struct cPressRow
     const char *szAfterG;
 };
 
+}  // namespace
+
 // clang-format off
-const cPressRow s_Press[] =
+static const cPressRow s_Press[] =
 {
     { 1,  nullptr,    "FIX ",     nullptr   },
     { 2,  "GSB ",     "SCI ",     "RTN"     },
@@ -178,7 +180,7 @@ const cPressRow s_Press[] =
 // clang-format on
 
 // Calls Check(row's key, shift keys, what the press does) for each cell.
-template <class cCheck> void ForEachCell(cCheck Check)
+template <class cCheck> static void ForEachCell(cCheck Check)
 {
     for (const cPressRow &Row : s_Press)
     {
@@ -197,23 +199,21 @@ template <class cCheck> void ForEachCell(cCheck Check)
     }
 }
 
-int IsPrefix(const std::string &Does)
+static int IsPrefix(const std::string &Does)
 {
     return EndsWith(Does, " ");
 }
 
-int IsEntry(const std::string &Does)
+static int IsEntry(const std::string &Does)
 {
     return Does[0] == '\'';
 }
 
 // PAUSE and 1/x stay in the buffer until key 30 is released.
-std::string BufferAfter(const std::string &Does)
+static std::string BufferAfter(const std::string &Does)
 {
     return Does == "PAUSE" || Does == "1/x" ? Does + " " : "";
 }
-
-}  // namespace
 
 TEST_CASE("in program mode each instruction key records its mnemonic")
 {
@@ -730,8 +730,10 @@ struct cCompletion
     const char *szText;  // the operation without its digit, "" for a number
 };
 
+}  // namespace
+
 // clang-format off
-const cCompletion s_Completions[] =
+static const cCompletion s_Completions[] =
 {
     { "g GTO",   "LBL "   }, { "f SST",   "FIX "   }, { "f GSB",   "SCI "   },
     { "f GTO",   "ENG "   }, { "GSB",     "GSB "   }, { "GTO",     "GTO "   },
@@ -740,9 +742,8 @@ const cCompletion s_Completions[] =
     { "STO *",   "STO* "  }, { "STO /",   "STO/ "  }, { "STO .",   "STO ."  },
     { "RCL .",   "RCL ."  }, { "STO",     "STO "   }, { "RCL",     "RCL "   },
 };
-// clang-format on
 
-}  // namespace
+// clang-format on
 
 TEST_CASE("a digit completes the pending instruction")
 {

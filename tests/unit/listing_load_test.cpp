@@ -21,12 +21,14 @@ struct cLoadRig : cCalculatorRig
     cScratchFolder m_Folder;
 };
 
-std::string TwoDigits(unsigned nNumber)
+}  // namespace
+
+static std::string TwoDigits(unsigned nNumber)
 {
     return (nNumber < 10 ? "0" : "") + std::to_string(nNumber);
 }
 
-std::string Repeated(const std::string &Line, unsigned nTimes)
+static std::string Repeated(const std::string &Line, unsigned nTimes)
 {
     std::string Text;
     for (unsigned n = 0; n < nTimes; n++)
@@ -34,8 +36,8 @@ std::string Repeated(const std::string &Line, unsigned nTimes)
     return Text;
 }
 
-void CheckBox(const cRecordingHost::cBox &Box, const std::string &Text, const char *szCaption,
-              eButtons nButtons, eIcon nIcon)
+static void CheckBox(const cRecordingHost::cBox &Box, const std::string &Text,
+                     const char *szCaption, eButtons nButtons, eIcon nIcon)
 {
     CHECK_TEXT(Box.m_Text, Text);
     CHECK_TEXT(Box.m_Caption, szCaption);
@@ -44,7 +46,7 @@ void CheckBox(const cRecordingHost::cBox &Box, const std::string &Text, const ch
 }
 
 // The program of the texts and R/S after them.
-void CheckSteps(cCalculatorRig &Rig, const std::vector<std::string> &Steps)
+static void CheckSteps(cCalculatorRig &Rig, const std::vector<std::string> &Steps)
 {
     for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
         CHECK_TEXT(Rig.Step(nLine), nLine <= Steps.size() ? Steps[nLine - 1] : "R/S");
@@ -52,13 +54,13 @@ void CheckSteps(cCalculatorRig &Rig, const std::vector<std::string> &Steps)
 
 // What must hold after every load: 98 lines, each listed where its record
 // says, with its number followed by its text.
-void CheckProgram(cCalculatorRig &Rig)
+static void CheckProgram(cCalculatorRig &Rig)
 {
     const cVorstekState &State   = Rig.State();
     unsigned             nFormer = 0;
     REQUIRE(State.m_bParseOnly == 0);
     REQUIRE(State.m_nCurLine == 0);
-    REQUIRE(State.m_Program[0].m_pInstruction == nullptr);
+    REQUIRE(!State.m_Program[0].m_pInstruction);
     REQUIRE(State.m_Program[0].m_szText[0] == 0);
     REQUIRE(State.m_Program[0].m_nListingLine == 0);
     REQUIRE(Rig.ListingLine(0) == "00");
@@ -84,8 +86,6 @@ void CheckProgram(cCalculatorRig &Rig)
     }
     REQUIRE(Rig.Highlighted() == 0);
 }
-
-}  // namespace
 
 // --- what a load makes of a file
 
@@ -146,7 +146,7 @@ TEST_CASE("the record of a loaded line holds handler, operand, texts and place")
         CHECK_TEXT(Line.m_szOperandText, Row.szOperandText);
         CHECK(Line.m_nOperand == Row.nOperand);
         CHECK(Line.m_nListingLine == 2);
-        CHECK((Line.m_pInstruction == nullptr) == (Row.szLine[0] == '3'));
+        CHECK((!Line.m_pInstruction) == (Row.szLine[0] == '3'));
         CheckProgram(Rig);
     }
 }
@@ -328,10 +328,7 @@ TEST_CASE("98 lines fill memory to its end")
 
 // --- lines that are rejected
 
-namespace
-{
-
-const struct
+static const struct
 {
     const char *szLine;
     const char *szMessage;  // with % for the line number
@@ -348,13 +345,11 @@ const struct
     {"PAUSE 5", "Error: illegal operand on line %:\nPAUSE 5"},
 };
 
-std::string Message(const char *szMessage, unsigned nLine)
+static std::string Message(const char *szMessage, unsigned nLine)
 {
     std::string Text = szMessage;
     return Text.replace(Text.find('%'), 1, std::to_string(nLine));
 }
-
-}  // namespace
 
 TEST_CASE("a line that the user lets go is marked and left out")
 {
@@ -822,11 +817,8 @@ TEST_CASE("a line of fifty megabytes loads in pieces or is cancelled at the firs
     CheckProgram(Rig);
 }
 
-namespace
-{
-
 // Bytes, or words that a listing is made of.
-std::string RandomFile(std::mt19937 *pRandom)
+static std::string RandomFile(std::mt19937 *pRandom)
 {
     static const char *const s_Words[] = {
         "STO", "RCL", "GTO",  "LBL",  "FIX",   "STO+", "x<>y", "R/S",   "ENTER", "i",   "5",
@@ -848,7 +840,7 @@ std::string RandomFile(std::mt19937 *pRandom)
     return Text;
 }
 
-std::vector<std::string> Steps(cCalculatorRig &Rig)
+static std::vector<std::string> Steps(cCalculatorRig &Rig)
 {
     std::vector<std::string> Steps;
     for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
@@ -856,8 +848,6 @@ std::vector<std::string> Steps(cCalculatorRig &Rig)
                         std::to_string(Rig.State().m_Program[nLine].m_nOperand));
     return Steps;
 }
-
-}  // namespace
 
 TEST_CASE("random files leave memory in order, and saved they load as the same program")
 {

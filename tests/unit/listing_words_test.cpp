@@ -24,7 +24,9 @@ public:
     }
 };
 
-cListingLine Parsed(const std::string &Line)
+}  // namespace
+
+static cListingLine Parsed(const std::string &Line)
 {
     static const cMnemonics s_Mnemonics;
     cListingLine            Parsed;
@@ -32,13 +34,13 @@ cListingLine Parsed(const std::string &Line)
     return Parsed;
 }
 
-eListingLine Kind(const std::string &Line)
+static eListingLine Kind(const std::string &Line)
 {
     return Parsed(Line).m_nKind;
 }
 
 // All pieces in which a text comes.
-std::vector<std::string> Pieces(const std::string &Text)
+static std::vector<std::string> Pieces(const std::string &Text)
 {
     std::vector<std::string> Pieces;
     char                     szLine[kFileLineText];
@@ -48,8 +50,6 @@ std::vector<std::string> Pieces(const std::string &Text)
         Pieces.push_back(szLine);
     return Pieces;
 }
-
-}  // namespace
 
 TEST_CASE("blank lines and those that begin with a semicolon are comments")
 {
@@ -263,10 +263,7 @@ TEST_CASE("a NUL byte hides the rest of its piece")
           std::vector<std::string>{"a", "x", "b"});
 }
 
-namespace
-{
-
-const cInstruction &InstructionOf(const char *szMnemonic)
+static const cInstruction &InstructionOf(const char *szMnemonic)
 {
     for (const cInstruction &Instruction : Instructions())
         if (std::string(Instruction.m_szMnemonic) == szMnemonic)
@@ -275,14 +272,12 @@ const cInstruction &InstructionOf(const char *szMnemonic)
     return Instructions()[0];
 }
 
-template <class cPrint> std::string Listed(cPrint Print, size_t nSize = kListedText)
+template <class cPrint> static std::string Listed(cPrint Print, size_t nSize = kListedText)
 {
     char szText[kListedText];
     Print(szText, nSize);
     return szText;
 }
-
-}  // namespace
 
 TEST_CASE("an instruction is printed with its operand, as a step keeps two characters of it")
 {

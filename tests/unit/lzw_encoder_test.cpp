@@ -7,11 +7,8 @@
 
 #include "tests/unit/lzw_model.h"
 
-namespace
-{
-
 // The encoder's data for pixels that come in pieces of nPiece.
-cBytes Encoded(const cBytes &Pixels, unsigned nMinimumSize, size_t nPiece = 1000000)
+static cBytes Encoded(const cBytes &Pixels, unsigned nMinimumSize, size_t nPiece = 1000000)
 {
     std::vector<cLzwRecord> Records(kLzwRecords);
     std::vector<uint32_t>   Slots(kLzwSlots, 0xABCD);
@@ -23,7 +20,7 @@ cBytes Encoded(const cBytes &Pixels, unsigned nMinimumSize, size_t nPiece = 1000
     return Sink.m_Bytes;
 }
 
-cBytes RandomPixels(size_t nPixels, unsigned nColours, unsigned nSeed)
+static cBytes RandomPixels(size_t nPixels, unsigned nColours, unsigned nSeed)
 {
     std::mt19937 Random(nSeed);
     cBytes       Pixels(nPixels);
@@ -31,8 +28,6 @@ cBytes RandomPixels(size_t nPixels, unsigned nColours, unsigned nSeed)
         nPixel = static_cast<uint8_t>(Random() % nColours);
     return Pixels;
 }
-
-}  // namespace
 
 TEST_CASE("the encoder's work memory has its fixed sizes")
 {

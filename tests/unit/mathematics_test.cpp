@@ -5,13 +5,10 @@
 
 #include "tests/unit/calculator_rig.h"
 
-namespace
-{
+static const double kMost = 9.999999999e99;
+static const double kNan  = std::numeric_limits<double>::quiet_NaN();
 
-const double kMost = 9.999999999e99;
-const double kNan  = std::numeric_limits<double>::quiet_NaN();
-
-double Held(double dValue)
+static double Held(double dValue)
 {
     if (std::fabs(dValue) > kMost)
         return dValue > 0 ? kMost : -kMost;
@@ -19,7 +16,7 @@ double Held(double dValue)
 }
 
 // A number of any size that the stack can hold.
-double AnyNumber(std::mt19937_64 *pRandom)
+static double AnyNumber(std::mt19937_64 *pRandom)
 {
     std::uniform_real_distribution<double> Mantissas(-9.99, 9.99);
     std::uniform_int_distribution<int>     Exponents(-90, 99);
@@ -27,8 +24,6 @@ double AnyNumber(std::mt19937_64 *pRandom)
     const int nExponent = (*pRandom)() % 2 ? Exponents(*pRandom) : Modest(*pRandom);
     return Held(Mantissas(*pRandom) * std::pow(10.0, nExponent));
 }
-
-}  // namespace
 
 TEST_CASE("functions of X give its image, keep the stack and save X")
 {

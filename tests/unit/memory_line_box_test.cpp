@@ -7,25 +7,20 @@
 
 #include <doctest/doctest.h>
 
-namespace
-{
-
-std::string Line(const cLineBox &Box, unsigned nLine, size_t nSize = 100)
+static std::string Line(const cLineBox &Box, unsigned nLine, size_t nSize = 100)
 {
     std::vector<char> Text(nSize, '?');
     CHECK(Box.GetLine(nLine, Text.data(), nSize) == 1);
-    REQUIRE(memchr(Text.data(), 0, nSize) != nullptr);
+    REQUIRE(memchr(Text.data(), 0, nSize));
     return Text.data();
 }
 
-std::string All(const cLineBox &Box)
+static std::string All(const cLineBox &Box)
 {
     std::vector<char> Text(Box.GetTextLength() + 1, '?');
     CHECK(Box.GetText(Text.data(), Text.size()) == Box.GetTextLength());
     return Text.data();
 }
-
-}  // namespace
 
 TEST_CASE("a new box is empty")
 {
@@ -156,7 +151,7 @@ TEST_CASE("random changes give what a list of texts gives")
         const unsigned    nLine = static_cast<unsigned>(Random() % (Lines.size() + 2));
         const std::string Text  = std::string(Random() % 4, 'x') + "\r\n";
         const auto        Place = static_cast<std::ptrdiff_t>(nLine);
-        const bool        bLine = nLine < Lines.size();
+        const int         bLine = nLine < Lines.size();
         switch (Random() % 3)
         {
         case 0:

@@ -9,14 +9,9 @@
 #include "tests/unit/failing_memory.h"
 #include "tests/unit/recording_boxes.h"
 
-namespace
-{
-
 // Only their addresses matter.
-const cInstruction kFirst  = {};
-const cInstruction kSecond = {};
-
-}  // namespace
+static const cInstruction kFirst  = {};
+static const cInstruction kSecond = {};
 
 TEST_CASE("a mnemonic's hash is the sum of its bytes, taken as signed")
 {
@@ -57,7 +52,7 @@ TEST_CASE("a mnemonic map finds exactly what was put in")
     for (const char *const szOther : {"Sqrt", "SQRT", "sqr", "sqrt ", "tqrs", "STO", "i", ""})
     {
         CAPTURE(std::string(szOther));
-        CHECK(Map.Find(szOther) == nullptr);
+        CHECK(!Map.Find(szOther));
         CHECK(Map.Contains(szOther) == 0);
     }
 }
@@ -69,7 +64,7 @@ TEST_CASE("an empty mnemonic map finds nothing and has taken no memory")
     cMnemonicMap    Map(120, &Boxes);
 
     CHECK(Map.Contains("sqrt") == 0);
-    CHECK(Map.Find("sqrt") == nullptr);
+    CHECK(!Map.Find("sqrt"));
     CHECK(Memory.FailuresLeft() == 1);
     CHECK(Boxes.m_Boxes.empty());
 }
@@ -80,7 +75,7 @@ TEST_CASE("a new slot is null and stays the same slot")
     cMnemonicMap    Map(120, &Boxes);
 
     const cInstruction *&pSlot = Map.Slot("sin");
-    CHECK(pSlot == nullptr);
+    CHECK(!pSlot);
     CHECK(Map.Contains("sin") == 1);
 
     pSlot           = &kFirst;

@@ -49,12 +49,12 @@ struct cOrderRig
     cTestEngine    m_Engine;
 };
 
-void SetKeepOpen(cCalculatorRig *pRig, int bListing, int bRegisters)
+}  // namespace
+
+static void SetKeepOpen(cCalculatorRig *pRig, int bListing, int bRegisters)
 {
     pRig->m_Engine.ApplyOptions({bListing, bRegisters, 0, 0});
 }
-
-}  // namespace
 
 TEST_CASE("entering program mode goes step by step")
 {

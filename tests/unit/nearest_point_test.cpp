@@ -41,12 +41,12 @@ struct cNearestRig
     cRecordingCanvas m_Canvas;
 };
 
-int Distance(cPoint a, cPoint b)
+}  // namespace
+
+static int Distance(cPoint a, cPoint b)
 {
     return abs(a.m_nX - b.m_nX) + abs(a.m_nY - b.m_nY);
 }
-
-}  // namespace
 
 TEST_CASE("without data there is no nearest point")
 {

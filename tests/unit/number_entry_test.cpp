@@ -3,13 +3,10 @@
 
 #include "tests/unit/calculator_rig.h"
 
-namespace
-{
-
-const double kMost = 9.999999999e99;
+static const double kMost = 9.999999999e99;
 
 // Keys of a number: digits, point, e, and n for CHS.
-void Key(cCalculatorRig *pRig, const char *szKeys)
+static void Key(cCalculatorRig *pRig, const char *szKeys)
 {
     for (const char *p = szKeys; *p; p++)
         if (*p == 'n')
@@ -18,7 +15,7 @@ void Key(cCalculatorRig *pRig, const char *szKeys)
             CHECK(pRig->m_Engine.EnterCharacter(*p) == 1);
 }
 
-size_t CountRejects(const cCalculatorRig &Rig)
+static size_t CountRejects(const cCalculatorRig &Rig)
 {
     for (const unsigned nSound : Rig.m_Host.m_Sounds)
         CHECK(nSound == 10051);
@@ -26,19 +23,17 @@ size_t CountRejects(const cCalculatorRig &Rig)
 }
 
 // X as texts and number, the display with it.
-void CheckX(cCalculatorRig *pRig, const char *szText, double dValue)
+static void CheckX(cCalculatorRig *pRig, const char *szText, double dValue)
 {
     CHECK_TEXT(pRig->State().m_szX, szText);
     CHECK_TEXT(pRig->Display(), szText);
     CHECK(pRig->X() == dValue);
 }
 
-int IsEntryInProgress(cCalculatorRig *pRig)
+static int IsEntryInProgress(cCalculatorRig *pRig)
 {
     return pRig->State().m_szEntry[0] != 0;
 }
-
-}  // namespace
 
 TEST_CASE("X and the display show a number as it is keyed")
 {
@@ -410,7 +405,7 @@ TEST_CASE("in program mode a number grows in one line and the stack stays")
 
         CHECK_TEXT(Rig.ListingLine(1), Row.szLine);
         CHECK_TEXT(Rig.State().m_Program[1].m_szText, Row.szLine + 3);
-        CHECK(Rig.State().m_Program[1].m_pInstruction == nullptr);
+        CHECK(!Rig.State().m_Program[1].m_pInstruction);
         CHECK_TEXT(Rig.ListingLine(2), "02 R/S");
         CHECK(Rig.State().m_nCurLine == 1);
         CHECK(IsEntryInProgress(&Rig));

@@ -9,24 +9,21 @@
 #include "tests/unit/calculator_rig.h"
 #include "tests/unit/exact_decimal.h"
 
-namespace
-{
-
-const double kInfinity = std::numeric_limits<double>::infinity();
-const double kNan      = std::numeric_limits<double>::quiet_NaN();
+static const double kInfinity = std::numeric_limits<double>::infinity();
+static const double kNan      = std::numeric_limits<double>::quiet_NaN();
 
 // Smallest magnitudes shown in fixed notation, FIX 0 to FIX 9.
-const double kFixMin[] = {0.5, 0.05, 0.005, 0.0005, 0.00005, 5e-6, 5e-7, 5e-8, 5e-9, 5e-10};
+static const double kFixMin[] = {0.5, 0.05, 0.005, 0.0005, 0.00005, 5e-6, 5e-7, 5e-8, 5e-9, 5e-10};
 
 // What FIX, SCI or ENG sets on a new calculator.
-cNumberFormat FormatOf(const char *szMode, unsigned nDigits)
+static cNumberFormat FormatOf(const char *szMode, unsigned nDigits)
 {
     cCalculatorRig Rig;
     Rig.Run(szMode, nDigits);
     return Rig.State();
 }
 
-std::string Formatted(double dValue, const cNumberFormat &Format, unsigned nCode = 0)
+static std::string Formatted(double dValue, const cNumberFormat &Format, unsigned nCode = 0)
 {
     char szText[kStackText];
     CHECK(FormatNumber(dValue, Format, szText) == nCode);
@@ -35,25 +32,25 @@ std::string Formatted(double dValue, const cNumberFormat &Format, unsigned nCode
 }
 
 // nCode: the code that is reported for it.
-std::string Shown(const char *szMode, unsigned nDigits, double dValue, unsigned nCode = 0)
+static std::string Shown(const char *szMode, unsigned nDigits, double dValue, unsigned nCode = 0)
 {
     return Formatted(dValue, FormatOf(szMode, nDigits), nCode);
 }
 
 // --- the same texts from exact digits
 
-const char *SignOf(double dValue)
+static const char *SignOf(double dValue)
 {
     return std::signbit(dValue) ? "-" : "+";
 }
 
-std::string ExponentText(int nExponent)
+static std::string ExponentText(int nExponent)
 {
     const std::string Digits = std::to_string(std::abs(nExponent));
     return (nExponent < 0 ? "e-" : "e+") + std::string(Digits.size() < 2 ? 1 : 0, '0') + Digits;
 }
 
-std::string ExpectedFixed(double dValue, int nPlaces)
+static std::string ExpectedFixed(double dValue, int nPlaces)
 {
     const cExactDecimal Exact = ExactDecimal(dValue);
     cExactDecimal       Round = Rounded(Exact, Exact.m_nPoint + nPlaces);
@@ -66,7 +63,7 @@ std::string ExpectedFixed(double dValue, int nPlaces)
 }
 
 // nDigits significant digits, a zero as 0.000 x 10^1.
-cExactDecimal Significant(double dValue, int nDigits)
+static cExactDecimal Significant(double dValue, int nDigits)
 {
     cExactDecimal Round = Rounded(ExactDecimal(dValue), nDigits);
     Round.m_Digits.resize(static_cast<size_t>(nDigits), '0');
@@ -75,7 +72,7 @@ cExactDecimal Significant(double dValue, int nDigits)
     return Round;
 }
 
-std::string ExpectedScientific(double dValue, int nPlaces)
+static std::string ExpectedScientific(double dValue, int nPlaces)
 {
     cExactDecimal Round = Significant(dValue, nPlaces + 1);
     if (nPlaces > 0)
@@ -83,7 +80,7 @@ std::string ExpectedScientific(double dValue, int nPlaces)
     return SignOf(dValue) + Round.m_Digits + ExponentText(Round.m_nPoint - 1);
 }
 
-std::string ExpectedEngineering(double dValue, int nDigits)
+static std::string ExpectedEngineering(double dValue, int nDigits)
 {
     cExactDecimal Round    = Significant(dValue, nDigits + 1);
     const int     nThrees  = static_cast<int>(std::floor((Round.m_nPoint - 1) / 3.0));
@@ -95,17 +92,15 @@ std::string ExpectedEngineering(double dValue, int nDigits)
     return SignOf(dValue) + Round.m_Digits + ExponentText(3 * nThrees);
 }
 
-std::string Expected(double dValue, const char *szMode, int nDigits)
+static std::string Expected(double dValue, const char *szMode, int nDigits)
 {
     if (strcmp(szMode, "ENG") == 0)
         return ExpectedEngineering(dValue, nDigits);
     const double dMagnitude = std::fabs(dValue);
-    const bool   bFits = dMagnitude == 0.0 || (dMagnitude >= kFixMin[nDigits] && dMagnitude < 1e10);
+    const int    bFits = dMagnitude == 0.0 || (dMagnitude >= kFixMin[nDigits] && dMagnitude < 1e10);
     return strcmp(szMode, "FIX") == 0 && bFits ? ExpectedFixed(dValue, nDigits)
                                                : ExpectedScientific(dValue, nDigits);
 }
-
-}  // namespace
 
 TEST_CASE("FIX, SCI and ENG build their formats")
 {

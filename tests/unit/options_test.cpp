@@ -1,19 +1,14 @@
 #include "tests/unit/calculator_rig.h"
 
-namespace
-{
-
-const int kUntouched = 7;
+static const int kUntouched = 7;
 
 // Marks what the host was last asked for, so that a new wish shows.
-void MarkHost(cCalculatorRig *pRig)
+static void MarkHost(cCalculatorRig *pRig)
 {
     pRig->m_Host.m_bListingShown   = kUntouched;
     pRig->m_Host.m_bRegistersShown = kUntouched;
     pRig->m_Host.m_Enabled[209]    = kUntouched;
 }
-
-}  // namespace
 
 TEST_CASE("a new calculator keeps no box open, traces nothing and sounds")
 {

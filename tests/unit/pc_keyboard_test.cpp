@@ -1,10 +1,7 @@
 #include "tests/unit/calculator_rig.h"
 
-namespace
-{
-
 // clang-format off
-const struct { char cChar; unsigned nKey; } s_Characters[] =
+static const struct { char cChar; unsigned nKey; } s_Characters[] =
 {
     { '\r', 11 }, { 'e', 13 },
     { '-',  15 }, { '7', 16 }, { '8', 17 }, { '9', 18 },
@@ -14,9 +11,9 @@ const struct { char cChar; unsigned nKey; } s_Characters[] =
 };
 // clang-format on
 
-const char kEscape = 27;
+static const char kEscape = 27;
 
-int IsMapped(int nChar)
+static int IsMapped(int nChar)
 {
     for (const auto &Row : s_Characters)
         if (Row.cChar == nChar)
@@ -25,7 +22,7 @@ int IsMapped(int nChar)
 }
 
 // Everything that a key may change.
-std::string Snapshot(cCalculatorRig &Rig)
+static std::string Snapshot(cCalculatorRig &Rig)
 {
     const cVorstekState &State = Rig.State();
     std::string          Text = Rig.Display() + "|" + State.m_szKeystrokes + "|" + State.m_szLastOp;
@@ -36,7 +33,7 @@ std::string Snapshot(cCalculatorRig &Rig)
 }
 
 // Runs an endless loop and delivers Event in its third drain; the tenth halts.
-void RunWith(cCalculatorRig *pRig, const std::function<void()> &Event)
+static void RunWith(cCalculatorRig *pRig, const std::function<void()> &Event)
 {
     pRig->Load("LBL 1\nGTO 1\n");
     pRig->m_Host.m_OnDrain = [Event, nDrains = 0]() mutable {
@@ -48,8 +45,6 @@ void RunWith(cCalculatorRig *pRig, const std::function<void()> &Event)
     pRig->Forget();
     pRig->Up(kKeyRunStop);
 }
-
-}  // namespace
 
 TEST_CASE("a typed character is the press and the release of its key")
 {

@@ -10,10 +10,10 @@
 #include "tests/unit/recording_boxes.h"
 #include "tests/unit/recording_canvas.h"
 
+static const cRect kPicture = {0, 0, 640, 480};
+
 namespace
 {
-
-const cRect kPicture = {0, 0, 640, 480};
 
 struct cLayoutRig
 {

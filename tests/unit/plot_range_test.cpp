@@ -11,16 +11,16 @@
 #include "graph/vantor_plot.h"
 #include "tests/unit/recording_boxes.h"
 
-namespace
-{
-
 // By the C library, in the locale "C".
-double Printed(double dValue)
+static double Printed(double dValue)
 {
     char szText[32];
     snprintf(szText, sizeof szText, "%.2e", dValue);
     return strtod(szText, nullptr);
 }
+
+namespace
+{
 
 struct cRangeRig
 {
@@ -43,15 +43,15 @@ struct cRangeRig
     cVantorPlot     m_Plot;
 };
 
-void CheckBounds(const cPlotRange &Range, float fXMin, float fXMax, float fYMin, float fYMax)
+}  // namespace
+
+static void CheckBounds(const cPlotRange &Range, float fXMin, float fXMax, float fYMin, float fYMax)
 {
     CHECK(Range.m_fXMin == fXMin);
     CHECK(Range.m_fXMax == fXMax);
     CHECK(Range.m_fYMin == fYMin);
     CHECK(Range.m_fYMax == fYMax);
 }
-
-}  // namespace
 
 TEST_CASE("bounds are pushed outwards and rounded to three digits")
 {

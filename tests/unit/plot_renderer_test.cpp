@@ -14,9 +14,14 @@ namespace
 
 typedef std::vector<cPoint> cPoints;
 
-const uint32_t kAxis = MakeColour(1, 2, 3);
-const uint32_t kText = MakeColour(4, 5, 6);
-const uint32_t kRed  = MakeColour(255, 0, 0);
+}  // namespace
+
+static const uint32_t kAxis = MakeColour(1, 2, 3);
+static const uint32_t kText = MakeColour(4, 5, 6);
+static const uint32_t kRed  = MakeColour(255, 0, 0);
+
+namespace
+{
 
 struct cRendererRig
 {
@@ -68,7 +73,7 @@ struct cRendererRig
     {
         const cRecordingCanvas::cCall *const pLabel = m_Canvas.LabelOf(szText);
         CAPTURE(szText);
-        REQUIRE(pLabel != nullptr);
+        REQUIRE(pLabel);
         CHECK(pLabel->m_Points == cPoints{At});
         CHECK(pLabel->m_nAlign == nAlign);
         CHECK(pLabel->m_Pen.m_crColor == kText);
@@ -79,12 +84,12 @@ struct cRendererRig
     cRecordingCanvas m_Canvas;
 };
 
-bool IsPen(const cPlotPen &Pen, uint32_t nStyle, uint32_t nWidth, uint32_t crColour)
+}  // namespace
+
+static int IsPen(const cPlotPen &Pen, uint32_t nStyle, uint32_t nWidth, uint32_t crColour)
 {
     return Pen.m_nStyle == nStyle && Pen.m_nWidth == nWidth && Pen.m_crColor == crColour;
 }
-
-}  // namespace
 
 TEST_CASE("each axis goes out in one call, ticks first")
 {
@@ -292,10 +297,10 @@ TEST_CASE("a point at (5, 5) alone is drawn as a marker between 4 and 6")
 
     REQUIRE(Rig.Draw() == 1);
 
-    CHECK(Rig.m_Canvas.LabelOf("4") != nullptr);
-    CHECK(Rig.m_Canvas.LabelOf("6") != nullptr);
-    CHECK(Rig.m_Canvas.LabelOf("4 ") != nullptr);
-    CHECK(Rig.m_Canvas.LabelOf("6 ") != nullptr);
+    CHECK(Rig.m_Canvas.LabelOf("4"));
+    CHECK(Rig.m_Canvas.LabelOf("6"));
+    CHECK(Rig.m_Canvas.LabelOf("4 "));
+    CHECK(Rig.m_Canvas.LabelOf("6 "));
     CHECK(Rig.m_Canvas.Calls(cRecordingCanvas::caPolygons).size() == 1);
     CHECK(Rig.m_Canvas.Calls(cRecordingCanvas::caLine).empty());
 }
@@ -318,14 +323,14 @@ TEST_CASE("the legend is drawn for picture and printer, not for the screen")
     Rig.m_Plot.SetLegend(1);
 
     REQUIRE(Rig.Draw(ptScreen) == 1);
-    CHECK(Rig.m_Canvas.LabelOf(" line") == nullptr);
+    CHECK(!Rig.m_Canvas.LabelOf(" line"));
     REQUIRE(Rig.Draw(ptImage) == 1);
-    CHECK(Rig.m_Canvas.LabelOf(" line") != nullptr);
+    CHECK(Rig.m_Canvas.LabelOf(" line"));
     REQUIRE(Rig.Draw(ptPrinter) == 1);
-    CHECK(Rig.m_Canvas.LabelOf(" line") != nullptr);
+    CHECK(Rig.m_Canvas.LabelOf(" line"));
     Rig.m_Plot.SetLegend(0);
     REQUIRE(Rig.Draw(ptImage) == 1);
-    CHECK(Rig.m_Canvas.LabelOf(" line") == nullptr);
+    CHECK(!Rig.m_Canvas.LabelOf(" line"));
 }
 
 TEST_CASE("in a plot without room no data are drawn")

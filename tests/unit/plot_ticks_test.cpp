@@ -7,10 +7,7 @@
 
 #include <doctest/doctest.h>
 
-namespace
-{
-
-std::string Shown(double dValue)
+static std::string Shown(double dValue)
 {
     char szText[kValueText];
     CHECK(FormatValue(dValue, szText) == 1);
@@ -18,7 +15,7 @@ std::string Shown(double dValue)
 }
 
 // The texts at all ticks, with a blank between each two.
-std::string Texts(float fFirst, float fLast, uint32_t nTicks)
+static std::string Texts(float fFirst, float fLast, uint32_t nTicks)
 {
     const cTickValues Values(fFirst, fLast, nTicks);
     std::string       All;
@@ -26,8 +23,6 @@ std::string Texts(float fFirst, float fLast, uint32_t nTicks)
         All += (nTick > 0 ? " " : "") + Shown(Values.Value(nTick));
     return All;
 }
-
-}  // namespace
 
 TEST_CASE("values have six significant digits and an exponent of two at least")
 {

@@ -13,9 +13,11 @@ namespace
 
 typedef std::vector<cPoint> cPoints;
 
+}  // namespace
+
 // One pixel is 0.1 along x and 1 along y; (0, 100) is at (50, 20), the bottom
 // at 120.
-cPlotLayout TenPixels()
+static cPlotLayout TenPixels()
 {
     cPlotLayout Layout  = {};
     Layout.m_dXMin      = 0.0;
@@ -25,6 +27,9 @@ cPlotLayout TenPixels()
     Layout.m_Plot       = {50, 20, 250, 120};
     return Layout;
 }
+
+namespace
+{
 
 struct cSetRig
 {
@@ -58,10 +63,10 @@ struct cSetRig
     cVantorPlot     m_Plot;
 };
 
-const std::vector<float> kX = {0.0F, 1.0F, 3.0F};
-const std::vector<float> kY = {10.0F, 40.0F, 30.0F};
-
 }  // namespace
+
+static const std::vector<float> kX = {0.0F, 1.0F, 3.0F};
+static const std::vector<float> kY = {10.0F, 40.0F, 30.0F};
 
 TEST_CASE("a Plot line goes through its points in order, as does one of unknown type")
 {

@@ -10,17 +10,14 @@
 #include "tests/unit/recording_boxes.h"
 #include "toolkit/retry_alloc.h"
 
-namespace
-{
-
 // The points as "x:y" or "y", a blank after each.
-std::string Read(const char *szText, int bWithX)
+static std::string Read(const char *szText, int bWithX)
 {
     cRecordingBoxes Boxes;
     cEnteredPoints  Points;
     CHECK(ReadPoints(szText, bWithX, &Boxes, &Points) == 1);
     CHECK(Boxes.m_Boxes.empty());
-    CHECK((Points.m_pX != nullptr) == (bWithX != 0));
+    CHECK(!Points.m_pX == !bWithX);
     std::string All;
     for (uint32_t i = 0; i < Points.m_nPoints; i++)
     {
@@ -35,21 +32,24 @@ std::string Read(const char *szText, int bWithX)
     return All;
 }
 
+namespace
+{
+
 struct cTextRow
 {
     const char *szText;
     const char *szPoints;
 };
 
-std::string Written(const cVantorPlot &Plot, uint32_t nLine)
+}  // namespace
+
+static std::string Written(const cVantorPlot &Plot, uint32_t nLine)
 {
     cRecordingBoxes Boxes;
     const auto      pszText = WritePoints(*Plot.DataSet(nLine), &Boxes);
     REQUIRE(pszText);
     return pszText.get();
 }
-
-}  // namespace
 
 TEST_CASE("a line of y data counts when it holds exactly one number")
 {
@@ -172,6 +172,6 @@ TEST_CASE("a user who gives up for lack of memory gets no points and no text")
     }
     cRecordingBoxes Boxes({anCancel});
     cFailingMemory  Memory(0, 1);
-    CHECK(WritePoints(*Plot.DataSet(1), &Boxes) == nullptr);
+    CHECK(!WritePoints(*Plot.DataSet(1), &Boxes));
     CHECK(Boxes.m_QuitCodes == std::vector<int>{0});
 }

@@ -39,7 +39,7 @@ struct cLegendRig
     {
         const cRecordingCanvas::cCall *const pLabel = m_Canvas.LabelOf(szText);
         CAPTURE(szText);
-        REQUIRE(pLabel != nullptr);
+        REQUIRE(pLabel);
         CHECK(pLabel->m_nAlign == alLeft);
         return pLabel->m_Points[0].m_nX;
     }
@@ -133,13 +133,13 @@ TEST_CASE("min and max are drawn only where all columns fit")
     const int nWhole = 90 + 50 + 40 + 24;  // to the end of "max"
 
     Rig.Draw({0, 0, nWhole, 480});
-    CHECK(Rig.m_Canvas.LabelOf("max") != nullptr);
-    CHECK(Rig.m_Canvas.LabelOf("-1.5") != nullptr);
+    CHECK(Rig.m_Canvas.LabelOf("max"));
+    CHECK(Rig.m_Canvas.LabelOf("-1.5"));
 
     Rig.Draw({0, 0, nWhole - 1, 480});
-    CHECK(Rig.m_Canvas.LabelOf("alpha") != nullptr);
+    CHECK(Rig.m_Canvas.LabelOf("alpha"));
     for (const char *szText : {"min", "max", "-1.5", "20"})
-        CHECK(Rig.m_Canvas.LabelOf(szText) == nullptr);
+        CHECK(!Rig.m_Canvas.LabelOf(szText));
 }
 
 TEST_CASE("min and max are the stored values, whatever the multiplier")
@@ -150,8 +150,8 @@ TEST_CASE("min and max are the stored values, whatever the multiplier")
 
     Rig.Draw();
 
-    CHECK(Rig.m_Canvas.LabelOf("-1.5") != nullptr);
-    CHECK(Rig.m_Canvas.LabelOf("20") != nullptr);
+    CHECK(Rig.m_Canvas.LabelOf("-1.5"));
+    CHECK(Rig.m_Canvas.LabelOf("20"));
 }
 
 TEST_CASE("rows below the legend's edge are not drawn")
@@ -162,12 +162,12 @@ TEST_CASE("rows below the legend's edge are not drawn")
 
     Rig.Draw({0, 0, 640, 100});  // half of it: 50 pixels, 2 rows and a part
 
-    CHECK(Rig.m_Canvas.LabelOf("set 2") != nullptr);
-    CHECK(Rig.m_Canvas.LabelOf("set 3") == nullptr);
+    CHECK(Rig.m_Canvas.LabelOf("set 2"));
+    CHECK(!Rig.m_Canvas.LabelOf("set 3"));
 
     Rig.Draw({0, 0, 640, 84});  // 42 pixels: 2 rows exactly
-    CHECK(Rig.m_Canvas.LabelOf("set 1") != nullptr);
-    CHECK(Rig.m_Canvas.LabelOf("set 2") == nullptr);
+    CHECK(Rig.m_Canvas.LabelOf("set 1"));
+    CHECK(!Rig.m_Canvas.LabelOf("set 2"));
 }
 
 TEST_CASE("a legend without room is not drawn")

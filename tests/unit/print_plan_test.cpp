@@ -4,17 +4,14 @@
 
 #include <doctest/doctest.h>
 
-namespace
-{
-
 // 8.5 by 11 inches with edges of 30, 40, 50 and 60 pixels; 300 pixels per inch
 // across, 600 down.
-const cPaper kLetter = {0, 300, 600, 2550, 6600, 30, 40, 50, 60};
+static const cPaper kLetter = {0, 300, 600, 2550, 6600, 30, 40, 50, 60};
 
-const cPrintChoice kAllOnce = {1, 0, 0, 0, 0};
+static const cPrintChoice kAllOnce = {1, 0, 0, 0, 0};
 
 // "1 2 3" for the pages in the order in which they are printed.
-std::string Sheets(const cPrintPlan &Plan)
+static std::string Sheets(const cPrintPlan &Plan)
 {
     std::string Pages;
     for (int i = 0; i < CountSheets(Plan); i++)
@@ -23,12 +20,10 @@ std::string Sheets(const cPrintPlan &Plan)
 }
 
 // A plan for nLines lines on pages of 10 lines.
-cPrintPlan TenLinesPerPage(int nLines, const cPrintChoice &Choice)
+static cPrintPlan TenLinesPerPage(int nLines, const cPrintChoice &Choice)
 {
     return PlanPrint(nLines, {0, 0, 205}, 20, Choice);
 }
-
-}  // namespace
 
 TEST_CASE("the text band keeps the margins where they are wider than the printer's edges")
 {

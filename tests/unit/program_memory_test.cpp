@@ -2,28 +2,25 @@
 
 #include "tests/unit/calculator_rig.h"
 
-namespace
-{
-
-std::string TwoDigits(unsigned nNumber)
+static std::string TwoDigits(unsigned nNumber)
 {
     return (nNumber < 10 ? "0" : "") + std::to_string(nNumber);
 }
 
 // "01 STO 3".
-std::string Numbered(unsigned nLine, const std::string &Text)
+static std::string Numbered(unsigned nLine, const std::string &Text)
 {
     return TwoDigits(nLine) + " " + Text;
 }
 
 // Lines 1 to 98 hold "FIX 1", "SCI 2", "ENG 3", "FIX 4", ...
-std::string FullLine(unsigned nLine)
+static std::string FullLine(unsigned nLine)
 {
     static const char *const s_Modes[] = {"ENG ", "FIX ", "SCI "};
     return s_Modes[nLine % 3] + std::to_string(nLine % 10);
 }
 
-void LoadFull(cCalculatorRig *pRig)
+static void LoadFull(cCalculatorRig *pRig)
 {
     std::string Listing;
     for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
@@ -31,7 +28,7 @@ void LoadFull(cCalculatorRig *pRig)
     pRig->Load(Listing.c_str());
 }
 
-void GoTo(cCalculatorRig *pRig, unsigned nLine)
+static void GoTo(cCalculatorRig *pRig, unsigned nLine)
 {
     pRig->Type("GTO .");
     pRig->Type(TwoDigits(nLine).c_str());
@@ -39,10 +36,10 @@ void GoTo(cCalculatorRig *pRig, unsigned nLine)
 
 // Whether every line's record, its number and its text are in the listing
 // where the record says.
-void CheckListing(cCalculatorRig &Rig)
+static void CheckListing(cCalculatorRig &Rig)
 {
     const cVorstekState &State = Rig.State();
-    CHECK(State.m_Program[0].m_pInstruction == nullptr);
+    CHECK(!State.m_Program[0].m_pInstruction);
     CHECK(State.m_Program[0].m_nListingLine == 0);
     CHECK_TEXT(State.m_Program[0].m_szText, "");
     CHECK_TEXT(State.m_Program[0].m_szOperandText, "");
@@ -52,8 +49,6 @@ void CheckListing(cCalculatorRig &Rig)
                    Numbered(nLine, Rig.Step(nLine)));
     CHECK(Rig.Highlighted() == State.m_Program[State.m_nCurLine].m_nListingLine);
 }
-
-}  // namespace
 
 // --- clearing
 
@@ -89,7 +84,7 @@ TEST_CASE("clearing empties memory, listing, name and current line")
         CHECK_TEXT(Rig.Step(nLine), "R/S");
         CHECK(Rig.State().m_Program[nLine].m_nOperand == 0);
         CHECK(Rig.State().m_Program[nLine].m_nListingLine == nLine);
-        CHECK(Rig.State().m_Program[nLine].m_pInstruction != nullptr);
+        CHECK(Rig.State().m_Program[nLine].m_pInstruction);
     }
     CheckListing(Rig);
     CHECK(Rig.State().m_bProgramModified == 0);
@@ -346,7 +341,7 @@ TEST_CASE("a number grows in one line")
         const ProgramLine &Line = Rig.State().m_Program[2];
         CHECK_TEXT(Line.m_szText, Row.szText);
         CHECK_TEXT(Line.m_szOperandText, "");
-        CHECK(Line.m_pInstruction == nullptr);
+        CHECK(!Line.m_pInstruction);
         CHECK(Line.m_nOperand == 0);
         CHECK_TEXT(Rig.Step(1), "CLX");
         CHECK_TEXT(Rig.Step(3), "ENTER");
@@ -376,7 +371,7 @@ TEST_CASE("a number that is started at line 98 overwrites it")
     Rig.Type("12");
 
     CHECK_TEXT(Rig.Step(98), "+12.");
-    CHECK(Rig.State().m_Program[98].m_pInstruction == nullptr);
+    CHECK(!Rig.State().m_Program[98].m_pInstruction);
     CHECK(Rig.State().m_Program[98].m_nOperand == 0);
     CHECK_TEXT(Rig.State().m_Program[98].m_szOperandText, "");
     CHECK_TEXT(Rig.Step(97), FullLine(97));
@@ -777,7 +772,9 @@ private:
     char               m_Sign = '+';
 };
 
-void CheckAgainst(cModel &Model, cCalculatorRig &Rig)
+}  // namespace
+
+static void CheckAgainst(cModel &Model, cCalculatorRig &Rig)
 {
     const std::vector<std::string> Listing = Model.Listing();
     REQUIRE(Rig.m_Listing.CountLines() == Listing.size());
@@ -791,7 +788,7 @@ void CheckAgainst(cModel &Model, cCalculatorRig &Rig)
 }
 
 // One random editing operation, by keys and in the model.
-void Edit(std::mt19937 *pRandom, cCalculatorRig *pRig, cModel *pModel)
+static void Edit(std::mt19937 *pRandom, cCalculatorRig *pRig, cModel *pModel)
 {
     // clang-format off
     static const struct { const char *szKeys; const char *szRecorded; } s_Instructions[] =
@@ -853,8 +850,6 @@ void Edit(std::mt19937 *pRandom, cCalculatorRig *pRig, cModel *pModel)
     }
     }
 }
-
-}  // namespace
 
 TEST_CASE("a thousand random edits give what a plain model gives")
 {

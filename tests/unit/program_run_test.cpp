@@ -6,14 +6,11 @@
 #include "tests/unit/calculator_rig.h"
 #include "tests/unit/scratch_folder.h"
 
-namespace
-{
-
-const char *const kEndless = "LBL 1\nGTO 1\n";
+static const char *const kEndless = "LBL 1\nGTO 1\n";
 
 // Delivers Event from the drain after the nLine-th executed line of the next
 // run; the drain after the hundredth is a quit.
-void At(cCalculatorRig *pRig, unsigned nLine, const std::function<void()> &Event)
+static void At(cCalculatorRig *pRig, unsigned nLine, const std::function<void()> &Event)
 {
     pRig->m_Host.m_nDrains = 0;
     pRig->m_Host.m_OnDrain = [pRig, nLine, Event] {
@@ -24,7 +21,7 @@ void At(cCalculatorRig *pRig, unsigned nLine, const std::function<void()> &Event
 }
 
 // Whether commands 101, 102, 121 and 404 are enabled, as "1111".
-std::string Commands(cCalculatorRig &Rig)
+static std::string Commands(cCalculatorRig &Rig)
 {
     std::string Enabled;
     for (const unsigned nId : {101U, 102U, 121U, 404U})
@@ -32,8 +29,6 @@ std::string Commands(cCalculatorRig &Rig)
             Rig.m_Host.m_Enabled.count(nId) ? std::to_string(Rig.m_Host.m_Enabled[nId]) : "-";
     return Enabled;
 }
-
-}  // namespace
 
 // --- the run loop
 
@@ -334,12 +329,9 @@ TEST_CASE("the host can tell one run from the next")
 
 // --- the switch to program mode that was asked for during a run
 
-namespace
-{
-
 // Asks for program mode after the second line and halts as Halt does after
 // the fifth.
-void AskForProgramMode(cCalculatorRig *pRig, const std::function<void()> &Halt)
+static void AskForProgramMode(cCalculatorRig *pRig, const std::function<void()> &Halt)
 {
     pRig->m_Host.m_nDrains = 0;
     pRig->m_Host.m_OnDrain = [pRig, Halt] {
@@ -352,7 +344,7 @@ void AskForProgramMode(cCalculatorRig *pRig, const std::function<void()> &Halt)
     };
 }
 
-void CheckSwitched(cCalculatorRig &Rig)
+static void CheckSwitched(cCalculatorRig &Rig)
 {
     CHECK(Rig.State().m_bProgramMode == 1);
     CHECK(Rig.State().m_bSwitchToProgramPending == 0);
@@ -365,8 +357,6 @@ void CheckSwitched(cCalculatorRig &Rig)
     CHECK(Rig.m_Host.m_Drawn.m_nLines == 2);
     CHECK_TEXT(Commands(Rig), "1111");
 }
-
-}  // namespace
 
 TEST_CASE("the switch is carried out at once when the program ends by itself")
 {
@@ -711,10 +701,7 @@ TEST_CASE("a number line that does not parse to its end is an inconsistency")
 
 // --- random keys
 
-namespace
-{
-
-int IsOneOf(const std::string &Text, const std::vector<std::string> &Texts)
+static int IsOneOf(const std::string &Text, const std::vector<std::string> &Texts)
 {
     for (const std::string &Other : Texts)
         if (Text == Other)
@@ -723,7 +710,7 @@ int IsOneOf(const std::string &Text, const std::vector<std::string> &Texts)
 }
 
 // Pending keys are known words, a line number's digit, or a wait marker.
-int AreKeystrokes(const std::string &Keystrokes)
+static int AreKeystrokes(const std::string &Keystrokes)
 {
     static const std::vector<std::string> s_Markers = {"", "EWFDK", "EWFUK", "HWFUK"};
     static const std::vector<std::string> s_Words   = {
@@ -740,7 +727,7 @@ int AreKeystrokes(const std::string &Keystrokes)
     return Rest.empty() || (Rest.size() == 1 && Keystrokes.find("GTO . ") == 0);
 }
 
-int IsText(double dValue, const char *szText, const cVorstekState &State)
+static int IsText(double dValue, const char *szText, const cVorstekState &State)
 {
     char szFormatted[kStackText];
     FormatNumber(dValue, State, szFormatted);
@@ -748,7 +735,7 @@ int IsText(double dValue, const char *szText, const cVorstekState &State)
 }
 
 // What holds after every key event.
-void CheckState(const cVorstekState &State)
+static void CheckState(const cVorstekState &State)
 {
     REQUIRE(State.m_nCurLine <= kLastLine);
     REQUIRE(State.m_nReturnDepth <= kReturnLevels);
@@ -770,7 +757,7 @@ void CheckState(const cVorstekState &State)
 }
 
 // Whether the program's records, the listing and the highlight agree.
-void CheckProgram(cCalculatorRig &Rig)
+static void CheckProgram(cCalculatorRig &Rig)
 {
     const cVorstekState &State = Rig.State();
     REQUIRE(Rig.m_Listing.CountLines() == kProgramLines);
@@ -783,6 +770,9 @@ void CheckProgram(cCalculatorRig &Rig)
     }
     REQUIRE(Rig.m_Listing.HighlightedLine() == State.m_nCurLine);
 }
+
+namespace
+{
 
 // Mashes the keys, inside runs as well; every run is halted after some lines.
 class cMasher
@@ -859,7 +849,9 @@ private:
     int             m_nDepth = 0;  // of runs that keys started inside a run
 };
 
-void Mash(cCalculatorRig *pRig, unsigned nSeed, int nEvents, int bTrace)
+}  // namespace
+
+static void Mash(cCalculatorRig *pRig, unsigned nSeed, int nEvents, int bTrace)
 {
     cMasher Masher(pRig, nSeed);
     for (int i = 0; i < nEvents; i++)
@@ -882,8 +874,6 @@ void Mash(cCalculatorRig *pRig, unsigned nSeed, int nEvents, int bTrace)
     CHECK(Masher.m_nLines > static_cast<unsigned>(nEvents) / 40);
     CHECK(Masher.m_nBoxes > static_cast<unsigned>(nEvents) / 100);
 }
-
-}  // namespace
 
 TEST_CASE("two hundred thousand random key events leave the calculator in order")
 {

@@ -5,19 +5,14 @@
 
 #include "tests/unit/calculator_rig.h"
 
-namespace
-{
+static const double kMost = 9.999999999e99;
+static const double kNan  = std::numeric_limits<double>::quiet_NaN();
 
-const double kMost = 9.999999999e99;
-const double kNan  = std::numeric_limits<double>::quiet_NaN();
-
-std::string BoxLine(unsigned nRegister, const char *szValue)
+static std::string BoxLine(unsigned nRegister, const char *szValue)
 {
     return std::string(nRegister < 10 ? "Reg[ " : "Reg[") + std::to_string(nRegister) +
            "] = " + szValue;
 }
-
-}  // namespace
 
 TEST_CASE("the registers box lists thirty registers and LASTx")
 {
@@ -85,7 +80,7 @@ TEST_CASE("register arithmetic changes the register and keeps the stack")
     };
     // clang-format on
     for (const auto &Row : s_Rows)
-        for (const bool bIndirect : {false, true})
+        for (const int bIndirect : {false, true})
         {
             CAPTURE(std::string(Row.szMnemonic));
             CAPTURE(bIndirect);

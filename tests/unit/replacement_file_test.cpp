@@ -22,11 +22,8 @@
 
 namespace fs = std::filesystem;
 
-namespace
-{
-
 // Saves Content under Name. Returns what Commit returns, or 0 if Open does.
-int Save(const std::string &Name, const std::string &Content)
+static int Save(const std::string &Name, const std::string &Content)
 {
     cReplacementFile File;
     if (!File.Open(Name.c_str(), "wb"))
@@ -36,13 +33,11 @@ int Save(const std::string &Name, const std::string &Content)
 }
 
 // Whether a file of this name could be saved; saves nothing.
-int Opens(const std::string &Name)
+static int Opens(const std::string &Name)
 {
     cReplacementFile File;
     return File.Open(Name.c_str(), "wb");
 }
-
-}  // namespace
 
 TEST_CASE("saving makes a file that did not exist")
 {

@@ -4,12 +4,9 @@
 
 #include "tests/unit/calculator_rig.h"
 
-namespace
-{
+static const double kNan = std::numeric_limits<double>::quiet_NaN();
 
-const double kNan = std::numeric_limits<double>::quiet_NaN();
-
-size_t CountBoxes(const cCalculatorRig &Rig, const char *szText)
+static size_t CountBoxes(const cCalculatorRig &Rig, const char *szText)
 {
     size_t nBoxes = 0;
     for (const cRecordingHost::cBox &Box : Rig.m_Host.m_Boxes)
@@ -18,7 +15,7 @@ size_t CountBoxes(const cCalculatorRig &Rig, const char *szText)
 }
 
 // Exactly one box, with this code.
-void CheckCode(cCalculatorRig *pRig, unsigned nCode)
+static void CheckCode(cCalculatorRig *pRig, unsigned nCode)
 {
     CAPTURE(nCode);
     REQUIRE(pRig->m_Host.m_Boxes.size() == 1);
@@ -30,12 +27,15 @@ void CheckCode(cCalculatorRig *pRig, unsigned nCode)
     pRig->Forget();
 }
 
-void SetEntry(cCalculatorRig *pRig, const char *szEntry, const char *szExponent)
+static void SetEntry(cCalculatorRig *pRig, const char *szEntry, const char *szExponent)
 {
     cVorstekState &Raw = pRig->m_Engine.Raw();
     snprintf(Raw.m_szEntry, sizeof Raw.m_szEntry, "%s", szEntry);
     snprintf(Raw.m_szExponent, sizeof Raw.m_szExponent, "%s", szExponent);
 }
+
+namespace
+{
 
 struct cErrorRow
 {
@@ -46,9 +46,11 @@ struct cErrorRow
     const char *szShown;
 };
 
+}  // namespace
+
 // The statistics registers are 0.
 // clang-format off
-const cErrorRow kErrors[] =
+static const cErrorRow kErrors[] =
 {
     { "sin^-1", 1.0000001, 2,    0,    "Error: impossible"    },
     { "sin^-1", -1.5,      2,    0,    "Error: impossible"    },
@@ -93,9 +95,8 @@ const cErrorRow kErrors[] =
     { "SumG",   kNan,      2,    0,    "Error: bad graph"     },
     { "SumG",   2,         kNan, 0,    "Error: bad graph"     },
 };
-// clang-format on
 
-}  // namespace
+// clang-format on
 
 TEST_CASE("a user error is shown, sounds, and changes nothing else")
 {
@@ -175,7 +176,7 @@ TEST_CASE("code 102: a register above 20 is replaced by register 0")
 
             CHECK(Rig.Run(szMnemonic, nRegister) == 1);
             CheckCode(&Rig, 102);
-            const bool bRecall = std::string(szMnemonic) == "RCL";
+            const int bRecall = std::string(szMnemonic) == "RCL";
             CHECK((bRecall ? Rig.X() == 8 : Rig.State().m_dReg[0] != 8));
 
             Rig.Type("PRGM");

@@ -43,7 +43,7 @@ TEST_CASE("giving up on memory posts quit code 0 and returns null")
         return std::unique_ptr<int>();
     });
 
-    CHECK(pMemory == nullptr);
+    CHECK(!pMemory);
     CHECK(nCalls == 2);
     CHECK(Boxes.m_QuitCodes == std::vector<int>{0});
 }

@@ -51,7 +51,7 @@ public:
     void Write(const std::string &File, const std::string &Content) const
     {
         FILE *const pFile = fopen(Name(File).c_str(), "wb");
-        REQUIRE(pFile != nullptr);
+        REQUIRE(pFile);
         const size_t nWritten = fwrite(Content.data(), 1, Content.size(), pFile);
         const int    nClosed  = fclose(pFile);
         REQUIRE(nWritten == Content.size());
@@ -62,7 +62,7 @@ public:
     std::string Read(const std::string &File) const
     {
         FILE *const pFile = fopen(Name(File).c_str(), "rb");
-        REQUIRE(pFile != nullptr);
+        REQUIRE(pFile);
         std::string Content;
         char        Block[4096];
         for (size_t nRead; (nRead = fread(Block, 1, sizeof Block, pFile)) > 0;)
@@ -73,7 +73,7 @@ public:
         return Content;
     }
 
-    bool Has(const std::string &File) const
+    int Has(const std::string &File) const
     {
         FILE *const pFile = fopen(Name(File).c_str(), "rb");
         if (pFile)

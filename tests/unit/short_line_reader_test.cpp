@@ -20,7 +20,9 @@ namespace
 
 typedef std::vector<std::string> cLines;
 
-cLines LinesOf(const cScratchFolder &Folder, const std::string &Content)
+}  // namespace
+
+static cLines LinesOf(const cScratchFolder &Folder, const std::string &Content)
 {
     Folder.Write("lines.txt", Content);
     auto pReader = std::make_unique<cShortLineReader>();
@@ -40,7 +42,7 @@ cLines LinesOf(const cScratchFolder &Folder, const std::string &Content)
 
 // The same by the plainest means: drop each carriage return before a newline,
 // then take 99 bytes at most, ending at a newline.
-cLines PlainLines(const std::string &Content)
+static cLines PlainLines(const std::string &Content)
 {
     std::string Text;
     for (size_t i = 0; i < Content.size(); i++)
@@ -62,8 +64,6 @@ cLines PlainLines(const std::string &Content)
     }
     return Lines;
 }
-
-}  // namespace
 
 TEST_CASE("a file is read line by line, with either line end or none at the end")
 {
@@ -172,7 +172,7 @@ TEST_CASE("any bytes give the same lines as reading byte by byte")
                 Content += Alphabet.szBytes[Random() % Alphabet.nBytes];
             }
 
-            const bool bSame = LinesOf(Folder, Content) == PlainLines(Content);
+            const int bSame = LinesOf(Folder, Content) == PlainLines(Content);
             CHECK(bSame);
         }
 }
@@ -187,7 +187,7 @@ TEST_CASE("lines lie across the end of a block in every way")
             Content += std::string(std::min<size_t>(60, nBefore - Content.size() - 1), 'a') + "\n";
         Content += std::string(98, 'b') + "\r\n" + std::string(99, 'c') + "\r\nd";
 
-        const bool bSame = LinesOf(Folder, Content) == PlainLines(Content);
+        const int bSame = LinesOf(Folder, Content) == PlainLines(Content);
         CAPTURE(nBefore);
         REQUIRE(bSame);
     }

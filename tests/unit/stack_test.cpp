@@ -3,13 +3,10 @@
 
 #include "tests/unit/calculator_rig.h"
 
-namespace
-{
-
-const double kPi = 3.141592653589793;
+static const double kPi = 3.141592653589793;
 
 // The four levels, as numbers and as texts.
-void CheckStack(cCalculatorRig *pRig, double dX, double dY, double dZ, double dT)
+static void CheckStack(cCalculatorRig *pRig, double dX, double dY, double dZ, double dT)
 {
     cCalculatorRig Expected;
     Expected.Set(dX, dY, dZ, dT);
@@ -24,8 +21,6 @@ void CheckStack(cCalculatorRig *pRig, double dX, double dY, double dZ, double dT
     CHECK_TEXT(Is.m_szT, Expected.State().m_szT);
     CHECK_TEXT(Is.m_szDisplay, Expected.State().m_szDisplay);
 }
-
-}  // namespace
 
 TEST_CASE("a new calculator shows 0.00 everywhere and holds nothing but zeros")
 {

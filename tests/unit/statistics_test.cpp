@@ -4,13 +4,10 @@
 
 #include "tests/unit/calculator_rig.h"
 
-namespace
-{
-
-const double kMost = 9.999999999e99;
+static const double kMost = 9.999999999e99;
 
 // n and the sums of x, x squared, y, y squared, xy; LASTx 9.
-void SetSums(cCalculatorRig *pRig, const std::vector<double> &Sums)
+static void SetSums(cCalculatorRig *pRig, const std::vector<double> &Sums)
 {
     for (unsigned i = 0; i < Sums.size(); i++)
         pRig->SetReg(kRegisterN + i, Sums[i]);
@@ -18,7 +15,7 @@ void SetSums(cCalculatorRig *pRig, const std::vector<double> &Sums)
     pRig->m_Engine.RefreshViews();
 }
 
-void CheckSums(cCalculatorRig *pRig, const std::vector<double> &Sums)
+static void CheckSums(cCalculatorRig *pRig, const std::vector<double> &Sums)
 {
     for (unsigned i = 0; i < Sums.size(); i++)
     {
@@ -27,13 +24,11 @@ void CheckSums(cCalculatorRig *pRig, const std::vector<double> &Sums)
     }
 }
 
-void AddPoint(cCalculatorRig *pRig, double dX, double dY)
+static void AddPoint(cCalculatorRig *pRig, double dX, double dY)
 {
     pRig->Set(dX, dY);
     CHECK(pRig->Run("Sum+") == 1);
 }
-
-}  // namespace
 
 TEST_CASE("Sum+ adds the point to six sums and shows n")
 {
@@ -78,7 +73,7 @@ TEST_CASE("Sum+ and Sum- write six lines of the registers box and select that of
 
         Rig.Run(szMnemonic);
 
-        const bool bPlus = szMnemonic[3] == '+';
+        const int bPlus = szMnemonic[3] == '+';
         CHECK_TEXT(Rig.RegisterLine(10), bPlus ? "Reg[10] = +2.00" : "Reg[10] = +0.00");
         CHECK_TEXT(Rig.RegisterLine(11), bPlus ? "Reg[11] = +0.00" : "Reg[11] = +4.00");
         CHECK_TEXT(Rig.RegisterLine(12), bPlus ? "Reg[12] = +8.00" : "Reg[12] = +0.00");
@@ -316,7 +311,7 @@ TEST_CASE("ClearSum clears the statistics registers and no others")
 
     for (unsigned nRegister = 0; nRegister < kRegisters; nRegister++)
     {
-        const bool bSum = nRegister >= 10 && nRegister <= 15;
+        const int bSum = nRegister >= 10 && nRegister <= 15;
         CHECK(Rig.State().m_dReg[nRegister] == (bSum ? 0 : nRegister + 1));
         if (bSum)
             CHECK_TEXT(Rig.RegisterLine(nRegister),

@@ -10,25 +10,22 @@
 #include "graph/vantor_data_set.h"
 #include "tests/unit/scratch_folder.h"
 
-namespace
-{
-
-const std::string kHead =
+static const std::string kHead =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
     "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"64\" height=\"48\" viewBox=\"0 0 64 48\" "
     "font-family=\"Liberation Sans, Arial, Helvetica, sans-serif\" font-size=\"14\" "
     "xml:space=\"preserve\">\n";
 
-const uint32_t kOrange = MakeColour(255, 128, 0);
+static const uint32_t kOrange = MakeColour(255, 128, 0);
 
 // What a drawing writes between head and end of the file.
-template <class cDraw> std::string Written(cDraw Draw)
+template <class cDraw> static std::string Written(cDraw Draw)
 {
     const cScratchFolder Folder;
     {
         const std::unique_ptr<FILE, int (*)(FILE *)> pFile(
             fopen(Folder.Name("canvas.svg").c_str(), "wb"), fclose);
-        REQUIRE(pFile != nullptr);
+        REQUIRE(pFile);
         cSvgCanvas Canvas(pFile.get(), 64, 48);
         Draw(&Canvas);
         Canvas.End();
@@ -39,20 +36,20 @@ template <class cDraw> std::string Written(cDraw Draw)
     return Text.substr(kHead.size(), Text.size() - kHead.size() - 7);
 }
 
-std::string WrittenLabel(const char *szText, eAlign nAlign = alLeft)
+static std::string WrittenLabel(const char *szText, eAlign nAlign = alLeft)
 {
     return Written([=](cSvgCanvas *pCanvas) { pCanvas->Label({20, 10}, nAlign, szText, kBlack); });
 }
 
-std::string WrittenLine(const std::vector<cPoint> &Points, const cPlotPen &Pen = {0, 1, kBlack})
+static std::string WrittenLine(const std::vector<cPoint> &Points,
+                               const cPlotPen            &Pen = {0, 1, kBlack})
 {
     return Written(
         [&](cSvgCanvas *pCanvas) { pCanvas->Polyline(Points.data(), Points.size(), Pen); });
 }
 
-const std::string kSolid = "\" fill=\"none\" stroke=\"#000000\" stroke-linejoin=\"round\"/>\n";
-
-}  // namespace
+static const std::string kSolid =
+    "\" fill=\"none\" stroke=\"#000000\" stroke-linejoin=\"round\"/>\n";
 
 TEST_CASE("a picture without anything in it is head and end")
 {

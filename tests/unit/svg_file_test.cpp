@@ -30,12 +30,12 @@ struct cSvgRig
     cScratchFolder  m_Folder;
 };
 
-bool Holds(const std::string &Text, const std::string &Piece)
+}  // namespace
+
+static int Holds(const std::string &Text, const std::string &Piece)
 {
     return Text.find(Piece) != std::string::npos;
 }
-
-}  // namespace
 
 TEST_CASE("an SVG file has the plot on its background, and the legend")
 {

@@ -6,11 +6,11 @@
 #include "tests/unit/failing_memory.h"
 #include "tests/unit/scratch_folder.h"
 
+static const char *const kHeading =
+    " Instruction          X                 Y                 Reg[0]       Subr Return Addr";
+
 namespace
 {
-
-const char *const kHeading =
-    " Instruction          X                 Y                 Reg[0]       Subr Return Addr";
 
 // A calculator that traces into a file of its own.
 struct cTraceRig : cCalculatorRig
@@ -46,9 +46,11 @@ struct cTraceRig : cCalculatorRig
     std::string    m_Name;
 };
 
+}  // namespace
+
 // A line of the log: an instruction, X, Y, register 0 and the return stack.
-std::string Row(const std::string &Instruction, const std::string &X, const std::string &Y,
-                const std::string &Register, const std::string &Returns)
+static std::string Row(const std::string &Instruction, const std::string &X, const std::string &Y,
+                       const std::string &Register, const std::string &Returns)
 {
     const auto Padded = [](std::string Text, size_t nWidth) {
         Text.resize(nWidth, ' ');
@@ -57,23 +59,23 @@ std::string Row(const std::string &Instruction, const std::string &X, const std:
     return Padded(Instruction, 21) + Padded(X, 18) + Padded(Y, 18) + Padded(Register, 18) + Returns;
 }
 
-std::string ColumnOf(const std::string &Line, size_t nFirst, size_t nWidth)
+static std::string ColumnOf(const std::string &Line, size_t nFirst, size_t nWidth)
 {
     const std::string Column = Line.substr(nFirst, nWidth);
     return Column.substr(0, Column.find_last_not_of(' ') + 1);
 }
 
-std::string Instruction(const std::string &Line)
+static std::string Instruction(const std::string &Line)
 {
     return ColumnOf(Line, 0, 21);
 }
 
-std::string Returns(const std::string &Line)
+static std::string Returns(const std::string &Line)
 {
     return Line.substr(75);
 }
 
-int IsDate(const std::string &Text)
+static int IsDate(const std::string &Text)
 {
     const std::string Shape = "Aaa Aaa d0 00:00:00 0000";
     if (Text.size() != Shape.size())
@@ -90,8 +92,6 @@ int IsDate(const std::string &Text)
     }
     return 1;
 }
-
-}  // namespace
 
 TEST_CASE("a trace begins with the program's name, the date and a heading")
 {

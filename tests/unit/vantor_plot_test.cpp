@@ -14,11 +14,11 @@
 #include "tests/unit/failing_memory.h"
 #include "tests/unit/recording_boxes.h"
 
+static const float kInfinity = std::numeric_limits<float>::infinity();
+static const float kNan      = std::numeric_limits<float>::quiet_NaN();
+
 namespace
 {
-
-const float kInfinity = std::numeric_limits<float>::infinity();
-const float kNan      = std::numeric_limits<float>::quiet_NaN();
 
 struct cPlotRig
 {
@@ -35,7 +35,7 @@ struct cPlotRig
         return 1;
     }
 
-    int AddWhole(uint32_t nCount, bool bExplicitX)
+    int AddWhole(uint32_t nCount, int bExplicitX)
     {
         const std::vector<float> X(nCount, 2.0F);
         const std::vector<float> Y(nCount, 3.0F);
@@ -44,7 +44,7 @@ struct cPlotRig
 
     const cVantorDataSet &Set(uint32_t nLine)
     {
-        REQUIRE(m_Plot.DataSet(nLine) != nullptr);
+        REQUIRE(m_Plot.DataSet(nLine));
         return *m_Plot.DataSet(nLine);
     }
 
@@ -62,7 +62,9 @@ struct cExtents
     float m_fYMax;
 };
 
-void CheckExtents(const cVantorDataSet &Set, const cExtents &Expected)
+}  // namespace
+
+static void CheckExtents(const cVantorDataSet &Set, const cExtents &Expected)
 {
     CHECK(Set.m_fXMin == Expected.m_fXMin);
     CHECK(Set.m_fXMax == Expected.m_fXMax);
@@ -70,16 +72,14 @@ void CheckExtents(const cVantorDataSet &Set, const cExtents &Expected)
     CHECK(Set.m_fYMax == Expected.m_fYMax);
 }
 
-}  // namespace
-
 TEST_CASE("a new plot is empty and has the calculator's settings in automatic range")
 {
     cPlotRig                   Rig;
     const cVantorPlotSettings &Settings = Rig.m_Plot.Settings();
 
     CHECK(Rig.m_Plot.Count() == 0);
-    CHECK(Rig.m_Plot.DataSet(0) == nullptr);
-    CHECK(Rig.m_Plot.DataSet(1) == nullptr);
+    CHECK(!Rig.m_Plot.DataSet(0));
+    CHECK(!Rig.m_Plot.DataSet(1));
     CHECK(Rig.m_Plot.UserRange() == 0);
     CHECK(Rig.m_Plot.LegendRows() == 4);
     CHECK(std::string(Settings.m_szTitle) == "My Graph");
@@ -141,7 +141,7 @@ TEST_CASE("a point for line count + 1 begins a new set with the defaults")
     CHECK(Set.m_nPoints == 1);
     CHECK(Set.m_nCapacity == 100);
     CHECK(Set.m_nAllocHint == 100);
-    REQUIRE(Set.m_pX != nullptr);
+    REQUIRE(Set.m_pX);
     CHECK(Set.m_pX[0] == 2.5F);
     CHECK(Set.m_pY[0] == -4.0F);
     CheckExtents(Set, {2.5F, 2.5F, -4.0F, -4.0F});
@@ -154,7 +154,7 @@ TEST_CASE("a point for line count + 1 begins a new set with the defaults")
     CHECK(Rig.Label(1) == "data line # 1");
     CHECK(Rig.Label(2) == "data line # 2");
     CHECK(Set.m_pNext == &Rig.Set(2));
-    CHECK(Rig.Set(2).m_pNext == nullptr);
+    CHECK(!Rig.Set(2).m_pNext);
 }
 
 TEST_CASE("a point for any other line is refused")
@@ -280,7 +280,7 @@ TEST_CASE("a set loaded whole grows to twice its points until that is 12800 or m
     };
     // clang-format on
     for (const auto &Row : s_Rows)
-        for (const bool bExplicitX : {true, false})
+        for (const int bExplicitX : {true, false})
         {
             CAPTURE(Row.nWhole);
             cPlotRig Rig;
@@ -331,7 +331,7 @@ TEST_CASE("without x values the first point sits at x = 0 and the extent ends at
 
     REQUIRE(Rig.m_Plot.AddDataSet(4, nullptr, Y, nullptr) == 1);
 
-    CHECK(Rig.Set(1).m_pX == nullptr);
+    CHECK(!Rig.Set(1).m_pX);
     CHECK(Rig.Set(1).X(0) == 0.0F);
     CHECK(Rig.Set(1).X(3) == 3.0F);
     CheckExtents(Rig.Set(1), {0.0F, 3.0F, 6.0F, 9.0F});
@@ -345,7 +345,7 @@ TEST_CASE("a point added to a set without x values gets its index as x")
 
     CHECK(Rig.m_Plot.AddPoint(1, 1000.0F, -3.0F) == 1);
 
-    CHECK(Rig.Set(1).m_pX == nullptr);
+    CHECK(!Rig.Set(1).m_pX);
     CHECK(Rig.Set(1).m_pY[2] == -3.0F);
     CheckExtents(Rig.Set(1), {0.0F, 2.0F, -3.0F, 9.0F});
 }
@@ -435,7 +435,7 @@ TEST_CASE("deleting line 2 of 3 makes line 3 line 2 with its old label")
     CHECK(Rig.Label(1) == "data line # 1");
     CHECK(Rig.Label(2) == "data line # 3");
     CHECK(Rig.Set(2).m_pX[0] == 3.0F);
-    CHECK(Rig.m_Plot.DataSet(3) == nullptr);
+    CHECK(!Rig.m_Plot.DataSet(3));
     REQUIRE(Rig.m_Plot.AddPoint(3, 9.0F, 9.0F) == 1);
     CHECK(Rig.Label(3) == "data line # 3");
     CHECK(Rig.Set(2).m_nPoints == 1);
@@ -451,7 +451,7 @@ TEST_CASE("the first, the last and the only line can be deleted")
     CHECK(Rig.Set(1).m_pX[0] == 2.0F);
     CHECK(Rig.m_Plot.DeleteDataSet(3) == 1);
     CHECK(Rig.Set(2).m_pX[0] == 3.0F);
-    CHECK(Rig.Set(2).m_pNext == nullptr);
+    CHECK(!Rig.Set(2).m_pNext);
     REQUIRE(Rig.m_Plot.AddPoint(3, 5.0F, 0.0F) == 1);
     CHECK(Rig.Set(2).m_pNext == &Rig.Set(3));
     CHECK(Rig.m_Plot.DeleteDataSet(1) == 1);
@@ -512,7 +512,7 @@ TEST_CASE("replaced points without x values extend from 0 to count - 1")
 
     CHECK(Rig.m_Plot.ReplaceDataSetPoints(1, 3, nullptr, Y) == 1);
 
-    CHECK(Rig.Set(1).m_pX == nullptr);
+    CHECK(!Rig.Set(1).m_pX);
     CheckExtents(Rig.Set(1), {0.0F, 2.0F, 4.0F, 6.0F});
 }
 
@@ -528,7 +528,7 @@ TEST_CASE("points are not replaced by none nor in a line that does not exist")
     CHECK(Rig.m_Plot.ReplaceDataSetPoints(1, 1, Y, nullptr) == 0);
 
     CHECK(Rig.Set(1).m_nPoints == 2);
-    CHECK(Rig.Set(1).m_pX != nullptr);
+    CHECK(Rig.Set(1).m_pX);
 }
 
 TEST_CASE("clearing leaves no data, no title, no axis label and 4 legend rows")
@@ -541,7 +541,7 @@ TEST_CASE("clearing leaves no data, no title, no axis label and 4 legend rows")
     CHECK(Rig.m_Plot.ClearAll() == 1);
 
     CHECK(Rig.m_Plot.Count() == 0);
-    CHECK(Rig.m_Plot.DataSet(1) == nullptr);
+    CHECK(!Rig.m_Plot.DataSet(1));
     CHECK(std::string(Rig.m_Plot.Settings().m_szTitle) == "");
     CHECK(std::string(Rig.m_Plot.Settings().m_szHorzLabel) == "");
     CHECK(Rig.m_Plot.LegendRows() == 4);
@@ -861,32 +861,37 @@ namespace
 // What a set should be, kept by the plainest means.
 struct cPlainSet
 {
-    bool               m_bExplicitX;
+    int                m_bExplicitX;
     uint32_t           m_nCapacity;
     std::vector<float> m_X;  // the indices where x is implicit
     std::vector<float> m_Y;
     std::string        m_Label;
 };
 
-void NumberX(cPlainSet *pSet)
+}  // namespace
+
+static void NumberX(cPlainSet *pSet)
 {
     if (!pSet->m_bExplicitX)
         for (size_t i = 0; i < pSet->m_X.size(); i++)
             pSet->m_X[i] = static_cast<float>(i);
 }
 
-bool IsSame(const cVantorDataSet &Set, const cPlainSet &Plain)
+static int IsSame(const cVantorDataSet &Set, const cPlainSet &Plain)
 {
     const auto [pXMin, pXMax] = std::minmax_element(Plain.m_X.begin(), Plain.m_X.end());
     const auto [pYMin, pYMax] = std::minmax_element(Plain.m_Y.begin(), Plain.m_Y.end());
-    bool bSame = Set.m_nPoints == Plain.m_Y.size() && Set.m_nCapacity == Plain.m_nCapacity &&
-                 (Set.m_pX != nullptr) == Plain.m_bExplicitX &&
-                 Set.m_pszLabel.get() == Plain.m_Label && Set.m_fXMin == *pXMin &&
-                 Set.m_fXMax == *pXMax && Set.m_fYMin == *pYMin && Set.m_fYMax == *pYMax;
+    int bSame = Set.m_nPoints == Plain.m_Y.size() && Set.m_nCapacity == Plain.m_nCapacity &&
+                !Set.m_pX == !Plain.m_bExplicitX && Set.m_pszLabel.get() == Plain.m_Label &&
+                Set.m_fXMin == *pXMin && Set.m_fXMax == *pXMax && Set.m_fYMin == *pYMin &&
+                Set.m_fYMax == *pYMax;
     for (uint32_t i = 0; bSame && i < Set.m_nPoints; i++)
         bSame = Set.X(i) == Plain.m_X[i] && Set.m_pY[i] == Plain.m_Y[i];
     return bSame;
 }
+
+namespace
+{
 
 // Does the same to a plot and to its plain counterpart.
 class cRandomWorker
@@ -911,23 +916,23 @@ public:
             ClearAll();
     }
 
-    bool IsLineSame(uint32_t nLine) const
+    int IsLineSame(uint32_t nLine) const
     {
         const cVantorDataSet *pSet = m_Rig.m_Plot.DataSet(nLine);
-        return pSet != nullptr && IsSame(*pSet, m_Plain[nLine - 1]);
+        return pSet && IsSame(*pSet, m_Plain[nLine - 1]);
     }
 
     // The automatic range is the one recalculated from all sets.
-    bool IsRangeSame() const
+    int IsRangeSame() const
     {
         const cVantorPlot &Plot = m_Rig.m_Plot;
         return Plot.Range() == FindRange(Plot.DataSet(1), m_nWidth, kPlotHeight,
                                          static_cast<int>(Plot.Settings().m_bLegend));
     }
 
-    bool IsAllSame() const
+    int IsAllSame() const
     {
-        bool bSame = m_Rig.m_Plot.Count() == m_Plain.size() && IsRangeSame();
+        int bSame = m_Rig.m_Plot.Count() == m_Plain.size() && IsRangeSame();
         for (uint32_t nLine = 1; bSame && nLine <= m_Plain.size(); nLine++)
             bSame = IsLineSame(nLine);
         return bSame;
@@ -941,7 +946,7 @@ public:
 private:
     uint32_t Below(uint32_t nLimit) { return static_cast<uint32_t>(m_Random() % nLimit); }
     uint32_t AnyLine() { return Below(static_cast<uint32_t>(m_Plain.size()) + 3); }
-    bool     Exists(uint32_t nLine) const { return nLine > 0 && nLine <= m_Plain.size(); }
+    int      Exists(uint32_t nLine) const { return nLine > 0 && nLine <= m_Plain.size(); }
 
     float AnyValue()
     {
@@ -967,10 +972,10 @@ private:
         const uint32_t nLine = Below(4) != 0 && !m_Plain.empty() ? 1 : AnyLine();
         const float    fX    = AnyValue();
         const float    fY    = AnyValue();
-        const bool     bNew  = nLine == m_Plain.size() + 1;
+        const int      bNew  = nLine == m_Plain.size() + 1;
         if (bNew)
             m_Plain.push_back({true, 100, {}, {}, NextDefaultLabel()});
-        const bool bAccepted = Exists(nLine);
+        const int bAccepted = Exists(nLine);
 
         REQUIRE(m_Rig.m_Plot.AddPoint(nLine, fX, fY) == (bAccepted ? 1 : 0));
 
@@ -989,7 +994,7 @@ private:
     void AddDataSet()
     {
         const size_t      nCount     = Below(20);
-        const bool        bExplicitX = Below(2) == 0;
+        const int         bExplicitX = Below(2) == 0;
         cPlainSet         Set = {bExplicitX, static_cast<uint32_t>(nCount), AnyValues(nCount),
                                  AnyValues(nCount), NextDefaultLabel()};
         cVantorLineFormat Format;
@@ -1024,8 +1029,8 @@ private:
     {
         const uint32_t nLine      = AnyLine();
         const size_t   nCount     = Below(20);
-        const bool     bExplicitX = Below(2) == 0;
-        const bool     bAccepted  = Exists(nLine) && nCount > 0;
+        const int      bExplicitX = Below(2) == 0;
+        const int      bAccepted  = Exists(nLine) && nCount > 0;
         cPlainSet      Set        = {bExplicitX, static_cast<uint32_t>(nCount), AnyValues(nCount),
                                      AnyValues(nCount), ""};
 
@@ -1077,10 +1082,10 @@ TEST_CASE("100000 random operations agree with a plain recomputation")
     for (int i = 0; i < 100000; i++)
     {
         Worker.DoSomething();
-        const bool bSame = i % 100 == 0
-                               ? Worker.IsAllSame()
-                               : Worker.m_nTouched == 0 ||
-                                     (Worker.IsRangeSame() && Worker.IsLineSame(Worker.m_nTouched));
+        const int bSame = i % 100 == 0
+                              ? Worker.IsAllSame()
+                              : Worker.m_nTouched == 0 ||
+                                    (Worker.IsRangeSame() && Worker.IsLineSame(Worker.m_nTouched));
         CAPTURE(i);
         REQUIRE(bSame);
     }

@@ -1,15 +1,12 @@
 #include "tests/unit/calculator_rig.h"
 
-namespace
-{
-
-std::string RegisterLabel(unsigned nRegister)
+static std::string RegisterLabel(unsigned nRegister)
 {
     return std::string("Reg[") + (nRegister < 10 ? " " : "") + std::to_string(nRegister) + "] = ";
 }
 
 // A box's present line, without bringing the box up to date.
-std::string Standing(const cLineBox &Box, unsigned nLine)
+static std::string Standing(const cLineBox &Box, unsigned nLine)
 {
     char szText[100];
     Box.GetLine(nLine, szText, sizeof szText);
@@ -18,22 +15,20 @@ std::string Standing(const cLineBox &Box, unsigned nLine)
 }
 
 // The display's main line as the host drew it last.
-std::string Drawn(const cCalculatorRig &Rig)
+static std::string Drawn(const cCalculatorRig &Rig)
 {
     std::string Text = Rig.m_Host.m_Drawn.m_Lines[0].m_szText;
     return Text.erase(Text.find_last_not_of(' ') + 1);
 }
 
 // What a user sees: display, current line, registers 1 and 2, LASTx.
-std::string Views(const cCalculatorRig &Rig)
+static std::string Views(const cCalculatorRig &Rig)
 {
     return Drawn(Rig) + ", line " + std::to_string(Rig.m_Listing.HighlightedLine()) + ", " +
            Standing(Rig.m_Registers, 1).substr(10) + ", " +
            Standing(Rig.m_Registers, 2).substr(10) + ", " +
            Standing(Rig.m_Registers, kRegisters).substr(10);
 }
-
-}  // namespace
 
 // --- the registers box
 
@@ -240,12 +235,7 @@ TEST_CASE("a comment's place can be highlighted by the user and stays until a li
 
 // --- during a run
 
-namespace
-{
-
-const char *const kCounting = "1\nSTO 1\n+\nSTO 2\n";
-
-}  // namespace
+static const char *const kCounting = "1\nSTO 1\n+\nSTO 2\n";
 
 TEST_CASE("at the halt all views are up to date")
 {

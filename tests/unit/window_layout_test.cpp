@@ -2,22 +2,17 @@
 
 #include <doctest/doctest.h>
 
-namespace
-{
-
 // A window with both bars and a client edge of 2 pixels.
-cWindowParts Parts(int bListing, int bRegisters)
+static cWindowParts Parts(int bListing, int bRegisters)
 {
     return {2, 2, 28, 20, bListing, bRegisters, kListingWidth, kRegistersWidth};
 }
 
-int IsRect(const cFaceRect &Rect, int nLeft, int nTop, int nWidth, int nHeight)
+static int IsRect(const cFaceRect &Rect, int nLeft, int nTop, int nWidth, int nHeight)
 {
     return Rect.m_nLeft == nLeft && Rect.m_nTop == nTop && Rect.m_nWidth == nWidth &&
            Rect.m_nHeight == nHeight;
 }
-
-}  // namespace
 
 TEST_CASE("the client area shows the face with its edges, the bars and the visible boxes")
 {

@@ -8,21 +8,18 @@
 
 #include "resources/resource.h"
 
-namespace
-{
+static const int   kEnoughIdling = 3;
+static const DWORD kWait         = 200;  // milliseconds, several idle periods
 
-const int   kEnoughIdling = 3;
-const DWORD kWait         = 200;  // milliseconds, several idle periods
+static int s_nIdle;
 
-int s_nIdle;
-
-void CountIdle(cCallbackObj *, void *, uintptr_t)
+static void CountIdle(cCallbackObj *, void *, uintptr_t)
 {
     if (++s_nIdle == kEnoughIdling)
         PostQuitMessage(7);
 }
 
-void CALLBACK GiveUp(HWND, UINT, UINT_PTR nTimer, DWORD)
+static void CALLBACK GiveUp(HWND, UINT, UINT_PTR nTimer, DWORD)
 {
     KillTimer(nullptr, nTimer);
     PostQuitMessage(5);
@@ -30,7 +27,7 @@ void CALLBACK GiveUp(HWND, UINT, UINT_PTR nTimer, DWORD)
 
 // Runs until the idle callback has been called often enough, and returns 7, or
 // until kWait is over, and returns 5.
-int RunIdling(int bEnabled, int bWanted)
+static int RunIdling(int bEnabled, int bWanted)
 {
     cApplication Application(ProgramInstance(), "", "Calculator");
     auto *const  pRecord = new cCallbackRec;
@@ -47,12 +44,10 @@ int RunIdling(int bEnabled, int bWanted)
     return nCode;
 }
 
-INT_PTR CALLBACK IgnoreAll(HWND, UINT, WPARAM, LPARAM)
+static INT_PTR CALLBACK IgnoreAll(HWND, UINT, WPARAM, LPARAM)
 {
     return FALSE;
 }
-
-}  // namespace
 
 TEST_CASE("the application stores its arguments; without a name it uses that of its file")
 {
@@ -63,7 +58,7 @@ TEST_CASE("the application stores its arguments; without a name it uses that of 
         CHECK(Named.Instance() == ProgramInstance());
         CHECK(g_pApplication == &Named);
     }
-    CHECK(g_pApplication == nullptr);
+    CHECK(!g_pApplication);
     const cApplication Unnamed(ProgramInstance(), "", nullptr);
     CHECK(std::string(Unnamed.Name()) == "win32-tests");
 }

@@ -49,6 +49,8 @@ private:
     cWindowClassShare m_ClassShare;
 };
 
+}  // namespace
+
 cWindowClass cShownWindow::s_Class;
 
 const cShownWindow::cMessageRow cShownWindow::s_Messages[] = {
@@ -61,15 +63,13 @@ LRESULT CALLBACK cShownWindow::WindowProc(HWND hWnd, UINT nMessage, WPARAM wPara
 }
 
 // The rectangle of a child in its parent's client area.
-RECT PlaceOf(const cBaseWindow &Window)
+static RECT PlaceOf(const cBaseWindow &Window)
 {
     RECT Rect;
     GetWindowRect(Window.Window(), &Rect);
     MapWindowPoints(nullptr, GetParent(Window.Window()), reinterpret_cast<POINT *>(&Rect), 2);
     return Rect;
 }
-
-}  // namespace
 
 TEST_CASE("a new window object has no window")
 {
@@ -78,8 +78,8 @@ TEST_CASE("a new window object has no window")
 
     CHECK(std::string(Window.GetClassName()) == "cBaseWindow");
     CHECK(Window.CountSlots() == 2);
-    CHECK(Window.Window() == nullptr);
-    CHECK(Window.Owner() == nullptr);
+    CHECK(!Window.Window());
+    CHECK(!Window.Owner());
     CHECK(Window.ChildId() == 0);
     CHECK(Window.IsCreated() == 0);
     CHECK(Window.IsVisible() == 0);
@@ -118,7 +118,7 @@ TEST_CASE("a child window of an owner without a window cannot be created")
     CHECK(Window.Create(&Rig.m_Frame, 0) == 0);
 
     CHECK(Window.IsCreated() == 0);
-    CHECK(Window.Window() == nullptr);
+    CHECK(!Window.Window());
 }
 
 TEST_CASE("a window is visible from the start if its style says so")

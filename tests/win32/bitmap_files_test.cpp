@@ -17,20 +17,17 @@
 #include "tests/unit/scratch_folder.h"
 #include "toolkit/win32/gdi.h"
 
-namespace
-{
+static const int kWidth  = 5;
+static const int kHeight = 3;
 
-const int kWidth  = 5;
-const int kHeight = 3;
-
-const COLORREF kRed   = RGB(255, 0, 0);
-const COLORREF kBlue  = RGB(0, 0, 255);
-const COLORREF kWhite = RGB(255, 255, 255);
-const COLORREF kBlack = RGB(0, 0, 0);
+static const COLORREF kRed   = RGB(255, 0, 0);
+static const COLORREF kBlue  = RGB(0, 0, 255);
+static const COLORREF kWhite = RGB(255, 255, 255);
+static const COLORREF kBlack = RGB(0, 0, 0);
 
 // White, with a red and a blue pixel in the top row and a black one at the bottom
 // left.
-COLORREF SourcePixel(int nX, int nY)
+static COLORREF SourcePixel(int nX, int nY)
 {
     if (nY == 0 && nX == 1)
         return kRed;
@@ -38,6 +35,9 @@ COLORREF SourcePixel(int nX, int nY)
         return kBlue;
     return nY == kHeight - 1 && nX == 0 ? kBlack : kWhite;
 }
+
+namespace
+{
 
 struct cSource
 {
@@ -53,7 +53,9 @@ struct cSource
     cGdiBitmap m_Bitmap;
 };
 
-uint32_t Number(const std::string &Bytes, size_t nAt, unsigned nBytes)
+}  // namespace
+
+static uint32_t Number(const std::string &Bytes, size_t nAt, unsigned nBytes)
 {
     uint32_t nValue = 0;
     for (unsigned i = nBytes; i-- > 0;)
@@ -62,11 +64,11 @@ uint32_t Number(const std::string &Bytes, size_t nAt, unsigned nBytes)
 }
 
 // Checks that the platform's own reader reads the source's pixels.
-void CheckPlatformShows(const std::string &Name)
+static void CheckPlatformShows(const std::string &Name)
 {
     const cGdiBitmap Read(static_cast<HBITMAP>(LoadImageA(nullptr, Name.c_str(), IMAGE_BITMAP, 0, 0,
                                                           LR_LOADFROMFILE | LR_CREATEDIBSECTION)));
-    REQUIRE(Read.Get() != nullptr);
+    REQUIRE(Read.Get());
     const cMemoryDc    Dc(nullptr);
     const cSelectGuard Selected(Dc.Get(), Read.Get());
     for (int nY = 0; nY < kHeight; nY++)
@@ -75,7 +77,7 @@ void CheckPlatformShows(const std::string &Name)
 }
 
 // The GIF file that the encoder writes for the source's pixels.
-std::string ExpectedGif()
+static std::string ExpectedGif()
 {
     cBytes Pixels(DibRowBytes(kWidth, 24) * kHeight);
     for (int nY = 0; nY < kHeight; nY++)
@@ -94,8 +96,6 @@ std::string ExpectedGif()
     CHECK(WriteGifFile(&Sink, Reduced.Dib(), "") == grWritten);
     return std::string(Sink.m_Bytes.begin(), Sink.m_Bytes.end());
 }
-
-}  // namespace
 
 TEST_CASE("a bitmap becomes a BMP file of each depth")
 {

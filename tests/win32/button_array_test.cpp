@@ -44,9 +44,14 @@ private:
     cGdiBitmap m_Bitmap;
 };
 
-const BYTE kFaceMark   = 50;
-const BYTE kKeyMark    = 100;
-const BYTE kSwitchMark = 150;
+}  // namespace
+
+static const BYTE kFaceMark   = 50;
+static const BYTE kKeyMark    = 100;
+static const BYTE kSwitchMark = 150;
+
+namespace
+{
 
 struct cEvent
 {
@@ -58,11 +63,16 @@ struct cEvent
 
 using cEvents = std::vector<cEvent>;
 
-std::string TextOf(const RECT &Rect)
+}  // namespace
+
+static std::string TextOf(const RECT &Rect)
 {
     return std::to_string(Rect.left) + "," + std::to_string(Rect.top) + " to " +
            std::to_string(Rect.right) + "," + std::to_string(Rect.bottom);
 }
+
+namespace
+{
 
 // A keypad that records its events.
 struct cEmptyRig : cFrameRig
@@ -167,10 +177,10 @@ struct cKeypadRig : cEmptyRig
     }
 };
 
-const unsigned kFirstSwitch  = 4;  // the codes in a cKeypadRig
-const unsigned kSecondSwitch = 5;
-
 }  // namespace
+
+static const unsigned kFirstSwitch  = 4;  // the codes in a cKeypadRig
+static const unsigned kSecondSwitch = 5;
 
 // --- creation
 
@@ -200,7 +210,7 @@ TEST_CASE("the class of keypads repaints on resizing and is unregistered with th
         CHECK(Class.style == (CS_HREDRAW | CS_VREDRAW));
         CHECK(Class.hCursor == LoadCursorA(nullptr, IDC_ARROW));
         CHECK(Class.hbrBackground == GetStockObject(WHITE_BRUSH));
-        CHECK(Class.lpszMenuName == nullptr);
+        CHECK(!Class.lpszMenuName);
     }
     CHECK_FALSE(GetClassInfoA(ProgramInstance(), "cButtonArray", &Class));
 }

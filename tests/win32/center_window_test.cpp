@@ -15,7 +15,7 @@ public:
         : m_hWnd(CreateWindowExA(0, "STATIC", "", WS_POPUP, nX, nY, nWidth, nHeight, hOwner,
                                  nullptr, ProgramInstance(), nullptr))
     {
-        REQUIRE(m_hWnd != nullptr);
+        REQUIRE(m_hWnd);
     }
     ~cPopup() { DestroyWindow(m_hWnd); }
     cPopup(const cPopup &)            = delete;

@@ -94,18 +94,18 @@ TEST_CASE("a combo box without an edit field is created too")
 {
     const cComboRig Rig(CBS_DROPDOWNLIST);
 
-    CHECK(Rig.m_Combo->EditField() == nullptr);
+    CHECK(!Rig.m_Combo->EditField());
     CHECK(Rig.m_Combo->IsCreated() == 1);
 }
 
 TEST_CASE("a combo box forgets its edit field when that is destroyed")
 {
     cComboRig Rig;
-    REQUIRE(Rig.m_Combo->EditField() != nullptr);
+    REQUIRE(Rig.m_Combo->EditField());
 
     Rig.m_Frame.Close();
 
-    CHECK(Rig.m_Combo->EditField() == nullptr);
+    CHECK(!Rig.m_Combo->EditField());
 }
 
 TEST_CASE("an edit field that outlives its combo box object behaves as the platform's")

@@ -15,12 +15,12 @@ struct cCounter
     int m_nCount = 0;
 };
 
-const cCommandRowOf<cCounter> kRows[] = {
+}  // namespace
+
+static const cCommandRowOf<cCounter> kRows[] = {
     {101, 1, &cCounter::OnAdd},
     {102, 0, &cCounter::OnClear},
 };
-
-}  // namespace
 
 TEST_CASE("a command has the handler and the permission of its row")
 {
@@ -37,6 +37,6 @@ TEST_CASE("a command has the handler and the permission of its row")
 
 TEST_CASE("a command that is not in the table has no row")
 {
-    CHECK(FindCommand(kRows, 0) == nullptr);
-    CHECK(FindCommand(kRows, 103) == nullptr);
+    CHECK(!FindCommand(kRows, 0));
+    CHECK(!FindCommand(kRows, 103));
 }

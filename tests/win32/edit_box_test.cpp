@@ -13,11 +13,11 @@
 #include "tests/win32/test_frame.h"
 #include "toolkit/win32/gdi.h"
 
+static const uint32_t kLimit = 500000;
+static const int      kBoxId = 1003;
+
 namespace
 {
-
-const uint32_t kLimit = 500000;
-const int      kBoxId = 1003;
 
 // An edit box in a frame, as the calculator creates it, or a rich-edit box.
 struct cEditRig : cFrameRig
@@ -70,12 +70,12 @@ struct cEditRig : cFrameRig
         return HIWORD(nBottom) - FirstVisible() + 1;
     }
 
-    bool HasNotification(WORD nCode) const
+    int HasNotification(WORD nCode) const
     {
         for (const cCommand &Command : m_Frame.m_Commands)
             if (Command.m_nId == kBoxId && Command.m_nCode == nCode)
-                return true;
-        return false;
+                return 1;
+        return 0;
     }
 
     cEditBox m_Box{&m_Boxes};
@@ -91,7 +91,7 @@ public:
         GetModuleFileNameA(nullptr, szProgram, sizeof szProgram);
         m_Name            = std::string(szProgram, strrchr(szProgram, '\\') + 1) + szName;
         FILE *const pFile = fopen(m_Name.c_str(), "wb");
-        REQUIRE(pFile != nullptr);
+        REQUIRE(pFile);
         fputs("no library", pFile);
         fclose(pFile);
     }
@@ -103,8 +103,10 @@ private:
     std::string m_Name;
 };
 
+}  // namespace
+
 // "00\r\n01\r\n..."
-std::string NumberedLines(int nLines)
+static std::string NumberedLines(int nLines)
 {
     std::string Text;
     for (int i = 0; i < nLines; i++)
@@ -115,8 +117,6 @@ std::string NumberedLines(int nLines)
     }
     return Text;
 }
-
-}  // namespace
 
 TEST_CASE("an edit box begins with a copy of the system font")
 {
@@ -672,10 +672,10 @@ TEST_CASE("the rich-edit library is unloaded with its box")
 {
     {
         const cEditRig Rig(1);
-        CHECK(GetModuleHandleA("RICHED20.DLL") != nullptr);
+        CHECK(GetModuleHandleA("RICHED20.DLL"));
     }
 
-    CHECK(GetModuleHandleA("RICHED20.DLL") == nullptr);
+    CHECK(!GetModuleHandleA("RICHED20.DLL"));
 }
 
 TEST_CASE("without the rich-edit library a box says where to get it, and the program quits")

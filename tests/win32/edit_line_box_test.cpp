@@ -36,21 +36,21 @@ struct cMemoryBoxRig
     cMemoryLineBox m_LineBox;
 };
 
-std::string Text(const cLineBox &Box)
+}  // namespace
+
+static std::string Text(const cLineBox &Box)
 {
     std::string Text(Box.GetTextLength() + 1, '\0');
     Text.resize(Box.GetText(Text.data(), Text.size()));
     return Text;
 }
 
-std::string Line(const cLineBox &Box, unsigned nLine, size_t nSize = 20)
+static std::string Line(const cLineBox &Box, unsigned nLine, size_t nSize = 20)
 {
     char szText[20];
     CHECK(Box.GetLine(nLine, szText, nSize) == 1);
     return szText;
 }
-
-}  // namespace
 
 // These tests run for the line box of a window and the one in memory.
 

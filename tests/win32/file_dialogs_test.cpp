@@ -13,17 +13,17 @@
 #include "tests/win32/file_dialog_steps.h"
 #include "tests/win32/test_frame.h"
 
-namespace
-{
+static const char kFilter[] = "Text Files (*.TXT)\0*.TXT\0";
 
-const char kFilter[] = "Text Files (*.TXT)\0*.TXT\0";
-
-std::string TextOf(HWND hWnd)
+static std::string TextOf(HWND hWnd)
 {
     char szText[4000] = "";
     SendMessageA(hWnd, WM_GETTEXT, sizeof szText, reinterpret_cast<LPARAM>(szText));
     return szText;
 }
+
+namespace
+{
 
 struct cTypedName
 {
@@ -32,9 +32,12 @@ struct cTypedName
     int         m_bAccepted;
 };
 
+}  // namespace
+
 // Types the name into a dialog that starts in Folder. The dialog accepts it, or
 // shows a message and stays open with the name.
-void CheckTypedName(const std::string &Folder, const cTypedName &Name, eFileNameDialog nDialog)
+static void CheckTypedName(const std::string &Folder, const cTypedName &Name,
+                           eFileNameDialog nDialog)
 {
     cFrameRig           Rig;
     HWND                hFile  = nullptr;
@@ -60,14 +63,12 @@ void CheckTypedName(const std::string &Folder, const cTypedName &Name, eFileName
               "The file name is too long: it may have 259 characters, its folder included.");
 }
 
-std::string CurrentFolder()
+static std::string CurrentFolder()
 {
     char szFolder[kFileName] = "";
     GetCurrentDirectoryA(sizeof szFolder, szFolder);
     return szFolder;
 }
-
-}  // namespace
 
 TEST_CASE("a cancelled file dialog returns 0")
 {

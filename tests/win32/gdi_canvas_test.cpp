@@ -16,11 +16,11 @@
 #include "tests/win32/drawn_sheet.h"
 #include "toolkit/win32/gdi.h"
 
+static const COLORREF kRed  = RGB(255, 0, 0);
+static const COLORREF kBlue = RGB(0, 0, 255);
+
 namespace
 {
-
-const COLORREF kRed  = RGB(255, 0, 0);
-const COLORREF kBlue = RGB(0, 0, 255);
 
 // A sheet whose pixels can be compared as text.
 struct cPaperRig : cDrawnSheet
@@ -57,20 +57,25 @@ struct cPaperRig : cDrawnSheet
     }
 };
 
+}  // namespace
+
 // A '*' in Expected is a pixel that the platform may or may not draw.
-bool IsLike(const std::string &Picture, const std::string &Expected)
+static int IsLike(const std::string &Picture, const std::string &Expected)
 {
     return std::equal(Picture.begin(), Picture.end(), Expected.begin(), Expected.end(),
                       [](char c, char cExpected) { return cExpected == '*' || c == cExpected; });
 }
 
-void CheckPicture(const cPaperRig &Rig, const std::string &Expected)
+static void CheckPicture(const cPaperRig &Rig, const std::string &Expected)
 {
     const std::string Picture = Rig.Picture();
     CAPTURE(Picture);
     CAPTURE(Expected);
     CHECK(IsLike(Picture, Expected));
 }
+
+namespace
+{
 
 // A plot with all graph types, grid, title, labels and legend.
 struct cFullPlot
@@ -102,8 +107,10 @@ struct cFullPlot
     cVantorPlot     m_Plot;
 };
 
+}  // namespace
+
 // The pixels of a horizontal or vertical line, in a picture of this width.
-void Cover(cPoint From, cPoint To, int nWidth, std::vector<int> *pCovered)
+static void Cover(cPoint From, cPoint To, int nWidth, std::vector<int> *pCovered)
 {
     const cPoint Step = {From.m_nX < To.m_nX ? 1 : 0, From.m_nY < To.m_nY ? 1 : 0};
     for (; !(From == To); From = {From.m_nX + Step.m_nX, From.m_nY + Step.m_nY})
@@ -115,7 +122,7 @@ void Cover(cPoint From, cPoint To, int nWidth, std::vector<int> *pCovered)
 
 // The marker of each style in the middle of a sheet of 9 by 9.
 // clang-format off
-const struct { uint32_t m_nStyle; const char *m_szPicture; } kMarkers[] =
+static const struct { uint32_t m_nStyle; const char *m_szPicture; } kMarkers[] =
 {
     { 0, ".........\n"
          ".........\n"
@@ -163,9 +170,8 @@ const struct { uint32_t m_nStyle; const char *m_szPicture; } kMarkers[] =
          ".........\n"
          ".........\n" },
 };
-// clang-format on
 
-}  // namespace
+// clang-format on
 
 TEST_CASE("lines include their first pixel, but not their last one")
 {

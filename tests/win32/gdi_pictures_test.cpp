@@ -19,11 +19,11 @@
 #include "tests/unit/scratch_folder.h"
 #include "toolkit/win32/gdi.h"
 
+static const int kLetterWidth  = 6;
+static const int kLetterHeight = 12;
+
 namespace
 {
-
-const int kLetterWidth  = 6;
-const int kLetterHeight = 12;
 
 // Draws a frame in place of each text, because fonts differ from computer to
 // computer.
@@ -67,8 +67,10 @@ struct cKeptPicture
     int         m_bLegend;
 };
 
+}  // namespace
+
 // clang-format off
-const cKeptPicture kPictures[] =
+static const cKeptPicture kPictures[] =
 {
     { "plot.gif",      "eight.txt",  gtPlot,      0, 1, 0, 1 },
     { "dashes.gif",    "eight.txt",  gtPlot,      1, 1, 1, 0 },
@@ -81,7 +83,7 @@ const cKeptPicture kPictures[] =
 };
 // clang-format on
 
-void Fill(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const cKeptPicture &Picture)
+static void Fill(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const cKeptPicture &Picture)
 {
     const std::string Data = std::string(GOLDEN_FOLDER "/") + Picture.m_szData;
     pPlot->SetClientSize(kPlotWidth / 2, kPlotHeight / 2);
@@ -99,7 +101,7 @@ void Fill(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const cKeptPicture &Picture
     }
 }
 
-void Draw(const cVantorPlot &Plot, HBITMAP hBitmap)
+static void Draw(const cVantorPlot &Plot, HBITMAP hBitmap)
 {
     const cMemoryDc    Dc(nullptr);
     const cSelectGuard Selected(Dc.Get(), hBitmap);
@@ -109,13 +111,11 @@ void Draw(const cVantorPlot &Plot, HBITMAP hBitmap)
     REQUIRE(DrawPlot(LayOutPlot(Plot, {ptImage, All}, Canvas), Plot, &Canvas) == 1);
 }
 
-std::string Bytes(const std::string &Name)
+static std::string Bytes(const std::string &Name)
 {
     std::ifstream File(Name, std::ios::binary);
     return {std::istreambuf_iterator<char>(File), std::istreambuf_iterator<char>()};
 }
-
-}  // namespace
 
 // If VORSTEK_KEEP_PICTURES is set in the environment, as by scripts/make-pictures,
 // the pictures are replaced instead.

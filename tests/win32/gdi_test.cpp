@@ -8,21 +8,16 @@
 
 #include "tests/win32/test_frame.h"
 
-namespace
-{
-
-HFONT CreateSomeFont()
+static HFONT CreateSomeFont()
 {
     const LOGFONTA LogFont = {};
     return CreateFontIndirectA(&LogFont);
 }
 
-int IsFont(HFONT hFont)
+static int IsFont(HFONT hFont)
 {
     return GetObjectType(hFont) == OBJ_FONT;
 }
-
-}  // namespace
 
 TEST_CASE("a GDI object is deleted with its owner")
 {
@@ -43,7 +38,7 @@ TEST_CASE("an owner is empty until it gets an object")
     const cGdiFont Font(CreateSomeFont());
 
     CHECK_FALSE(None);
-    CHECK(None.Get() == nullptr);
+    CHECK(!None.Get());
     CHECK_FALSE(Failed);
     CHECK(Font);
 }
@@ -75,7 +70,7 @@ TEST_CASE("an object moves to another owner, which deletes its own")
 
     cGdiFont Moved(std::move(Source));
     CHECK(Moved.Get() == hFont);
-    CHECK(Source.Get() == nullptr);  // NOLINT(bugprone-use-after-move): it is empty
+    CHECK(!Source.Get());  // NOLINT(bugprone-use-after-move): it is empty
 
     cGdiFont    Target(CreateSomeFont());
     const HFONT hReplaced = Target.Get();
@@ -83,7 +78,7 @@ TEST_CASE("an object moves to another owner, which deletes its own")
     CHECK(Target.Get() == hFont);
     CHECK(IsFont(hFont));
     CHECK_FALSE(IsFont(hReplaced));
-    CHECK(Moved.Get() == nullptr);  // NOLINT(bugprone-use-after-move): it is empty
+    CHECK(!Moved.Get());  // NOLINT(bugprone-use-after-move): it is empty
 }
 
 TEST_CASE("an owner that is moved to itself keeps its object")
@@ -125,14 +120,14 @@ TEST_CASE("a menu is destroyed with its owner")
 
 TEST_CASE("a library is unloaded with its owner")
 {
-    REQUIRE(GetModuleHandleA("RICHED20.DLL") == nullptr);
+    REQUIRE(!GetModuleHandleA("RICHED20.DLL"));
     {
         const cModule Module(LoadLibraryA("RICHED20.DLL"));
         REQUIRE(Module);
         CHECK(GetModuleHandleA("RICHED20.DLL") == Module.Get());
     }
 
-    CHECK(GetModuleHandleA("RICHED20.DLL") == nullptr);
+    CHECK(!GetModuleHandleA("RICHED20.DLL"));
 }
 
 TEST_CASE("the former object is selected again at the end of the scope")
@@ -189,7 +184,7 @@ TEST_CASE("a device context is released at the end of its scope")
         REQUIRE(GetObjectType(hMemoryDc) == OBJ_MEMDC);
     }
 
-    CHECK(WindowFromDC(hWindowDc) == nullptr);
+    CHECK(!WindowFromDC(hWindowDc));
     CHECK(GetObjectType(hMemoryDc) == 0);
 }
 
@@ -209,6 +204,6 @@ TEST_CASE("painting covers the invalid part of a window and leaves it valid")
         CHECK_FALSE(GetUpdateRect(hWnd, nullptr, FALSE));
     }
 
-    CHECK(WindowFromDC(hDc) == nullptr);
+    CHECK(!WindowFromDC(hDc));
     Rig.m_Frame.Close();
 }

@@ -8,18 +8,18 @@
 #include "tests/win32/drawn_sheet.h"
 #include "tests/win32/test_frame.h"
 
-namespace
-{
-
-const COLORREF kGround = RGB(255, 255, 200);
+static const COLORREF kGround = RGB(255, 255, 200);
 
 // A sheet of 4 by 5 inches at 100 pixels per inch. The unprintable edges are 10
 // pixels at the left, 20 at the top, 30 at the right and 40 at the bottom.
-const int    kDpi     = 100;
-const int    kAcross  = 400 - 10 - 30;
-const int    kDown    = 500 - 20 - 40;
-const cPaper kSheet   = {0, kDpi, kDpi, 400, 500, 10, 20, 30, 40};
-const int    kMargins = 500;  // thousandths of an inch
+static const int    kDpi     = 100;
+static const int    kAcross  = 400 - 10 - 30;
+static const int    kDown    = 500 - 20 - 40;
+static const cPaper kSheet   = {0, kDpi, kDpi, 400, 500, 10, 20, 30, 40};
+static const int    kMargins = 500;  // thousandths of an inch
+
+namespace
+{
 
 struct cGraphRig
 {

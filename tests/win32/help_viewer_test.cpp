@@ -49,7 +49,9 @@ private:
     char m_szFormer[MAX_PATH];
 };
 
-std::string BesideProgram(const std::string &Name)
+}  // namespace
+
+static std::string BesideProgram(const std::string &Name)
 {
     char szProgram[MAX_PATH] = "";
     GetModuleFileNameA(nullptr, szProgram, sizeof szProgram);
@@ -57,14 +59,12 @@ std::string BesideProgram(const std::string &Name)
     return Program.substr(0, Program.rfind('\\') + 1) + Name;
 }
 
-std::string Found(const char *szName)
+static std::string Found(const char *szName)
 {
     char szPath[MAX_PATH];
     FindHelp(szName, szPath);
     return szPath;
 }
-
-}  // namespace
 
 TEST_CASE("a help file is found in the current folder, else in the program's folder")
 {

@@ -46,7 +46,7 @@ struct cListRig : cFrameRig
         return static_cast<int>(Size.cx);
     }
 
-    bool HasScrollBar() const
+    int HasScrollBar() const
     {
         return (GetWindowLongPtrA(m_List.Window(), GWL_STYLE) & WS_HSCROLL) != 0;
     }
@@ -54,9 +54,9 @@ struct cListRig : cFrameRig
     cListBox m_List{&m_Boxes};
 };
 
-const char kWide[] = "a text that is wider than the list box of the test";
-
 }  // namespace
+
+static const char kWide[] = "a text that is wider than the list box of the test";
 
 TEST_CASE("a negative index appends to a list box")
 {
@@ -199,7 +199,7 @@ TEST_CASE("a list box notifies its owner of selections")
     SendMessageA(Rig.m_List.Window(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 3));
     SendMessageA(Rig.m_List.Window(), WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
 
-    bool bTold = false;
+    int bTold = 0;
     for (const cCommand &Command : Rig.m_Frame.m_Commands)
         bTold |= Command.m_nId == 77 && Command.m_nCode == LBN_SELCHANGE;
     CHECK(bTold);

@@ -10,11 +10,11 @@
 #include "toolkit/win32/base_window.h"
 #include "toolkit/win32/window_class.h"
 
+static const UINT kAnswered   = WM_APP + 1;
+static const UINT kUnanswered = WM_APP + 2;
+
 namespace
 {
-
-const UINT kAnswered   = WM_APP + 1;
-const UINT kUnanswered = WM_APP + 2;
 
 // A top-level window that records the messages its rows receive.
 class cTableWindow : public cBaseWindow
@@ -77,6 +77,8 @@ private:
     cWindowClassShare m_ClassShare;
 };
 
+}  // namespace
+
 cWindowClass cTableWindow::s_Class;
 
 const cTableWindow::cMessageRow cTableWindow::s_Messages[] = {
@@ -90,8 +92,6 @@ LRESULT CALLBACK cTableWindow::WindowProc(HWND hWnd, UINT nMessage, WPARAM wPara
 {
     return HandleMessage(s_Messages, hWnd, nMessage, wParam, lParam);
 }
-
-}  // namespace
 
 TEST_CASE("a window finds its object from WM_CREATE on")
 {
@@ -146,7 +146,7 @@ TEST_CASE("a destroyed window detaches its object, which gets no message for it"
     DestroyWindow(Window.Window());
 
     CHECK(Window.m_Received.empty());
-    CHECK(Window.Window() == nullptr);
+    CHECK(!Window.Window());
     CHECK(Window.IsCreated() == 0);
     CHECK(Window.IsVisible() == 0);
 }
@@ -159,7 +159,7 @@ TEST_CASE("an object can refuse the creation of its window")
 
     CHECK(Window.Create() == 0);
 
-    CHECK(Window.Window() == nullptr);
+    CHECK(!Window.Window());
     CHECK(Window.IsCreated() == 0);
 }
 

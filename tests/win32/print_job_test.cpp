@@ -43,7 +43,12 @@ struct cFakePrinter
     std::string m_Log;
 };
 
+}  // namespace
+
 cFakePrinter *cFakePrinter::s_pCurrent = nullptr;
+
+namespace
+{
 
 // A job of two sheets on a fake printer.
 struct cJobRig

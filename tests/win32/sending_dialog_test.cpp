@@ -10,17 +10,12 @@
 #include "tests/win32/dialog_driver.h"
 #include "tests/win32/test_frame.h"
 
-namespace
-{
-
-std::string TextOf(HWND hWnd)
+static std::string TextOf(HWND hWnd)
 {
     char szText[100] = "";
     GetWindowTextA(hWnd, szText, sizeof szText);
     return szText;
 }
-
-}  // namespace
 
 TEST_CASE("the sending dialog has its owner's title and names the document")
 {
@@ -68,7 +63,7 @@ TEST_CASE("a sending dialog that is opened again is no longer cancelled")
     Press(Dialog.Window(), IDCANCEL);
     REQUIRE(Dialog.PumpMessages() == 0);
     Dialog.Close();
-    CHECK(Dialog.Window() == nullptr);
+    CHECK(!Dialog.Window());
 
     REQUIRE(Dialog.Open(Rig.m_Frame.Window(), "b.txt") == 1);
 

@@ -10,10 +10,10 @@
 #include "tests/win32/test_frame.h"
 #include "toolkit/win32/progress_bar.h"
 
+static const UINT kMenuClosed = 0xFFFF;
+
 namespace
 {
-
-const UINT kMenuClosed = 0xFFFF;
 
 struct cStatusRig : cFrameRig
 {
@@ -37,19 +37,19 @@ struct cStatusRig : cFrameRig
         return szText;
     }
 
-    bool IsSimple() const { return SendMessageA(m_Bar.Window(), SB_ISSIMPLE, 0, 0) != 0; }
+    int IsSimple() const { return SendMessageA(m_Bar.Window(), SB_ISSIMPLE, 0, 0) != 0; }
 
     cStatusBar m_Bar{&m_Boxes};
 };
 
-RECT Client(HWND hWnd)
+}  // namespace
+
+static RECT Client(HWND hWnd)
 {
     RECT Rect;
     GetClientRect(hWnd, &Rect);
     return Rect;
 }
-
-}  // namespace
 
 TEST_CASE("a status bar has the parts that were asked for")
 {

@@ -3,24 +3,19 @@
 #include <cstdio>
 #include <cstring>
 
-namespace
-{
+static const char  kNameStart[] = "vorstek-tests-";
+static const DWORD kTimeout     = 60000;  // milliseconds; enough for a very busy computer
 
-const char  kNameStart[] = "vorstek-tests-";
-const DWORD kTimeout     = 60000;  // milliseconds; enough for a very busy computer
-
-int IsWine()
+static int IsWine()
 {
     return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
 }
 
-void CloseHandles(const PROCESS_INFORMATION &Process)
+static void CloseHandles(const PROCESS_INFORMATION &Process)
 {
     CloseHandle(Process.hThread);
     CloseHandle(Process.hProcess);
 }
-
-}  // namespace
 
 cTestDesktop::cTestDesktop(int nWidth, int nHeight) : m_Explorer()
 {

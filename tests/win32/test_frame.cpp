@@ -29,7 +29,7 @@ void cTestFrame::Open()
 
     const HWND hWnd = CreateWindowExA(m_dwExStyle, GetClassName(), "Test frame", m_dwStyle, 20, 20,
                                       640, 480, nullptr, nullptr, ProgramInstance(), this);
-    REQUIRE(hWnd != nullptr);
+    REQUIRE(hWnd);
     SetCreated(hWnd);
     SetForegroundWindow(hWnd);
     HandleWaitingMessages();

@@ -65,13 +65,15 @@ public:
     static const int kHeight = 300;
 };
 
-const cPaper       kPaper   = {0, 100, 100, cSheet::kWidth, cSheet::kHeight, 0, 0, 0, 0};
-const cPrintChoice kAllOnce = {1, 0, 0, 0, 0};
-const COLORREF     kBlue    = RGB(0, 0, 255);
+}  // namespace
+
+static const cPaper       kPaper   = {0, 100, 100, cSheet::kWidth, cSheet::kHeight, 0, 0, 0, 0};
+static const cPrintChoice kAllOnce = {1, 0, 0, 0, 0};
+static const COLORREF     kBlue    = RGB(0, 0, 255);
 
 // 14.4 points, which are 20 pixels on the sheet, without smoothed edges, so that
 // all ink has the colour of the text.
-cTextLook Look(int bLandscape)
+static cTextLook Look(int bLandscape)
 {
     cTextLook Look                  = {};
     Look.m_LogFont.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
@@ -85,7 +87,7 @@ cTextLook Look(int bLandscape)
 }
 
 // Draws the first sheet of a text. Returns the rectangle around its ink.
-RECT InkOfFirstSheet(const std::vector<std::string> &Text, int bLandscape)
+static RECT InkOfFirstSheet(const std::vector<std::string> &Text, int bLandscape)
 {
     const cSheet    Sheet;
     const cLines    Lines(Text);
@@ -96,8 +98,6 @@ RECT InkOfFirstSheet(const std::vector<std::string> &Text, int bLandscape)
     Pages.DrawSheet(0);
     return Sheet.Ink(kBlue);
 }
-
-}  // namespace
 
 TEST_CASE("the first line of a page starts at the left and top margins")
 {

@@ -11,20 +11,20 @@
 #include "tests/win32/resources/test_resources.h"
 #include "tests/win32/test_frame.h"
 
-namespace
-{
-
-const int kComboId    = 1310;
-const int kComboWidth = 90;
+static const int kComboId    = 1310;
+static const int kComboWidth = 90;
 
 // New, Open, separator, Help. The tip of Help is a string resource of the test
 // program.
-const TBBUTTON kButtons[] = {
+static const TBBUTTON kButtons[] = {
     {STD_FILENEW, 101, TBSTATE_ENABLED, BTNS_BUTTON, {}, 0, 0},
     {STD_FILEOPEN, 102, TBSTATE_ENABLED, BTNS_BUTTON, {}, 0, 0},
     {kComboWidth, kComboId, TBSTATE_ENABLED, BTNS_SEP, {}, 0, 0},
     {STD_HELP, IDS_HELP, TBSTATE_ENABLED, BTNS_BUTTON, {}, 0, 0},
 };
+
+namespace
+{
 
 struct cToolRig : cFrameRig
 {
@@ -83,7 +83,7 @@ TEST_CASE("a toolbar has the buttons that were asked for and the standard images
         reinterpret_cast<HIMAGELIST>(SendMessageA(Rig.m_Bar.Window(), TB_GETIMAGELIST, 0, 0));
     CHECK(ImageList_GetImageCount(hImages) == 15);
     CHECK(GetDlgCtrlID(Rig.m_Bar.Window()) == 1001);
-    CHECK(Rig.m_Bar.ComboBox() == nullptr);
+    CHECK(!Rig.m_Bar.ComboBox());
 }
 
 TEST_CASE("a toolbar is hidden when it is created")
@@ -160,7 +160,7 @@ TEST_CASE("the tip of a button is the string with the id of its command")
 {
     const cToolRig Rig;
 
-    REQUIRE(Rig.m_Bar.GetToolTipWindow() != nullptr);
+    REQUIRE(Rig.m_Bar.GetToolTipWindow());
     CHECK(Rig.Tip(Rig.m_Bar.Window(), IDS_HELP) == "Displays the on-line documentation");
 }
 
@@ -169,7 +169,7 @@ TEST_CASE("a combo box of the toolbar covers the given button")
     const cToolRig   Rig(2);
     const cComboBox *pCombo = Rig.m_Bar.ComboBox();
 
-    REQUIRE(pCombo != nullptr);
+    REQUIRE(pCombo);
     CHECK(pCombo->ChildId() == kComboId);
     CHECK(GetParent(pCombo->Window()) == Rig.m_Bar.Window());
     RECT Combo;

@@ -12,18 +12,15 @@
 #include "toolkit/print_plan.h"
 #include "toolkit/win32/gdi.h"
 
-namespace
-{
-
-const COLORREF kRed  = RGB(255, 0, 0);
-const COLORREF kBlue = RGB(0, 0, 255);
+static const COLORREF kRed  = RGB(255, 0, 0);
+static const COLORREF kBlue = RGB(0, 0, 255);
 
 // The sheet as the reader holds it.
-const int kWidth  = 60;
-const int kHeight = 40;
+static const int kWidth  = 60;
+static const int kHeight = 40;
 
 // Draws on an upright sheet and on a turned one, and compares them.
-void CheckSame(const std::function<void(cPlotCanvas *)> &Draw)
+static void CheckSame(const std::function<void(cPlotCanvas *)> &Draw)
 {
     const cDrawnSheet Upright(kWidth, kHeight);
     const cDrawnSheet Turned(kHeight, kWidth);
@@ -46,7 +43,7 @@ void CheckSame(const std::function<void(cPlotCanvas *)> &Draw)
         }
 }
 
-HFONT MakeFont(int nTurn)
+static HFONT MakeFont(int nTurn)
 {
     LOGFONTA LogFont         = {};
     LogFont.lfHeight         = -12;
@@ -56,8 +53,6 @@ HFONT MakeFont(int nTurn)
     snprintf(LogFont.lfFaceName, sizeof LogFont.lfFaceName, "Courier New");
     return CreateFontIndirectA(&LogFont);
 }
-
-}  // namespace
 
 TEST_CASE("lines and filled shapes are turned pixel by pixel")
 {

@@ -15,13 +15,14 @@
 #include "tests/win32/test_frame.h"
 #include "toolkit/win32/gdi.h"
 
+static const COLORREF kPaper = RGB(255, 255, 255);
+static const char     kTwoSets[] =
+    "ExplicitX\r\nSetLabels \"up\" , \"down\"\r\n"
+    "0.000000 , 1.000000 , 3.000000\r\n1.000000 , 2.000000 , 2.000000\r\n"
+    "2.000000 , 3.000000 , 1.000000\r\n";
+
 namespace
 {
-
-const COLORREF kPaper     = RGB(255, 255, 255);
-const char     kTwoSets[] = "ExplicitX\r\nSetLabels \"up\" , \"down\"\r\n"
-                            "0.000000 , 1.000000 , 3.000000\r\n1.000000 , 2.000000 , 2.000000\r\n"
-                            "2.000000 , 3.000000 , 1.000000\r\n";
 
 // A host that records the calls of its graph.
 class cRecordingHost : public cVantorHost
@@ -70,14 +71,16 @@ struct cGraphRig
     cVantor         m_Graph;
 };
 
-bool IsRegistered(const char *szClass)
+}  // namespace
+
+static int IsRegistered(const char *szClass)
 {
     WNDCLASSA Class;
     return GetClassInfoA(ProgramInstance(), szClass, &Class) != FALSE;
 }
 
 // Pixels of the plot's window that are not its background.
-int CountInk(HWND hPlot)
+static int CountInk(HWND hPlot)
 {
     RECT Client = {};
     GetClientRect(hPlot, &Client);
@@ -88,8 +91,6 @@ int CountInk(HWND hPlot)
             nInk += GetPixel(Window.Get(), x, y) != kPaper;
     return nInk;
 }
-
-}  // namespace
 
 TEST_CASE("an independent graph opens, shows and saves a file, and is destroyed when closed")
 {
@@ -126,7 +127,7 @@ TEST_CASE("an independent graph opens, shows and saves a file, and is destroyed 
     const HWND hWnd = Rig.m_Graph.Window();
     Rig.Command(IDM_GRAPH_EXIT);
     CHECK_FALSE(IsWindow(hWnd));
-    CHECK(Rig.m_Graph.Window() == nullptr);
+    CHECK(!Rig.m_Graph.Window());
     CHECK(Rig.m_Boxes.m_QuitCodes.empty());
 }
 
@@ -195,8 +196,8 @@ TEST_CASE("the accelerators are those of the graph that got the focus last")
 
     cRecordingHost Other;
     cGraphRig      Hidden(&Other, 1);
-    CHECK(Hidden.m_Graph.Accelerators() != nullptr);
-    CHECK(Other.m_hKeysGoTo == nullptr);
+    CHECK(Hidden.m_Graph.Accelerators());
+    CHECK(!Other.m_hKeysGoTo);
 }
 
 TEST_CASE("while a program runs, a graph refuses commands that would change it")

@@ -4,12 +4,9 @@
 
 #include <doctest/doctest.h>
 
-namespace
-{
+static const char kName[] = "cSharedClass";
 
-const char kName[] = "cSharedClass";
-
-WNDCLASSA SharedClass()
+static WNDCLASSA SharedClass()
 {
     WNDCLASSA Class     = {};
     Class.lpfnWndProc   = &DefWindowProcA;
@@ -18,13 +15,11 @@ WNDCLASSA SharedClass()
     return Class;
 }
 
-bool IsRegistered()
+static int IsRegistered()
 {
     WNDCLASSA Class;
     return GetClassInfoA(ProgramInstance(), kName, &Class) != FALSE;
 }
-
-}  // namespace
 
 TEST_CASE("a window class is registered while it has objects")
 {
@@ -94,7 +89,7 @@ TEST_CASE("a window class stays registered for a window that outlives its object
         REQUIRE(Share.Acquire(SharedClass()) == 1);
         hWnd = CreateWindowExA(0, kName, "", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr,
                                ProgramInstance(), nullptr);
-        REQUIRE(hWnd != nullptr);
+        REQUIRE(hWnd);
     }
     CHECK(IsRegistered());
 

@@ -13,16 +13,16 @@
 #include "tests/window/menus.h"
 #include "tests/window/waiting.h"
 
-namespace
-{
-
 // Adds an ENTER and stays in program mode.
-void Modify(cCalculator *pCalculator)
+static void Modify(cCalculator *pCalculator)
 {
     pCalculator->Slide(swMode, 0);
     pCalculator->HitKey(kKeyEnter);
     CHECK(pCalculator->ReadsProgramLine("01 ENTER"));
 }
+
+namespace
+{
 
 struct cWayOut
 {
@@ -30,7 +30,9 @@ struct cWayOut
     std::function<void(cCalculator *)> m_Go;
 };
 
-const cWayOut kWaysOut[] = {
+}  // namespace
+
+static const cWayOut kWaysOut[] = {
     {"the menu",
      [](cCalculator *pCalculator) {
          pCalculator->OpenMenu(mnFile);
@@ -49,8 +51,6 @@ const cWayOut kWaysOut[] = {
          HitKey('C');
      }},
 };
-
-}  // namespace
 
 TEST_CASE("every way of closing asks whether to save, and Cancel keeps the calculator open")
 {

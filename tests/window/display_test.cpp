@@ -22,21 +22,23 @@ struct cField
     int m_nLength;
 };
 
-const cField kMain    = {0, 59, 66, 20};
-const cField kProgram = {0, 50, 66, 20};
-const cField kBottom  = {1, 50, 42, 19};
-const cField kAngle   = {1, 234, 40, 3};
+}  // namespace
+
+static const cField kMain    = {0, 59, 66, 20};
+static const cField kProgram = {0, 50, 66, 20};
+static const cField kBottom  = {1, 50, 42, 19};
+static const cField kAngle   = {1, 234, 40, 3};
 
 // Rows of the stack view, up to the texts that lie over them.
-const cField kStackX    = {1, 50, 78, 20};
-const cField kStackY    = {1, 50, 66, 20};
-const cField kStackZ    = {1, 50, 54, 20};
-const cField kStackT    = {1, 50, 42, 23};
-const cField kLabel     = {1, 194, 53, 9};
-const cField kOperation = {1, 194, 66, 10};
+static const cField kStackX    = {1, 50, 78, 20};
+static const cField kStackY    = {1, 50, 66, 20};
+static const cField kStackZ    = {1, 50, 54, 20};
+static const cField kStackT    = {1, 50, 42, 23};
+static const cField kLabel     = {1, 194, 53, 9};
+static const cField kOperation = {1, 194, 66, 10};
 
 // Waits until the field shows the text, followed by blanks only.
-int Shows(const cCalculator &Calculator, const cField &Field, std::string Text)
+static int Shows(const cCalculator &Calculator, const cField &Field, std::string Text)
 {
     Text.resize(static_cast<size_t>(Field.m_nLength), ' ');
     const std::string Seen = Eventually(Text, [&] {
@@ -50,12 +52,15 @@ int Shows(const cCalculator &Calculator, const cField &Field, std::string Text)
 }
 
 // Whether a repaint changes nothing: no part of an earlier text is left.
-int IsFresh(const cCalculator &Calculator)
+static int IsFresh(const cCalculator &Calculator)
 {
     const cPicture Before = PhotographFace(Calculator);
     Repaint(Calculator);
     return LooksLike(Calculator, Before);
 }
+
+namespace
+{
 
 // A window of another program on top of all others.
 class cCover

@@ -11,11 +11,8 @@
 #include "tests/window/menus.h"
 #include "tests/window/waiting.h"
 
-namespace
-{
-
 // The enabled commands among 201 to 205, as "203 204".
-std::string EnabledCommands(cCalculator &Calculator)
+static std::string EnabledCommands(cCalculator &Calculator)
 {
     std::string Enabled;
     Calculator.OpenMenu(mnEdit);
@@ -28,7 +25,7 @@ std::string EnabledCommands(cCalculator &Calculator)
 
 // Waits until these commands are enabled, as other programs learn of a change of
 // the clipboard with a delay; 0 if others are.
-int EnabledAre(cCalculator &Calculator, const std::string &Commands)
+static int EnabledAre(cCalculator &Calculator, const std::string &Commands)
 {
     const std::string Seen = Eventually(Commands, [&] { return EnabledCommands(Calculator); });
     if (Seen != Commands)
@@ -36,33 +33,33 @@ int EnabledAre(cCalculator &Calculator, const std::string &Commands)
     return Seen == Commands;
 }
 
-void Select(cCalculator &Calculator, int nStart, int nEnd)
+static void Select(cCalculator &Calculator, int nStart, int nEnd)
 {
     SendMessageA(Calculator.Listing(), EM_SETSEL, static_cast<WPARAM>(nStart), nEnd);
 }
 
-std::string FirstLine(cCalculator &Calculator)
+static std::string FirstLine(cCalculator &Calculator)
 {
     const std::vector<std::string> Lines = Calculator.ListingLines();
     return Lines.empty() ? "" : Lines[0];
 }
 
-int FirstLineIs(cCalculator &Calculator, const std::string &Text)
+static int FirstLineIs(cCalculator &Calculator, const std::string &Text)
 {
     return Eventually(Text, [&] { return FirstLine(Calculator); }) == Text;
 }
 
-int HighlightIs(cCalculator &Calculator, const std::string &Line)
+static int HighlightIs(cCalculator &Calculator, const std::string &Line)
 {
     return Eventually(Line, [&] { return Calculator.HighlightedLine(); }) == Line;
 }
 
-void MakeWritable(const cCalculator &Calculator)
+static void MakeWritable(const cCalculator &Calculator)
 {
     SendMessageA(Calculator.Listing(), EM_SETREADONLY, FALSE, 0);
 }
 
-int ClipboardIs(const std::string &Text)
+static int ClipboardIs(const std::string &Text)
 {
     return Eventually(Text, ClipboardText) == Text;
 }
@@ -70,7 +67,7 @@ int ClipboardIs(const std::string &Text)
 // Copies with a key until the clipboard has the text: nothing is copied while another
 // program has the clipboard open, as Wine's desktop has for a moment after each
 // change.
-int CopiesWith(cCalculator &Calculator, int nKey, const std::string &Text)
+static int CopiesWith(cCalculator &Calculator, int nKey, const std::string &Text)
 {
     return WaitFor([&] {
         Calculator.HitShortcut(nKey, kCtrl);
@@ -78,8 +75,6 @@ int CopiesWith(cCalculator &Calculator, int nKey, const std::string &Text)
         return ClipboardText() == Text;
     });
 }
-
-}  // namespace
 
 TEST_CASE("a read-only listing enables only Copy, and no key changes it")
 {

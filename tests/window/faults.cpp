@@ -9,16 +9,18 @@ using cCreateFileW   = decltype(&CreateFileW);
 using cGetDeviceCaps = int(WINAPI *)(HDC, int);
 using cCreateBitmap  = HBITMAP(WINAPI *)(HDC, int, int);
 
-cWriteFile     s_pfnWriteFile     = nullptr;
-cCreateFileA   s_pfnCreateFileA   = nullptr;
-cCreateFileW   s_pfnCreateFileW   = nullptr;
-cGetDeviceCaps s_pfnGetDeviceCaps = nullptr;
-cCreateBitmap  s_pfnCreateBitmap  = nullptr;
-DWORD          s_nRoom            = 0;
-int            s_nColumns         = 0;
+}  // namespace
+
+static cWriteFile     s_pfnWriteFile     = nullptr;
+static cCreateFileA   s_pfnCreateFileA   = nullptr;
+static cCreateFileW   s_pfnCreateFileW   = nullptr;
+static cGetDeviceCaps s_pfnGetDeviceCaps = nullptr;
+static cCreateBitmap  s_pfnCreateBitmap  = nullptr;
+static DWORD          s_nRoom            = 0;
+static int            s_nColumns         = 0;
 
 // Redirects all calls of the module from one function to another.
-void ReplaceCall(HMODULE hModule, FARPROC pfnFormer, FARPROC pfnNew)
+static void ReplaceCall(HMODULE hModule, FARPROC pfnFormer, FARPROC pfnNew)
 {
     auto *const pBase    = reinterpret_cast<BYTE *>(hModule);
     const auto *pDos     = reinterpret_cast<const IMAGE_DOS_HEADER *>(pBase);
@@ -41,7 +43,7 @@ void ReplaceCall(HMODULE hModule, FARPROC pfnFormer, FARPROC pfnNew)
 
 // Redirects the calls of the program and of the C library, which writes files for the
 // program. Returns the platform's function.
-FARPROC ReplaceCalls(const char *szLibrary, const char *szName, FARPROC pfnNew)
+static FARPROC ReplaceCalls(const char *szLibrary, const char *szName, FARPROC pfnNew)
 {
     const FARPROC pfnFormer = GetProcAddress(GetModuleHandleA(szLibrary), szName);
     ReplaceCall(GetModuleHandleA(nullptr), pfnFormer, pfnNew);
@@ -49,18 +51,18 @@ FARPROC ReplaceCalls(const char *szLibrary, const char *szName, FARPROC pfnNew)
     return pfnFormer;
 }
 
-template <class cFunction> FARPROC AsAny(cFunction pfnFunction)
+template <class cFunction> static FARPROC AsAny(cFunction pfnFunction)
 {
     return reinterpret_cast<FARPROC>(reinterpret_cast<void (*)()>(pfnFunction));
 }
 
-template <class cFunction> cFunction As(FARPROC pfnAny)
+template <class cFunction> static cFunction As(FARPROC pfnAny)
 {
     return reinterpret_cast<cFunction>(reinterpret_cast<void (*)()>(pfnAny));
 }
 
-BOOL WINAPI WriteWithinRoom(HANDLE hFile, LPCVOID pBytes, DWORD nBytes, LPDWORD pnWritten,
-                            LPOVERLAPPED pOverlapped)
+static BOOL WINAPI WriteWithinRoom(HANDLE hFile, LPCVOID pBytes, DWORD nBytes, LPDWORD pnWritten,
+                                   LPOVERLAPPED pOverlapped)
 {
     if (nBytes <= s_nRoom)
     {
@@ -72,52 +74,51 @@ BOOL WINAPI WriteWithinRoom(HANDLE hFile, LPCVOID pBytes, DWORD nBytes, LPDWORD 
     return FALSE;
 }
 
-HANDLE Refused()
+static HANDLE Refused()
 {
     SetLastError(ERROR_ACCESS_DENIED);
     return INVALID_HANDLE_VALUE;
 }
 
-int MayCreate(DWORD dwDisposition)
+static int MayCreate(DWORD dwDisposition)
 {
     return dwDisposition == CREATE_NEW || dwDisposition == CREATE_ALWAYS ||
            dwDisposition == OPEN_ALWAYS;
 }
 
-HANDLE WINAPI OpenOnlyA(LPCSTR szName, DWORD dwAccess, DWORD dwShare, LPSECURITY_ATTRIBUTES pRights,
-                        DWORD dwDisposition, DWORD dwFlags, HANDLE hTemplate)
+static HANDLE WINAPI OpenOnlyA(LPCSTR szName, DWORD dwAccess, DWORD dwShare,
+                               LPSECURITY_ATTRIBUTES pRights, DWORD dwDisposition, DWORD dwFlags,
+                               HANDLE hTemplate)
 {
     if (MayCreate(dwDisposition) && GetFileAttributesA(szName) == INVALID_FILE_ATTRIBUTES)
         return Refused();
     return s_pfnCreateFileA(szName, dwAccess, dwShare, pRights, dwDisposition, dwFlags, hTemplate);
 }
 
-HANDLE WINAPI OpenOnlyW(LPCWSTR szName, DWORD dwAccess, DWORD dwShare,
-                        LPSECURITY_ATTRIBUTES pRights, DWORD dwDisposition, DWORD dwFlags,
-                        HANDLE hTemplate)
+static HANDLE WINAPI OpenOnlyW(LPCWSTR szName, DWORD dwAccess, DWORD dwShare,
+                               LPSECURITY_ATTRIBUTES pRights, DWORD dwDisposition, DWORD dwFlags,
+                               HANDLE hTemplate)
 {
     if (MayCreate(dwDisposition) && GetFileAttributesW(szName) == INVALID_FILE_ATTRIBUTES)
         return Refused();
     return s_pfnCreateFileW(szName, dwAccess, dwShare, pRights, dwDisposition, dwFlags, hTemplate);
 }
 
-int WINAPI CapsWithoutDibs(HDC hDc, int nIndex)
+static int WINAPI CapsWithoutDibs(HDC hDc, int nIndex)
 {
     const int nCaps = s_pfnGetDeviceCaps(hDc, nIndex);
     return nIndex == RASTERCAPS ? nCaps & ~RC_DI_BITMAP : nCaps;
 }
 
-HBITMAP WINAPI BitmapWithinRoom(HDC hDc, int nWidth, int nHeight)
+static HBITMAP WINAPI BitmapWithinRoom(HDC hDc, int nWidth, int nHeight)
 {
     return nWidth <= s_nColumns ? s_pfnCreateBitmap(hDc, nWidth, nHeight) : nullptr;
 }
 
-HFONT WINAPI NoFont(const LOGFONTA *)
+static HFONT WINAPI NoFont(const LOGFONTA *)
 {
     return nullptr;
 }
-
-}  // namespace
 
 void LeaveRoomOnDisk(DWORD nBytes)
 {

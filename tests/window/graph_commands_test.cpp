@@ -13,11 +13,11 @@
 #include "tests/window/shared_rig.h"
 #include "tests/window/waiting.h"
 
+// Any caption: the platform's dialogs have another one where there is no printer.
+static const char kAny[] = "";
+
 namespace
 {
-
-// Any caption: the platform's dialogs have another one where there is no printer.
-const char kAny[] = "";
 
 struct cMenuRow
 {
@@ -30,8 +30,10 @@ struct cMenuRow
     int         m_nContext;  // position in the context menu, from 1; 0: none
 };
 
+}  // namespace
+
 // clang-format off
-const cMenuRow kRows[] =
+static const cMenuRow kRows[] =
 {
     { gmFile, IDM_GRAPH_NEW,        "&New\tCtrl+N",                 nullptr,            0,     0,     0 },
     { gmFile, IDM_GRAPH_OPEN,       "&Open...\tCtrl+O",             "Open",             'O',   kCtrl, 0 },
@@ -62,7 +64,7 @@ const cMenuRow kRows[] =
 // clang-format on
 
 // Chooses an item of the context menu with the keyboard. Separators do not count.
-void ChooseInContext(const cCalculator &Calculator, const cGraphWindow &Graph, int nPlace)
+static void ChooseInContext(const cCalculator &Calculator, const cGraphWindow &Graph, int nPlace)
 {
     Click(Graph.OnPlot(60, 60), mbRight);
     WaitForMenu();
@@ -71,6 +73,9 @@ void ChooseInContext(const cCalculator &Calculator, const cGraphWindow &Graph, i
     HitKey(VK_RETURN);
     Calculator.Settle();
 }
+
+namespace
+{
 
 // A graph without data. Tests that share it leave it without data.
 struct cGraphRig

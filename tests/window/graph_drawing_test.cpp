@@ -25,9 +25,9 @@ static int Follows(const cGraphWindow &Graph, int nPictures)
     cPicture Former = Graph.LookAtPlot();
     for (int i = 0; i < nPictures; i++)
         if (!WaitFor([&] {
-                cPicture   Now    = Graph.LookAtPlot();
-                const bool bOther = !(Now == Former);
-                Former            = std::move(Now);
+                cPicture  Now    = Graph.LookAtPlot();
+                const int bOther = !(Now == Former);
+                Former           = std::move(Now);
                 return bOther;
             }))
             return 0;

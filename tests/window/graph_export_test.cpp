@@ -9,17 +9,17 @@
 #include "tests/window/input.h"
 #include "tests/window/waiting.h"
 
-namespace
-{
-
-const UINT kMuchRoom = 10 * 1024 * 1024;  // bytes
+static const UINT kMuchRoom = 10 * 1024 * 1024;  // bytes
 
 // Little endian, of a file's content.
-unsigned Word(const std::string &Content, size_t nAt)
+static unsigned Word(const std::string &Content, size_t nAt)
 {
     return static_cast<unsigned char>(Content[nAt]) |
            static_cast<unsigned>(static_cast<unsigned char>(Content[nAt + 1])) << 8;
 }
+
+namespace
+{
 
 struct cExportRig
 {

@@ -17,29 +17,26 @@
 #include "tests/window/shared_rig.h"
 #include "tests/window/waiting.h"
 
-namespace
-{
+static const int kTypes  = 4;  // Plot, StairStep, Scatter, Stoop
+static const int kStyles = 5;
+static const int kSets   = kTypes * kStyles;
+static const int kPoints = 9;
 
-const int kTypes  = 4;  // Plot, StairStep, Scatter, Stoop
-const int kStyles = 5;
-const int kSets   = kTypes * kStyles;
-const int kPoints = 9;
-
-const int      kScatter    = 2;
-const unsigned kPaper      = 0xFFFFFF;
-const unsigned kAxisColour = 0x000000;
+static const int      kScatter    = 2;
+static const unsigned kPaper      = 0xFFFFFF;
+static const unsigned kAxisColour = 0x000000;
 
 // One set above the other, three units apart. Each rises by one unit at every third
 // point and is level from the second to the third point after it. One point lies
 // below all others, so that the others are off the axis.
-int ValueAt(int nSet, int nPoint)
+static int ValueAt(int nSet, int nPoint)
 {
     if (nSet == 0 && nPoint == kPoints - 1)
         return 0;
     return 3 * nSet + 2 + (nPoint % 3 == 1 ? 1 : 0);
 }
 
-std::string DataFile()
+static std::string DataFile()
 {
     std::string Text = "ImplicitX\nTitle \"Types and styles\"\nHorzAxisLabel \"x\"\n";
     for (int nPoint = 0; nPoint < kPoints; nPoint++)
@@ -47,6 +44,9 @@ std::string DataFile()
             Text += std::to_string(ValueAt(nSet, nPoint)) + (nSet + 1 < kSets ? "," : "\n");
     return Text;
 }
+
+namespace
+{
 
 class cLooksRig
 {
@@ -107,8 +107,10 @@ private:
     std::unique_ptr<cSeenRange> m_pRange;
 };
 
+}  // namespace
+
 // The seven by seven pixels around a point, with '#' for ink.
-std::string Around(const cPicture &Picture, POINT At)
+static std::string Around(const cPicture &Picture, POINT At)
 {
     std::string Rows;
     for (int y = At.y - 3; y <= At.y + 3; y++)
@@ -122,15 +124,15 @@ std::string Around(const cPicture &Picture, POINT At)
 
 // The lengths of strokes and gaps along the level part after the third point of a
 // set, without the first and the last, which may be cut off: "18 6 18 6 ".
-std::string StrokesOf(const cLooksRig &Rig, const cPicture &Picture, int nSet)
+static std::string StrokesOf(const cLooksRig &Rig, const cPicture &Picture, int nSet)
 {
     const POINT      From = Rig.PixelOf(nSet, 2);
     const POINT      To   = Rig.PixelOf(nSet, 3);
     std::vector<int> Lengths;
     for (int x = From.x; x < To.x; x++)
     {
-        const bool bInk    = Picture.At(x, From.y) != kPaper;
-        const bool bFormer = x > From.x && Picture.At(x - 1, From.y) != kPaper;
+        const int bInk    = Picture.At(x, From.y) != kPaper;
+        const int bFormer = x > From.x && Picture.At(x - 1, From.y) != kPaper;
         if (x == From.x || bInk != bFormer)
             Lengths.push_back(0);
         Lengths.back()++;
@@ -144,7 +146,7 @@ std::string StrokesOf(const cLooksRig &Rig, const cPicture &Picture, int nSet)
 }
 
 // The number of rows with ink in the middle of that part.
-int ThicknessOf(const cLooksRig &Rig, const cPicture &Picture, int nSet)
+static int ThicknessOf(const cLooksRig &Rig, const cPicture &Picture, int nSet)
 {
     const POINT From = Rig.PixelOf(nSet, 2);
     const int   x    = (From.x + Rig.PixelOf(nSet, 3).x) / 2;
@@ -156,7 +158,7 @@ int ThicknessOf(const cLooksRig &Rig, const cPicture &Picture, int nSet)
 
 // The number of ticks with a grid line, near the right edge of the plot, where there
 // are no data lines.
-int CountGridLines(const cPicture &Picture, const RECT &Area, int nTicks)
+static int CountGridLines(const cPicture &Picture, const RECT &Area, int nTicks)
 {
     const int nX     = Area.right - 20;
     int       nLines = 0;
@@ -169,21 +171,19 @@ int CountGridLines(const cPicture &Picture, const RECT &Area, int nTicks)
 }
 
 // Where Expected has a '*', the platform may draw a pixel or not.
-bool IsLike(const std::string &Picture, const std::string &Expected)
+static int IsLike(const std::string &Picture, const std::string &Expected)
 {
     return std::equal(Picture.begin(), Picture.end(), Expected.begin(), Expected.end(),
                       [](char c, char cExpected) { return cExpected == '*' || c == cExpected; });
 }
 
-const char *const kMarkers[kStyles] = {
+static const char *const kMarkers[kStyles] = {
     ".......\n...#...\n..*#*..\n..###..\n.*###*.\n.#####.\n.......\n",
     ".......\n.#####.\n.#####.\n.#####.\n.#####.\n.#####.\n.......\n",
     ".......\n...#...\n..###..\n.#####.\n..###..\n...#...\n.......\n",
     "..###..\n..###..\n..###..\n..###..\n..###..\n..###..\n..###..\n",
     ".......\n.......\n#######\n#######\n#######\n.......\n.......\n",
 };
-
-}  // namespace
 
 // Each style of the three types of line has its own pattern; "Scatter" has markers.
 static void CheckStylesOf(const cLooksRig &Rig, const cPicture &Styles, int nType)

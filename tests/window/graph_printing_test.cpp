@@ -16,29 +16,29 @@
 #include "tests/window/leaks.h"
 #include "tests/window/waiting.h"
 
+// Controls of the platform's dialogs.
+static const int kPageRange  = rad3;
+static const int kCopies     = edt3;
+static const int kLandscape  = rad2;
+static const int kMarginLeft = edt4;
+static const int kMarginTop  = edt5;
+
+static const int      kInch = 100;  // in the units of cInk
+static const int      kEdge = 1;    // of the position of a line
+static const unsigned kRed  = 0xFF0000;
+
+static const char *const kFall = "ExplicitX\n"
+                                 "Title \"Free fall\"\n"
+                                 "HorzAxisLabel \"seconds\"\n"
+                                 "SetLabels \"height in m\" , \"speed in m/s\" , \"energy\"\n"
+                                 "0.0 , 100 , 0 , 7\n"
+                                 "0.5 , 98.8 , 4.9 , 8\n"
+                                 "1.0 , 95.1 , 9.8 , 5\n"
+                                 "1.5 , 89.0 , 14.7 , 6\n"
+                                 "2.0 , 80.4 , 19.6 , 9\n";
+
 namespace
 {
-
-// Controls of the platform's dialogs.
-const int kPageRange  = rad3;
-const int kCopies     = edt3;
-const int kLandscape  = rad2;
-const int kMarginLeft = edt4;
-const int kMarginTop  = edt5;
-
-const int      kInch = 100;  // in the units of cInk
-const int      kEdge = 1;    // of the position of a line
-const unsigned kRed  = 0xFF0000;
-
-const char *const kFall = "ExplicitX\n"
-                          "Title \"Free fall\"\n"
-                          "HorzAxisLabel \"seconds\"\n"
-                          "SetLabels \"height in m\" , \"speed in m/s\" , \"energy\"\n"
-                          "0.0 , 100 , 0 , 7\n"
-                          "0.5 , 98.8 , 4.9 , 8\n"
-                          "1.0 , 95.1 , 9.8 , 5\n"
-                          "1.5 , 89.0 , 14.7 , 6\n"
-                          "2.0 , 80.4 , 19.6 , 9\n";
 
 struct cGraphRig
 {
@@ -69,8 +69,10 @@ struct cGraphRig
     cGraphWindow m_Graph;
 };
 
+}  // namespace
+
 // All words of a page in alphabetical order.
-std::vector<std::string> WordsOf(const cPrintedPage &Page)
+static std::vector<std::string> WordsOf(const cPrintedPage &Page)
 {
     std::vector<std::string> Words;
     for (const std::string &Line : Page.m_Lines)
@@ -83,7 +85,7 @@ std::vector<std::string> WordsOf(const cPrintedPage &Page)
     return Words;
 }
 
-int CountRed(const cPicture &Picture, const RECT &Part)
+static int CountRed(const cPicture &Picture, const RECT &Part)
 {
     int nCount = 0;
     for (int y = Part.top; y < Part.bottom; y++)
@@ -94,7 +96,7 @@ int CountRed(const cPicture &Picture, const RECT &Part)
 
 // The number of black lines that cross more than half of the page from left to right
 // of its text.
-int CountRules(const cPicture &Picture, int bTurned)
+static int CountRules(const cPicture &Picture, int bTurned)
 {
     const int nAcross = bTurned ? Picture.Height() : Picture.Width();
     const int nDown   = bTurned ? Picture.Width() : Picture.Height();
@@ -111,8 +113,6 @@ int CountRules(const cPicture &Picture, int bTurned)
     }
     return nRules;
 }
-
-}  // namespace
 
 TEST_CASE("the graph is printed with title, legend and data on one page")
 {

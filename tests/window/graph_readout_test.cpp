@@ -19,13 +19,13 @@
 #include "tests/window/window_state.h"
 #include "toolkit/win32/gdi.h"
 
+static const int kReach     = 6;  // of the cross-hair
+static const int kPositions = 9;  // of the mouse, along each axis
+
+static const unsigned kColour = 0xFFFFFF;
+
 namespace
 {
-
-const int kReach     = 6;  // of the cross-hair
-const int kPositions = 9;  // of the mouse, along each axis
-
-const unsigned kColour = 0xFFFFFF;
 
 struct cPointOfSet
 {
@@ -35,14 +35,19 @@ struct cPointOfSet
     double m_dPlotted;  // by multiplier and offset
 };
 
+}  // namespace
+
 // x and three columns: the second, scaled, coincides with the first, the third
 // meets both, and the last two rows are equal.
-const double kRows[][4] = {
+static const double kRows[][4] = {
     {0, 1, 9, 4},   {1, 2.5, 7.5, 4},   {2, 4, 6, 4},    {3, 5, 5, 5},     {4, 6, 4, 6},
     {5, 7.5, 2, 7}, {6.5, 9, 1, 1.125}, {8, 3, 7, -2.5}, {9.75, 0, 10, 3}, {9.75, 0, 10, 3},
 };
-const double kMultiplier = -1.0;
-const double kOffset     = 10.0;
+static const double kMultiplier = -1.0;
+static const double kOffset     = 10.0;
+
+namespace
+{
 
 enum eTitle
 {
@@ -50,7 +55,9 @@ enum eTitle
     tiGiven
 };
 
-std::string DataFile(eTitle nTitle)
+}  // namespace
+
+static std::string DataFile(eTitle nTitle)
 {
     std::string Text = nTitle == tiGiven ? "ExplicitX\nTitle \"Three\"\n" : "ExplicitX\n";
     for (const auto &Row : kRows)
@@ -63,7 +70,7 @@ std::string DataFile(eTitle nTitle)
 }
 
 // All points, set by set; the second set is scaled.
-std::vector<cPointOfSet> Points()
+static std::vector<cPointOfSet> Points()
 {
     std::vector<cPointOfSet> All;
     for (int nSet = 0; nSet < 3; nSet++)
@@ -76,7 +83,7 @@ std::vector<cPointOfSet> Points()
 }
 
 // The strip of the title with this text.
-cPicture TitleStrip(int nWidth, int nHeight, const std::string &Text)
+static cPicture TitleStrip(int nWidth, int nHeight, const std::string &Text)
 {
     return cPicture::Drawn(nWidth, nHeight, [&](HDC hDc) {
         const RECT         Whole = {0, 0, nWidth, nHeight};
@@ -87,7 +94,7 @@ cPicture TitleStrip(int nWidth, int nHeight, const std::string &Text)
     });
 }
 
-int TextHeight()
+static int TextHeight()
 {
     const cWindowDc    Screen(nullptr);
     const cSelectGuard Font(Screen.Get(), GetStockObject(SYSTEM_FONT));
@@ -96,7 +103,7 @@ int TextHeight()
     return Metrics.tmHeight + Metrics.tmExternalLeading;
 }
 
-int TextWidth(const std::string &Text)
+static int TextWidth(const std::string &Text)
 {
     const cWindowDc    Screen(nullptr);
     const cSelectGuard Font(Screen.Get(), GetStockObject(SYSTEM_FONT));
@@ -107,12 +114,15 @@ int TextWidth(const std::string &Text)
 
 // Whether the cross-hair at At inverts the pixel (x, y). Where its two lines meet,
 // it inverts the pixel twice.
-bool IsInverted(POINT At, int x, int y)
+static int IsInverted(POINT At, int x, int y)
 {
-    const bool bHorz = y == At.y && abs(x - At.x) <= kReach;
-    const bool bVert = x == At.x && abs(y - At.y) <= kReach;
+    const int bHorz = y == At.y && abs(x - At.x) <= kReach;
+    const int bVert = x == At.x && abs(y - At.y) <= kReach;
     return bHorz != bVert;
 }
+
+namespace
+{
 
 class cReadoutRig
 {
@@ -162,6 +172,8 @@ private:
     std::unique_ptr<cSeenRange> m_pRange;
     cPicture                    m_Before;
 };
+
+}  // namespace
 
 cReadoutRig::cReadoutRig(eTitle nTitle)
     : m_Graph(&m_Calculator), m_nTitle(nTitle), m_nTextHeight(TextHeight()),
@@ -223,7 +235,7 @@ int cReadoutRig::Shows(const cPicture &Seen, const std::string &Text, POINT At) 
     for (int y = 0; y < m_nHeight; y++)
         for (int x = 0; x < m_nWidth; x++)
         {
-            const bool bInPlot =
+            const int bInPlot =
                 x >= m_Area.left && x < m_Area.right && y >= m_Area.top && y < m_Area.bottom;
             const unsigned nInvert = bInPlot && IsInverted(At, x, y) ? kColour : 0;
             if (Seen.At(x, y) != (Without(x, y, Strip, nTextWidth) ^ nInvert))
@@ -246,8 +258,6 @@ int cReadoutRig::ShowsNearest(POINT Mouse) const
     }
     return bSeen && m_Graph.SelectedRow() == Nearest.m_nSet;
 }
-
-}  // namespace
 
 TEST_CASE("the nearest point is read out in each corner of the plot, but not beside it")
 {

@@ -22,14 +22,16 @@ struct cTicksOfSize
     unsigned m_nTicks;
 };
 
-const int kWithTitle = 40;  // height, in pixels, that shows at least the title
+}  // namespace
+
+static const int kWithTitle = 40;  // height, in pixels, that shows at least the title
 
 // A line through the middle of the plot, so that its ends lie on no axis.
-const char *const kBend = "ExplicitX\n0 , 0\n1 , 2\n2 , 1\n4 , 4\n";
+static const char *const kBend = "ExplicitX\n0 , 0\n1 , 2\n2 , 1\n4 , 4\n";
 
 // Gives the plot's window this size. A narrower menu bar may need another row,
 // which takes another try.
-void SizePlot(const cGraphWindow &Graph, int nWidth, int nHeight)
+static void SizePlot(const cGraphWindow &Graph, int nWidth, int nHeight)
 {
     for (int nTry = 0; nTry < 5; nTry++)
     {
@@ -43,7 +45,7 @@ void SizePlot(const cGraphWindow &Graph, int nWidth, int nHeight)
 }
 
 // The plot at this moment, without the legend below it.
-cPicture LookAboveLegend(const cGraphWindow &Graph)
+static cPicture LookAboveLegend(const cGraphWindow &Graph)
 {
     const RECT Plot   = RectOf(Graph.Plot());
     const RECT Legend = RectOf(Graph.Legend());
@@ -52,8 +54,8 @@ cPicture LookAboveLegend(const cGraphWindow &Graph)
 
 // In this size the automatic range and the picture have the expected ticks. An axis
 // with 0 ticks is not checked.
-void CheckTicks(cCalculator *pCalculator, cGraphWindow *pGraph, const cTicksOfSize &Width,
-                const cTicksOfSize &Height)
+static void CheckTicks(cCalculator *pCalculator, cGraphWindow *pGraph, const cTicksOfSize &Width,
+                       const cTicksOfSize &Height)
 {
     CAPTURE(Width.m_nSize);
     CAPTURE(Height.m_nSize);
@@ -72,8 +74,6 @@ void CheckTicks(cCalculator *pCalculator, cGraphWindow *pGraph, const cTicksOfSi
         CHECK(Plot.m_nVertTicks == static_cast<int>(Height.m_nTicks));
     }
 }
-
-}  // namespace
 
 TEST_CASE("the plot has the ticks of its size, just below each threshold and at it")
 {

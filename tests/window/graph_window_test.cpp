@@ -14,13 +14,13 @@
 #include "tests/window/waiting.h"
 #include "tests/window/window_state.h"
 
-namespace
-{
-
-const unsigned kWhite = 0xFFFFFF;
+static const unsigned kWhite = 0xFFFFFF;
 
 // A diagonal from one corner of the range to the other.
-const char *const kDiagonal = "ExplicitX\n0 , 0\n1 , 1\n2 , 2\n3 , 3\n4 , 4\n";
+static const char *const kDiagonal = "ExplicitX\n0 , 0\n1 , 1\n2 , 2\n3 , 3\n4 , 4\n";
+
+namespace
+{
 
 // A graph with the diagonal. Tests that share it leave data and view as they are.
 struct cDiagonalRig
@@ -37,19 +37,19 @@ struct cDiagonalRig
     cGraphWindow m_Graph;
 };
 
+}  // namespace
+
 // Opens a listing of the examples, which draws a graph.
-void OpenWaves(cCalculator *pCalculator)
+static void OpenWaves(cCalculator *pCalculator)
 {
     pCalculator->Choose(mnFile, IDM_OPEN);
     pCalculator->GiveFileName(FullPath(VORSTEK_EXAMPLES "/waves.txt"));
 }
 
-int RowHeightOf(HWND hLegend)
+static int RowHeightOf(HWND hLegend)
 {
     return static_cast<int>(SendMessageA(hLegend, LB_GETITEMHEIGHT, 0, 0));
 }
-
-}  // namespace
 
 TEST_CASE("the graph is shown and hidden with its menu items and its key, and keeps its data")
 {

@@ -16,11 +16,8 @@
 #include "tests/window/waiting.h"
 #include "tests/window/window_state.h"
 
-namespace
-{
-
 // Copies help files and pages from the build to the program's folder.
-void BringHelp(cCalculator &Calculator)
+static void BringHelp(cCalculator &Calculator)
 {
     const std::filesystem::path Built = std::filesystem::path(VORSTEK_PROGRAM).parent_path();
     for (const char *szName : {"VORSTEK.chm", "cVantor.CHM"})
@@ -30,7 +27,7 @@ void BringHelp(cCalculator &Calculator)
 }
 
 // The number of pages whose names have this beginning; each page is a topic.
-int Pages(cCalculator &Calculator, const std::string &Beginning)
+static int Pages(cCalculator &Calculator, const std::string &Beginning)
 {
     int nPages = 0;
     for (const auto &File : std::filesystem::directory_iterator(Calculator.Path("HtmlHelp")))
@@ -40,13 +37,13 @@ int Pages(cCalculator &Calculator, const std::string &Beginning)
     return nPages;
 }
 
-HWND WaitForViewer(const char *szTitle)
+static HWND WaitForViewer(const char *szTitle)
 {
     return WaitFor([=] { return FindWindowA(nullptr, szTitle); });
 }
 
 // The number of topics in the viewer's contents, which the viewer fills by and by.
-int CountTopics(HWND hViewer, int nExpected)
+static int CountTopics(HWND hViewer, int nExpected)
 {
     return Eventually(nExpected, [=] {
         HWND hTree = nullptr;
@@ -64,6 +61,9 @@ int CountTopics(HWND hViewer, int nExpected)
         return static_cast<int>(SendMessageA(hTree, TVM_GETCOUNT, 0, 0));
     });
 }
+
+namespace
+{
 
 // Replaces the user's browser: registers a command that writes the name of the
 // page to a file. Wine without its browser has none; where a browser is registered,
@@ -146,7 +146,7 @@ TEST_CASE("the help opens with its contents, and the calculator still works")
 
     Calculator.HitShortcut('E', kCtrl);
     CHECK(Calculator.ExitCode() == 0);
-    CHECK(FindWindowA(nullptr, "Vorstek Help") == nullptr);
+    CHECK(!FindWindowA(nullptr, "Vorstek Help"));
 }
 
 TEST_CASE("the graph's help opens with its own contents")

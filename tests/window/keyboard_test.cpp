@@ -11,19 +11,16 @@
 #include "tests/window/keys.h"
 #include "tests/window/waiting.h"
 
-namespace
-{
+static const char kMapped[] = "e-789+456*123/0.";
 
-const char kMapped[] = "e-789+456*123/0.";
-
-void TypeCharacter(char c)
+static void TypeCharacter(char c)
 {
     Type(std::string(1, c));
 }
 
 // All printable characters without a key of the calculator, and some that are not
 // printable.
-std::string Unmapped()
+static std::string Unmapped()
 {
     std::string Characters = "\b\t\n";
     for (int c = ' '; c < 256; c++)
@@ -31,8 +28,6 @@ std::string Unmapped()
             Characters += static_cast<char>(c);
     return Characters;
 }
-
-}  // namespace
 
 TEST_CASE("every mapped character does what a click on its key does")
 {

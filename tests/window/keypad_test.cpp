@@ -12,16 +12,13 @@
 #include "tests/window/keys.h"
 #include "tests/window/waiting.h"
 
-namespace
-{
-
 // From the corner of the keypad to that of the face.
-POINT EdgeOfFace()
+static POINT EdgeOfFace()
 {
     return {GetSystemMetrics(SM_CXEDGE), GetSystemMetrics(SM_CYEDGE)};
 }
 
-RECT PartOfFace(const cFaceRect &Part)
+static RECT PartOfFace(const cFaceRect &Part)
 {
     const POINT Edge = EdgeOfFace();
     const RECT  Rect = {Edge.x + Part.m_nLeft, Edge.y + Part.m_nTop,
@@ -31,11 +28,11 @@ RECT PartOfFace(const cFaceRect &Part)
 }
 
 // The texts of the display, whose own rectangle reaches down to the switches.
-const cFaceRect kTexts = {44, 40, 260, 60};
+static const cFaceRect kTexts = {44, 40, 260, 60};
 
 // The smallest rectangle outside the texts in which two pictures of the keypad
 // differ; empty if they do not.
-RECT DifferenceOf(const cPicture &One, const cPicture &Other)
+static RECT DifferenceOf(const cPicture &One, const cPicture &Other)
 {
     const RECT Texts      = PartOfFace(kTexts);
     RECT       Difference = {};
@@ -49,7 +46,7 @@ RECT DifferenceOf(const cPicture &One, const cPicture &Other)
     return Difference;
 }
 
-int IsInside(const RECT &Inner, const RECT &Outer)
+static int IsInside(const RECT &Inner, const RECT &Outer)
 {
     RECT Common = {};
     return IntersectRect(&Common, &Inner, &Outer) && EqualRect(&Common, &Inner);
@@ -57,14 +54,14 @@ int IsInside(const RECT &Inner, const RECT &Outer)
 
 // Waits until the program has handled the move; moves in quick succession would
 // become one.
-void MoveOn(const cCalculator &Calculator, POINT Position)
+static void MoveOn(const cCalculator &Calculator, POINT Position)
 {
     MoveMouse(Position);
     Calculator.Settle();
 }
 
 // Sets X and Y to 1 and the last operation to another one than that of nKey.
-void Prepare(cCalculator *pCalculator, unsigned nKey)
+static void Prepare(cCalculator *pCalculator, unsigned nKey)
 {
     pCalculator->HitKeys({kKeyClearX, kKey1, kKeyEnter});
     if (nKey == kKeyEnter)
@@ -72,7 +69,7 @@ void Prepare(cCalculator *pCalculator, unsigned nKey)
 }
 
 // Presses the mouse on the thumb of a switch, which is at the left or right end.
-void Grab(const cCalculator &Calculator, eSwitch nSwitch, int bRight)
+static void Grab(const cCalculator &Calculator, eSwitch nSwitch, int bRight)
 {
     const cFaceRect &Rect = kSwitchRects[nSwitch];
     MoveMouse(Calculator.OnFace(Rect.m_nLeft + (bRight ? Rect.m_nWidth : kThumbWidth) - 12,
@@ -81,14 +78,12 @@ void Grab(const cCalculator &Calculator, eSwitch nSwitch, int bRight)
 }
 
 // Moves the grabbed thumb to this position, 0 to 12.
-void DragTo(const cCalculator &Calculator, eSwitch nSwitch, int nPosition)
+static void DragTo(const cCalculator &Calculator, eSwitch nSwitch, int nPosition)
 {
     const cFaceRect &Rect = kSwitchRects[nSwitch];
     MoveOn(Calculator,
            Calculator.OnFace(Rect.m_nLeft + kThumbWidth - 12 + nPosition, Rect.m_nTop + 7));
 }
-
-}  // namespace
 
 // The bottom line after each key, alone and after the gold and the blue prefix.
 static const struct

@@ -11,12 +11,12 @@
 #include "tests/window/waiting.h"
 #include "tests/window/window_state.h"
 
+static const int kFace         = 306;  // width of the painted face, in pixels
+static const int kFaceRows     = 567;
+static const int kMostRegister = 210;
+
 namespace
 {
-
-const int kFace         = 306;  // width of the painted face, in pixels
-const int kFaceRows     = 567;
-const int kMostRegister = 210;
 
 struct cPlace
 {
@@ -28,17 +28,23 @@ struct cPlace
     bool operator==(const cPlace &) const = default;
 };
 
+// doctest looks for it beside the type.
 doctest::String toString(const cPlace &Place)
 {
     return doctest::toString(Place.m_nLeft) + "," + doctest::toString(Place.m_nTop) + " " +
            doctest::toString(Place.m_nWidth) + "x" + doctest::toString(Place.m_nHeight);
 }
 
-cPlace PlaceOf(HWND hParent, HWND hChild)
+}  // namespace
+
+static cPlace PlaceOf(HWND hParent, HWND hChild)
 {
     const RECT Rect = RectIn(hParent, hChild);
     return {Rect.left, Rect.top, Rect.right - Rect.left, Rect.bottom - Rect.top};
 }
+
+namespace
+{
 
 // The layout that the window should have.
 struct cModel
@@ -68,8 +74,10 @@ struct cModel
     }
 };
 
+}  // namespace
+
 // Compares the position of each part with the model.
-void CheckPlaces(cCalculator &Calculator, cModel *pModel)
+static void CheckPlaces(cCalculator &Calculator, cModel *pModel)
 {
     const HWND hWnd   = Calculator.Window();
     const RECT Client = ClientOf(hWnd);
@@ -103,7 +111,7 @@ void CheckPlaces(cCalculator &Calculator, cModel *pModel)
                      pModel->m_nRegistersWidth, nHeight});
 }
 
-void KeepOpen(cCalculator &Calculator, cModel *pModel, int bListing, int bRegisters)
+static void KeepOpen(cCalculator &Calculator, cModel *pModel, int bListing, int bRegisters)
 {
     Calculator.KeepOpen(bListing, bRegisters);
     pModel->m_bListing   = bListing;
@@ -113,7 +121,7 @@ void KeepOpen(cCalculator &Calculator, cModel *pModel, int bListing, int bRegist
     CheckPlaces(Calculator, pModel);
 }
 
-void Toggle(cCalculator &Calculator, cModel *pModel, unsigned nCommand)
+static void Toggle(cCalculator &Calculator, cModel *pModel, unsigned nCommand)
 {
     const SIZE Before = SizeOf(Calculator.Window());
     Calculator.Choose(mnView, nCommand);
@@ -124,8 +132,6 @@ void Toggle(cCalculator &Calculator, cModel *pModel, unsigned nCommand)
     CHECK(SizeOf(Calculator.Window()).cy == Before.cy);
     CheckPlaces(Calculator, pModel);
 }
-
-}  // namespace
 
 TEST_CASE("bars and boxes are in their positions in every combination")
 {
@@ -232,7 +238,7 @@ TEST_CASE("a click into a box leaves the focus with the calculator and shows no 
         Thread.cbSize        = sizeof Thread;
         REQUIRE(GetGUIThreadInfo(GetWindowThreadProcessId(hBox, nullptr), &Thread));
         CHECK(Thread.hwndFocus == Calculator.Window());
-        CHECK(Thread.hwndCaret == nullptr);
+        CHECK(!Thread.hwndCaret);
     }
     Type("42");
     CHECK(Calculator.ReadsX("42."));

@@ -57,7 +57,7 @@ void ChooseItem(HWND hWnd, UINT nMenu, UINT nId)
 
 void WaitForMenu()
 {
-    REQUIRE(WaitFor([] { return FindWindowA(kMenuClass, nullptr) != nullptr; }));
+    REQUIRE(WaitFor([] { return FindWindowA(kMenuClass, nullptr); }));
     cProbeLink::Current()->Settle();
 }
 
@@ -65,6 +65,6 @@ void CloseMenus()
 {
     HitKey(VK_ESCAPE);
     HitKey(VK_ESCAPE);
-    REQUIRE(WaitFor([] { return FindWindowA(kMenuClass, nullptr) == nullptr; }));
+    REQUIRE(WaitFor([] { return !FindWindowA(kMenuClass, nullptr); }));
     cProbeLink::Current()->Settle();
 }

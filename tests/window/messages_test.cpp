@@ -192,7 +192,7 @@ TEST_CASE("a missing help file is reported, and the calculator goes on")
     Calculator.HitShortcut(VK_F1);
     REQUIRE(Calculator.Dialog());
     Calculator.PhotographScreen().Save("help");
-    CHECK(GetWindow(Calculator.Dialog(), GW_OWNER) == nullptr);
+    CHECK(!GetWindow(Calculator.Dialog(), GW_OWNER));
     CHECK_FALSE(IsWindowEnabled(Calculator.Window()));
     CheckBox(&Calculator, MissingHelpText("VORSTEK.CHM").c_str(), kErrorIcon);
     CHECK(Calculator.HasNoDialog());

@@ -11,11 +11,8 @@
 #include "tests/window/keys.h"
 #include "tests/window/waiting.h"
 
-namespace
-{
-
 // Closes the report about the printer; 0 if another dialog follows it.
-int SaysSo(cCalculator *pCalculator)
+static int SaysSo(cCalculator *pCalculator)
 {
     const cSeenBox Box = pCalculator->Box();
     CAPTURE(Box.m_Text);
@@ -25,8 +22,6 @@ int SaysSo(cCalculator *pCalculator)
     pCalculator->Settle();
     return !pCalculator->HasDialog();
 }
-
-}  // namespace
 
 TEST_CASE("a missing printer is reported, and the calculator still works")
 {

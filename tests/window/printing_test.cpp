@@ -22,26 +22,28 @@ namespace
 
 using cTexts = std::vector<std::vector<std::string>>;
 
-// Controls of the platform's dialogs.
-const int kSelection    = rad2;
-const int kPageRange    = rad3;
-const int kFromPage     = edt1;
-const int kToPage       = edt2;
-const int kCopies       = edt3;
-const int kCollate      = chx2;
-const int kLandscape    = rad2;
-const int kMarginLeft   = edt4;
-const int kMarginTop    = edt5;
-const int kMarginRight  = edt6;
-const int kMarginBottom = edt7;
-const int kMarginGroup  = grp4;
+}  // namespace
 
-const int kInch       = 100;  // in the units of cInk
-const int kTolerance  = 2;    // of the position of a letter
-const int kLineHeight = 15;   // at most, of 9 points
+// Controls of the platform's dialogs.
+static const int kSelection    = rad2;
+static const int kPageRange    = rad3;
+static const int kFromPage     = edt1;
+static const int kToPage       = edt2;
+static const int kCopies       = edt3;
+static const int kCollate      = chx2;
+static const int kLandscape    = rad2;
+static const int kMarginLeft   = edt4;
+static const int kMarginTop    = edt5;
+static const int kMarginRight  = edt6;
+static const int kMarginBottom = edt7;
+static const int kMarginGroup  = grp4;
+
+static const int kInch       = 100;  // in the units of cInk
+static const int kTolerance  = 2;    // of the position of a letter
+static const int kLineHeight = 15;   // at most, of 9 points
 
 // "; line 001" to "; line 300". The calculator adds the 99 lines of the program.
-std::string LongListing()
+static std::string LongListing()
 {
     std::string Listing;
     for (int i = 1; i <= 300; i++)
@@ -54,7 +56,7 @@ std::string LongListing()
 }
 
 // The lines of the listing box without leading blanks.
-std::vector<std::string> ListingOf(const cCalculator &Calculator)
+static std::vector<std::string> ListingOf(const cCalculator &Calculator)
 {
     std::vector<std::string> Lines = Calculator.ListingLines();
     for (std::string &Line : Lines)
@@ -62,13 +64,16 @@ std::vector<std::string> ListingOf(const cCalculator &Calculator)
     return Lines;
 }
 
-std::vector<std::string> AllLines(const cTexts &Pages)
+static std::vector<std::string> AllLines(const cTexts &Pages)
 {
     std::vector<std::string> Lines;
     for (const auto &Page : Pages)
         Lines.insert(Lines.end(), Page.begin(), Page.end());
     return Lines;
 }
+
+namespace
+{
 
 struct cPrintRig
 {

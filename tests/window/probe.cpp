@@ -21,13 +21,15 @@ struct cGdiEntry
     unsigned long long m_nUser;
 };
 
-const size_t kGdiEntries        = 16384;
-const size_t kGdiTableInPeb     = 0xF8;
-const int    kFreshMenus        = 64;
-const UINT   kIndexOfUserHandle = 0xFFFF;
-const UINT   kAnyInput          = QS_INPUT | QS_POSTMESSAGE;
+}  // namespace
 
-int CountGdiEntries()
+static const size_t kGdiEntries        = 16384;
+static const size_t kGdiTableInPeb     = 0xF8;
+static const int    kFreshMenus        = 64;
+static const UINT   kIndexOfUserHandle = 0xFFFF;
+static const UINT   kAnyInput          = QS_INPUT | QS_POSTMESSAGE;
+
+static int CountGdiEntries()
 {
     PROCESS_BASIC_INFORMATION Process = {};
     NtQueryInformationProcess(GetCurrentProcess(), ProcessBasicInformation, &Process,
@@ -42,7 +44,7 @@ int CountGdiEntries()
 
 // Wine does not count user objects. It reuses the handles that were freed last, then
 // takes higher ones, so the highest of some new handles rises with every leak.
-int HighestFreshHandle()
+static int HighestFreshHandle()
 {
     HMENU hMenus[kFreshMenus];
     UINT  nHighest = 0;
@@ -57,7 +59,7 @@ int HighestFreshHandle()
     return static_cast<int>(nHighest);
 }
 
-void CountObjects(cProbeAnswer *pAnswer)
+static void CountObjects(cProbeAnswer *pAnswer)
 {
     pAnswer->m_nValue = static_cast<int>(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS));
     pAnswer->m_nMore  = static_cast<int>(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS));
@@ -68,7 +70,7 @@ void CountObjects(cProbeAnswer *pAnswer)
 }
 
 // The menu with the item, and its position there; null if there is none.
-HMENU FindItem(HMENU hMenu, UINT nId, int *pnPosition)
+static HMENU FindItem(HMENU hMenu, UINT nId, int *pnPosition)
 {
     for (int i = 0; i < GetMenuItemCount(hMenu); i++)
     {
@@ -86,7 +88,7 @@ HMENU FindItem(HMENU hMenu, UINT nId, int *pnPosition)
 }
 
 // A null window means the window of the open popup menu.
-void FindItemRect(HWND hWnd, UINT nId, cProbeAnswer *pAnswer)
+static void FindItemRect(HWND hWnd, UINT nId, cProbeAnswer *pAnswer)
 {
     int         nPosition = 0;
     const HMENU hMenu     = FindItem(GetMenu(hWnd), nId, &nPosition);
@@ -94,7 +96,7 @@ void FindItemRect(HWND hWnd, UINT nId, cProbeAnswer *pAnswer)
         hMenu && GetMenuItemRect(nullptr, hMenu, static_cast<UINT>(nPosition), &pAnswer->m_Rect);
 }
 
-void DescribeItem(HMENU hBar, UINT nItemAt, cProbeAnswer *pAnswer)
+static void DescribeItem(HMENU hBar, UINT nItemAt, cProbeAnswer *pAnswer)
 {
     const HMENU hMenu     = GetSubMenu(hBar, static_cast<int>(nItemAt >> 8));
     const UINT  nPosition = nItemAt & 0xFF;
@@ -105,7 +107,7 @@ void DescribeItem(HMENU hBar, UINT nItemAt, cProbeAnswer *pAnswer)
     GetMenuStringA(hMenu, nPosition, pAnswer->m_szText, sizeof pAnswer->m_szText, MF_BYPOSITION);
 }
 
-void DescribeButton(HWND hToolBar, UINT nPosition, cProbeAnswer *pAnswer)
+static void DescribeButton(HWND hToolBar, UINT nPosition, cProbeAnswer *pAnswer)
 {
     TBBUTTON Button   = {};
     pAnswer->m_nValue = -1;
@@ -119,13 +121,13 @@ void DescribeButton(HWND hToolBar, UINT nPosition, cProbeAnswer *pAnswer)
 }
 
 // A shared icon has one handle, however often it is loaded.
-int HasClassIcon(HWND hWnd, UINT nIcon)
+static int HasClassIcon(HWND hWnd, UINT nIcon)
 {
     const HICON hIcon = LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(nIcon));
     return hIcon && GetClassLongPtrA(hWnd, GCLP_HICON) == reinterpret_cast<ULONG_PTR>(hIcon);
 }
 
-int IconOfBox(HWND hBox)
+static int IconOfBox(HWND hBox)
 {
     const int kHand        = 32513;
     const int kInformation = 32516;
@@ -143,7 +145,7 @@ int IconOfBox(HWND hBox)
 // Wine sends paint to the screen when the thread is about to wait, but does not wait
 // for the screen, which may answer another program before it draws. It answers this
 // program in order.
-void ShowWhatIsPainted()
+static void ShowWhatIsPainted()
 {
     MsgWaitForMultipleObjects(0, nullptr, FALSE, 0, QS_ALLINPUT);
     const HDC hScreen = GetDC(nullptr);
@@ -151,30 +153,30 @@ void ShowWhatIsPainted()
     ReleaseDC(nullptr, hScreen);
 }
 
-HWND FindToolBar(HWND hWnd)
+static HWND FindToolBar(HWND hWnd)
 {
     return FindWindowExA(hWnd, nullptr, TOOLBARCLASSNAMEA, nullptr);
 }
 
-HWND FindStatusBar(HWND hWnd)
+static HWND FindStatusBar(HWND hWnd)
 {
     return FindWindowExA(hWnd, nullptr, STATUSCLASSNAMEA, nullptr);
 }
 
 // Not a second time, as the timer may have fired by itself in the meantime.
-void EndWelcome(HWND hWelcome)
+static void EndWelcome(HWND hWelcome)
 {
     if (!IsWindowEnabled(GetDlgItem(hWelcome, IDOK)))
         SendMessageA(hWelcome, WM_TIMER, IDT_WELCOME, 0);
 }
 
-HMENU MenuOf(HWND hWnd)
+static HMENU MenuOf(HWND hWnd)
 {
     const auto hPopup = reinterpret_cast<HMENU>(SendMessageA(hWnd, MN_GETHMENU, 0, 0));
     return hPopup ? hPopup : GetMenu(hWnd);
 }
 
-void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
+static void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
 {
     const HMENU hMenu = MenuOf(hWnd);
     switch (nProbe)
@@ -251,8 +253,6 @@ void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
         break;
     }
 }
-
-}  // namespace
 
 // The hook, which receives the messages sent to windows of the program's thread.
 extern "C" __declspec(dllexport) LRESULT CALLBACK ProbeHook(int nCode, WPARAM wParam, LPARAM lParam)

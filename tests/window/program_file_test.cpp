@@ -10,11 +10,8 @@
 
 #include "resources/resource.h"
 
-namespace
-{
-
 // A text of the version information, "ProductName"; empty if there is none.
-std::string VersionText(const std::vector<char> &Info, const char *szName)
+static std::string VersionText(const std::vector<char> &Info, const char *szName)
 {
     const std::string Path   = std::string("\\StringFileInfo\\040904B0\\") + szName;
     void             *pText  = nullptr;
@@ -24,7 +21,7 @@ std::string VersionText(const std::vector<char> &Info, const char *szName)
     return static_cast<const char *>(pText);
 }
 
-std::vector<char> VersionOf(const char *szFile)
+static std::vector<char> VersionOf(const char *szFile)
 {
     DWORD             dwIgnored = 0;
     std::vector<char> Info(GetFileVersionInfoSizeA(szFile, &dwIgnored));
@@ -32,12 +29,10 @@ std::vector<char> VersionOf(const char *szFile)
     return Info;
 }
 
-int Has(const std::string &Text, const std::string &Part)
+static int Has(const std::string &Text, const std::string &Part)
 {
     return Text.find(Part) != std::string::npos;
 }
-
-}  // namespace
 
 TEST_CASE("the properties of both programs show product and version")
 {

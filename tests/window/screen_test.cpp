@@ -11,25 +11,22 @@
 #include "tests/window/waiting.h"
 #include "tests/window/window_state.h"
 
-namespace
-{
-
-bool IsScreenOther(int nWidth, int nHeight)
+static int IsScreenOther(int nWidth, int nHeight)
 {
     return GetSystemMetrics(SM_CXSCREEN) != nWidth || GetSystemMetrics(SM_CYSCREEN) != nHeight;
 }
 
 // The size of the window after it was dragged to its least size.
-std::pair<int, int> DraggedSmall(cCalculator &Calculator)
+static std::pair<int, int> DraggedSmall(cCalculator &Calculator)
 {
     Calculator.Drag(HTBOTTOMRIGHT, -500, -500);
     const SIZE Size = SizeOf(Calculator.Window());
     return {Size.cx, Size.cy};
 }
 
-const char *const kBend = "ExplicitX\nTitle \"Bend\"\n0,1\n1,4\n2,2\n";
+static const char *const kBend = "ExplicitX\nTitle \"Bend\"\n0,1\n1,4\n2,2\n";
 
-void CheckSum(cCalculator &Calculator)
+static void CheckSum(cCalculator &Calculator)
 {
     Calculator.HitKeys({kKey2, kKeyEnter, kKey3, kKeyPlus});
     CHECK(Calculator.ReadsX("5.00"));
@@ -37,7 +34,7 @@ void CheckSum(cCalculator &Calculator)
     CHECK(Calculator.ReadsAngle("deg"));
 }
 
-void CheckWorking(cCalculator &Calculator)
+static void CheckWorking(cCalculator &Calculator)
 {
     CheckSum(Calculator);
     Calculator.Slide(swMode, 0);
@@ -50,7 +47,8 @@ void CheckWorking(cCalculator &Calculator)
 }
 
 // The calculator shows the face from its row nFirst, not nOther, and works.
-void CheckFaceFrom(cCalculator &Calculator, int nFirst, int nOther, const std::string &Picture)
+static void CheckFaceFrom(cCalculator &Calculator, int nFirst, int nOther,
+                          const std::string &Picture)
 {
     CHECK(Calculator.ShowsFaceFrom(nFirst));
     CHECK_FALSE(Calculator.ShowsFaceFrom(nOther));
@@ -58,8 +56,6 @@ void CheckFaceFrom(cCalculator &Calculator, int nFirst, int nOther, const std::s
     Calculator.PhotographScreen().Save(Picture);
     CHECK(DraggedSmall(Calculator) == std::pair<int, int>(318, 617));
 }
-
-}  // namespace
 
 TEST_CASE("a screen of 599 rows is refused" * doctest::test_suite("800x599") *
           doctest::skip(IsScreenOther(800, 599)))
@@ -77,7 +73,7 @@ TEST_CASE("a screen of 599 rows is refused" * doctest::test_suite("800x599") *
                                {"OK"}};
     CHECK((Calculator.Box() == Expected));
     CHECK(Calculator.BoxIcon() == kErrorIcon);
-    CHECK(Calculator.FindMainWindow() == nullptr);
+    CHECK(!Calculator.FindMainWindow());
     Calculator.PhotographScreen().Save("screen-599");
     Calculator.Click("OK");
     CHECK(Calculator.ExitCode() == 0);

@@ -10,22 +10,19 @@
 #include "tests/window/shared_rig.h"
 #include "tests/window/sound_takes.h"
 
-namespace
-{
+static const unsigned kClick       = 10050;
+static const unsigned kRefusal     = 10051;
+static const unsigned kError       = 10052;
+static const unsigned kHalted      = 10053;
+static const unsigned kCleared     = 10054;
+static const unsigned kStackView   = 10055;  // and the welcome chime
+static const unsigned kNormalView  = 10056;
+static const unsigned kProgramMode = 10057;
+static const unsigned kRunMode     = 10058;
 
-const unsigned kClick       = 10050;
-const unsigned kRefusal     = 10051;
-const unsigned kError       = 10052;
-const unsigned kHalted      = 10053;
-const unsigned kCleared     = 10054;
-const unsigned kStackView   = 10055;  // and the welcome chime
-const unsigned kNormalView  = 10056;
-const unsigned kProgramMode = 10057;
-const unsigned kRunMode     = 10058;
+static const unsigned kKeyDelete = kKeySum;  // after g
 
-const unsigned kKeyDelete = kKeySum;  // after g
-
-void ToggleSound(cCalculator *pCalculator)
+static void ToggleSound(cCalculator *pCalculator)
 {
     pCalculator->Choose(mnView, IDM_OPTIONS);
     pCalculator->ClickControl(IDC_SOUND);
@@ -33,17 +30,20 @@ void ToggleSound(cCalculator *pCalculator)
 }
 
 // log of 0, which has no value.
-void Fail(cCalculator *pCalculator)
+static void Fail(cCalculator *pCalculator)
 {
     pCalculator->HitKeys({kKeyClearX, kKeyF, kKey8});
     CHECK(pCalculator->ReadsX("Error: log of x <= 0"));
 }
 
-void HitEscape()
+static void HitEscape()
 {
     HitKey(VK_ESCAPE);
     cProbeLink::Current()->Settle();
 }
+
+namespace
+{
 
 // A calculator whose welcome chime has ended. Tests that share it end in run mode
 // and with the normal view.

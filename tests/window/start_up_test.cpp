@@ -18,13 +18,13 @@
 #include "tests/window/waiting.h"
 #include "tests/window/window_state.h"
 
-namespace
-{
-
-int IsCalculatorOpen(cCalculator &Calculator)
+static int IsCalculatorOpen(cCalculator &Calculator)
 {
     return Calculator.FindMainWindow() != nullptr;
 }
+
+namespace
+{
 
 struct cItemRow
 {
@@ -34,8 +34,10 @@ struct cItemRow
     const char *m_szHelp;
 };
 
+}  // namespace
+
 // Every menu with its items; id 0: a separator.
-const struct
+static const struct
 {
     const char           *m_szTitle;
     std::vector<cItemRow> m_Items;
@@ -70,10 +72,15 @@ const struct
       {602, 0, "&About Vorstek...", "Displays program info, version #, and copyright"}}},
 };
 
+namespace
+{
+
 // Key, modifiers as the resource has them, command; in order.
 typedef std::tuple<WORD, int, int> cAccelerator;
 
-std::vector<cAccelerator> AcceleratorsOf(const cProgramFile &Program)
+}  // namespace
+
+static std::vector<cAccelerator> AcceleratorsOf(const cProgramFile &Program)
 {
     const int                 kMost = 40;
     ACCEL                     Rows[kMost];
@@ -86,7 +93,7 @@ std::vector<cAccelerator> AcceleratorsOf(const cProgramFile &Program)
 }
 
 // The text of the registers box while all registers are 0.
-std::vector<std::string> FirstRegistersLines()
+static std::vector<std::string> FirstRegistersLines()
 {
     std::vector<std::string> Lines;
     char                     szLine[40];
@@ -98,6 +105,9 @@ std::vector<std::string> FirstRegistersLines()
     Lines.push_back("LASTx   = +0.00");
     return Lines;
 }
+
+namespace
+{
 
 // A calculator that has just started, which tests that share it only look at.
 struct cFreshRig
@@ -111,9 +121,9 @@ struct cFreshRig
     cCalculator m_Calculator;
 };
 
-const DWORD kFrameStyle = WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX;
-
 }  // namespace
+
+static const DWORD kFrameStyle = WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX;
 
 TEST_CASE("the welcome box keeps OK disabled for two seconds")
 {
@@ -135,7 +145,7 @@ TEST_CASE("the welcome box keeps OK disabled for two seconds")
 
     HitKey(VK_RETURN);
     CHECK(WaitFor([&] { return IsCalculatorOpen(Calculator); }));
-    CHECK(Calculator.Welcome() == nullptr);
+    CHECK(!Calculator.Welcome());
 }
 
 TEST_CASE("the welcome box is centred and shows its complete picture, with OK below it")
@@ -144,7 +154,7 @@ TEST_CASE("the welcome box is centred and shows its complete picture, with OK be
     const cProgramFile Program;
     const HWND         hWelcome = Calculator.Welcome();
     const cPicture     Expected = Program.Bitmap(10002);
-    CHECK(GetWindow(hWelcome, GW_OWNER) == nullptr);
+    CHECK(!GetWindow(hWelcome, GW_OWNER));
     CHECK(Expected.Width() == 600);
     CHECK(Expected.Height() == 510);
     const RECT Client = ClientOf(hWelcome);
@@ -168,14 +178,14 @@ TEST_CASE("Escape and the close box close the welcome box at once")
         cCalculator Calculator(1);
         HitKey(VK_ESCAPE);
         CHECK(WaitFor([&] { return IsCalculatorOpen(Calculator); }));
-        CHECK(Calculator.Welcome() == nullptr);
+        CHECK(!Calculator.Welcome());
     }
     SUBCASE("close box")
     {
         cCalculator Calculator(1);
         Click(FramePoint(Calculator.Welcome(), HTCLOSE));
         CHECK(WaitFor([&] { return IsCalculatorOpen(Calculator); }));
-        CHECK(Calculator.Welcome() == nullptr);
+        CHECK(!Calculator.Welcome());
     }
 }
 
@@ -192,7 +202,7 @@ TEST_CASE("the calculator opens in front, with its frame and its class")
     CHECK((dwStyle & WS_MAXIMIZEBOX) == 0);
     CHECK((GetWindowLongPtrA(hWnd, GWL_EXSTYLE) & WS_EX_CONTROLPARENT) != 0);
     CHECK(Calculator.HasClassIcon(10001));
-    CHECK(GetParent(hWnd) == nullptr);
+    CHECK(!GetParent(hWnd));
     CHECK(GetForegroundWindow() == hWnd);
 }
 

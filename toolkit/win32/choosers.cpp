@@ -4,10 +4,10 @@
 
 #include "toolkit/win32/modal_guard.h"
 
+static const int kCustomColours = 16;
+
 namespace
 {
-
-const int kCustomColours = 16;
 
 // White until the user defines some.
 struct cCustomColours

@@ -7,22 +7,17 @@
 #include <sys/stat.h>
 #include <windows.h>
 
-namespace
-{
-
-const int kLongestName = 32768;  // characters, terminating zero included
-const int kMode        = 8;      // characters of a stream's mode, terminating zero included
+static const int kLongestName = 32768;  // characters, terminating zero included
+static const int kMode        = 8;      // characters of a stream's mode, terminating zero included
 
 // Modes are plain ASCII: "wb" becomes L"wb".
-void WideMode(const char *szMode, wchar_t (&szWide)[kMode])
+static void WideMode(const char *szMode, wchar_t (&szWide)[kMode])
 {
     int i = 0;
     for (; i < kMode - 1 && szMode[i]; i++)
         szWide[i] = static_cast<unsigned char>(szMode[i]);
     szWide[i] = L'\0';
 }
-
-}  // namespace
 
 std::filesystem::path PathOfName(const char *szFileName)
 {

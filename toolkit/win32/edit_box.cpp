@@ -12,30 +12,31 @@
 #include "toolkit/win32/page_setup.h"
 #include "toolkit/win32/text_printer.h"
 
-namespace
-{
+static const char kLineEnd[] = "\r\n";
 
-const char kLineEnd[] = "\r\n";
-
-const int  kScrollToLeftEdge     = -120;  // characters; wider than any view
-const int  kRichScrollMargin     = 2;     // lines; a rich-edit control may clip the last ones
-const char kRichLibrary[]        = "RICHED20.DLL";
-const char kRichLibraryFailure[] = "\nERROR: RICHED20.DLL not found.\n\n"
-                                   "This probably means you are running Windows 95 which\n"
-                                   "didn't include the RICHED20.DLL file.  You can acquire\n"
-                                   "the RICHED20.DLL file by installing Microsoft's free\n"
-                                   "\"Windows Installer\".  The necessary file can be found\n"
-                                   "in the RichEd20 folder on the CD you used to install\n"
-                                   "this software.  You need to run InstMsi2a.exe if your\n"
-                                   "computer uses Windows 95/98/ME.  You need to run\n"
-                                   "InstMsi2w.exe if your computer uses Windows NT/2000.\n\n"
-                                   "Alternatively, you can get the latest and greatest\n"
-                                   "version of the InstMsi2.exe file appropriate for your\n"
-                                   "operating system by searching Microsoft's web site for\n"
-                                   "the phrase \"Windows Installer\".\n";
+static const int  kScrollToLeftEdge = -120;  // characters; wider than any view
+static const int  kRichScrollMargin = 2;     // lines; a rich-edit control may clip the last ones
+static const char kRichLibrary[]    = "RICHED20.DLL";
+static const char kRichLibraryFailure[] =
+    "\nERROR: RICHED20.DLL not found.\n\n"
+    "This probably means you are running Windows 95 which\n"
+    "didn't include the RICHED20.DLL file.  You can acquire\n"
+    "the RICHED20.DLL file by installing Microsoft's free\n"
+    "\"Windows Installer\".  The necessary file can be found\n"
+    "in the RichEd20 folder on the CD you used to install\n"
+    "this software.  You need to run InstMsi2a.exe if your\n"
+    "computer uses Windows 95/98/ME.  You need to run\n"
+    "InstMsi2w.exe if your computer uses Windows NT/2000.\n\n"
+    "Alternatively, you can get the latest and greatest\n"
+    "version of the InstMsi2.exe file appropriate for your\n"
+    "operating system by searching Microsoft's web site for\n"
+    "the phrase \"Windows Installer\".\n";
 
 // Version 5.30, as the upper half of a file version: 5 * 65536 + 30.
-const DWORD kRichScrollVersion = 327710;
+static const DWORD kRichScrollVersion = 327710;
+
+namespace
+{
 
 // The lines of a box, for the printer. The empty line after the last line end is
 // not counted.
@@ -61,12 +62,12 @@ private:
     const cEditBox &m_Box;
 };
 
-int ScreenDpi()
+}  // namespace
+
+static int ScreenDpi()
 {
     return GetDeviceCaps(cWindowDc(nullptr).Get(), LOGPIXELSY);
 }
-
-}  // namespace
 
 cEditBox::cEditBox(cMessageBoxes *pBoxes)
     : cBaseWindow(pBoxes), m_LogFont(), m_nPointSize(0),

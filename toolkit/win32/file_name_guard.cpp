@@ -4,24 +4,21 @@
 
 #include "toolkit/win32/file_dialogs.h"
 
-namespace
-{
-
-const int      kEditField  = 0x480;  // edt1, the name field of one kind of dialog
-const int      kComboField = 0x47C;  // cmb13, of the kind that lists recent names
-const UINT_PTR kSubclass   = 1;
-const char     kTooLong[] =
+static const int      kEditField  = 0x480;  // edt1, the name field of one kind of dialog
+static const int      kComboField = 0x47C;  // cmb13, of the kind that lists recent names
+static const UINT_PTR kSubclass   = 1;
+static const char     kTooLong[] =
     "The file name is too long: it may have 259 characters, its folder included.";
 static_assert(kFileName == 259 + 1);
 
-HWND NameField(HWND hDialog)
+static HWND NameField(HWND hDialog)
 {
     const HWND hEdit = GetDlgItem(hDialog, kEditField);
     return hEdit ? hEdit : GetDlgItem(hDialog, kComboField);
 }
 
 // The user may type a name in quotation marks.
-std::string_view WithoutQuotes(std::string_view Name)
+static std::string_view WithoutQuotes(std::string_view Name)
 {
     if (!Name.empty() && Name.front() == '"')
         Name.remove_prefix(1);
@@ -30,18 +27,18 @@ std::string_view WithoutQuotes(std::string_view Name)
     return Name;
 }
 
-int IsSlash(char c)
+static int IsSlash(char c)
 {
     return c == '\\' || c == '/';
 }
 
 // "C:\log.txt" or "\\computer\folder\log.txt"
-int HasDrive(std::string_view Name)
+static int HasDrive(std::string_view Name)
 {
     return Name.size() > 1 && (Name[1] == ':' || (IsSlash(Name[0]) && IsSlash(Name[1])));
 }
 
-int HasExtension(std::string_view Name)
+static int HasExtension(std::string_view Name)
 {
     const size_t nPoint = Name.rfind('.');
     return nPoint != std::string_view::npos &&
@@ -49,7 +46,7 @@ int HasExtension(std::string_view Name)
 }
 
 // Length of what the dialog puts before a name without a drive.
-size_t LengthBefore(HWND hDialog, std::string_view Name)
+static size_t LengthBefore(HWND hDialog, std::string_view Name)
 {
     if (!Name.empty() && IsSlash(Name[0]))
         return 2;  // "C:"
@@ -58,8 +55,6 @@ size_t LengthBefore(HWND hDialog, std::string_view Name)
     const size_t nFolder = strlen(szFolder);
     return nFolder + (nFolder && !IsSlash(szFolder[nFolder - 1]));
 }
-
-}  // namespace
 
 cFileNameGuard *cFileNameGuard::s_pCurrent = nullptr;
 

@@ -30,10 +30,12 @@ private:
     DEVMODEA *m_pMode;
 };
 
+}  // namespace
+
 // Initialises the dialog with the settings of the default printer and with this
 // orientation. The settings count only together with the printer's name. Both
 // stay null if there is no printer; otherwise the caller frees them.
-void BeginWithDefaultPrinter(int bLandscape, PAGESETUPDLGA *pDialog)
+static void BeginWithDefaultPrinter(int bLandscape, PAGESETUPDLGA *pDialog)
 {
     PAGESETUPDLGA Default = {};
     Default.lStructSize   = sizeof Default;
@@ -50,14 +52,12 @@ void BeginWithDefaultPrinter(int bLandscape, PAGESETUPDLGA *pDialog)
     Mode.Get()->dmOrientation = bLandscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
 }
 
-void ReadOrientation(HGLOBAL hMode, int *pbLandscape)
+static void ReadOrientation(HGLOBAL hMode, int *pbLandscape)
 {
     const cLockedMode Mode(hMode);
     if (Mode.Get())
         *pbLandscape = Mode.Get()->dmOrientation == DMORIENT_LANDSCAPE;
 }
-
-}  // namespace
 
 int IsMetricLocale()
 {

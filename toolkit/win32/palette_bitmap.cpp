@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+static const WORD  kPaletteVersion = 0x300;
+static const DWORD kMostColours    = 256;
+
 namespace
 {
-
-const WORD  kPaletteVersion = 0x300;
-const DWORD kMostColours    = 256;
 
 // A LOGPALETTE with room for all entries.
 struct cLogPalette
@@ -17,9 +17,11 @@ struct cLogPalette
     PALETTEENTRY m_Entries[kMostColours];
 };
 
+}  // namespace
+
 // The header at the start of the resource. Null if there is no such resource, or
 // if it has the old header with three bytes per colour.
-const BITMAPINFO *FindBitmap(unsigned nId)
+static const BITMAPINFO *FindBitmap(unsigned nId)
 {
     const HRSRC hFound = FindResourceA(nullptr, MAKEINTRESOURCEA(nId), RT_BITMAP);
     if (!hFound)
@@ -30,14 +32,14 @@ const BITMAPINFO *FindBitmap(unsigned nId)
 }
 
 // Number of entries in the colour table; usually 0 for 16 bits and more.
-DWORD CountColours(const BITMAPINFOHEADER &Header)
+static DWORD CountColours(const BITMAPINFOHEADER &Header)
 {
     if (Header.biClrUsed)
         return Header.biClrUsed;
     return Header.biBitCount <= 8 ? 1u << Header.biBitCount : 0;
 }
 
-const RGBQUAD *ColourTable(const BITMAPINFOHEADER &Header)
+static const RGBQUAD *ColourTable(const BITMAPINFOHEADER &Header)
 {
     const auto *const pColours =
         reinterpret_cast<const RGBQUAD *>(reinterpret_cast<const BYTE *>(&Header) + Header.biSize);
@@ -46,7 +48,7 @@ const RGBQUAD *ColourTable(const BITMAPINFOHEADER &Header)
     return pColours + (bHasMasks ? 3 : 0);
 }
 
-cGdiPalette MakePalette(const BITMAPINFOHEADER &Header)
+static cGdiPalette MakePalette(const BITMAPINFOHEADER &Header)
 {
     cLogPalette Palette;
     Palette.m_nVersion = kPaletteVersion;
@@ -60,7 +62,7 @@ cGdiPalette MakePalette(const BITMAPINFOHEADER &Header)
     return cGdiPalette(CreatePalette(reinterpret_cast<const LOGPALETTE *>(&Palette)));
 }
 
-cGdiBitmap MakeBitmap(const BITMAPINFO &Info, HPALETTE hPalette)
+static cGdiBitmap MakeBitmap(const BITMAPINFO &Info, HPALETTE hPalette)
 {
     const BITMAPINFOHEADER &Header  = Info.bmiHeader;
     const void *const       pPixels = ColourTable(Header) + CountColours(Header);
@@ -69,8 +71,6 @@ cGdiBitmap MakeBitmap(const BITMAPINFO &Info, HPALETTE hPalette)
     const cPaletteGuard Selected(Dc.Get(), hPalette);
     return cGdiBitmap(CreateDIBitmap(Dc.Get(), &Header, CBM_INIT, pPixels, &Info, DIB_RGB_COLORS));
 }
-
-}  // namespace
 
 int LoadPaletteBitmap(unsigned nId, cGdiBitmap *pBitmap, cGdiPalette *pPalette)
 {

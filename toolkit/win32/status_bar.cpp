@@ -6,19 +6,14 @@
 
 #include "toolkit/win32/progress_bar.h"
 
-namespace
-{
-
-const UINT kMenuClosed = 0xFFFF;
-const int  kMostParts  = 256;  // the platform's limit
+static const UINT kMenuClosed = 0xFFFF;
+static const int  kMostParts  = 256;  // the platform's limit
 
 // The progress bar within the last part, in pixels.
-const int kProgressLeft     = 4;
-const int kProgressTop      = 4;
-const int kProgressNarrower = 20;  // than the part, which ends in the size grip
-const int kProgressLower    = 6;   // than the status bar
-
-}  // namespace
+static const int kProgressLeft     = 4;
+static const int kProgressTop      = 4;
+static const int kProgressNarrower = 20;  // than the part, which ends in the size grip
+static const int kProgressLower    = 6;   // than the status bar
 
 cStatusBar::cStatusBar(cMessageBoxes *pBoxes) : cBaseWindow(pBoxes)
 {
