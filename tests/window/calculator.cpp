@@ -516,10 +516,14 @@ void cCalculator::FocusControl(int nId)
     }));
 }
 
+// A window that the screen activates late would take its modifiers from the real
+// keyboard.
 void cCalculator::HitShortcut(int nKey, unsigned nModifiers)
 {
     REQUIRE(
         WaitFor([this] { return FocusedWindow() == m_hWnd && GetForegroundWindow() == m_hWnd; }));
+    SettlePaint();
+    m_Probe.HearScreen();
     ::HitKey(static_cast<WORD>(nKey), nModifiers);
 }
 

@@ -81,8 +81,11 @@ void cProbeLink::HearScreen() const
     Ask(pbQueue);
 }
 
+// A message that is sent is answered even while the program starts or shows a window;
+// one that is posted is taken only when it asks for its next message.
 void cProbeLink::Settle() const
 {
+    PostMessageA(AnyWindow(m_hWnd), WM_NULL, 0, 0);
     REQUIRE(WaitFor([this] { return !Ask(pbQueue).m_nValue; }));
 }
 

@@ -32,7 +32,7 @@ public:
     // all mouse events of the screen.
     void HearScreen() const;
 
-    // Waits until no input waits in the thread's queue.
+    // Waits until the thread has taken all input and posted messages from its queue.
     void Settle() const;
 
     // Hands up to kMostInputs inputs to the system in one call.
