@@ -254,6 +254,42 @@ static void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
     }
 }
 
+static cProbeAnswer *OpenMemory()
+{
+    const HANDLE hMemory = OpenFileMappingA(FILE_MAP_ALL_ACCESS, FALSE, kProbeMemory);
+    auto *const  pMemory = static_cast<cProbeAnswer *>(
+        MapViewOfFile(hMemory, FILE_MAP_ALL_ACCESS, 0, 0, sizeof(cProbeAnswer)));
+    CloseHandle(hMemory);
+    return pMemory;
+}
+
+static LRESULT CALLBACK ProbeWindow(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam)
+{
+    if (nMessage != kAskProbe)
+        return DefWindowProcA(hWnd, nMessage, wParam, lParam);
+    auto *const pAnswer = reinterpret_cast<cProbeAnswer *>(GetWindowLongPtrA(hWnd, GWLP_USERDATA));
+    Answer(pAnswer->m_hAsked, static_cast<eProbe>(wParam), static_cast<UINT>(lParam), pAnswer);
+    pAnswer->m_nCount++;
+    return 0;
+}
+
+// It and the memory stay until the program ends.
+static HWND CreateProbeWindow(cProbeAnswer *pMemory)
+{
+    HMODULE hThis = nullptr;
+    GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+                       reinterpret_cast<const char *>(&ProbeWindow), &hThis);
+    WNDCLASSA Class     = {};
+    Class.lpfnWndProc   = ProbeWindow;
+    Class.hInstance     = hThis;
+    Class.lpszClassName = kProbeClass;
+    RegisterClassA(&Class);
+    const HWND hWnd =
+        CreateWindowExA(0, kProbeClass, "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, hThis, nullptr);
+    SetWindowLongPtrA(hWnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(pMemory));
+    return hWnd;
+}
+
 // The hook, which receives the messages sent to windows of the program's thread.
 extern "C" __declspec(dllexport) LRESULT CALLBACK ProbeHook(int nCode, WPARAM wParam, LPARAM lParam)
 {
@@ -261,18 +297,10 @@ extern "C" __declspec(dllexport) LRESULT CALLBACK ProbeHook(int nCode, WPARAM wP
 
     const auto *const pSent = reinterpret_cast<const CWPSTRUCT *>(lParam);
     if (nCode == HC_ACTION && pSent->message == s_nMessage)
-    {
-        const HANDLE hMemory = OpenFileMappingA(FILE_MAP_ALL_ACCESS, FALSE, kProbeMemory);
-        auto *const  pAnswer = static_cast<cProbeAnswer *>(
-            MapViewOfFile(hMemory, FILE_MAP_ALL_ACCESS, 0, 0, sizeof(cProbeAnswer)));
-        if (pAnswer)
+        if (cProbeAnswer *const pMemory = OpenMemory())
         {
-            Answer(pSent->hwnd, static_cast<eProbe>(pSent->wParam),
-                   static_cast<UINT>(pSent->lParam), pAnswer);
-            pAnswer->m_nCount++;
-            UnmapViewOfFile(pAnswer);
+            pMemory->m_hProbe = CreateProbeWindow(pMemory);
+            pMemory->m_nCount++;
         }
-        CloseHandle(hMemory);
-    }
     return CallNextHookEx(nullptr, nCode, wParam, lParam);
 }

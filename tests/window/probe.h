@@ -1,15 +1,20 @@
 // probe.h - questions to the program under test that no message can answer, such as
 // the state of its menus, which belong to its process. A message hook loads the probe
-// into the program; the probe answers in shared memory.
+// into the program and creates a window there, which answers in shared memory. The
+// hook is gone then: with it, every message would be sent ten times as slowly.
 
 #ifndef TESTS_WINDOW_PROBE_H
 #define TESTS_WINDOW_PROBE_H
 
 #include "toolkit/win32/win32.h"
 
-// Sent to a window of the program: wParam an eProbe, lParam a command number.
+// Sent to any window of the program once, so that the hook creates the probe's window.
 const char *const kProbeMessage = "vorstek-window-probe";
+const char *const kProbeClass   = "vorstek-window-probe";
 const char *const kProbeMemory  = "vorstek-window-probe-answer";
+
+// Sent to the probe's window: wParam an eProbe, lParam a command number.
+const UINT kAskProbe = WM_APP;
 
 enum eProbe
 {
@@ -55,6 +60,8 @@ inline UINT ItemAt(UINT nPopup, UINT nPosition)
 
 struct cProbeAnswer
 {
+    HWND  m_hProbe;  // the probe's window that was created last
+    HWND  m_hAsked;  // the window that the question is about
     INPUT m_Inputs[kMostInputs];
     UINT  m_nInputs;
     DWORD m_nCount;  // of answers so far

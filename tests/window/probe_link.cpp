@@ -13,7 +13,7 @@ cProbeLink::cProbeLink()
                                    sizeof(cProbeAnswer), kProbeMemory)),
       m_pAnswer(static_cast<cProbeAnswer *>(
           MapViewOfFile(m_hMemory, FILE_MAP_ALL_ACCESS, 0, 0, sizeof(cProbeAnswer)))),
-      m_hHook(nullptr), m_hDesktopHook(nullptr), m_hWnd(nullptr), m_dwThread(0)
+      m_hProbe(nullptr), m_hDesktopProbe(nullptr), m_hWnd(nullptr), m_dwThread(0)
 {
     s_pCurrent = this;
 }
@@ -21,26 +21,39 @@ cProbeLink::cProbeLink()
 cProbeLink::~cProbeLink()
 {
     s_pCurrent = nullptr;
-    for (const HHOOK hHook : {m_hHook, m_hDesktopHook})
-        if (hHook)
-            UnhookWindowsHookEx(hHook);
     UnmapViewOfFile(m_pAnswer);
     CloseHandle(m_hMemory);
 }
 
 void cProbeLink::Attach(HWND hWnd)
 {
-    const HMODULE hProbe = LoadLibraryA(VORSTEK_PROBE);
-    REQUIRE(hProbe);
+    m_dwThread      = GetWindowThreadProcessId(hWnd, nullptr);
+    m_hWnd          = hWnd;
+    m_hProbe        = CreateProbe(hWnd);
+    m_hDesktopProbe = CreateProbe(GetDesktopWindow());
+    REQUIRE(m_hProbe);
+}
+
+// Null where the thread of the window cannot be hooked, as the desktop's on Windows.
+HWND cProbeLink::CreateProbe(HWND hWnd) const
+{
+    static const UINT s_nMessage = RegisterWindowMessageA(kProbeMessage);
+
+    const HMODULE hLibrary = LoadLibraryA(VORSTEK_PROBE);
+    REQUIRE(hLibrary);
     const auto pfnHook = reinterpret_cast<HOOKPROC>(
-        reinterpret_cast<void (*)()>(GetProcAddress(hProbe, "ProbeHook")));
-    m_dwThread = GetWindowThreadProcessId(hWnd, nullptr);
-    m_hHook    = SetWindowsHookExA(WH_CALLWNDPROC, pfnHook, hProbe, m_dwThread);
-    REQUIRE(m_hHook);
-    m_hWnd = hWnd;
-    // On Windows the desktop cannot be hooked, and is not asked.
-    m_hDesktopHook = SetWindowsHookExA(WH_CALLWNDPROC, pfnHook, hProbe,
-                                       GetWindowThreadProcessId(GetDesktopWindow(), nullptr));
+        reinterpret_cast<void (*)()>(GetProcAddress(hLibrary, "ProbeHook")));
+    const HHOOK hHook = SetWindowsHookExA(WH_CALLWNDPROC, pfnHook, hLibrary,
+                                          GetWindowThreadProcessId(hWnd, nullptr));
+    if (!hHook)
+        return nullptr;
+    const DWORD nBefore = m_pAnswer->m_nCount;
+    REQUIRE(WaitFor([&] {
+        SendMessageTimeoutA(hWnd, s_nMessage, 0, 0, SMTO_NORMAL, kPatience, nullptr);
+        return m_pAnswer->m_nCount != nBefore;
+    }));
+    UnhookWindowsHookEx(hHook);
+    return m_pAnswer->m_hProbe;
 }
 
 // The window, or while it is not there any other of the thread.
@@ -58,26 +71,29 @@ HWND cProbeLink::AnyWindow(HWND hWnd) const
     return hAny;
 }
 
-cProbeAnswer cProbeLink::AskWindow(HWND hWnd, eProbe nProbe, UINT nId) const
+cProbeAnswer cProbeLink::AskProbe(HWND hProbe, HWND hAsked, eProbe nProbe, UINT nId) const
 {
-    static const UINT s_nMessage = RegisterWindowMessageA(kProbeMessage);
-
     const DWORD nBefore    = m_pAnswer->m_nCount;
     m_pAnswer->m_nValue    = 0;
     m_pAnswer->m_szText[0] = 0;
+    m_pAnswer->m_hAsked    = hAsked;
     REQUIRE(WaitFor([&] {
-        DWORD_PTR nResult = 0;
-        SendMessageTimeoutA(AnyWindow(hWnd), s_nMessage, nProbe, static_cast<LPARAM>(nId),
-                            SMTO_NORMAL, kPatience, &nResult);
+        SendMessageTimeoutA(hProbe, kAskProbe, nProbe, static_cast<LPARAM>(nId), SMTO_NORMAL,
+                            kPatience, nullptr);
         return m_pAnswer->m_nCount == nBefore + 1;
     }));
     return *m_pAnswer;
 }
 
+cProbeAnswer cProbeLink::AskWindow(HWND hWnd, eProbe nProbe, UINT nId) const
+{
+    return AskProbe(m_hProbe, AnyWindow(hWnd), nProbe, nId);
+}
+
 // A program that is asked for the state of its queue reads the screen's events first.
 void cProbeLink::HearScreen() const
 {
-    AskWindow(GetDesktopWindow(), pbQueue);
+    AskProbe(m_hDesktopProbe, GetDesktopWindow(), pbQueue, 0);
     Ask(pbQueue);
 }
 

@@ -41,14 +41,16 @@ public:
     static const cProbeLink *Current() { return s_pCurrent; }
 
 private:
-    HWND AnyWindow(HWND hWnd) const;
+    HWND         CreateProbe(HWND hWnd) const;
+    HWND         AnyWindow(HWND hWnd) const;
+    cProbeAnswer AskProbe(HWND hProbe, HWND hAsked, eProbe nProbe, UINT nId) const;
 
     static cProbeLink *s_pCurrent;
 
     HANDLE        m_hMemory;
     cProbeAnswer *m_pAnswer;
-    HHOOK         m_hHook;
-    HHOOK         m_hDesktopHook;
+    HWND          m_hProbe;
+    HWND          m_hDesktopProbe;
     HWND          m_hWnd;
     DWORD         m_dwThread;
 };
