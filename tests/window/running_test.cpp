@@ -149,6 +149,20 @@ TEST_CASE("a greyed command does nothing, however it is given, and the run goes 
     CHECK(Calculator.ListingLines()[2] == "02 GTO 1");
 }
 
+TEST_CASE("a command that another program posts during a run is ignored if the run locks it")
+{
+    cCalculator Calculator;
+    RunListing(&Calculator, kEndless);
+    for (const unsigned nId : kLockedButtons)
+    {
+        PostCommand(Calculator, nId);
+        Calculator.Settle();
+    }
+    CHECK_FALSE(Calculator.HasDialog());
+    CHECK(IsProgramRunning(Calculator));
+    CHECK(Calculator.ListingLines()[2] == "02 GTO 1");
+}
+
 TEST_CASE("during a run the close box and Alt+F4 are refused; afterwards the window closes")
 {
     const cSeenBox Refusal = {"Vorstek", kRefusedInRun, {"OK"}};
