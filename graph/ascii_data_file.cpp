@@ -14,7 +14,7 @@
 #include "toolkit/replacement_file.h"
 #include "toolkit/retry_alloc.h"
 
-// The blank belongs to the keyword: "Title" and a tab is none.
+// The blank belongs to the keyword: a "Title" that a tab follows is data.
 static const char kImplicitX[]     = "ImplicitX";
 static const char kExplicitX[]     = "ExplicitX";
 static const char kTitle[]         = "Title ";
@@ -141,7 +141,8 @@ void cAsciiDataFile::SetHorzLabel(const char *szLabel)
 
 int cAsciiDataFile::Accepts(uint32_t nPoints, const float *pX, const float *pY) const
 {
-    if (!pY || !pX == (m_bExplicitX != 0))
+    const int bHasX = pX != nullptr;
+    if (!pY || bHasX != (m_bExplicitX != 0))
         return 0;
     if (m_nSets == 0)
         return 1;
@@ -277,9 +278,8 @@ int cAsciiDataFile::AllocateArrays()
     return 1;
 }
 
-// Labels go to the sets in turn; what separates them, a comma or
-// not, is stepped over.
-// Returns 0 when the user gives up for lack of memory.
+// Assigns the labels to the sets in turn and skips whatever is between them.
+// Returns 0 when the user gives up because memory is short.
 int cAsciiDataFile::ReadLabels(const char *pText)
 {
     uint32_t nSet = 0;

@@ -22,7 +22,7 @@
 #include "graph/short_line_reader.h"
 #include "toolkit/message_box.h"
 
-// Title and axis label hold up to 100 characters. An empty text is none.
+// Title and axis label hold up to 100 characters. An empty text means that there is none.
 const int kDataFileText = 101;
 
 // Line ends of a written file. Both kinds are read on every platform.

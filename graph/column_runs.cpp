@@ -23,16 +23,16 @@ size_t MergeColumns(const cPoint *pVertices, size_t nVertices, cPoint *pMerged)
     cPoint             *pStore = pMerged;
     for (const cPoint *pFirst = pVertices; pFirst != pLast;)
     {
-        const cPoint *const pBehind = EndOfRun(pFirst, pLast);
-        if (pBehind - pFirst <= static_cast<ptrdiff_t>(kKept))
-            pStore = std::copy(pFirst, pBehind, pStore);
+        const cPoint *const pAfter = EndOfRun(pFirst, pLast);
+        if (pAfter - pFirst <= static_cast<ptrdiff_t>(kKept))
+            pStore = std::copy(pFirst, pAfter, pStore);
         else
         {
-            const auto [pHighest, pLowest] = std::minmax_element(pFirst, pBehind, IsHigher);
-            for (const cPoint *const pKept : {pFirst, pHighest, pLowest, pBehind - 1})
+            const auto [pHighest, pLowest] = std::minmax_element(pFirst, pAfter, IsHigher);
+            for (const cPoint *const pKept : {pFirst, pHighest, pLowest, pAfter - 1})
                 *pStore++ = *pKept;
         }
-        pFirst = pBehind;
+        pFirst = pAfter;
     }
     *pStore++ = *pLast;
     return static_cast<size_t>(pStore - pMerged);

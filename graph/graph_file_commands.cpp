@@ -22,7 +22,7 @@ static const uint32_t kSetColours[] =
 // clang-format on
 static const uint32_t kColours = sizeof kSetColours / sizeof kSetColours[0];
 
-static int ReadOrTell(cAsciiDataFile *pFile, cMessageBoxes *pBoxes, const char *szFile)
+static int ReadOrReport(cAsciiDataFile *pFile, cMessageBoxes *pBoxes, const char *szFile)
 {
     if (pFile->ReadFromFile(szFile))
         return 1;
@@ -63,8 +63,8 @@ static int CollectSets(cAsciiDataFile *pFile, const cVantorPlot &Plot)
     return 1;
 }
 
-static void TellIncompatible(cMessageBoxes *pBoxes, uint32_t nWritten, uint32_t nSets,
-                             const char *szFile)
+static void ReportIncompatible(cMessageBoxes *pBoxes, uint32_t nWritten, uint32_t nSets,
+                               const char *szFile)
 {
     char szText[kMessageText];
     snprintf(szText, sizeof szText,
@@ -80,7 +80,7 @@ static void TellIncompatible(cMessageBoxes *pBoxes, uint32_t nWritten, uint32_t 
 int OpenGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile)
 {
     cAsciiDataFile File(pBoxes);
-    if (!ReadOrTell(&File, pBoxes, szFile))
+    if (!ReadOrReport(&File, pBoxes, szFile))
         return 0;
     pPlot->ClearAll();
     pPlot->SetTitle(File.Title());
@@ -91,7 +91,7 @@ int OpenGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile)
 int AppendGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile)
 {
     cAsciiDataFile File(pBoxes);
-    return ReadOrTell(&File, pBoxes, szFile) && AddSets(pPlot, File);
+    return ReadOrReport(&File, pBoxes, szFile) && AddSets(pPlot, File);
 }
 
 int SaveGraphFile(const cVantorPlot &Plot, cMessageBoxes *pBoxes, const char *szFile)
@@ -112,6 +112,6 @@ int SaveGraphFile(const cVantorPlot &Plot, cMessageBoxes *pBoxes, const char *sz
         return 0;
     }
     if (File.SetCount() < Plot.Count())
-        TellIncompatible(pBoxes, File.SetCount(), Plot.Count(), szFile);
+        ReportIncompatible(pBoxes, File.SetCount(), Plot.Count(), szFile);
     return 1;
 }

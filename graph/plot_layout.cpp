@@ -10,12 +10,12 @@ static const int kRasterTick    = 2;   // pixels
 static const int kTicksPerInch  = 20;  // a tick on paper is a twentieth of an inch
 static const int kGapBelowTicks = 3;   // pixels between a tick and its label
 
-static int ValueWidth(const cPlotCanvas &Canvas, double dValue, const char *szBehind)
+static int ValueWidth(const cPlotCanvas &Canvas, double dValue, const char *szSuffix)
 {
     char szValue[kValueText];
     char szLabel[kValueText + 1];
     FormatValue(dValue, szValue);
-    snprintf(szLabel, sizeof szLabel, "%s%s", szValue, szBehind);
+    snprintf(szLabel, sizeof szLabel, "%s%s", szValue, szSuffix);
     return Canvas.TextWidth(szLabel);
 }
 

@@ -54,11 +54,11 @@ static void StoreBars(const cPlotLayout &Layout, const cVantorDataSet &Set, cPoi
     const double dEnd    = static_cast<double>(Set.X(Set.m_nPoints - 1)) + LastSpacing(Set);
     const int    nEnd    = Layout.PixelX(dEnd);
 
-    cPoint *pBehind   = StoreSteps(Layout, Set, pVertices + 1);
+    cPoint *pAfter    = StoreSteps(Layout, Set, pVertices + 1);
     pVertices[0]      = {pVertices[1].m_nX, nBottom};
-    const int nHeight = pBehind[-1].m_nY;
-    pBehind[0]        = {nEnd, nHeight};
-    pBehind[1]        = {nEnd, nBottom};
+    const int nHeight = pAfter[-1].m_nY;
+    pAfter[0]         = {nEnd, nHeight};
+    pAfter[1]         = {nEnd, nBottom};
 }
 
 int IsDrawnAsMarkers(const cVantorDataSet &Set)

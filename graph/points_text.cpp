@@ -28,23 +28,23 @@ struct cXy
 // of the next line. Returns null then, and where there is no number.
 static const char *ReadWithin(const char *pText, const char *pEnd, float *pValue)
 {
-    const char *pBehind = ReadFloat(pText, pValue);
-    return pBehind && pBehind <= pEnd ? pBehind : nullptr;
+    const char *pAfter = ReadFloat(pText, pValue);
+    return pAfter && pAfter <= pEnd ? pAfter : nullptr;
 }
 
 static int ReadY(const char *pText, const char *pEnd, cXy *pPoint)
 {
-    const char *pBehind = ReadWithin(pText, pEnd, &pPoint->m_fY);
-    return pBehind && SkipBlanks(pBehind) == pEnd;
+    const char *pAfter = ReadWithin(pText, pEnd, &pPoint->m_fY);
+    return pAfter && SkipBlanks(pAfter) == pEnd;
 }
 
 static int ReadXy(const char *pText, const char *pEnd, cXy *pPoint)
 {
-    const char *pBehind = ReadWithin(pText, pEnd, &pPoint->m_fX);
-    if (!pBehind)
+    const char *pAfter = ReadWithin(pText, pEnd, &pPoint->m_fX);
+    if (!pAfter)
         return 0;
-    pBehind = SkipBlanks(pBehind);
-    return *pBehind == ',' && ReadWithin(pBehind + 1, pEnd, &pPoint->m_fY);
+    pAfter = SkipBlanks(pAfter);
+    return *pAfter == ',' && ReadWithin(pAfter + 1, pEnd, &pPoint->m_fY);
 }
 
 // Calls Take(Point) for each line that counts.

@@ -104,15 +104,15 @@ void cSvgCanvas::Polygons(const cPoint *pPoints, const int32_t *pCounts, size_t 
 // are not treated the same by all who show the file.
 void cSvgCanvas::Label(cPoint At, eAlign nAlign, const char *szText, uint32_t crColour)
 {
-    const int nBlank  = SvgTextWidth(" ");
-    const int nBefore = static_cast<int>(strspn(szText, " "));
-    size_t    nLength = strlen(szText + nBefore);
-    int       nBehind = 0;
+    const int nBlank    = SvgTextWidth(" ");
+    const int nBefore   = static_cast<int>(strspn(szText, " "));
+    size_t    nLength   = strlen(szText + nBefore);
+    int       nTrailing = 0;
     for (; nLength > 0 && szText[nBefore + nLength - 1] == ' '; nLength--)
-        nBehind++;
+        nTrailing++;
     if (nLength == 0)
         return;
-    const int nFromLeft[] = {2 * nBefore, nBefore - nBehind, -2 * nBehind};
+    const int nFromLeft[] = {2 * nBefore, nBefore - nTrailing, -2 * nTrailing};
     const int nX          = At.m_nX + nFromLeft[nAlign] * nBlank / 2;
 
     fprintf(m_pFile, "<text x=\"%d\" y=\"%d\"%s", nX, At.m_nY + kSvgAscent, kAnchors[nAlign]);

@@ -12,7 +12,7 @@
 #include "graph/vantor_data_set.h"
 #include "toolkit/message_box.h"
 
-// Title and axis label hold up to 100 characters. An empty text is none.
+// Title and axis label hold up to 100 characters. An empty text means that there is none.
 const int kPlotText = 101;
 
 // The default values are those of the calculator's graph.

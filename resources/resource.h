@@ -143,7 +143,7 @@
 #define IDC_IMAGE_HEIGHT_SPIN 15073
 #define IDC_IMAGE_DEPTH 15074
 
-// Name of the document in the dialog that stands while it is printed
+// Name of the document in the dialog that is open while it is printed
 #define IDC_SENDING_DOCUMENT 15001
 
 // Controls of the options dialog

@@ -1,5 +1,6 @@
 // command_table.h - the commands of a window as a table. One row says what a
-// command does and whether it is carried out while a calculator program runs.
+// command does and whether it is carried out while a program of the calculator runs, which
+// must not be disturbed; the window decides how it refuses.
 //
 //     const cVantor::cCommandRow cVantor::s_Commands[] =
 //     {
@@ -18,7 +19,7 @@
 template <class cWindow> struct cCommandRowOf
 {
     unsigned m_nId;
-    int      m_bWhileRunning;  // 0: refused while a program runs
+    int      m_bWhileRunning;  // 0: not carried out while a program runs
     void (cWindow::*m_pfnHandler)();
 };
 

@@ -19,7 +19,7 @@ template <class cHandle, class cFree> class cOwnedHandle
 public:
     cOwnedHandle() : m_hHandle(nullptr) {}
 
-    // Takes over a handle; null, as after a failed creation, is none.
+    // Takes over a handle; null, as after a failed creation, means that there is none.
     explicit cOwnedHandle(cHandle hHandle) : m_hHandle(hHandle) {}
 
     ~cOwnedHandle() { Reset(); }
