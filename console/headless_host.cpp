@@ -1,5 +1,7 @@
 #include "console/headless_host.h"
 
+#include <limits>
+
 #include "graph/vantor_data_set.h"
 
 cHeadlessHost::cHeadlessHost()
@@ -18,9 +20,10 @@ void cHeadlessHost::DrawDisplay(const cDisplay &) {}
 
 void cHeadlessHost::BlankDisplay() {}
 
-int cHeadlessHost::DrainMessages()
+// Nothing ever waits here.
+unsigned cHeadlessHost::DrainMessages(unsigned)
 {
-    return !m_bQuit;
+    return m_bQuit ? 0 : std::numeric_limits<unsigned>::max();
 }
 
 void cHeadlessHost::Pause(unsigned) {}

@@ -20,7 +20,7 @@ public:
     void     StartSound(unsigned nId) override;
     void     DrawDisplay(const cDisplay &Display) override;
     void     BlankDisplay() override;
-    int      DrainMessages() override;
+    unsigned DrainMessages(unsigned nLines) override;
     void     Pause(unsigned nMilliseconds) override;
     int      AskFileName(eFileDialog nDialog, char *szName, size_t nSize) override;
     void     SetStatusText(const char *szText) override;

@@ -1,5 +1,6 @@
 // run_command.cpp - vorstek-cli run: loads a listing, runs it, prints the stack.
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <ostream>
@@ -26,8 +27,8 @@ public:
     }
 
     eAnswer Ask(const char *szText, const char *szCaption, eButtons nButtons, eIcon nIcon) override;
-    int     DrainMessages() override;
-    void    Pause(unsigned nMilliseconds) override;
+    unsigned DrainMessages(unsigned nLines) override;
+    void     Pause(unsigned nMilliseconds) override;
 
     const cRunOptions *m_pOptions;
     cStreams           m_Streams;
@@ -51,14 +52,18 @@ eAnswer cRunHost::Ask(const char *szText, const char *, eButtons nButtons, eIcon
     return nButtons == bnOk ? anOk : anCancel;
 }
 
-int cRunHost::DrainMessages()
+unsigned cRunHost::DrainMessages(unsigned nLines)
 {
-    if (++m_nLines == m_pOptions->m_nMaxLines)
-    {
-        m_bHalted = 1;
-        m_pEngine->HaltProgram();
-    }
-    return cHeadlessHost::DrainMessages();
+    m_nLines += nLines;
+    const unsigned nAny = cHeadlessHost::DrainMessages(nLines);
+    if (m_pOptions->m_nMaxLines == 0)
+        return nAny;
+    const uint64_t nLeft = m_pOptions->m_nMaxLines - m_nLines;
+    if (nLeft > 0)
+        return static_cast<unsigned>(std::min<uint64_t>(nLeft, nAny));
+    m_bHalted = 1;
+    m_pEngine->HaltProgram();
+    return nAny;
 }
 
 // With JSON, standard output is reserved for the object. A program whose output

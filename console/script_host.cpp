@@ -1,5 +1,6 @@
 #include "console/script_host.h"
 
+#include <algorithm>
 #include <ostream>
 #include <vector>
 
@@ -126,16 +127,26 @@ void cScriptHost::TakeDueEvents()
     }
 }
 
+// Lines until the next event of this run or the limit; both are to come, if the
+// program still runs.
+uint64_t cScriptHost::CountLinesToNextEvent() const
+{
+    uint64_t nNext = m_nLimit;
+    if (!m_Later.empty() && m_Later.begin()->first.first == m_nRun)
+        nNext = std::min(nNext, m_Later.begin()->first.second);
+    return nNext - m_nLines;
+}
+
 // After a halt, the remaining events wait for the end of the run. A program whose
 // output can no longer be written is halted as well.
-int cScriptHost::DrainMessages()
+unsigned cScriptHost::DrainMessages(unsigned nLines)
 {
     if (m_nRun != m_pEngine->RunNumber())
     {
         m_nRun   = m_pEngine->RunNumber();
         m_nLines = 0;
     }
-    m_nLines++;
+    m_nLines += nLines;
     if (!*m_pOut)
         m_pEngine->HaltProgram();
     TakeDueEvents();
@@ -150,5 +161,6 @@ int cScriptHost::DrainMessages()
         Dispatch({cScriptEvent::evDown, kKeyRunStop, 0});
         Dispatch({cScriptEvent::evUp, kKeyRunStop, 0});
     }
-    return cHeadlessHost::DrainMessages();
+    const unsigned nAny = cHeadlessHost::DrainMessages(nLines);
+    return static_cast<unsigned>(std::min<uint64_t>(CountLinesToNextEvent(), nAny));
 }

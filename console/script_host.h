@@ -36,7 +36,7 @@ public:
     eAnswer Ask(const char *szText, const char *szCaption, eButtons nButtons, eIcon nIcon) override;
     void    StartSound(unsigned nId) override;
     void    Pause(unsigned nMilliseconds) override;
-    int     DrainMessages() override;
+    unsigned DrainMessages(unsigned nLines) override;
 
     // Delivers an event now, then those that a run left waiting.
     void Deliver(const cScriptEvent &Event);
@@ -56,9 +56,10 @@ private:
     // A run and the lines executed in it.
     typedef std::pair<unsigned, uint64_t> cMoment;
 
-    eAnswer NextAnswer(eButtons nButtons);
-    void    Dispatch(const cScriptEvent &Event);
-    void    TakeDueEvents();
+    eAnswer  NextAnswer(eButtons nButtons);
+    void     Dispatch(const cScriptEvent &Event);
+    void     TakeDueEvents();
+    uint64_t CountLinesToNextEvent() const;
 
     std::ostream                        *m_pOut;
     std::deque<eAnswer>                  m_Answers;

@@ -4,7 +4,6 @@
 
 #include "engine/instructions/handlers.h"
 #include "engine/program_memory.h"
-#include "engine/range.h"
 #include "resources/calculator_ids.h"
 
 static const unsigned kBuckets        = 120;
@@ -12,9 +11,9 @@ static const unsigned kCodeLineNumber = 114;
 
 cCalculator::cCalculator(cVorstekHost *pHost, cLineBox *pListing, cLineBox *pRegisters)
     : cVorstekState{}, m_pHost(pHost), m_pListing(pListing), m_pRegisters(pRegisters),
-      m_mapHandlers(kBuckets, pHost), m_nRuns(0), m_bInRun(0), m_nLoaderLine(0),
-      m_bListingComplete(1), m_bStackStale(1), m_bDisplayShowsX(1), m_nStaleRegisters(0),
-      m_nSelectRegister(-1), m_bHighlightStale(0), m_bPaintStale(0)
+      m_mapHandlers(kBuckets, pHost), m_nRuns(0), m_bInRun(0), m_bInterrupted(0), m_RunLines{},
+      m_nLoaderLine(0), m_bListingComplete(1), m_bStackStale(1), m_bDisplayShowsX(1),
+      m_bHighlightStale(0), m_bPaintStale(0), m_bRegisterStale{}, m_nSelectRegister(-1)
 {
     m_bStackLift = 1;
     m_nAngleMode = kAngleDeg;
@@ -31,6 +30,7 @@ eAnswer cCalculator::AskUser(const char *szText, eButtons nButtons, eIcon nIcon,
 {
     if (m_bProgramRunning)
         RefreshViews();
+    Interrupt();
     return m_pHost->Ask(szText, szCaption, nButtons, nIcon);
 }
 
@@ -66,27 +66,6 @@ void cCalculator::PlayRejectSound()
     StartSound(IDW_REFUSAL);
 }
 
-int cCalculator::EndOperation(eEnding nEnding)
-{
-    EndEntry();
-    MarkX();
-    if (nEnding != enKeep)
-        m_bStackLift = nEnding == enLift;
-    return 1;
-}
-
-void cCalculator::SaveLastX(double dFormerX)
-{
-    m_dLastX = dFormerX;
-    TraceLastX();
-}
-
-void cCalculator::EndEntry()
-{
-    m_szEntry[0]    = 0;
-    m_szExponent[0] = 0;
-}
-
 void cCalculator::AbandonEntry()
 {
     const int bInX = IsXKeyed();
@@ -103,15 +82,6 @@ int cCalculator::SetStackLevel(unsigned nLevel, double dValue)
     EndEntry();
     *pLevels[nLevel] = Clamp(dValue);
     MarkX();
-    return 1;
-}
-
-int cCalculator::SetRegister(unsigned nRegister, double dValue)
-{
-    if (nRegister >= kRegisters)
-        return 0;
-    m_dReg[nRegister] = Clamp(dValue);
-    TraceRegister(nRegister);
     return 1;
 }
 

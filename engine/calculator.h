@@ -9,6 +9,7 @@
 //   keystrokes.h       keys of the face, prefixes, waiting states, PC keyboard
 //   program_memory.h   program lines, editing, the listing box
 //   program_run.h      run loop, single step
+//   run_lines.h        program lines as the run loop executes them
 //   trace_log.h        the trace of a run
 //   listing_files.h    listing files, commands of the file menu
 //
@@ -18,16 +19,22 @@
 #ifndef ENGINE_CALCULATOR_H
 #define ENGINE_CALCULATOR_H
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 
 #include "engine/instruction.h"
 #include "engine/mnemonic_map.h"
+#include "engine/range.h"
+#include "engine/run_lines.h"
 #include "engine/trace_log.h"
 #include "engine/vorstek_host.h"
 #include "engine/vorstek_state.h"
 
 class cLineBox;
+
+const unsigned kLastXLine     = kRegisters;  // line of LASTx in the registers box
+const unsigned kRegisterLines = kRegisters + 1;
 
 class cCalculator : public cVorstekState
 {
@@ -75,9 +82,26 @@ public:
             Push();
     }
 
-    int  EndOperation(eEnding nEnding);  // always returns 1
-    void SaveLastX(double dFormerX);
-    void EndEntry();
+    int EndOperation(eEnding nEnding)  // always returns 1
+    {
+        EndEntry();
+        MarkX();
+        if (nEnding != enKeep)
+            m_bStackLift = nEnding == enLift;
+        return 1;
+    }
+
+    void SaveLastX(double dFormerX)
+    {
+        m_dLastX = dFormerX;
+        TraceLastX();
+    }
+
+    void EndEntry()
+    {
+        m_szEntry[0]    = 0;
+        m_szExponent[0] = 0;
+    }
 
     // Ends an entry in progress. Outside program mode the number keyed so far
     // stays in X, formatted.
@@ -85,12 +109,40 @@ public:
 
     // These two clamp; 0 if there is no such level or register.
     int SetStackLevel(unsigned nLevel, double dValue);
-    int SetRegister(unsigned nRegister, double dValue);
+    int SetRegister(unsigned nRegister, double dValue)
+    {
+        if (nRegister >= kRegisters)
+            return 0;
+        m_dReg[nRegister] = Clamp(dValue);
+        TraceRegister(nRegister);
+        return 1;
+    }
 
     // --- current line
     // The line after the last is line 1; anything above is an inconsistency.
     void SetCurLine(unsigned nLine);
-    void AdvanceLine() { SetCurLine(m_nCurLine + 1); }
+    void AdvanceLine()
+    {
+        if (m_nCurLine >= kLastLine)
+            SetCurLine(m_nCurLine + 1);
+        else
+        {
+            m_nCurLine++;
+            MarkHighlight();
+        }
+    }
+
+    // --- running
+    // Ends a run after the present line.
+    void Halt()
+    {
+        m_bProgramRunning = 0;
+        m_bInterrupted    = 1;
+    }
+
+    // The present line has used the host: in a run, the host's messages are
+    // drained after it, however many lines they might have waited.
+    void Interrupt() { m_bInterrupted = 1; }
 
     // --- views
     // What has changed is noted here; texts, boxes and display are brought up
@@ -99,7 +151,12 @@ public:
 
     // X has a new value: its text is to be made from it, and the display shows
     // it.
-    void MarkX();
+    void MarkX()
+    {
+        m_bStackStale    = 1;
+        m_bDisplayShowsX = 1;
+        ReportUnformattable(m_dX);
+    }
 
     // A number being keyed in is in X: its text is the keyed one.
     void MarkKeyedX(const char *szText);
@@ -117,14 +174,30 @@ public:
     void MarkHighlight() { m_bHighlightStale = 1; }
 
     // The register's or LASTx's line of the registers box has changed.
-    void TraceRegister(unsigned nRegister);
-    void TraceLastX();
+    void TraceRegister(unsigned nRegister)
+    {
+        m_bRegisterStale[nRegister] = 1;
+        m_nSelectRegister           = -1;
+        ReportUnformattable(m_dReg[nRegister]);
+    }
+    void TraceLastX()
+    {
+        m_bRegisterStale[kLastXLine] = 1;
+        m_nSelectRegister            = -1;
+        ReportUnformattable(m_dLastX);
+    }
 
     // That line is to be selected. A later TraceRegister() undoes it.
     void SelectRegister(unsigned nRegister) { m_nSelectRegister = static_cast<int>(nRegister); }
 
-    // Shows the box that formatting dValue now would show.
-    void ReportUnformattable(double dValue);
+    // Shows the box that formatting dValue now would show. All numbers but the
+    // very smallest and largest format without one, whatever the display mode.
+    void ReportUnformattable(double dValue)
+    {
+        const double dMagnitude = std::fabs(dValue);
+        if (!((dMagnitude > 1e-98 && dMagnitude < 1e99) || dValue == 0.0))
+            ReportRepairs(dValue);
+    }
 
     // Formats a number and reports what had to be repaired.
     void FormatNumber(double dValue, char (&szText)[kStackText]);
@@ -148,8 +221,10 @@ public:
     cMnemonicMap        m_mapHandlers;
 
     // --- running
-    unsigned  m_nRuns;   // that have begun
-    int       m_bInRun;  // the run loop is active, halted or not
+    unsigned  m_nRuns;         // that have begun
+    int       m_bInRun;        // the run loop is active, halted or not
+    int       m_bInterrupted;  // the lines executed without a drain end here
+    cRunLines m_RunLines;
     cTraceLog m_Trace;
 
     // --- loading
@@ -159,14 +234,16 @@ public:
 private:
     int  IsXKeyed() const { return m_szEntry[0] && !m_bProgramMode; }
     void FormatRegisterLine(unsigned nLine, char *szText, size_t nSize);
+    void ReportRepairs(double dValue);
 
-    // What the views do not show yet.
-    int      m_bStackStale;      // m_szX to m_szT
-    int      m_bDisplayShowsX;   // m_szDisplay follows m_szX
-    uint32_t m_nStaleRegisters;  // bit n: line n of the registers box
-    int      m_nSelectRegister;  // line to highlight there, -1 for none
-    int      m_bHighlightStale;
-    int      m_bPaintStale;
+    // What the views do not show yet. Each line of a running program sets some of
+    // these flags: bytes next to one another, so that one store sets several.
+    uint8_t m_bStackStale;     // m_szX to m_szT
+    uint8_t m_bDisplayShowsX;  // m_szDisplay follows m_szX
+    uint8_t m_bHighlightStale;
+    uint8_t m_bPaintStale;
+    uint8_t m_bRegisterStale[kRegisterLines];  // lines of the registers box
+    int     m_nSelectRegister;                 // line to highlight there, -1 for none
 };
 
 #endif

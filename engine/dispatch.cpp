@@ -4,9 +4,7 @@
 
 #include "engine/calculator.h"
 #include "engine/listing_words.h"
-#include "engine/number_entry.h"
 #include "engine/program_memory.h"
-#include "engine/range.h"
 
 static const unsigned kCodeWrongMnemonic = 100;
 static const unsigned kCodeRegister      = 102;
@@ -49,29 +47,17 @@ static unsigned RepairOperand(cCalculator &c, const cInstruction &Instruction, u
     return nOperand;
 }
 
-static int Execute(cCalculator &c, const cInstruction &Instruction, unsigned nOperand)
+// While a number is keyed in, its sign is part of it in program mode, too.
+static int IsRecorded(const cCalculator &c, const cInstruction &Instruction)
 {
-    const double dFormerX = c.m_dX;
-    if (Instruction.m_nLastX == kLastXBefore)
-        c.SaveLastX(dFormerX);
-    if (!Instruction.m_pExecute(c, nOperand))
-        return 0;
-    if (Instruction.m_nClamp != clNone)
-        c.m_dX = Clamp(c.m_dX);
-    if (Instruction.m_nClamp == clXY)
-        c.m_dY = Clamp(c.m_dY);
-    if (Instruction.m_nLastX == kLastXAfter)
-        c.SaveLastX(dFormerX);
-    return Instruction.m_nEnding == enOwn ? 1 : c.EndOperation(Instruction.m_nEnding);
+    return c.m_bProgramMode && !(c.m_szEntry[0] && Instruction.m_nRole == rlSign);
 }
 
 int PerformInstruction(cCalculator &c, const cInstruction &Instruction, unsigned nOperand)
 {
     if (c.m_bParseOnly)
         return AcceptsOperand(c, Instruction, nOperand);
-    if (c.m_szEntry[0] && Instruction.m_nRole == rlSign)
-        return ChangeEntrySign(c);
     nOperand = RepairOperand(c, Instruction, nOperand);
-    return c.m_bProgramMode ? InsertInstruction(c, Instruction, nOperand)
-                            : Execute(c, Instruction, nOperand);
+    return IsRecorded(c, Instruction) ? InsertInstruction(c, Instruction, nOperand)
+                                      : Instruction.m_pExecute(c, nOperand);
 }

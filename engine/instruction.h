@@ -43,21 +43,19 @@ enum eRole
     rlSign    // belongs to number entry while a number is being keyed in
 };
 
-// When the former X goes to LASTx: once all else is done, or before it.
+// When the former X goes to LASTx: once all else is done, or before it. 0: LASTx
+// stays.
 const int kLastXAfter  = 1;
 const int kLastXBefore = 2;
 
-// Performs the instruction; returns 1, or 0 after an error.
+// Performs the instruction in run mode; returns 1, or 0 after an error.
 typedef int (*cHandler)(cCalculator &c, unsigned nOperand);
 
 struct cInstruction
 {
     const char *m_szMnemonic;
     eOperand    m_nOperand;
-    cHandler    m_pExecute;
-    int         m_nLastX;  // kLastXAfter or kLastXBefore; 0: LASTx stays
-    eClamp      m_nClamp;
-    eEnding     m_nEnding;
+    cHandler    m_pExecute;  // the row's handler with its LASTx, clamp and ending
     eRole       m_nRole;
 };
 

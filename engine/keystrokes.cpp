@@ -35,7 +35,7 @@ static void OnKeyWhileRunning(cCalculator &c, unsigned nKeyCode, int bIsDown)
     }
     else if (bIsDown == 1)
     {
-        c.m_bProgramRunning = 0;
+        c.Halt();
         c.StartSound(IDW_HALTED);
         SetKeystrokes(c, kAwaitHalt);
     }

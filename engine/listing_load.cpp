@@ -162,6 +162,7 @@ static void FinishLoad(cCalculator &c, cLoad *pLoad)
         pLoad->ListLine(nLine, pRunStop->m_szMnemonic);
     }
     memcpy(c.m_Program, pLoad->m_Program, sizeof c.m_Program);
+    PrepareRunLines(c);
     c.m_bListingComplete = c.m_pListing->SetText(pLoad->m_pListing);
     c.m_bProgramModified = 0;
     c.m_nReturnDepth     = 0;

@@ -36,5 +36,5 @@ void OnChar(cCalculator &c, char cChar)
         return;
     }
     c.StartSound(IDW_HALTED);
-    c.m_bProgramRunning = 0;
+    c.Halt();
 }

@@ -43,6 +43,7 @@ void ResetProgram(cCalculator &c)
     c.m_Program[0] = ProgramLine{};
     for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
         SetRunStop(c.m_mapHandlers.Find("R/S"), &c.m_Program[nLine], nLine);
+    PrepareRunLines(c);
     c.m_bProgramModified = 0;
     c.m_szFileName[0]    = 0;
     c.m_nCurLine         = 0;
@@ -144,6 +145,7 @@ static void InsertLine(cCalculator &c, const ProgramLine &Line, const char *szTe
     }
     c.m_Program[nLine]                = Line;
     c.m_Program[nLine].m_nListingLine = c.m_Program[c.m_nCurLine].m_nListingLine + 1;
+    PrepareRunLines(c);
 
     char szListed[kListedText];
     PrintListedLine(nLine, szText, szListed, sizeof szListed);
@@ -184,6 +186,7 @@ int ReplaceCurrentLine(cCalculator &c, const char *szText)
 {
     char szLine[kListedText];
     SetNumber(&c.m_Program[c.m_nCurLine], szText);
+    PrepareRunLines(c);
     PrintListedLine(c.m_nCurLine, szText, szLine, sizeof szLine);
     c.m_pListing->ReplaceLine(c.m_Program[c.m_nCurLine].m_nListingLine, szLine);
     c.m_bProgramModified = 1;
@@ -216,6 +219,7 @@ int DeleteCurrentLine(cCalculator &c)
     char         szListed[kListedText];
     ProgramLine &Last = c.m_Program[kLastLine];
     SetRunStop(c.m_mapHandlers.Find("R/S"), &Last, c.m_pListing->CountLines());
+    PrepareRunLines(c);
     PrintListedLine(kLastLine, Last.m_szText, szListed, sizeof szListed);
     c.m_pListing->InsertLine(c.m_pListing->CountLines(), szListed);
     c.SetCurLine(c.m_nCurLine - 1);

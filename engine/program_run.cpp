@@ -1,12 +1,9 @@
 #include "engine/program_run.h"
 
 #include "engine/calculator.h"
-#include "engine/dispatch.h"
 #include "engine/mode_switch.h"
 #include "engine/pending_keys.h"
 #include "resources/calculator_ids.h"
-
-static const unsigned kCodeNumberLine = 125;
 
 static void EnableRunCommands(cCalculator &c, int bEnable)
 {
@@ -15,17 +12,53 @@ static void EnableRunCommands(cCalculator &c, int bEnable)
         c.m_pHost->EnableCommand(nId, bEnable);
 }
 
-// Jumps set the current line themselves, all others continue with the next line.
-static int RunLine(cCalculator &c)
+// Executes the current line. Jumps set the next line themselves, all others
+// continue with the line below.
+template <int bTraced> static int RunLine(cCalculator &c)
 {
-    if (c.m_nCurLine == 0)
-        c.SetCurLine(1);
-    const cInstruction *const pRow    = c.m_Program[c.m_nCurLine].m_pInstruction;
-    const int                 nResult = ExecuteCurrentLine(c);
+    const unsigned nLine   = c.m_nCurLine;
+    const cRunLine Line    = c.m_RunLines.m_Lines[nLine];
+    const int      nResult = Line.m_pExecute(c, Line.m_nOperand);
+    c.MarkDisplay();
+    if constexpr (bTraced)
+        c.m_Trace.WriteLine(c, nLine ? nLine : 1);
     if (!nResult)
-        c.m_bProgramRunning = 0;
-    else if (!pRow || pRow->m_nRole != rlJump)
+        c.Halt();
+    else if (!Line.m_bJump)
         c.AdvanceLine();
+    return nResult;
+}
+
+// Executes lines until something interrupts them, at least one and at most
+// nLines. Returns how many; *pnResult is the last one's result.
+template <int bTraced> static unsigned RunLines(cCalculator &c, unsigned nLines, int *pnResult)
+{
+    unsigned nLeft   = nLines;
+    c.m_bInterrupted = 0;
+    do
+    {
+        *pnResult = RunLine<bTraced>(c);
+        nLeft--;
+    }
+    while (nLeft > 0 && !c.m_bInterrupted);
+    return nLines - nLeft;
+}
+
+// The host allows the first line and says after it how many may follow.
+static int RunUntilHalt(cCalculator &c)
+{
+    const auto pRunLines = c.m_Trace.IsOpen() ? RunLines<1> : RunLines<0>;
+    unsigned   nAllowed  = 1;
+    int        nResult   = 1;
+    while (c.m_bProgramRunning)
+    {
+        const unsigned nDone = pRunLines(c, nAllowed, &nResult);
+        if (!c.m_bProgramRunning)
+            break;
+        nAllowed = c.m_pHost->DrainMessages(nDone);
+        if (nAllowed == 0)
+            c.Halt();
+    }
     return nResult;
 }
 
@@ -37,17 +70,12 @@ int RunProgram(cCalculator &c)
         return 0;
     c.m_bInRun = 1;
     EnableRunCommands(c, 0);
-    int nResult         = c.m_bTrace ? c.m_Trace.Open(c) : 1;
+    const int bOpened   = !c.m_bTrace || c.m_Trace.Open(c);
     c.m_nReturnDepth    = 0;
-    c.m_bProgramRunning = nResult;
+    c.m_bProgramRunning = bOpened;
     c.m_nRuns++;
-    while (c.m_bProgramRunning)
-    {
-        nResult = RunLine(c);
-        if (c.m_bProgramRunning && !c.m_pHost->DrainMessages())
-            c.m_bProgramRunning = 0;
-    }
-    c.m_bInRun = 0;
+    const int nResult = bOpened && RunUntilHalt(c);
+    c.m_bInRun        = 0;
     c.m_Trace.Close();
     EnableRunCommands(c, 1);
     c.RefreshViews();
@@ -61,31 +89,15 @@ int SingleStep(cCalculator &c)
     if (c.m_bInRun)
         return 0;
     c.m_bProgramRunning = 1;
-    const int nResult   = RunLine(c);
+    const int nResult   = RunLine<0>(c);
     c.m_bProgramRunning = 0;
     return nResult;
 }
 
-static int ExecuteNumberLine(cCalculator &c, const ProgramLine &Line)
-{
-    c.PushIfLift();
-    if (!Line.m_bNumberParsed)
-        c.ShowProgramError(kCodeNumberLine);
-    c.m_dX = Line.m_dNumber;
-    return c.EndOperation(enLift);
-}
-
 int ExecuteCurrentLine(cCalculator &c)
 {
-    if (c.m_nCurLine == 0)
-        c.SetCurLine(1);
-    const unsigned     nLine   = c.m_nCurLine;
-    const ProgramLine &Line    = c.m_Program[nLine];
-    const int          nResult = Line.m_pInstruction
-                                     ? PerformInstruction(c, *Line.m_pInstruction, Line.m_nOperand)
-                                     : ExecuteNumberLine(c, Line);
+    const cRunLine &Line    = c.m_RunLines.m_Lines[c.m_nCurLine];
+    const int       nResult = Line.m_pExecute(c, Line.m_nOperand);
     c.MarkDisplay();
-    if (c.m_Trace.IsOpen())
-        c.m_Trace.WriteLine(c, nLine);
     return nResult;
 }

@@ -2,15 +2,12 @@
 // the display. Operations note what has changed; the texts are made when they
 // become visible.
 
-#include <cmath>
 #include <cstdio>
 #include <cstring>
 
 #include "engine/calculator.h"
 #include "engine/display.h"
 #include "engine/line_box.h"
-
-static const unsigned kLastXLine = kRegisters;  // line of LASTx in the registers box
 
 void cCalculator::FormatNumber(double dValue, char (&szText)[kStackText])
 {
@@ -19,13 +16,8 @@ void cCalculator::FormatNumber(double dValue, char (&szText)[kStackText])
         ShowProgramError(nCode);
 }
 
-// All numbers but the very smallest and largest format without a box, whatever
-// the display mode.
-void cCalculator::ReportUnformattable(double dValue)
+void cCalculator::ReportRepairs(double dValue)
 {
-    const double dMagnitude = std::fabs(dValue);
-    if ((dMagnitude > 1e-98 && dMagnitude < 1e99) || dValue == 0.0)
-        return;
     char szText[kStackText];
     FormatNumber(dValue, szText);
 }
@@ -45,13 +37,6 @@ void cCalculator::SettleTexts()
         snprintf(m_szDisplay, sizeof m_szDisplay, "%s", m_szX);
 }
 
-void cCalculator::MarkX()
-{
-    m_bStackStale    = 1;
-    m_bDisplayShowsX = 1;
-    ReportUnformattable(m_dX);
-}
-
 void cCalculator::MarkKeyedX(const char *szText)
 {
     m_bStackStale    = 1;
@@ -63,20 +48,6 @@ void cCalculator::SetDisplayText(const char *szText)
 {
     m_bDisplayShowsX = 0;
     snprintf(m_szDisplay, sizeof m_szDisplay, "%.*s", kDisplayVisible, szText);
-}
-
-void cCalculator::TraceRegister(unsigned nRegister)
-{
-    m_nStaleRegisters |= 1u << nRegister;
-    m_nSelectRegister = -1;
-    ReportUnformattable(m_dReg[nRegister]);
-}
-
-void cCalculator::TraceLastX()
-{
-    m_nStaleRegisters |= 1u << kLastXLine;
-    m_nSelectRegister = -1;
-    ReportUnformattable(m_dLastX);
 }
 
 void cCalculator::FormatRegisterLine(unsigned nLine, char *szText, size_t nSize)
@@ -94,10 +65,11 @@ void cCalculator::FormatRegisterLine(unsigned nLine, char *szText, size_t nSize)
 
 void cCalculator::WriteRegisterLines()
 {
-    for (unsigned nLine = 0; m_nStaleRegisters; nLine++, m_nStaleRegisters >>= 1)
-        if (m_nStaleRegisters & 1)
+    for (unsigned nLine = 0; nLine < kRegisterLines; nLine++)
+        if (m_bRegisterStale[nLine])
         {
             char szText[40];
+            m_bRegisterStale[nLine] = 0;
             FormatRegisterLine(nLine, szText, sizeof szText);
             m_pRegisters->ReplaceLine(nLine, szText);
         }
@@ -108,7 +80,7 @@ void cCalculator::WriteRegisterLines()
 
 void cCalculator::ListRegisters()
 {
-    char   szText[(kRegisters + 1) * 40];
+    char   szText[kRegisterLines * 40];
     size_t nLength = 0;
     for (unsigned nLine = 0; nLine <= kLastXLine; nLine++)
     {

@@ -71,7 +71,7 @@ void cVorstekEngine::OnChar(char cChar)
 
 void cVorstekEngine::HaltProgram()
 {
-    m_pCalculator->m_bProgramRunning = 0;
+    m_pCalculator->Halt();
 }
 
 int cVorstekEngine::Perform(const char *szMnemonic, unsigned nOperand)

@@ -33,9 +33,13 @@ public:
     // Between program lines: handles what is waiting, waits for nothing. Key
     // events re-enter the engine here and only set flags. Once one of them has
     // halted the program, the messages after it are left to the main loop. A host
-    // that dispatches messages calls the engine's RefreshViews() first. Returns
-    // 0 on quit, after it has posted the quit message again.
-    virtual int DrainMessages() = 0;
+    // that dispatches messages calls the engine's RefreshViews() first.
+    // nLines have been executed since the last call, or since the run began.
+    // Returns how many may follow before the next call; 0 on quit, after it has
+    // posted the quit message again. The first call comes after the first line. A
+    // line that has used the host (a box, a PAUSE, the graph) is always followed
+    // by a call.
+    virtual unsigned DrainMessages(unsigned nLines) = 0;
 
     // Waits without handling messages.
     virtual void Pause(unsigned nMilliseconds) = 0;

@@ -8,24 +8,16 @@
 
 static const unsigned kPauseMilliseconds = 1000;
 static const double   kFarthestJump      = -static_cast<double>(kProgramLines);
-static const unsigned kNoLabel           = 10;  // labels are 0 to 9
 
-// Searches from the current line to the last, then from line 1 to the line
-// before the current one; a hit becomes the current line.
+// The label at or below the current line, else the first one in the program,
+// becomes the current line.
 static int FindLabel(cCalculator &c, unsigned nLabel)
 {
-    for (unsigned i = 0; i < kProgramLines; i++)
-    {
-        const unsigned            nLine = (c.m_nCurLine + i) % kProgramLines;
-        const cInstruction *const pRow  = c.m_Program[nLine].m_pInstruction;
-        if (pRow && pRow->m_nRole == rlLabel && c.m_Program[nLine].m_nOperand == nLabel &&
-            nLabel < kNoLabel)
-        {
-            c.SetCurLine(nLine);
-            return 1;
-        }
-    }
-    return c.ShowUserError("Error: no such label");
+    const unsigned nLine = nLabel < kLabels ? c.m_RunLines.m_LabelLines[c.m_nCurLine][nLabel] : 0;
+    if (nLine == 0)
+        return c.ShowUserError("Error: no such label");
+    c.SetCurLine(nLine);
+    return 1;
 }
 
 // The target given by Reg[0]: a label, or a number of lines to jump back,
@@ -37,7 +29,7 @@ static int FindTargetI(cCalculator &c)
     if (dTarget < kFarthestJump)
         return c.ShowUserError("Error: neg i too big");
     if (!(dTarget < 0.0))
-        return FindLabel(c, dTarget < kNoLabel ? static_cast<unsigned>(dTarget) : kNoLabel);
+        return FindLabel(c, dTarget < kLabels ? static_cast<unsigned>(dTarget) : kLabels);
     const int nBack = -static_cast<int>(dTarget);
     int       nLine = static_cast<int>(c.m_nCurLine) - nBack;
     if (nLine <= 0)
@@ -98,7 +90,7 @@ int OnRtn(cCalculator &c, unsigned)
         c.SetCurLine(c.m_nReturnAddr[--c.m_nReturnDepth]);
     else
     {
-        c.m_bProgramRunning = 0;
+        c.Halt();
         c.AdvanceLine();
     }
     return 1;
@@ -109,7 +101,7 @@ int OnRunStop(cCalculator &c, unsigned)
     c.EndOperation(enLift);
     if (!c.m_bProgramRunning)
         return RunProgram(c);
-    c.m_bProgramRunning = 0;
+    c.Halt();
     return 1;
 }
 
@@ -118,6 +110,7 @@ int OnPause(cCalculator &c, unsigned)
     c.EndOperation(enLift);
     c.MarkDisplay();
     c.RefreshViews();
+    c.Interrupt();
     c.m_pHost->Pause(kPauseMilliseconds);
     return 1;
 }

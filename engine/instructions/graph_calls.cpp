@@ -7,6 +7,7 @@
 
 int OnClearG(cCalculator &c, unsigned)
 {
+    c.Interrupt();
     c.m_pHost->ClearGraph();
     c.m_nGraphLine = 0;
     return 1;
@@ -25,6 +26,7 @@ int OnSetG(cCalculator &c, unsigned)
 // Adds the point (X, Y). The window is shown even if the point is bad.
 int OnSumG(cCalculator &c, unsigned)
 {
+    c.Interrupt();
     c.m_pHost->ShowGraph();
     if (c.m_nGraphLine > c.m_pHost->CountDataSets() || std::isnan(c.m_dX) || std::isnan(c.m_dY))
         return c.ShowUserError("Error: bad graph");
@@ -34,6 +36,6 @@ int OnSumG(cCalculator &c, unsigned)
               "since the cVantor window has reached its\n"
               "memory limit\n",
               bnOk, icNone);
-    c.m_bProgramRunning = 0;
+    c.Halt();
     return 1;
 }

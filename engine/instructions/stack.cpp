@@ -2,6 +2,7 @@
 
 #include "engine/calculator.h"
 #include "engine/instructions/handlers.h"
+#include "engine/number_entry.h"
 
 static const double kPi = 3.141592653589793;
 
@@ -49,9 +50,10 @@ int OnPi(cCalculator &c, unsigned)
     return 1;
 }
 
-// While a number is keyed in, CHS belongs to number entry.
 int OnChangeSign(cCalculator &c, unsigned)
 {
+    if (c.m_szEntry[0])
+        return ChangeEntrySign(c);
     c.m_dX = -c.m_dX;
-    return 1;
+    return c.EndOperation(enKeep);
 }

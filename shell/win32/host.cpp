@@ -20,6 +20,11 @@ static const COLORREF kUnlit = RGB(0, 0, 0);
 // and for some sixty views a second.
 static const DWORD kDrainPeriod = 15;  // milliseconds
 
+// How many lines pass between two looks at the clock. A line takes some
+// nanoseconds, one with y^x up to a microsecond; those that draw are always
+// followed by a look.
+static const unsigned kLinesPerLook = 1000;
+
 void cVorstek::StartSound(unsigned nId)
 {
     PlayProgramSound(nId);
@@ -62,9 +67,9 @@ void cVorstek::BlankDisplay()
     FillRect(Dc.Get(), &Field, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
 }
 
-int cVorstek::DrainMessages()
+unsigned cVorstek::DrainMessages(unsigned)
 {
-    return DrainEvery(kDrainPeriod);
+    return DrainEvery(kDrainPeriod) ? kLinesPerLook : 0;
 }
 
 // Posts a quit message again, for the main loop.

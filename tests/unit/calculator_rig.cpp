@@ -30,10 +30,11 @@ void cRecordingHost::DrawDisplay(const cDisplay &Display)
     m_Drawn = Display;
 }
 
-int cRecordingHost::DrainMessages()
+unsigned cRecordingHost::DrainMessages(unsigned nLines)
 {
     m_nDrains++;
-    return m_OnDrain ? m_OnDrain() : 1;
+    m_nLines += nLines;
+    return !m_OnDrain || m_OnDrain() ? m_nAllowed : 0;
 }
 
 void cRecordingHost::Pause(unsigned nMilliseconds)

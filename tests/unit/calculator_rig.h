@@ -48,15 +48,15 @@ public:
     void    StartSound(unsigned nId) override { m_Sounds.push_back(nId); }
     void    DrawDisplay(const cDisplay &Display) override;
     void    BlankDisplay() override { m_nBlanks++; }
-    int     DrainMessages() override;
-    void    Pause(unsigned nMilliseconds) override;
-    int     AskFileName(eFileDialog nDialog, char *szName, size_t nSize) override;
-    void    SetStatusText(const char *szText) override { m_StatusText = szText; }
-    void    EnableCommand(unsigned nId, int bEnable) override { m_Enabled[nId] = bEnable; }
-    void    ShowListing(int bShow) override { m_bListingShown = bShow; }
-    void    ShowRegisters(int bShow) override { m_bRegistersShown = bShow; }
-    void    ShowGraph() override { m_bGraphShown = 1; }
-    void    ClearGraph() override { m_Graph.clear(); }
+    unsigned DrainMessages(unsigned nLines) override;
+    void     Pause(unsigned nMilliseconds) override;
+    int      AskFileName(eFileDialog nDialog, char *szName, size_t nSize) override;
+    void     SetStatusText(const char *szText) override { m_StatusText = szText; }
+    void     EnableCommand(unsigned nId, int bEnable) override { m_Enabled[nId] = bEnable; }
+    void     ShowListing(int bShow) override { m_bListingShown = bShow; }
+    void     ShowRegisters(int bShow) override { m_bRegistersShown = bShow; }
+    void     ShowGraph() override { m_bGraphShown = 1; }
+    void     ClearGraph() override { m_Graph.clear(); }
     unsigned CountDataSets() override { return static_cast<unsigned>(m_Graph.size()); }
     int      AddGraphPoint(unsigned nLine, double dX, double dY) override;
 
@@ -79,6 +79,8 @@ public:
     int                      m_nDraws          = 0;
     cDisplay                 m_Drawn           = {};  // what was drawn last
     unsigned                 m_nDrains         = 0;   // since the rig was made
+    unsigned                 m_nLines          = 0;   // executed since then
+    unsigned                 m_nAllowed        = 1;   // lines from one drain to the next
     std::function<int()>     m_OnDrain;               // called by every drain; 0 is quit
     unsigned                 m_nPointLimit = 12800;   // of a data set
     std::vector<std::vector<std::pair<double, double>>> m_Graph;

@@ -1,5 +1,7 @@
+#include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <iterator>
 #include <random>
 
 #include "engine/range.h"
@@ -161,6 +163,129 @@ TEST_CASE("the messages are drained after each line but the one that ended the r
 
         CHECK(Rig.m_Host.m_nDrains == Row.nDrains);
     }
+}
+
+// Halts the program of kCounting when so many lines have been executed. The host
+// allows as many lines at a time as it is told here.
+static void RunCounted(cCalculatorRig *pRig, unsigned nAllowed, unsigned nLines)
+{
+    pRig->m_Host.m_OnDrain = [=] {
+        const unsigned nLeft = nLines - pRig->m_Host.m_nLines;
+        if (nLeft == 0)
+            pRig->m_Engine.HaltProgram();
+        pRig->m_Host.m_nAllowed = std::max(std::min(nAllowed, nLeft), 1U);
+        return 1;
+    };
+    pRig->m_Engine.RunProgram();
+}
+
+TEST_CASE("the host is asked again after exactly as many lines as it allowed")
+{
+    static const char *const kCounting = "LBL 1\nISZ\nGTO 1\n";
+    for (const unsigned nAllowed : {1U, 2U, 7U, 98U, 1000U, 4000000000U})
+        for (const unsigned nLines : {1U, 2U, 3U, 299U, 300U, 301U})
+        {
+            CAPTURE(nAllowed);
+            CAPTURE(nLines);
+            cCalculatorRig Rig;
+            Rig.Load(kCounting);
+
+            RunCounted(&Rig, nAllowed, nLines);
+
+            CHECK(Rig.State().m_dReg[0] == (nLines + 1) / 3);
+            CHECK(Rig.State().m_nCurLine == nLines % 3 + 1);
+            CHECK(Rig.m_Host.m_nLines == nLines);
+            CHECK(Rig.m_Host.m_nDrains == 1 + (nLines - 1 + nAllowed - 1) / nAllowed);
+        }
+}
+
+TEST_CASE("a line that uses the host is followed by a drain, however many lines are allowed")
+{
+    // clang-format off
+    static const struct { const char *szLine; unsigned nDrains; } s_Rows[] =
+    {
+        { "CLX",        1 },
+        { "1e-99\nsin", 2 },  // a box: the result cannot be shown
+        { "PAUSE",      2 },
+        { "ClearG",     2 },
+        { "SumG",       2 },
+    };
+    // clang-format on
+    for (const auto &Row : s_Rows)
+    {
+        CAPTURE_TEXT(Row.szLine);
+        cCalculatorRig Rig;
+        Rig.Load(("1\n" + std::string(Row.szLine) + "\n2\n3\n").c_str());
+        Rig.m_Host.m_nAllowed = 1000;
+
+        Rig.m_Engine.RunProgram();
+
+        CHECK(Rig.m_Host.m_nDrains == Row.nDrains);
+        CHECK(Rig.X() == 3.0);
+    }
+}
+
+TEST_CASE("a key during a PAUSE halts the run after that line, however many lines are allowed")
+{
+    cCalculatorRig Rig;
+    Rig.Load("1\n2\nPAUSE\n3\n4\n");
+    Rig.m_Host.m_nAllowed = 1000;
+    Rig.m_Host.m_OnPause  = [&Rig] { Rig.m_Engine.HaltProgram(); };
+
+    Rig.m_Engine.RunProgram();
+
+    CHECK(Rig.X() == 2.0);
+    CHECK(Rig.State().m_nCurLine == 4);
+}
+
+// A program of nLines random lines, all kinds of instructions among them.
+static std::string RandomProgram(std::mt19937 *pRandom)
+{
+    static const char *const s_Lines[] = {
+        "1",     "2",     "-3",    "9e98",   "+",     "*",      "/",     "-",     "1/x",
+        "sqrt",  "STO 0", "RCL 1", "STO+ 1", "RCL i", "STO/ i", "DSZ",   "ISZ",   "x<>y",
+        "Sum+",  "Mean",  "LBL 1", "LBL 2",  "LBL 3", "GTO 1",  "GTO 2", "GSB 2", "GSB 3",
+        "GTO i", "GSB i", "RTN",   "x=0",    "x>y",   "PAUSE",  "SumG",  "FIX 4", "SCI 9",
+        "CHS",   "ENTER", "CLX",   "->P",    "1e-99", "LASTx",  "y^x",   "ClearG"};
+    std::string Program = "LBL 1\nLBL 2\nLBL 3\n";
+    for (int nLine = 0; nLine < 30; nLine++)
+        Program += std::string(s_Lines[(*pRandom)() % std::size(s_Lines)]) + "\n";
+    return Program + "GTO 1\n";
+}
+
+static std::string Report(cCalculatorRig &Rig)
+{
+    std::string Text = Rig.Snapshot() + Rig.Display();
+    for (unsigned nLine = 0; nLine <= kRegisters; nLine++)
+        Text += "\n" + Rig.RegisterLine(nLine);
+    Text += "\nsounds " + Rig.Sounds() + ", highlight " + std::to_string(Rig.Highlighted());
+    for (const size_t nCount :
+         {Rig.m_Host.m_Boxes.size(), Rig.m_Host.m_Pauses.size(), Rig.m_Host.m_Graph.size()})
+        Text += ", " + std::to_string(nCount);
+    return Text;
+}
+
+TEST_CASE("a program computes the same, however many lines the host allows")
+{
+    std::mt19937 Random(4);
+    unsigned     nLong = 0;
+    for (int i = 0; i < 300; i++)
+    {
+        const std::string Program = RandomProgram(&Random);
+        CAPTURE(Program);
+        std::string Reports[3];
+        for (int nRig = 0; nRig < 3; nRig++)
+        {
+            cCalculatorRig Rig;
+            Rig.Load(Program.c_str());
+            RunCounted(&Rig, nRig == 0 ? 1 : nRig == 1 ? 5 : 100000, 500);
+            Reports[nRig] = Report(Rig);
+            nLong += Rig.m_Host.m_nLines > 100;
+        }
+        CHECK(Reports[1] == Reports[0]);
+        CHECK(Reports[2] == Reports[0]);
+    }
+    CHECK(nLong > 100);
 }
 
 TEST_CASE("a quit message ends the run")
