@@ -25,6 +25,7 @@
 
 #include "engine/instruction.h"
 #include "engine/mnemonic_map.h"
+#include "engine/number_texts.h"
 #include "engine/range.h"
 #include "engine/run_lines.h"
 #include "engine/trace_log.h"
@@ -235,6 +236,8 @@ private:
     int  IsXKeyed() const { return m_szEntry[0] && !m_bProgramMode; }
     void FormatRegisterLine(unsigned nLine, char *szText, size_t nSize);
     void ReportRepairs(double dValue);
+
+    cNumberTexts m_NumberTexts;
 
     // What the views do not show yet. Each line of a running program sets some of
     // these flags: bytes next to one another, so that one store sets several.

@@ -1,12 +1,27 @@
 #include "engine/number_format.h"
 
+#include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 
 // Sign, up to 309 integer digits, point, 9 places.
 static const int kPrintRoom = 336;
+
+// What fixed notation mostly prints is scaled to an integer of at most 20 digits.
+static const double kMostScaled   = 1e10;
+static const int    kScaledDigits = 20;
+
+// Of a double: the bits of its fraction, and the exponent, as it is stored, of a
+// fraction that counts units.
+static const int kFractionBits = 52;
+static const int kUnitExponent = 1023 + kFractionBits;
+
+__extension__ typedef unsigned __int128 cWide;
+static const int                        kWideBits = 128;
 
 static const char *const kTenSignificant = "%+.9le";
 
@@ -26,6 +41,53 @@ static const char *NonFiniteText(double dValue)
     return dValue > 0.0 ? "+inf" : "-inf";
 }
 
+// dMagnitude x 10^nPlaces as an integer, exactly rounded, ties to even; dMagnitude is
+// below 1e10 and nPlaces at most 9. A double is an integer of 53 bits times a power
+// of two, and 10^9 has 30 bits, so 128 bits hold the exact product.
+static uint64_t ScaleExactly(double dMagnitude, int nPlaces)
+{
+    static const uint64_t s_Tens[] = {1,      10,      100,      1000,      10000,
+                                      100000, 1000000, 10000000, 100000000, 1000000000};
+    const auto            nBits    = std::bit_cast<uint64_t>(dMagnitude);
+    const int             nBiased  = static_cast<int>(nBits >> kFractionBits);
+    const uint64_t        nHidden  = nBiased > 0 ? uint64_t{1} << kFractionBits : 0;
+    const uint64_t        nInteger = (nBits & ((uint64_t{1} << kFractionBits) - 1)) | nHidden;
+    const cWide           nProduct = static_cast<cWide>(nInteger) * s_Tens[nPlaces];
+    const int             nShift   = kUnitExponent - std::max(nBiased, 1);
+    if (nShift <= 0)
+        return static_cast<uint64_t>(nProduct << -nShift);
+    if (nShift >= kWideBits)  // the product is far below a half
+        return 0;
+    const cWide nHalf  = static_cast<cWide>(1) << (nShift - 1);
+    const cWide nRest  = nProduct & (2 * nHalf - 1);
+    const auto  nFloor = static_cast<uint64_t>(nProduct >> nShift);
+    return nFloor + (nRest > nHalf || (nRest == nHalf && nFloor % 2 == 1));
+}
+
+// Digits of dMagnitude in fixed notation. Returns their end.
+static char *PrintFixed(double dMagnitude, int nPlaces, char *pText, char *pTextEnd)
+{
+    if (!(dMagnitude < kMostScaled))
+        return std::to_chars(pText, pTextEnd, dMagnitude, std::chars_format::fixed, nPlaces).ptr;
+
+    // With one digit more than places, at least, so that one is left of the point.
+    char           szDigits[kScaledDigits];
+    const uint64_t nScaled = ScaleExactly(dMagnitude, nPlaces);
+    char *const    pEnd    = szDigits + sizeof szDigits;
+    char          *pFirst  = pEnd;
+    for (uint64_t nLeft = nScaled; nLeft > 0 || pEnd - pFirst <= nPlaces; nLeft /= 10)
+        *--pFirst = static_cast<char>('0' + nLeft % 10);
+
+    const auto nIntegers = static_cast<size_t>(pEnd - nPlaces - pFirst);
+    memcpy(pText, pFirst, nIntegers);
+    pText += nIntegers;
+    if (nPlaces == 0)
+        return pText;
+    *pText++ = '.';
+    memcpy(pText, pEnd - nPlaces, static_cast<size_t>(nPlaces));
+    return pText + nPlaces;
+}
+
 void PrintNumber(const char *szFormat, double dValue, char *szText, size_t nSize)
 {
     if (!std::isfinite(dValue))
@@ -33,17 +95,19 @@ void PrintNumber(const char *szFormat, double dValue, char *szText, size_t nSize
         snprintf(szText, nSize, "%s", NonFiniteText(dValue));
         return;
     }
-    const int  nDigits = szFormat[3] - '0';
-    const auto nNotation =
-        szFormat[5] == 'f' ? std::chars_format::fixed : std::chars_format::scientific;
-
-    char szPrinted[kPrintRoom];
-    szPrinted[0]     = std::signbit(dValue) ? '-' : '+';
-    char *const pEnd = std::to_chars(szPrinted + 1, szPrinted + sizeof szPrinted - 1,
-                                     std::fabs(dValue), nNotation, nDigits)
-                           .ptr;
-    *pEnd = 0;
-    snprintf(szText, nSize, "%s", szPrinted);
+    char              szPrinted[kPrintRoom];
+    const int         nDigits    = szFormat[3] - '0';
+    const double      dMagnitude = std::fabs(dValue);
+    char *const       pFirst     = szPrinted + 1;
+    char *const       pMost      = szPrinted + sizeof szPrinted;
+    const char *const pEnd =
+        szFormat[5] == 'f'
+            ? PrintFixed(dMagnitude, nDigits, pFirst, pMost)
+            : std::to_chars(pFirst, pMost, dMagnitude, std::chars_format::scientific, nDigits).ptr;
+    szPrinted[0]         = std::signbit(dValue) ? '-' : '+';
+    const size_t nLength = std::min(static_cast<size_t>(pEnd - szPrinted), nSize - 1);
+    memcpy(szText, szPrinted, nLength);
+    szText[nLength] = 0;
 }
 
 // The digits after "e+" or "e-", or null if there is no exponent.

@@ -11,7 +11,7 @@
 
 void cCalculator::FormatNumber(double dValue, char (&szText)[kStackText])
 {
-    const unsigned nCode = ::FormatNumber(dValue, *this, szText);
+    const unsigned nCode = m_NumberTexts.Format(dValue, *this, szText);
     if (nCode)
         ShowProgramError(nCode);
 }
@@ -28,20 +28,20 @@ void cCalculator::SettleTexts()
     {
         m_bStackStale = 0;
         if (!IsXKeyed())
-            ::FormatNumber(m_dX, *this, m_szX);
-        ::FormatNumber(m_dY, *this, m_szY);
-        ::FormatNumber(m_dZ, *this, m_szZ);
-        ::FormatNumber(m_dT, *this, m_szT);
+            m_NumberTexts.Format(m_dX, *this, m_szX);
+        m_NumberTexts.Format(m_dY, *this, m_szY);
+        m_NumberTexts.Format(m_dZ, *this, m_szZ);
+        m_NumberTexts.Format(m_dT, *this, m_szT);
     }
     if (m_bDisplayShowsX)
-        snprintf(m_szDisplay, sizeof m_szDisplay, "%s", m_szX);
+        memcpy(m_szDisplay, m_szX, sizeof m_szX);
 }
 
 void cCalculator::MarkKeyedX(const char *szText)
 {
     m_bStackStale    = 1;
     m_bDisplayShowsX = 1;
-    snprintf(m_szX, sizeof m_szX, "%s", szText);
+    memcpy(m_szX, szText, strlen(szText) + 1);
 }
 
 void cCalculator::SetDisplayText(const char *szText)
@@ -55,11 +55,11 @@ void cCalculator::FormatRegisterLine(unsigned nLine, char *szText, size_t nSize)
     char szValue[kStackText];
     if (nLine == kLastXLine)
     {
-        ::FormatNumber(m_dLastX, *this, szValue);
+        m_NumberTexts.Format(m_dLastX, *this, szValue);
         snprintf(szText, nSize, "LASTx   = %s\r\n", szValue);
         return;
     }
-    ::FormatNumber(m_dReg[nLine], *this, szValue);
+    m_NumberTexts.Format(m_dReg[nLine], *this, szValue);
     snprintf(szText, nSize, "Reg[%2u] = %s\r\n", nLine, szValue);
 }
 
