@@ -30,6 +30,7 @@ eAnswer cCalculator::AskUser(const char *szText, eButtons nButtons, eIcon nIcon,
 {
     if (m_bProgramRunning)
         RefreshViews();
+    m_Trace.Flush();
     Interrupt();
     return m_pHost->Ask(szText, szCaption, nButtons, nIcon);
 }

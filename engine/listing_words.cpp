@@ -170,7 +170,9 @@ void PrintStep(const cStep &Step, char (&szText)[kStepText])
 
 void PrintLineNumber(unsigned nLine, char (&szNumber)[kListingMark])
 {
-    snprintf(szNumber, sizeof szNumber, "%0*u", kLineDigits, nLine);
+    for (int i = kLineDigits - 1; i >= 0; i--, nLine /= 10)
+        szNumber[i] = static_cast<char>('0' + nLine % 10);
+    szNumber[kLineDigits] = 0;
 }
 
 void PrintNumberedStep(unsigned nLine, const cStep &Step, char (&szText)[kListedText])
@@ -226,7 +228,8 @@ int RenumberListedLine(unsigned nLine, char *pListed)
     for (int i = 0; i < kLineDigits; i++)
         if (pListed[i] < '0' || pListed[i] > '9')
             return 0;
-    for (int i = kLineDigits - 1; i >= 0; i--, nLine /= 10)
-        pListed[i] = static_cast<char>('0' + nLine % 10);
+    char szNumber[kListingMark];
+    PrintLineNumber(nLine, szNumber);
+    memcpy(pListed, szNumber, kLineDigits);
     return 1;
 }

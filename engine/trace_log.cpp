@@ -16,6 +16,9 @@ static const unsigned kCodeReturnDepth = 118;
 
 static const int kInstructionWidth = 21;
 static const int kNumberWidth      = 18;
+static const int kBetweenReturns   = 2;
+static const int kTracedLine =
+    kListedText + 3 * kNumberWidth + kReturnLevels * (kLineDigits + kBetweenReturns);
 
 // The log cuts its messages; a path of more than 511 characters takes two.
 int cTraceLog::Open(cCalculator &c)
@@ -25,6 +28,7 @@ int cTraceLog::Open(cCalculator &c)
     });
     if (!m_pFile)
         return 0;
+    PrepareSteps(c.m_Program);
     const time_t nNow = time(nullptr);
     m_pFile->printf("Program from file '");
     for (size_t nAt = 0; nAt < strlen(c.m_szFileName); nAt += kDbgMessage - 1)
@@ -43,36 +47,67 @@ void cTraceLog::Close()
     m_pFile = nullptr;
 }
 
-// Newest first; a level that is not in use shows "--".
-static void FormatReturns(const unsigned *pReturns, unsigned nDepth, char *szText, size_t nSize)
+void cTraceLog::Flush()
 {
-    size_t nLength = 0;
+    if (m_pFile)
+        m_pFile->Flush();
+}
+
+// Fills a column of the line with a text and blanks; kNumberWidth is more than any
+// number's text has. Returns where the next column begins.
+static char *PutNumber(const char *szText, char *pColumn)
+{
+    memset(pColumn, ' ', kNumberWidth);
+    memcpy(pColumn, szText, strlen(szText));
+    return pColumn + kNumberWidth;
+}
+
+// Newest first; a level that is not in use shows "--".
+static char *PutReturns(const unsigned *pReturns, unsigned nDepth, char *pColumn)
+{
     for (unsigned i = 0; i < kReturnLevels; i++)
     {
         char szLine[kListingMark];
         memset(szLine, '-', kLineDigits);
-        szLine[kLineDigits] = 0;
         if (i < nDepth)
             PrintLineNumber(pReturns[nDepth - 1 - i], szLine);
-        snprintf(szText + nLength, nSize - nLength, "%s%s", i ? "  " : "", szLine);
-        nLength += strlen(szText + nLength);
+        if (i > 0)
+            pColumn = static_cast<char *>(memset(pColumn, ' ', kBetweenReturns)) + kBetweenReturns;
+        memcpy(pColumn, szLine, kLineDigits);
+        pColumn += kLineDigits;
+    }
+    return pColumn;
+}
+
+// No line of the program changes during a run.
+void cTraceLog::PrepareSteps(const ProgramLine (&Program)[kProgramLines])
+{
+    for (unsigned nLine = 0; nLine < kProgramLines; nLine++)
+    {
+        char szStep[kListedText];
+        PrintTracedStep(nLine, Program[nLine], szStep);
+        const int nLength        = snprintf(m_Steps[nLine].m_szText, sizeof m_Steps[nLine].m_szText,
+                                            "%-*s", kInstructionWidth, szStep);
+        m_Steps[nLine].m_nLength = static_cast<size_t>(nLength);
     }
 }
 
 void cTraceLog::WriteLine(cCalculator &c, unsigned nLine)
 {
-    char szInstruction[kListedText];
-    PrintTracedStep(nLine, c.m_Program[nLine], szInstruction);
-
     if (c.m_nReturnDepth > kReturnLevels)
         c.ShowProgramError(kCodeReturnDepth);
-    char szReturns[kReturnLevels * (kLineDigits + 2) + 1];
-    FormatReturns(c.m_nReturnAddr, std::min(c.m_nReturnDepth, kReturnLevels), szReturns,
-                  sizeof szReturns);
 
     char szRegister[kStackText];
     c.SettleTexts();
     c.FormatNumber(c.m_dReg[0], szRegister);
-    m_pFile->printf("%-*s%-*s%-*s%-*s%s\n", kInstructionWidth, szInstruction, kNumberWidth, c.m_szX,
-                    kNumberWidth, c.m_szY, kNumberWidth, szRegister, szReturns);
+
+    const cStepText &Step = m_Steps[nLine];
+    char             szLine[kTracedLine];
+    memcpy(szLine, Step.m_szText, Step.m_nLength);
+    char *pEnd = PutNumber(c.m_szX, szLine + Step.m_nLength);
+    pEnd       = PutNumber(c.m_szY, pEnd);
+    pEnd       = PutNumber(szRegister, pEnd);
+    pEnd       = PutReturns(c.m_nReturnAddr, std::min(c.m_nReturnDepth, kReturnLevels), pEnd);
+    *pEnd++    = '\n';
+    m_pFile->Write(szLine, static_cast<size_t>(pEnd - szLine));
 }

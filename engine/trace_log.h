@@ -4,13 +4,18 @@
 #ifndef ENGINE_TRACE_LOG_H
 #define ENGINE_TRACE_LOG_H
 
+#include <cstddef>
+
+#include "engine/listing_words.h"
+#include "engine/program_line.h"
+
 class cCalculator;
 class cDbgFile;
 
 class cTraceLog
 {
 public:
-    cTraceLog() : m_pFile(nullptr), m_szName("tracelog.txt"), m_bLost(0) {}
+    cTraceLog() : m_Steps{}, m_pFile(nullptr), m_szName("tracelog.txt"), m_bLost(0) {}
     ~cTraceLog() { Close(); }
     cTraceLog(const cTraceLog &)            = delete;
     cTraceLog &operator=(const cTraceLog &) = delete;
@@ -26,10 +31,23 @@ public:
     // The state after line nLine, which has just been executed.
     void WriteLine(cCalculator &c, unsigned nLine);
 
+    // What has been written so far is in the file for everybody to see.
+    void Flush();
+
     // 1 once part of a trace could not be written.
     int IsLost() const { return m_bLost; }
 
 private:
+    void PrepareSteps(const ProgramLine (&Program)[kProgramLines]);
+
+    // A line's instruction column.
+    struct cStepText
+    {
+        size_t m_nLength;
+        char   m_szText[kListedText];
+    };
+
+    cStepText   m_Steps[kProgramLines];
     cDbgFile   *m_pFile;
     const char *m_szName;
     int         m_bLost;

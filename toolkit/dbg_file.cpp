@@ -14,6 +14,9 @@ static const char kDefaultName[]   = "C:\\windows\\temp\\dfltlog.txt";
 static const char kTextExtension[] = ".txt";
 static const char kBackupSuffix[]  = "_older";
 
+// Bytes that a character takes in the file at most: a line end may take two.
+static const long kMostBytes = 2;
+
 static const size_t kExtensionLength = sizeof kTextExtension - 1;
 static const size_t kSuffixLength    = sizeof kBackupSuffix - 1;
 
@@ -26,6 +29,23 @@ static void CopyStream(FILE *pFrom, FILE *pTo)
     size_t nRead = fread(Block, 1, sizeof Block, pFrom);
     while (nRead > 0 && fwrite(Block, 1, nRead, pTo) == nRead)
         nRead = fread(Block, 1, sizeof Block, pFrom);
+}
+
+// Overwrites an older file in place and then cuts it, which is faster than writing a
+// new one.
+static void CopyOver(FILE *pFrom, const char *szTo)
+{
+    FILE *pTo = IsRegularFile(szTo) ? fopen(szTo, "r+b") : nullptr;
+    if (!pTo)
+        pTo = fopen(szTo, "wb");
+    if (!pTo)
+        return;
+    CopyStream(pFrom, pTo);
+    const long nLength = ftell(pTo);
+    fclose(pTo);
+    std::error_code Ignored;
+    if (nLength >= 0)
+        std::filesystem::resize_file(PathOfName(szTo), static_cast<uintmax_t>(nLength), Ignored);
 }
 
 void DbgBackupName(const char *szName, char (&szBackup)[kDbgFileName])
@@ -41,7 +61,7 @@ void DbgBackupName(const char *szName, char (&szBackup)[kDbgFileName])
 
 cDbgFile::cDbgFile(const char *szFileName, uint32_t nMaxMegabytes, cMessageBoxes *pBoxes)
     : m_pFile(nullptr), m_bEnabled(1), m_nMaxMegabytes(std::min(nMaxMegabytes, kMostDbgMegabytes)),
-      m_pBoxes(pBoxes), m_bComplete(1)
+      m_nMost(0), m_pBoxes(pBoxes), m_bComplete(1)
 {
     snprintf(m_szFileName, sizeof m_szFileName, "%s", szFileName);
     CopyToBackup();
@@ -57,31 +77,43 @@ cDbgFile::~cDbgFile()
 int cDbgFile::Close()
 {
     if (m_pFile)
-    {
-        // Not every library's fclose reports that the last bytes were not written.
-        if (fflush(m_pFile) != 0 || ferror(m_pFile))
-            m_bComplete = 0;
-        if (fclose(m_pFile) != 0)
-            m_bComplete = 0;
-    }
+        CloseStream(m_pFile);
     m_pFile = nullptr;
     return m_bComplete;
 }
 
+void cDbgFile::CloseStream(FILE *pFile)
+{
+    // Not every library's fclose reports that the last bytes were not written.
+    if (fflush(pFile) != 0 || ferror(pFile))
+        m_bComplete = 0;
+    if (fclose(pFile) != 0)
+        m_bComplete = 0;
+}
+
 int cDbgFile::printf(const char *szFormat, ...)
 {
-    if (!m_bEnabled || !m_pFile)
-        return 0;
-
     char    szMessage[kDbgMessage];
     va_list pArguments;
     va_start(pArguments, szFormat);
     vsnprintf(szMessage, sizeof szMessage, szFormat, pArguments);
     va_end(pArguments);
 
-    if (!KeepWithinCap())
+    return Write(szMessage, strlen(szMessage));
+}
+
+int cDbgFile::Write(const char *pText, size_t nLength)
+{
+    if (!m_bEnabled || !m_pFile || !KeepWithinCap())
         return 0;
-    return fputs(szMessage, m_pFile) >= 0;
+    m_nMost += kMostBytes * static_cast<long>(nLength);
+    return fwrite(pText, 1, nLength, m_pFile) == nLength;
+}
+
+void cDbgFile::Flush()
+{
+    if (m_pFile && fflush(m_pFile) != 0)
+        m_bComplete = 0;
 }
 
 // Opening a pipe might wait for a reader for ever.
@@ -100,15 +132,28 @@ int cDbgFile::OpenDefault()
     return Open();
 }
 
-// Starts a new file when the present one is above the cap. 0 if that failed.
+// Starts a new file when the present one is above the cap. 0 if that failed. Asking
+// for the length is dear, so it is asked for only when the file might be as long.
+// What has no length, such as a terminal, stays open.
+//
+// The full file is closed last: once closed, its content is on its way to the disk,
+// and emptying the file would wait for that.
 int cDbgFile::KeepWithinCap()
 {
-    if (ftell(m_pFile) <= static_cast<long>(m_nMaxMegabytes) * kDbgMegabyte)
+    const long nCap = static_cast<long>(m_nMaxMegabytes) * kDbgMegabyte;
+    if (m_nMost <= nCap)
+        return 1;
+    m_nMost = std::max(ftell(m_pFile), 0L);
+    if (m_nMost <= nCap)
         return 1;
 
-    Close();
+    m_nMost           = 0;
+    FILE *const pFull = m_pFile;
+    Flush();
     CopyToBackup();
-    if (Open())
+    const int bOpened = Open();
+    CloseStream(pFull);
+    if (bOpened)
         return 1;
     GiveUp("FATAL ERROR in cDbgFile::printf()");
     return 0;
@@ -126,12 +171,7 @@ void cDbgFile::CopyToBackup() const
 
     char szBackup[kDbgFileName];
     DbgBackupName(m_szFileName, szBackup);
-    FILE *const pTo = fopen(szBackup, "wb");
-    if (pTo)
-    {
-        CopyStream(pFrom, pTo);
-        fclose(pTo);
-    }
+    CopyOver(pFrom, szBackup);
     fclose(pFrom);
 }
 

@@ -4,6 +4,7 @@
 #ifndef TOOLKIT_DBG_FILE_H
 #define TOOLKIT_DBG_FILE_H
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 
@@ -46,6 +47,12 @@ public:
     // nothing was written.
     int printf(const char *szFormat, ...) TOOLKIT_PRINTF_FORMAT(2, 3);
 
+    // The same for a finished text of at most 511 characters.
+    int Write(const char *pText, size_t nLength);
+
+    // Hands what was written to the system, so that others see it in the file.
+    void Flush();
+
     // Closes the log. Returns 1, or 0 if anything that was written is lost.
     int Close();
 
@@ -57,12 +64,14 @@ private:
     int  OpenDefault();
     int  KeepWithinCap();
     void CopyToBackup() const;
+    void CloseStream(FILE *pFile);
     void GiveUp(const char *szCaption);
 
     FILE          *m_pFile;     // null when closed
     uint32_t       m_bEnabled;  // 0 once opening failed for good
     char           m_szFileName[kDbgFileName];
     uint32_t       m_nMaxMegabytes;
+    long           m_nMost;  // bytes that the file may have by now
     cMessageBoxes *m_pBoxes;
     int            m_bComplete;  // 0 once a write has failed
 };

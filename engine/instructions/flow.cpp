@@ -110,6 +110,7 @@ int OnPause(cCalculator &c, unsigned)
     c.EndOperation(enLift);
     c.MarkDisplay();
     c.RefreshViews();
+    c.m_Trace.Flush();
     c.Interrupt();
     c.m_pHost->Pause(kPauseMilliseconds);
     return 1;

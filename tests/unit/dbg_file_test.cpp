@@ -202,6 +202,64 @@ TEST_CASE("a log above 1,000,000 bytes becomes the backup at the next message")
     CHECK(Boxes.m_Boxes.empty());
 }
 
+TEST_CASE("texts of any length fill a log as far as its real length allows")
+{
+    cScratchFolder  Folder;
+    cRecordingBoxes Boxes;
+    std::string     Log;
+    std::string     Older;
+    {
+        cDbgFile File(Folder.Name("log.txt").c_str(), 1, &Boxes);
+        for (unsigned i = 0; i < 9000; i++)
+        {
+            const std::string Text(i * 7919 % 400, static_cast<char>('a' + i % 26));
+            const std::string Written = i % 3 ? Line(Text) : Text;
+            if (Log.size() > 1000000)
+            {
+                Older = Log;
+                Log   = "";
+            }
+            Log += Written;
+            REQUIRE(File.Write((i % 3 ? Text + "\n" : Text).c_str(), Text.size() + (i % 3 > 0)) ==
+                    1);
+        }
+    }
+
+    CHECK(Folder.Read("log_older.txt") == Older);
+    CHECK(Folder.Read("log.txt") == Log);
+    CHECK(Older.size() > 1000000);
+}
+
+TEST_CASE("a backup that was longer is cut to the length of the new one")
+{
+    cScratchFolder  Folder;
+    cRecordingBoxes Boxes;
+    Folder.Write("log_older.txt", std::string(3000000, 'o'));
+
+    {
+        cDbgFile Log(Folder.Name("log.txt").c_str(), 1, &Boxes);
+        WriteBytes(&Log, 1000001);
+        Log.printf("next");
+    }
+
+    CHECK(Folder.Read("log_older.txt") == std::string(1000001, 'x'));
+    CHECK(Folder.Read("log.txt") == "next");
+}
+
+TEST_CASE("what was flushed can be read while the log is open")
+{
+    cScratchFolder  Folder;
+    cRecordingBoxes Boxes;
+    cDbgFile        Log(Folder.Name("log.txt").c_str(), 1, &Boxes);
+    Log.printf("one\n");
+
+    Log.Flush();
+
+    CHECK(Folder.Read("log.txt") == Line("one"));
+    CHECK(Log.Close() == 1);
+    Log.Flush();
+}
+
 TEST_CASE("a message is cut to 511 characters")
 {
     cScratchFolder    Folder;
@@ -309,6 +367,17 @@ TEST_CASE("a log on a full disk reports the loss when it is closed")
     cDbgFile        Log("/dev/full", 1, &Boxes);
 
     Log.printf("one\n");
+
+    CHECK(Log.Close() == 0);
+}
+
+TEST_CASE("a log on a full disk reports the loss that a flush met")
+{
+    cRecordingBoxes Boxes;
+    cDbgFile        Log("/dev/full", 1, &Boxes);
+    Log.printf("one\n");
+
+    Log.Flush();
 
     CHECK(Log.Close() == 0);
 }

@@ -347,3 +347,44 @@ TEST_CASE("giving up for want of memory ends the application and runs nothing")
     CHECK(Rig.m_Host.m_Enabled[101] == 1);
     CHECK_FALSE(Rig.m_Folder.Has("trace.txt"));
 }
+
+TEST_CASE("beside a PAUSE and a box the lines traced so far are in the file")
+{
+    cTraceRig   Rig;
+    std::string Seen;
+    Rig.Load("1\nPAUSE\nSumG\n2\n");
+    Rig.m_Host.m_nPointLimit = 0;
+    Rig.m_Host.m_OnPause     = [&] { Seen += std::to_string(Rig.Traced().size()) + " "; };
+    Rig.m_Host.m_OnAsk       = [&] { Seen += std::to_string(Rig.Traced().size()); };
+
+    Rig.Type("R/S");
+
+    CHECK_TEXT(Seen, "1 2");
+}
+
+TEST_CASE("the columns follow numbers that come back, in every display mode")
+{
+    cTraceRig Rig;
+    Rig.Load("1.5\nENTER\nSTO 0\nFIX 4\nx<>y\nSCI 3\nx<>y\nENG 3\nx<>y\nFIX 2\nCHS\nCHS\n0\nCHS\n");
+
+    Rig.Type("R/S");
+
+    const std::vector<std::string> Expected = {
+        Row("01 1.5", "+1.50", "+0.00", "+0.00", "--  --  --"),
+        Row("02 ENTER", "+1.50", "+1.50", "+0.00", "--  --  --"),
+        Row("03 STO 0", "+1.50", "+1.50", "+1.50", "--  --  --"),
+        Row("04 FIX 4", "+1.5000", "+1.5000", "+1.5000", "--  --  --"),
+        Row("05 x<>y", "+1.5000", "+1.5000", "+1.5000", "--  --  --"),
+        Row("06 SCI 3", "+1.500e+00", "+1.500e+00", "+1.500e+00", "--  --  --"),
+        Row("07 x<>y", "+1.500e+00", "+1.500e+00", "+1.500e+00", "--  --  --"),
+        Row("08 ENG 3", "+1.500e+00", "+1.500e+00", "+1.500e+00", "--  --  --"),
+        Row("09 x<>y", "+1.500e+00", "+1.500e+00", "+1.500e+00", "--  --  --"),
+        Row("10 FIX 2", "+1.50", "+1.50", "+1.50", "--  --  --"),
+        Row("11 CHS", "-1.50", "+1.50", "+1.50", "--  --  --"),
+        Row("12 CHS", "+1.50", "+1.50", "+1.50", "--  --  --"),
+        Row("13 0", "+0.00", "+1.50", "+1.50", "--  --  --"),
+        Row("14 CHS", "-0.00", "+1.50", "+1.50", "--  --  --"),
+        Row("15 R/S", "-0.00", "+1.50", "+1.50", "--  --  --"),
+    };
+    CHECK(Rig.Traced() == Expected);
+}
