@@ -1,7 +1,9 @@
 #include "graph/plot_range.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
+#include <cmath>
 
 #include "graph/extent.h"
 #include "graph/vantor_data_set.h"
@@ -9,12 +11,43 @@
 static const double kOutwards = 1.0005;  // for the bound farther from zero
 static const double kInwards  = 0.9995;
 
+// Of the third digit's unit; shifting the digits errs by far less.
+static const double kCloseToMiddle = 1e-9;
+static const double kLog10Of2      = 0.30102999566398120;
+static const int    kMostTens      = 18;  // makes exponents positive before they are cut
+
 static const int kRoundedText = 16;  // "-3.40e+38" and more
 
 static const cPlotRange kEmptyRange = {6, 6, 0.0F, 10.0F, 0.0F, 10.0F};
 
-// The value that "%.2e" shows.
-static double ThreeDigits(double dValue)
+// A decimal shift by an exact power of ten, -22 to 22 places: rounded once.
+static double Shift(double dValue, int nPlaces)
+{
+    static const double s_Tens[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                    1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                    1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    return nPlaces >= 0 ? dValue * s_Tens[nPlaces] : dValue / s_Tens[-nPlaces];
+}
+
+// As ThreeDigits for a positive number of moderate size that is not close to the
+// middle between two results; 0 for all others. Shifting the digits back rounds
+// once, so the result is the double nearest to them.
+static int RoundQuickly(double dValue, double *pdRounded)
+{
+    if (!(dValue >= 1e-18 && dValue < 1e18))
+        return 0;
+    int nTwos;
+    std::frexp(dValue, &nTwos);
+    int    nPlaces = 2 + kMostTens - static_cast<int>((nTwos - 1) * kLog10Of2 + kMostTens);
+    double dDigits = Shift(dValue, nPlaces);
+    if (dDigits >= 1000.0)
+        dDigits = Shift(dValue, --nPlaces);
+    const double dRounded = static_cast<int>(dDigits + 0.5);
+    *pdRounded            = Shift(dRounded, -nPlaces);
+    return std::fabs(std::fabs(dDigits - dRounded) - 0.5) > kCloseToMiddle;
+}
+
+static double RoundByText(double dValue)
 {
     char       szText[kRoundedText];
     const auto Written =
@@ -22,6 +55,18 @@ static double ThreeDigits(double dValue)
     double dRounded = dValue;
     std::from_chars(szText, Written.ptr, dRounded);
     return dRounded;
+}
+
+// The value that "%.2e" shows. A program that draws needs four of them for most of
+// its points.
+static double ThreeDigits(double dValue)
+{
+    if (dValue == 0.0)
+        return dValue;
+    double dRounded;
+    if (RoundQuickly(std::fabs(dValue), &dRounded))
+        return std::copysign(dRounded, dValue);
+    return RoundByText(dValue);
 }
 
 namespace
@@ -56,10 +101,10 @@ static double RightEnd(const cVantorDataSet &Set)
 }
 
 // The bounds of an axis.
-static void StoreBounds(double dMin, double dMax, float *pMin, float *pMax)
+static void StoreBounds(float fMin, float fMax, float *pMin, float *pMax)
 {
-    *pMin = NarrowToFloat(RoundDown(dMin));
-    *pMax = NarrowToFloat(RoundUp(dMax));
+    *pMin = fMin;
+    *pMax = fMax;
     if (*pMin != *pMax)
         return;
     *pMin = NarrowToFloat(static_cast<double>(*pMin) - 1.0);
@@ -90,7 +135,19 @@ uint32_t VertTickCount(int nHeight, int bLegend)
     return CountTicks(bLegend ? s_Legend : s_Plain, 11, nHeight);
 }
 
-cPlotRange FindRange(const cVantorDataSet *pFirst, int nWidth, int nHeight, int bLegend)
+float cRangeFinder::cBound::Round(double dValue, double (*pRound)(double))
+{
+    const auto nBits = std::bit_cast<uint64_t>(dValue);
+    if (!m_bFound || m_nBits != nBits)
+    {
+        m_bFound   = 1;
+        m_nBits    = nBits;
+        m_fRounded = NarrowToFloat(pRound(dValue));
+    }
+    return m_fRounded;
+}
+
+cPlotRange cRangeFinder::Find(const cVantorDataSet *pFirst, int nWidth, int nHeight, int bLegend)
 {
     if (!pFirst)
         return kEmptyRange;
@@ -110,7 +167,9 @@ cPlotRange FindRange(const cVantorDataSet *pFirst, int nWidth, int nHeight, int 
     cPlotRange Range;
     Range.m_nHorzTicks = HorzTickCount(nWidth);
     Range.m_nVertTicks = VertTickCount(nHeight, bLegend);
-    StoreBounds(dXMin, dXMax, &Range.m_fXMin, &Range.m_fXMax);
-    StoreBounds(dYMin, dYMax, &Range.m_fYMin, &Range.m_fYMax);
+    StoreBounds(m_XMin.Round(dXMin, RoundDown), m_XMax.Round(dXMax, RoundUp), &Range.m_fXMin,
+                &Range.m_fXMax);
+    StoreBounds(m_YMin.Round(dYMin, RoundDown), m_YMax.Round(dYMax, RoundUp), &Range.m_fYMin,
+                &Range.m_fYMax);
     return Range;
 }

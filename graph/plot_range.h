@@ -1,6 +1,6 @@
 // plot_range.h - the automatic range of a plot: round bounds around all data
 // sets and a number of ticks that suits the window.
-// Pure: no plot state, no window, no locale.
+// No plot state, no window, no locale.
 
 #ifndef GRAPH_PLOT_RANGE_H
 #define GRAPH_PLOT_RANGE_H
@@ -41,8 +41,29 @@ double RoundDown(double dValue);
 uint32_t HorzTickCount(int nWidth);
 uint32_t VertTickCount(int nHeight, int bLegend);
 
-// The range for a client area of this size around all data sets from pFirst on.
-// Without any: 6 ticks and 0 to 10 both ways.
-cPlotRange FindRange(const cVantorDataSet *pFirst, int nWidth, int nHeight, int bLegend);
+class cRangeFinder
+{
+public:
+    // The range for a client area of this size around all data sets from pFirst on.
+    // Without any: 6 ticks and 0 to 10 both ways. Bounds that have not changed since
+    // the last call are not rounded again.
+    cPlotRange Find(const cVantorDataSet *pFirst, int nWidth, int nHeight, int bLegend);
+
+private:
+    // A bound and what it was rounded to.
+    struct cBound
+    {
+        float Round(double dValue, double (*pRound)(double));
+
+        int      m_bFound   = 0;
+        uint64_t m_nBits    = 0;
+        float    m_fRounded = 0.0F;
+    };
+
+    cBound m_XMin;
+    cBound m_XMax;
+    cBound m_YMin;
+    cBound m_YMax;
+};
 
 #endif

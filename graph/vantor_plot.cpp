@@ -338,8 +338,8 @@ void cVantorPlot::FollowData()
 {
     if (m_bUserRange)
         return;
-    const cPlotRange Found =
-        FindRange(m_pHead, m_nClientWidth, m_nClientHeight, static_cast<int>(m_Settings.m_bLegend));
+    const cPlotRange Found    = m_RangeFinder.Find(m_pHead, m_nClientWidth, m_nClientHeight,
+                                                   static_cast<int>(m_Settings.m_bLegend));
     m_Settings.m_nHorzTicks   = Found.m_nHorzTicks;
     m_Settings.m_nVertTicks   = Found.m_nVertTicks;
     m_Settings.m_fMinHorzTick = Found.m_fXMin;

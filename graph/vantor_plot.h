@@ -162,6 +162,7 @@ private:
 
     cMessageBoxes      *m_pBoxes;
     cVantorPlotSettings m_Settings;
+    cRangeFinder        m_RangeFinder;
     int                 m_bUserRange;
     int                 m_bRangeStale;  // not for the present size and legend
     int                 m_nClientWidth;

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
 #include <random>
 
 #include <doctest/doctest.h>
@@ -37,7 +38,7 @@ struct cRangeRig
         REQUIRE(m_Plot.FormatDataSet(m_Plot.Count(), Format, fMultiplier, fOffset) == 1);
     }
 
-    cPlotRange Range() const { return FindRange(m_Plot.DataSet(1), 640, 480, 1); }
+    cPlotRange Range() const { return cRangeFinder().Find(m_Plot.DataSet(1), 640, 480, 1); }
 
     cRecordingBoxes m_Boxes;
     cVantorPlot     m_Plot;
@@ -95,6 +96,26 @@ TEST_CASE("rounding agrees with printing three digits, for any value")
     }
 }
 
+TEST_CASE("rounding agrees with printing three digits, close to the middle and to powers of ten")
+{
+    const double dInfinity = std::numeric_limits<double>::infinity();
+    for (int nExponent = -24; nExponent <= 24; nExponent++)
+        for (const double dDigits :
+             {99.95, 100.0, 100.5, 101.5, 387.5, 512.5, 998.5, 999.5, 1000.0})
+        {
+            // Some twenty doubles around the one that becomes this number.
+            double dValue = dDigits * std::pow(10.0, nExponent) / 1.0005;
+            for (int i = 0; i < 10; i++)
+                dValue = std::nextafter(dValue, 0.0);
+            for (int i = 0; i < 20; i++, dValue = std::nextafter(dValue, dInfinity))
+            {
+                CAPTURE(dValue);
+                CHECK(RoundUp(dValue) == Printed(dValue * 1.0005));
+                CHECK(RoundDown(-dValue) == Printed(-dValue * 1.0005));
+            }
+        }
+}
+
 TEST_CASE("the number of horizontal ticks follows the width")
 {
     // clang-format off
@@ -134,8 +155,8 @@ TEST_CASE("without data the range is 0 to 10 with 6 ticks both ways, whatever th
 {
     const cPlotRange Expected = {6, 6, 0.0F, 10.0F, 0.0F, 10.0F};
 
-    CHECK(FindRange(nullptr, 100, 100, 1) == Expected);
-    CHECK(FindRange(nullptr, 1000, 1000, 0) == Expected);
+    CHECK(cRangeFinder().Find(nullptr, 100, 100, 1) == Expected);
+    CHECK(cRangeFinder().Find(nullptr, 1000, 1000, 0) == Expected);
 }
 
 TEST_CASE("a single point has a range of 1 around it")

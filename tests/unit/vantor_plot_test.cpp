@@ -926,8 +926,8 @@ public:
     int IsRangeSame() const
     {
         const cVantorPlot &Plot = m_Rig.m_Plot;
-        return Plot.Range() == FindRange(Plot.DataSet(1), m_nWidth, kPlotHeight,
-                                         static_cast<int>(Plot.Settings().m_bLegend));
+        return Plot.Range() == cRangeFinder().Find(Plot.DataSet(1), m_nWidth, kPlotHeight,
+                                                   static_cast<int>(Plot.Settings().m_bLegend));
     }
 
     int IsAllSame() const
