@@ -1,7 +1,6 @@
 #include "engine/number_entry.h"
 
 #include <cmath>
-#include <cstdio>
 #include <cstring>
 
 #include "engine/calculator.h"
@@ -95,8 +94,10 @@ static int AcceptEntryKey(cCalculator &c, char cKey)
 // The keyed text always shows a point: "+12.", "+1.5e+03".
 static void ComposeEntry(const cCalculator &c, char (&szText)[kStackText])
 {
-    snprintf(szText, sizeof szText, "%s%s%s", c.m_szEntry, strchr(c.m_szEntry, '.') ? "" : ".",
-             c.m_szExponent);
+    strcpy(szText, c.m_szEntry);
+    if (!strchr(szText, '.'))
+        strcat(szText, ".");
+    strcat(szText, c.m_szExponent);
 }
 
 // A number beyond the range ends the entry at the limit. A mantissa alone may
