@@ -5,14 +5,13 @@
 #include "graph/vantor_data_set.h"
 
 cHeadlessHost::cHeadlessHost()
-    : m_Plot(this), m_bListingShown(0), m_bRegistersShown(0), m_bGraphShown(0), m_bQuit(0)
+    : m_Plot(this), m_bListingShown(0), m_bRegistersShown(0), m_bGraphShown(0)
 {
 }
 
-void cHeadlessHost::PostQuit(int)
-{
-    m_bQuit = 1;
-}
+// There is no main loop to end. A box has said what failed, such as a trace log that
+// cannot be opened, and the calculator goes on without it.
+void cHeadlessHost::PostQuit(int) {}
 
 void cHeadlessHost::StartSound(unsigned) {}
 
@@ -23,7 +22,7 @@ void cHeadlessHost::BlankDisplay() {}
 // Nothing ever waits here.
 unsigned cHeadlessHost::DrainMessages(unsigned)
 {
-    return m_bQuit ? 0 : std::numeric_limits<unsigned>::max();
+    return std::numeric_limits<unsigned>::max();
 }
 
 void cHeadlessHost::Pause(unsigned) {}

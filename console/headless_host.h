@@ -36,7 +36,6 @@ public:
     int         m_bListingShown;
     int         m_bRegistersShown;
     int         m_bGraphShown;
-    int         m_bQuit;  // the calculator has asked to quit
 };
 
 // An engine with its boxes. The host is built first and outlives it.

@@ -10,7 +10,6 @@
 #include "toolkit/message_box.h"
 #include "toolkit/read_file.h"
 
-static const char kDefaultName[]   = "C:\\windows\\temp\\dfltlog.txt";
 static const char kTextExtension[] = ".txt";
 static const char kBackupSuffix[]  = "_older";
 
@@ -128,7 +127,10 @@ int cDbgFile::Open()
 
 int cDbgFile::OpenDefault()
 {
-    snprintf(m_szFileName, sizeof m_szFileName, "%s", kDefaultName);
+    const char *const szDefault = DefaultLogName();
+    if (!szDefault)
+        return 0;
+    snprintf(m_szFileName, sizeof m_szFileName, "%s", szDefault);
     return Open();
 }
 

@@ -33,8 +33,8 @@ class cDbgFile
 public:
     // Keeps the content of szFileName as its backup and opens the file empty.
     // nMaxMegabytes is the cap in units of 1,000,000 bytes, at most 100. If the
-    // file cannot be opened, "C:\windows\temp\dfltlog.txt" takes its place; if
-    // that cannot be opened either, a box says so, quit is posted, and the log
+    // file cannot be opened, DefaultLogName() takes its place; if there is none or
+    // it cannot be opened either, a box says so, quit is posted, and the log
     // ignores all writes. pBoxes must outlive the log.
     cDbgFile(const char *szFileName, uint32_t nMaxMegabytes, cMessageBoxes *pBoxes);
     virtual ~cDbgFile();

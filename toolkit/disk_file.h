@@ -20,6 +20,10 @@ FILE *OpenDiskFile(const std::filesystem::path &Path, const char *szMode);
 // or on any other failure.
 FILE *CreateDiskFile(const std::filesystem::path &Path, const char *szMode);
 
+// Where a log goes that can be opened nowhere else: the name of a file in a folder
+// that the platform has always had. Null where there is no such folder.
+const char *DefaultLogName();
+
 // Flushes pFile and waits until its content is on the disk. Returns 1, or 0
 // if anything could not be written.
 int SyncToDisk(FILE *pFile);

@@ -128,6 +128,13 @@ class AtTest(RunCase):
         sounds, _ = self.sounds_and_state("open endless.txt", "limit 7", "at 7 down 20", START)
         self.assertEqual(sounds, [CLICK, HALT])
 
+    def test_after_the_halting_event_the_others_of_its_line_follow_the_run(self):
+        sounds, state = self.sounds_and_state("open endless.txt", "at 5 down 20", "at 5 up 20",
+                                              "at 5 down 24", "at 5 up 24", "at 5 text 7",
+                                              "at 6 text 8", START)
+        self.assertEqual(sounds, [CLICK, HALT, CLICK, CLICK])
+        self.assertEqual((state["entry"], state["reg"][1], state["line"]), ("+17", 1, 2))
+
     def test_only_in_the_next_run(self):
         self.assertEqual(self.rounds("at 20 down 20", START, "up 20", "state", START, "state"),
                          [5, 30])

@@ -1,12 +1,14 @@
 """vorstek-cli script: commands, events and the text of both, to the letter."""
 
 import json
+import os
 import subprocess
 import threading
 
 import console_case
 from console_case import (CLICK, ERROR, ERROR_CLEARED, MODE_SWITCH, PROGRAM_MODE, REJECT, RUN_MODE,
-                          STACK_HIDDEN, STACK_SHOWN, STACK_VIEW, ConsoleCase, key_line, main)
+                          STACK_HIDDEN, STACK_SHOWN, STACK_VIEW, ConsoleCase, LinuxCase, key_line,
+                          main)
 
 
 class EventTest(ConsoleCase):
@@ -305,6 +307,25 @@ class OptionTest(ConsoleCase):
     def test_a_trace_of_an_untitled_program(self):
         self.script("option trace on", key_line("R/S"))
         self.assertEqual(self.read_text("tracelog.txt").splitlines()[0], "Program from file ''")
+
+
+class UnopenableLogTest(LinuxCase):
+    """Elsewhere another log takes its place."""
+
+    def test_the_program_and_those_after_it_run_without_a_trace(self):
+        self.listing("1", "2", "3")
+        os.mkdir(self.path("tracelog.txt"))
+        files = sorted(os.listdir(self.folder))
+        events = self.script("open program.txt", "option trace on", key_line("R/S"), "state",
+                             "option trace off", "open program.txt", key_line("R/S"), "state")
+        self.assertEqual([event["event"] for event in events],
+                         ["sound", "box", "state", "sound", "state"])
+        self.assertEqual((events[1]["text"], events[1]["caption"]),
+                         ("couldn't fopen() the output file named:\ntracelog.txt",
+                          "FATAL ERROR in cDbgFile ctor"))
+        self.assertEqual([(state["stack"][0]["value"], state["line"])
+                          for state in (events[2], events[4])], [(3, 5), (3, 5)])
+        self.assertEqual(sorted(os.listdir(self.folder)), files)
 
 
 class ResetTest(ConsoleCase):

@@ -274,9 +274,8 @@ TEST_CASE("a message is cut to 511 characters")
     CHECK(Folder.Read("tracelog.txt") == std::string(511, 'y'));
 }
 
-// The default log is in a folder that Windows has and others do not;
-// elsewhere a backslash is not a separator, and the log lands in the current
-// directory under a strange name.
+#ifdef _WIN32
+
 TEST_CASE("a log that cannot be opened goes to the default log file")
 {
     const char *const szDefault = "C:\\windows\\temp\\dfltlog.txt";
@@ -320,6 +319,32 @@ TEST_CASE("a log that can be opened nowhere says so, quits and writes nothing")
     CHECK(Boxes.m_Boxes[0].m_bUnowned == 1);
     CHECK(Boxes.m_QuitCodes == std::vector<int>{0});
 }
+
+#else
+
+TEST_CASE("a log that cannot be opened says so, quits, and leaves no other file")
+{
+    cScratchFolder    Folder;
+    cRecordingBoxes   Boxes;
+    const std::string Name = BlockedName(Folder);
+
+    cDbgFile  Log(Name.c_str(), 1, &Boxes);
+    const int bWritten = Log.printf("lost");
+
+    CHECK(bWritten == 0);
+    CHECK(Log.Close() == 0);
+    CHECK(Log.FileName() == Name);
+    REQUIRE(Boxes.m_Boxes.size() == 1);
+    CHECK(Boxes.m_Boxes[0].m_Text == "couldn't fopen() the output file named:\n" + Name);
+    CHECK(Boxes.m_Boxes[0].m_Caption == "FATAL ERROR in cDbgFile ctor");
+    CHECK(Boxes.m_Boxes[0].m_nButtons == bnOk);
+    CHECK(Boxes.m_Boxes[0].m_nIcon == icError);
+    CHECK(Boxes.m_Boxes[0].m_bUnowned == 1);
+    CHECK(Boxes.m_QuitCodes == std::vector<int>{0});
+    CHECK_FALSE(std::filesystem::exists("C:\\windows\\temp\\dfltlog.txt"));
+}
+
+#endif
 
 TEST_CASE("a full log that cannot be reopened says so, quits and writes nothing more")
 {
@@ -391,8 +416,8 @@ TEST_CASE("a log does not wait for a pipe without a reader")
 
     cDbgFile Log(Name.c_str(), 1, &Boxes);
 
-    CHECK(std::string(Log.FileName()) == "C:\\windows\\temp\\dfltlog.txt");
-    std::filesystem::remove(Log.FileName());
+    CHECK(Log.FileName() == Name);
+    CHECK(Boxes.m_Boxes.size() == 1);
 }
 
 TEST_CASE("a log that goes to a device leaves no backup")

@@ -26,6 +26,11 @@ FILE *CreateDiskFile(const std::filesystem::path &Path, const char *szMode)
     return pFile;
 }
 
+const char *DefaultLogName()
+{
+    return nullptr;
+}
+
 int SyncToDisk(FILE *pFile)
 {
     if (fflush(pFile) != 0)

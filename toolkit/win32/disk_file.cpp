@@ -51,6 +51,11 @@ FILE *CreateDiskFile(const std::filesystem::path &Path, const char *szMode)
     return pFile;
 }
 
+const char *DefaultLogName()
+{
+    return "C:\\windows\\temp\\dfltlog.txt";
+}
+
 int SyncToDisk(FILE *pFile)
 {
     if (fflush(pFile) != 0)
