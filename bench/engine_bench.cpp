@@ -9,8 +9,10 @@
 
 #include "console/headless_host.h"
 #include "engine/number_format.h"
+#include "toolkit/disk_file.h"
 
-static const double kTurns = 10000.0;
+static const double kTurns     = 10000.0;
+static const double kManyTurns = 10000000.0;
 
 class cBenchHost : public cHeadlessHost
 {
@@ -24,7 +26,8 @@ static std::string ProgramFile(const std::string &Name)
 }
 
 // Lines of the program that each turn executes are given with the case.
-static void RunLines(benchmark::State &State, const char *szProgram, double dLinesPerTurn)
+static void RunLines(benchmark::State &State, const char *szProgram, double dLinesPerTurn,
+                     double dTurns = kTurns)
 {
     cBenchHost          Host;
     cHeadlessCalculator Calculator(&Host);
@@ -37,19 +40,23 @@ static void RunLines(benchmark::State &State, const char *szProgram, double dLin
     Engine.SetRegister(4, 3.0);
     for (auto _ : State)
     {
-        Engine.SetRegister(0, kTurns);
+        Engine.SetRegister(0, dTurns);
         Engine.SetStackLevel(0, 1.0);
         Engine.GoToLine(0);
         if (!Engine.Perform("R/S", 0))
             State.SkipWithError("the program fails");
     }
     State.SetItemsProcessed(
-        static_cast<int64_t>(static_cast<double>(State.iterations()) * kTurns * dLinesPerTurn));
+        static_cast<int64_t>(static_cast<double>(State.iterations()) * dTurns * dLinesPerTurn));
 }
 BENCHMARK_CAPTURE(RunLines, counting, "counting", 5.0);
 BENCHMARK_CAPTURE(RunLines, functions, "functions", 8.0);
 BENCHMARK_CAPTURE(RunLines, registers, "registers", 9.0);
 BENCHMARK_CAPTURE(RunLines, subroutines, "subroutines", 9.0);
+
+// Neither the length of a run nor the distance of the labels matters.
+BENCHMARK_CAPTURE(RunLines, counting_long, "counting", 5.0, kManyTurns);
+BENCHMARK_CAPTURE(RunLines, distant, "distant", 7.0);
 
 static void FormatNumbers(benchmark::State &State, unsigned nMode)
 {
@@ -115,18 +122,37 @@ static void LoadListing(benchmark::State &State)
 }
 BENCHMARK(LoadListing);
 
+static const char *const kSaved = "engine_bench_saved.txt";
+
 static void SaveListing(benchmark::State &State)
 {
-    static const char *const kName = "engine_bench_saved.txt";
-    cBenchHost               Host;
-    cHeadlessCalculator      Calculator(&Host);
+    cBenchHost          Host;
+    cHeadlessCalculator Calculator(&Host);
     Calculator.m_Listing.SetText(("00\r\n" + FullListing()).c_str());
     for (auto _ : State)
-        if (!Calculator.m_Engine.SaveProgram(kName))
+        if (!Calculator.m_Engine.SaveProgram(kSaved))
             State.SkipWithError("the listing is not saved");
     State.SetItemsProcessed(State.iterations());
-    remove(kName);
+    remove(kSaved);
 }
-BENCHMARK(SaveListing);
+BENCHMARK(SaveListing)->UseRealTime();
+
+// What the disk takes of it: a new file with the same text reaches the disk and
+// replaces the old one.
+static void SaveListingDiskAlone(benchmark::State &State)
+{
+    static const char *const kTemporary = "engine_bench_saved.tmp";
+    const std::string        Text       = FullListing();
+    for (auto _ : State)
+    {
+        FILE *const pFile = fopen(kTemporary, "wb");
+        if (!pFile || fwrite(Text.data(), 1, Text.size(), pFile) != Text.size() ||
+            !SyncToDisk(pFile) || fclose(pFile) != 0 || rename(kTemporary, kSaved) != 0)
+            State.SkipWithError("the file is not saved");
+    }
+    State.SetItemsProcessed(State.iterations());
+    remove(kSaved);
+}
+BENCHMARK(SaveListingDiskAlone)->UseRealTime();
 
 BENCHMARK_MAIN();

@@ -86,13 +86,10 @@ int cCalculator::SetStackLevel(unsigned nLevel, double dValue)
     return 1;
 }
 
-void cCalculator::SetCurLine(unsigned nLine)
+unsigned cCalculator::RepairLine(unsigned nLine)
 {
-    if (nLine > kProgramLines)
-    {
-        ShowProgramError(kCodeLineNumber);
-        nLine = 0;
-    }
-    m_nCurLine = nLine == kProgramLines ? 1 : nLine;
-    MarkHighlight();
+    if (nLine == kProgramLines)
+        return 1;
+    ShowProgramError(kCodeLineNumber);
+    return 0;
 }

@@ -121,17 +121,12 @@ public:
 
     // --- current line
     // The line after the last is line 1; anything above is an inconsistency.
-    void SetCurLine(unsigned nLine);
-    void AdvanceLine()
+    void SetCurLine(unsigned nLine)
     {
-        if (m_nCurLine >= kLastLine)
-            SetCurLine(m_nCurLine + 1);
-        else
-        {
-            m_nCurLine++;
-            MarkHighlight();
-        }
+        m_nCurLine = nLine < kProgramLines ? nLine : RepairLine(nLine);
+        MarkHighlight();
     }
+    void AdvanceLine() { SetCurLine(m_nCurLine + 1); }
 
     // --- running
     // Ends a run after the present line.
@@ -233,9 +228,10 @@ public:
     int      m_bListingComplete;  // the listing box had room for the complete file
 
 private:
-    int  IsXKeyed() const { return m_szEntry[0] && !m_bProgramMode; }
-    void FormatRegisterLine(unsigned nLine, char *szText, size_t nSize);
-    void ReportRepairs(double dValue);
+    int      IsXKeyed() const { return m_szEntry[0] && !m_bProgramMode; }
+    void     FormatRegisterLine(unsigned nLine, char *szText, size_t nSize);
+    void     ReportRepairs(double dValue);
+    unsigned RepairLine(unsigned nLine);
 
     cNumberTexts m_NumberTexts;
 

@@ -34,13 +34,15 @@ template <int bTraced> static int RunLine(cCalculator &c)
 template <int bTraced> static unsigned RunLines(cCalculator &c, unsigned nLines, int *pnResult)
 {
     unsigned nLeft   = nLines;
+    int      nResult = 1;
     c.m_bInterrupted = 0;
     do
     {
-        *pnResult = RunLine<bTraced>(c);
+        nResult = RunLine<bTraced>(c);
         nLeft--;
     }
     while (nLeft > 0 && !c.m_bInterrupted);
+    *pnResult = nResult;
     return nLines - nLeft;
 }
 
