@@ -35,14 +35,14 @@ static cRunLine PrepareLine(const ProgramLine &Line, unsigned nLine)
 // the last label find it in the second pass, which begins with the first of all.
 static void FindLabels(const ProgramLine (&Program)[kProgramLines], cRunLines *pLines)
 {
-    uint8_t Found[kLabels] = {};
+    uint16_t Found[kLabels] = {};
     for (int nPass = 0; nPass < 2; nPass++)
         for (unsigned nLine = kLastLine; nLine > 0; nLine--)
         {
             const ProgramLine &Line = Program[nLine];
             if (Line.m_pInstruction && Line.m_pInstruction->m_nRole == rlLabel &&
                 Line.m_nOperand < kLabels)
-                Found[Line.m_nOperand] = static_cast<uint8_t>(nLine);
+                Found[Line.m_nOperand] = static_cast<uint16_t>(nLine);
             memcpy(pLines->m_LabelLines[nLine], Found, sizeof Found);
         }
     memcpy(pLines->m_LabelLines[0], Found, sizeof Found);

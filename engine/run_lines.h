@@ -27,7 +27,7 @@ struct cRunLines
 
     // Where each label is found from a line on: there or below, else from line 1
     // on. 0: nowhere.
-    uint8_t m_LabelLines[kProgramLines][kLabels];
+    uint16_t m_LabelLines[kProgramLines][kLabels];
 };
 
 // Called after each change of program memory.
