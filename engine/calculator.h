@@ -1,20 +1,25 @@
 // calculator.h - the core of the engine, private to it: the calculator's state,
-// its reports, the stack, the current line and the views. The other rooms of
-// the engine are functions over a cCalculator, declared in a header of their
-// own:
+// its reports, the stack, the current line and the views. Its functions are in
+// calculator.cpp, views.cpp and display.cpp. The other parts of the engine are
+// functions over a cCalculator, declared in a header of their own:
 //
 //   dispatch.h         checks, records or executes one instruction
 //   instructions/      the table of instructions and their handlers
 //   number_entry.h     digits, point, EEX, CHS
-//   keystrokes.h       keys of the face, prefixes, waiting states, PC keyboard
+//   keystrokes.h       events of the face's keys and of the PC keyboard
+//   key_actions.h      what each key does, alone and after a prefix
+//   pending_keys.h     unfinished instructions and waiting states
+//   mode_switch.h      between run mode and program mode
 //   program_memory.h   program lines, editing, the listing box
 //   program_run.h      run loop, single step
 //   run_lines.h        program lines as the run loop executes them
 //   trace_log.h        the trace of a run
 //   listing_files.h    listing files, commands of the file menu
+//   options.h          the options dialog's OK
 //
-// A room's header declares only what other rooms call; everything else is
-// static in its source file.
+// Such a header declares only what other parts call; everything else is static in
+// its source file. The rest of the engine knows no calculator: listing_words.h,
+// number_format.h, decimal.h, power.h, range.h, mnemonic_map.h, line_box.h.
 
 #ifndef ENGINE_CALCULATOR_H
 #define ENGINE_CALCULATOR_H

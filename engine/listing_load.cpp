@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <string>
 
 #include "engine/calculator.h"
 #include "engine/dispatch.h"
@@ -18,7 +19,7 @@
 
 static const char *const kLoaderCaption = "ERROR";
 
-static const size_t kUnusedLine = kListingExtra + 3;  // "98 R/S\r\n"
+static const size_t kUnusedLine = kListingExtra + std::char_traits<char>::length(kRunStop);
 
 namespace
 {
@@ -155,11 +156,10 @@ static int CancelLoad(cCalculator &c)
 
 static void FinishLoad(cCalculator &c, cLoad *pLoad)
 {
-    const cInstruction *const pRunStop = c.m_mapHandlers.Find("R/S");
     for (unsigned nLine = pLoad->m_nLines + 1; nLine <= kLastLine; nLine++)
     {
-        SetRunStop(pRunStop, &pLoad->m_Program[nLine], pLoad->m_nListingLines);
-        pLoad->ListLine(nLine, pRunStop->m_szMnemonic);
+        SetRunStop(c, &pLoad->m_Program[nLine], pLoad->m_nListingLines);
+        pLoad->ListLine(nLine, kRunStop);
     }
     memcpy(c.m_Program, pLoad->m_Program, sizeof c.m_Program);
     PrepareRunLines(c);

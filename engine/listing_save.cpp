@@ -26,8 +26,7 @@ static const char *EndOfLine(const char *pText, const char *pTextEnd)
 
 static int IsRunStopLine(const char *pLine, const char *pEnd)
 {
-    const char *const kRunStop = "R/S";
-    const size_t      nRunStop = strlen(kRunStop);
+    const size_t nRunStop = strlen(kRunStop);
     return static_cast<size_t>(pEnd - pLine) >= kListingMark + nRunStop &&
            strncmp(pLine + kListingMark, kRunStop, nRunStop) == 0;
 }
@@ -103,17 +102,17 @@ int SaveUnderName(cCalculator &c, const char *szFileName)
     return 1;
 }
 
-int SaveAs(cCalculator &c)
+int FileSaveAs(cCalculator &c)
 {
     char szName[kFileNameText] = "";
     return c.m_pHost->AskFileName(fdSave, szName, sizeof szName) && SaveUnderName(c, szName);
 }
 
-int Save(cCalculator &c)
+int FileSave(cCalculator &c)
 {
     char szName[kFileNameText];
     if (!c.m_szFileName[0])
-        return SaveAs(c);
+        return FileSaveAs(c);
     memcpy(szName, c.m_szFileName, sizeof szName);
     return SaveUnderName(c, szName);
 }
@@ -127,11 +126,11 @@ int ConfirmDiscard(cCalculator &c)
              c.m_szFileName[0] ? c.m_szFileName : kUntitled);
     const eAnswer nAnswer = c.AskUser(szText, bnYesNoCancel, icQuestion);
     if (nAnswer == anYes)
-        return Save(c);
+        return FileSave(c);
     return nAnswer == anNo;
 }
 
-int New(cCalculator &c)
+int FileNew(cCalculator &c)
 {
     if (!ConfirmDiscard(c))
         return 0;
@@ -141,7 +140,7 @@ int New(cCalculator &c)
     return 1;
 }
 
-int Open(cCalculator &c)
+int FileOpen(cCalculator &c)
 {
     char szName[kFileNameText] = "";
     if (!ConfirmDiscard(c) || !c.m_pHost->AskFileName(fdOpen, szName, sizeof szName))

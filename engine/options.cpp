@@ -1,13 +1,12 @@
-// options.cpp - what the options dialog's OK does.
+#include "engine/options.h"
 
 #include "engine/calculator.h"
 #include "engine/vorstek_engine.h"
 #include "resources/calculator_ids.h"
 
 // In program mode the listing stays as it is until run mode is entered.
-void cVorstekEngine::ApplyOptions(const cOptions &Options)
+void ApplyOptions(cCalculator &c, const cOptions &Options)
 {
-    cCalculator &c         = *m_pCalculator;
     c.m_bKeepListingOpen   = Options.m_bKeepListingOpen;
     c.m_bKeepRegistersOpen = Options.m_bKeepRegistersOpen;
     c.m_bTrace             = Options.m_bTrace;

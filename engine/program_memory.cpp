@@ -21,10 +21,10 @@ void SetStep(const cStep &Step, ProgramLine *pLine)
     static_cast<cStep &>(*pLine) = Step;
 }
 
-void SetRunStop(const cInstruction *pRunStop, ProgramLine *pLine, unsigned nListingLine)
+void SetRunStop(const cCalculator &c, ProgramLine *pLine, unsigned nListingLine)
 {
     *pLine = ProgramLine{};
-    SetStep(RecordedStep(*pRunStop, 0), pLine);
+    SetStep(RecordedStep(*c.m_mapHandlers.Find(kRunStop), 0), pLine);
     pLine->m_nListingLine = nListingLine;
 }
 
@@ -42,7 +42,7 @@ void ResetProgram(cCalculator &c)
 {
     c.m_Program[0] = ProgramLine{};
     for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
-        SetRunStop(c.m_mapHandlers.Find("R/S"), &c.m_Program[nLine], nLine);
+        SetRunStop(c, &c.m_Program[nLine], nLine);
     PrepareRunLines(c);
     c.m_bProgramModified = 0;
     c.m_szFileName[0]    = 0;
@@ -218,7 +218,7 @@ int DeleteCurrentLine(cCalculator &c)
 
     char         szListed[kListedText];
     ProgramLine &Last = c.m_Program[kLastLine];
-    SetRunStop(c.m_mapHandlers.Find("R/S"), &Last, c.m_pListing->CountLines());
+    SetRunStop(c, &Last, c.m_pListing->CountLines());
     PrepareRunLines(c);
     PrintListedLine(kLastLine, Last.m_szText, szListed, sizeof szListed);
     c.m_pListing->InsertLine(c.m_pListing->CountLines(), szListed);

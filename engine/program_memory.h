@@ -33,9 +33,12 @@ int InsertInstruction(cCalculator &c, const cInstruction &Instruction, unsigned 
 int InsertNumberLine(cCalculator &c, const char *szText);
 int ReplaceCurrentLine(cCalculator &c, const char *szText);
 
+// What an unused line contains.
+const char *const kRunStop = "R/S";
+
 // Fill a line. SetStep and SetNumber keep its place in the listing.
 void SetStep(const cStep &Step, ProgramLine *pLine);
-void SetRunStop(const cInstruction *pRunStop, ProgramLine *pLine, unsigned nListingLine);
+void SetRunStop(const cCalculator &c, ProgramLine *pLine, unsigned nListingLine);
 void SetNumber(ProgramLine *pLine, const char *szText);
 
 #endif

@@ -1,30 +1,17 @@
 #include "engine/vorstek_engine.h"
 
-#include <cstdlib>
-#include <new>
-
 #include "engine/calculator.h"
 #include "engine/dispatch.h"
 #include "engine/key_actions.h"
 #include "engine/keystrokes.h"
 #include "engine/listing_files.h"
 #include "engine/number_entry.h"
-#include "engine/power.h"
+#include "engine/options.h"
 #include "engine/program_memory.h"
 #include "engine/program_run.h"
-#include "toolkit/retry_alloc.h"
-
-static cCalculator *MakeCalculator(cVorstekHost *pHost, cLineBox *pListing, cLineBox *pRegisters)
-{
-    cCalculator *const pCalculator = AllocateWithRetry(
-        pHost, [=] { return new (std::nothrow) cCalculator(pHost, pListing, pRegisters); });
-    if (!pCalculator)
-        exit(-1);
-    return pCalculator;
-}
 
 cVorstekEngine::cVorstekEngine(cVorstekHost *pHost, cLineBox *pListing, cLineBox *pRegisters)
-    : m_pCalculator(MakeCalculator(pHost, pListing, pRegisters))
+    : m_pCalculator(std::make_unique<cCalculator>(pHost, pListing, pRegisters))
 {
 }
 
@@ -192,22 +179,22 @@ unsigned cVorstekEngine::LoaderLine() const
 
 int cVorstekEngine::New()
 {
-    return ::New(*m_pCalculator);
+    return ::FileNew(*m_pCalculator);
 }
 
 int cVorstekEngine::Open()
 {
-    return ::Open(*m_pCalculator);
+    return ::FileOpen(*m_pCalculator);
 }
 
 int cVorstekEngine::Save()
 {
-    return ::Save(*m_pCalculator);
+    return ::FileSave(*m_pCalculator);
 }
 
 int cVorstekEngine::SaveAs()
 {
-    return ::SaveAs(*m_pCalculator);
+    return ::FileSaveAs(*m_pCalculator);
 }
 
 int cVorstekEngine::SaveUnderName(const char *szFileName)
@@ -218,6 +205,11 @@ int cVorstekEngine::SaveUnderName(const char *szFileName)
 int cVorstekEngine::ConfirmDiscard()
 {
     return ::ConfirmDiscard(*m_pCalculator);
+}
+
+void cVorstekEngine::ApplyOptions(const cOptions &Options)
+{
+    ::ApplyOptions(*m_pCalculator, Options);
 }
 
 void cVorstekEngine::RefreshViews()
@@ -240,9 +232,4 @@ int cVorstekEngine::BlankDisplay()
 void cVorstekEngine::ComposeDisplay(cDisplay *pDisplay)
 {
     m_pCalculator->ComposeDisplay(pDisplay);
-}
-
-double cVorstekEngine::Power(double dBase, int n)
-{
-    return ::Power(dBase, n);
 }

@@ -3,7 +3,7 @@
 // window; what it asks of its surroundings goes through cVorstekHost and two
 // line boxes.
 //
-// This is the page for callers. The engine's own rooms begin at calculator.h.
+// This is the page for callers. The parts of the engine begin at calculator.h.
 //
 // Operations return 1 for success and 0 for failure unless they say otherwise.
 
@@ -33,8 +33,9 @@ class cVorstekEngine
 public:
     // All three must outlive the engine. A derived class may be its own host:
     // the constructor calls none of their operations, except for pHost's
-    // message box when memory is short. Cancel ends the process there with exit
-    // status -1.
+    // message box when there is no memory for the table of instructions. Cancel
+    // ends the process there with exit status -1.
+    // Throws std::bad_alloc if there is none for the calculator itself.
     cVorstekEngine(cVorstekHost *pHost, cLineBox *pListing, cLineBox *pRegisters);
     virtual ~cVorstekEngine();
     cVorstekEngine(const cVorstekEngine &)            = delete;
@@ -104,7 +105,7 @@ public:
     int SaveProgram(const char *szFileName);
 
     // What follows a successful LoadProgram: the program takes the name, unless
-    // the listing box had no room for all of it.
+    // the listing box had no room for the complete file.
     void TakeLoadedProgram(const char *szFileName);
 
     // The line of the file that the loader is at, from 1.
@@ -131,10 +132,6 @@ public:
 
     // The display's lines in the present layout.
     void ComposeDisplay(cDisplay *pDisplay);
-
-    // dBase to the power n by repeated squaring; 1 divided by the power for
-    // a negative n. Power(10, -2) is 0.01.
-    static double Power(double dBase, int n);
 
 protected:
     // Shows "Program Error Code #" and the number; an inconsistency within the

@@ -268,20 +268,3 @@ TEST_CASE("levels and registers are set within their limits")
     CHECK(Rig.State().m_dReg[29] == -9.999999999e99);
     CHECK_TEXT(Rig.State().m_szEntry, "");
 }
-
-TEST_CASE("integer powers are exact where doubles are")
-{
-    CHECK(cVorstekEngine::Power(10.0, -2) == 0.01);
-    CHECK(cVorstekEngine::Power(10.0, 0) == 1.0);
-    CHECK(cVorstekEngine::Power(10.0, 1) == 10.0);
-    CHECK(cVorstekEngine::Power(10.0, 15) == 1e15);
-    CHECK(cVorstekEngine::Power(10.0, -9) == 1e-9);
-    CHECK(cVorstekEngine::Power(2.0, 30) == 1073741824.0);
-    CHECK(cVorstekEngine::Power(2.0, -10) == 0.0009765625);
-    CHECK(cVorstekEngine::Power(-3.0, 3) == -27.0);
-    CHECK(cVorstekEngine::Power(-0.5, -2) == 4.0);
-    CHECK(cVorstekEngine::Power(0.0, 0) == 1.0);
-    CHECK(cVorstekEngine::Power(1.0, std::numeric_limits<int>::min()) == 1.0);
-    for (int n = -300; n <= 300; n++)
-        CHECK(IsNear(cVorstekEngine::Power(1.7, n), std::exp(n * std::log(1.7)), 1e-12));
-}
