@@ -3,9 +3,7 @@
 
 #include <cstdint>
 #include <cstdio>
-#include <filesystem>
 #include <memory>
-#include <system_error>
 
 #include "console/arguments.h"
 #include "console/console.h"
@@ -75,11 +73,9 @@ static int ReadPicture(const std::string &Name, cBmpPicture *pPicture, std::stri
     *pError = "cannot read '" + Name + "'";
     if (!IsRegularFile(Name.c_str()))
         return 0;
-    std::error_code             Error;
-    const std::filesystem::path Path    = PathOfName(Name.c_str());
-    const uint64_t              nLength = std::filesystem::file_size(Path, Error);
-    const cOpenFile             File(OpenDiskFile(Path, "rb"), fclose);
-    if (Error || !File)
+    uint64_t        nLength;
+    const cOpenFile File(OpenDiskFile(Name.c_str(), "rb"), fclose);
+    if (!File || !LengthOfFile(Name.c_str(), &nLength))
         return 0;
     cFileSource Source(File.get(), nLength);
     const char *szError;

@@ -1,16 +1,12 @@
 #include "console/run_files.h"
 
 #include <cstdio>
-#include <filesystem>
 #include <memory>
-#include <system_error>
 #include <vector>
 
 #include "toolkit/dbg_file.h"
 #include "toolkit/disk_file.h"
 #include "toolkit/replacement_file.h"
-
-namespace fs = std::filesystem;
 
 namespace
 {
@@ -38,38 +34,17 @@ static std::vector<cNamedFile> FilesOf(const cRunOptions &Options)
     return Files;
 }
 
-// Follows links to folders as far as the path exists.
-static fs::path WholePath(const fs::path &Path)
-{
-    std::error_code Error;
-    const fs::path  Absolute = fs::absolute(Path, Error);
-    const fs::path  Whole    = fs::weakly_canonical(Absolute, Error);
-    return Error ? Absolute.lexically_normal() : Whole;
-}
-
-static int IsSameFile(const std::string &Name, const std::string &Other)
-{
-    std::error_code Error;
-    const fs::path  Path      = PathOfName(Name.c_str());
-    const fs::path  OtherPath = PathOfName(Other.c_str());
-    if (fs::equivalent(Path, OtherPath, Error))
-        return 1;
-    const fs::path Whole = WholePath(Path);
-    return !Whole.empty() && Whole == WholePath(OtherPath);
-}
-
 // The log is overwritten in place.
 static int IsTraceWritable(const std::string &Name)
 {
     typedef std::unique_ptr<FILE, int (*)(FILE *)> cOpenFile;
 
-    std::error_code Error;
-    const fs::path  Path = PathOfName(Name.c_str());
-    if (fs::exists(fs::symlink_status(Path, Error)))
-        return !fs::is_fifo(Path, Error) && cOpenFile(OpenDiskFile(Path, "ab"), fclose);
-    const int bMade = cOpenFile(CreateDiskFile(Path, "wb"), fclose) != nullptr;
+    const char *const szName = Name.c_str();
+    if (IsNameTaken(szName))
+        return KindOfFile(szName) != fkPipe && cOpenFile(OpenDiskFile(szName, "ab"), fclose);
+    const int bMade = cOpenFile(CreateDiskFile(szName, "wb"), fclose) != nullptr;
     if (bMade)
-        fs::remove(Path, Error);
+        RemoveDiskFile(szName);
     return bMade;
 }
 
@@ -86,7 +61,7 @@ int AreFilesApart(const cRunOptions &Options, std::string *pError)
     const std::vector<cNamedFile> Files = FilesOf(Options);
     for (size_t nFile = 1; nFile < Files.size(); nFile++)
         for (size_t nFormer = 0; nFormer < nFile; nFormer++)
-            if (IsSameFile(Files[nFile].m_Name, Files[nFormer].m_Name))
+            if (IsSameFile(Files[nFile].m_Name.c_str(), Files[nFormer].m_Name.c_str()))
             {
                 *pError = std::string(Files[nFormer].m_szRole) + " and " + Files[nFile].m_szRole +
                           " are the same file '" + Files[nFile].m_Name + "'";

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <climits>
 #include <cstring>
-#include <filesystem>
-#include <system_error>
 
 #include "toolkit/disk_file.h"
 
@@ -29,11 +27,9 @@ cShortLineReader::~cShortLineReader()
 
 int cShortLineReader::Open(const char *szFile)
 {
-    const std::filesystem::path Path = PathOfName(szFile);
-    std::error_code             Ignored;
-    if (!std::filesystem::is_regular_file(Path, Ignored))
+    if (KindOfFile(szFile) != fkRegular)
         return 0;
-    m_pFile = OpenDiskFile(Path, "rb");
+    m_pFile = OpenDiskFile(szFile, "rb");
     if (!m_pFile)
         return 0;
     setvbuf(m_pFile, nullptr, _IONBF, 0);  // the block is the buffer

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cstdarg>
 #include <cstring>
-#include <filesystem>
-#include <system_error>
 
 #include "toolkit/disk_file.h"
 #include "toolkit/message_box.h"
@@ -42,9 +40,8 @@ static void CopyOver(FILE *pFrom, const char *szTo)
     CopyStream(pFrom, pTo);
     const long nLength = ftell(pTo);
     fclose(pTo);
-    std::error_code Ignored;
     if (nLength >= 0)
-        std::filesystem::resize_file(PathOfName(szTo), static_cast<uintmax_t>(nLength), Ignored);
+        CutFile(szTo, static_cast<uint64_t>(nLength));
 }
 
 void DbgBackupName(const char *szName, char (&szBackup)[kDbgFileName])
@@ -118,10 +115,7 @@ void cDbgFile::Flush()
 // Opening a pipe might wait for a reader for ever.
 int cDbgFile::Open()
 {
-    std::error_code Error;
-    m_pFile = std::filesystem::is_fifo(PathOfName(m_szFileName), Error)
-                  ? nullptr
-                  : fopen(m_szFileName, kOpenMode);
+    m_pFile = KindOfFile(m_szFileName) == fkPipe ? nullptr : fopen(m_szFileName, kOpenMode);
     return m_pFile != nullptr;
 }
 

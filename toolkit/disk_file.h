@@ -1,24 +1,62 @@
-// disk_file.h - the few file operations that differ between platforms in both the
-// C library and std::filesystem.
+// disk_file.h - what the C library cannot do with files, or does differently from
+// platform to platform.
+//
+// A file name is one as passed to fopen(); on Windows it is in the user's code
+// page. std::filesystem is not used: on Windows it reads such a name as Latin-1,
+// and it makes a program half a megabyte larger.
 
 #ifndef TOOLKIT_DISK_FILE_H
 #define TOOLKIT_DISK_FILE_H
 
+#include <cstdint>
 #include <cstdio>
-#include <filesystem>
+#include <string>
 
-// The path of a file name as passed to fopen(). On Windows that is a name in the
-// user's code page, which std::filesystem by itself reads as Latin-1: the
-// Euro sign of "5 \x80.txt" would become another character and the file
-// another file. Empty for a name that cannot be converted.
-std::filesystem::path PathOfName(const char *szFileName);
+// What a name leads to, links followed.
+enum eFileKind
+{
+    fkNone,  // there is nothing of this name, or the link leads nowhere
+    fkRegular,
+    fkDevice,
+    fkPipe,
+    fkOther  // a folder, for example, or what cannot be known
+};
+
+eFileKind KindOfFile(const char *szName);
+
+// 1 if there is an entry of this name, a link that leads nowhere included.
+int IsNameTaken(const char *szName);
+
+// 1 if nobody has the permission to write the file. Root can write it nevertheless.
+int IsMarkedReadOnly(const char *szName);
+
+// 1 if both names lead to one file, or would as soon as they are created.
+int IsSameFile(const char *szName, const char *szOther);
+
+// Length of a regular file in bytes; returns 0 if it cannot be known.
+int LengthOfFile(const char *szName, uint64_t *pnLength);
+
+// The name of the file that szName leads to; it need not exist. "" for links that
+// lead to each other. Links are not followed on Windows, where they are rare.
+std::string FollowLinks(const char *szName);
+
+// The name of another file in the folder of szName; szOther has no folder.
+std::string BesideFile(const char *szName, const char *szOther);
+
+// The rest return 1, or 0 on failure.
+int CopyPermissions(const char *szFrom, const char *szTo);
+int CutFile(const char *szName, uint64_t nLength);
+int RemoveDiskFile(const char *szName);
+
+// Gives the file another name in the same folder and replaces what has it.
+int MoveOver(const char *szFrom, const char *szTo);
 
 // Opens as fopen() does; null on failure.
-FILE *OpenDiskFile(const std::filesystem::path &Path, const char *szMode);
+FILE *OpenDiskFile(const char *szName, const char *szMode);
 
-// Creates a new file and opens it for writing; null if the name already exists,
-// or on any other failure.
-FILE *CreateDiskFile(const std::filesystem::path &Path, const char *szMode);
+// Creates a new file and opens it for writing; null if the name is taken, or on any
+// other failure.
+FILE *CreateDiskFile(const char *szName, const char *szMode);
 
 // Where a log goes that can be opened nowhere else: the name of a file in a folder
 // that the platform has always had. Null where there is no such folder.

@@ -2,9 +2,7 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <memory>
-#include <system_error>
 
 #include "toolkit/disk_file.h"
 #include "toolkit/retry_alloc.h"
@@ -18,8 +16,7 @@ cFileText::~cFileText()
 
 int IsRegularFile(const char *szName)
 {
-    std::error_code Error;
-    return std::filesystem::is_regular_file(PathOfName(szName), Error);
+    return KindOfFile(szName) == fkRegular;
 }
 
 // The file may grow or shrink meanwhile, so its size is not used.

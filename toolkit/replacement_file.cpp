@@ -1,41 +1,19 @@
 #include "toolkit/replacement_file.h"
 
-#include <system_error>
-
 #include "toolkit/disk_file.h"
 
-namespace fs = std::filesystem;
-
-static const int kMostLinks       = 40;    // in a row, the system's own limit
 static const int kMostTemporaries = 1000;  // left by computers that were switched off while saving
 static const int kTemporaryName   = 16;
 
-// The target of Path once all links are followed; it need not exist. Empty for
-// circular links.
-static fs::path FollowLinks(fs::path Path)
-{
-    for (int i = 0; i < kMostLinks; i++)
-    {
-        std::error_code Error;
-        const fs::path  Next = fs::read_symlink(Path, Error);
-        if (Error)
-            return Path;
-        Path = Path.parent_path() / Next;  // an absolute Next replaces the parent
-    }
-    return fs::path();
-}
-
-// rename() checks the folder's permissions, not the file's, and root passes every
+// Renaming checks the folder's permissions, not the file's, and root passes every
 // check; a file that is marked read-only must not be replaced by anybody.
-static int MayWrite(const fs::path &Path, fs::perms nPermissions)
+static int MayWrite(const char *szName)
 {
-    const fs::perms nAnyWrite =
-        fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-    if ((nPermissions & nAnyWrite) == fs::perms::none)
+    if (IsMarkedReadOnly(szName))
         return 0;
 
     // Appending nothing changes nothing.
-    FILE *const pFile = OpenDiskFile(Path, "ab");
+    FILE *const pFile = OpenDiskFile(szName, "ab");
     if (!pFile)
         return 0;
     return fclose(pFile) == 0;
@@ -52,21 +30,17 @@ cReplacementFile::~cReplacementFile()
 
 int cReplacementFile::Open(const char *szFileName, const char *szMode)
 {
-    m_Target = FollowLinks(PathOfName(szFileName));
+    m_Target = FollowLinks(szFileName);
     if (m_Target.empty())
         return 0;
-
-    std::error_code       Error;
-    const fs::file_status Status = fs::status(m_Target, Error);
-    switch (Status.type())
+    switch (KindOfFile(m_Target.c_str()))
     {
-    case fs::file_type::not_found:
+    case fkNone:
         return OpenTemporary(szMode);
-    case fs::file_type::regular:
-        return MayWrite(m_Target, Status.permissions()) && OpenTemporary(szMode);
-    case fs::file_type::character:
-    case fs::file_type::block:
-        m_pFile = OpenDiskFile(m_Target, szMode);
+    case fkRegular:
+        return MayWrite(m_Target.c_str()) && OpenTemporary(szMode);
+    case fkDevice:
+        m_pFile = OpenDiskFile(m_Target.c_str(), szMode);
         return m_pFile != nullptr;
     default:
         return 0;
@@ -80,15 +54,14 @@ int cReplacementFile::OpenTemporary(const char *szMode)
     {
         char szName[kTemporaryName];
         snprintf(szName, sizeof szName, "~save%03d.tmp", i);
-        const fs::path Path = m_Target.parent_path() / szName;
-        m_pFile             = CreateDiskFile(Path, szMode);
+        const std::string Name = BesideFile(m_Target.c_str(), szName);
+        m_pFile                = CreateDiskFile(Name.c_str(), szMode);
         if (m_pFile)
         {
-            m_Temporary = Path;
+            m_Temporary = Name;
             return 1;
         }
-        std::error_code Error;
-        if (!fs::exists(fs::symlink_status(Path, Error)))
+        if (!IsNameTaken(Name.c_str()))
             return 0;
     }
     return 0;
@@ -115,16 +88,10 @@ int cReplacementFile::Finish()
 
 int cReplacementFile::TakePlace()
 {
-    std::error_code       Error;
-    const fs::file_status Old = fs::status(m_Target, Error);
-    if (fs::exists(Old))
-    {
-        fs::permissions(m_Temporary, Old.permissions(), Error);
-        if (Error)
-            return 0;
-    }
-    fs::rename(m_Temporary, m_Target, Error);
-    if (Error)
+    const char *const szTarget = m_Target.c_str();
+    if (KindOfFile(szTarget) != fkNone && !CopyPermissions(szTarget, m_Temporary.c_str()))
+        return 0;
+    if (!MoveOver(m_Temporary.c_str(), szTarget))
         return 0;
     m_Temporary.clear();
     return 1;
@@ -133,8 +100,7 @@ int cReplacementFile::TakePlace()
 // The file no longer exists once it has replaced the target.
 void cReplacementFile::RemoveTemporary()
 {
-    std::error_code Ignored;
     if (!m_Temporary.empty())
-        fs::remove(m_Temporary, Ignored);
+        RemoveDiskFile(m_Temporary.c_str());
     m_Temporary.clear();
 }

@@ -12,7 +12,7 @@
 #define TOOLKIT_REPLACEMENT_FILE_H
 
 #include <cstdio>
-#include <filesystem>
+#include <string>
 
 class cReplacementFile
 {
@@ -46,9 +46,9 @@ private:
     int  TakePlace();
     void RemoveTemporary();
 
-    FILE                 *m_pFile;
-    std::filesystem::path m_Target;     // not a link
-    std::filesystem::path m_Temporary;  // empty: a device is written directly
+    FILE       *m_pFile;
+    std::string m_Target;     // not a link
+    std::string m_Temporary;  // empty: a device is written directly
 };
 
 #endif

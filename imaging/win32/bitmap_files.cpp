@@ -4,10 +4,8 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <filesystem>
 #include <memory>
 #include <new>
-#include <system_error>
 
 #include "imaging/bmp_layout.h"
 #include "imaging/colour_reduction.h"
@@ -182,13 +180,11 @@ int WriteBitmapAsGif(HBITMAP hBitmap, HPALETTE hPalette, unsigned nBits, const c
             !AllocateWithRetry(pBoxes, [&] { return ReduceColours(Bits.Dib(b555), &Reduced); }))
             return 0;
     }
-    const std::filesystem::path Path  = PathOfName(szFileName);
-    FILE *const                 pFile = OpenDiskFile(Path, "wb");
+    FILE *const pFile = OpenDiskFile(szFileName, "wb");
     if (!pFile)
         return 0;
     if (WriteGif(Reduced, pFile))
         return 1;
-    std::error_code Ignored;
-    std::filesystem::remove(Path, Ignored);
+    RemoveDiskFile(szFileName);
     return 0;
 }

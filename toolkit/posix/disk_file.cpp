@@ -1,23 +1,136 @@
 #include "toolkit/disk_file.h"
 
 #include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
-std::filesystem::path PathOfName(const char *szFileName)
+static const int kMostLinks = 40;  // in a row, the system's own limit
+
+eFileKind KindOfFile(const char *szName)
 {
-    return szFileName;
+    struct stat Status;
+    if (stat(szName, &Status) != 0)
+        return errno == ENOENT || errno == ENOTDIR ? fkNone : fkOther;
+    if (S_ISREG(Status.st_mode))
+        return fkRegular;
+    if (S_ISCHR(Status.st_mode) || S_ISBLK(Status.st_mode))
+        return fkDevice;
+    return S_ISFIFO(Status.st_mode) ? fkPipe : fkOther;
 }
 
-FILE *OpenDiskFile(const std::filesystem::path &Path, const char *szMode)
+int IsNameTaken(const char *szName)
 {
-    return fopen(Path.c_str(), szMode);
+    struct stat Status;
+    return lstat(szName, &Status) == 0;
 }
 
-FILE *CreateDiskFile(const std::filesystem::path &Path, const char *szMode)
+int IsMarkedReadOnly(const char *szName)
 {
-    const int nFile = open(Path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    struct stat Status;
+    return stat(szName, &Status) == 0 && (Status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
+}
+
+static std::string CurrentFolder()
+{
+    char szFolder[PATH_MAX];
+    return getcwd(szFolder, sizeof szFolder) ? szFolder : "";
+}
+
+// One more component; links are followed as long as there is such a file.
+static std::string Enter(const std::string &Folder, const std::string &Name)
+{
+    if (Name.empty() || Name == ".")
+        return Folder;
+    if (Name == "..")
+        return Folder.substr(0, Folder.rfind('/') == std::string::npos ? 0 : Folder.rfind('/'));
+    char              szReal[PATH_MAX];
+    const std::string Entered = Folder + "/" + Name;
+    return realpath(Entered.c_str(), szReal) ? szReal : Entered;
+}
+
+static std::string WholeName(const char *szName)
+{
+    std::string Whole = *szName == '/' ? "" : CurrentFolder();
+    for (const char *pEnd = szName; *szName; szName = *pEnd ? pEnd + 1 : pEnd)
+    {
+        pEnd  = strchrnul(szName, '/');
+        Whole = Enter(Whole, std::string(szName, pEnd));
+    }
+    return Whole;
+}
+
+int IsSameFile(const char *szName, const char *szOther)
+{
+    struct stat Status, Other;
+    if (stat(szName, &Status) == 0 && stat(szOther, &Other) == 0)
+        return Status.st_dev == Other.st_dev && Status.st_ino == Other.st_ino;
+    return WholeName(szName) == WholeName(szOther);
+}
+
+int LengthOfFile(const char *szName, uint64_t *pnLength)
+{
+    struct stat Status;
+    if (stat(szName, &Status) != 0 || !S_ISREG(Status.st_mode))
+        return 0;
+    *pnLength = static_cast<uint64_t>(Status.st_size);
+    return 1;
+}
+
+std::string BesideFile(const char *szName, const char *szOther)
+{
+    const char *const pSlash = strrchr(szName, '/');
+    return pSlash ? std::string(szName, pSlash + 1) + szOther : szOther;
+}
+
+std::string FollowLinks(const char *szName)
+{
+    std::string Name = szName;
+    for (int i = 0; i < kMostLinks; i++)
+    {
+        char          szTarget[PATH_MAX];
+        const ssize_t nLength = readlink(Name.c_str(), szTarget, sizeof szTarget - 1);
+        if (nLength < 0)
+            return Name;
+        szTarget[nLength] = 0;
+        Name              = *szTarget == '/' ? szTarget : BesideFile(Name.c_str(), szTarget);
+    }
+    return "";
+}
+
+int CopyPermissions(const char *szFrom, const char *szTo)
+{
+    struct stat Status;
+    return stat(szFrom, &Status) == 0 && chmod(szTo, Status.st_mode & 07777) == 0;
+}
+
+int CutFile(const char *szName, uint64_t nLength)
+{
+    return truncate(szName, static_cast<off_t>(nLength)) == 0;
+}
+
+int RemoveDiskFile(const char *szName)
+{
+    return unlink(szName) == 0;
+}
+
+int MoveOver(const char *szFrom, const char *szTo)
+{
+    return rename(szFrom, szTo) == 0;
+}
+
+FILE *OpenDiskFile(const char *szName, const char *szMode)
+{
+    return fopen(szName, szMode);
+}
+
+FILE *CreateDiskFile(const char *szName, const char *szMode)
+{
+    const int nFile = open(szName, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (nFile < 0)
         return nullptr;
     FILE *const pFile = fdopen(nFile, szMode);
