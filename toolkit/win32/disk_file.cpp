@@ -27,9 +27,18 @@ static int Status(const char *szName, struct _stat64 *pStatus)
     return _wstat64(Wide(szName).c_str(), pStatus) == 0;
 }
 
+// The status of a folder is not found under a name that ends in a separator.
+static int IsFolder(const char *szName)
+{
+    const DWORD dwAttributes = GetFileAttributesW(Wide(szName).c_str());
+    return dwAttributes != INVALID_FILE_ATTRIBUTES && (dwAttributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
 eFileKind KindOfFile(const char *szName)
 {
     struct _stat64 Found;
+    if (IsFolder(szName))
+        return fkOther;
     if (!Status(szName, &Found))
         return errno == ENOENT || errno == ENOTDIR ? fkNone : fkOther;
     switch (Found.st_mode & _S_IFMT)
