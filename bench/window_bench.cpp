@@ -1,5 +1,5 @@
-// window_bench.cpp - the speed of the graph's window: a program that draws, compared
-// with the same program in the console, painting and the readout. Prints one line per
+// window_bench.cpp - the speed of the windows: programs that compute and draw, compared
+// with the same programs in the console, painting and the readout. Prints one line per
 // figure: name, value, unit and target.
 
 #include "tests/window/graph_window.h"
@@ -115,10 +115,11 @@ static const char kGrowing[] = "12800\r\nSTO 0\r\nClearG\r\n0\r\nSTO 1\r\nLBL 1\
 static const char kStaying[] = "12800\r\nSTO 0\r\nClearG\r\n0\r\nSTO 1\r\nLBL 1\r\n1\r\nSTO+ 1\r\n"
                                "RCL 1\r\nsin\r\nRCL 1\r\ncos\r\nSumG\r\nDSZ\r\nGTO 1\r\nR/S\r\n";
 
-static void RunConsole(const cCalculator &Calculator)
+static void RunConsole(const cCalculator &Calculator, const std::string &Request,
+                       const std::string &Arguments)
 {
-    std::string Command = std::string(VORSTEK_CLI) + " run " + Calculator.Path("program.txt") +
-                          " --graph " + Calculator.Path("drawn.txt");
+    std::string Command = std::string(VORSTEK_CLI) + " " + Request + " " +
+                          Calculator.Path("program.txt") + " " + Arguments;
     SECURITY_ATTRIBUTES Inherited = {sizeof Inherited, nullptr, TRUE};
     const HANDLE        hNowhere =
         CreateFileA("NUL", GENERIC_WRITE, 0, &Inherited, OPEN_EXISTING, 0, nullptr);
@@ -156,7 +157,8 @@ static void CompareRuns(const char *szName, const char *szProgram, const char *s
     for (int i = 0; i < kRounds; i++)
     {
         Calculator.HitKeys({kKeyGoTo, kKeyPoint, kKey0, kKey0, kKeyClearX});
-        Console.push_back(Seconds([&] { RunConsole(Calculator); }));
+        Console.push_back(Seconds(
+            [&] { RunConsole(Calculator, "run", "--graph " + Calculator.Path("drawn.txt")); }));
         Window.push_back(Seconds([&] { RunWindow(&Calculator); }));
         Beyond.push_back(Window.back() - Console.back());
         REQUIRE(Calculator.ReadsX(szLastX));
@@ -171,6 +173,105 @@ TEST_CASE("a program that draws")
 {
     CompareRuns("12,800 points by a program, x grows", kGrowing, "12800.00");
     CompareRuns("12,800 points by a program, all within the range", kStaying, "-0.94");
+}
+
+// Counts to 2e7 with five lines a turn.
+static const char   kCounting[] = "2e7\r\nSTO 0\r\n0\r\nLBL 1\r\n1\r\n+\r\nDSZ\r\nGTO 1\r\nR/S\r\n";
+static const double kCountLines = 1e8;
+static const char   kCounted[]  = "20000000.00";
+
+static const char kWithoutEnd[] = "LBL 1\r\n1\r\n+\r\nGTO 1\r\n";
+
+// The console's lines a second, without the time that Wine takes to start a program.
+static double ConsoleRate(const cCalculator &Calculator)
+{
+    const double dStart = Seconds([&] { RunConsole(Calculator, "check", ""); });
+    return kCountLines / (Seconds([&] { RunConsole(Calculator, "run", ""); }) - dStart);
+}
+
+static double WindowRate(cCalculator *pCalculator)
+{
+    pCalculator->HitKeys({kKeyGoTo, kKeyPoint, kKey0, kKey0, kKeyClearX});
+    const double dRate = kCountLines / Seconds([=] { RunWindow(pCalculator); });
+    REQUIRE(pCalculator->ReadsX(kCounted));
+    return dRate;
+}
+
+static void CompareRates(const char *szName, cCalculator *pCalculator, const char *szTarget)
+{
+    std::vector<double> Window;
+    std::vector<double> Parts;
+    for (int i = 0; i < kRounds; i++)
+    {
+        Window.push_back(WindowRate(pCalculator));
+        Parts.push_back(100 * Window.back() / ConsoleRate(*pCalculator));
+    }
+    printf("%s|||\n", szName);
+    Print("  million lines a second", Median(Window) / 1e6, "", "");
+    Print("  of the console's", Median(Parts), "%", szTarget);
+}
+
+// How many different numbers the display shows in a second, as far as they can be read
+// from the screen.
+static double PictureRate(const cCalculator &Calculator)
+{
+    REQUIRE(IsProgramRunning(Calculator));
+    const double dPeriod   = 2.0;
+    const double dStart    = Now();
+    int          nPictures = 0;
+    std::string  Shown;
+    while (Now() - dStart < dPeriod)
+    {
+        const std::string Next = Calculator.Read(0, 59, 66, 20);
+        nPictures += Next != Shown;
+        Shown = Next;
+    }
+    return nPictures / dPeriod;
+}
+
+// From the press of a key until the run has ended.
+static double HaltSeconds(cCalculator *pCalculator)
+{
+    pCalculator->HitKey(kKeyRunStop);
+    Sleep(300);
+    REQUIRE(IsProgramRunning(*pCalculator));
+    POINT At = pCalculator->OnKey(kKey1);
+    ScreenToClient(pCalculator->Keypad(), &At);
+    const double dSeconds = Seconds([&] {
+        PostMessageA(pCalculator->Keypad(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(At.x, At.y));
+        while (IsProgramRunning(*pCalculator))
+            Sleep(1);
+    });
+    PostMessageA(pCalculator->Keypad(), WM_LBUTTONUP, 0, MAKELPARAM(At.x, At.y));
+    pCalculator->Settle();
+    return dSeconds;
+}
+
+static void PrintManners(cCalculator *pCalculator)
+{
+    OpenListing(pCalculator, kWithoutEnd);
+    std::vector<double> Halts;
+    for (int i = 0; i < kRounds; i++)
+        Halts.push_back(HaltSeconds(pCalculator));
+    Print("  longest time to a halt by a key", 1000 * *std::max_element(Halts.begin(), Halts.end()),
+          "ms", "50 at most");
+    pCalculator->HitKeys({kKeyClearX, kKeyRunStop});
+    Print("  pictures of the display", PictureRate(*pCalculator), "a second", "30 at least");
+    pCalculator->HitKey(kKey1);
+}
+
+TEST_CASE("a program that computes")
+{
+    cCalculator Calculator;
+    OpenListing(&Calculator, kCounting);
+    CompareRates("counting loop, both boxes closed", &Calculator, "60 at least");
+    PrintManners(&Calculator);
+    OpenListing(&Calculator, kCounting);
+    Calculator.HitKey(kKeySst);
+    REQUIRE(Calculator.IsListingShown());
+    REQUIRE(Calculator.IsRegistersShown());
+    CompareRates("counting loop, both boxes open", &Calculator, "30 at least");
+    PrintManners(&Calculator);
 }
 
 TEST_CASE("a full repaint")

@@ -22,8 +22,13 @@ static const DWORD kDrainPeriod = 15;  // milliseconds
 
 // How many lines pass between two looks at the clock. A line takes some
 // nanoseconds, one with y^x up to a microsecond; those that draw are always
-// followed by a look.
-static const unsigned kLinesPerLook = 1000;
+// followed by a look. A prime number, so that a loop is not seen at the same line
+// each time: its display would seem to stand still.
+static const unsigned kLinesPerLook = 997;
+
+// The boxes take up to a quarter of a run's time. Where they need longer than the
+// display, as rich text does, they are brought up to date less often.
+static const DWORD kBoxesShare = 4;
 
 void cVorstek::StartSound(unsigned nId)
 {
@@ -72,14 +77,28 @@ unsigned cVorstek::DrainMessages(unsigned)
     return DrainEvery(kDrainPeriod) ? kLinesPerLook : 0;
 }
 
-// Posts a quit message again, for the main loop.
 int cVorstek::DrainEvery(DWORD dwPeriod)
 {
     const DWORD dwNow = GetTickCount();
     if (dwNow - m_dwLastDrain < dwPeriod)
         return 1;
-    m_dwLastDrain = dwNow;
-    RefreshViews();
+    if (dwNow - m_dwLastRefresh < kBoxesShare * m_dwRefreshTime)
+        PaintDisplay();
+    else
+    {
+        RefreshViews();
+        m_dwLastRefresh = dwNow;
+        m_dwRefreshTime = GetTickCount() - dwNow;
+    }
+    const int bContinues = DispatchWaiting();
+    m_dwLastDrain        = GetTickCount();
+    return bContinues;
+}
+
+// Paints need no views that are up to date, input does: it may open a menu, beside
+// which the views stand still. Posts a quit message again, for the main loop.
+int cVorstek::DispatchWaiting()
+{
     MSG Message;
     while (IsRunning() && PeekMessageA(&Message, nullptr, 0, 0, PM_REMOVE))
     {
@@ -88,6 +107,8 @@ int cVorstek::DrainEvery(DWORD dwPeriod)
             PostQuit(static_cast<int>(Message.wParam));
             return 0;
         }
+        if (Message.message != WM_PAINT)
+            RefreshViews();
         g_pApplication->Dispatch(&Message);
     }
     return 1;

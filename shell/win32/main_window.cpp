@@ -63,7 +63,7 @@ cVorstek::cVorstek()
       m_RegistersLines(&m_RegistersBox), m_Keypad(this), m_Graph(this, this),
       m_nListingWidth(kListingWidth), m_nRegistersWidth(kRegistersWidth), m_nFaceOffset(0),
       m_hAccelerators(nullptr), m_bFonts(0), m_bSizeLater(0), m_hHelpWnd(nullptr), m_dwLastDrain(0),
-      m_ClassShare(&s_Class)
+      m_dwLastRefresh(0), m_dwRefreshTime(0), m_ClassShare(&s_Class)
 {
     m_dwStyle   = WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX;
     m_dwExStyle = WS_EX_CONTROLPARENT;

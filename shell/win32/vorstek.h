@@ -138,6 +138,7 @@ private:
     void OnAbout();
 
     int  DrainEvery(DWORD dwPeriod);  // milliseconds
+    int  DispatchWaiting();
     void CheckGraph(int bShown);
     void ToggleBar(cBaseWindow *pBar, unsigned nCommand);
     void EnableEditCommands(HMENU hMenu);
@@ -161,10 +162,12 @@ private:
     cGdiPalette m_hFacePalette;
     cGdiFont    m_hLargeFont;
     cGdiFont    m_hSmallFont;
-    int         m_bFonts;       // CreateFonts has been called
-    int         m_bSizeLater;   // boxes were shown or hidden while the window was minimised
-    HWND        m_hHelpWnd;     // null while no help is open
-    DWORD       m_dwLastDrain;  // tick count in milliseconds
+    int         m_bFonts;         // CreateFonts has been called
+    int         m_bSizeLater;     // boxes were shown or hidden while the window was minimised
+    HWND        m_hHelpWnd;       // null while no help is open
+    DWORD       m_dwLastDrain;    // tick counts in milliseconds: its end,
+    DWORD       m_dwLastRefresh;  // the start of this
+    DWORD       m_dwRefreshTime;  // milliseconds that it took
 
     cWindowClassShare m_ClassShare;
 };
