@@ -54,8 +54,8 @@ typedef int (*cHandler)(cCalculator &c, unsigned nOperand);
 struct cInstruction
 {
     const char *m_szMnemonic;
-    eOperand    m_nOperand;
     cHandler    m_pExecute;  // the row's handler with its LASTx, clamp and ending
+    eOperand    m_nOperand;
     eRole       m_nRole;
 };
 

@@ -94,10 +94,12 @@ static int AcceptEntryKey(cCalculator &c, char cKey)
 // The keyed text always shows a point: "+12.", "+1.5e+03".
 static void ComposeEntry(const cCalculator &c, char (&szText)[kStackText])
 {
-    strcpy(szText, c.m_szEntry);
-    if (!strchr(szText, '.'))
-        strcat(szText, ".");
-    strcat(szText, c.m_szExponent);
+    const size_t nMantissa = strlen(c.m_szEntry);
+    char        *pEnd      = szText + nMantissa;
+    memcpy(szText, c.m_szEntry, nMantissa);
+    if (!memchr(szText, '.', nMantissa))
+        *pEnd++ = '.';
+    memcpy(pEnd, c.m_szExponent, strlen(c.m_szExponent) + 1);
 }
 
 // A number beyond the range ends the entry at the limit. A mantissa alone may

@@ -58,7 +58,7 @@ void cTraceLog::Flush()
 static char *PutNumber(const char *szText, char *pColumn)
 {
     memset(pColumn, ' ', kNumberWidth);
-    memcpy(pColumn, szText, strlen(szText));
+    std::copy(szText, szText + strlen(szText), pColumn);
     return pColumn + kNumberWidth;
 }
 

@@ -42,7 +42,8 @@ static int RoundQuickly(double dValue, double *pdRounded)
     double dDigits = Shift(dValue, nPlaces);
     if (dDigits >= 1000.0)
         dDigits = Shift(dValue, --nPlaces);
-    const double dRounded = static_cast<int>(dDigits + 0.5);
+    const double dHalfUp  = dDigits + 0.5;
+    const double dRounded = static_cast<int>(dHalfUp);
     *pdRounded            = Shift(dRounded, -nPlaces);
     return std::fabs(std::fabs(dDigits - dRounded) - 0.5) > kCloseToMiddle;
 }

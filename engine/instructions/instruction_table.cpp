@@ -27,7 +27,7 @@ static int Execute(cCalculator &c, unsigned nOperand)
 }
 
 #define INSTRUCTION(mnemonic, operand, handler, lastx, clamp, ending, role)                        \
-    {mnemonic, operand, Execute<handler, lastx, clamp, ending>, role},
+    {mnemonic, Execute<handler, lastx, clamp, ending>, operand, role},
 
 static const cInstruction s_Instructions[] = {
 #include "engine/instructions/instruction_rows.inc"
