@@ -14,6 +14,10 @@ include_directories(${PROJECT_SOURCE_DIR})
 # its digits would depend on the processor.
 add_compile_options(-ffp-contract=off)
 
+# Square roots are the processor's instruction, which rounds correctly, instead of
+# a call of the C library, which may not.
+add_compile_options(-fno-math-errno)
+
 # Warnings are errors in the presets only (CMAKE_COMPILE_WARNING_AS_ERROR): other
 # compilers find other things, and nobody's build should end there.
 add_compile_options(
