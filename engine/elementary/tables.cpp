@@ -1,0 +1,3 @@
+#include "engine/elementary/tables.h"
+
+#include "engine/elementary/tables.inc"
