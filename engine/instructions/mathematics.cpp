@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "engine/calculator.h"
+#include "engine/elementary/elementary.h"
 #include "engine/instructions/handlers.h"
 #include "engine/range.h"
 
@@ -66,7 +67,7 @@ int OnPower(cCalculator &c, unsigned)
         return c.ShowUserError("Error: impossible");
     if (c.m_dY < 0.0 && c.m_dX != std::trunc(c.m_dX))
         return c.ShowUserError("Error: impossible");
-    c.m_dX = std::pow(c.m_dY, c.m_dX);
+    c.m_dX = Pow(c.m_dY, c.m_dX);
     c.Drop();
     return 1;
 }
@@ -80,19 +81,19 @@ int OnPercent(cCalculator &c, unsigned)
 
 int OnSin(cCalculator &c, unsigned)
 {
-    c.m_dX = std::sin(ToRadians(c.m_dX, c.m_nAngleMode));
+    c.m_dX = Sin(ToRadians(c.m_dX, c.m_nAngleMode));
     return 1;
 }
 
 int OnCos(cCalculator &c, unsigned)
 {
-    c.m_dX = std::cos(ToRadians(c.m_dX, c.m_nAngleMode));
+    c.m_dX = Cos(ToRadians(c.m_dX, c.m_nAngleMode));
     return 1;
 }
 
 int OnTan(cCalculator &c, unsigned)
 {
-    c.m_dX = std::tan(ToRadians(c.m_dX, c.m_nAngleMode));
+    c.m_dX = Tan(ToRadians(c.m_dX, c.m_nAngleMode));
     return 1;
 }
 
@@ -100,7 +101,7 @@ int OnArcSin(cCalculator &c, unsigned)
 {
     if (std::fabs(c.m_dX) > 1.0)
         return c.ShowUserError("Error: impossible");
-    c.m_dX = FromRadians(std::asin(c.m_dX), c.m_nAngleMode);
+    c.m_dX = FromRadians(ArcSin(c.m_dX), c.m_nAngleMode);
     return 1;
 }
 
@@ -108,13 +109,13 @@ int OnArcCos(cCalculator &c, unsigned)
 {
     if (std::fabs(c.m_dX) > 1.0)
         return c.ShowUserError("Error: impossible");
-    c.m_dX = FromRadians(std::acos(c.m_dX), c.m_nAngleMode);
+    c.m_dX = FromRadians(ArcCos(c.m_dX), c.m_nAngleMode);
     return 1;
 }
 
 int OnArcTan(cCalculator &c, unsigned)
 {
-    c.m_dX = FromRadians(std::atan(c.m_dX), c.m_nAngleMode);
+    c.m_dX = FromRadians(ArcTan(c.m_dX), c.m_nAngleMode);
     return 1;
 }
 
@@ -122,7 +123,7 @@ int OnLn(cCalculator &c, unsigned)
 {
     if (c.m_dX <= 0.0)
         return c.ShowUserError("Error: ln of x <= 0");
-    c.m_dX = std::log(c.m_dX);
+    c.m_dX = Ln(c.m_dX);
     return 1;
 }
 
@@ -130,19 +131,19 @@ int OnLog(cCalculator &c, unsigned)
 {
     if (c.m_dX <= 0.0)
         return c.ShowUserError("Error: log of x <= 0");
-    c.m_dX = std::log10(c.m_dX);
+    c.m_dX = Log10(c.m_dX);
     return 1;
 }
 
 int OnExp(cCalculator &c, unsigned)
 {
-    c.m_dX = std::exp(c.m_dX);
+    c.m_dX = Exp(c.m_dX);
     return 1;
 }
 
 int OnTenToX(cCalculator &c, unsigned)
 {
-    c.m_dX = std::pow(10.0, c.m_dX);
+    c.m_dX = Exp10(c.m_dX);
     return 1;
 }
 
@@ -150,7 +151,7 @@ int OnSqrt(cCalculator &c, unsigned)
 {
     if (c.m_dX < 0.0)
         return c.ShowUserError("Error: sqrt of x < 0");
-    c.m_dX = std::sqrt(c.m_dX);
+    c.m_dX = Sqrt(c.m_dX);
     return 1;
 }
 
@@ -219,8 +220,8 @@ int OnToRectangular(cCalculator &c, unsigned)
 {
     const double dRadius  = c.m_dX;
     const double dRadians = ToRadians(c.m_dY, c.m_nAngleMode);
-    c.m_dX                = dRadius * std::cos(dRadians);
-    c.m_dY                = dRadius * std::sin(dRadians);
+    c.m_dX                = dRadius * Cos(dRadians);
+    c.m_dY                = dRadius * Sin(dRadians);
     return 1;
 }
 
@@ -230,8 +231,8 @@ int OnToPolar(cCalculator &c, unsigned)
 {
     if (c.m_dX == 0.0 && c.m_dY == 0.0)
         return 1;
-    const double dRadius = std::sqrt(c.m_dX * c.m_dX + c.m_dY * c.m_dY);
-    c.m_dY               = Clamp(FromRadians(std::atan2(c.m_dY, c.m_dX), c.m_nAngleMode));
+    const double dRadius = Sqrt(c.m_dX * c.m_dX + c.m_dY * c.m_dY);
+    c.m_dY               = Clamp(FromRadians(ArcTan2(c.m_dY, c.m_dX), c.m_nAngleMode));
     c.m_dX               = Clamp(dRadius);
     return c.EndOperation(enLift);
 }

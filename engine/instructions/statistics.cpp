@@ -1,9 +1,8 @@
 // statistics.cpp - sums over points (X, Y) in the registers .0 to .5, and what
 // is computed from them.
 
-#include <cmath>
-
 #include "engine/calculator.h"
+#include "engine/elementary/elementary.h"
 #include "engine/instructions/handlers.h"
 
 // Adds (dSign 1) or removes (dSign -1) the point; nothing keeps n from going
@@ -50,7 +49,7 @@ int OnMean(cCalculator &c, unsigned)
 static double SampleDeviation(double dN, double dSum, double dSquares)
 {
     const double dReciprocal = 1.0 / dN;
-    return std::sqrt((dSquares - dReciprocal * dSum * dSum) * (1.0 / (dN - 1.0)));
+    return Sqrt((dSquares - dReciprocal * dSum * dSum) * (1.0 / (dN - 1.0)));
 }
 
 int OnStdDev(cCalculator &c, unsigned)

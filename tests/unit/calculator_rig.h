@@ -24,7 +24,7 @@
 // As CAPTURE, which shows of a const char * only where it points to.
 #define CAPTURE_TEXT(text) INFO(#text " := ", std::string(text))
 
-// Equal but for the last few bits, in which platforms may differ.
+// Equal but for the last few bits, where another formula gives the expected value.
 inline int IsNear(double dActual, double dExpected, double dTolerance = 1e-14)
 {
     return std::fabs(dActual - dExpected) <= dTolerance * std::fabs(dExpected);

@@ -83,17 +83,17 @@ static const cRow kRows[] =
     { "DEG",      0, 0.25,  0.25,                     3,   5, 7, 0,    0, lfOn,   2 },
     { "ln",       0, 0.25,  -1.3862943611198906,      3,   5, 7, 0,    1, lfOn,   2 },
     { "log",      0, 0.25,  -0.60205999132796239,     3,   5, 7, 0,    1, lfOn,   2 },
-    { "->R",      0, 2,     1.9972590695091477, 0.10467191248588766, 5, 7, 0, 1, lfOn, 2 },
+    { "->R",      0, 2,     1.9972590695091477, 0.10467191248588767, 5, 7, 0, 1, lfOn, 2 },
     { "-",        0, 0.25,  2.75,                     5,   7, 7, 0,    1, lfOn,   2 },
     { "e^x",      0, 0.25,  1.2840254166877415,       3,   5, 7, 0,    1, lfOn,   2 },
     { "10^x",     0, 0.25,  1.7782794100389228,       3,   5, 7, 0,    1, lfOn,   2 },
     { "->P",      0, 4,     5,          36.869897645844021, 5, 7, 0,   1, lfOn,   2 },
-    { "sin",      0, 30,    0.5,                      3,   5, 7, 0,    1, lfOn,   2 },
-    { "cos",      0, 60,    0.5,                      3,   5, 7, 0,    1, lfOn,   2 },
-    { "tan",      0, 45,    1,                        3,   5, 7, 0,    1, lfOn,   2 },
+    { "sin",      0, 30,    0.49999999999999994,      3,   5, 7, 0,    1, lfOn,   2 },
+    { "cos",      0, 60,    0.5000000000000001,       3,   5, 7, 0,    1, lfOn,   2 },
+    { "tan",      0, 45,    0.9999999999999999,       3,   5, 7, 0,    1, lfOn,   2 },
     { "+",        0, 0.25,  3.25,                     5,   7, 7, 0,    1, lfOn,   2 },
-    { "sin^-1",   0, 0.5,   30,                       3,   5, 7, 0,    1, lfOn,   2 },
-    { "cos^-1",   0, 0.5,   60,                       3,   5, 7, 0,    1, lfOn,   2 },
+    { "sin^-1",   0, 0.5,   30.000000000000004,       3,   5, 7, 0,    1, lfOn,   2 },
+    { "cos^-1",   0, 0.5,   60.00000000000001,        3,   5, 7, 0,    1, lfOn,   2 },
     { "tan^-1",   0, -1,    -45,                      3,   5, 7, 0,    1, lfOn,   2 },
     { "INT",      0, -2.75, -2,                       3,   5, 7, 0,    1, lfOn,   2 },
     { "sqrt",     0, 0.25,  0.5,                      3,   5, 7, 0,    1, lfOn,   2 },
@@ -107,7 +107,7 @@ static const cRow kRows[] =
     { "PAUSE",    0, 0.25,  0.25,                     3,   5, 7, 0,    0, lfOn,   2 },
     { "/",        0, 0.25,  12,                       5,   7, 7, 0,    1, lfOn,   2 },
     { "R/S",      0, 0.25,  0.25,                     3,   5, 7, 0,    0, lfOn,   3 },
-    { "->H",      0, -2.45, -2.75,                    3,   5, 7, 0,    1, lfOn,   2 },
+    { "->H",      0, -2.45, -2.7500000000000004,      3,   5, 7, 0,    1, lfOn,   2 },
     { "pi",       0, 0.25,  3.1415926535897932,       0.25, 3, 5, 1,   0, lfOn,   2 },
     { "1/x",      0, 0.25,  4,                        3,   5, 7, 0,    1, lfOn,   2 },
     { "x<=y",     0, 3,     3,                        3,   5, 7, 0,    0, lfOn,   2 },
@@ -211,8 +211,8 @@ TEST_CASE("each instruction does to stack, LASTx, registers and line what it sho
             CHECK(Rig.Run(Row.szMnemonic, Row.nOperand) == 1);
 
             const int bStays = Row.bPushesIfLift && !bStackLift;
-            CHECK(IsNear(Rig.X(), Row.dNewX));
-            CHECK(IsNear(Rig.Y(), bStays ? 3 : Row.dNewY));
+            CHECK(Rig.X() == Row.dNewX);
+            CHECK(Rig.Y() == (bStays ? 3 : Row.dNewY));
             CHECK(Rig.Z() == (bStays ? 5 : Row.dNewZ));
             CHECK(Rig.T() == (bStays ? 7 : Row.dNewT));
             CHECK(Rig.State().m_dLastX == (Row.bLastX ? Row.dX : 11));
@@ -338,8 +338,8 @@ TEST_CASE("each clamped instruction holds its result, the others do not")
 
         CHECK(Rig.Run(Row.szMnemonic) == 1);
 
-        CHECK(IsNear(Rig.X(), Row.dNewX));
-        CHECK(IsNear(Rig.Y(), Row.dNewY));
+        CHECK(Rig.X() == Row.dNewX);
+        CHECK(Rig.Y() == Row.dNewY);
         CHECK_FALSE((Row.dNewX == 0 && std::signbit(Rig.X())));
     }
 }
