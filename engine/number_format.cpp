@@ -8,6 +8,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "engine/elementary/wide_number.h"
+
 // Sign, up to 309 integer digits, point, 9 places.
 static const int kPrintRoom = 336;
 
@@ -20,8 +22,7 @@ static const int    kScaledDigits = 20;
 static const int kFractionBits = 52;
 static const int kUnitExponent = 1023 + kFractionBits;
 
-__extension__ typedef unsigned __int128 cWide;
-static const int                        kWideBits = 128;
+static const int kWideBits = 128;
 
 static const char *const kTenSignificant = "%+.9le";
 
@@ -52,15 +53,15 @@ static uint64_t ScaleExactly(double dMagnitude, int nPlaces)
     const int             nBiased  = static_cast<int>(nBits >> kFractionBits);
     const uint64_t        nHidden  = nBiased > 0 ? uint64_t{1} << kFractionBits : 0;
     const uint64_t        nInteger = (nBits & ((uint64_t{1} << kFractionBits) - 1)) | nHidden;
-    const cWide           nProduct = static_cast<cWide>(nInteger) * s_Tens[nPlaces];
+    const cUint128        nProduct = static_cast<cUint128>(nInteger) * s_Tens[nPlaces];
     const int             nShift   = kUnitExponent - std::max(nBiased, 1);
     if (nShift <= 0)
         return static_cast<uint64_t>(nProduct << -nShift);
     if (nShift >= kWideBits)  // the product is far below a half
         return 0;
-    const cWide nHalf  = static_cast<cWide>(1) << (nShift - 1);
-    const cWide nRest  = nProduct & (2 * nHalf - 1);
-    const auto  nFloor = static_cast<uint64_t>(nProduct >> nShift);
+    const cUint128 nHalf  = static_cast<cUint128>(1) << (nShift - 1);
+    const cUint128 nRest  = nProduct & (2 * nHalf - 1);
+    const auto     nFloor = static_cast<uint64_t>(nProduct >> nShift);
     return nFloor + (nRest > nHalf || (nRest == nHalf && nFloor % 2 == 1));
 }
 
