@@ -25,11 +25,7 @@ static int AcceptsOperand(cCalculator &c, const cInstruction &Instruction, unsig
         c.ShowProgramError(kCodeWrongMnemonic);
         return 0;
     }
-    if (Instruction.m_nOperand == opNone)
-        return c.m_szOperand[0] == 0;
-    if (Instruction.m_nOperand == opRegister && c.m_szOperand[0] == '.')
-        return nOperand <= kLargestRegister;
-    return strlen(c.m_szOperand) == 1 && nOperand <= 9;
+    return TakesOperand(Instruction, c.m_szOperand, nOperand);
 }
 
 static unsigned RepairOperand(cCalculator &c, const cInstruction &Instruction, unsigned nOperand)

@@ -40,6 +40,8 @@ enum eRole
     rlNone,
     rlJump,   // sets the current line itself
     rlLabel,  // the target of jumps
+    rlSkip,   // may skip the next line
+    rlStop,   // halts a run
     rlSign    // belongs to number entry while a number is being keyed in
 };
 

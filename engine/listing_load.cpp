@@ -93,15 +93,6 @@ static void StoreLine(cLoad *pLoad, const cListingLine &Line, const char *szLine
     pLoad->ListLine(pLoad->m_nLines, szLine);
 }
 
-static const char *RejectionText(eListingLine nKind)
-{
-    if (nKind == llBadNumber)
-        return "Error: illegal number on line #";
-    if (nKind == llBadOperand)
-        return "Error: illegal operand on line ";  // without "#", on purpose
-    return "Error: unrecognized instr mnemonic on line #";
-}
-
 // Asks whether to continue without the line.
 static int RejectLine(cCalculator &c, const cListingLine &Line, const char *szLine)
 {
@@ -135,7 +126,7 @@ static int ReadLines(cCalculator &c, cLoad *pLoad, const char *pText, const char
         else if (pLoad->m_nLines == kLastLine)
         {
             ShowListingSoFar(c, pLoad);
-            c.AskUser("Program memory overflow", bnOk, icNone);
+            c.AskUser(kOverflowText, bnOk, icNone);
             return 1;
         }
         else

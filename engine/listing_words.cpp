@@ -103,6 +103,24 @@ void ParseListingLine(const char *szLine, const cMnemonicMap &Mnemonics, cListin
         pLine->m_nKind = IsEndOrComment(*SkipBlanks(pToken + nLength)) ? llNumber : llBadNumber;
 }
 
+int TakesOperand(const cInstruction &Instruction, const char *szOperand, unsigned nOperand)
+{
+    if (Instruction.m_nOperand == opNone)
+        return szOperand[0] == 0;
+    if (Instruction.m_nOperand == opRegister && szOperand[0] == '.')
+        return nOperand <= kLargestRegister;
+    return strlen(szOperand) == 1 && nOperand <= 9;
+}
+
+const char *RejectionText(eListingLine nKind)
+{
+    if (nKind == llBadNumber)
+        return "Error: illegal number on line #";
+    if (nKind == llBadOperand)
+        return "Error: illegal operand on line ";  // without "#", on purpose
+    return "Error: unrecognized instr mnemonic on line #";
+}
+
 const char *NextFileLine(const char *pText, const char *pEnd, char (&szLine)[kFileLineText])
 {
     if (pText == pEnd)

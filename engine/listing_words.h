@@ -79,6 +79,17 @@ struct cListingLine : cStep
 // operand is not judged here.
 void ParseListingLine(const char *szLine, const cMnemonicMap &Mnemonics, cListingLine *pLine);
 
+// Whether the instruction takes an operand of this text, "" for none, and value:
+// "5" and ".3", 13, are registers, "12" is not.
+int TakesOperand(const cInstruction &Instruction, const char *szOperand, unsigned nOperand);
+
+// What the loader says of a line that is not accepted, up to the line's number:
+// "Error: illegal number on line #".
+const char *RejectionText(eListingLine nKind);
+
+// What it says when a program line follows line kLastLine.
+const char *const kOverflowText = "Program memory overflow";
+
 // Copies the next line of pText, up to pEnd, without its line end: "\n" or
 // "\r\n". A line longer than 511 bytes, line end included, comes in pieces; a
 // NUL byte hides the rest of its piece. Returns where to continue, null when
