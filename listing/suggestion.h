@@ -1,0 +1,20 @@
+// suggestion.h - what a word that the loader rejects was probably meant to be.
+
+#ifndef LISTING_SUGGESTION_H
+#define LISTING_SUGGESTION_H
+
+#include <string>
+#include <string_view>
+
+struct cInstruction;
+
+// For the first word of a line, neither a mnemonic nor a number: "ENTER" for
+// "enter", "sqrt" for "sqr", "STO 5" for "sto5", "1.5" for "1,5". Empty if
+// nothing is near.
+std::string SuggestWord(std::string_view Word);
+
+// For an operand that the instruction does not take: ".5" for register 15, "5"
+// for "05". Empty if nothing is near.
+std::string SuggestOperand(const cInstruction &Instruction, std::string_view Operand);
+
+#endif
