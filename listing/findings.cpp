@@ -1,0 +1,145 @@
+#include "listing/findings.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "listing/source_lines.h"
+#include "toolkit/utf8.h"
+
+static const size_t kQuotedCharacters = 24;
+
+// clang-format off
+static const cWarningRow s_Warnings[] =
+{
+    { "byte-order-mark", "the file begins with %1, which the loader takes for a part of the first line" },
+    { "no-break-space",  "a no-break space (%1) does not separate words; type a space"                 },
+    { "non-ascii",       "%1 is not ASCII; instructions and numbers are"                               },
+    { "nul-byte",        "a NUL byte hides the rest of the line"                                       },
+    { "long-line",       "the loader splits this line here and reads the rest as another: a line has at most 510 bytes" },
+    { "number-digits",   "%1"                                                                          },
+    { "number-range",    "%1 is beyond the calculator's range and becomes %2"                          },
+    { "missing-label",   "there is no LBL %1: the program would halt here with \"Error: no such label\"" },
+    { "duplicate-label", "LBL %1 is already in line %2; a jump goes to the next one after it, then from the top" },
+    { "unused-label",    "no GTO or GSB goes to LBL %1"                                                },
+    { "unreachable",     "nothing%1 reaches %2"                                                        },
+    { "falls-off-end",   "after program line 98 the run continues in line 01"                          },
+    { "deep-calls",      "%1: the fourth call in a chain ends with \"Error: subr overflow\""           },
+};
+// clang-format on
+
+std::span<const cWarningRow> Warnings()
+{
+    return s_Warnings;
+}
+
+static std::string Filled(const char *szText, std::initializer_list<std::string> Values)
+{
+    std::string Text;
+    for (const char *pText = szText; *pText; pText++)
+    {
+        const size_t nValue = *pText == '%' ? static_cast<size_t>(pText[1] - '1') : Values.size();
+        if (nValue >= Values.size())
+            Text.push_back(*pText);
+        else
+        {
+            Text += Values.begin()[nValue];
+            pText++;
+        }
+    }
+    return Text;
+}
+
+// The bytes of the first character; a byte that is not part of one is one itself.
+static size_t CharacterLength(std::string_view Text)
+{
+    return std::max<size_t>(Utf8Length(Text), 1);
+}
+
+static unsigned ColumnOf(const cSourceLine &Line, std::string_view Place)
+{
+    std::string_view Before =
+        Line.m_Text.substr(0, static_cast<size_t>(Place.data() - Line.m_Text.data()));
+    unsigned nColumn = 1;
+    for (; !Before.empty(); nColumn++)
+        Before.remove_prefix(CharacterLength(Before));
+    return nColumn;
+}
+
+void cFindings::AddError(const cSourceLine &Line, std::string_view Place, const char *szName,
+                         const std::string &Text, const std::string &Suggestion)
+{
+    m_List.push_back({svError, szName, Line.m_nLine, ColumnOf(Line, Place), Text, Suggestion});
+}
+
+void cFindings::Warn(eWarning nWarning, const cSourceLine &Line, std::string_view Place,
+                     std::initializer_list<std::string> Values)
+{
+    const cWarningRow &Row = s_Warnings[nWarning];
+    m_List.push_back({svWarning, Row.m_szName, Line.m_nLine, ColumnOf(Line, Place),
+                      Filled(Row.m_szText, Values), ""});
+}
+
+void cFindings::Sort()
+{
+    std::stable_sort(m_List.begin(), m_List.end(), [](const cFinding &One, const cFinding &Two) {
+        if (One.m_nLine != Two.m_nLine)
+            return One.m_nLine < Two.m_nLine;
+        return One.m_nSeverity < Two.m_nSeverity;
+    });
+}
+
+static unsigned CodePoint(std::string_view Character)
+{
+    const unsigned nLead = static_cast<unsigned char>(Character[0]);
+    if (Character.size() == 1)
+        return nLead;
+    unsigned nCode = nLead & (0x7Fu >> Character.size());
+    for (const char c : Character.substr(1))
+        nCode = nCode << 6 | (static_cast<unsigned char>(c) & 0x3F);
+    return nCode;
+}
+
+std::string CharacterCode(std::string_view Character)
+{
+    char szCode[16];
+    snprintf(szCode, sizeof szCode, Utf8Length(Character) ? "U+%04X" : "byte %02X",
+             CodePoint(Character));
+    return szCode;
+}
+
+// Control characters, blanks other than the space, marks without a width and
+// those that reverse the direction of text.
+static int IsInvisible(unsigned nCode)
+{
+    static const struct
+    {
+        unsigned m_nFirst;
+        unsigned m_nLast;
+    } s_Ranges[] = {
+        {0x00, 0x1F},     {0x7F, 0xA0},     {0xAD, 0xAD},     {0x2000, 0x200F},
+        {0x2028, 0x202F}, {0x205F, 0x206F}, {0x3000, 0x3000}, {0xFEFF, 0xFEFF},
+    };
+    return std::any_of(std::begin(s_Ranges), std::end(s_Ranges), [nCode](const auto &Range) {
+        return nCode >= Range.m_nFirst && nCode <= Range.m_nLast;
+    });
+}
+
+std::string QuotedWord(std::string_view Word)
+{
+    std::string Quoted = "\"";
+    for (size_t nCount = 0; !Word.empty(); nCount++)
+    {
+        if (nCount == kQuotedCharacters)
+        {
+            Quoted += "...";
+            break;
+        }
+        const std::string_view Character = Word.substr(0, CharacterLength(Word));
+        if (!Utf8Length(Word) || IsInvisible(CodePoint(Character)))
+            Quoted += "<" + CharacterCode(Character) + ">";
+        else
+            Quoted += Character;
+        Word.remove_prefix(Character.size());
+    }
+    return Quoted + "\"";
+}

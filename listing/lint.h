@@ -1,0 +1,14 @@
+// lint.h - reports what is wrong or odd in a listing, without running it.
+
+#ifndef LISTING_LINT_H
+#define LISTING_LINT_H
+
+#include <string_view>
+#include <vector>
+
+#include "listing/findings.h"
+
+// Only what the loader rejects.
+std::vector<cFinding> FindListingErrors(std::string_view Text);
+
+#endif

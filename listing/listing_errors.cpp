@@ -1,0 +1,81 @@
+#include "listing/listing_errors.h"
+
+#include <string>
+
+#include "engine/instruction.h"
+#include "engine/mnemonic_map.h"
+#include "listing/findings.h"
+#include "listing/source_lines.h"
+#include "listing/suggestion.h"
+
+static const char *const kWordError     = "mnemonic";
+static const char *const kNumberError   = "number";
+static const char *const kOperandError  = "operand";
+static const char *const kOverflowError = "overflow";
+
+// The loader's message up to its line number.
+static std::string LoaderText(const cSourceLine &Line)
+{
+    const std::string Text = RejectionText(Line.m_Parsed.m_nKind);
+    return Text.substr(0, Text.find(" on line "));
+}
+
+static void FindWordError(const cSourceLine &Line, std::string_view Word, cFindings *pFindings)
+{
+    pFindings->AddError(Line, Word, kWordError, LoaderText(Line) + " " + QuotedWord(Word),
+                        SuggestWord(Word));
+}
+
+static void FindNumberError(const cSourceLine &Line, const cLineWords &Words, cFindings *pFindings)
+{
+    const std::string Text = LoaderText(Line) + ": only a comment may follow " +
+                             std::string(Words.m_Words[0]) + ", not " +
+                             QuotedWord(Words.m_Words[1]);
+    pFindings->AddError(Line, Words.m_Words[1], kNumberError, Text, "");
+}
+
+static std::string WhatItTakes(const cInstruction &Instruction)
+{
+    static const char *const s_Operands[] = {"no operand", "the number of digits, 0 to 9",
+                                             "a register, 0 to 9 or .0 to .10", "a label, 0 to 9"};
+    const std::string        Mnemonic     = Instruction.m_szMnemonic;
+    const int                bIndirect    = Mnemonics().Contains((Mnemonic + " i").c_str());
+    return Mnemonic + " takes " + s_Operands[Instruction.m_nOperand] + (bIndirect ? ", or i" : "");
+}
+
+static void FindOperandError(const cSourceLine &Line, const cLineWords &Words, cFindings *pFindings)
+{
+    // The first word is a mnemonic; the parsed one may be missing, as in "FIX i".
+    const cInstruction &Instruction = *Mnemonics().Find(std::string(Words.m_Words[0]).c_str());
+    const std::string   Text        = LoaderText(Line);
+    const std::string   Takes       = ": " + WhatItTakes(Instruction);
+    if (Words.m_nWords == 1)
+    {
+        pFindings->AddError(Line, Words.m_Words[0], kOperandError, Text + Takes, "");
+        return;
+    }
+    if (Words.m_nWords > 2 && Instruction.m_nOperand != opNone)
+    {
+        pFindings->AddError(
+            Line, Words.m_Words[2], kOperandError,
+            Text + ": only a comment may follow, not " + QuotedWord(Words.m_Words[2]), "");
+        return;
+    }
+    const std::string Suggestion = SuggestOperand(Instruction, Words.m_Words[1]);
+    const std::string Named      = Text + " " + QuotedWord(Words.m_Words[1]);
+    pFindings->AddError(Line, Words.m_Words[1], kOperandError,
+                        Suggestion.empty() ? Named + Takes : Named, Suggestion);
+}
+
+void FindErrors(const cSourceLine &Line, cFindings *pFindings)
+{
+    const cLineWords Words = WordsOf(Line.m_Text);
+    if (Line.m_bOverflow)
+        pFindings->AddError(Line, Words.m_Words[0], kOverflowError, kOverflowText, "");
+    else if (Line.m_Parsed.m_nKind == llBadMnemonic)
+        FindWordError(Line, Words.m_Words[0], pFindings);
+    else if (Line.m_Parsed.m_nKind == llBadNumber)
+        FindNumberError(Line, Words, pFindings);
+    else if (Line.m_Parsed.m_nKind == llBadOperand)
+        FindOperandError(Line, Words, pFindings);
+}
