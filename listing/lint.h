@@ -8,6 +8,9 @@
 
 #include "listing/findings.h"
 
+// The findings by lines. Errors are what the loader rejects.
+std::vector<cFinding> LintListing(std::string_view Text);
+
 // Only what the loader rejects.
 std::vector<cFinding> FindListingErrors(std::string_view Text);
 
