@@ -1,0 +1,144 @@
+#include "listing/program_flow.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "engine/instruction.h"
+#include "listing/source_lines.h"
+
+// clang-format off
+static const struct
+{
+    std::string_view m_Mnemonic;
+    eFlow            m_nFlow;
+} s_Jumps[] =
+{
+    { "GTO",   flGoto         },
+    { "GTO i", flGotoIndirect },
+    { "GSB",   flCall         },
+    { "GSB i", flCallIndirect },
+    { "RTN",   flReturn       },
+};
+// clang-format on
+
+static eFlow FlowOf(const cInstruction &Instruction)
+{
+    if (Instruction.m_nRole == rlSkip)
+        return flSkip;
+    if (Instruction.m_nRole == rlStop)
+        return flStop;
+    for (const auto &Row : s_Jumps)
+        if (Row.m_Mnemonic == Instruction.m_szMnemonic)
+            return Row.m_nFlow;
+    return flNext;
+}
+
+unsigned NextLine(unsigned nLine)
+{
+    return nLine < kLastLine ? nLine + 1 : 1;
+}
+
+cProgramFlow::cProgramFlow()
+{
+    m_Lines.fill({flStop, 0, 0, 0});
+}
+
+void cProgramFlow::SetLine(const cSourceLine &Line)
+{
+    cFlowLine                &Flow         = m_Lines[Line.m_nProgramLine];
+    const cInstruction *const pInstruction = Line.m_Parsed.m_pInstruction;
+    Flow.m_nFlow                           = pInstruction ? FlowOf(*pInstruction) : flNext;
+    Flow.m_bLabel                          = pInstruction && pInstruction->m_nRole == rlLabel;
+    Flow.m_nOperand                        = Line.m_Parsed.m_nOperand;
+}
+
+// As a run searches: downwards from the jump, then from the top.
+unsigned cProgramFlow::FindLabel(unsigned nFrom, unsigned nLabel) const
+{
+    unsigned nLine = nFrom;
+    do
+    {
+        if (m_Lines[nLine].m_bLabel && m_Lines[nLine].m_nOperand == nLabel)
+            return nLine;
+        nLine = NextLine(nLine);
+    }
+    while (nLine != nFrom);
+    return 0;
+}
+
+void cProgramFlow::Connect()
+{
+    for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
+    {
+        cFlowLine &Flow = m_Lines[nLine];
+        if (Flow.m_nFlow == flGoto || Flow.m_nFlow == flCall)
+            Flow.m_nTarget = FindLabel(nLine, Flow.m_nOperand);
+    }
+}
+
+int cProgramFlow::IsIndirect() const
+{
+    return std::any_of(m_Lines.begin(), m_Lines.end(), [](const cFlowLine &Line) {
+        return Line.m_nFlow == flGotoIndirect || Line.m_nFlow == flCallIndirect;
+    });
+}
+
+cLineSet cProgramFlow::Targets() const
+{
+    cLineSet Targets;
+    for (const cFlowLine &Line : m_Lines)
+        if (Line.m_nTarget)
+            Targets.set(Line.m_nTarget);
+    return Targets;
+}
+
+cLineSet cProgramFlow::Entries() const
+{
+    cLineSet Entries;
+    Entries.set(1);
+    for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
+        if (m_Lines[nLine].m_bLabel)
+            Entries.set(nLine);
+    return Entries;
+}
+
+// A jump to a label that is missing is taken to continue, so that one mistake is
+// reported once.
+cLineSet cProgramFlow::After(unsigned nLine, int bInLevel) const
+{
+    const cFlowLine &Flow = m_Lines[nLine];
+    cLineSet         After;
+    if (Flow.m_nTarget && (Flow.m_nFlow == flGoto || !bInLevel))
+        After.set(Flow.m_nTarget);
+    const int bEnds = (Flow.m_nFlow == flGoto && Flow.m_nTarget) || Flow.m_nFlow == flReturn ||
+                      Flow.m_nFlow == flGotoIndirect || (Flow.m_nFlow == flStop && bInLevel);
+    if (!bEnds)
+        After.set(NextLine(nLine));
+    if (Flow.m_nFlow == flSkip)
+        After.set(NextLine(NextLine(nLine)));
+    return After;
+}
+
+cLineSet cProgramFlow::Follow(cLineSet From, const cLineSet &Beyond, int bInLevel) const
+{
+    cLineSet Reached;
+    while (Reached != From)
+    {
+        const cLineSet New = From & ~Reached;
+        Reached            = From;
+        for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
+            if (New[nLine] && !Beyond[nLine])
+                From |= After(nLine, bInLevel);
+    }
+    return Reached;
+}
+
+cLineSet cProgramFlow::Reach(const cLineSet &From) const
+{
+    return Follow(From, {}, 0);
+}
+
+cLineSet cProgramFlow::ReachInLevel(unsigned nFrom, const cLineSet &Beyond) const
+{
+    return Follow(cLineSet().set(nFrom), Beyond, 1);
+}
