@@ -2,21 +2,33 @@
 
 #include "listing/listing_errors.h"
 #include "listing/number_warnings.h"
-#include "listing/source_lines.h"
+#include "listing/program_warnings.h"
+#include "listing/source_program.h"
 #include "listing/text_warnings.h"
 
 std::vector<cFinding> LintListing(std::string_view Text)
 {
-    cFindings     Findings;
-    cSourceReader Reader(Text);
-    cSourceLine   Line;
-    int           bStartsLine = 1;
+    cFindings      Findings;
+    cSourceProgram Program;
+    cSourceReader  Reader(Text);
+    cSourceLine    Line;
+    int            bRejected   = 0;
+    int            bStartsLine = 1;
     while (Reader.Next(&Line))
     {
         FindErrors(Line, &Findings);
         FindTextWarnings(Line, bStartsLine, &Findings);
         FindNumberWarnings(Line, &Findings);
+        Program.Add(Line);
+        bRejected   = bRejected || (Line.m_nProgramLine == 0 && Line.m_Parsed.m_nKind != llComment);
         bStartsLine = !Line.m_bSplit;
+    }
+    Program.Finish();
+    if (!bRejected)
+    {
+        FindLabelWarnings(Program, &Findings);
+        FindFlowWarnings(Program, &Findings);
+        FindCallWarnings(Program, &Findings);
     }
     Findings.Sort();
     return Findings.m_List;

@@ -8,7 +8,9 @@
 
 #include "listing/findings.h"
 
-// The findings by lines. Errors are what the loader rejects.
+// The findings by lines. Errors are what the loader rejects. Labels and the ways
+// of a run are examined only if there are none: with a line missing it is another
+// program.
 std::vector<cFinding> LintListing(std::string_view Text);
 
 // Only what the loader rejects.

@@ -2,7 +2,17 @@
 
 #include <set>
 
+#include "engine/program_line.h"
 #include "tests/unit/calculator_rig.h"
+
+// The lines of a listing, each with "\n".
+static std::string Listing(const std::vector<std::string> &Lines)
+{
+    std::string Text;
+    for (const std::string &Line : Lines)
+        Text += Line + "\n";
+    return Text;
+}
 
 // "3:5 missing-label, 7:1 unreachable": all warnings, errors left out.
 static std::string WarningNames(std::string_view Text)
@@ -131,4 +141,178 @@ TEST_CASE("numbers that cannot be held as they are written are reported")
         CAPTURE_TEXT(Row.szLine);
         CHECK_TEXT(WarningText(Row.szLine), Row.szWarning);
     }
+}
+
+TEST_CASE("a jump to a label that is not there is reported")
+{
+    CHECK_TEXT(WarningNames("LBL 1\n  GTO 2\n"), "2:3 missing-label");
+    CHECK_TEXT(WarningNames("GSB 2\n"), "1:1 missing-label");
+    CHECK_TEXT(WarningNames("LBL 2\nRTN\nGTO 2\n"), "3:1 unreachable");
+    CHECK_TEXT(WarningNames("GTO i\nGSB 3\n"), "2:1 missing-label");
+    CHECK_TEXT(WarningText("GTO 2\n"), "there is no LBL 2: the program would halt here with "
+                                       "\"Error: no such label\"");
+}
+
+TEST_CASE("a label that is given again is reported with the line of the former")
+{
+    CHECK_TEXT(WarningNames("LBL 1\nR/S\n LBL 1\nR/S\nLBL 1\n"),
+               "3:2 duplicate-label, 5:1 duplicate-label");
+    CHECK_TEXT(WarningText("; comment\nLBL 1\nR/S\nLBL 1\n"),
+               "LBL 1 is already in line 2; a jump goes to the next one after it, then from the "
+               "top");
+}
+
+TEST_CASE("a label is unused if no jump finds it and nothing makes it a place to start")
+{
+    // clang-format off
+    static const struct { std::vector<std::string> Lines; const char *szWarnings; } s_Rows[] =
+    {
+        { { "1", "LBL 7", "2" },                   "2:1 unused-label" },
+        { { "LBL 7", "2" },                        "" },  // where R/S starts
+        { { "1", "LBL 7", "2", "GTO 7" },          "" },
+        { { "1", "LBL 7", "x=0", "GSB 7" },        "" },
+        { { "1", "LBL 7", "2", "GSB i" },          "" },
+        { { "1", "LBL 7", "2", "RTN" },            "" },  // may be called from the keyboard
+        { { "1", "LBL 7", "x=0", "RTN", "2" },     "" },
+        { { "1", "R/S", "LBL 7", "2" },            "" },  // nothing runs into it
+        { { "1", "RTN", "LBL 7", "2" },            "" },
+        { { "LBL 1", "GTO 1", "LBL 7", "2" },      "" },
+        { { "x=0", "LBL 7", "2" },                 "2:1 unused-label" },
+        { { "GSB 1", "LBL 7", "R/S", "LBL 1" },    "2:1 unused-label" },
+        { { "; then GSB 7.", "1", "LBL 7", "2" },  "" },
+        { { "1", "LBL 7   ; (lbl 7)", "2" },       "" },
+        { { "1 ; label 7: next", "LBL 7", "2" },   "" },
+        { { "; run --label 7", "1", "LBL 7" },     "" },
+        { { "; GSB 17, GSB 8", "1", "LBL 7" },     "3:1 unused-label" },
+        { { "; 7", "1", "LBL 7" },                 "3:1 unused-label" },
+        { { "LBL 1", "LBL 1", "GTO 1" },           "2:1 duplicate-label, 2:1 unused-label" },
+        { { "LBL 1", "R/S", "LBL 1", "GTO 1" },    "3:1 duplicate-label" },
+    };
+    // clang-format on
+    for (const auto &Row : s_Rows)
+    {
+        const std::string Text = Listing(Row.Lines);
+        CAPTURE(Text);
+        CHECK_TEXT(WarningNames(Text), Row.szWarnings);
+    }
+    CHECK_TEXT(WarningText("1\nLBL 7\n2\n"), "no GTO or GSB goes to LBL 7");
+}
+
+TEST_CASE("lines after a jump are unreachable up to the next label")
+{
+    // clang-format off
+    static const struct { std::vector<std::string> Lines; const char *szWarnings; } s_Rows[] =
+    {
+        { { "LBL 1", "GTO 1", "2", "3" },             "3:1 unreachable" },
+        { { "LBL 1", "GTO 1", "; c", "2", "LBL 3" },  "4:1 unreachable" },
+        { { "LBL 1", "x=0", "GTO 1", "2" },           "" },
+        { { "LBL 1", "DSZ", "GTO 1", "2" },           "" },
+        { { "LBL 1", "x=0", "2", "GTO 1", "3" },      "5:1 unreachable" },
+        { { "LBL 1", "ISZ", "GTO 1", "GTO 1", "3" },  "5:1 unreachable" },
+        { { "LBL 1", "R/S", "3" },                    "" },
+        { { "LBL 1", "GTO 1", "R/S" },                "" },
+        { { "LBL 1", "GTO 1", "R/S", "R/S" },         "" },
+        { { "LBL 1", "GTO 1", "R/S", "2" },           "3:1 unreachable" },
+        { { "LBL 1", "GTO 1", "2", "GTO i" },         "" },
+        { { "LBL 1", "GTO 1", "2", "GSB i" },         "" },
+        { { "LBL 1", "RTN", "2" },                    "3:1 unreachable" },
+        { { "LBL 1", "GSB 1", "2" },                  "2:1 deep-calls" },
+        { { "GTO 9", "2" },                           "1:1 missing-label" },
+        { { "LBL 1", "GTO 1", "5", "LBL 2", "GTO 2", "6" }, "3:1 unreachable, 6:1 unreachable" },
+    };
+    // clang-format on
+    for (const auto &Row : s_Rows)
+    {
+        const std::string Text = Listing(Row.Lines);
+        CAPTURE(Text);
+        CHECK_TEXT(WarningNames(Text), Row.szWarnings);
+    }
+    CHECK_TEXT(WarningText("LBL 1\nGTO 1\n2\n"), "nothing reaches this line");
+    CHECK_TEXT(WarningText("LBL 1\nGTO 1\n2\n3\n"), "nothing reaches this line and the next");
+    CHECK_TEXT(WarningText("LBL 1\nGTO 1\n2\n3\n4\n"), "nothing reaches this line and the next 2");
+    CHECK_TEXT(WarningText("LBL 1\nRTN\n2\n"),
+               "nothing but R/S after a run that RTN has ended reaches this line");
+}
+
+TEST_CASE("a run that continues in line 01 after the last line is reported")
+{
+    // clang-format off
+    static const struct { std::vector<std::string> Last; const char *szWarnings; } s_Rows[] =
+    {
+        { { "1" },                "98:1 falls-off-end" },
+        { { "x=0" },              "98:1 falls-off-end" },
+        { { "GSB 1" },            "98:1 falls-off-end" },
+        { { "GSB i" },            "98:1 falls-off-end" },
+        { { "R/S" },              "" },
+        { { "RTN" },              "" },
+        { { "GTO 1" },            "" },
+        { { "GTO i" },            "" },
+        { { "x=0", "GTO 1" },     "97:1 falls-off-end" },
+        { { "DSZ", "RTN" },       "97:1 falls-off-end" },
+        { { "DSZ", "1" },         "98:1 falls-off-end" },
+        { { "GTO 1", "1" },       "98:1 unreachable" },
+    };
+    // clang-format on
+    for (const auto &Row : s_Rows)
+    {
+        std::vector<std::string> Lines(kLastLine - Row.Last.size(), "CHS");
+        Lines[0] = "LBL 1";
+        Lines[1] = "x=0";  // ends the subroutine, which may be called from the last line
+        Lines[2] = "RTN";
+        Lines.insert(Lines.end(), Row.Last.begin(), Row.Last.end());
+        CAPTURE(Row.Last.front());
+        CHECK_TEXT(WarningNames(Listing(Lines)), Row.szWarnings);
+
+        Lines.erase(Lines.begin() + 10);  // line 98 is R/S then, and a blank line is no line
+        Lines.insert(Lines.begin() + 20, "");
+        CHECK(WarningNames(Listing(Lines)).find("falls-off-end") == std::string::npos);
+    }
+}
+
+TEST_CASE("calls deeper than three levels are reported at the fourth")
+{
+    // clang-format off
+    static const struct { std::vector<std::string> Lines; const char *szWarnings; } s_Rows[] =
+    {
+        { { "GSB 1", "R/S", "LBL 1", "GSB 2", "RTN", "LBL 2", "GSB 3", "RTN", "LBL 3", "RTN" }, "" },
+        { { "GSB 1", "R/S", "LBL 1", "GSB 2", "RTN", "LBL 2", "GSB 3", "RTN",
+            "LBL 3", "GSB 4", "RTN", "LBL 4", "RTN" },                        "10:1 deep-calls" },
+        // from the keyboard a level less is in use
+        { { "LBL 1", "GSB 2", "RTN", "LBL 2", "GSB 3", "RTN", "LBL 3", "GSB 4", "RTN", "LBL 4", "RTN" }, "" },
+        // behind a test, and in the line after one
+        { { "x=0", "GSB 1", "R/S", "LBL 1", "x=0", "GSB 2", "RTN", "LBL 2", "x=0", "GSB 3", "RTN",
+            "LBL 3", "x=0", "GSB 4", "RTN", "LBL 4", "RTN" },                 "14:1 deep-calls" },
+        // GTO stays in the level
+        { { "GSB 1", "R/S", "LBL 1", "GTO 2", "LBL 2", "GTO 3", "LBL 3", "GTO 4", "LBL 4", "GSB 5",
+            "RTN", "LBL 5", "RTN" },                                          "" },
+        // R/S in a subroutine forgets the calls
+        { { "GSB 1", "R/S", "LBL 1", "GSB 2", "RTN", "LBL 2", "R/S", "GSB 3", "RTN",
+            "LBL 3", "GSB 4", "RTN", "LBL 4", "RTN" },                        "" },
+        // a circle that a test can end
+        { { "LBL 1", "DSZ", "GSB 1", "RTN" },                                 "" },
+        { { "LBL 1", "x=0", "RTN", "GSB 2", "RTN", "LBL 2", "GSB 1", "RTN" }, "" },
+        // a circle that nothing ends
+        { { "LBL 1", "5", "GSB 1", "RTN" },                                   "3:1 deep-calls" },
+        { { "LBL 1", "GSB 2", "RTN", "LBL 2", "GSB 1", "RTN" }, "2:1 deep-calls, 5:1 deep-calls" },
+        // the same subroutine one after another
+        { { "GSB 1", "GSB 1", "GSB 1", "GSB 1", "GSB 1", "R/S", "LBL 1", "RTN" }, "" },
+        // calls through i are not followed
+        { { "GSB 1", "R/S", "LBL 1", "GSB 2", "RTN", "LBL 2", "GSB 3", "RTN", "LBL 3", "GSB i", "RTN" }, "" },
+    };
+    // clang-format on
+    for (const auto &Row : s_Rows)
+    {
+        const std::string Text = Listing(Row.Lines);
+        CAPTURE(Text);
+        CHECK_TEXT(WarningNames(Text), Row.szWarnings);
+    }
+    CHECK_TEXT(WarningText("LBL 1\nGSB 1\n"),
+               "GSB 1, GSB 1, GSB 1, GSB 1: the fourth call in a chain ends with "
+               "\"Error: subr overflow\"");
+}
+
+TEST_CASE("labels and flow are left alone in a listing with errors")
+{
+    CHECK_TEXT(WarningNames("LBL 1\nGTO 2\n5\nlbl 2\n"), "");
+    CHECK_TEXT(WarningNames("LBL 1\nGTO 2\n5\nLBL 2\n"), "3:1 unreachable");
 }
