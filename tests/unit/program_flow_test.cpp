@@ -1,6 +1,9 @@
 #include "listing/program_flow.h"
 
+#include <random>
+
 #include "engine/program_line.h"
+#include "listing/lint.h"
 #include "listing/source_program.h"
 #include "tests/unit/calculator_rig.h"
 
@@ -81,4 +84,151 @@ TEST_CASE("jumps, calls, returns, stops and tests are told apart")
         CHECK(Program(Row.szLine).Flow().Line(1).m_nFlow == Row.nFlow);
     }
     CHECK(cProgramFlow().Line(kLastLine).m_nFlow == flStop);
+}
+
+namespace
+{
+
+// Short programs of jumps, tests and a few sums.
+class cRandomProgram
+{
+public:
+    explicit cRandomProgram(unsigned nSeed) : m_Random(nSeed) {}
+
+    std::string Text()
+    {
+        std::string  Text;
+        const size_t nLines = m_Random() % 4 ? 2 + m_Random() % 30 : kLastLine;
+        for (size_t nLine = 0; nLine < nLines; nLine++)
+            Text += Line() + "\n";
+        return Text;
+    }
+
+private:
+    std::string Line()
+    {
+        static const char *const s_Plain[] = {"1",   "CHS", "x<>y", "STO 0", "+",   "x=0",
+                                              "x<0", "DSZ", "ISZ",  "R/S",   "RTN", "x<=y"};
+        static const char *const s_Label[] = {"LBL ", "GTO ", "GSB ", "LBL "};
+        if (m_Random() % 2)
+            return s_Plain[m_Random() % std::size(s_Plain)];
+        return s_Label[m_Random() % std::size(s_Label)] + std::to_string(m_Random() % 4);
+    }
+
+    std::mt19937 m_Random;
+};
+
+// Runs a program and notes the lines that are executed.
+class cWatchedRun
+{
+public:
+    explicit cWatchedRun(const std::string &Text) : m_nDrains(0), m_bFell(0)
+    {
+        m_Rig.Load(Text.c_str());
+        m_Rig.m_Host.m_OnDrain = [this] {
+            Note(m_Rig.State().m_nCurLine);
+            if (++m_nDrains == 300)
+                m_Rig.m_Engine.HaltProgram();
+            return 1;
+        };
+    }
+
+    void Run(unsigned nLine)
+    {
+        m_nDrains = 0;
+        m_nLast   = 0;
+        m_Rig.m_Engine.GoToLine(nLine);
+        Note(nLine);
+        m_Rig.m_Engine.RunProgram();
+    }
+
+    // After R/S the next run begins in the next line; after an error the display
+    // waits for a key.
+    int Continues()
+    {
+        const ProgramLine &Last = m_Rig.State().m_Program[m_nBeforeLast];
+        return Last.m_pInstruction && Last.m_pInstruction->m_nRole == rlStop;
+    }
+
+    cCalculatorRig m_Rig;
+    cLineSet       m_Executed;
+    unsigned       m_nDrains;
+    unsigned       m_nLast       = 0;  // line to be executed next
+    unsigned       m_nBeforeLast = 0;
+    int            m_bFell;  // from the last line, or the one before it, to the first lines
+
+private:
+    void Note(unsigned nLine)
+    {
+        m_nBeforeLast = m_nLast;
+        m_nLast       = nLine;
+        if (!m_nBeforeLast || m_Rig.State().m_bProgramRunning)
+            m_Executed.set(nLine);
+        const ProgramLine &Last  = m_Rig.State().m_Program[m_nBeforeLast];
+        const int          bJump = Last.m_pInstruction && Last.m_pInstruction->m_nRole != rlNone &&
+                          Last.m_pInstruction->m_nRole != rlSkip &&
+                          Last.m_pInstruction->m_nRole != rlLabel;
+        if (m_nBeforeLast >= kLastLine - 1 && nLine <= 2 && !bJump)
+            m_bFell = 1;
+    }
+};
+
+}  // namespace
+
+static int HasWarning(const std::vector<cFinding> &Findings, const std::string &Name,
+                      unsigned nLine = 0)
+{
+    for (const cFinding &Finding : Findings)
+        if (Finding.m_szName == Name && (nLine == 0 || Finding.m_nLine == nLine))
+            return 1;
+    return 0;
+}
+
+// Runs from line 1 and from each label, and on after each R/S.
+static void RunEverywhere(cWatchedRun *pRun, const cSourceProgram &Source)
+{
+    const cLineSet Entries = Source.Flow().Entries();
+    for (unsigned nEntry = 1; nEntry <= kLastLine; nEntry++)
+    {
+        if (!Entries[nEntry])
+            continue;
+        pRun->Run(nEntry);
+        for (int i = 0; i < 20 && pRun->Continues(); i++)
+            pRun->Run(pRun->m_Rig.State().m_nCurLine);
+    }
+}
+
+TEST_CASE("what random programs execute is never reported as unreachable")
+{
+    size_t nUnreachable = 0;
+    size_t nFalls       = 0;
+    size_t nNoLabel     = 0;
+    for (unsigned nSeed = 0; nSeed < 500; nSeed++)
+    {
+        CAPTURE(nSeed);
+        cRandomProgram              Random(nSeed);
+        const std::string           Text     = Random.Text();
+        const std::vector<cFinding> Findings = LintListing(Text);
+        const cSourceProgram        Source   = Program(Text);
+        const cLineSet              Reached  = Source.Flow().Reach(Source.Flow().Entries());
+        CAPTURE(Text);
+        cWatchedRun Run(Text);
+
+        RunEverywhere(&Run, Source);
+
+        CHECK((Run.m_Executed & ~Reached).none());
+        for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
+            if (Run.m_Executed[nLine])
+                CHECK_FALSE(HasWarning(Findings, "unreachable", nLine));
+        if (Run.m_bFell)
+            CHECK(HasWarning(Findings, "falls-off-end"));
+        if (Run.m_Rig.Display() == "Error: no such label")
+            CHECK(HasWarning(Findings, "missing-label", Run.m_Rig.State().m_nCurLine));
+        nUnreachable += HasWarning(Findings, "unreachable") ? 1 : 0;
+        nFalls += Run.m_bFell ? 1 : 0;
+        nNoLabel += Run.m_Rig.Display() == "Error: no such label" ? 1 : 0;
+    }
+    CHECK(nUnreachable > 50);
+    CHECK(nFalls > 5);
+    CHECK(nNoLabel > 5);
 }
