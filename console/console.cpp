@@ -8,7 +8,7 @@
 
 static const char *const kUsage =
     "usage: vorstek-cli run PROGRAM.txt [options]        run a program, print the stack\n"
-    "       vorstek-cli check PROGRAM.txt...             check programs without running them\n"
+    "       vorstek-cli check PROGRAM.txt... [options]   check programs without running them\n"
     "       vorstek-cli script [FILE]                    press keys, print events as JSON\n"
     "       vorstek-cli plot DATA.txt OUT.svg [options]  draw a data file\n"
     "       vorstek-cli gif IN.bmp OUT.gif [options]     convert a picture to GIF\n"
@@ -24,6 +24,12 @@ static const char *const kUsage =
     "  --registers                  also print the registers that are not zero\n"
     "  --json                       print the complete state as one JSON object\n"
     "  --realtime                   let PAUSE wait for one second\n"
+    "\n"
+    "options of check (- is standard input):\n"
+    "  --strict                     warnings make the exit code 1\n"
+    "  --ignore NAME                no warnings of this name; repeatable\n"
+    "  --json                       print each finding as a JSON object\n"
+    "  --name FILE                  name of standard input in the findings\n"
     "\n"
     "options of plot:\n"
     "  --title T  --label T         title and axis label, instead of the file's\n"

@@ -24,6 +24,9 @@ enum eFileKind
 
 eFileKind KindOfFile(const char *szName);
 
+// 1 for a folder, or a link to one.
+int IsFolder(const char *szName);
+
 // 1 if there is an entry of this name, a link that leads nowhere included.
 int IsNameTaken(const char *szName);
 

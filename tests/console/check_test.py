@@ -1,19 +1,28 @@
-"""vorstek-cli check: findings as compilers print them."""
+"""vorstek-cli check: errors and warnings as compilers print them."""
 
-from console_case import ConsoleCase, LinuxCase, main
+import json
+import os
+import re
+
+from console_case import REPOSITORY, ConsoleCase, LinuxCase, main
 from vocabulary import DIGIT, PLAIN, REGISTER
 
 UNRECOGNIZED = "Error: unrecognized instr mnemonic"
 BAD_NUMBER = "Error: illegal number"
 BAD_OPERAND = "Error: illegal operand"
 
+# An error up to the word that it names, or to what is accepted in its place.
+LOADER_PART = re.compile(r'.*?:\d+: (Error: [a-z ]+|Program memory overflow)(?= "|:|$)')
+
 
 class CheckTest(ConsoleCase):
 
     def findings(self, *files, code):
+        """The errors, without the warnings and what follows the loader's message."""
         result = self.start("check", *files)
         self.assertEqual((result.code, result.err), (code, ""))
-        return result.out.splitlines()
+        return [LOADER_PART.match(line)[0] for line in result.out.splitlines()
+                if ": warning: " not in line]
 
     def assert_findings(self, lines, *findings):
         """Each finding is a line number and a message."""
@@ -82,7 +91,8 @@ class CheckTest(ConsoleCase):
         for files in (("missing.txt", "bad.txt"), ("bad.txt", "missing.txt")):
             result = self.start("check", *files)
             self.assertEqual(result.code, 2)
-            self.assertEqual(result.out, "bad.txt:1: " + UNRECOGNIZED + "\n")
+            self.assertEqual(result.out, "bad.txt:1: " + UNRECOGNIZED +
+                             ' "bad": did you mean RAD?\n')
             self.assertRegex(result.err, r"\A[^\n]*missing\.txt[^\n]*\n\Z")
 
     def test_nothing_runs(self):
@@ -99,6 +109,100 @@ class CheckTest(ConsoleCase):
         self.assertEqual(self.findings("program.txt", code=1), ["program.txt:4: " + UNRECOGNIZED])
 
 
+class WarningTest(ConsoleCase):
+    """Which warnings there are is tested with the library; here it is how they
+    are printed, and what the options do."""
+
+    LINES = ("LBL 1", "enter", "STO 12", "1e120")
+    ODD = ("LBL 1", "GTO 1", "  5", "GSB 2")
+
+    def check(self, *arguments, stdin=b""):
+        result = self.start("check", *arguments, stdin=stdin)
+        self.assertEqual(result.err, "")
+        return result
+
+    def test_form_of_errors_and_warnings(self):
+        result = self.check(self.listing(*self.LINES))
+        self.assertEqual((result.code, result.out.splitlines()), (1, [
+            'program.txt:2: Error: unrecognized instr mnemonic "enter": did you mean ENTER?',
+            'program.txt:3: Error: illegal operand "12": did you mean .2?',
+            "program.txt:4:1: warning: 1e120 is beyond the calculator's range and becomes "
+            "9.999999999e+99 [number-range]"]))
+
+    def test_warnings_alone_are_no_failure(self):
+        result = self.check(self.listing(*self.ODD))
+        self.assertEqual((result.code, result.out.splitlines()), (0, [
+            "program.txt:3:3: warning: nothing reaches this line and the next [unreachable]",
+            'program.txt:4:1: warning: there is no LBL 2: the program would halt here with '
+            '"Error: no such label" [missing-label]']))
+
+    def test_strict(self):
+        self.assertEqual(self.check("--strict", self.listing(*self.ODD)).code, 1)
+        self.assertEqual(self.check("--strict", self.listing("LBL 1", "5")).code, 0)
+
+    def test_ignored_warnings(self):
+        name = self.listing(*self.ODD)
+        result = self.check(name, "--ignore", "unreachable")
+        self.assertEqual((result.code, result.out.count("\n")), (0, 1))
+        self.assertIn("[missing-label]", result.out)
+        result = self.check("--ignore", "unreachable", "--ignore", "missing-label", "--strict", name)
+        self.assertEqual((result.code, result.out), (0, ""))
+
+    def test_an_error_cannot_be_ignored(self):
+        result = self.start("check", "--ignore", "mnemonic", self.listing("enter"))
+        self.assertEqual((result.code, result.out, result.err),
+                         (2, "", "vorstek-cli: --ignore: no warning is named 'mnemonic'\n"))
+        result = self.start("check", "--ignore", "unreachabel", self.listing("enter"))
+        self.assertEqual(result.err, "vorstek-cli: --ignore: no warning is named 'unreachabel', "
+                                     "did you mean unreachable?\n")
+
+    def test_json(self):
+        result = self.check("--json", self.listing("\u00e9 ; \u00e9", *self.LINES[1:]))
+        keys = ["file", "line", "column", "severity", "name", "text", "suggestion"]
+        rows = [("program.txt", 1, 1, "error", "mnemonic", UNRECOGNIZED + ' "\u00e9"', None),
+                ("program.txt", 1, 1, "warning", "non-ascii",
+                 '"\u00e9" (U+00E9) is not ASCII; instructions and numbers are', None),
+                ("program.txt", 2, 1, "error", "mnemonic", UNRECOGNIZED + ' "enter"', "ENTER"),
+                ("program.txt", 3, 5, "error", "operand", BAD_OPERAND + ' "12"', ".2"),
+                ("program.txt", 4, 1, "warning", "number-range", "1e120 is beyond the calculator's "
+                 "range and becomes 9.999999999e+99", None)]
+        self.assertEqual(result.code, 1)
+        found = [json.loads(line) for line in result.raw_out.decode("utf-8").splitlines()]
+        self.assertEqual(found, [dict(zip(keys, row)) for row in rows])
+        self.assertEqual([list(finding) for finding in found], len(rows) * [keys])
+
+    def test_standard_input(self):
+        result = self.check("-", stdin="5\nenter\n")
+        self.assertEqual((result.code, result.out.split()[0]), (1, "<stdin>:2:"))
+        result = self.check("-", "--name", "new.txt", stdin="5\nenter\n")
+        self.assertEqual(result.out.split()[0], "new.txt:2:")
+        self.assertEqual(self.check("--", "-", stdin="5\n").code, 0)
+        result = self.check("-", self.listing("LBL 1", "GTO 2"), "--name", "new.txt", stdin="GTO 2")
+        self.assertEqual([line.split()[0] for line in result.out.splitlines()],
+                         ["new.txt:1:1:", "program.txt:2:1:"])
+
+    def test_options_without_their_value(self):
+        for arguments, message in ((["program.txt", "--ignore"], "--ignore needs the name of a warning"),
+                                   (["-", "--name"], "--name needs a file name")):
+            result = self.start("check", *arguments)
+            self.assertEqual((result.code, result.out, result.err),
+                             (2, "", f"vorstek-cli: {message}\n"))
+
+    def test_the_messages_say_why_a_file_cannot_be_read(self):
+        os.mkdir(self.path("folder"))
+        for name, why in (("missing.txt", "no such file"), ("folder", "is a directory")):
+            result = self.start("check", name)
+            self.assertEqual((result.code, result.out, result.err),
+                             (2, "", f"vorstek-cli: cannot read '{name}': {why}\n"))
+
+    def test_programs_for_measuring_have_no_warnings(self):
+        folder = os.path.join(REPOSITORY, "bench", "programs")
+        names = [os.path.join(folder, name) for name in os.listdir(folder) if name.endswith(".txt")]
+        result = self.check("--strict", *names)
+        self.assertGreater(len(names), 3)
+        self.assertEqual((result.code, result.out), (0, ""))
+
+
 class BytesTest(LinuxCase):
 
     def test_a_name_of_any_bytes(self):
@@ -107,7 +211,8 @@ class BytesTest(LinuxCase):
             file.write(b"bad\n")
         result = self.start("check", name)
         self.assertEqual((result.code, result.raw_err), (1, b""))
-        self.assertEqual(result.raw_out, name + b":1: " + UNRECOGNIZED.encode() + b"\n")
+        self.assertEqual(result.raw_out, name + b":1: " + UNRECOGNIZED.encode() +
+                         b' "bad": did you mean RAD?\n')
 
 
 if __name__ == "__main__":

@@ -23,6 +23,12 @@ eFileKind KindOfFile(const char *szName)
     return S_ISFIFO(Status.st_mode) ? fkPipe : fkOther;
 }
 
+int IsFolder(const char *szName)
+{
+    struct stat Status;
+    return stat(szName, &Status) == 0 && S_ISDIR(Status.st_mode);
+}
+
 int IsNameTaken(const char *szName)
 {
     struct stat Status;

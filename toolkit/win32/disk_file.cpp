@@ -28,7 +28,7 @@ static int Status(const char *szName, struct _stat64 *pStatus)
 }
 
 // The status of a folder is not found under a name that ends in a separator.
-static int IsFolder(const char *szName)
+int IsFolder(const char *szName)
 {
     const DWORD dwAttributes = GetFileAttributesW(Wide(szName).c_str());
     return dwAttributes != INVALID_FILE_ATTRIBUTES && (dwAttributes & FILE_ATTRIBUTE_DIRECTORY);

@@ -1,0 +1,23 @@
+// check_options.h - the arguments of "vorstek-cli check".
+
+#ifndef CONSOLE_CHECK_OPTIONS_H
+#define CONSOLE_CHECK_OPTIONS_H
+
+#include <set>
+#include <string>
+#include <vector>
+
+struct cCheckOptions
+{
+    std::vector<std::string> m_Files;             // "-" is standard input
+    std::string              m_Name = "<stdin>";  // of standard input in messages
+    std::set<std::string>    m_Ignored;           // names of warnings
+    int                      m_bStrict = 0;
+    int                      m_bJson   = 0;
+};
+
+// 1, or 0 with a one-line error.
+int ParseCheckOptions(const std::vector<std::string> &Arguments, cCheckOptions *pOptions,
+                      std::string *pError);
+
+#endif

@@ -1,0 +1,19 @@
+// finding_report.h - prints what was found in listings, as compilers do or as
+// JSON Lines.
+
+#ifndef CONSOLE_FINDING_REPORT_H
+#define CONSOLE_FINDING_REPORT_H
+
+#include <string>
+
+#include "listing/findings.h"
+
+// Without a line end:
+//     draw.txt:3: Error: unrecognized instr mnemonic "enter": did you mean ENTER?
+//     draw.txt:7:1: warning: no GTO or GSB goes to LBL 4 [unused-label]
+std::string FindingText(const std::string &FileName, const cFinding &Finding);
+
+// One object, without a line end.
+std::string FindingJson(const std::string &FileName, const cFinding &Finding);
+
+#endif

@@ -1,0 +1,18 @@
+// input_text.h - reads a file that a command line names, or standard input.
+
+#ifndef CONSOLE_INPUT_TEXT_H
+#define CONSOLE_INPUT_TEXT_H
+
+#include <string>
+
+#include "console/console.h"
+
+// The name that stands for standard input.
+const char *const kStandardInput = "-";
+
+// Reads all of the input, line ends as they are. 0 with a line on standard error
+// that names the file and says why it cannot be read: "vorstek-cli: cannot read
+// 'draw.txt': no such file".
+int ReadInput(const std::string &Name, const cStreams &Streams, std::string *pText);
+
+#endif
