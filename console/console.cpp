@@ -9,6 +9,7 @@
 static const char *const kUsage =
     "usage: vorstek-cli run PROGRAM.txt [options]        run a program, print the stack\n"
     "       vorstek-cli check PROGRAM.txt... [options]   check programs without running them\n"
+    "       vorstek-cli fmt PROGRAM.txt... [options]     bring programs into the canonical form\n"
     "       vorstek-cli script [FILE]                    press keys, print events as JSON\n"
     "       vorstek-cli plot DATA.txt OUT.svg [options]  draw a data file\n"
     "       vorstek-cli gif IN.bmp OUT.gif [options]     convert a picture to GIF\n"
@@ -30,6 +31,11 @@ static const char *const kUsage =
     "  --ignore NAME                no warnings of this name; repeatable\n"
     "  --json                       print each finding as a JSON object\n"
     "  --name FILE                  name of standard input in the findings\n"
+    "\n"
+    "options of fmt (- is standard input, written to standard output):\n"
+    "  --check                      change nothing, name the files that would change\n"
+    "  --diff                       change nothing, print the changes\n"
+    "  --name FILE                  name of standard input in messages\n"
     "\n"
     "options of plot:\n"
     "  --title T  --label T         title and axis label, instead of the file's\n"
@@ -73,7 +79,7 @@ static int FindAndRun(const std::vector<std::string> &Arguments, const cStreams 
         int (*m_pCommand)(const std::vector<std::string> &, const cStreams &);
     } s_Commands[] = {
         {"run", RunCommand},   {"check", CheckCommand}, {"script", ScriptCommand},
-        {"plot", PlotCommand}, {"gif", GifCommand},
+        {"plot", PlotCommand}, {"gif", GifCommand},     {"fmt", FmtCommand},
     };
 
     if (Arguments.empty())

@@ -29,6 +29,7 @@ int RunConsole(const std::vector<std::string> &Arguments, const cStreams &Stream
 int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
 int PlotCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
 int CheckCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
+int FmtCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
 int ScriptCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
 int GifCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
 

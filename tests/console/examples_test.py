@@ -982,6 +982,12 @@ class AllTest(ConsoleCase):
 
         self.assertEqual((result.code, result.out, result.err), (0, "", ""))
 
+    def test_each_example_has_the_canonical_form(self):
+        result = self.start("fmt", "--check", "--diff",
+                            *(os.path.join(EXAMPLES, name) for name in listings()))
+
+        self.assertEqual((result.code, result.out, result.err), (0, "", ""))
+
     @staticmethod
     def modes(name):
         """Format and angle that the header says the program sets; else the

@@ -143,14 +143,15 @@ class RandomTest(ConsoleCase):
     def test_random_command_lines(self):
         self.listing("LBL 1", "5", "STO 3", "PAUSE", "SumG", name="program.txt")
         self.write("data.txt", "key 20\nstate\nwalk\n")
-        words = ["run", "check", "script", "plot", "--title", "--type", "stoop", "--size", "90x60",
+        words = ["run", "check", "fmt", "script", "plot", "--title", "--type", "stoop", "--size", "90x60",
                  "--grid", "--no-legend", "graph.svg", "--x", "--y", "--reg", "--label", "--trace", "--graph",
                  "--max-lines", "--registers", "--json", "--realtime", "--help", "--", "-", "",
                  "5=1", "1", "-3e5", "program.txt", "program.txt", "data.txt", "missing.txt",
                  "folder", "trace.txt", "graph.txt", "5=", "x y", "\u00e9"]
         chance = Chance(4)
         for _ in range(rounds(150)):
-            arguments = [chance.choice(("run", "run", "run", "check", "script", "plot", "walk"))]
+            arguments = [chance.choice(("run", "run", "run", "check", "fmt", "script", "plot",
+                                        "walk"))]
             arguments += chance.some(7, lambda: chance.choice(words))
             self.start(*arguments)      # its exit code is looked at there
 

@@ -40,6 +40,9 @@ class UsageTest(ConsoleCase):
                  "unexpected argument 'two.txt': run takes one program"),
                 (["run", "program.txt", "--x"], "--x needs a number"),
                 (["check"], "check needs the file name of at least one program"),
+                (["fmt"], "fmt needs the file name of at least one program"),
+                (["fmt", "--check"], "fmt needs the file name of at least one program"),
+                (["fmt", "-", "--name"], "--name needs a file name"),
                 (["script", "one", "two"], "script takes at most one file"),
                 (["plot", "data.txt"], "plot needs two file names, a data file and a picture"),
                 (["plot", "data.txt", "a.svg", "b.svg"],
@@ -51,11 +54,13 @@ class UsageTest(ConsoleCase):
     def test_files_that_are_not_there(self):
         self.assert_refused("run", "missing.txt", mentions="missing.txt")
         self.assert_refused("check", "missing.txt", mentions="missing.txt")
+        self.assert_refused("fmt", "missing.txt", mentions="missing.txt")
         self.assert_refused("script", "missing.txt", mentions="missing.txt")
 
     def test_unknown_options(self):
         for option in ("--w", "--X", "--xx", "--register"):
             for arguments in (["run", "program.txt", option, "1"], ["check", option, "program.txt"],
+                              ["fmt", option, "program.txt"],
                               ["script", option]):
                 self.assert_refused(*arguments, mentions=f"'{option}' (see vorstek-cli --help)")
 
@@ -130,6 +135,7 @@ class UnwritableOutputTest(LinuxCase):
         self.assert_output_lost("run", "program.txt")
         self.assert_output_lost("run", "quiet.txt", "--json")
         self.assert_output_lost("check", "bad.txt")
+        self.assert_output_lost("fmt", "-", stdin="5\n")
         self.assert_output_lost("script", stdin="state\n")
 
     def test_lost_output_halts_the_program(self):
