@@ -186,27 +186,35 @@ void PrintStep(const cStep &Step, char (&szText)[kStepText])
     JoinWords(Step.m_szText, Step.m_szOperandText, szText);
 }
 
-void PrintLineNumber(unsigned nLine, char (&szNumber)[kListingMark])
+void PrintLineNumber(unsigned nLine, char (&szNumber)[kLineNumberText])
 {
     for (int i = kLineDigits - 1; i >= 0; i--, nLine /= 10)
         szNumber[i] = static_cast<char>('0' + nLine % 10);
     szNumber[kLineDigits] = 0;
 }
 
+static void PrintNumbered(unsigned nLine, const char *szText, char (&szNumbered)[kListedText])
+{
+    char szNumber[kLineNumberText];
+    PrintLineNumber(nLine, szNumber);
+    snprintf(szNumbered, sizeof szNumbered, "%s %s", szNumber, szText);
+}
+
 void PrintNumberedStep(unsigned nLine, const cStep &Step, char (&szText)[kListedText])
 {
     char szStep[kStepText];
     PrintStep(Step, szStep);
-    snprintf(szText, sizeof szText, "%0*u %s", kLineDigits, nLine, szStep);
+    PrintNumbered(nLine, szStep, szText);
 }
 
 void PrintTracedStep(unsigned nLine, const cStep &Step, char (&szText)[kListedText])
 {
+    char szStep[kStepText];
+    char szValue[kStepText] = "";
     if (Step.m_szOperandText[0])
-        snprintf(szText, sizeof szText, "%0*u %s %u", kLineDigits, nLine, Step.m_szText,
-                 Step.m_nOperand);
-    else
-        snprintf(szText, sizeof szText, "%0*u %s", kLineDigits, nLine, Step.m_szText);
+        snprintf(szValue, sizeof szValue, "%u", Step.m_nOperand);
+    JoinWords(Step.m_szText, szValue, szStep);
+    PrintNumbered(nLine, szStep, szText);
 }
 
 static size_t PrintListed(const char *szMark, const char *szText, char *szListed, size_t nSize)
@@ -226,8 +234,10 @@ static size_t PrintMarked(char cMark, const char *szText, char *szListed, size_t
 
 size_t PrintListedLine(unsigned nLine, const char *szText, char *szListed, size_t nSize)
 {
-    char szMark[16];
-    snprintf(szMark, sizeof szMark, "%0*u%s", kLineDigits, nLine, nLine ? " " : "");
+    char szMark[kListingMark + 1];
+    char szNumber[kLineNumberText];
+    PrintLineNumber(nLine, szNumber);
+    snprintf(szMark, sizeof szMark, "%s%s", szNumber, nLine ? " " : "");
     return PrintListed(szMark, szText, szListed, nSize);
 }
 
@@ -246,7 +256,7 @@ int RenumberListedLine(unsigned nLine, char *pListed)
     for (int i = 0; i < kLineDigits; i++)
         if (pListed[i] < '0' || pListed[i] > '9')
             return 0;
-    char szNumber[kListingMark];
+    char szNumber[kLineNumberText];
     PrintLineNumber(nLine, szNumber);
     memcpy(pListed, szNumber, kLineDigits);
     return 1;

@@ -6,6 +6,7 @@
 #ifndef ENGINE_LISTING_WORDS_H
 #define ENGINE_LISTING_WORDS_H
 
+#include <climits>
 #include <cstddef>
 
 #include "engine/program_line.h"
@@ -21,8 +22,11 @@ const unsigned kLargestRegister     = 20;  // ".10"
 const size_t kListingMark  = kLineDigits + 1;
 const size_t kListingExtra = kListingMark + 2;  // characters besides the text
 
-const int kStepText     = 32;  // the longest step with an end: "GSB 4294967295"
-const int kListedText   = kStepText + 8;
+const int kLineNumberText = kLineDigits + 1;  // "05" with its end
+
+// A mnemonic, a blank, and a point with any value: "STO .4294967285".
+const int kStepText     = kMnemonicText + 1 + 1 + CountDigits(UINT_MAX);
+const int kListedText   = kStepText + static_cast<int>(kListingExtra);
 const int kFileLineText = 512;  // a file line of 511 bytes, line end included
 
 // --- steps
@@ -39,8 +43,8 @@ void PrintInstruction(const cInstruction &Instruction, unsigned nOperand,
 // "STO .3", or the number, as the step keeps it.
 void PrintStep(const cStep &Step, char (&szText)[kStepText]);
 
-// "05", as in all texts that show a line number.
-void PrintLineNumber(unsigned nLine, char (&szNumber)[kListingMark]);
+// "05", as in all texts that show a line number. nLine is 0 to kLastLine.
+void PrintLineNumber(unsigned nLine, char (&szNumber)[kLineNumberText]);
 
 // "05 STO .3", for the display.
 void PrintNumberedStep(unsigned nLine, const cStep &Step, char (&szText)[kListedText]);

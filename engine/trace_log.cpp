@@ -67,7 +67,7 @@ static char *PutReturns(const unsigned *pReturns, unsigned nDepth, char *pColumn
 {
     for (unsigned i = 0; i < kReturnLevels; i++)
     {
-        char szLine[kListingMark];
+        char szLine[kLineNumberText];
         memset(szLine, '-', kLineDigits);
         if (i < nDepth)
             PrintLineNumber(pReturns[nDepth - 1 - i], szLine);

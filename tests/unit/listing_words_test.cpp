@@ -1,6 +1,8 @@
 #include "engine/listing_words.h"
 
+#include <climits>
 #include <cstdio>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -320,6 +322,18 @@ TEST_CASE("an instruction is printed with its operand, as a step keeps two chara
         CHECK(Step.m_nOperand == Row.nKept);
         CHECK(Step.m_pInstruction == &Instruction);
     }
+}
+
+TEST_CASE("a step's text has room for the longest mnemonic and the largest operand")
+{
+    const cInstruction Longest = {"seventeen letters", nullptr, opRegister, rlNone};
+    char               szText[kStepText];
+
+    PrintInstruction(Longest, UINT_MAX, szText);
+
+    CHECK_TEXT(szText, "seventeen letters .4294967285");
+    CHECK(strlen(Longest.m_szMnemonic) == kMnemonicText - 1);
+    CHECK(strlen(szText) == kStepText - 1);
 }
 
 TEST_CASE("what is printed of a step is read back as the same step")
