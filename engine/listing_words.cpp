@@ -237,7 +237,7 @@ size_t PrintListedLine(unsigned nLine, const char *szText, char *szListed, size_
     char szMark[kListingMark + 1];
     char szNumber[kLineNumberText];
     PrintLineNumber(nLine, szNumber);
-    snprintf(szMark, sizeof szMark, "%s%s", szNumber, nLine ? " " : "");
+    snprintf(szMark, sizeof szMark, "%s%s", szNumber, szText[0] ? " " : "");
     return PrintListed(szMark, szText, szListed, nSize);
 }
 

@@ -18,7 +18,8 @@ const unsigned kFirstDottedRegister = 10;
 const unsigned kLargestRegister     = 20;  // ".10"
 
 // Listing lines begin with a mark: "05 ", "   " for a comment, "-- " for a
-// rejected line. Line 0 is its number alone, "00". All end in "\r\n".
+// rejected line. A line without text, as line 0 is, is its number alone: "00".
+// All end in "\r\n".
 const size_t kListingMark  = kLineDigits + 1;
 const size_t kListingExtra = kListingMark + 2;  // characters besides the text
 

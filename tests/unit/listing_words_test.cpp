@@ -374,7 +374,7 @@ TEST_CASE("lines of the listing begin with a number or a mark of its width")
     // clang-format off
     CHECK_TEXT(Listed([](char *sz, size_t n) { PrintListedLine(0, "", sz, n); }), "00\r\n");
     CHECK_TEXT(Listed([](char *sz, size_t n) { PrintListedLine(7, "STO .3", sz, n); }), "07 STO .3\r\n");
-    CHECK_TEXT(Listed([](char *sz, size_t n) { PrintListedLine(98, "", sz, n); }), "98 \r\n");
+    CHECK_TEXT(Listed([](char *sz, size_t n) { PrintListedLine(98, "", sz, n); }), "98\r\n");
     CHECK_TEXT(Listed([](char *sz, size_t n) { PrintListedComment("; text", sz, n); }), "   ; text\r\n");
     CHECK_TEXT(Listed([](char *sz, size_t n) { PrintListedRejection("sto 5", sz, n); }), "-- sto 5\r\n");
     CHECK_TEXT(Listed([](char *sz, size_t n) { PrintListedLine(7, "STO .3", sz, n); }, 6), "07 ST");
