@@ -97,9 +97,9 @@ public:
         return 1;
     }
 
-    void SaveLastX(double dFormerX)
+    void SaveLastX(double dLastX)
     {
-        m_dLastX = dFormerX;
+        m_dLastX = dLastX;
         TraceLastX();
     }
 

@@ -45,8 +45,8 @@ enum eRole
     rlSign    // belongs to number entry while a number is being keyed in
 };
 
-// When the former X goes to LASTx: once all else is done, or before it. 0: LASTx
-// stays.
+// When LASTx gets the X from before the operation: once all else is done, or
+// first. 0: never.
 const int kLastXAfter  = 1;
 const int kLastXBefore = 2;
 

@@ -10,9 +10,9 @@
 template <cHandler pHandler, int nLastX, eClamp nClamp, eEnding nEnding>
 static int Execute(cCalculator &c, unsigned nOperand)
 {
-    const double dFormerX = c.m_dX;
+    const double dLastX = c.m_dX;
     if constexpr (nLastX == kLastXBefore)
-        c.SaveLastX(dFormerX);
+        c.SaveLastX(dLastX);
     if (!pHandler(c, nOperand))
         return 0;
     if constexpr (nClamp != clNone)
@@ -20,7 +20,7 @@ static int Execute(cCalculator &c, unsigned nOperand)
     if constexpr (nClamp == clXY)
         c.m_dY = Clamp(c.m_dY);
     if constexpr (nLastX == kLastXAfter)
-        c.SaveLastX(dFormerX);
+        c.SaveLastX(dLastX);
     if constexpr (nEnding != enOwn)
         c.EndOperation(nEnding);
     return 1;
