@@ -19,7 +19,8 @@
 //
 // Such a header declares only what other parts call; everything else is static in
 // its source file. The rest of the engine knows no calculator: listing_words.h,
-// number_format.h, decimal.h, power.h, range.h, mnemonic_map.h, line_box.h.
+// number_format.h, decimal.h, power.h, range.h, mnemonic_map.h, line_box.h,
+// run_lock.h.
 
 #ifndef ENGINE_CALCULATOR_H
 #define ENGINE_CALCULATOR_H

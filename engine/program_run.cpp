@@ -3,12 +3,11 @@
 #include "engine/calculator.h"
 #include "engine/mode_switch.h"
 #include "engine/pending_keys.h"
-#include "resources/calculator_ids.h"
+#include "engine/run_lock.h"
 
 static void EnableRunCommands(cCalculator &c, int bEnable)
 {
-    static const unsigned s_Commands[] = {IDM_NEW, IDM_OPEN, IDM_EXIT, IDM_OPTIONS};
-    for (const unsigned nId : s_Commands)
+    for (const unsigned nId : kLockedInRun)
         c.m_pHost->EnableCommand(nId, bEnable);
 }
 

@@ -52,7 +52,7 @@ public:
     virtual void SetStatusText(const char *szText) = 0;
 
     // Enables or disables a menu command, IDM_OPEN for example, and its toolbar
-    // button.
+    // button. run_lock.h lists those that a run disables.
     virtual void EnableCommand(unsigned nId, int bEnable) = 0;
 
     // Show or hide the boxes beside the face; the window changes its size.

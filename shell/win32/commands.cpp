@@ -2,17 +2,18 @@
 
 #include "shell/win32/vorstek.h"
 
+#include "engine/run_lock.h"
 #include "engine/vorstek_state.h"
 #include "resources/resource.h"
 #include "shell/win32/dialogs.h"
 #include "shell/win32/help.h"
 #include "toolkit/win32/menu_items.h"
 
-// A command that is not allowed during a run is grey in the menu and the toolbar,
-// and is ignored if another program sends it. "Exit" is grey too, but is carried
-// out if it is sent: closing the window ends the run.
+// A command that is not allowed during a run is one of run_lock.h: it is grey in the
+// menu and the toolbar, and is ignored if another program sends it. "Exit" is grey
+// too, but is carried out if it is sent: closing the window ends the run.
 // clang-format off
-const cVorstek::cCommandRow cVorstek::s_Commands[] =
+constexpr cVorstek::cCommandRow cVorstek::s_Commands[] =
 {
     { IDM_NEW,              0, &cVorstek::OnNew             },
     { IDM_OPEN,             0, &cVorstek::OnOpen            },
@@ -39,8 +40,18 @@ const cVorstek::cCommandRow cVorstek::s_Commands[] =
 
 static const UINT kEditMenu = 1;  // position in the menu bar
 
+// Whether the rows allow during a run what the engine leaves enabled.
+template <class cRow, size_t nRows> static constexpr int AgreeWithEngine(const cRow (&Rows)[nRows])
+{
+    for (const cRow &Row : Rows)
+        if (Row.m_nId != IDM_EXIT && Row.m_bWhileRunning == IsLockedInRun(Row.m_nId))
+            return 0;
+    return 1;
+}
+
 LRESULT cVorstek::OnCommand(WPARAM wParam, LPARAM lParam)
 {
+    static_assert(AgreeWithEngine(s_Commands));
     const unsigned nId     = LOWORD(wParam);
     const unsigned nNotice = HIWORD(wParam);
     if (nId == IDC_LISTING && (nNotice == EN_ERRSPACE || nNotice == EN_MAXTEXT))
