@@ -1,8 +1,8 @@
 // back_buffer.h - a bitmap in memory with the contents of a window, which is then
 // painted without flicker and restored without being drawn again.
 
-#ifndef GRAPH_BACK_BUFFER_H
-#define GRAPH_BACK_BUFFER_H
+#ifndef GRAPH_WIN32_BACK_BUFFER_H
+#define GRAPH_WIN32_BACK_BUFFER_H
 
 #include "toolkit/win32/win32.h"
 

@@ -5,8 +5,8 @@
 //     cGdiCanvas      Canvas(Dc.Get(), hFont);
 //     DrawAddedPoint(Layout, *Plot.DataSet(nLine), &Canvas);
 
-#ifndef GRAPH_GDI_CANVAS_H
-#define GRAPH_GDI_CANVAS_H
+#ifndef GRAPH_WIN32_GDI_CANVAS_H
+#define GRAPH_WIN32_GDI_CANVAS_H
 
 #include "toolkit/win32/win32.h"
 

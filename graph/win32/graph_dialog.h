@@ -5,8 +5,8 @@
 // data lines. A dialog therefore stores only their numbers and looks a data line
 // up each time it is needed.
 
-#ifndef GRAPH_GRAPH_DIALOG_H
-#define GRAPH_GRAPH_DIALOG_H
+#ifndef GRAPH_WIN32_GRAPH_DIALOG_H
+#define GRAPH_WIN32_GRAPH_DIALOG_H
 
 #include "toolkit/win32/win32.h"
 

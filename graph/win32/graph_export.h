@@ -1,8 +1,8 @@
 // graph_export.h - writes the plot with its legend to a picture file, BMP or GIF,
 // in a size that the user chooses.
 
-#ifndef GRAPH_GRAPH_EXPORT_H
-#define GRAPH_GRAPH_EXPORT_H
+#ifndef GRAPH_WIN32_GRAPH_EXPORT_H
+#define GRAPH_WIN32_GRAPH_EXPORT_H
 
 #include "toolkit/win32/win32.h"
 

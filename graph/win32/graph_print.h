@@ -1,7 +1,7 @@
 // graph_print.h - prints the plot on one page, as large as the margins allow.
 
-#ifndef GRAPH_GRAPH_PRINT_H
-#define GRAPH_GRAPH_PRINT_H
+#ifndef GRAPH_WIN32_GRAPH_PRINT_H
+#define GRAPH_WIN32_GRAPH_PRINT_H
 
 #include "toolkit/win32/win32.h"
 

@@ -1,8 +1,8 @@
 // vantor.h - the graph's top-level window: a frame with a menu, a status bar and
 // the plot. It belongs to a host, the calculator, or is independent.
 
-#ifndef GRAPH_VANTOR_H
-#define GRAPH_VANTOR_H
+#ifndef GRAPH_WIN32_VANTOR_H
+#define GRAPH_WIN32_VANTOR_H
 
 #include "toolkit/win32/win32.h"
 

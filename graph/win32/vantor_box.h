@@ -1,8 +1,8 @@
 // vantor_box.h - the plot in a window: painting, the readout of points with the
 // mouse, and the legend below it.
 
-#ifndef GRAPH_VANTOR_BOX_H
-#define GRAPH_VANTOR_BOX_H
+#ifndef GRAPH_WIN32_VANTOR_BOX_H
+#define GRAPH_WIN32_VANTOR_BOX_H
 
 #include "toolkit/win32/win32.h"
 

@@ -2,8 +2,8 @@
 // graph's frame, shows a message box if a field is invalid, and changes nothing
 // when it is cancelled.
 
-#ifndef GRAPH_VANTOR_DIALOGS_H
-#define GRAPH_VANTOR_DIALOGS_H
+#ifndef GRAPH_WIN32_VANTOR_DIALOGS_H
+#define GRAPH_WIN32_VANTOR_DIALOGS_H
 
 #include "toolkit/win32/win32.h"
 

@@ -1,8 +1,8 @@
 // vantor_host.h - what the graph's window needs from the program to which it
 // belongs.
 
-#ifndef GRAPH_VANTOR_HOST_H
-#define GRAPH_VANTOR_HOST_H
+#ifndef GRAPH_WIN32_VANTOR_HOST_H
+#define GRAPH_WIN32_VANTOR_HOST_H
 
 #include "toolkit/win32/win32.h"
 

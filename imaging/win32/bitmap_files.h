@@ -1,7 +1,7 @@
 // bitmap_files.h - writes the platform's bitmaps as BMP and GIF files.
 
-#ifndef IMAGING_BITMAP_FILES_H
-#define IMAGING_BITMAP_FILES_H
+#ifndef IMAGING_WIN32_BITMAP_FILES_H
+#define IMAGING_WIN32_BITMAP_FILES_H
 
 #include "toolkit/win32/win32.h"
 

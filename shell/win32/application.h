@@ -1,8 +1,8 @@
 // application.h - the program: its name, its message loop, and its message boxes,
 // which have the program's name as their caption.
 
-#ifndef SHELL_APPLICATION_H
-#define SHELL_APPLICATION_H
+#ifndef SHELL_WIN32_APPLICATION_H
+#define SHELL_WIN32_APPLICATION_H
 
 #include "toolkit/win32/win32.h"
 

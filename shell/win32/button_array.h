@@ -5,8 +5,8 @@
 // Slot 0 fires with a cKeyEvent. Slot 1 fires with the RECT of a display rectangle
 // that has to be redrawn.
 
-#ifndef SHELL_BUTTON_ARRAY_H
-#define SHELL_BUTTON_ARRAY_H
+#ifndef SHELL_WIN32_BUTTON_ARRAY_H
+#define SHELL_WIN32_BUTTON_ARRAY_H
 
 #include "toolkit/win32/win32.h"
 

@@ -1,7 +1,7 @@
 // dialogs.h - the options dialog and the About box.
 
-#ifndef SHELL_DIALOGS_H
-#define SHELL_DIALOGS_H
+#ifndef SHELL_WIN32_DIALOGS_H
+#define SHELL_WIN32_DIALOGS_H
 
 #include "toolkit/win32/win32.h"
 

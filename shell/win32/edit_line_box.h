@@ -3,8 +3,8 @@
 // The edit box counts an empty line after the last line end, and the engine does
 // not: 99 lines of the engine are 100 lines of the edit box.
 
-#ifndef SHELL_EDIT_LINE_BOX_H
-#define SHELL_EDIT_LINE_BOX_H
+#ifndef SHELL_WIN32_EDIT_LINE_BOX_H
+#define SHELL_WIN32_EDIT_LINE_BOX_H
 
 #include "toolkit/win32/win32.h"
 

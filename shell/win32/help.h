@@ -1,7 +1,7 @@
 // help.h - opens the calculator's help.
 
-#ifndef SHELL_HELP_H
-#define SHELL_HELP_H
+#ifndef SHELL_WIN32_HELP_H
+#define SHELL_WIN32_HELP_H
 
 #include "toolkit/win32/win32.h"
 

@@ -1,8 +1,8 @@
 // vorstek.h - the calculator as a window: the engine, the main window, and the
 // host that carries out what the engine asks for.
 
-#ifndef SHELL_VORSTEK_H
-#define SHELL_VORSTEK_H
+#ifndef SHELL_WIN32_VORSTEK_H
+#define SHELL_WIN32_VORSTEK_H
 
 #include "toolkit/win32/win32.h"
 

@@ -1,7 +1,7 @@
 // welcome_dialog.h - the picture shown when the program starts.
 
-#ifndef SHELL_WELCOME_DIALOG_H
-#define SHELL_WELCOME_DIALOG_H
+#ifndef SHELL_WIN32_WELCOME_DIALOG_H
+#define SHELL_WIN32_WELCOME_DIALOG_H
 
 #include "toolkit/win32/win32.h"
 

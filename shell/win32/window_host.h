@@ -1,7 +1,7 @@
 // window_host.h - the message boxes of the calculator's window.
 
-#ifndef SHELL_WINDOW_HOST_H
-#define SHELL_WINDOW_HOST_H
+#ifndef SHELL_WIN32_WINDOW_HOST_H
+#define SHELL_WIN32_WINDOW_HOST_H
 
 #include "toolkit/win32/win32.h"
 

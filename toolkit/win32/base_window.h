@@ -1,8 +1,8 @@
 // base_window.h - a window and what the program knows about it. The program's
 // own windows and the wrappers of the platform's controls derive from it.
 
-#ifndef TOOLKIT_BASE_WINDOW_H
-#define TOOLKIT_BASE_WINDOW_H
+#ifndef TOOLKIT_WIN32_BASE_WINDOW_H
+#define TOOLKIT_WIN32_BASE_WINDOW_H
 
 #include "toolkit/win32/win32.h"
 

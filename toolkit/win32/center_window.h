@@ -1,7 +1,7 @@
 // center_window.h - centres a dialog when it opens.
 
-#ifndef TOOLKIT_CENTER_WINDOW_H
-#define TOOLKIT_CENTER_WINDOW_H
+#ifndef TOOLKIT_WIN32_CENTER_WINDOW_H
+#define TOOLKIT_WIN32_CENTER_WINDOW_H
 
 #include "toolkit/win32/win32.h"
 

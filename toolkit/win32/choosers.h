@@ -1,7 +1,7 @@
 // choosers.h - the platform's dialogs for a colour and for a font.
 
-#ifndef TOOLKIT_CHOOSERS_H
-#define TOOLKIT_CHOOSERS_H
+#ifndef TOOLKIT_WIN32_CHOOSERS_H
+#define TOOLKIT_WIN32_CHOOSERS_H
 
 #include "toolkit/win32/win32.h"
 

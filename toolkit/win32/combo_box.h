@@ -1,8 +1,8 @@
 // combo_box.h - the platform's combo box, which notifies its owner when Enter is
 // pressed in its edit field.
 
-#ifndef TOOLKIT_COMBO_BOX_H
-#define TOOLKIT_COMBO_BOX_H
+#ifndef TOOLKIT_WIN32_COMBO_BOX_H
+#define TOOLKIT_WIN32_COMBO_BOX_H
 
 #include "toolkit/win32/win32.h"
 

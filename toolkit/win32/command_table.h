@@ -8,8 +8,8 @@
 //         { IDM_GRAPH_SAVE, 1, &cVantor::OnSave },
 //     };
 
-#ifndef TOOLKIT_COMMAND_TABLE_H
-#define TOOLKIT_COMMAND_TABLE_H
+#ifndef TOOLKIT_WIN32_COMMAND_TABLE_H
+#define TOOLKIT_WIN32_COMMAND_TABLE_H
 
 #include "toolkit/win32/win32.h"
 

@@ -4,8 +4,8 @@
 // Lines are counted from 0. The platform counts an empty line after the last line
 // end, so "a\r\nb\r\n" has three lines.
 
-#ifndef TOOLKIT_EDIT_BOX_H
-#define TOOLKIT_EDIT_BOX_H
+#ifndef TOOLKIT_WIN32_EDIT_BOX_H
+#define TOOLKIT_WIN32_EDIT_BOX_H
 
 #include "toolkit/win32/win32.h"
 

@@ -1,7 +1,7 @@
 // file_dialogs.h - the platform's dialogs for opening and saving a file.
 
-#ifndef TOOLKIT_FILE_DIALOGS_H
-#define TOOLKIT_FILE_DIALOGS_H
+#ifndef TOOLKIT_WIN32_FILE_DIALOGS_H
+#define TOOLKIT_WIN32_FILE_DIALOGS_H
 
 #include "toolkit/win32/win32.h"
 

@@ -1,8 +1,8 @@
 // file_name_guard.h - refuses names in a file dialog that would make the path too
 // long. Windows checks this itself; Wine's dialog overruns its own buffers.
 
-#ifndef TOOLKIT_FILE_NAME_GUARD_H
-#define TOOLKIT_FILE_NAME_GUARD_H
+#ifndef TOOLKIT_WIN32_FILE_NAME_GUARD_H
+#define TOOLKIT_WIN32_FILE_NAME_GUARD_H
 
 #include "toolkit/win32/win32.h"
 

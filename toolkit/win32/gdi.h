@@ -5,8 +5,8 @@
 //     const cGdiFont     Font(CreateFontIndirectA(&LogFont));  // deleted second
 //     const cSelectGuard Selected(Dc.Get(), Font.Get());       // deselected first
 
-#ifndef TOOLKIT_GDI_H
-#define TOOLKIT_GDI_H
+#ifndef TOOLKIT_WIN32_GDI_H
+#define TOOLKIT_WIN32_GDI_H
 
 #include "toolkit/win32/win32.h"
 

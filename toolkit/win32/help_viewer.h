@@ -1,8 +1,8 @@
 // help_viewer.h - opens compiled help files in the platform's viewer, if it has
 // one.
 
-#ifndef TOOLKIT_HELP_VIEWER_H
-#define TOOLKIT_HELP_VIEWER_H
+#ifndef TOOLKIT_WIN32_HELP_VIEWER_H
+#define TOOLKIT_WIN32_HELP_VIEWER_H
 
 #include "toolkit/win32/win32.h"
 

@@ -1,8 +1,8 @@
 // list_box.h - the platform's list box, with a horizontal scroll bar when an item
 // is too wide.
 
-#ifndef TOOLKIT_LIST_BOX_H
-#define TOOLKIT_LIST_BOX_H
+#ifndef TOOLKIT_WIN32_LIST_BOX_H
+#define TOOLKIT_WIN32_LIST_BOX_H
 
 #include "toolkit/win32/win32.h"
 

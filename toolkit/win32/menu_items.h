@@ -1,7 +1,7 @@
 // menu_items.h - checks and enables the items of a menu, by their command ids.
 
-#ifndef TOOLKIT_MENU_ITEMS_H
-#define TOOLKIT_MENU_ITEMS_H
+#ifndef TOOLKIT_WIN32_MENU_ITEMS_H
+#define TOOLKIT_WIN32_MENU_ITEMS_H
 
 #include "toolkit/win32/win32.h"
 

@@ -12,8 +12,8 @@
 //         return HandleMessage(s_Messages, hWnd, nMessage, wParam, lParam);
 //     }
 
-#ifndef TOOLKIT_MESSAGE_TABLE_H
-#define TOOLKIT_MESSAGE_TABLE_H
+#ifndef TOOLKIT_WIN32_MESSAGE_TABLE_H
+#define TOOLKIT_WIN32_MESSAGE_TABLE_H
 
 #include "toolkit/win32/win32.h"
 

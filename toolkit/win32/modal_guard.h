@@ -2,8 +2,8 @@
 // only its owner; commands of the program's other windows would run within the
 // dialog's message loop.
 
-#ifndef TOOLKIT_MODAL_GUARD_H
-#define TOOLKIT_MODAL_GUARD_H
+#ifndef TOOLKIT_WIN32_MODAL_GUARD_H
+#define TOOLKIT_WIN32_MODAL_GUARD_H
 
 #include "toolkit/win32/win32.h"
 

@@ -6,8 +6,8 @@
 //         return 0;
 //     ... GetSubMenu(Menu.Get(), 0) ...
 
-#ifndef TOOLKIT_OWNED_HANDLE_H
-#define TOOLKIT_OWNED_HANDLE_H
+#ifndef TOOLKIT_WIN32_OWNED_HANDLE_H
+#define TOOLKIT_WIN32_OWNED_HANDLE_H
 
 #include "toolkit/win32/win32.h"
 

@@ -1,7 +1,7 @@
 // page_setup.h - the platform's page-setup dialog.
 
-#ifndef TOOLKIT_PAGE_SETUP_H
-#define TOOLKIT_PAGE_SETUP_H
+#ifndef TOOLKIT_WIN32_PAGE_SETUP_H
+#define TOOLKIT_WIN32_PAGE_SETUP_H
 
 #include "toolkit/win32/win32.h"
 

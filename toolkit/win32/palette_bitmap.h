@@ -1,8 +1,8 @@
 // palette_bitmap.h - a bitmap resource and its palette, for screens that show 256
 // colours at a time.
 
-#ifndef TOOLKIT_PALETTE_BITMAP_H
-#define TOOLKIT_PALETTE_BITMAP_H
+#ifndef TOOLKIT_WIN32_PALETTE_BITMAP_H
+#define TOOLKIT_WIN32_PALETTE_BITMAP_H
 
 #include "toolkit/win32/win32.h"
 

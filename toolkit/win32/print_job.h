@@ -6,8 +6,8 @@
 //     cPrintJob Job(Printer.Dc(), hOwner);
 //     return Job.Send("factorial.txt", 1, [&](int) { return Draw(Printer.Dc()); });
 
-#ifndef TOOLKIT_PRINT_JOB_H
-#define TOOLKIT_PRINT_JOB_H
+#ifndef TOOLKIT_WIN32_PRINT_JOB_H
+#define TOOLKIT_WIN32_PRINT_JOB_H
 
 #include "toolkit/win32/win32.h"
 

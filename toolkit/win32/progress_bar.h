@@ -1,7 +1,7 @@
 // progress_bar.h - the platform's progress bar.
 
-#ifndef TOOLKIT_PROGRESS_BAR_H
-#define TOOLKIT_PROGRESS_BAR_H
+#ifndef TOOLKIT_WIN32_PROGRESS_BAR_H
+#define TOOLKIT_WIN32_PROGRESS_BAR_H
 
 #include "toolkit/win32/win32.h"
 

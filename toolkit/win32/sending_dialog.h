@@ -1,8 +1,8 @@
 // sending_dialog.h - the small window with a Cancel button that is shown while
 // pages are sent to the printer.
 
-#ifndef TOOLKIT_SENDING_DIALOG_H
-#define TOOLKIT_SENDING_DIALOG_H
+#ifndef TOOLKIT_WIN32_SENDING_DIALOG_H
+#define TOOLKIT_WIN32_SENDING_DIALOG_H
 
 #include "toolkit/win32/win32.h"
 

@@ -1,8 +1,8 @@
 // status_bar.h - the platform's status bar: parts with texts, replaced by the help
 // text of a menu item while a menu is open, and an optional progress bar.
 
-#ifndef TOOLKIT_STATUS_BAR_H
-#define TOOLKIT_STATUS_BAR_H
+#ifndef TOOLKIT_WIN32_STATUS_BAR_H
+#define TOOLKIT_WIN32_STATUS_BAR_H
 
 #include "toolkit/win32/win32.h"
 

@@ -1,7 +1,7 @@
 // text_printer.h - prints numbered lines of text, page by page.
 
-#ifndef TOOLKIT_TEXT_PRINTER_H
-#define TOOLKIT_TEXT_PRINTER_H
+#ifndef TOOLKIT_WIN32_TEXT_PRINTER_H
+#define TOOLKIT_WIN32_TEXT_PRINTER_H
 
 #include "toolkit/win32/win32.h"
 

@@ -1,8 +1,8 @@
 // tool_bar.h - the platform's toolbar with its standard images, additional images
 // of the program, and an optional combo box among the buttons.
 
-#ifndef TOOLKIT_TOOL_BAR_H
-#define TOOLKIT_TOOL_BAR_H
+#ifndef TOOLKIT_WIN32_TOOL_BAR_H
+#define TOOLKIT_WIN32_TOOL_BAR_H
 
 #include "toolkit/win32/win32.h"
 

@@ -2,8 +2,8 @@
 // no other header of the platform. The ANSI functions are called, by their full
 // names: CreateWindowExA.
 
-#ifndef TOOLKIT_WIN32_H
-#define TOOLKIT_WIN32_H
+#ifndef TOOLKIT_WIN32_WIN32_H
+#define TOOLKIT_WIN32_WIN32_H
 
 #define WIN32_LEAN_AND_MEAN
 #define NOMINMAX

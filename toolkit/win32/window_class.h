@@ -4,8 +4,8 @@
 //     cWindowClass cKeypad::s_Class;         // one for the class
 //     cWindowClassShare m_ClassShare;        // one in each object, of s_Class
 
-#ifndef TOOLKIT_WINDOW_CLASS_H
-#define TOOLKIT_WINDOW_CLASS_H
+#ifndef TOOLKIT_WIN32_WINDOW_CLASS_H
+#define TOOLKIT_WIN32_WINDOW_CLASS_H
 
 #include "toolkit/win32/win32.h"
 

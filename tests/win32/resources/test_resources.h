@@ -1,7 +1,7 @@
 // test_resources.h - the ids of resources that only the tests use.
 
-#ifndef TESTS_WIN32_TEST_RESOURCES_H
-#define TESTS_WIN32_TEST_RESOURCES_H
+#ifndef TESTS_WIN32_RESOURCES_TEST_RESOURCES_H
+#define TESTS_WIN32_RESOURCES_TEST_RESOURCES_H
 
 // 3 by 2 pixels, 8 bits with a colour table of 4: red, green, blue above;
 // grey (80, 90, 100), red, red below.
