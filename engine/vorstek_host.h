@@ -1,6 +1,10 @@
 // vorstek_host.h - all that the calculator asks of its surroundings. The window
 // program, the console program and the tests each implement it. All calls
 // come from the engine's own thread.
+//
+// Sounds and commands are passed by number, from resources/calculator_ids.h. What a
+// box can show and answer is in toolkit/message_box.h. A text is passed complete; it
+// is in the source file that reports it.
 
 #ifndef ENGINE_VORSTEK_HOST_H
 #define ENGINE_VORSTEK_HOST_H
