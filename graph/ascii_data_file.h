@@ -42,7 +42,7 @@ public:
     // Replaces the content with that of the file. Returns 0 and leaves the object
     // empty when szFile is not a regular file or cannot be read, when it has no
     // data line or one without the least count of numbers (2 with ExplicitX,
-    // else 1), and when the user gives up for lack of memory. A line has at most
+    // else 1), and when memory runs out and the user gives up. A line has at most
     // 99 bytes; a longer one is read as two lines. "1,5 3,8" are four numbers.
     // The line with the fewest numbers gives the number of columns.
     int ReadFromFile(const char *szFile);
@@ -62,8 +62,8 @@ public:
     int Accepts(uint32_t nPoints, const float *pX, const float *pY) const;
 
     // Appends copies of the set's values and label (null or empty: none).
-    // Returns 0 for a set that the file does not accept and when the user gives
-    // up for lack of memory.
+    // Returns 0 for a set that the file does not accept, and when memory runs out
+    // and the user gives up.
     int AddSet(uint32_t nPoints, const float *pX, const float *pY, const char *szLabel);
 
     const char *Title() const { return m_szTitle; }

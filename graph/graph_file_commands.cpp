@@ -45,7 +45,7 @@ static int AddSets(cVantorPlot *pPlot, const cAsciiDataFile &File)
     return 1;
 }
 
-// Returns 0 when the user gave up for lack of memory.
+// Returns 0 if memory ran out and the user gave up.
 static int CollectSets(cAsciiDataFile *pFile, const cVantorPlot &Plot)
 {
     const cVantorDataSet *pSet = Plot.DataSet(1);

@@ -24,11 +24,11 @@ struct cEnteredPoints
 // counts when it begins with two numbers and a comma between them, whatever
 // follows: "1.5 , 2"; without, when one number is all that it holds: " 2 ". The
 // other lines are skipped, so that there may be no points at all. Returns 0 only
-// once the user has given up for lack of memory.
+// if memory ran out and the user gave up.
 int ReadPoints(const char *szText, int bWithX, cMessageBoxes *pBoxes, cEnteredPoints *pPoints);
 
 // The text of a set's points, six digits each: "1.5 , 2\r\n" with x values,
-// "2\r\n" without. Null once the user has given up for lack of memory.
+// "2\r\n" without. Null if memory ran out and the user gave up.
 std::unique_ptr<char[]> WritePoints(const cVantorDataSet &Set, cMessageBoxes *pBoxes);
 
 #endif

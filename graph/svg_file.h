@@ -6,7 +6,7 @@
 #include "graph/vantor_plot.h"
 
 // Writes a picture of nWidth by nHeight pixels. Returns 0 when szFile could not
-// be written or the user gave up for lack of memory; then what was there before
+// be written, or memory ran out and the user gave up; then what was there before
 // is unchanged.
 int SaveSvgFile(const cVantorPlot &Plot, int nWidth, int nHeight, const char *szFile);
 

@@ -156,7 +156,7 @@ TEST_CASE("points are read and written once there is memory again")
     }
 }
 
-TEST_CASE("a user who gives up for lack of memory gets no points and no text")
+TEST_CASE("a user who gives up when memory runs out gets no points and no text")
 {
     cRecordingBoxes Quiet;
     cVantorPlot     Plot(&Quiet);

@@ -328,7 +328,7 @@ TEST_CASE("when memory is short for the trace the user may try again")
     CHECK(Rig.m_Host.m_QuitCodes.empty());
 }
 
-TEST_CASE("giving up for want of memory ends the application and runs nothing")
+TEST_CASE("giving up when memory runs out ends the application and runs nothing")
 {
     cTraceRig Rig;
     Rig.Load("5\n");
