@@ -19,11 +19,15 @@ void ResetProgram(cCalculator &c);
 // Shows the listing of an empty program.
 void ListClearedProgram(cCalculator &c);
 
+// Editing and moving. All return 1, also when they refuse: the steps wrap around,
+// deleting line 0 is refused with a sound.
 int ClearProgram(cCalculator &c);
 int DeleteCurrentLine(cCalculator &c);
 int GoToLine(cCalculator &c, unsigned nLine);
 int StepForward(cCalculator &c);
 int StepBack(cCalculator &c);
+
+// The current line in the display, until the next change of it; run mode only.
 int ShowCurrentLine(cCalculator &c);
 
 // Records a line after the current one; the last line is pushed out. At the

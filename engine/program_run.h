@@ -8,7 +8,10 @@ class cCalculator;
 // Runs from the current line; returns the last line's result. 0 inside a run.
 int RunProgram(cCalculator &c);
 
+// Executes the current line and stays there, unless it jumps. Returns its result.
 int ExecuteCurrentLine(cCalculator &c);
+
+// Executes the current line as a run does. Returns its result, 0 inside a run.
 int SingleStep(cCalculator &c);
 
 #endif

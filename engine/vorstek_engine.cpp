@@ -2,13 +2,11 @@
 
 #include "engine/calculator.h"
 #include "engine/dispatch.h"
-#include "engine/key_actions.h"
 #include "engine/keystrokes.h"
 #include "engine/listing_files.h"
 #include "engine/number_entry.h"
 #include "engine/options.h"
 #include "engine/program_memory.h"
-#include "engine/program_run.h"
 
 cVorstekEngine::cVorstekEngine(cVorstekHost *pHost, cLineBox *pListing, cLineBox *pRegisters)
     : m_pCalculator(std::make_unique<cCalculator>(pHost, pListing, pRegisters))
@@ -31,11 +29,6 @@ const cVorstekState &cVorstekEngine::State()
     return *m_pCalculator;
 }
 
-cVorstekState &cVorstekEngine::MutableState()
-{
-    return *m_pCalculator;
-}
-
 void cVorstekEngine::ShowProgramError(unsigned nCode)
 {
     m_pCalculator->ShowProgramError(nCode);
@@ -44,11 +37,6 @@ void cVorstekEngine::ShowProgramError(unsigned nCode)
 void cVorstekEngine::OnCalcKey(unsigned nKeyCode, int bIsDown)
 {
     ::OnCalcKey(*m_pCalculator, nKeyCode, bIsDown);
-}
-
-int cVorstekEngine::OnDigitKey(unsigned nDigit)
-{
-    return ::OnDigitKey(*m_pCalculator, nDigit);
 }
 
 void cVorstekEngine::OnChar(char cChar)
@@ -81,55 +69,15 @@ int cVorstekEngine::SetRegister(unsigned nRegister, double dValue)
     return m_pCalculator->SetRegister(nRegister, dValue);
 }
 
-int cVorstekEngine::ClearProgram()
-{
-    return ::ClearProgram(*m_pCalculator);
-}
-
-int cVorstekEngine::DeleteCurrentLine()
-{
-    return ::DeleteCurrentLine(*m_pCalculator);
-}
-
 int cVorstekEngine::GoToLine(unsigned nLine)
 {
     return ::GoToLine(*m_pCalculator, nLine);
-}
-
-int cVorstekEngine::StepForward()
-{
-    return ::StepForward(*m_pCalculator);
-}
-
-int cVorstekEngine::StepBack()
-{
-    return ::StepBack(*m_pCalculator);
-}
-
-int cVorstekEngine::ShowCurrentLine()
-{
-    return ::ShowCurrentLine(*m_pCalculator);
 }
 
 int cVorstekEngine::RepairHighlight()
 {
     m_pCalculator->RepairHighlight();
     return 1;
-}
-
-int cVorstekEngine::RunProgram()
-{
-    return ::RunProgram(*m_pCalculator);
-}
-
-int cVorstekEngine::ExecuteCurrentLine()
-{
-    return ::ExecuteCurrentLine(*m_pCalculator);
-}
-
-int cVorstekEngine::SingleStep()
-{
-    return ::SingleStep(*m_pCalculator);
 }
 
 int cVorstekEngine::IsRunning() const
@@ -170,11 +118,6 @@ int cVorstekEngine::SaveProgram(const char *szFileName)
 void cVorstekEngine::TakeLoadedProgram(const char *szFileName)
 {
     ::TakeLoadedProgram(*m_pCalculator, szFileName);
-}
-
-unsigned cVorstekEngine::LoaderLine() const
-{
-    return m_pCalculator->m_nLoaderLine;
 }
 
 int cVorstekEngine::New()

@@ -51,7 +51,6 @@ public:
     // Keys. nKeyCode is 1 to 30 for the keys of the face in row order, 31
     // and 32 for the slide switches; bIsDown 1 for a press, 0 for a release.
     void OnCalcKey(unsigned nKeyCode, int bIsDown);
-    int  OnDigitKey(unsigned nDigit);
 
     // A character of the PC keyboard: a key pressed and released, Escape
     // (27) halts a program, others only sound.
@@ -71,19 +70,9 @@ public:
     int SetStackLevel(unsigned nLevel, double dValue);
     int SetRegister(unsigned nRegister, double dValue);
 
-    // Program memory. GoToLine: 0 to kLastLine; the number after it is line 1.
-    int ClearProgram();
-    int DeleteCurrentLine();
+    // The current line: 0 to kLastLine; the number after it is line 1.
     int GoToLine(unsigned nLine);
-    int StepForward();
-    int StepBack();
-    int ShowCurrentLine();
     int RepairHighlight();
-
-    // Runs from the current line; returns the last line's result.
-    int RunProgram();
-    int ExecuteCurrentLine();
-    int SingleStep();
 
     // A single step counts as running, but no run is in progress then.
     int IsRunning() const;
@@ -107,9 +96,6 @@ public:
     // What follows a successful LoadProgram: the program takes the name, unless
     // the listing box had no room for the complete file.
     void TakeLoadedProgram(const char *szFileName);
-
-    // The line of the file that the loader is at, from 1.
-    unsigned LoaderLine() const;
 
     // File commands of the menu, with their questions and reports.
     int New();
@@ -138,8 +124,9 @@ protected:
     // program, which then continues.
     void ShowProgramError(unsigned nCode);
 
-    // For tests that put the calculator into situations that keys cannot reach.
-    cVorstekState &MutableState();
+    // For tests, which call the parts of the engine and put the calculator into
+    // situations that keys cannot reach.
+    cCalculator &Calculator() { return *m_pCalculator; }
 
 private:
     const std::unique_ptr<cCalculator> m_pCalculator;

@@ -5,10 +5,70 @@
 #include <random>
 #include <sstream>
 
+#include "engine/calculator.h"
+#include "engine/key_actions.h"
+#include "engine/program_memory.h"
+#include "engine/program_run.h"
+
 static std::string Trimmed(std::string Text)
 {
     Text.erase(Text.find_last_not_of(' ') + 1);
     return Text;
+}
+
+cVorstekState &cTestEngine::Raw()
+{
+    return Calculator();
+}
+
+int cTestEngine::OnDigitKey(unsigned nDigit)
+{
+    return ::OnDigitKey(Calculator(), nDigit);
+}
+
+int cTestEngine::ClearProgram()
+{
+    return ::ClearProgram(Calculator());
+}
+
+int cTestEngine::DeleteCurrentLine()
+{
+    return ::DeleteCurrentLine(Calculator());
+}
+
+int cTestEngine::StepForward()
+{
+    return ::StepForward(Calculator());
+}
+
+int cTestEngine::StepBack()
+{
+    return ::StepBack(Calculator());
+}
+
+int cTestEngine::ShowCurrentLine()
+{
+    return ::ShowCurrentLine(Calculator());
+}
+
+int cTestEngine::RunProgram()
+{
+    return ::RunProgram(Calculator());
+}
+
+int cTestEngine::ExecuteCurrentLine()
+{
+    return ::ExecuteCurrentLine(Calculator());
+}
+
+int cTestEngine::SingleStep()
+{
+    return ::SingleStep(Calculator());
+}
+
+unsigned cTestEngine::LoaderLine()
+{
+    return Calculator().m_nLoaderLine;
 }
 
 eAnswer cRecordingHost::Ask(const char *szText, const char *szCaption, eButtons nButtons,

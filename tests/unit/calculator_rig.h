@@ -86,14 +86,28 @@ public:
     std::vector<std::vector<std::pair<double, double>>> m_Graph;
 };
 
-// The engine with its state open to tests.
+// The engine with its parts and its state open to tests.
 class cTestEngine : public cVorstekEngine
 {
 public:
     using cVorstekEngine::cVorstekEngine;
 
     // For putting the calculator into situations that keys cannot reach.
-    cVorstekState &Raw() { return MutableState(); }
+    cVorstekState &Raw();
+
+    // What the keys call. The headers of the parts describe it.
+    int OnDigitKey(unsigned nDigit);
+    int ClearProgram();
+    int DeleteCurrentLine();
+    int StepForward();
+    int StepBack();
+    int ShowCurrentLine();
+    int RunProgram();
+    int ExecuteCurrentLine();
+    int SingleStep();
+
+    // The line of the file that the loader is at, from 1.
+    unsigned LoaderLine();
 };
 
 class cCalculatorRig
