@@ -1,3 +1,5 @@
+// Events of the keys, through keystrokes.cpp, key_actions.cpp and pending_keys.cpp.
+
 #include "tests/unit/calculator_rig.h"
 
 namespace

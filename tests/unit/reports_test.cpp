@@ -1,3 +1,6 @@
+// What calculator.cpp reports: errors of the user, and codes of inconsistencies,
+// whichever part of the engine finds them.
+
 #include <cstdio>
 #include <limits>
 #include <string>
