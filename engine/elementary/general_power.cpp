@@ -12,28 +12,22 @@
 // five times, and smaller parts. The low part is up to 2^-16 of the high one.
 static inline cDoublePair LnForPower(double dValue, double *pdError)
 {
-    const cLogArgument Argument  = SplitForLog(dValue);
-    const cLogRow     &Row       = kLogRows[Argument.m_nRow];
-    const double       dScale    = Argument.m_nExponent;
-    const double       dLeading  = Leading<32>(Argument.m_dSignificand);
-    const auto         Rest      = FastTwoSum(dLeading * Row.m_dInverse - 1.0,
-                                              (Argument.m_dSignificand - dLeading) * Row.m_dInverse);
-    const double       r         = Rest.m_dHigh;
-    const double       dHead     = Leading<26>(r);
-    const double       dHalf     = dHead * (-0.5 * dHead);
-    const double       dHalfLow  = -0.5 * (r - dHead) * (r + dHead) - Rest.m_dLow * r;
-    const double       dSquare   = r * r;
-    const double       dFirst    = 1.0 / 3 - r * 0.25;
-    const double       dSecond   = 1.0 / 5 - r * (1.0 / 6);
-    const double       dThird    = (1.0 / 7 - r * (1.0 / 8)) + dSquare * (1.0 / 9);
-    const double       dMiddle   = dSecond + dSquare * dThird;
-    const double       dSeries   = dSquare * r * (dFirst + dSquare * dMiddle);
-    const double       dTable    = dScale * kLn2High + Row.m_dLogHigh;
-    const double       dTableLow = dScale * kLn2Low + Row.m_dLogLow;
-    const auto         First     = FastTwoSum(dTable, r);
-    const auto         Second    = FastTwoSum(First.m_dHigh, dHalf);
-    const double       dSmall    = First.m_dLow + ((Rest.m_dLow + dTableLow) + dHalfLow);
-    *pdError                     = Magnitude(dSeries) * 0x1.4p-50;
+    const cLogRest Divided  = DivideByRow(SplitForLog(dValue));
+    const double   r        = Divided.m_Rest.m_dHigh;
+    const double   dRestLow = Divided.m_Rest.m_dLow;
+    const double   dHead    = Leading<26>(r);
+    const double   dHalf    = dHead * (-0.5 * dHead);
+    const double   dHalfLow = -0.5 * (r - dHead) * (r + dHead) - dRestLow * r;
+    const double   dSquare  = r * r;
+    const double   dFirst   = 1.0 / 3 - r * 0.25;
+    const double   dSecond  = 1.0 / 5 - r * (1.0 / 6);
+    const double   dThird   = (1.0 / 7 - r * (1.0 / 8)) + dSquare * (1.0 / 9);
+    const double   dMiddle  = dSecond + dSquare * dThird;
+    const double   dSeries  = dSquare * r * (dFirst + dSquare * dMiddle);
+    const auto     First    = FastTwoSum(Divided.m_dTable, r);
+    const auto     Second   = FastTwoSum(First.m_dHigh, dHalf);
+    const double   dSmall   = First.m_dLow + ((dRestLow + Divided.m_dTableLow) + dHalfLow);
+    *pdError                = Magnitude(dSeries) * 0x1.4p-50;
     return {Second.m_dHigh, Second.m_dLow + (dSmall + dSeries)};
 }
 

@@ -20,29 +20,21 @@ struct cLogParts
 
 }  // namespace
 
-// r = significand times inverse, minus 1: at most 2^-7.7, and a sum of two
-// doubles exactly, because the inverse has 11 bits. The series is rounded six
-// times, leaves out 2^-56 of itself, and without the low part of r as much as two
-// more roundings. The sum of the other high parts is exact, and the low ones are
-// below 2^-33; in the row of 1 there are none.
+// The series is rounded six times, leaves out 2^-56 of itself, and without the low
+// part of r as much as two more roundings.
 static inline cLogParts FastLn(const cLogArgument &Argument)
 {
-    const cLogRow &Row       = kLogRows[Argument.m_nRow];
-    const double   dScale    = Argument.m_nExponent;
-    const double   dLeading  = Leading<32>(Argument.m_dSignificand);
-    const auto     Rest      = FastTwoSum(dLeading * Row.m_dInverse - 1.0,
-                                          (Argument.m_dSignificand - dLeading) * Row.m_dInverse);
-    const double   r         = Rest.m_dHigh;
-    const double   dSquare   = r * r;
-    const double   dFirst    = -0.5 + r * (1.0 / 3);
-    const double   dSecond   = -0.25 + r * (1.0 / 5);
-    const double   dThird    = (-1.0 / 6 + r * (1.0 / 7)) - dSquare * (1.0 / 8);
-    const double   dSeries   = dSquare * dFirst + dSquare * dSquare * (dSecond + dSquare * dThird);
-    const double   dTable    = dScale * kLn2High + Row.m_dLogHigh;
-    const double   dTableLow = dScale * kLn2Low + Row.m_dLogLow;
-    const auto     Sum       = FastTwoSum(dTable, r);
-    return {{Sum.m_dHigh, (Sum.m_dLow + (Rest.m_dLow + dTableLow)) + dSeries},
-            Magnitude(dSeries) * 0x1.4p-50 + Magnitude(dTable) * 0x1p-80};
+    const cLogRest Divided = DivideByRow(Argument);
+    const double   r       = Divided.m_Rest.m_dHigh;
+    const double   dSquare = r * r;
+    const double   dFirst  = -0.5 + r * (1.0 / 3);
+    const double   dSecond = -0.25 + r * (1.0 / 5);
+    const double   dThird  = (-1.0 / 6 + r * (1.0 / 7)) - dSquare * (1.0 / 8);
+    const double   dSeries = dSquare * dFirst + dSquare * dSquare * (dSecond + dSquare * dThird);
+    const double   dLow    = Divided.m_Rest.m_dLow + Divided.m_dTableLow;
+    const auto     Sum     = FastTwoSum(Divided.m_dTable, r);
+    return {{Sum.m_dHigh, (Sum.m_dLow + dLow) + dSeries},
+            Magnitude(dSeries) * 0x1.4p-50 + Magnitude(Divided.m_dTable) * 0x1p-80};
 }
 
 // What is no positive normal number.
