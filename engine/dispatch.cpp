@@ -57,3 +57,14 @@ int PerformInstruction(cCalculator &c, const cInstruction &Instruction, unsigned
     return IsRecorded(c, Instruction) ? InsertInstruction(c, Instruction, nOperand)
                                       : Instruction.m_pExecute(c, nOperand);
 }
+
+int PerformStep(cCalculator &c, const cStep &Step)
+{
+    if (Step.m_pInstruction)
+        return PerformInstruction(c, *Step.m_pInstruction, Step.m_nOperand);
+    if (c.m_bProgramMode)
+        return InsertNumberLine(c, Step.m_szText);
+    ProgramLine Line = {};
+    SetNumber(&Line, Step.m_szText);
+    return ExecuteNumberLine(c, Line);
+}

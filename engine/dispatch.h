@@ -6,10 +6,14 @@
 
 class cCalculator;
 struct cInstruction;
+struct cStep;
 
 // 0 also if there is no instruction of this name.
 int Perform(cCalculator &c, const char *szMnemonic, unsigned nOperand);
 
 int PerformInstruction(cCalculator &c, const cInstruction &Instruction, unsigned nOperand);
+
+// An instruction, or a number as a number line.
+int PerformStep(cCalculator &c, const cStep &Step);
 
 #endif

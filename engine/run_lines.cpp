@@ -6,14 +6,18 @@
 
 static const unsigned kCodeNumberLine = 125;
 
-static int ExecuteNumber(cCalculator &c, unsigned nLine)
+int ExecuteNumberLine(cCalculator &c, const ProgramLine &Line)
 {
-    const ProgramLine &Line = c.m_Program[nLine];
     c.PushIfLift();
     if (!Line.m_bNumberParsed)
         c.ShowProgramError(kCodeNumberLine);
     c.m_dX = Line.m_dNumber;
     return c.EndOperation(enLift);
+}
+
+static int ExecuteNumber(cCalculator &c, unsigned nLine)
+{
+    return ExecuteNumberLine(c, c.m_Program[nLine]);
 }
 
 static int ExecuteFirstLine(cCalculator &c, unsigned)

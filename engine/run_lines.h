@@ -33,4 +33,8 @@ struct cRunLines
 // Called after each change of program memory.
 void PrepareRunLines(cCalculator &c);
 
+// A number line puts its number into X; it pushes the stack first unless the line
+// before it, ENTER for one, has said not to. Always returns 1.
+int ExecuteNumberLine(cCalculator &c, const ProgramLine &Line);
+
 #endif

@@ -54,6 +54,11 @@ int cVorstekEngine::Perform(const char *szMnemonic, unsigned nOperand)
     return ::Perform(*m_pCalculator, szMnemonic, nOperand);
 }
 
+int cVorstekEngine::Perform(const cStep &Step)
+{
+    return PerformStep(*m_pCalculator, Step);
+}
+
 int cVorstekEngine::EnterCharacter(char cKey)
 {
     return ::EnterCharacter(*m_pCalculator, cKey);

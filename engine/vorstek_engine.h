@@ -17,6 +17,7 @@
 
 class cCalculator;
 class cLineBox;
+struct cStep;
 struct cVorstekState;
 
 // What the options dialog sets.
@@ -62,6 +63,10 @@ public:
     // Performs an instruction by its mnemonic as the current mode requires:
     // executed, recorded or checked. 0 also if there is none of this name.
     int Perform(const char *szMnemonic, unsigned nOperand);
+
+    // The same for a step of a listing: an instruction with an operand that it
+    // takes, or a number, which is entered as a number line enters it.
+    int Perform(const cStep &Step);
 
     // Number entry: '0' to '9', '.' or 'e'. Always returns 1.
     int EnterCharacter(char cKey);

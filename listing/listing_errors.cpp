@@ -34,15 +34,6 @@ static void FindNumberError(const cSourceLine &Line, const cLineWords &Words, cF
     pFindings->AddError(Line, Words.m_Words[1], kNumberError, Text, "");
 }
 
-static std::string WhatItTakes(const cInstruction &Instruction)
-{
-    static const char *const s_Operands[] = {"no operand", "the number of digits, 0 to 9",
-                                             "a register, 0 to 9 or .0 to .10", "a label, 0 to 9"};
-    const std::string        Mnemonic     = Instruction.m_szMnemonic;
-    const int                bIndirect    = Mnemonics().Contains((Mnemonic + " i").c_str());
-    return Mnemonic + " takes " + s_Operands[Instruction.m_nOperand] + (bIndirect ? ", or i" : "");
-}
-
 static void FindOperandError(const cSourceLine &Line, const cLineWords &Words, cFindings *pFindings)
 {
     // The first word is a mnemonic; the parsed one may be missing, as in "FIX i".

@@ -113,3 +113,12 @@ std::string SuggestOperand(const cInstruction &Instruction, std::string_view Ope
         return RegisterText(nValue);
     return Instruction.m_nOperand != opNone && nValue <= 9 ? std::to_string(nValue) : "";
 }
+
+std::string WhatItTakes(const cInstruction &Instruction)
+{
+    static const char *const s_Operands[] = {"no operand", "the number of digits, 0 to 9",
+                                             "a register, 0 to 9 or .0 to .10", "a label, 0 to 9"};
+    const std::string        Mnemonic     = Instruction.m_szMnemonic;
+    const int                bIndirect    = Mnemonics().Contains((Mnemonic + " i").c_str());
+    return Mnemonic + " takes " + s_Operands[Instruction.m_nOperand] + (bIndirect ? ", or i" : "");
+}

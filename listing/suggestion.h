@@ -17,4 +17,7 @@ std::string SuggestWord(std::string_view Word);
 // for "05". Empty if nothing is near.
 std::string SuggestOperand(const cInstruction &Instruction, std::string_view Operand);
 
+// "STO takes a register, 0 to 9 or .0 to .10, or i", for messages.
+std::string WhatItTakes(const cInstruction &Instruction);
+
 #endif
