@@ -34,30 +34,6 @@ std::vector<std::string> SplitWords(std::string_view Text)
     return Words;
 }
 
-int TakeFileNames(const std::vector<std::string> &Arguments, std::vector<std::string> *pNames,
-                  std::string *pError)
-{
-    int bOptions = 1;
-    for (const std::string &Word : Arguments)
-    {
-        if (bOptions && Word == kEndOfOptions)
-            bOptions = 0;
-        else if (bOptions && Word.starts_with("--"))
-        {
-            *pError = UnknownOption(Word);
-            return 0;
-        }
-        else
-            pNames->push_back(Word);
-    }
-    return 1;
-}
-
-std::string UnknownOption(const std::string &Name)
-{
-    return "unknown option '" + Name + "' (see vorstek-cli --help)";
-}
-
 std::string_view TrimBlanks(std::string_view Text)
 {
     const size_t nFirst = Text.find_first_not_of(kBlanks);

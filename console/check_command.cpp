@@ -5,7 +5,7 @@
 #include <ostream>
 
 #include "console/check_options.h"
-#include "console/console.h"
+#include "console/commands.h"
 #include "console/finding_report.h"
 #include "console/input_text.h"
 #include "listing/lint.h"

@@ -3,12 +3,9 @@
 #include <algorithm>
 #include <string_view>
 
-#include "console/arguments.h"
-#include "console/input_text.h"
 #include "listing/findings.h"
-#include "toolkit/spelling.h"
 
-static int TakeIgnored(const std::string &Name, cCheckOptions *pOptions, std::string *pError)
+static int TakeIgnored(cCheckOptions *pOptions, const std::string &Name, std::string *pError)
 {
     std::vector<std::string_view> Names;
     for (const cWarningRow &Row : Warnings())
@@ -18,74 +15,35 @@ static int TakeIgnored(const std::string &Name, cCheckOptions *pOptions, std::st
         pOptions->m_Ignored.insert(Name);
         return 1;
     }
-    const int nNearest = NearestWord(Name, Names);
-    *pError            = "--ignore: no warning is named '" + Name + "'";
-    if (nNearest >= 0)
-        *pError += ", did you mean " + std::string(Names[static_cast<size_t>(nNearest)]) + "?";
+    *pError = "--ignore: no warning is named '" + Name + "'" + DidYouMean(Name, Names);
     return 0;
 }
 
-static int TakeName(const std::string &Name, cCheckOptions *pOptions, std::string *)
+// clang-format off
+static const cOptionRow s_Rows[] =
 {
-    pOptions->m_Name = Name;
-    return 1;
-}
+    { "--strict", nullptr, nullptr, SetFlag<cCheckOptions, &cCheckOptions::m_bStrict>,
+      "warnings make the exit code 1" },
+    { "--ignore", "NAME", "the name of a warning", Take<cCheckOptions, TakeIgnored>,
+      "no warnings of this name; repeatable" },
+    { "--json", nullptr, nullptr, SetFlag<cCheckOptions, &cCheckOptions::m_bJson>,
+      "print each finding as a JSON object" },
+    { "--name", "FILE", "a file name", TakeText<cCheckOptions, &cCheckOptions::m_Name>,
+      "name of standard input in the findings" },
+};
+// clang-format on
 
-// Takes an option with a value and advances *pnAt to the value.
-static int TakeCheckOption(const std::vector<std::string> &Arguments, size_t *pnAt,
-                           cCheckOptions *pOptions, std::string *pError)
+std::span<const cOptionRow> CheckOptionRows()
 {
-    static const struct
-    {
-        const char *m_szName;
-        int (*m_pTake)(const std::string &, cCheckOptions *, std::string *);
-        const char *m_szWanted;
-    } s_Options[] = {
-        {"--ignore", TakeIgnored, "the name of a warning"},
-        {"--name", TakeName, "a file name"},
-    };
-    const std::string &Name = Arguments[*pnAt];
-    for (const auto &Row : s_Options)
-    {
-        if (Name != Row.m_szName)
-            continue;
-        if (++*pnAt < Arguments.size())
-            return Row.m_pTake(Arguments[*pnAt], pOptions, pError);
-        *pError = Name + " needs " + Row.m_szWanted;
-        return 0;
-    }
-    *pError = UnknownOption(Name);
-    return 0;
-}
-
-static int TakeCheckFlag(const std::string &Name, cCheckOptions *pOptions)
-{
-    if (Name == "--strict")
-        pOptions->m_bStrict = 1;
-    else if (Name == "--json")
-        pOptions->m_bJson = 1;
-    else
-        return 0;
-    return 1;
+    return s_Rows;
 }
 
 int ParseCheckOptions(const std::vector<std::string> &Arguments, cCheckOptions *pOptions,
                       std::string *pError)
 {
-    int bOptions = 1;
-    for (size_t nAt = 0; nAt < Arguments.size(); nAt++)
-    {
-        const std::string &Word = Arguments[nAt];
-        if (bOptions && Word == kEndOfOptions)
-            bOptions = 0;
-        else if (!bOptions || !Word.starts_with("--"))
-            pOptions->m_Files.push_back(Word);
-        else if (!TakeCheckFlag(Word, pOptions) &&
-                 !TakeCheckOption(Arguments, &nAt, pOptions, pError))
-            return 0;
-    }
-    if (!pOptions->m_Files.empty())
-        return 1;
-    *pError = "check needs the file name of at least one program";
-    return 0;
+    if (!ReadOptions(s_Rows, Arguments, pOptions, &pOptions->m_Files, pError))
+        return 0;
+    if (pOptions->m_Files.empty())
+        *pError = "check needs the file name of at least one program";
+    return pError->empty();
 }

@@ -4,8 +4,11 @@
 #define CONSOLE_CHECK_OPTIONS_H
 
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
+
+#include "console/option_table.h"
 
 struct cCheckOptions
 {
@@ -15,6 +18,8 @@ struct cCheckOptions
     int                      m_bStrict = 0;
     int                      m_bJson   = 0;
 };
+
+std::span<const cOptionRow> CheckOptionRows();
 
 // 1, or 0 with a one-line error.
 int ParseCheckOptions(const std::vector<std::string> &Arguments, cCheckOptions *pOptions,

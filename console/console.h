@@ -25,14 +25,6 @@ struct cStreams
 // the exit code. Running out of memory ends the command with kExitUsage.
 int RunConsole(const std::vector<std::string> &Arguments, const cStreams &Streams);
 
-// The commands; Arguments are those after the command's name.
-int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
-int PlotCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
-int CheckCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
-int FmtCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
-int ScriptCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
-int GifCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
-
 // Prints "vorstek-cli: " and the text as one line; returns kExitUsage.
 int ReportUsage(const cStreams &Streams, const std::string &Text);
 

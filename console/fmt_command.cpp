@@ -4,8 +4,7 @@
 #include <cstdio>
 #include <ostream>
 
-#include "console/arguments.h"
-#include "console/console.h"
+#include "console/commands.h"
 #include "console/finding_report.h"
 #include "console/input_text.h"
 #include "console/unified_diff.h"
@@ -25,37 +24,28 @@ struct cFmtOptions
 
 }  // namespace
 
-// Takes the option at *pnAt; advances *pnAt to its value if it has one.
-static int TakeFmtOption(const std::vector<std::string> &Arguments, size_t *pnAt,
-                         cFmtOptions *pOptions, std::string *pError)
+// clang-format off
+static const cOptionRow s_Rows[] =
 {
-    const std::string &Name = Arguments[*pnAt];
-    if (Name == "--check")
-        pOptions->m_bCheck = 1;
-    else if (Name == "--diff")
-        pOptions->m_bDiff = 1;
-    else if (Name != "--name")
-        *pError = UnknownOption(Name);
-    else if (++*pnAt == Arguments.size())
-        *pError = "--name needs a file name";
-    else
-        pOptions->m_Name = Arguments[*pnAt];
-    return pError->empty();
+    { "--check", nullptr, nullptr, SetFlag<cFmtOptions, &cFmtOptions::m_bCheck>,
+      "change nothing, name the files that would change" },
+    { "--diff", nullptr, nullptr, SetFlag<cFmtOptions, &cFmtOptions::m_bDiff>,
+      "change nothing, print the changes" },
+    { "--name", "FILE", "a file name", TakeText<cFmtOptions, &cFmtOptions::m_Name>,
+      "name of standard input in messages" },
+};
+// clang-format on
+
+std::span<const cOptionRow> FmtOptionRows()
+{
+    return s_Rows;
 }
 
 static int ParseFmtOptions(const std::vector<std::string> &Arguments, cFmtOptions *pOptions,
                            std::string *pError)
 {
-    int bOptions = 1;
-    for (size_t nAt = 0; nAt < Arguments.size(); nAt++)
-    {
-        if (bOptions && Arguments[nAt] == kEndOfOptions)
-            bOptions = 0;
-        else if (!bOptions || !Arguments[nAt].starts_with("--"))
-            pOptions->m_Files.push_back(Arguments[nAt]);
-        else if (!TakeFmtOption(Arguments, &nAt, pOptions, pError))
-            return 0;
-    }
+    if (!ReadOptions(s_Rows, Arguments, pOptions, &pOptions->m_Files, pError))
+        return 0;
     if (pOptions->m_Files.empty())
         *pError = "fmt needs the file name of at least one program";
     return pError->empty();

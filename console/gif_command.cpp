@@ -5,8 +5,7 @@
 #include <cstdio>
 #include <memory>
 
-#include "console/arguments.h"
-#include "console/console.h"
+#include "console/commands.h"
 #include "imaging/bmp_reader.h"
 #include "imaging/byte_sink.h"
 #include "imaging/byte_source.h"
@@ -28,33 +27,27 @@ struct cGifArguments
 
 }  // namespace
 
+// clang-format off
+static const cOptionRow s_Rows[] =
+{
+    { "--options", "\"WORD...\"", "a value", TakeText<cGifArguments, &cGifArguments::m_Options>,
+      "ilace xscreen=N yscreen=N xpos=N ypos=N\n"
+      "background=N transcol=N|edge" },
+};
+// clang-format on
+
+std::span<const cOptionRow> GifOptionRows()
+{
+    return s_Rows;
+}
+
 // 1, or 0 with a one-line error.
 static int ParseGifArguments(const std::vector<std::string> &Arguments, cGifArguments *pParsed,
                              std::string *pError)
 {
     std::vector<std::string> Names;
-    int                      bOptions = 1;
-    for (size_t i = 0; i < Arguments.size(); i++)
-    {
-        if (bOptions && Arguments[i] == kEndOfOptions)
-            bOptions = 0;
-        else if (bOptions && Arguments[i] == "--options")
-        {
-            if (++i == Arguments.size())
-            {
-                *pError = "--options needs a value";
-                return 0;
-            }
-            pParsed->m_Options = Arguments[i];
-        }
-        else if (bOptions && Arguments[i].starts_with("--"))
-        {
-            *pError = UnknownOption(Arguments[i]);
-            return 0;
-        }
-        else
-            Names.push_back(Arguments[i]);
-    }
+    if (!ReadOptions(s_Rows, Arguments, pParsed, &Names, pError))
+        return 0;
     if (Names.size() != 2)
     {
         *pError = "gif needs two file names, a BMP file and a GIF file";

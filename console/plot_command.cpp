@@ -1,6 +1,6 @@
 // plot_command.cpp - vorstek-cli plot: draws a data file as a picture.
 
-#include "console/console.h"
+#include "console/commands.h"
 #include "console/plot_options.h"
 #include "graph/graph_file_commands.h"
 #include "graph/svg_file.h"

@@ -2,9 +2,6 @@
 
 #include "console/arguments.h"
 
-// Each stores an option's value; 0 if the value is invalid.
-typedef int (*cTakePlotValue)(cPlotOptions *, const std::string &);
-
 // At most as long as the plot's buffer.
 static int IsPlotText(const std::string &Value)
 {
@@ -61,83 +58,43 @@ static int TakeSize(cPlotOptions *pOptions, const std::string &Value)
 }
 
 // clang-format off
-static const struct
+static const cOptionRow s_Rows[] =
 {
-    const char *m_szName;
-    cTakePlotValue  m_pTake;
-    const char *m_szWanted;
-} s_PlotOptions[] =
-{
-    { "--title", TakeTitle, "a text of at most 100 bytes"             },
-    { "--label", TakeLabel, "a text of at most 100 bytes"             },
-    { "--type",  TakeType,  "plot, stairstep, scatter or stoop"       },
-    { "--size",  TakeSize,  "WxH, width and height from 1 to 16383 pixels" },
+    { "--title", "T", "a text of at most 100 bytes", Take<cPlotOptions, TakeTitle>,
+      "title, instead of the file's" },
+    { "--label", "T", "a text of at most 100 bytes", Take<cPlotOptions, TakeLabel>,
+      "label of the horizontal axis, instead of the file's" },
+    { "--type", "TYPE", "plot, stairstep, scatter or stoop", Take<cPlotOptions, TakeType>,
+      "plot, stairstep, scatter or stoop" },
+    { "--grid", nullptr, nullptr, SetFlag<cPlotOptions, &cPlotOptions::m_bGrid>,
+      "grid lines instead of ticks" },
+    { "--no-legend", nullptr, nullptr, SetFlag<cPlotOptions, &cPlotOptions::m_bLegend, 0>,
+      "omit the legend" },
+    { "--size", "WxH", "WxH, width and height from 1 to 16383 pixels",
+      Take<cPlotOptions, TakeSize>, "size in pixels, default 640x480" },
 };
 // clang-format on
 
-static int TakeFlag(const std::string &Name, cPlotOptions *pOptions)
+std::span<const cOptionRow> PlotOptionRows()
 {
-    if (Name == "--grid")
-        pOptions->m_bGrid = 1;
-    else if (Name == "--no-legend")
-        pOptions->m_bLegend = 0;
-    else
-        return 0;
-    return 1;
-}
-
-// Stores the option at *pnAt and its value; advances *pnAt to the value.
-static int TakeOption(const std::vector<std::string> &Arguments, size_t *pnAt,
-                      cPlotOptions *pOptions, std::string *pError)
-{
-    const std::string &Name = Arguments[*pnAt];
-    for (const auto &Row : s_PlotOptions)
-    {
-        if (Name != Row.m_szName)
-            continue;
-        if (++*pnAt < Arguments.size() && Row.m_pTake(pOptions, Arguments[*pnAt]))
-            return 1;
-        *pError = Name + " needs " + Row.m_szWanted;
-        return 0;
-    }
-    *pError = UnknownOption(Name);
-    return 0;
-}
-
-// The first name is the data file, the second the picture.
-static int TakeFileName(const std::string &Word, cPlotOptions *pOptions, std::string *pError)
-{
-    if (pOptions->m_DataFile.empty())
-        pOptions->m_DataFile = Word;
-    else if (pOptions->m_PictureFile.empty())
-        pOptions->m_PictureFile = Word;
-    else
-    {
-        *pError = "unexpected argument '" + Word + "': plot takes one data file and one picture";
-        return 0;
-    }
-    return 1;
+    return s_Rows;
 }
 
 int ParsePlotOptions(const std::vector<std::string> &Arguments, cPlotOptions *pOptions,
                      std::string *pError)
 {
-    int bOptions = 1;
-    for (size_t nAt = 0; nAt < Arguments.size(); nAt++)
+    std::vector<std::string> Words;
+    if (!ReadOptions(s_Rows, Arguments, pOptions, &Words, pError))
+        return 0;
+    if (Words.size() < 2 || Words[0].empty() || Words[1].empty())
+        *pError = "plot needs two file names, a data file and a picture";
+    else if (Words.size() > 2)
+        *pError =
+            "unexpected argument '" + Words[2] + "': plot takes one data file and one picture";
+    else
     {
-        const std::string &Word = Arguments[nAt];
-        if (bOptions && Word == kEndOfOptions)
-            bOptions = 0;
-        else if (!bOptions || !Word.starts_with("--"))
-        {
-            if (!TakeFileName(Word, pOptions, pError))
-                return 0;
-        }
-        else if (!TakeFlag(Word, pOptions) && !TakeOption(Arguments, &nAt, pOptions, pError))
-            return 0;
+        pOptions->m_DataFile    = Words[0];
+        pOptions->m_PictureFile = Words[1];
     }
-    if (!pOptions->m_PictureFile.empty())
-        return 1;
-    *pError = "plot needs two file names, a data file and a picture";
-    return 0;
+    return pError->empty();
 }

@@ -5,9 +5,11 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "console/option_table.h"
 #include "graph/vantor_plot.h"
 
 // Coordinates of drawn points fit the 16 bits of the platform's drawing
@@ -26,6 +28,8 @@ struct cPlotOptions
     int                        m_nWidth  = kPlotWidth;  // pixels
     int                        m_nHeight = kPlotHeight;
 };
+
+std::span<const cOptionRow> PlotOptionRows();
 
 // 1, or 0 with a one-line error.
 int ParsePlotOptions(const std::vector<std::string> &Arguments, cPlotOptions *pOptions,

@@ -6,11 +6,12 @@
 #include <ostream>
 #include <thread>
 
-#include "console/console.h"
+#include "console/commands.h"
 #include "console/headless_host.h"
 #include "console/json.h"
 #include "console/run_files.h"
 #include "console/run_options.h"
+#include "console/stack_text.h"
 #include "console/state_report.h"
 #include "engine/vorstek_state.h"
 #include "graph/graph_file_commands.h"
@@ -105,23 +106,12 @@ static void SetUp(const cRunOptions &Options, cVorstekEngine *pEngine)
     pEngine->ApplyOptions(Traced);
 }
 
-static std::string LevelText(const char *szText)
-{
-    std::string Text = szText;
-    if (Text.starts_with('+'))
-        Text[0] = ' ';
-    return Text;
-}
-
 static void PrintText(const cRunOptions &Options, cHeadlessCalculator *pCalculator,
                       std::ostream *pOut)
 {
     pCalculator->m_Engine.RefreshViews();
     const cVorstekState &State = pCalculator->m_Engine.State();
-    *pOut << "T  " << LevelText(State.m_szT) << "\n"
-          << "Z  " << LevelText(State.m_szZ) << "\n"
-          << "Y  " << LevelText(State.m_szY) << "\n"
-          << "X  " << LevelText(State.m_szX) << "\n";
+    PrintStack(State, pOut);
     if (!Options.m_bRegisters)
         return;
     for (unsigned nRegister = 0; nRegister < kRegisters; nRegister++)

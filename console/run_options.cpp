@@ -4,9 +4,6 @@
 #include "engine/vorstek_state.h"
 #include "toolkit/dbg_file.h"
 
-// Each stores an option's value; 0 if the value is invalid.
-typedef int (*cTakeRunValue)(cRunOptions *, const std::string &);
-
 template <unsigned nLevel> static int TakeLevel(cRunOptions *pOptions, const std::string &Value)
 {
     double dValue;
@@ -56,89 +53,52 @@ static int TakeGraphFile(cRunOptions *pOptions, const std::string &Value)
 }
 
 // clang-format off
-static const struct
+static const cOptionRow s_Rows[] =
 {
-    const char *m_szName;
-    cTakeRunValue  m_pTake;
-    const char *m_szWanted;
-} s_RunOptions[] =
-{
-    { "--x",         TakeLevel<0>,  "a number"                          },
-    { "--y",         TakeLevel<1>,  "a number"                          },
-    { "--z",         TakeLevel<2>,  "a number"                          },
-    { "--t",         TakeLevel<3>,  "a number"                          },
-    { "--reg",       TakeRegister,  "N=V with a register N from 0 to 29" },
-    { "--label",     TakeLabel,     "a label from 0 to 9"               },
-    { "--trace",     TakeTraceFile, "a file name of up to 259 characters"                       },
-    { "--graph",     TakeGraphFile, "a file name that ends in .txt or .svg"},
-    { "--max-lines", TakeMaxLines,  "a number of lines above 0"         },
-};
-
-static const struct
-{
-    const char      *m_szName;
-    int cRunOptions::*m_pFlag;
-} s_Flags[] =
-{
-    { "--registers", &cRunOptions::m_bRegisters },
-    { "--json",      &cRunOptions::m_bJson      },
-    { "--realtime",  &cRunOptions::m_bRealtime  },
+    { "--x", "V", "a number", Take<cRunOptions, TakeLevel<0>>,
+      "set X before the start" },
+    { "--y", "V", "a number", Take<cRunOptions, TakeLevel<1>>,
+      "set Y before the start" },
+    { "--z", "V", "a number", Take<cRunOptions, TakeLevel<2>>,
+      "set Z before the start" },
+    { "--t", "V", "a number", Take<cRunOptions, TakeLevel<3>>,
+      "set T before the start" },
+    { "--reg", "N=V", "N=V with a register N from 0 to 29", Take<cRunOptions, TakeRegister>,
+      "set register N (0 to 29) before the start" },
+    { "--label", "N", "a label from 0 to 9", Take<cRunOptions, TakeLabel>,
+      "start at label N (0 to 9), as GSB N does" },
+    { "--trace", "FILE", "a file name of up to 259 characters", Take<cRunOptions, TakeTraceFile>,
+      "write a trace of the executed lines" },
+    { "--graph", "FILE", "a file name that ends in .txt or .svg", Take<cRunOptions, TakeGraphFile>,
+      "write the points that the program drew: FILE.txt\n"
+      "as a data file, FILE.svg as a picture" },
+    { "--max-lines", "N", "a number of lines above 0", Take<cRunOptions, TakeMaxLines>,
+      "halt after N executed lines" },
+    { "--registers", nullptr, nullptr, SetFlag<cRunOptions, &cRunOptions::m_bRegisters>,
+      "also print the registers that are not zero" },
+    { "--json", nullptr, nullptr, SetFlag<cRunOptions, &cRunOptions::m_bJson>,
+      "print the complete state as one JSON object" },
+    { "--realtime", nullptr, nullptr, SetFlag<cRunOptions, &cRunOptions::m_bRealtime>,
+      "let PAUSE wait for one second" },
 };
 // clang-format on
 
-static int TakeFlag(const std::string &Name, cRunOptions *pOptions)
+std::span<const cOptionRow> RunOptionRows()
 {
-    for (const auto &Row : s_Flags)
-        if (Name == Row.m_szName)
-        {
-            pOptions->*Row.m_pFlag = 1;
-            return 1;
-        }
-    return 0;
-}
-
-// Stores the option at *pnAt and its value; advances *pnAt to the value.
-static int TakeOption(const std::vector<std::string> &Arguments, size_t *pnAt,
-                      cRunOptions *pOptions, std::string *pError)
-{
-    const std::string &Name = Arguments[*pnAt];
-    for (const auto &Row : s_RunOptions)
-    {
-        if (Name != Row.m_szName)
-            continue;
-        if (++*pnAt < Arguments.size() && Row.m_pTake(pOptions, Arguments[*pnAt]))
-            return 1;
-        *pError = Name + " needs " + Row.m_szWanted;
-        return 0;
-    }
-    *pError = UnknownOption(Name);
-    return 0;
+    return s_Rows;
 }
 
 int ParseRunOptions(const std::vector<std::string> &Arguments, cRunOptions *pOptions,
                     std::string *pError)
 {
-    int bOptions = 1;
-    for (size_t nAt = 0; nAt < Arguments.size(); nAt++)
-    {
-        const std::string &Word = Arguments[nAt];
-        if (bOptions && Word == kEndOfOptions)
-            bOptions = 0;
-        else if (bOptions && Word.starts_with("--"))
-        {
-            if (!TakeFlag(Word, pOptions) && !TakeOption(Arguments, &nAt, pOptions, pError))
-                return 0;
-        }
-        else if (pOptions->m_Program.empty())
-            pOptions->m_Program = Word;
-        else
-        {
-            *pError = "unexpected argument '" + Word + "': run takes one program";
-            return 0;
-        }
-    }
-    if (!pOptions->m_Program.empty())
-        return 1;
-    *pError = "run needs the file name of a program";
-    return 0;
+    std::vector<std::string> Words;
+    if (!ReadOptions(s_Rows, Arguments, pOptions, &Words, pError))
+        return 0;
+    if (Words.empty() || Words[0].empty())
+        *pError = "run needs the file name of a program";
+    else if (Words.size() > 1)
+        *pError = "unexpected argument '" + Words[1] + "': run takes one program";
+    else
+        pOptions->m_Program = Words[0];
+    return pError->empty();
 }

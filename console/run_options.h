@@ -4,9 +4,12 @@
 #define CONSOLE_RUN_OPTIONS_H
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "console/option_table.h"
 
 struct cRunOptions
 {
@@ -22,6 +25,8 @@ struct cRunOptions
     int                                      m_bJson        = 0;
     int                                      m_bRealtime    = 0;
 };
+
+std::span<const cOptionRow> RunOptionRows();
 
 // 1, or 0 with a one-line error.
 int ParseRunOptions(const std::vector<std::string> &Arguments, cRunOptions *pOptions,

@@ -8,7 +8,7 @@
 #include <ostream>
 
 #include "console/arguments.h"
-#include "console/console.h"
+#include "console/commands.h"
 #include "console/json.h"
 #include "console/script_host.h"
 #include "console/state_report.h"
@@ -376,7 +376,7 @@ int ScriptCommand(const std::vector<std::string> &Arguments, const cStreams &Str
 {
     std::vector<std::string> Names;
     std::string              Error;
-    if (!TakeFileNames(Arguments, &Names, &Error))
+    if (!ReadOptions({}, Arguments, nullptr, &Names, &Error))
         return ReportUsage(Streams, Error);
     if (Names.size() > 1)
         return ReportUsage(Streams, "script takes at most one file");

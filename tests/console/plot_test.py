@@ -182,7 +182,7 @@ class RefusalTest(PictureCase):
     def test_unknown_options(self):
         for option in ("--legend", "--Grid", "--json"):
             self.assert_refused("data.txt", "out.svg", option,
-                                mentions=f"'{option}' (see vorstek-cli --help)")
+                                mentions=f"vorstek-cli: unknown option '{option}'")
 
     def test_no_option_behind_two_dashes(self):
         self.write("data.txt", DATA)

@@ -3,6 +3,7 @@ runs, and what happens when output cannot be written. And the script that
 builds the program and passes its arguments on."""
 
 import os
+import re
 import shutil
 import subprocess
 import time
@@ -58,11 +59,31 @@ class UsageTest(ConsoleCase):
         self.assert_refused("script", "missing.txt", mentions="missing.txt")
 
     def test_unknown_options(self):
-        for option in ("--w", "--X", "--xx", "--register"):
+        for option in ("--w", "--wxyz", "--"  + 40 * "x"):
             for arguments in (["run", "program.txt", option, "1"], ["check", option, "program.txt"],
-                              ["fmt", option, "program.txt"],
-                              ["script", option]):
-                self.assert_refused(*arguments, mentions=f"'{option}' (see vorstek-cli --help)")
+                              ["fmt", option, "program.txt"], ["plot", option], ["gif", option],
+                              ["script", option], ["help", option]):
+                self.assert_refused(*arguments, mentions=f"unknown option '{option}' "
+                                                         "(see vorstek-cli --help)")
+
+    def test_misspelt_words_are_answered_with_the_nearest(self):
+        for arguments, message in (
+                (["Run", "program.txt"], "unknown command 'Run', did you mean run?"),
+                (["chekc"], "unknown command 'chekc', did you mean check?"),
+                (["run", "program.txt", "--register"],
+                 "unknown option '--register', did you mean --registers?"),
+                (["run", "program.txt", "--lable=5"],
+                 "unknown option '--lable', did you mean --label?"),
+                (["fmt", "--chek"], "unknown option '--chek', did you mean --check?")):
+            self.assert_refused(*arguments, mentions=f"vorstek-cli: {message}\n")
+
+    def test_values_after_an_equals_sign(self):
+        apart = self.run_program("program.txt", "--y", "-7", "--reg", "3=4", "--registers")
+        joined = self.run_program("program.txt", "--y=-7", "--reg=3=4", "--registers")
+        self.assertEqual(joined.out, apart.out)
+        self.assertIn("Z  -7.00", joined.out)
+        self.assert_refused("run", "program.txt", "--x=", mentions="--x needs a number")
+        self.assert_refused("run", "program.txt", "--json=1", mentions="--json takes no value")
 
     def test_no_option_after_two_dashes(self):
         self.write("--json", "7\n")
@@ -81,12 +102,34 @@ class UsageTest(ConsoleCase):
     def test_help(self):
         usage = self.start("--help")
         self.assertEqual((usage.code, usage.err), (0, ""))
-        self.assertTrue(usage.out.startswith("usage: vorstek-cli run"))
-        for arguments in (["-h"], ["run", "--help"], ["check", "--help"], ["script", "--help"],
-                          ["run", "-h"], ["run", "missing.txt", "--wrong", "--help"]):
+        self.assertTrue(usage.out.startswith("usage: vorstek-cli COMMAND"))
+        for arguments in (["-h"], ["help"]):
             result = self.start(*arguments)
             self.assertEqual((result.code, result.out, result.err), (0, usage.out, ""), arguments)
         self.assert_refused("check", "--", "--help", mentions="--help")
+
+    def test_help_of_a_command(self):
+        usage = self.start("help").out
+        for command in re.findall(r"^  (\w+)", usage, re.MULTILINE):
+            text = self.start("help", command)
+            self.assertEqual((text.code, text.err), (0, ""))
+            self.assertTrue(text.out.startswith(f"usage: vorstek-cli {command} "))
+            for arguments in (["--help"], ["-h"], ["missing.txt", "--wrong", "--help"]):
+                self.assertEqual(self.start(command, *arguments).out, text.out)
+        self.assertIn("--max-lines N  halt after N executed lines\n",
+                      self.start("help", "run").out)
+        self.assert_refused("help", "run", "fmt", mentions="help takes at most one command")
+
+    def test_help_fits_a_terminal(self):
+        texts = [self.start("help").out, *(self.start("help", command).out for command in
+                                            ("run", "check", "fmt", "plot", "gif"))]
+        for line in "".join(texts).splitlines():
+            self.assertLessEqual(len(line), 80, line)
+
+    def test_version(self):
+        with open(os.path.join(REPOSITORY, "CMakeLists.txt"), encoding="utf-8") as file:
+            version = re.search(r"project\(.*?VERSION ([0-9.]+)", file.read(), re.DOTALL).group(1)
+        self.assertEqual(self.start("--version").out, f"vorstek-cli {version}\n")
 
     def test_options_without_their_value(self):
         for option in ("--x", "--y", "--z", "--t", "--reg", "--label", "--trace", "--graph",

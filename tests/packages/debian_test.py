@@ -91,7 +91,7 @@ class DebianTest(unittest.TestCase):
     def test_the_program_runs(self):
         done = self.program("--help")
         self.assertEqual(done.returncode, 0)
-        self.assertTrue(done.stdout.startswith(b"usage: vorstek-cli run "))
+        self.assertTrue(done.stdout.startswith(b"usage: vorstek-cli COMMAND "))
         done = self.program("run", "quadratic.txt", "--z", "2", "--y", "-4", "--x", "-6")
         self.assertEqual(done.stdout.split(), b"T 0.00 Z 0.00 Y -1.00 X 3.00".split())
 

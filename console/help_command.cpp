@@ -1,0 +1,84 @@
+// help_command.cpp - vorstek-cli help, and what --help prints.
+
+#include <algorithm>
+#include <ostream>
+
+#include "console/commands.h"
+#include "console/help.h"
+
+static const char *const kExitCodes =
+    "exit code: 0 done, 1 the calculator reported an error, 2 wrong usage or file,\n"
+    "           3 halted by --max-lines\n";
+
+static std::string SynopsisOf(const cCommandRow &Row)
+{
+    return *Row.m_szArguments ? std::string(Row.m_szName) + " " + Row.m_szArguments : Row.m_szName;
+}
+
+static std::string OptionText(const cOptionRow &Row)
+{
+    return Row.m_szValue ? std::string(Row.m_szName) + " " + Row.m_szValue : Row.m_szName;
+}
+
+static std::string Padded(std::string Text, size_t nWidth)
+{
+    Text.resize(std::max(Text.size(), nWidth), ' ');
+    return Text;
+}
+
+// Further lines of the text stand under the first.
+static void PrintRow(const std::string &Name, std::string Text, size_t nWidth, std::ostream *pOut)
+{
+    const std::string Indent = "\n" + std::string(nWidth + 4, ' ');
+    for (size_t nAt = 0; (nAt = Text.find('\n', nAt)) != std::string::npos; nAt += Indent.size())
+        Text.replace(nAt, 1, Indent);
+    *pOut << "  " << Padded(Name, nWidth) << "  " << Text << "\n";
+}
+
+void PrintUsage(std::ostream *pOut)
+{
+    *pOut << "usage: vorstek-cli COMMAND [arguments] [options]\n\n";
+    size_t nWidth = 0;
+    for (const cCommandRow &Row : Commands())
+        nWidth = std::max(nWidth, SynopsisOf(Row).size());
+    for (const cCommandRow &Row : Commands())
+        PrintRow(SynopsisOf(Row), Row.m_szSummary, nWidth, pOut);
+    *pOut
+        << "\nvorstek-cli help COMMAND says more, vorstek-cli --version which version this is.\n\n"
+        << kExitCodes;
+}
+
+void PrintCommandHelp(const cCommandRow &Row, std::ostream *pOut)
+{
+    *pOut << "usage: vorstek-cli " << SynopsisOf(Row) << (Row.m_pOptions ? " [options]" : "")
+          << "\n\n"
+          << Row.m_szText;
+    if (!Row.m_pOptions)
+        return;
+    size_t nWidth = 0;
+    for (const cOptionRow &Option : Row.m_pOptions())
+        nWidth = std::max(nWidth, OptionText(Option).size());
+    *pOut << "\noptions:\n";
+    for (const cOptionRow &Option : Row.m_pOptions())
+        PrintRow(OptionText(Option), Option.m_szHelp, nWidth, pOut);
+}
+
+int HelpCommand(const std::vector<std::string> &Arguments, const cStreams &Streams)
+{
+    std::vector<std::string> Names;
+    std::string              Error;
+    if (!ReadOptions({}, Arguments, nullptr, &Names, &Error))
+        return ReportUsage(Streams, Error);
+    if (Names.size() > 1)
+        return ReportUsage(Streams, "help takes at most one command");
+    if (Names.empty())
+    {
+        PrintUsage(Streams.m_pOut);
+        return kExitDone;
+    }
+    const cCommandRow *const pRow = FindCommand(Names[0]);
+    if (!pRow)
+        return ReportUnknownCommand(Streams, Names[0]);
+    PrintCommandHelp(*pRow, Streams.m_pOut);
+    return kExitDone;
+}
