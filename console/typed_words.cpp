@@ -1,0 +1,81 @@
+#include "console/typed_words.h"
+
+#include <algorithm>
+
+#include "console/vocabulary.h"
+#include "engine/instruction.h"
+#include "engine/mnemonic_map.h"
+#include "listing/source_lines.h"
+#include "toolkit/utf8.h"
+
+static const char *const kBlanks   = " \t\r\n";
+static const char *const kWordEnds = " \t\r\n;";
+
+cTypedWords::cTypedWords(const cVocabulary &Vocabulary, std::string_view Line)
+    : m_Vocabulary(Vocabulary), m_Line(Line), m_nAt(0)
+{
+}
+
+// "" at the end of the line, or before a comment.
+std::string_view cTypedWords::PeekWord()
+{
+    m_nAt             = std::min(m_Line.find_first_not_of(kBlanks, m_nAt), m_Line.size());
+    const size_t nEnd = std::min(m_Line.find_first_of(kWordEnds, m_nAt), m_Line.size());
+    return m_Line.substr(m_nAt, nEnd - m_nAt);
+}
+
+// A byte that belongs to no character counts as one.
+static size_t CountCharacters(std::string_view Text)
+{
+    size_t nCount = 0;
+    for (; !Text.empty(); nCount++)
+        Text.remove_prefix(std::max<size_t>(Utf8Length(Text), 1));
+    return nCount;
+}
+
+static void ParseListed(const std::string &Listed, cListingLine *pParsed)
+{
+    ParseListingLine(Listed.c_str(), Mnemonics(), pParsed);
+    if (pParsed->m_nKind == llInstruction &&
+        !TakesOperand(*pParsed->m_pInstruction, pParsed->m_szOperandText, pParsed->m_nOperand))
+        pParsed->m_nKind = llBadOperand;
+}
+
+// The indirect instructions are rows of their own: "STO i".
+void cTypedWords::ParseInstruction(const cInstruction &Instruction, cListingLine *pParsed)
+{
+    std::string Listed = Instruction.m_szMnemonic;
+    if (Instruction.m_nOperand != opNone)
+    {
+        const std::string_view Operand = PeekWord();
+        m_nAt += Operand.size();
+        (Listed += " ") += Operand == "I" ? "i" : Operand;
+    }
+    ParseListed(Listed, pParsed);
+    pParsed->m_pInstruction =
+        pParsed->m_nKind == llInstruction ? pParsed->m_pInstruction : &Instruction;
+}
+
+// A longer word, or one with a NUL byte, would be cut.
+static void ParseNumber(std::string_view Word, cListingLine *pParsed)
+{
+    if (Word.size() <= kLongestWord && Word.find('\0') == std::string_view::npos)
+        ParseListed(std::string(Word), pParsed);
+    else
+        pParsed->m_nKind = llBadMnemonic;
+}
+
+int cTypedWords::Next(cTypedStep *pStep)
+{
+    const std::string_view Word = PeekWord();
+    if (Word.empty())
+        return 0;
+    pStep->m_Word    = Word;
+    pStep->m_nColumn = CountCharacters(m_Line.substr(0, m_nAt)) + 1;
+    m_nAt += Word.size();
+    if (const cInstruction *const pInstruction = m_Vocabulary.Find(Word))
+        ParseInstruction(*pInstruction, &pStep->m_Parsed);
+    else
+        ParseNumber(Word, &pStep->m_Parsed);
+    return 1;
+}
