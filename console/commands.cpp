@@ -3,12 +3,18 @@
 #include <algorithm>
 
 #include "console/check_options.h"
+#include "console/eval_options.h"
 #include "console/plot_options.h"
 #include "console/run_options.h"
 
 // clang-format off
 static const cCommandRow s_Commands[] =
 {
+    { "eval", "\"2 3 +\"", "calculate, print X",
+      "Performs instructions and numbers, several in a row, as listings write them or\n"
+      "as the keys show them: \"2 3 + sqrt STO 5\". Without them, or with -, it\n"
+      "reads standard input and answers line by line. An error ends its line.\n",
+      EvalOptionRows, EvalCommand },
     { "run", "PROGRAM.txt", "run a program, print the stack",
       "Loads a listing, starts it at line 1 and prints T, Z, Y and X when it halts.\n",
       RunOptionRows, RunCommand },

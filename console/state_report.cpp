@@ -27,7 +27,7 @@ static void ReportLevel(cJsonList *pStack, const char *szText, double dValue)
     Level.Number("value", dValue);
 }
 
-static void ReportStack(const cVorstekState &State, cJsonList *pObject)
+void ReportStack(const cVorstekState &State, cJsonList *pObject)
 {
     cJsonList Stack(pObject->Key("stack"), '[', ']');
     ReportLevel(&Stack, State.m_szX, State.m_dX);
@@ -36,7 +36,7 @@ static void ReportStack(const cVorstekState &State, cJsonList *pObject)
     ReportLevel(&Stack, State.m_szT, State.m_dT);
 }
 
-static void ReportModes(const cVorstekState &State, cJsonList *pObject)
+void ReportModes(const cVorstekState &State, cJsonList *pObject)
 {
     static const char *const s_Formats[] = {"FIX", "SCI", "ENG"};
     static const char *const s_Angles[]  = {"RAD", "DEG", "GRD"};

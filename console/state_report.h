@@ -8,10 +8,17 @@
 #include "console/headless_host.h"
 
 class cJsonList;
+struct cVorstekState;
 
 // The display's main line as painted now, without trailing blanks: " 5.00",
 // "Error: divide by 0", "03 STO 5", in the stack view "X   5.00".
 std::string DisplayedText(cVorstekEngine *pEngine);
+
+// "stack": the four levels from X to T with text and value.
+void ReportStack(const cVorstekState &State, cJsonList *pObject);
+
+// "stack_lift", "format" and "angle".
+void ReportModes(const cVorstekState &State, cJsonList *pObject);
 
 // All keys of the state, in their fixed order.
 void ReportState(cHeadlessCalculator *pCalculator, const cHeadlessHost &Host, cJsonList *pObject);

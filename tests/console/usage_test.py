@@ -62,7 +62,7 @@ class UsageTest(ConsoleCase):
         for option in ("--w", "--wxyz", "--"  + 40 * "x"):
             for arguments in (["run", "program.txt", option, "1"], ["check", option, "program.txt"],
                               ["fmt", option, "program.txt"], ["plot", option], ["gif", option],
-                              ["script", option], ["help", option]):
+                              ["eval", option], ["script", option], ["help", option]):
                 self.assert_refused(*arguments, mentions=f"unknown option '{option}' "
                                                          "(see vorstek-cli --help)")
 
@@ -70,6 +70,7 @@ class UsageTest(ConsoleCase):
         for arguments, message in (
                 (["Run", "program.txt"], "unknown command 'Run', did you mean run?"),
                 (["chekc"], "unknown command 'chekc', did you mean check?"),
+                (["help", "evla"], "unknown command 'evla', did you mean eval?"),
                 (["run", "program.txt", "--register"],
                  "unknown option '--register', did you mean --registers?"),
                 (["run", "program.txt", "--lable=5"],
@@ -118,11 +119,11 @@ class UsageTest(ConsoleCase):
                 self.assertEqual(self.start(command, *arguments).out, text.out)
         self.assertIn("--max-lines N  halt after N executed lines\n",
                       self.start("help", "run").out)
-        self.assert_refused("help", "run", "fmt", mentions="help takes at most one command")
+        self.assert_refused("help", "run", "eval", mentions="help takes at most one command")
 
     def test_help_fits_a_terminal(self):
         texts = [self.start("help").out, *(self.start("help", command).out for command in
-                                            ("run", "check", "fmt", "plot", "gif"))]
+                                            ("eval", "run", "check", "fmt", "plot", "gif"))]
         for line in "".join(texts).splitlines():
             self.assertLessEqual(len(line), 80, line)
 

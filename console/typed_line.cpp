@@ -1,0 +1,54 @@
+#include "console/typed_line.h"
+
+#include "console/state_report.h"
+#include "console/typed_words.h"
+#include "engine/vorstek_engine.h"
+#include "listing/findings.h"
+#include "listing/source_lines.h"
+#include "listing/suggestion.h"
+
+std::string cTypedError::Message() const
+{
+    return "column " + std::to_string(m_nColumn) + ": " + m_Word + ": " + m_Text;
+}
+
+cTypedLines::cTypedLines(cVorstekEngine *pEngine) : m_pEngine(pEngine), m_nSteps(0) {}
+
+static std::string WhyRefused(const cTypedStep &Step)
+{
+    if (Step.m_Parsed.m_nKind == llBadOperand)
+        return WhatItTakes(*Step.m_Parsed.m_pInstruction);
+    if (Step.m_Word.size() > kLongestWord)
+        return "longer than " + std::to_string(kLongestWord) + " characters";
+    const std::string Suggestion = SuggestWord(Step.m_Word);
+    const std::string Text       = "neither an instruction nor a number";
+    return Suggestion.empty() ? Text : Text + ", did you mean " + Suggestion + "?";
+}
+
+static int IsAccepted(const cTypedStep &Step)
+{
+    return Step.m_Parsed.m_nKind == llInstruction || Step.m_Parsed.m_nKind == llNumber;
+}
+
+// The word may be anything that was typed.
+static std::string Shown(const std::string &Word)
+{
+    const std::string Quoted = QuotedWord(Word);
+    return Quoted.substr(1, Quoted.size() - 2);
+}
+
+int cTypedLines::Perform(std::string_view Line, cTypedError *pError)
+{
+    cTypedWords Words(m_Vocabulary, Line);
+    cTypedStep  Step;
+    for (m_nSteps = 0; Words.Next(&Step); m_nSteps++)
+    {
+        const int bAccepted = IsAccepted(Step);
+        if (bAccepted && m_pEngine->Perform(Step.m_Parsed))
+            continue;
+        *pError = {bAccepted ? DisplayedText(m_pEngine) : WhyRefused(Step), Shown(Step.m_Word),
+                   Step.m_nColumn};
+        return 0;
+    }
+    return 1;
+}
