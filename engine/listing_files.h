@@ -4,10 +4,13 @@
 #ifndef ENGINE_LISTING_FILES_H
 #define ENGINE_LISTING_FILES_H
 
+#include <cstddef>
+
 class cCalculator;
 
 // vorstek_engine.h describes these.
 int  LoadProgram(cCalculator &c, const char *szFileName);
+int  LoadListing(cCalculator &c, const char *pText, size_t nLength);
 int  SaveProgram(cCalculator &c, const char *szFileName);
 void TakeLoadedProgram(cCalculator &c, const char *szFileName);
 int  SaveUnderName(cCalculator &c, const char *szFileName);

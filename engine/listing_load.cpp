@@ -172,9 +172,14 @@ int LoadProgram(cCalculator &c, const char *szFileName)
         c.AskUser(szText, bnOk, icError);
         return 0;
     }
-    const char *const pEnd   = File.Text() + File.Length();
-    const size_t      nLines = CountFileLines(File.Text(), pEnd);
-    const size_t nRoom = File.Length() + nLines * kListingExtra + kProgramLines * kUnusedLine + 1;
+    return LoadListing(c, File.Text(), File.Length());
+}
+
+int LoadListing(cCalculator &c, const char *pText, size_t nLength)
+{
+    const char *const pEnd   = pText + nLength;
+    const size_t      nLines = CountFileLines(pText, pEnd);
+    const size_t      nRoom  = nLength + nLines * kListingExtra + kProgramLines * kUnusedLine + 1;
     const std::unique_ptr<char, void (*)(void *)> Listing(
         AllocateWithRetry(c.m_pHost, [nRoom] { return static_cast<char *>(malloc(nRoom)); }), free);
     if (!Listing)
@@ -185,7 +190,7 @@ int LoadProgram(cCalculator &c, const char *szFileName)
     Load.m_nListingRoom = nRoom;
     Load.ListLine(0, "");
     c.m_bParseOnly  = 1;
-    const int bRead = ReadLines(c, &Load, File.Text(), pEnd);
+    const int bRead = ReadLines(c, &Load, pText, pEnd);
     c.m_bParseOnly  = 0;
     if (!bRead)
         return CancelLoad(c);

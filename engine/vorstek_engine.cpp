@@ -115,6 +115,11 @@ int cVorstekEngine::LoadProgram(const char *szFileName)
     return ::LoadProgram(*m_pCalculator, szFileName);
 }
 
+int cVorstekEngine::LoadListing(const char *pText, size_t nLength)
+{
+    return ::LoadListing(*m_pCalculator, pText, nLength);
+}
+
 int cVorstekEngine::SaveProgram(const char *szFileName)
 {
     return ::SaveProgram(*m_pCalculator, szFileName);

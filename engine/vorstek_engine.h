@@ -96,6 +96,9 @@ public:
     // and an overflow included; 0 when it could not be opened (nothing has
     // changed) or the user cancelled (the program is empty).
     int LoadProgram(const char *szFileName);
+
+    // The same for a listing that is in memory.
+    int LoadListing(const char *pText, size_t nLength);
     int SaveProgram(const char *szFileName);
 
     // What follows a successful LoadProgram: the program takes the name, unless
