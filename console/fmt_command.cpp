@@ -9,6 +9,7 @@
 #include "console/input_text.h"
 #include "console/unified_diff.h"
 #include "listing/format.h"
+#include "toolkit/disk_file.h"
 #include "toolkit/replacement_file.h"
 
 namespace
@@ -91,8 +92,8 @@ static int FormatFile(const std::string &FileName, const cFmtOptions &Options,
         return New == Text ? kExitDone : kExitError;
     if (Options.m_bDiff)
         return kExitDone;
-    if (FileName == kStandardInput)
-        *Streams.m_pOut << New;
+    if (FileName == kStandardInput || KindOfFile(FileName.c_str()) != fkRegular)
+        *Streams.m_pOut << New;  // a pipe or a device is not replaced by a file
     else if (New != Text && !WriteListing(FileName, New))
         return ReportUsage(Streams, "cannot write '" + FileName + "'");
     return kExitDone;

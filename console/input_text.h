@@ -10,9 +10,9 @@
 // The name that stands for standard input.
 const char *const kStandardInput = "-";
 
-// Reads all of the input, line ends as they are. 0 with a line on standard error
-// that names the file and says why it cannot be read: "vorstek-cli: cannot read
-// 'draw.txt': no such file".
+// Reads all of the input, line ends as they are; of a pipe or a device at most 64
+// MB. 0 with a line on standard error that names the file and says why it cannot be
+// read: "vorstek-cli: cannot read 'draw.txt': no such file".
 int ReadInput(const std::string &Name, const cStreams &Streams, std::string *pText);
 
 #endif

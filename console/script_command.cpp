@@ -1,20 +1,20 @@
 // script_command.cpp - vorstek-cli script: reads one command per line, writes
 // JSON Lines.
 
-#include <fstream>
 #include <istream>
 #include <limits>
 #include <memory>
 #include <ostream>
+#include <sstream>
 
 #include "console/arguments.h"
 #include "console/commands.h"
+#include "console/input_text.h"
 #include "console/json.h"
 #include "console/script_host.h"
 #include "console/state_report.h"
 #include "engine/vorstek_state.h"
 #include "graph/graph_file_commands.h"
-#include "toolkit/read_file.h"
 
 class cScript
 {
@@ -380,13 +380,11 @@ int ScriptCommand(const std::vector<std::string> &Arguments, const cStreams &Str
         return ReportUsage(Streams, Error);
     if (Names.size() > 1)
         return ReportUsage(Streams, "script takes at most one file");
-    if (Names.empty())
+    if (Names.empty() || Names[0] == kStandardInput)
         return RunScript(Streams.m_pIn, "standard input", Streams);
-    const std::string Quoted = "'" + Names.front() + "'";
-    std::ifstream     File;
-    if (IsRegularFile(Names.front().c_str()))
-        File.open(Names.front(), std::ios::binary);
-    if (!File.is_open())
-        return ReportUsage(Streams, "cannot read " + Quoted);
-    return RunScript(&File, Quoted, Streams);
+    std::string Text;
+    if (!ReadInput(Names.front(), Streams, &Text))
+        return kExitUsage;
+    std::istringstream File(Text);
+    return RunScript(&File, "'" + Names.front() + "'", Streams);
 }

@@ -103,11 +103,14 @@ class LinuxFmtTest(LinuxCase):
         after = os.stat(self.path("smooth.txt"))
         self.assertEqual((after.st_ino, after.st_mtime_ns), (before.st_ino, before.st_mtime_ns))
 
-    def test_what_is_not_a_file_is_refused(self):
-        for name, why in (("/dev/null", "not a regular file"), ("/", "is a directory")):
-            result = self.start("fmt", name)
-            self.assertEqual((result.code, result.out, result.err),
-                             (2, "", f"vorstek-cli: cannot read '{name}': {why}\n"))
+    def test_a_folder_is_refused(self):
+        result = self.start("fmt", "/")
+        self.assertEqual((result.code, result.out, result.err),
+                         (2, "", "vorstek-cli: cannot read '/': is a directory\n"))
+
+    def test_a_pipe_is_written_to_standard_output(self):
+        result = self.start("fmt", "/dev/stdin", stdin=ROUGH)
+        self.assertEqual((result.code, result.out, result.err), (0, SMOOTH, ""))
 
 
 if __name__ == "__main__":

@@ -194,7 +194,7 @@ class LargeFileTest(ConsoleCase):
 
 
 class SpecialFileTest(LinuxCase):
-    """Folders, devices and pipes given as files are refused at once."""
+    """Folders, and devices and pipes given as files to write, are refused at once."""
 
     def setUp(self):
         super().setUp()
@@ -211,12 +211,16 @@ class SpecialFileTest(LinuxCase):
         return result
 
     def test_as_input(self):
-        for name in ("folder", "/dev/zero", "zero.txt", "pipe.txt", "loop.txt", "/dev/tty",
-                     "folder/x", "program.txt/x"):
-            for command in ("run", "check", "script"):
+        for name, why in (("folder", "is a directory"), ("/dev/zero", "longer than 64 MB"),
+                          ("zero.txt", "longer than 64 MB"), ("loop.txt", ""),
+                          ("folder/x", "no such file"), ("program.txt/x", "no such file")):
+            for command in ("run", "check", "fmt", "script"):
                 result = self.assert_quick(command, name)
                 self.assertEqual((result.code, result.out), (2, ""), (command, name))
-                self.assertIn(name, result.err)
+                self.assertEqual(result.err, f"vorstek-cli: cannot read '{name}'"
+                                             f"{': ' if why else ''}{why}\n")
+        for name in ("folder", "/dev/zero", "zero.txt", "pipe.txt", "loop.txt", "/dev/tty",
+                     "folder/x", "program.txt/x"):
             for command in ("open", "graph open", "graph append"):
                 box, = self.assert_quick("script", stdin=f"{command} {name}\n").events
                 self.assertIn(name, box["text"])

@@ -228,15 +228,17 @@ class UnreadableInputTest(LinuxCase):
     def test_a_folder_as_standard_input(self):
         folder = os.open(self.folder, os.O_RDONLY)
         self.addCleanup(os.close, folder)
-        result = self.start("script", stdin=None, preexec_fn=lambda: os.dup2(folder, 0))
-        self.assertEqual((result.code, result.out, result.err),
-                         (2, "", "vorstek-cli: cannot read standard input\n"))
+        for arguments in (["script"], ["eval"], ["run", "-"], ["check", "-"], ["fmt", "-"]):
+            result = self.start(*arguments, stdin=None, preexec_fn=lambda: os.dup2(folder, 0))
+            self.assertEqual((result.code, result.out, result.err),
+                             (2, "", "vorstek-cli: cannot read standard input\n"))
 
     def test_a_file_that_fails_while_it_is_read(self):
         # A process has no memory at its address 0.
         result = self.start("script", "/proc/self/mem")
         self.assertEqual((result.code, result.out, result.err),
-                         (2, "", "vorstek-cli: cannot read '/proc/self/mem'\n"))
+                         (2, "", "vorstek-cli: cannot read '/proc/self/mem': it fails while it is "
+                                 "read\n"))
 
 
 class RunScriptTest(LinuxCase):
