@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "console/input_text.h"
 #include "toolkit/dbg_file.h"
 #include "toolkit/disk_file.h"
 #include "toolkit/replacement_file.h"
@@ -21,7 +22,9 @@ struct cNamedFile
 
 static std::vector<cNamedFile> FilesOf(const cRunOptions &Options)
 {
-    std::vector<cNamedFile> Files = {{"PROGRAM", Options.m_Program}};
+    std::vector<cNamedFile> Files;
+    if (Options.m_Program != kStandardInput)
+        Files.push_back({"PROGRAM", Options.m_Program});
     if (!Options.m_TraceFile.empty())
     {
         char szBackup[kDbgFileName];

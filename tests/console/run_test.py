@@ -3,10 +3,13 @@
 import datetime
 import json
 import os
+import signal
 import struct
+import subprocess
 import time
 
-from console_case import LITTLE_DISK, ConsoleCase, LinuxCase, main, number
+import console_case
+from console_case import LITTLE_DISK, TIMEOUT, ConsoleCase, LinuxCase, main, number
 from vocabulary import STATE_KEYS
 
 ENDLESS = ("LBL 0", "1", "STO+ 1", "GTO 0")
@@ -49,7 +52,7 @@ class StartTest(ConsoleCase):
 
     def test_a_label_that_is_not_there(self):
         result = self.run_listing(("1",), "--label", "4", "--json", code=1)
-        self.assertEqual(result.err, "Error: no such label\n")
+        self.assertEqual(result.err, "program.txt: GSB 4: Error: no such label\n")
         self.assertEqual(result.state["stack"][0]["value"], 0)
         result = self.run_listing(("1",), "--label", "4", "--reg", "5=3", "--registers", code=1)
         self.assertEqual(result.out.splitlines()[4:], ["Reg[ 5] = +3.00"])
@@ -98,8 +101,15 @@ class OutputTest(ConsoleCase):
         for text, lines in rows.items():
             with self.subTest(text=text):
                 result = self.run_listing(lines, "--json", code=1)
-                self.assertEqual(result.err, text + "\n")
+                place = f"program.txt:{result.state['line']}: {lines[result.state['line'] - 1]}"
+                self.assertEqual(result.err, f"{place}: {text}\n")
                 self.assertEqual(result.state["display"], text)
+
+    def test_an_error_is_placed_by_the_line_of_the_file(self):
+        result = self.run_listing(("; title", "", "0", "  ; why", "1/x ; here"), code=1)
+        self.assertEqual(result.err, "program.txt:5: 1/x: Error: divide by 0\n")
+        result = self.start("run", "-", stdin="0\n1/x\n")
+        self.assertEqual((result.code, result.err), (1, "<stdin>:2: 1/x: Error: divide by 0\n"))
 
     def test_an_error_prints_the_stack_all_the_same(self):
         result = self.run_listing(("6", "ENTER", "0", "/"), code=1)
@@ -150,7 +160,7 @@ class MaxLinesTest(ConsoleCase):
     def test_the_state_is_printed_all_the_same(self):
         result = self.run_listing(ENDLESS, "--max-lines", "6", code=3)
         self.assertEqual(result.out.splitlines()[-1], "X   1.00")
-        self.assertEqual(result.err, "")
+        self.assertEqual(result.err, "program.txt:3: STO+ 1: halted by --max-lines\n")
 
 
 class LoaderErrorTest(ConsoleCase):
@@ -303,11 +313,10 @@ class GraphFileTest(ConsoleCase):
 
     def test_cut_short_before_anything_was_drawn(self):
         failed = self.run_listing(("0", "1/x", "SumG"), "--graph", "graph.txt", code=1)
-        self.assertTrue(failed.err.startswith("Error: divide by 0\n"))
+        self.assertEqual(failed.err, "program.txt:2: 1/x: Error: divide by 0\n")
         halted = self.run_listing(("1", "2", "SumG"), "--graph", "graph.txt", "--max-lines", "2",
                                   code=3)
-        for result in (failed, halted):
-            self.assertNotIn("graph.txt", result.err)
+        self.assertEqual(halted.err, "program.txt:3: SumG: halted by --max-lines\n")
         self.assertEqual(os.listdir(self.folder), ["program.txt"])
 
     def test_after_an_error_and_after_the_last_line(self):
@@ -450,6 +459,72 @@ class SpecialFileTest(LinuxCase):
         os.symlink("/proc/version", self.path("version.txt"))
         result = self.run_listing(("3",), "--trace", "version.txt", code=2)
         self.assertRegex(result.err, r"\A[^\n]*version.txt[^\n]*\n\Z")
+
+
+class InputTest(LinuxCase):
+    """Programs that are not files."""
+
+    def test_standard_input(self):
+        for name in ("-", "/dev/stdin", "/dev/fd/0"):
+            result = self.start("run", name, stdin="6\n7\n*\n")
+            self.assertEqual((result.code, result.err), (0, ""), name)
+            self.assertEqual(result.out.splitlines()[-1], "X   42.00")
+
+    def test_a_pipe_of_the_shell(self):
+        reading, writing = os.pipe()
+        self.addCleanup(os.close, reading)
+        os.write(writing, b"6\n7\n*\n")
+        os.close(writing)
+        result = self.start("run", f"/dev/fd/{reading}", pass_fds=[reading])
+        self.assertEqual(result.out.splitlines()[-1], "X   42.00")
+
+    def test_why_a_file_cannot_be_read(self):
+        os.mkdir(self.path("folder"))
+        for name, why in (("missing.txt", "no such file"), ("folder", "is a directory")):
+            result = self.start("run", name)
+            self.assertEqual((result.code, result.err),
+                             (2, f"vorstek-cli: cannot read '{name}': {why}\n"))
+
+
+class SignalTest(LinuxCase):
+    """Ctrl-C and SIGTERM halt a run as R/S does."""
+
+    def interrupt(self, number, *arguments):
+        """Runs an endless program and stops it; returns exit code, output and errors."""
+        self.listing("1", "SumG", "LBL 1", "STO+ 1", "GTO 1")
+        with subprocess.Popen([*console_case.command, "run", "program.txt", *arguments],
+                              cwd=self.folder, stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE) as process:
+            time.sleep(0.5)
+            process.send_signal(number)
+            out, err = process.communicate(timeout=TIMEOUT)
+            return process.returncode, out.decode(), err.decode()
+
+    def test_the_state_is_printed(self):
+        for number, code in ((signal.SIGINT, 130), (signal.SIGTERM, 143)):
+            status, out, err = self.interrupt(number, "--registers")
+            self.assertEqual(status, code)
+            self.assertRegex(err, r"\Aprogram\.txt:[345]: (LBL 1|STO\+ 1|GTO 1): interrupted\n\Z")
+            self.assertEqual(out.splitlines()[3], "X   1.00")
+            self.assertRegex(out.splitlines()[4], r"\AReg\[ 1\] = \+[1-9]")
+
+    def test_trace_and_graph_are_written_to_their_end(self):
+        status, _, _ = self.interrupt(signal.SIGINT, "--trace", "log.txt", "--graph", "graph.txt")
+        self.assertEqual(status, 130)
+        self.assertTrue(self.read_text("log.txt").endswith("--  --  --\n"))
+        self.assertEqual(self.read_text("graph.txt").splitlines()[-1], "1.000000 , 0.000000")
+
+    def test_a_signal_that_is_ignored_stays_ignored(self):
+        self.listing("1", "PAUSE", "2")
+        with subprocess.Popen([*console_case.command, "run", "program.txt", "--realtime"],
+                              cwd=self.folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                              preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_IGN),
+                              restore_signals=False) as process:
+            self.assertEqual(process.stdout.readline(), b" 1.00\n")
+            process.send_signal(signal.SIGINT)
+            out, err = process.communicate(timeout=TIMEOUT)
+            self.assertEqual((process.returncode, err), (0, b""))
+            self.assertEqual(out.splitlines()[-1], b"X   2.00")
 
 
 if __name__ == "__main__":
