@@ -1,5 +1,6 @@
 // run_command.cpp - vorstek-cli run: loads a listing, runs it, prints the stack.
 
+#include <cstdio>
 #include <ostream>
 
 #include "console/commands.h"
@@ -27,6 +28,9 @@ static void SetUp(const cRunOptions &Options, cVorstekEngine *pEngine)
     cOptions Traced = {};
     Traced.m_bTrace = 1;
     pEngine->SetTraceFileName(Options.m_TraceFile.c_str());
+    pEngine->SetTraceCap(Options.m_nTraceMegabytes);
+    if (Options.m_TraceFile == kStandardOutput)
+        pEngine->SetTraceStream(stdout);
     pEngine->ApplyOptions(Traced);
 }
 
@@ -62,7 +66,7 @@ static void PrintJson(cHeadlessCalculator *pCalculator, const cHeadlessHost &Hos
 
 static int ReportUnwritable(const cStreams &Streams, const std::string &Name)
 {
-    return ReportUsage(Streams, "cannot write '" + Name + "'");
+    return ReportUsage(Streams, "cannot write " + Name);
 }
 
 static int WriteGraph(cRunHost *pHost, const cRunOptions &Options)
@@ -81,7 +85,7 @@ static int SaveGraph(cRunHost *pHost, const cRunOptions &Options, const cStreams
         return ReportUsage(Streams, "'" + Name + "' was not written: the program drew nothing");
     pHost->BeginSaving();
     if (!WriteGraph(pHost, Options))
-        return ReportUnwritable(Streams, Name);
+        return ReportUnwritable(Streams, "'" + Name + "'");
     *Streams.m_pErr << pHost->SavingText();
     return pHost->SavingText().empty() ? kExitDone : kExitError;
 }
@@ -165,7 +169,9 @@ int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Stream
         PrintText(Options, &Calculator, Streams.m_pOut);
     const int nExitCode = ReportEnd(bDone, Options, Host, pEngine, Streams);
     if (pEngine->IsTraceLost())
-        return ReportUnwritable(Streams, Options.m_TraceFile);
+        return ReportUnwritable(Streams, Options.m_TraceFile == kStandardOutput
+                                             ? "standard output"
+                                             : "'" + Options.m_TraceFile + "'");
     if (Options.m_GraphFile.empty() || (nExitCode != kExitDone && Host.m_Plot.Count() == 0))
         return nExitCode;  // a program that was cut short may have drawn nothing
     const int nSaved = SaveGraph(&Host, Options, Streams);

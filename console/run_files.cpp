@@ -20,12 +20,17 @@ struct cNamedFile
 
 }  // namespace
 
+static int HasTraceFile(const cRunOptions &Options)
+{
+    return !Options.m_TraceFile.empty() && Options.m_TraceFile != kStandardOutput;
+}
+
 static std::vector<cNamedFile> FilesOf(const cRunOptions &Options)
 {
     std::vector<cNamedFile> Files;
     if (Options.m_Program != kStandardInput)
         Files.push_back({"PROGRAM", Options.m_Program});
-    if (!Options.m_TraceFile.empty())
+    if (HasTraceFile(Options))
     {
         char szBackup[kDbgFileName];
         DbgBackupName(Options.m_TraceFile.c_str(), szBackup);
@@ -37,18 +42,26 @@ static std::vector<cNamedFile> FilesOf(const cRunOptions &Options)
     return Files;
 }
 
-// The log is overwritten in place.
-static int IsTraceWritable(const std::string &Name)
+// "" or why not. The log is overwritten in place, and its backup is a file next to
+// it: of a device or a standard stream that would be "/dev/stderr_older".
+static std::string WhyNotTraced(const std::string &Name)
 {
     typedef std::unique_ptr<FILE, int (*)(FILE *)> cOpenFile;
 
-    const char *const szName = Name.c_str();
+    const char *const szName    = Name.c_str();
+    std::string       NotOpened = "cannot write '" + Name + "'";
+    const eFileKind   nKind     = KindOfFile(szName);
+    if (nKind != fkNone && nKind != fkRegular)
+        return NotOpened + ": not a regular file";
+    for (FILE *const pStream : {stdin, stdout, stderr})
+        if (IsFileOf(pStream, szName))
+            return NotOpened + ": it is a standard stream";
     if (IsNameTaken(szName))
-        return KindOfFile(szName) != fkPipe && cOpenFile(OpenDiskFile(szName, "ab"), fclose);
-    const int bMade = cOpenFile(CreateDiskFile(szName, "wb"), fclose) != nullptr;
-    if (bMade)
-        RemoveDiskFile(szName);
-    return bMade;
+        return cOpenFile(OpenDiskFile(szName, "ab"), fclose) ? "" : NotOpened;
+    if (!cOpenFile(CreateDiskFile(szName, "wb"), fclose))
+        return NotOpened;
+    RemoveDiskFile(szName);
+    return "";
 }
 
 // A graph is written next to its old file. Opening one and discarding it at once
@@ -75,13 +88,9 @@ int AreFilesApart(const cRunOptions &Options, std::string *pError)
 
 int AreFilesWritable(const cRunOptions &Options, std::string *pError)
 {
-    const std::string *pName = nullptr;
-    if (!Options.m_TraceFile.empty() && !IsTraceWritable(Options.m_TraceFile))
-        pName = &Options.m_TraceFile;
-    else if (!Options.m_GraphFile.empty() && !IsGraphWritable(Options.m_GraphFile))
-        pName = &Options.m_GraphFile;
-    if (!pName)
-        return 1;
-    *pError = "cannot write '" + *pName + "'";
-    return 0;
+    if (HasTraceFile(Options))
+        *pError = WhyNotTraced(Options.m_TraceFile);
+    if (pError->empty() && !Options.m_GraphFile.empty() && !IsGraphWritable(Options.m_GraphFile))
+        *pError = "cannot write '" + Options.m_GraphFile + "'";
+    return pError->empty();
 }

@@ -48,7 +48,7 @@ unsigned cRunHost::DrainMessages(unsigned nLines)
 // A program whose output can no longer be written is halted.
 void cRunHost::Pause(unsigned nMilliseconds)
 {
-    const int           bElsewhere = m_Options.m_bJson;
+    const int           bElsewhere = m_Options.m_bJson || m_Options.m_TraceFile == kStandardOutput;
     std::ostream *const pOut       = bElsewhere ? m_Streams.m_pErr : m_Streams.m_pOut;
     *pOut << DisplayedText(m_pEngine) << "\n";
     if (m_Options.m_bRealtime)

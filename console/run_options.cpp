@@ -45,6 +45,15 @@ static int TakeTraceFile(cRunOptions *pOptions, const std::string &Value)
     return !Value.empty() && Value.size() < kDbgFileName;
 }
 
+static int TakeTraceSize(cRunOptions *pOptions, const std::string &Value)
+{
+    uint64_t nMegabytes;
+    if (!ParseWholeNumber(Value, &nMegabytes) || nMegabytes < 1 || nMegabytes > kMostDbgMegabytes)
+        return 0;
+    pOptions->m_nTraceMegabytes = static_cast<unsigned>(nMegabytes);
+    return 1;
+}
+
 static int TakeGraphFile(cRunOptions *pOptions, const std::string &Value)
 {
     pOptions->m_GraphFile    = Value;
@@ -68,7 +77,13 @@ static const cOptionRow s_Rows[] =
     { "--label", "N", "a label from 0 to 9", Take<cRunOptions, TakeLabel>,
       "start at label N (0 to 9), as GSB N does" },
     { "--trace", "FILE", "a file name of up to 259 characters", Take<cRunOptions, TakeTraceFile>,
-      "write a trace of the executed lines" },
+      "write a trace of the executed lines; - is standard\n"
+      "output" },
+    { "--trace-size", "MB", "a number of megabytes from 1 to 100",
+      Take<cRunOptions, TakeTraceSize>,
+      "how long the trace may become before it begins\n"
+      "again, 1 unless given; the former part is kept\n"
+      "as FILE_older" },
     { "--graph", "FILE", "a file name that ends in .txt or .svg", Take<cRunOptions, TakeGraphFile>,
       "write the points that the program drew: FILE.txt\n"
       "as a data file, FILE.svg as a picture" },

@@ -11,13 +11,17 @@
 
 #include "console/option_table.h"
 
+// In place of the trace's file name.
+const char *const kStandardOutput = "-";
+
 struct cRunOptions
 {
     std::string                              m_Program;
-    std::vector<std::pair<unsigned, double>> m_Levels;            // 0 X to 3 T, as given
-    std::vector<std::pair<unsigned, double>> m_Registers;         // 0 to 29, as given
-    int                                      m_nLabel = -1;       // -1: start at line 1
-    std::string                              m_TraceFile;         // "" for none
+    std::vector<std::pair<unsigned, double>> m_Levels;       // 0 X to 3 T, as given
+    std::vector<std::pair<unsigned, double>> m_Registers;    // 0 to 29, as given
+    int                                      m_nLabel = -1;  // -1: start at line 1
+    std::string                              m_TraceFile;    // "" for none, "-" for standard output
+    unsigned                                 m_nTraceMegabytes = 1;
     std::string                              m_GraphFile;         // "" for none
     int                                      m_bGraphAsData = 0;  // else as a picture
     uint64_t                                 m_nMaxLines    = 0;  // 0: no limit

@@ -11,7 +11,6 @@
 #include "toolkit/dbg_file.h"
 #include "toolkit/retry_alloc.h"
 
-static const unsigned kTraceMegabytes  = 1;
 static const unsigned kCodeReturnDepth = 118;
 
 static const int kInstructionWidth = 21;
@@ -24,7 +23,8 @@ static const int kTracedLine =
 int cTraceLog::Open(cCalculator &c)
 {
     m_pFile = AllocateWithRetry(c.m_pHost, [this, &c] {
-        return new (std::nothrow) cDbgFile(m_szName, kTraceMegabytes, c.m_pHost);
+        return m_pStream ? new (std::nothrow) cDbgFile(m_pStream, c.m_pHost)
+                         : new (std::nothrow) cDbgFile(m_szName, m_nMegabytes, c.m_pHost);
     });
     if (!m_pFile)
         return 0;

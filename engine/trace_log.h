@@ -5,6 +5,7 @@
 #define ENGINE_TRACE_LOG_H
 
 #include <cstddef>
+#include <cstdio>
 
 #include "engine/listing_words.h"
 #include "engine/program_line.h"
@@ -15,13 +16,21 @@ class cDbgFile;
 class cTraceLog
 {
 public:
-    cTraceLog() : m_Steps{}, m_pFile(nullptr), m_szName("tracelog.txt"), m_bLost(0) {}
+    cTraceLog()
+        : m_Steps{}, m_pFile(nullptr), m_szName("tracelog.txt"), m_nMegabytes(1),
+          m_pStream(nullptr), m_bLost(0)
+    {
+    }
     ~cTraceLog() { Close(); }
     cTraceLog(const cTraceLog &)            = delete;
     cTraceLog &operator=(const cTraceLog &) = delete;
 
     // Kept, not copied.
     void SetName(const char *szName) { m_szName = szName; }
+
+    // See vorstek_engine.h.
+    void SetCap(unsigned nMegabytes) { m_nMegabytes = nMegabytes; }
+    void SetStream(FILE *pStream) { m_pStream = pStream; }
 
     // Writes the heading. Returns 0 when memory is short and the user gave up.
     int  Open(cCalculator &c);
@@ -50,6 +59,8 @@ private:
     cStepText   m_Steps[kProgramLines];
     cDbgFile   *m_pFile;
     const char *m_szName;
+    unsigned    m_nMegabytes;
+    FILE       *m_pStream;
     int         m_bLost;
 };
 

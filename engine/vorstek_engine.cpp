@@ -105,6 +105,16 @@ void cVorstekEngine::SetTraceFileName(const char *szName)
     m_pCalculator->m_Trace.SetName(szName);
 }
 
+void cVorstekEngine::SetTraceCap(unsigned nMegabytes)
+{
+    m_pCalculator->m_Trace.SetCap(nMegabytes);
+}
+
+void cVorstekEngine::SetTraceStream(FILE *pStream)
+{
+    m_pCalculator->m_Trace.SetStream(pStream);
+}
+
 int cVorstekEngine::IsTraceLost() const
 {
     return m_pCalculator->m_Trace.IsLost();

@@ -10,6 +10,7 @@
 #ifndef ENGINE_VORSTEK_ENGINE_H
 #define ENGINE_VORSTEK_ENGINE_H
 
+#include <cstdio>
 #include <memory>
 
 #include "engine/key_codes.h"
@@ -88,6 +89,13 @@ public:
 
     // The trace log's name, "tracelog.txt" unless set; kept, not copied.
     void SetTraceFileName(const char *szName);
+
+    // How long the log may become before it is its own backup and begins again, in
+    // units of 1,000,000 bytes: 1 to 100; 1 unless set.
+    void SetTraceCap(unsigned nMegabytes);
+
+    // Writes traces to this stream, without a cap; null: to the log.
+    void SetTraceStream(FILE *pStream);
 
     // 1 once part of a trace could not be written.
     int IsTraceLost() const;

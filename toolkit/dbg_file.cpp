@@ -56,13 +56,20 @@ void DbgBackupName(const char *szName, char (&szBackup)[kDbgFileName])
 }
 
 cDbgFile::cDbgFile(const char *szFileName, uint32_t nMaxMegabytes, cMessageBoxes *pBoxes)
-    : m_pFile(nullptr), m_bEnabled(1), m_nMaxMegabytes(std::min(nMaxMegabytes, kMostDbgMegabytes)),
-      m_nMost(0), m_pBoxes(pBoxes), m_bComplete(1)
+    : m_pFile(nullptr), m_bForeign(0), m_bEnabled(1),
+      m_nMaxMegabytes(std::min(nMaxMegabytes, kMostDbgMegabytes)), m_nMost(0), m_pBoxes(pBoxes),
+      m_bComplete(1)
 {
     snprintf(m_szFileName, sizeof m_szFileName, "%s", szFileName);
     CopyToBackup();
     if (!Open() && !OpenDefault())
         GiveUp("FATAL ERROR in cDbgFile ctor");
+}
+
+cDbgFile::cDbgFile(FILE *pStream, cMessageBoxes *pBoxes)
+    : m_pFile(pStream), m_bForeign(1), m_bEnabled(1), m_szFileName{}, m_nMaxMegabytes(0),
+      m_nMost(0), m_pBoxes(pBoxes), m_bComplete(1)
+{
 }
 
 cDbgFile::~cDbgFile()
@@ -83,7 +90,7 @@ void cDbgFile::CloseStream(FILE *pFile)
     // Not every library's fclose reports that the last bytes were not written.
     if (fflush(pFile) != 0 || ferror(pFile))
         m_bComplete = 0;
-    if (fclose(pFile) != 0)
+    if (!m_bForeign && fclose(pFile) != 0)
         m_bComplete = 0;
 }
 
@@ -102,7 +109,7 @@ int cDbgFile::Write(const char *pText, size_t nLength)
 {
     if (!m_bEnabled || !m_pFile || !KeepWithinCap())
         return 0;
-    m_nMost += kMostBytes * static_cast<long>(nLength);
+    m_nMost += m_bForeign ? 0 : kMostBytes * static_cast<long>(nLength);
     return fwrite(pText, 1, nLength, m_pFile) == nLength;
 }
 
@@ -137,7 +144,7 @@ int cDbgFile::OpenDefault()
 int cDbgFile::KeepWithinCap()
 {
     const long nCap = static_cast<long>(m_nMaxMegabytes) * kDbgMegabyte;
-    if (m_nMost <= nCap)
+    if (m_bForeign || m_nMost <= nCap)
         return 1;
     m_nMost = std::max(ftell(m_pFile), 0L);
     if (m_nMost <= nCap)

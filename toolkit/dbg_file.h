@@ -37,6 +37,10 @@ public:
     // it cannot be opened either, a box says so, quit is posted, and the log
     // ignores all writes. pBoxes must outlive the log.
     cDbgFile(const char *szFileName, uint32_t nMaxMegabytes, cMessageBoxes *pBoxes);
+
+    // Writes to a stream that is open already and stays open. It has no cap and no
+    // backup; FileName() is "".
+    cDbgFile(FILE *pStream, cMessageBoxes *pBoxes);
     virtual ~cDbgFile();
     cDbgFile(const cDbgFile &)            = delete;
     cDbgFile &operator=(const cDbgFile &) = delete;
@@ -68,10 +72,11 @@ private:
     void GiveUp(const char *szCaption);
 
     FILE          *m_pFile;     // null when closed
+    int            m_bForeign;  // the stream stays open
     uint32_t       m_bEnabled;  // 0 once opening failed for good
     char           m_szFileName[kDbgFileName];
-    uint32_t       m_nMaxMegabytes;
-    long           m_nMost;  // bytes that the file may have by now
+    uint32_t       m_nMaxMegabytes;  // 0: no cap
+    long           m_nMost;          // bytes that the file may have by now
     cMessageBoxes *m_pBoxes;
     int            m_bComplete;  // 0 once a write has failed
 };

@@ -36,6 +36,9 @@ int IsMarkedReadOnly(const char *szName);
 // 1 if both names lead to one file, or would as soon as they are created.
 int IsSameFile(const char *szName, const char *szOther);
 
+// 1 if the stream reads or writes the file of this name.
+int IsFileOf(FILE *pStream, const char *szName);
+
 // Length of a regular file in bytes; returns 0 if it cannot be known.
 int LengthOfFile(const char *szName, uint64_t *pnLength);
 

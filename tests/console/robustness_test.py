@@ -237,9 +237,19 @@ class SpecialFileTest(LinuxCase):
             self.assertEqual(result.code, 2, name)
             self.assertIn(name, result.err)
 
-    def test_a_device_as_trace_has_no_backup(self):
-        self.assertIn(self.assert_quick("run", "program.txt", "--trace", "zero.txt").code, (0, 2))
+    def test_a_trace_is_a_regular_file(self):
+        for name in ("zero.txt", "/dev/null", "/dev/stdout", "/dev/stderr", "/dev/fd/2"):
+            result = self.assert_quick("run", "program.txt", "--trace", name)
+            self.assertEqual((result.code, result.out, result.err),
+                             (2, "", f"vorstek-cli: cannot write '{name}': not a regular file\n"))
         self.assertNotIn("zero_older.txt", os.listdir(self.folder))
+
+    def test_a_trace_is_no_standard_stream(self):
+        with open(self.path("log.txt"), "wb") as log:
+            result = self.start("run", "program.txt", "--trace", "log.txt", stdout=log)
+        self.assertEqual((result.code, result.err),
+                         (2, "vorstek-cli: cannot write 'log.txt': it is a standard stream\n"))
+        self.assertEqual(self.read("log.txt"), b"")
 
     def test_as_graph_file(self):
         os.mkdir(self.path("folder.txt"))

@@ -326,6 +326,13 @@ class GraphFileTest(ConsoleCase):
                          "9", code=3)
         self.assertEqual(self.read_text("graph.txt").splitlines()[-1], "4.000000 , 0.000000")
 
+    def test_data_lines_that_the_file_cannot_hold_are_an_error(self):
+        result = self.run_listing(("1", "SumG", "2", "SetG", "3", "SumG"), "--graph", "graph.txt",
+                                  code=1)
+        self.assertTrue(result.err.startswith("1 of the 2 data sets were written to the file:\n"))
+        self.assertEqual(self.read_text("graph.txt").splitlines()[-1], "1.000000 , 0.000000")
+        self.run_listing(("1", "SumG", "2", "SetG", "3", "SumG"), "--graph", "graph.svg")
+
     def test_points_in_json_read_back_to_the_same_floats(self):
         values = [0.1, 1 / 3, 1e-30, 3.4e38, 16777217, -2.5e-7, 1e99]
         registers = [word for n, value in enumerate(values) for word in ("--reg", f"{n}={value!r}")]
@@ -459,6 +466,35 @@ class SpecialFileTest(LinuxCase):
         os.symlink("/proc/version", self.path("version.txt"))
         result = self.run_listing(("3",), "--trace", "version.txt", code=2)
         self.assertRegex(result.err, r"\A[^\n]*version.txt[^\n]*\n\Z")
+
+
+class TraceOutputTest(ConsoleCase):
+
+    LINES = ("3", "PAUSE", "STO 0")
+
+    def test_a_trace_to_standard_output(self):
+        filed = self.run_listing(self.LINES, "--trace", "log.txt")
+        printed = self.run_listing(self.LINES, "--trace", "-")
+        log = self.read_text("log.txt").splitlines()
+        stack = filed.out.splitlines()[1:]
+        self.assertEqual(printed.out.splitlines()[3:], log[3:] + stack)
+        self.assertEqual(printed.err, " 3.00\n")
+
+    def test_it_has_no_cap(self):
+        lines = self.run_listing(ENDLESS, "--trace", "-", "--max-lines", "20000", code=3).out
+        self.assertEqual(len(lines.splitlines()), 4 + 20000 + 4)
+
+    def test_the_cap_of_a_log(self):
+        for option, most in ((["--trace-size", "2"], 2_000_000), ([], 1_000_000)):
+            self.run_listing(ENDLESS, "--trace", "log.txt", *option, "--max-lines", "30000", code=3)
+            older = os.path.getsize(self.path("log_older.txt"))
+            self.assertLess(most, older)
+            self.assertLess(older, most + 1000)
+        for size in ("0", "101", "x", "1.5", ""):
+            result = self.start("run", "program.txt", "--trace-size", size)
+            self.assertEqual((result.code, result.err),
+                             (2, "vorstek-cli: --trace-size needs a number of megabytes from 1 to "
+                                 "100\n"))
 
 
 class InputTest(LinuxCase):

@@ -70,12 +70,24 @@ static std::string WholeName(const char *szName)
     return Whole;
 }
 
+static int IsSame(const struct stat &Status, const struct stat &Other)
+{
+    return Status.st_dev == Other.st_dev && Status.st_ino == Other.st_ino;
+}
+
 int IsSameFile(const char *szName, const char *szOther)
 {
     struct stat Status, Other;
     if (stat(szName, &Status) == 0 && stat(szOther, &Other) == 0)
-        return Status.st_dev == Other.st_dev && Status.st_ino == Other.st_ino;
+        return IsSame(Status, Other);
     return WholeName(szName) == WholeName(szOther);
+}
+
+int IsFileOf(FILE *pStream, const char *szName)
+{
+    struct stat Status, Other;
+    return fstat(fileno(pStream), &Status) == 0 && stat(szName, &Other) == 0 &&
+           IsSame(Status, Other);
 }
 
 int LengthOfFile(const char *szName, uint64_t *pnLength)

@@ -85,14 +85,26 @@ static std::wstring WholeName(const std::wstring &Name)
     return Whole;
 }
 
+static int IsSame(const BY_HANDLE_FILE_INFORMATION &Of, const BY_HANDLE_FILE_INFORMATION &OfOther)
+{
+    return Of.dwVolumeSerialNumber == OfOther.dwVolumeSerialNumber &&
+           Of.nFileIndexHigh == OfOther.nFileIndexHigh && Of.nFileIndexLow == OfOther.nFileIndexLow;
+}
+
+int IsFileOf(FILE *pStream, const char *szName)
+{
+    const auto                 hStream = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(pStream)));
+    BY_HANDLE_FILE_INFORMATION Of, OfOther;
+    return GetFileInformationByHandle(hStream, &Of) && Identity(Wide(szName), &OfOther) &&
+           IsSame(Of, OfOther);
+}
+
 int IsSameFile(const char *szName, const char *szOther)
 {
     const std::wstring         Names[] = {Wide(szName), Wide(szOther)};
     BY_HANDLE_FILE_INFORMATION Of, OfOther;
     if (Identity(Names[0], &Of) && Identity(Names[1], &OfOther))
-        return Of.dwVolumeSerialNumber == OfOther.dwVolumeSerialNumber &&
-               Of.nFileIndexHigh == OfOther.nFileIndexHigh &&
-               Of.nFileIndexLow == OfOther.nFileIndexLow;
+        return IsSame(Of, OfOther);
     return CompareStringOrdinal(WholeName(Names[0]).c_str(), -1, WholeName(Names[1]).c_str(), -1,
                                 TRUE) == CSTR_EQUAL;
 }
