@@ -224,6 +224,7 @@ public:
 
     // --- running
     unsigned  m_nRuns;         // that have begun
+    int       m_bRunFailed;    // the last one ended with an error
     int       m_bInRun;        // the run loop is active, halted or not
     int       m_bInterrupted;  // the lines executed without a drain end here
     cRunLines m_RunLines;

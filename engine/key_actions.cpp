@@ -8,6 +8,7 @@
 
 #include "engine/calculator.h"
 #include "engine/dispatch.h"
+#include "engine/key_codes.h"
 #include "engine/listing_words.h"
 #include "engine/number_entry.h"
 #include "engine/pending_keys.h"
@@ -265,7 +266,7 @@ static int PressClearProgram(cCalculator &c, const char *)
 }
 
 // What a key does: unshifted, after f and after g. The text is the mnemonic,
-// prefix or character that the action takes.
+// prefix or character that the action takes, or else a name to find the key by.
 namespace
 {
 
@@ -290,48 +291,48 @@ struct cKeyRow
 #define SUM(name)    { PressSum,    name }
 #define OPERATOR(op) { PressArithmetic, op }
 #define HOLD(name)   { PressHeld,   name }
-#define SPECIAL(key) { Press##key,  "" }
+#define SPECIAL(key, name) { Press##key, name }
 
 // Keys 1 to 30 in row order.
 static const cKeyRow s_Keys[] =
 {
-//    unshifted              after f                after g
-    { SPECIAL(Sst),          PREFIX("FIX "),        SPECIAL(Bst)       },
-    { PREFIX("GSB "),        PREFIX("SCI "),        RUN("RTN")         },
-    { PREFIX("GTO "),        PREFIX("ENG "),        PREFIX("LBL ")     },
-    { PREFIX("f "),          PREFIX("f "),          PREFIX("f ")       },
-    { SPECIAL(ShiftG),       SPECIAL(ShiftG),       SPECIAL(ShiftG)    },
+//    unshifted                       after f                          after g
+    { SPECIAL(Sst, "SST"),            PREFIX("FIX "),                  SPECIAL(Bst, "BST")     },
+    { PREFIX("GSB "),                 PREFIX("SCI "),                  RUN("RTN")              },
+    { PREFIX("GTO "),                 PREFIX("ENG "),                  PREFIX("LBL ")          },
+    { PREFIX("f "),                   PREFIX("f "),                    PREFIX("f ")            },
+    { SPECIAL(ShiftG, "g"),           SPECIAL(ShiftG, "g"),            SPECIAL(ShiftG, "g")    },
 
-    { RUN("x<>y"),           RUN("Mean"),           RUN("%")           },
-    { SPECIAL(Indirect),     RUN("StdDev"),         SPECIAL(Indirect)  },
-    { PREFIX("STO "),        RUN("LR"),             RUN("DSZ")         },
-    { PREFIX("RCL "),        RUN("ClearG"),         RUN("ISZ")         },
-    { SUM("Sum+"),           RUN("Sum-"),           SPECIAL(Delete)    },
+    { RUN("x<>y"),                    RUN("Mean"),                     RUN("%")                },
+    { SPECIAL(Indirect, "Rolldown"),  RUN("StdDev"),                   SPECIAL(Indirect, "i")  },
+    { PREFIX("STO "),                 RUN("LR"),                       RUN("DSZ")              },
+    { PREFIX("RCL "),                 RUN("ClearG"),                   RUN("ISZ")              },
+    { SUM("Sum+"),                    RUN("Sum-"),                     SPECIAL(Delete, "DEL")  },
 
-    { RUN("ENTER"),          SPECIAL(Nothing),      SPECIAL(Nothing)   },
-    { RUN("CHS"),            SPECIAL(ClearProgram), RUN("GRD")         },
-    { SPECIAL(Exponent),     RUN("ClearREG"),       RUN("RAD")         },
-    { RUN("CLX"),            RUN("ClearSum"),       RUN("DEG")         },
+    { RUN("ENTER"),                   SPECIAL(Nothing, ""),            SPECIAL(Nothing, "")    },
+    { RUN("CHS"),                     SPECIAL(ClearProgram, "PRGM"),   RUN("GRD")              },
+    { SPECIAL(Exponent, "EEX"),       RUN("ClearREG"),                 RUN("RAD")              },
+    { RUN("CLX"),                     RUN("ClearSum"),                 RUN("DEG")              },
 
-    { OPERATOR("-"),         RUN("x<=y"),           RUN("x<0")         },
-    { DIGIT("7"),            RUN("ln"),             RUN("e^x")         },
-    { DIGIT("8"),            RUN("log"),            RUN("10^x")        },
-    { DIGIT("9"),            RUN("->R"),            RUN("->P")         },
+    { OPERATOR("-"),                  RUN("x<=y"),                     RUN("x<0")              },
+    { DIGIT("7"),                     RUN("ln"),                       RUN("e^x")              },
+    { DIGIT("8"),                     RUN("log"),                      RUN("10^x")             },
+    { DIGIT("9"),                     RUN("->R"),                      RUN("->P")              },
 
-    { OPERATOR("+"),         RUN("x>y"),            RUN("x>0")         },
-    { DIGIT("4"),            RUN("sin"),            RUN("sin^-1")      },
-    { DIGIT("5"),            RUN("cos"),            RUN("cos^-1")      },
-    { DIGIT("6"),            RUN("tan"),            RUN("tan^-1")      },
+    { OPERATOR("+"),                  RUN("x>y"),                      RUN("x>0")              },
+    { DIGIT("4"),                     RUN("sin"),                      RUN("sin^-1")           },
+    { DIGIT("5"),                     RUN("cos"),                      RUN("cos^-1")           },
+    { DIGIT("6"),                     RUN("tan"),                      RUN("tan^-1")           },
 
-    { OPERATOR("*"),         RUN("x!=y"),           RUN("x!=0")        },
-    { DIGIT("1"),            RUN("INT"),            RUN("FRAC")        },
-    { DIGIT("2"),            RUN("sqrt"),           RUN("x^2")         },
-    { DIGIT("3"),            RUN("y^x"),            RUN("ABS")         },
+    { OPERATOR("*"),                  RUN("x!=y"),                     RUN("x!=0")             },
+    { DIGIT("1"),                     RUN("INT"),                      RUN("FRAC")             },
+    { DIGIT("2"),                     RUN("sqrt"),                     RUN("x^2")              },
+    { DIGIT("3"),                     RUN("y^x"),                      RUN("ABS")              },
 
-    { OPERATOR("/"),         RUN("x=y"),            RUN("x=0")         },
-    { DIGIT("0"),            RUN("SumG"),           RUN("SetG")        },
-    { SPECIAL(Point),        RUN("LASTx"),          RUN("pi")          },
-    { SPECIAL(RunStop),      HOLD("PAUSE"),         HOLD("1/x")        },
+    { OPERATOR("/"),                  RUN("x=y"),                      RUN("x=0")              },
+    { DIGIT("0"),                     RUN("SumG"),                     RUN("SetG")             },
+    { SPECIAL(Point, "."),            RUN("LASTx"),                    RUN("pi")               },
+    { SPECIAL(RunStop, "R/S"),        HOLD("PAUSE"),                   HOLD("1/x")             },
 };
 
 #undef RUN
@@ -342,6 +343,31 @@ static const cKeyRow s_Keys[] =
 #undef HOLD
 #undef SPECIAL
 // clang-format on
+
+// A prefix is stored with the blank that follows it: "STO ".
+static int IsNamed(const cKeyRow::cCell &Cell, std::string_view Name)
+{
+    std::string_view Text = Cell.m_szText;
+    if (Text.ends_with(' '))
+        Text.remove_suffix(1);
+    return Text == Name && !Name.empty();
+}
+
+cKeySequence FindKeys(std::string_view Name)
+{
+    unsigned nKey = 1;
+    for (const cKeyRow &Row : s_Keys)
+    {
+        if (IsNamed(Row.m_Plain, Name))
+            return {{nKey, 0}, 1};
+        if (IsNamed(Row.m_AfterF, Name))
+            return {{kKeyF, nKey}, 2};
+        if (IsNamed(Row.m_AfterG, Name))
+            return {{kKeyG, nKey}, 2};
+        nKey++;
+    }
+    return {{0, 0}, 0};
+}
 
 int PressFaceKey(cCalculator &c, unsigned nKeyCode)
 {

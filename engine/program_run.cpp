@@ -77,6 +77,7 @@ int RunProgram(cCalculator &c)
     c.m_nRuns++;
     const int nResult = bOpened && RunUntilHalt(c);
     c.m_bInRun        = 0;
+    c.m_bRunFailed    = !nResult;
     c.m_Trace.Close();
     EnableRunCommands(c, 1);
     c.RefreshViews();

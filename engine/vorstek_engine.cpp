@@ -95,6 +95,11 @@ int cVorstekEngine::IsInRun() const
     return m_pCalculator->m_bInRun;
 }
 
+int cVorstekEngine::HasRunFailed() const
+{
+    return m_pCalculator->m_bRunFailed;
+}
+
 unsigned cVorstekEngine::RunNumber() const
 {
     return m_pCalculator->m_nRuns;

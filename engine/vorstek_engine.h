@@ -87,6 +87,9 @@ public:
     // How many runs have begun, the present one included.
     unsigned RunNumber() const;
 
+    // 1 if the last run that has ended did so with an error in the current line.
+    int HasRunFailed() const;
+
     // The trace log's name, "tracelog.txt" unless set; kept, not copied.
     void SetTraceFileName(const char *szName);
 
