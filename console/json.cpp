@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <exception>
 
 #include "toolkit/utf8.h"
 
@@ -68,14 +69,15 @@ void AppendJsonNumber(std::string *pJson, float fValue)
 }
 
 cJsonList::cJsonList(std::string *pJson, char cOpen, char cClose)
-    : m_pJson(pJson), m_cClose(cClose), m_bFirst(1)
+    : m_pJson(pJson), m_cClose(cClose), m_bFirst(1), m_nExceptions(std::uncaught_exceptions())
 {
     m_pJson->push_back(cOpen);
 }
 
-cJsonList::~cJsonList()
+cJsonList::~cJsonList() noexcept(false)
 {
-    m_pJson->push_back(m_cClose);
+    if (std::uncaught_exceptions() == m_nExceptions)
+        m_pJson->push_back(m_cClose);
 }
 
 std::string *cJsonList::Next()

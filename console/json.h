@@ -23,7 +23,10 @@ class cJsonList
 {
 public:
     cJsonList(std::string *pJson, char cOpen, char cClose);
-    ~cJsonList();
+
+    // Appends the closing bracket. Throws std::bad_alloc if there is no memory for it,
+    // but not while that already ends the enclosing block.
+    ~cJsonList() noexcept(false);
     cJsonList(const cJsonList &)            = delete;
     cJsonList &operator=(const cJsonList &) = delete;
 
@@ -40,6 +43,7 @@ private:
     std::string *m_pJson;
     char         m_cClose;
     int          m_bFirst;
+    int          m_nExceptions;  // that were on their way when the list began
 };
 
 #endif
