@@ -1,8 +1,10 @@
 #include "console/state_report.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 
+#include "console/arguments.h"
 #include "console/json.h"
 #include "engine/display.h"
 #include "engine/listing_words.h"
@@ -10,6 +12,19 @@
 #include "graph/vantor_data_set.h"
 
 static const size_t kLineRoom = 600;  // the longest listing line with its line end
+
+namespace
+{
+
+// What the state is made of.
+struct cSource
+{
+    cHeadlessCalculator *m_pCalculator;
+    const cHeadlessHost &m_Host;
+    const cVorstekState &m_State;
+};
+
+}  // namespace
 
 std::string DisplayedText(cVorstekEngine *pEngine)
 {
@@ -20,9 +35,11 @@ std::string DisplayedText(cVorstekEngine *pEngine)
     return Text;
 }
 
-static void ReportLevel(cJsonList *pStack, const char *szText, double dValue)
+// --- stack and modes
+
+static void AppendLevel(std::string *pJson, const char *szText, double dValue)
 {
-    cJsonList Level(pStack->Next(), '{', '}');
+    cJsonList Level(pJson, '{', '}');
     Level.Text("text", szText);
     Level.Number("value", dValue);
 }
@@ -30,44 +47,52 @@ static void ReportLevel(cJsonList *pStack, const char *szText, double dValue)
 void ReportStack(const cVorstekState &State, cJsonList *pObject)
 {
     cJsonList Stack(pObject->Key("stack"), '[', ']');
-    ReportLevel(&Stack, State.m_szX, State.m_dX);
-    ReportLevel(&Stack, State.m_szY, State.m_dY);
-    ReportLevel(&Stack, State.m_szZ, State.m_dZ);
-    ReportLevel(&Stack, State.m_szT, State.m_dT);
+    AppendLevel(Stack.Next(), State.m_szX, State.m_dX);
+    AppendLevel(Stack.Next(), State.m_szY, State.m_dY);
+    AppendLevel(Stack.Next(), State.m_szZ, State.m_dZ);
+    AppendLevel(Stack.Next(), State.m_szT, State.m_dT);
+}
+
+static void ReportFormat(const cVorstekState &State, cJsonList *pObject)
+{
+    static const char *const s_Formats[] = {"FIX", "SCI", "ENG"};
+    char                     szFormat[8];
+    snprintf(szFormat, sizeof szFormat, "%s %u", s_Formats[State.m_nDisplayMode],
+             State.m_nDisplayDigits % 10);
+    pObject->Text("format", szFormat);
+}
+
+static void ReportAngle(const cVorstekState &State, cJsonList *pObject)
+{
+    static const char *const s_Angles[] = {"RAD", "DEG", "GRD"};
+    pObject->Text("angle", s_Angles[State.m_nAngleMode]);
 }
 
 void ReportModes(const cVorstekState &State, cJsonList *pObject)
 {
-    static const char *const s_Formats[] = {"FIX", "SCI", "ENG"};
-    static const char *const s_Angles[]  = {"RAD", "DEG", "GRD"};
-    char                     szFormat[8];
-    snprintf(szFormat, sizeof szFormat, "%s %u", s_Formats[State.m_nDisplayMode],
-             State.m_nDisplayDigits % 10);
     pObject->Number("stack_lift", State.m_bStackLift);
-    pObject->Text("format", szFormat);
-    pObject->Text("angle", s_Angles[State.m_nAngleMode]);
+    ReportFormat(State, pObject);
+    ReportAngle(State, pObject);
 }
 
-static void ReportKeys(const cVorstekState &State, cJsonList *pObject)
+static void ReportRegisters(const cVorstekState &State, cJsonList *pObject)
 {
-    pObject->Text("entry", State.m_szEntry);
-    pObject->Text("exponent", State.m_szExponent);
-    pObject->Text("keystrokes", State.m_szKeystrokes);
-    pObject->Text("last_op", State.m_szLastOp);
-    pObject->Text("saved_last_op", State.m_szSavedLastOp);
-    pObject->Number("show_stack", State.m_bShowStack);
-    pObject->Number("modified", State.m_bProgramModified);
+    cJsonList Registers(pObject->Key("reg"), '[', ']');
+    for (const double dRegister : State.m_dReg)
+        AppendJsonNumber(Registers.Next(), dRegister);
+}
+
+// --- program
+
+static void ReportReturns(const cVorstekState &State, cJsonList *pObject)
+{
+    cJsonList Returns(pObject->Key("returns"), '[', ']');
+    for (unsigned i = 0; i < State.m_nReturnDepth; i++)
+        AppendJsonNumber(Returns.Next(), static_cast<double>(State.m_nReturnAddr[i]));
 }
 
 static void ReportProgram(const cVorstekState &State, cJsonList *pObject)
 {
-    pObject->Number("line", State.m_nCurLine);
-    {
-        cJsonList Returns(pObject->Key("returns"), '[', ']');
-        for (unsigned i = 0; i < State.m_nReturnDepth; i++)
-            AppendJsonNumber(Returns.Next(), static_cast<double>(State.m_nReturnAddr[i]));
-    }
-    pObject->Text("file", State.m_szFileName);
     cJsonList Program(pObject->Key("program"), '[', ']');
     for (const ProgramLine &Line : State.m_Program)
     {
@@ -76,6 +101,8 @@ static void ReportProgram(const cVorstekState &State, cJsonList *pObject)
         AppendJsonText(Program.Next(), szText);
     }
 }
+
+// --- boxes and options
 
 static void ReportBox(const cLineBox &Box, const char *szKey, cJsonList *pObject)
 {
@@ -98,6 +125,8 @@ static void ReportOptions(const cVorstekState &State, cJsonList *pObject)
     Options.Number("keep_listing", State.m_bKeepListingOpen);
     Options.Number("keep_registers", State.m_bKeepRegistersOpen);
 }
+
+// --- graph
 
 static void ReportValues(const float *pValues, unsigned nValues, const char *szKey,
                          cJsonList *pObject)
@@ -127,42 +156,128 @@ static void ReportDataSet(const cVantorDataSet &Set, std::string *pJson)
     ReportValues(Set.m_pY.get(), Set.m_nPoints, "y", &Object);
 }
 
-static void ReportGraph(const cVorstekState &State, const cVantorPlot &Plot, cJsonList *pObject)
+static void ReportGraph(const cVantorPlot &Plot, cJsonList *pObject)
 {
-    pObject->Number("graph_line", State.m_nGraphLine);
-    pObject->Text("graph_title", Plot.Settings().m_szTitle);
-    pObject->Text("graph_label", Plot.Settings().m_szHorzLabel);
     cJsonList Sets(pObject->Key("graph"), '[', ']');
     for (unsigned nLine = 1; nLine <= Plot.Count(); nLine++)
         ReportDataSet(*Plot.DataSet(nLine), Sets.Next());
 }
 
+// --- the parts in their order
+
+namespace
+{
+
+struct cPart
+{
+    const char *m_szKey;
+    void (*m_pReport)(const cSource &Source, cJsonList *pObject);
+};
+
+}  // namespace
+
+// A part that is a function of the state alone.
+template <void (*pReport)(const cVorstekState &State, cJsonList *pObject)>
+static void OfState(const cSource &Source, cJsonList *pObject)
+{
+    pReport(Source.m_State, pObject);
+}
+
+// clang-format off
+#define TEXT(key, value)   { key, [](const cSource &From, cJsonList *pObject) { pObject->Text(key, value); } }
+#define NUMBER(key, value) { key, [](const cSource &From, cJsonList *pObject) { pObject->Number(key, value); } }
+
+static const cPart s_Parts[] =
+{
+    TEXT("mode",               From.m_State.m_bProgramMode ? "program" : "run"),
+    TEXT("display",            DisplayedText(&From.m_pCalculator->m_Engine)),
+    { "stack",                 OfState<ReportStack> },
+    NUMBER("lastx",            From.m_State.m_dLastX),
+    { "reg",                   OfState<ReportRegisters> },
+    NUMBER("stack_lift",       From.m_State.m_bStackLift),
+    { "format",                OfState<ReportFormat> },
+    { "angle",                 OfState<ReportAngle> },
+    TEXT("entry",              From.m_State.m_szEntry),
+    TEXT("exponent",           From.m_State.m_szExponent),
+    TEXT("keystrokes",         From.m_State.m_szKeystrokes),
+    TEXT("last_op",            From.m_State.m_szLastOp),
+    TEXT("saved_last_op",      From.m_State.m_szSavedLastOp),
+    NUMBER("show_stack",       From.m_State.m_bShowStack),
+    NUMBER("modified",         From.m_State.m_bProgramModified),
+    NUMBER("line",             From.m_State.m_nCurLine),
+    { "returns",               OfState<ReportReturns> },
+    TEXT("file",               From.m_State.m_szFileName),
+    { "program",               OfState<ReportProgram> },
+    { "listing",               [](const cSource &From, cJsonList *pObject) { ReportBox(From.m_pCalculator->m_Listing, "listing", pObject); } },
+    NUMBER("highlight",        From.m_pCalculator->m_Listing.HighlightedLine()),
+    { "registers",             [](const cSource &From, cJsonList *pObject) { ReportBox(From.m_pCalculator->m_Registers, "registers", pObject); } },
+    NUMBER("listing_shown",    From.m_Host.m_bListingShown),
+    NUMBER("registers_shown",  From.m_Host.m_bRegistersShown),
+    NUMBER("graph_shown",      From.m_Host.m_bGraphShown),
+    { "options",               OfState<ReportOptions> },
+    NUMBER("switch_pending",   From.m_State.m_bSwitchToProgramPending),
+    NUMBER("graph_line",       From.m_State.m_nGraphLine),
+    TEXT("graph_title",        From.m_Host.m_Plot.Settings().m_szTitle),
+    TEXT("graph_label",        From.m_Host.m_Plot.Settings().m_szHorzLabel),
+    { "graph",                 [](const cSource &From, cJsonList *pObject) { ReportGraph(From.m_Host.m_Plot, pObject); } },
+};
+
+#undef TEXT
+#undef NUMBER
+// clang-format on
+
 void ReportState(cHeadlessCalculator *pCalculator, const cHeadlessHost &Host, cJsonList *pObject)
 {
-    cVorstekEngine *const pEngine = &pCalculator->m_Engine;
-    pEngine->RefreshViews();
-    const std::string    Display = DisplayedText(pEngine);
-    const cVorstekState &State   = pEngine->State();
+    pCalculator->m_Engine.RefreshViews();
+    const cSource Source = {pCalculator, Host, pCalculator->m_Engine.State()};
+    for (const cPart &Part : s_Parts)
+        Part.m_pReport(Source, pObject);
+}
 
-    pObject->Text("mode", State.m_bProgramMode ? "program" : "run");
-    pObject->Text("display", Display);
-    ReportStack(State, pObject);
-    pObject->Number("lastx", State.m_dLastX);
+// "x" to "t"; 0 if it is no level.
+static int ReportLevel(const cVorstekState &State, const std::string &Name, cJsonList *pObject)
+{
+    const struct
     {
-        cJsonList Registers(pObject->Key("reg"), '[', ']');
-        for (const double dRegister : State.m_dReg)
-            AppendJsonNumber(Registers.Next(), dRegister);
-    }
-    ReportModes(State, pObject);
-    ReportKeys(State, pObject);
-    ReportProgram(State, pObject);
-    ReportBox(pCalculator->m_Listing, "listing", pObject);
-    pObject->Number("highlight", pCalculator->m_Listing.HighlightedLine());
-    ReportBox(pCalculator->m_Registers, "registers", pObject);
-    pObject->Number("listing_shown", Host.m_bListingShown);
-    pObject->Number("registers_shown", Host.m_bRegistersShown);
-    pObject->Number("graph_shown", Host.m_bGraphShown);
-    ReportOptions(State, pObject);
-    pObject->Number("switch_pending", State.m_bSwitchToProgramPending);
-    ReportGraph(State, Host.m_Plot, pObject);
+        const char *m_szName;
+        const char *m_szText;
+        double      m_dValue;
+    } Levels[] = {{"x", State.m_szX, State.m_dX},
+                  {"y", State.m_szY, State.m_dY},
+                  {"z", State.m_szZ, State.m_dZ},
+                  {"t", State.m_szT, State.m_dT}};
+    for (const auto &Row : Levels)
+        if (Name == Row.m_szName)
+        {
+            AppendLevel(pObject->Key(Name), Row.m_szText, Row.m_dValue);
+            return 1;
+        }
+    return 0;
+}
+
+// "reg.5"; 0 if it is no register.
+static int ReportRegister(const cVorstekState &State, const std::string &Name, cJsonList *pObject)
+{
+    static const std::string s_Prefix = "reg.";
+    uint64_t                 nRegister;
+    if (!Name.starts_with(s_Prefix) ||
+        !ParseWholeNumber(Name.substr(s_Prefix.size()), &nRegister) || nRegister >= kRegisters)
+        return 0;
+    AppendJsonNumber(pObject->Key(Name), State.m_dReg[nRegister]);
+    return 1;
+}
+
+int ReportStatePart(const std::string &Name, cHeadlessCalculator *pCalculator,
+                    const cHeadlessHost &Host, cJsonList *pObject)
+{
+    pCalculator->m_Engine.RefreshViews();
+    const cVorstekState &State = pCalculator->m_Engine.State();
+    if (ReportLevel(State, Name, pObject) || ReportRegister(State, Name, pObject))
+        return 1;
+    const auto *const pPart = std::find_if(std::begin(s_Parts), std::end(s_Parts),
+                                           [&](const cPart &Part) { return Name == Part.m_szKey; });
+    if (pPart == std::end(s_Parts))
+        return 0;
+    pPart->m_pReport({pCalculator, Host, State}, pObject);
+    return 1;
 }

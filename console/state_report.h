@@ -23,4 +23,9 @@ void ReportModes(const cVorstekState &State, cJsonList *pObject);
 // All keys of the state, in their fixed order.
 void ReportState(cHeadlessCalculator *pCalculator, const cHeadlessHost &Host, cJsonList *pObject);
 
+// One of these keys, or "x" to "t" for a level and "reg.0" to "reg.29" for a
+// register. 0 if there is no such part.
+int ReportStatePart(const std::string &Name, cHeadlessCalculator *pCalculator,
+                    const cHeadlessHost &Host, cJsonList *pObject);
+
 #endif
