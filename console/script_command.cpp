@@ -13,6 +13,10 @@
 #include "console/json.h"
 #include "console/script_host.h"
 #include "console/state_report.h"
+#include "console/typed_words.h"
+#include "console/vocabulary.h"
+#include "engine/instruction.h"
+#include "engine/key_codes.h"
 #include "engine/vorstek_state.h"
 #include "graph/graph_file_commands.h"
 
@@ -48,10 +52,15 @@ private:
     int OnGraph(const std::string &Rest);
     int OnReset(const std::string &Rest);
     int OnState(const std::string &Rest);
+    int OnPress(const std::string &Rest);
+    int OnDo(const std::string &Rest);
 
+    int  TakeKeys(const std::string &Name, std::vector<unsigned> *pKeys) const;
+    void Press(const std::vector<unsigned> &Keys);
     int  DeliverNow(const std::string &Command);
     void Restart();
 
+    const cVocabulary                    m_Vocabulary;
     std::ostream                        *m_pOut;
     std::unique_ptr<cScriptHost>         m_pHost;
     std::unique_ptr<cHeadlessCalculator> m_pCalculator;
@@ -62,7 +71,7 @@ const cScript::cCommand cScript::s_Commands[] = {
     {"text", &cScript::OnText},   {"answer", &cScript::OnAnswer}, {"open", &cScript::OnOpen},
     {"save", &cScript::OnSave},   {"option", &cScript::OnOption}, {"limit", &cScript::OnLimit},
     {"at", &cScript::OnAt},       {"graph", &cScript::OnGraph},   {"reset", &cScript::OnReset},
-    {"state", &cScript::OnState},
+    {"state", &cScript::OnState}, {"press", &cScript::OnPress},   {"do", &cScript::OnDo},
 };
 
 // The first word, and what follows it after one blank.
@@ -203,12 +212,61 @@ int cScript::OnKey(const std::string &Rest)
         if (!ParseKeyCode(Word, &Codes.back()))
             return 0;
     }
-    for (const unsigned nKeyCode : Codes)
+    Press(Codes);
+    return !Codes.empty();
+}
+
+void cScript::Press(const std::vector<unsigned> &Keys)
+{
+    for (const unsigned nKeyCode : Keys)
     {
         m_pHost->Deliver({cScriptEvent::evDown, nKeyCode, 0});
         m_pHost->Deliver({cScriptEvent::evUp, nKeyCode, 0});
     }
-    return !Codes.empty();
+}
+
+static void AddKeys(const cKeySequence &Keys, std::vector<unsigned> *pKeys)
+{
+    pKeys->insert(pKeys->end(), Keys.m_nKeys, Keys.m_nKeys + Keys.m_nCount);
+}
+
+// "sin", "STO", or the digits and points of "12.5", a key each.
+int cScript::TakeKeys(const std::string &Name, std::vector<unsigned> *pKeys) const
+{
+    const cInstruction *const pInstruction = m_Vocabulary.Find(Name);
+    const cKeySequence        Keys = FindKeys(pInstruction ? pInstruction->m_szMnemonic : Name);
+    AddKeys(Keys, pKeys);
+    if (Keys.m_nCount > 0)
+        return 1;
+    for (const char c : Name)
+        AddKeys(FindKeys({&c, 1}), pKeys);
+    return Name.find_first_not_of("0123456789.") == std::string::npos;
+}
+
+int cScript::OnPress(const std::string &Rest)
+{
+    std::vector<unsigned> Keys;
+    for (const std::string &Name : SplitWords(Rest))
+        if (!TakeKeys(Name, &Keys))
+            return 0;
+    Press(Keys);
+    return !Keys.empty();
+}
+
+// All or none of the words; an error ends them, as it ends a program.
+int cScript::OnDo(const std::string &Rest)
+{
+    std::vector<cListingLine> Steps;
+    cTypedWords               Words(m_Vocabulary, Rest);
+    cTypedStep                Step;
+    while (Words.Next(&Step))
+    {
+        if (Step.m_Parsed.m_nKind != llInstruction && Step.m_Parsed.m_nKind != llNumber)
+            return 0;
+        Steps.push_back(Step.m_Parsed);
+    }
+    m_pHost->Perform(Steps);
+    return !Steps.empty();
 }
 
 int cScript::OnText(const std::string &Rest)
@@ -340,13 +398,16 @@ int cScript::OnReset(const std::string &Rest)
 
 int cScript::OnState(const std::string &Rest)
 {
-    if (!TrimBlanks(Rest).empty())
-        return 0;
+    const auto  Parts = SplitWords(Rest);
     std::string Json;
     {
         cJsonList Object(&Json, '{', '}');
         Object.Text("event", "state");
-        ReportState(m_pCalculator.get(), *m_pHost, &Object);
+        if (Parts.empty())
+            ReportState(m_pCalculator.get(), *m_pHost, &Object);
+        for (const std::string &Part : Parts)
+            if (!ReportStatePart(Part, m_pCalculator.get(), *m_pHost, &Object))
+                return 0;
     }
     m_pHost->WriteLine(Json);
     return 1;

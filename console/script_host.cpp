@@ -5,11 +5,15 @@
 #include <vector>
 
 #include "console/json.h"
+#include "console/state_report.h"
+#include "engine/key_codes.h"
+#include "engine/vorstek_state.h"
 
 static const uint64_t kDefaultLimit = 10000;
 
 cScriptHost::cScriptHost(std::ostream *pOut)
-    : m_pEngine(nullptr), m_pOut(pOut), m_nLimit(kDefaultLimit), m_nRun(0), m_nLines(0)
+    : m_pEngine(nullptr), m_pOut(pOut), m_nLimit(kDefaultLimit), m_nReportedRun(0), m_nRun(0),
+      m_nLines(0)
 {
 }
 
@@ -98,15 +102,54 @@ void cScriptHost::Dispatch(const cScriptEvent &Event)
         m_pEngine->OnCalcKey(Event.m_nKeyCode, Event.m_nKind == cScriptEvent::evDown);
 }
 
-void cScriptHost::Deliver(const cScriptEvent &Event)
+// A run that has ended with an error is an event.
+void cScriptHost::ReportRun()
 {
-    Dispatch(Event);
+    if (m_nReportedRun == m_pEngine->RunNumber() || m_pEngine->IsInRun())
+        return;
+    m_nReportedRun = m_pEngine->RunNumber();
+    if (!m_pEngine->HasRunFailed())
+        return;
+    const cVorstekState &State = m_pEngine->State();
+    const ProgramLine   &Line  = State.m_Program[State.m_nCurLine];
+    char                 szStep[kStepText];
+    PrintStep(Line, szStep);
+    std::string Json;
+    {
+        cJsonList Object(&Json, '{', '}');
+        Object.Text("event", "error");
+        Object.Number("line", State.m_nCurLine);
+        Object.Number("listing_line", Line.m_nListingLine);
+        Object.Text("instruction", szStep);
+        Object.Text("text", DisplayedText(m_pEngine));
+    }
+    WriteLine(Json);
+}
+
+void cScriptHost::DispatchWaiting()
+{
+    ReportRun();
     while (!m_Waiting.empty())
     {
         const cScriptEvent Next = m_Waiting.front();
         m_Waiting.pop_front();
         Dispatch(Next);
+        ReportRun();
     }
+}
+
+void cScriptHost::Deliver(const cScriptEvent &Event)
+{
+    Dispatch(Event);
+    DispatchWaiting();
+}
+
+void cScriptHost::Perform(const std::vector<cListingLine> &Steps)
+{
+    for (const cListingLine &Step : Steps)
+        if (!m_pEngine->Perform(Step))
+            break;
+    DispatchWaiting();
 }
 
 void cScriptHost::DeliverAfter(uint64_t nLine, const cScriptEvent &Event)

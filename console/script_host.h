@@ -11,8 +11,10 @@
 #include <map>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "console/headless_host.h"
+#include "engine/listing_words.h"
 
 // A key event or a typed character.
 struct cScriptEvent
@@ -41,6 +43,10 @@ public:
     // Delivers an event now, then those that a run left waiting.
     void Deliver(const cScriptEvent &Event);
 
+    // Performs steps of a listing up to the first that ends with an error, then
+    // delivers what a run left waiting.
+    void Perform(const std::vector<cListingLine> &Steps);
+
     // Delivers an event in the next run, after its nLine-th executed line.
     void DeliverAfter(uint64_t nLine, const cScriptEvent &Event);
 
@@ -58,6 +64,8 @@ private:
 
     eAnswer  NextAnswer(eButtons nButtons);
     void     Dispatch(const cScriptEvent &Event);
+    void     DispatchWaiting();
+    void     ReportRun();
     void     TakeDueEvents();
     uint64_t CountLinesToNextEvent() const;
 
@@ -66,8 +74,9 @@ private:
     std::multimap<cMoment, cScriptEvent> m_Later;    // equal moments: in the order given
     std::deque<cScriptEvent>             m_Waiting;  // after the current event
     uint64_t                             m_nLimit;
-    unsigned                             m_nRun;    // the run that m_nLines counts in
-    uint64_t                             m_nLines;  // executed in it so far
+    unsigned                             m_nReportedRun;  // whose end has been looked at
+    unsigned                             m_nRun;          // the run that m_nLines counts in
+    uint64_t                             m_nLines;        // executed in it so far
 };
 
 #endif

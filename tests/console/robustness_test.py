@@ -9,7 +9,7 @@ import console_case
 from console_case import LITTLE_DISK, ConsoleCase, LinuxCase, main
 from vocabulary import DIGIT, PLAIN, REGISTER
 
-EVENTS = {"sound", "box", "pause", "state", "bad"}
+EVENTS = {"sound", "box", "pause", "state", "error", "bad"}
 NAMES = ("program.txt", "other.txt", "data.txt", "missing.txt", "folder", "two words.txt")
 FILE_COMMANDS = ("open", "save", "graph open", "graph append", "graph save")
 OPTIONS = ("sound", "keep-listing", "keep-registers", "trace")

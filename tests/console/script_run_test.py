@@ -20,7 +20,7 @@ class RunCase(ConsoleCase):
         """Sounds of the last command and the state after it."""
         events = self.script(*lines[:-1], "state", lines[-1], "state")
         at = [n for n, event in enumerate(events) if event["event"] == "state"][-2]
-        return [event["id"] for event in events[at + 1:-1]], events[-1]
+        return [event["id"] for event in events[at + 1:-1] if "id" in event], events[-1]
 
 
 class LimitTest(RunCase):
@@ -166,8 +166,8 @@ class AtTest(RunCase):
         self.listing("0", "1/x", name="failing.txt")
         for name, line in (("short.txt", 5), ("failing.txt", 2)):
             events = self.script(f"open {name}", f"at {line} text x", f"at {line} down 20", START)
-            self.assertNotIn(REJECT, [event["id"] for event in events])
-            self.assertNotIn(HALT, [event["id"] for event in events])
+            self.assertNotIn(REJECT, [event.get("id") for event in events])
+            self.assertNotIn(HALT, [event.get("id") for event in events])
 
     def test_a_single_step_is_no_run(self):
         sounds, state = self.sounds_and_state("open endless.txt", "limit 9", "at 1 text x", "key 1",
@@ -218,8 +218,25 @@ class RunEventTest(RunCase):
     def test_pauses_between_the_other_events(self):
         self.listing("PAUSE", "0", "1/x", name="pausing.txt")
         events = self.script("open pausing.txt", START)
-        self.assertEqual([event.get("id", event.get("ms")) for event in events],
-                         [CLICK, 1000, ERROR])
+        self.assertEqual([event.get("id", event.get("ms", event["event"])) for event in events],
+                         [CLICK, 1000, ERROR, "error"])
+
+    def test_an_error_that_ended_the_run(self):
+        self.listing("; title", "0", "", "1/x", "5", name="failing.txt")
+        *_, error, state = self.script("open failing.txt", START, "state display line")
+        self.assertEqual(error, {"event": "error", "line": 2, "listing_line": 4,
+                                 "instruction": "1/x", "text": "Error: divide by 0"})
+        self.assertEqual(state, {"event": "state", "display": "Error: divide by 0", "line": 2})
+
+    def test_no_error_of_keys_or_of_a_run_that_went_well(self):
+        self.listing("1", "2", name="short.txt")
+        events = self.script("open short.txt", START, key_line("0", "/"))
+        self.assertEqual({event["event"] for event in events}, {"sound"})
+
+    def test_the_error_of_an_instruction_that_runs_a_program(self):
+        self.listing("LBL 1", "0", "/", name="failing.txt")
+        *_, error = self.script("open failing.txt", "do 5 GSB 1")
+        self.assertEqual((error["event"], error["line"]), ("error", 3))
 
     def test_a_box_during_a_run(self):
         self.listing("LBL 0", "SumG", "GTO 0", name="filling.txt")

@@ -9,6 +9,7 @@ import console_case
 from console_case import (CLICK, ERROR, ERROR_CLEARED, MODE_SWITCH, PROGRAM_MODE, REJECT, RUN_MODE,
                           STACK_HIDDEN, STACK_SHOWN, STACK_VIEW, ConsoleCase, LinuxCase, key_line,
                           main)
+from vocabulary import PLAIN, STATE_KEYS
 
 
 class EventTest(ConsoleCase):
@@ -355,6 +356,57 @@ class ResetTest(ConsoleCase):
                              "reset", "open program.txt", key_line("R/S"), "state")
         self.assertEqual([event["answer"] for event in events if event["event"] == "box"], ["ok"])
         self.assertEqual((events[-1]["reg"][5], events[-1]["show_stack"]), (2500, 0))
+
+
+class WordsTest(ConsoleCase):
+    """Keys and instructions by their names."""
+
+    def test_keys_by_what_is_printed_on_them(self):
+        for names, keys in (("2 ENTER 3 +", ("2", "ENTER", "3", "+")), ("sin", ("f", "4")),
+                            ("√x", ("f", "2")), ("f 2", ("f", "2")), ("g 2", ("g", "2")),
+                            ("12.5", ("1", "2", ".", "5")), ("STO .3", ("STO", ".", "3")),
+                            ("STO + 4", ("STO", "+", "4")), ("RCL i", ("RCL", "g", "Rolldown")),
+                            ("EEX 5 CHS", ("EEX", "5", "CHS")), ("GTO . 0 5", ("GTO", ".", "0", "5")),
+                            ("BST", ("g", "SST")), ("π", ("g", ".")), ("pause", ("f", "R/S"))):
+            self.assertEqual(self.script("press " + names, "state"),
+                             self.script(key_line(*keys), "state"), names)
+
+    def test_every_instruction_with_a_key(self):
+        for name in PLAIN:
+            if name.endswith(" i") or name in ("RCLSum+", "->H", "->H.MS"):
+                continue
+            state = self.state_after("do 3 2", "press " + name)
+            self.assertEqual(state["last_op"], name)
+
+    def test_instructions_are_performed(self):
+        state = self.state_after("do 2 3 + STO+ .3 √x")
+        self.assertEqual((state["reg"][13], state["stack"][0]["value"]), (5, 5 ** .5))
+
+    def test_instructions_are_recorded_in_program_mode(self):
+        state = self.state_after(f"up {MODE_SWITCH}", "do LBL 1 2.5 STO+ .3", "do GTO 1")
+        self.assertEqual(state["program"][1:6], ["LBL 1", "2.5", "STO+ .3", "GTO 1", "R/S"])
+
+    def test_an_error_ends_the_line(self):
+        state = self.state_after("do 5 0 / 7")
+        self.assertEqual((state["display"], state["stack"][1]["value"]), ("Error: divide by 0", 5))
+
+    def test_nothing_is_done_of_a_bad_line(self):
+        for line in ("do", "do 5 entr", "do 5 STO", "press", "press 5 foo", "press STO5", "do ; 5"):
+            bad, state = self.script(line, "state x", code=2)
+            self.assertEqual(bad, {"event": "bad", "line": 1, "text": line})
+            self.assertEqual(state["x"]["value"], 0)
+
+    def test_parts_of_the_state(self):
+        whole, part = self.script("do 1 2 3 STO 5", "state", "state x t reg.5 line angle stack")[-2:]
+        self.assertEqual(list(part), ["event", "x", "t", "reg.5", "line", "angle", "stack"])
+        self.assertEqual((part["x"], part["t"], part["reg.5"]),
+                         (whole["stack"][0], whole["stack"][3], whole["reg"][5]))
+        for key in STATE_KEYS:
+            self.assertEqual(self.script("do 1 2 3 STO 5", f"state {key}")[-1],
+                             {"event": "state", key: whole[key]})
+        for part in ("w", "X", "reg.", "reg.30", "reg.-1", "reg.x", "event"):
+            bad, = self.script("state x " + part, code=2)
+            self.assertEqual(bad["event"], "bad")
 
 
 if __name__ == "__main__":
