@@ -6,6 +6,7 @@
 #include "console/commands.h"
 #include "console/input_text.h"
 #include "console/json.h"
+#include "console/profile_report.h"
 #include "console/run_files.h"
 #include "console/run_host.h"
 #include "console/run_options.h"
@@ -13,6 +14,7 @@
 #include "console/state_report.h"
 #include "console/stop_signal.h"
 #include "engine/listing_words.h"
+#include "engine/run_profile.h"
 #include "engine/vorstek_state.h"
 #include "graph/graph_file_commands.h"
 #include "graph/svg_file.h"
@@ -34,32 +36,35 @@ static void SetUp(const cRunOptions &Options, cVorstekEngine *pEngine)
     pEngine->ApplyOptions(Traced);
 }
 
-static void PrintText(const cRunOptions &Options, cHeadlessCalculator *pCalculator,
-                      std::ostream *pOut)
+static void PrintRegisters(const cVorstekState &State, const cLineBox &Box, std::ostream *pOut)
+{
+    for (unsigned nRegister = 0; nRegister < kRegisters; nRegister++)
+        if (State.m_dReg[nRegister] != 0.0)
+            *pOut << BoxLine(Box, nRegister) << "\n";
+}
+
+static void PrintText(const cRunOptions &Options, const cRunProfile &Profile,
+                      cHeadlessCalculator *pCalculator, std::ostream *pOut)
 {
     pCalculator->m_Engine.RefreshViews();
     const cVorstekState &State = pCalculator->m_Engine.State();
     PrintStack(State, pOut);
-    if (!Options.m_bRegisters)
-        return;
-    for (unsigned nRegister = 0; nRegister < kRegisters; nRegister++)
-    {
-        char szLine[64];
-        if (State.m_dReg[nRegister] == 0.0)
-            continue;
-        pCalculator->m_Registers.GetLine(nRegister, szLine, sizeof szLine);
-        const std::string Line = szLine;
-        *pOut << Line.substr(0, Line.find('\r')) << "\n";
-    }
+    if (Options.m_bRegisters)
+        PrintRegisters(State, pCalculator->m_Registers, pOut);
+    if (Options.m_bProfile)
+        PrintProfile(Profile, pCalculator, pOut);
 }
 
-static void PrintJson(cHeadlessCalculator *pCalculator, const cHeadlessHost &Host,
+static void PrintJson(const cRunOptions &Options, const cRunProfile &Profile,
+                      cHeadlessCalculator *pCalculator, const cHeadlessHost &Host,
                       std::ostream *pOut)
 {
     std::string Json;
     {
         cJsonList Object(&Json, '{', '}');
         ReportState(pCalculator, Host, &Object);
+        if (Options.m_bProfile)
+            ReportProfile(Profile, &Object);
     }
     *pOut << Json << "\n";
 }
@@ -159,14 +164,17 @@ int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Stream
         return ReportUsage(Streams, Error);
     SetUp(Options, pEngine);
 
+    cRunProfile Profile;
+    if (Options.m_bProfile)
+        pEngine->SetProfile(&Profile);
     const cStopSignals Signals;
     const int          bDone = Start(Options, pEngine);
     if (!*Streams.m_pOut)
         return kExitUsage;  // main() says why
     if (Options.m_bJson)
-        PrintJson(&Calculator, Host, Streams.m_pOut);
+        PrintJson(Options, Profile, &Calculator, Host, Streams.m_pOut);
     else
-        PrintText(Options, &Calculator, Streams.m_pOut);
+        PrintText(Options, Profile, &Calculator, Streams.m_pOut);
     const int nExitCode = ReportEnd(bDone, Options, Host, pEngine, Streams);
     if (pEngine->IsTraceLost())
         return ReportUnwritable(Streams, Options.m_TraceFile == kStandardOutput

@@ -93,6 +93,9 @@ static const cOptionRow s_Rows[] =
       "also print the registers that are not zero" },
     { "--json", nullptr, nullptr, SetFlag<cRunOptions, &cRunOptions::m_bJson>,
       "print the complete state as one JSON object" },
+    { "--profile", nullptr, nullptr, SetFlag<cRunOptions, &cRunOptions::m_bProfile>,
+      "also print the listing with how often each line\n"
+      "ran and its share of the time" },
     { "--realtime", nullptr, nullptr, SetFlag<cRunOptions, &cRunOptions::m_bRealtime>,
       "let PAUSE wait for one second" },
 };

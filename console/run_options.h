@@ -27,6 +27,7 @@ struct cRunOptions
     uint64_t                                 m_nMaxLines    = 0;  // 0: no limit
     int                                      m_bRegisters   = 0;
     int                                      m_bJson        = 0;
+    int                                      m_bProfile     = 0;
     int                                      m_bRealtime    = 0;
 };
 

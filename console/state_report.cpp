@@ -35,6 +35,14 @@ std::string DisplayedText(cVorstekEngine *pEngine)
     return Text;
 }
 
+std::string BoxLine(const cLineBox &Box, unsigned nLine)
+{
+    char szLine[kLineRoom];
+    Box.GetLine(nLine, szLine, sizeof szLine);
+    szLine[strcspn(szLine, "\r\n")] = 0;
+    return szLine;
+}
+
 // --- stack and modes
 
 static void AppendLevel(std::string *pJson, const char *szText, double dValue)
@@ -109,12 +117,7 @@ static void ReportBox(const cLineBox &Box, const char *szKey, cJsonList *pObject
     cJsonList      Lines(pObject->Key(szKey), '[', ']');
     const unsigned nLines = Box.CountLines();
     for (unsigned nLine = 0; nLine < nLines; nLine++)
-    {
-        char szLine[kLineRoom];
-        Box.GetLine(nLine, szLine, sizeof szLine);
-        szLine[strlen(szLine) - strlen("\r\n")] = 0;
-        AppendJsonText(Lines.Next(), szLine);
-    }
+        AppendJsonText(Lines.Next(), BoxLine(Box, nLine));
 }
 
 static void ReportOptions(const cVorstekState &State, cJsonList *pObject)

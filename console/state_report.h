@@ -14,6 +14,9 @@ struct cVorstekState;
 // "Error: divide by 0", "03 STO 5", in the stack view "X   5.00".
 std::string DisplayedText(cVorstekEngine *pEngine);
 
+// A line of the listing or of the registers without its line end.
+std::string BoxLine(const cLineBox &Box, unsigned nLine);
+
 // "stack": the four levels from X to T with text and value.
 void ReportStack(const cVorstekState &State, cJsonList *pObject);
 

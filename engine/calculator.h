@@ -39,6 +39,7 @@
 #include "engine/vorstek_state.h"
 
 class cLineBox;
+class cRunProfile;
 
 const unsigned kLastXLine     = kRegisters;  // line of LASTx in the registers box
 const unsigned kRegisterLines = kRegisters + 1;
@@ -229,6 +230,9 @@ public:
     int       m_bInterrupted;  // the lines executed without a drain end here
     cRunLines m_RunLines;
     cTraceLog m_Trace;
+
+    // Of the runs from now on; null for none.
+    cRunProfile *m_pProfile;
 
     // --- loading
     unsigned m_nLoaderLine;       // line of the file that the loader is at, from 1

@@ -4,6 +4,7 @@
 #include "engine/mode_switch.h"
 #include "engine/pending_keys.h"
 #include "engine/run_lock.h"
+#include "engine/run_profile.h"
 
 static void EnableRunCommands(cCalculator &c, int bEnable)
 {
@@ -13,12 +14,14 @@ static void EnableRunCommands(cCalculator &c, int bEnable)
 
 // Executes the current line. Jumps set the next line themselves, all others
 // continue with the line below.
-template <int bTraced> static int RunLine(cCalculator &c)
+template <int bTraced, int bProfiled> static int RunLine(cCalculator &c)
 {
     const unsigned nLine   = c.m_nCurLine;
     const cRunLine Line    = c.m_RunLines.m_Lines[nLine];
     const int      nResult = Line.m_pExecute(c, Line.m_nOperand);
     c.MarkDisplay();
+    if constexpr (bProfiled)
+        c.m_pProfile->Count(nLine ? nLine : 1);
     if constexpr (bTraced)
         c.m_Trace.WriteLine(c, nLine ? nLine : 1);
     if (!nResult)
@@ -30,14 +33,15 @@ template <int bTraced> static int RunLine(cCalculator &c)
 
 // Executes lines until something interrupts them, at least one and at most
 // nLines. Returns how many; *pnResult is the last one's result.
-template <int bTraced> static unsigned RunLines(cCalculator &c, unsigned nLines, int *pnResult)
+template <int bTraced, int bProfiled>
+static unsigned RunLines(cCalculator &c, unsigned nLines, int *pnResult)
 {
     unsigned nLeft   = nLines;
     int      nResult = 1;
     c.m_bInterrupted = 0;
     do
     {
-        nResult = RunLine<bTraced>(c);
+        nResult = RunLine<bTraced, bProfiled>(c);
         nLeft--;
     }
     while (nLeft > 0 && !c.m_bInterrupted);
@@ -45,12 +49,21 @@ template <int bTraced> static unsigned RunLines(cCalculator &c, unsigned nLines,
     return nLines - nLeft;
 }
 
+static auto ChooseRunLines(const cCalculator &c)
+{
+    if (c.m_pProfile)
+        return c.m_Trace.IsOpen() ? RunLines<1, 1> : RunLines<0, 1>;
+    return c.m_Trace.IsOpen() ? RunLines<1, 0> : RunLines<0, 0>;
+}
+
 // The host allows the first line and says after it how many may follow.
 static int RunUntilHalt(cCalculator &c)
 {
-    const auto pRunLines = c.m_Trace.IsOpen() ? RunLines<1> : RunLines<0>;
+    const auto pRunLines = ChooseRunLines(c);
     unsigned   nAllowed  = 1;
     int        nResult   = 1;
+    if (c.m_pProfile)
+        c.m_pProfile->Begin();
     while (c.m_bProgramRunning)
     {
         const unsigned nDone = pRunLines(c, nAllowed, &nResult);
@@ -91,7 +104,7 @@ int SingleStep(cCalculator &c)
     if (c.m_bInRun)
         return 0;
     c.m_bProgramRunning = 1;
-    const int nResult   = RunLine<0>(c);
+    const int nResult   = RunLine<0, 0>(c);
     c.m_bProgramRunning = 0;
     return nResult;
 }

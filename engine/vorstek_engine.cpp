@@ -105,6 +105,11 @@ unsigned cVorstekEngine::RunNumber() const
     return m_pCalculator->m_nRuns;
 }
 
+void cVorstekEngine::SetProfile(cRunProfile *pProfile)
+{
+    m_pCalculator->m_pProfile = pProfile;
+}
+
 void cVorstekEngine::SetTraceFileName(const char *szName)
 {
     m_pCalculator->m_Trace.SetName(szName);

@@ -18,6 +18,7 @@
 
 class cCalculator;
 class cLineBox;
+class cRunProfile;
 struct cStep;
 struct cVorstekState;
 
@@ -89,6 +90,9 @@ public:
 
     // 1 if the last run that has ended did so with an error in the current line.
     int HasRunFailed() const;
+
+    // Counts and times the lines of the runs from now on; null: no longer.
+    void SetProfile(cRunProfile *pProfile);
 
     // The trace log's name, "tracelog.txt" unless set; kept, not copied.
     void SetTraceFileName(const char *szName);

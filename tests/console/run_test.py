@@ -497,6 +497,38 @@ class TraceOutputTest(ConsoleCase):
                                  "100\n"))
 
 
+class ProfileTest(ConsoleCase):
+
+    LINES = ("; title", "3", "STO 0", "LBL 1", "; loop", "2", "sin", "DSZ", "GTO 1", "", "R/S",
+             "5")
+
+    def test_the_listing_with_counts_and_shares(self):
+        out = self.run_listing(self.LINES, "--profile").out.splitlines()
+        self.assertEqual(out[:5], self.run_listing(self.LINES).out.splitlines() + [""])
+        self.assertEqual(out[5], "     count     time  line")
+        rows = [(line[:10].strip(), line[21:]) for line in out[6:]]
+        self.assertEqual(rows, [
+            ("", "   ; title"), ("1", "01 3"), ("1", "02 STO 0"), ("3", "03 LBL 1"), ("", "   ; loop"),
+            ("3", "04 2"), ("3", "05 sin"), ("3", "06 DSZ"), ("2", "07 GTO 1"), ("", "   "),
+            ("1", "08 R/S"), ("0", "09 5")])
+        shares = [float(line[12:17]) for line in out[6:] if line[:10].strip()]
+        self.assertLess(abs(sum(shares) - 100), 1)
+
+    def test_what_takes_long_has_a_large_share(self):
+        lines = ("10000", "STO 0", "LBL 1", *(20 * ["sin"]), "DSZ", "GTO 1")
+        profile = self.run_listing(lines, "--profile", "--json").state["profile"]
+        self.assertEqual([(row["line"], row["count"]) for row in profile],
+                         [(1, 1), (2, 1), *((line, 10000) for line in range(3, 25)), (25, 9999),
+                          (26, 1)])
+        seconds = {row["line"]: row["seconds"] for row in profile}
+        self.assertGreater(sum(seconds[line] for line in range(4, 24)), 0.3 * sum(seconds.values()))
+
+    def test_with_a_trace_and_after_an_error(self):
+        result = self.run_listing(("0", "1/x"), "--profile", "--trace", "log.txt", code=1)
+        self.assertEqual([line[:10].strip() for line in result.out.splitlines()[6:]], ["1", "1"])
+        self.assertIn("02 1/x", self.read_text("log.txt"))
+
+
 class InputTest(LinuxCase):
     """Programs that are not files."""
 

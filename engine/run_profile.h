@@ -1,0 +1,43 @@
+// run_profile.h - how often a run executes each line, and how long that takes.
+
+#ifndef ENGINE_RUN_PROFILE_H
+#define ENGINE_RUN_PROFILE_H
+
+#include <chrono>
+#include <cstdint>
+
+#include "engine/program_line.h"
+
+class cRunProfile
+{
+public:
+    cRunProfile();
+
+    // A run begins.
+    void Begin() { m_Last = std::chrono::steady_clock::now(); }
+
+    // Line nLine has just been executed: the time since the line before is its own.
+    void Count(unsigned nLine)
+    {
+        const auto Now = std::chrono::steady_clock::now();
+        m_nCounts[nLine]++;
+        m_Times[nLine] += Now - m_Last;
+        m_Last = Now;
+    }
+
+    uint64_t CountOf(unsigned nLine) const { return m_nCounts[nLine]; }
+
+    // In seconds, without what the clock itself takes; 0 and above. Times of some
+    // nanoseconds are no more exact than the clock.
+    double TimeOf(unsigned nLine) const;
+
+private:
+    typedef std::chrono::steady_clock::duration cTime;
+
+    uint64_t                              m_nCounts[kProgramLines];
+    cTime                                 m_Times[kProgramLines];
+    std::chrono::steady_clock::time_point m_Last;
+    double                                m_dClock;  // seconds that one look at the clock takes
+};
+
+#endif
