@@ -117,8 +117,8 @@ class UsageTest(ConsoleCase):
             self.assertTrue(text.out.startswith(f"usage: vorstek-cli {command} "))
             for arguments in (["--help"], ["-h"], ["missing.txt", "--wrong", "--help"]):
                 self.assertEqual(self.start(command, *arguments).out, text.out)
-        self.assertIn("--max-lines N  halt after N executed lines\n",
-                      self.start("help", "run").out)
+        self.assertRegex(self.start("help", "run").out,
+                         r"(?m)^  --max-lines N +halt after N executed lines$")
         self.assert_refused("help", "run", "eval", mentions="help takes at most one command")
 
     def test_help_fits_a_terminal(self):

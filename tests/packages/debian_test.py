@@ -43,8 +43,11 @@ class DebianTest(unittest.TestCase):
     def test_it_holds_program_manual_examples_and_nothing_else(self):
         kept = {"usr/share/doc/vorstek-cli/" + name: data for name, data in examples().items()}
         papers = [DOCS + name for name in ("changelog.gz", "console.md", "copyright", "LICENSE")]
+        completions = ["usr/share/bash-completion/completions/vorstek-cli",
+                       "usr/share/zsh/site-functions/_vorstek-cli",
+                       "usr/share/fish/vendor_completions.d/vorstek-cli.fish"]
         self.assertEqual(sorted(self.held),
-                         sorted(["usr/bin/vorstek-cli", PAGE, *papers, *kept]))
+                         sorted(["usr/bin/vorstek-cli", PAGE, *completions, *papers, *kept]))
         for name, data in kept.items():
             self.assertEqual(self.held[name], data, name)
 
@@ -107,7 +110,8 @@ class DebianTest(unittest.TestCase):
     def test_the_manual_names_the_version_all_options_and_the_whole_state(self):
         text = self.manual()
         self.assertIn(f"Vorstek {version()}", text)
-        usage = self.program("--help").stdout.decode()
+        usage = "".join(self.program("help", command).stdout.decode()
+                        for command in ("eval", "run", "check", "fmt", "plot", "gif"))
         state = json.loads(self.program("run", "queens.txt", "--x", "4", "--json").stdout)
         words = {*re.findall(r"--[a-z-]+", usage), *state}
         self.assertGreater(len(words), 40)

@@ -37,6 +37,8 @@ class InstallTest(unittest.TestCase):
         examples = {path.relative_to(ROOT).as_posix() for path in (ROOT / "examples").rglob("*")
                     if path.is_file() and path.name != "commands.txt"}
         self.assertEqual(self.installed("there"), {
+            "share/bash-completion/completions/vorstek-cli", "share/zsh/site-functions/_vorstek-cli",
+            "share/fish/vendor_completions.d/vorstek-cli.fish",
             "bin/vorstek-cli", "share/man/man1/vorstek-cli.1", DOCS + "console.md", DOCS + "LICENSE",
             *(DOCS + name for name in examples)})
 
