@@ -19,7 +19,7 @@ endif()
 get_directory_property(tidy_warnings COMPILE_OPTIONS)
 list(FILTER tidy_warnings INCLUDE REGEX "^-W(all|extra|pedantic|conversion|shadow|format=2|unused|cast-qual)$")
 # Signs are left alone, as GCC's -Wconversion does in C++.
-set(tidy_flags -std=c++${CMAKE_CXX_STANDARD} -I${PROJECT_SOURCE_DIR} ${tidy_warnings} -Wno-sign-conversion)
+set(tidy_flags -std=c++${CMAKE_CXX_STANDARD} -I${PROJECT_SOURCE_DIR} -I${PROJECT_BINARY_DIR} ${tidy_warnings} -Wno-sign-conversion)
 if(WIN32)
     list(APPEND tidy_flags --target=x86_64-w64-mingw32)
     # The standard library's headers; those of the compiler itself are Clang's own.

@@ -2,6 +2,7 @@
 #include <iostream>
 
 #include "console/console.h"
+#include "console/utf8_terminal.h"
 
 // If the caller closed a standard stream, the next file that is opened gets its
 // number, and printed text would end up in that file. Three streams that accept
@@ -16,6 +17,7 @@ static void OccupyClosedStreams()
 int main(int nArguments, char **ppArguments)
 {
     OccupyClosedStreams();
+    UseUtf8Terminal();
     std::ios::sync_with_stdio(false);
     const cStreams                 Streams = {&std::cin, &std::cout, &std::cerr};
     const std::vector<std::string> Arguments(ppArguments + (nArguments > 0),

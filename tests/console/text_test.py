@@ -139,5 +139,28 @@ class NameTest(LinuxCase):
             self.assertEqual((result.code, result.state["file"]), (0, appearance(name)))
 
 
+class NameTest(ConsoleCase):
+    """File names are UTF-8, in arguments and in scripts."""
+
+    NAME = "Gr\u00fc\u00dfe \u03a3 \u221a\u4e2d.txt"
+
+    def test_in_a_script(self):
+        self.script("do 5 STO 1", "up 32", "do 7 STO 3", f"save {self.NAME}")
+        self.assertEqual(os.listdir(self.folder), [self.NAME])
+        state = self.state_after(f"open {self.NAME}")
+        self.assertEqual((state["program"][1:3], state["file"]), (["7", "STO 3"], self.NAME))
+
+    def test_as_arguments(self):
+        self.listing("5", "SumG", "0", "1/x", name=self.NAME)
+        result = self.start("run", self.NAME, "--graph", "\u00fc.txt", "--trace", "\u03a3.txt")
+        self.assertEqual((result.code, result.err),
+                         (1, f"{self.NAME}:4: 1/x: Error: divide by 0\n"))
+        self.assertEqual(sorted(os.listdir(self.folder)),
+                         sorted([self.NAME, "\u00fc.txt", "\u03a3.txt"]))
+        self.assertEqual(self.start("fmt", "--check", self.NAME).code, 0)
+        self.assertEqual(self.start("check", "\u4e2d.txt").err,
+                         "vorstek-cli: cannot read '\u4e2d.txt': no such file\n")
+
+
 if __name__ == "__main__":
     main()

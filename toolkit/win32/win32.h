@@ -6,7 +6,9 @@
 #define TOOLKIT_WIN32_WIN32_H
 
 #define WIN32_LEAN_AND_MEAN
+#ifndef NOMINMAX  // the C++ library may have defined it already
 #define NOMINMAX
+#endif
 
 #include <windows.h>
 
