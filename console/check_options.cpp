@@ -20,7 +20,7 @@ static int TakeIgnored(cCheckOptions *pOptions, const std::string &Name, std::st
 }
 
 // clang-format off
-static const cOptionRow s_Rows[] =
+static const cOptionRow s_CheckRows[] =
 {
     { "--strict", nullptr, nullptr, SetFlag<cCheckOptions, &cCheckOptions::m_bStrict>,
       "warnings make the exit code 1" },
@@ -35,13 +35,13 @@ static const cOptionRow s_Rows[] =
 
 std::span<const cOptionRow> CheckOptionRows()
 {
-    return s_Rows;
+    return s_CheckRows;
 }
 
 int ParseCheckOptions(const std::vector<std::string> &Arguments, cCheckOptions *pOptions,
                       std::string *pError)
 {
-    if (!ReadOptions(s_Rows, Arguments, pOptions, &pOptions->m_Files, pError))
+    if (!ReadOptions(s_CheckRows, Arguments, pOptions, &pOptions->m_Files, pError))
         return 0;
     if (pOptions->m_Files.empty())
         *pError = "check needs the file name of at least one program";

@@ -43,7 +43,7 @@ static int TakeGrd(cEvalOptions *pOptions, const std::string &)
 }
 
 // clang-format off
-static const cOptionRow s_Rows[] =
+static const cOptionRow s_EvalRows[] =
 {
     { "--stack", nullptr, nullptr, SetFlag<cEvalOptions, &cEvalOptions::m_bStack>,
       "print T, Z, Y and X" },
@@ -66,14 +66,14 @@ static const cOptionRow s_Rows[] =
 
 std::span<const cOptionRow> EvalOptionRows()
 {
-    return s_Rows;
+    return s_EvalRows;
 }
 
 int ParseEvalOptions(const std::vector<std::string> &Arguments, cEvalOptions *pOptions,
                      std::string *pError)
 {
     std::vector<std::string> Words;
-    if (!ReadOptions(s_Rows, Arguments, pOptions, &Words, pError))
+    if (!ReadOptions(s_EvalRows, Arguments, pOptions, &Words, pError))
         return 0;
     pOptions->m_bInput = Words.empty() || (Words.size() == 1 && Words[0] == kStandardInput);
     for (const std::string &Word : Words)

@@ -26,7 +26,7 @@ struct cFmtOptions
 }  // namespace
 
 // clang-format off
-static const cOptionRow s_Rows[] =
+static const cOptionRow s_FmtRows[] =
 {
     { "--check", nullptr, nullptr, SetFlag<cFmtOptions, &cFmtOptions::m_bCheck>,
       "change nothing, name the files that would change" },
@@ -39,13 +39,13 @@ static const cOptionRow s_Rows[] =
 
 std::span<const cOptionRow> FmtOptionRows()
 {
-    return s_Rows;
+    return s_FmtRows;
 }
 
 static int ParseFmtOptions(const std::vector<std::string> &Arguments, cFmtOptions *pOptions,
                            std::string *pError)
 {
-    if (!ReadOptions(s_Rows, Arguments, pOptions, &pOptions->m_Files, pError))
+    if (!ReadOptions(s_FmtRows, Arguments, pOptions, &pOptions->m_Files, pError))
         return 0;
     if (pOptions->m_Files.empty())
         *pError = "fmt needs the file name of at least one program";

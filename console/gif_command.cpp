@@ -28,7 +28,7 @@ struct cGifArguments
 }  // namespace
 
 // clang-format off
-static const cOptionRow s_Rows[] =
+static const cOptionRow s_GifRows[] =
 {
     { "--options", "\"WORD...\"", "a value", TakeText<cGifArguments, &cGifArguments::m_Options>,
       "ilace xscreen=N yscreen=N xpos=N ypos=N\n"
@@ -38,7 +38,7 @@ static const cOptionRow s_Rows[] =
 
 std::span<const cOptionRow> GifOptionRows()
 {
-    return s_Rows;
+    return s_GifRows;
 }
 
 // 1, or 0 with a one-line error.
@@ -46,7 +46,7 @@ static int ParseGifArguments(const std::vector<std::string> &Arguments, cGifArgu
                              std::string *pError)
 {
     std::vector<std::string> Names;
-    if (!ReadOptions(s_Rows, Arguments, pParsed, &Names, pError))
+    if (!ReadOptions(s_GifRows, Arguments, pParsed, &Names, pError))
         return 0;
     if (Names.size() != 2)
     {

@@ -58,7 +58,7 @@ static int TakeSize(cPlotOptions *pOptions, const std::string &Value)
 }
 
 // clang-format off
-static const cOptionRow s_Rows[] =
+static const cOptionRow s_PlotRows[] =
 {
     { "--title", "T", "a text of at most 100 bytes", Take<cPlotOptions, TakeTitle>,
       "title, instead of the file's" },
@@ -77,14 +77,14 @@ static const cOptionRow s_Rows[] =
 
 std::span<const cOptionRow> PlotOptionRows()
 {
-    return s_Rows;
+    return s_PlotRows;
 }
 
 int ParsePlotOptions(const std::vector<std::string> &Arguments, cPlotOptions *pOptions,
                      std::string *pError)
 {
     std::vector<std::string> Words;
-    if (!ReadOptions(s_Rows, Arguments, pOptions, &Words, pError))
+    if (!ReadOptions(s_PlotRows, Arguments, pOptions, &Words, pError))
         return 0;
     if (Words.size() < 2 || Words[0].empty() || Words[1].empty())
         *pError = "plot needs two file names, a data file and a picture";

@@ -62,7 +62,7 @@ static int TakeGraphFile(cRunOptions *pOptions, const std::string &Value)
 }
 
 // clang-format off
-static const cOptionRow s_Rows[] =
+static const cOptionRow s_RunRows[] =
 {
     { "--x", "V", "a number", Take<cRunOptions, TakeLevel<0>>,
       "set X before the start" },
@@ -103,14 +103,14 @@ static const cOptionRow s_Rows[] =
 
 std::span<const cOptionRow> RunOptionRows()
 {
-    return s_Rows;
+    return s_RunRows;
 }
 
 int ParseRunOptions(const std::vector<std::string> &Arguments, cRunOptions *pOptions,
                     std::string *pError)
 {
     std::vector<std::string> Words;
-    if (!ReadOptions(s_Rows, Arguments, pOptions, &Words, pError))
+    if (!ReadOptions(s_RunRows, Arguments, pOptions, &Words, pError))
         return 0;
     if (Words.empty() || Words[0].empty())
         *pError = "run needs the file name of a program";

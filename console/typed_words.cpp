@@ -8,8 +8,8 @@
 #include "listing/source_lines.h"
 #include "toolkit/utf8.h"
 
-static const char *const kBlanks   = " \t\r\n";
-static const char *const kWordEnds = " \t\r\n;";
+static const char *const kBeforeWord = " \t\r\n";
+static const char *const kWordEnds   = " \t\r\n;";
 
 cTypedWords::cTypedWords(const cVocabulary &Vocabulary, std::string_view Line)
     : m_Vocabulary(Vocabulary), m_Line(Line), m_nAt(0)
@@ -19,7 +19,7 @@ cTypedWords::cTypedWords(const cVocabulary &Vocabulary, std::string_view Line)
 // "" at the end of the line, or before a comment.
 std::string_view cTypedWords::PeekWord()
 {
-    m_nAt             = std::min(m_Line.find_first_not_of(kBlanks, m_nAt), m_Line.size());
+    m_nAt             = std::min(m_Line.find_first_not_of(kBeforeWord, m_nAt), m_Line.size());
     const size_t nEnd = std::min(m_Line.find_first_of(kWordEnds, m_nAt), m_Line.size());
     return m_Line.substr(m_nAt, nEnd - m_nAt);
 }
