@@ -5,6 +5,7 @@
 #include <new>
 
 #include "imaging/little_endian.h"
+#include "toolkit/hash_slot.h"
 
 static const uint8_t kUnusedGrey = 128;
 
@@ -113,10 +114,7 @@ void cColourHistogram::Coarsen()
 unsigned cColourHistogram::FindSlot(uint32_t nColour) const
 {
     nColour &= m_nMask;
-    const unsigned nBlue  = Blue(nColour);
-    const unsigned nGreen = Green(nColour);
-    const unsigned nRed   = Red(nColour);
-    unsigned       nSlot  = (nRed + nBlue) * (nGreen + nBlue) * (nGreen + nRed) % kSlots;
+    unsigned nSlot = HashSlot(nColour, kSlots);
     while (m_nSlots[nSlot] != kEmptySlot && m_Entries[m_nSlots[nSlot]].m_nColour != nColour)
         if (++nSlot == kSlots)
             nSlot = 0;

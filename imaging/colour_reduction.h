@@ -71,7 +71,7 @@ public:
     uint32_t Mask() const { return m_nMask; }  // laid out as a colour
 
 private:
-    static constexpr unsigned kSlots     = 5191;  // a prime
+    static constexpr unsigned kSlots     = 5191;  // at most two fifths in use
     static constexpr uint16_t kEmptySlot = 0xFFFF;
 
     void     Clear();

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "imaging/little_endian.h"
+#include "toolkit/hash_slot.h"
 
 static const unsigned kBlockBytes = 255;
 
@@ -43,118 +44,98 @@ void cSubBlockWriter::Finish()
     WriteBlock(0);
 }
 
-// Hash of a string of one pixel. Each pixel and the length are added to it, so it
-// depends on the complete string and not only on its last pair.
-static uint32_t FirstHash(uint32_t nPixel)
-{
-    return (nPixel + 3) * 301;
-}
-
-static uint32_t NextHash(uint32_t nHash, uint32_t nPixel, uint32_t nLength)
-{
-    return (nPixel + nLength + 4) * nHash % kLzwSlots;
-}
+// Of a slot, below prefix and suffix.
+static const unsigned kCodeBits = 12;
+static const uint32_t kCodeMask = (1u << kCodeBits) - 1;
 
 cLzwEncoder::cLzwEncoder(cLzwRecord *pRecords, uint32_t *pSlots, unsigned nMinimumSize,
                          cByteSink *pSink)
-    : m_pRecords(pRecords), m_pSlots(pSlots), m_nMinimumSize(nMinimumSize), m_Out(pSink)
+    : m_pRecords(pRecords), m_pSlots(pSlots), m_nMinimumSize(nMinimumSize),
+      m_nClearCode(1u << nMinimumSize), m_Out(pSink)
 {
     m_nSize = m_nMinimumSize + 1;
     Restart();
 }
 
-// Sends a clear code in the current size and forgets all strings.
+// Sends a clear code in the current size and forgets all strings of two pixels and more.
 void cLzwEncoder::Restart()
 {
-    const uint32_t nClearCode = 1u << m_nMinimumSize;
-    m_Out.Put(nClearCode, m_nSize);
+    m_Out.Put(m_nClearCode, m_nSize);
     memset(m_pSlots, 0, kLzwSlots * sizeof *m_pSlots);
+    std::fill_n(m_pRecords, m_nClearCode + 1, cLzwRecord{kNoSuffix, 0});
     m_nSize     = m_nMinimumSize + 1;
     m_nLimit    = 1u << m_nSize;
-    m_nNextCode = nClearCode + 1;
-    m_nCode     = 0;
-    m_nHash     = 0;
-    m_nLength   = 0;
+    m_nNextCode = m_nClearCode + 1;
+    m_nCode     = m_nClearCode;
 }
 
-// The slot of the current string extended by nSuffix, or the empty slot where it
-// belongs.
-inline uint32_t *cLzwEncoder::FindSlot(uint32_t nHash, uint32_t nPrefix, uint8_t nSuffix) const
-{
-    uint32_t *pSlot = m_pSlots + nHash;
-    while (*pSlot &&
-           (m_pRecords[*pSlot].m_nPrefix != nPrefix || m_pRecords[*pSlot].m_nSuffix != nSuffix))
-        if (++pSlot == m_pSlots + kLzwSlots)
-            pSlot = m_pSlots;
-    return pSlot;
-}
-
-// Sends the code of the current string; the next code stands for that string
-// followed by nSuffix.
-void cLzwEncoder::TakeCode(uint32_t *pSlot, uint32_t nPrefix, uint8_t nSuffix)
+// Sends the code of the current string, nPrefix; the next code stands for that
+// string followed by nSuffix. Returns the code of the string that is current then.
+inline uint32_t cLzwEncoder::TakeCode(uint32_t *pSlot, uint32_t nPrefix, uint8_t nSuffix)
 {
     m_Out.Put(nPrefix, m_nSize);
     m_nNextCode++;
-    m_pRecords[m_nNextCode] = {nPrefix, nSuffix};
-    *pSlot                  = m_nNextCode;
+    *pSlot                  = (nPrefix << 8 | nSuffix) << kCodeBits | m_nNextCode;
+    m_pRecords[nPrefix]     = {nSuffix, m_nNextCode};
+    m_pRecords[m_nNextCode] = {kNoSuffix, 0};
     if (m_nNextCode == m_nLimit)
     {
         m_nSize++;
         m_nLimit *= 2;
     }
+    if (m_nNextCode < kRestartCode)
+        return nSuffix;
+    m_Out.Put(nSuffix, m_nSize);
+    Restart();
+    return m_nCode;
+}
+
+// The code of the string that is current after nSuffix has followed nPrefix: the
+// longer string's, or, if it has none yet, that of a new string.
+inline uint32_t cLzwEncoder::Extend(uint32_t nPrefix, uint8_t nSuffix)
+{
+    if (nPrefix == m_nClearCode)
+        return nSuffix;
+    const uint32_t nKey  = nPrefix << 8 | nSuffix;
+    uint32_t      *pSlot = m_pSlots + HashSlot(nKey, kLzwSlots);
+    while (*pSlot)
+    {
+        const uint32_t nCode = *pSlot ^ nKey << kCodeBits;
+        if (nCode <= kCodeMask)
+        {
+            m_pRecords[nPrefix] = {nSuffix, nCode};
+            return nCode;
+        }
+        if (++pSlot == m_pSlots + kLzwSlots)
+            pSlot = m_pSlots;
+    }
+    return TakeCode(pSlot, nPrefix, nSuffix);
 }
 
 int cLzwEncoder::Add(const uint8_t *pPixels, size_t nPixels)
 {
-    const uint8_t *const pEnd    = pPixels + nPixels;
-    uint32_t             nCode   = m_nCode;
-    uint32_t             nHash   = m_nHash;
-    uint32_t             nLength = m_nLength;
+    const uint8_t *const pEnd  = pPixels + nPixels;
+    uint32_t             nCode = m_nCode;
     while (pPixels < pEnd)
     {
-        const uint8_t nPixel = *pPixels++;
-        if (nLength == 0)
-        {
-            nCode   = nPixel;
-            nHash   = FirstHash(nPixel);
-            nLength = 1;
-            continue;
-        }
-        nLength++;
-        nHash                 = NextHash(nHash, nPixel, nLength);
-        uint32_t *const pSlot = FindSlot(nHash, nCode, nPixel);
-        if (*pSlot)
-        {
-            nCode = *pSlot;
-            continue;
-        }
-        TakeCode(pSlot, nCode, nPixel);
-        nCode   = nPixel;
-        nHash   = FirstHash(nPixel);
-        nLength = 1;
-        if (m_nNextCode == kRestartCode)
-        {
-            m_Out.Put(nCode, m_nSize);
-            Restart();
-            nLength = 0;
-        }
+        const uint8_t    nPixel = *pPixels++;
+        const cLzwRecord Last   = m_pRecords[nCode];
+        nCode                   = Last.m_nSuffix == nPixel ? Last.m_nCode : Extend(nCode, nPixel);
     }
-    m_nCode   = nCode;
-    m_nHash   = nHash;
-    m_nLength = nLength;
+    m_nCode = nCode;
     return !m_Out.HasFailed();
 }
 
 int cLzwEncoder::Finish()
 {
-    if (m_nLength > 0)
+    if (m_nCode != m_nClearCode)
     {
         m_Out.Put(m_nCode, m_nSize);
         // A reader also assigns a code to the string that has just ended.
         if (m_nNextCode + 1 == m_nLimit)
             m_nSize++;
     }
-    const uint32_t nEndCode = (1u << m_nMinimumSize) + 1;
+    const uint32_t nEndCode = m_nClearCode + 1;
     m_Out.Put(nEndCode, m_nSize);
     m_Out.Finish();
     return !m_Out.HasFailed();

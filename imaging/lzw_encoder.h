@@ -43,15 +43,17 @@ private:
     uint8_t    m_Block[1 + 255 + 4];
 };
 
-// A string of pixels that has a code: a shorter string plus one pixel.
+// Of the strings that extend a string by one pixel, the one that was found or made
+// last. Most often it is the next one too: in a flat area nothing else is needed.
 struct cLzwRecord
 {
-    uint32_t m_nPrefix;  // code of the shorter string
-    uint8_t  m_nSuffix;
+    uint32_t m_nSuffix;  // the pixel that it adds; kNoSuffix: there is none
+    uint32_t m_nCode;    // its code
 };
 
 const unsigned kLzwRecords = 4096;   // 32768 bytes, indexed by code
-const unsigned kLzwSlots   = 17777;  // a prime; 71108 bytes
+const unsigned kLzwSlots   = 17777;  // 71108 bytes, at most a quarter in use
+const uint32_t kNoSuffix   = 256;
 
 class cLzwEncoder
 {
@@ -68,23 +70,20 @@ public:
     int Finish();
 
 private:
-    void      Restart();
-    uint32_t *FindSlot(uint32_t nHash, uint32_t nPrefix, uint8_t nSuffix) const;
-    void      TakeCode(uint32_t *pSlot, uint32_t nPrefix, uint8_t nSuffix);
+    void     Restart();
+    uint32_t Extend(uint32_t nPrefix, uint8_t nSuffix);
+    uint32_t TakeCode(uint32_t *pSlot, uint32_t nPrefix, uint8_t nSuffix);
 
     cLzwRecord     *m_pRecords;
-    uint32_t       *m_pSlots;  // codes; 0 is an empty slot
+    uint32_t       *m_pSlots;  // strings: prefix << 20 | suffix << 12 | code; 0 is an empty slot
     unsigned        m_nMinimumSize;
+    uint32_t        m_nClearCode;
     cSubBlockWriter m_Out;
 
     unsigned m_nSize;      // current size of a code in bits
     uint32_t m_nLimit;     // 2^m_nSize
     uint32_t m_nNextCode;  // the last one assigned
-
-    // The current string: its code, its hash, its pixels (0: there is none).
-    uint32_t m_nCode;
-    uint32_t m_nHash;
-    uint32_t m_nLength;
+    uint32_t m_nCode;      // of the current string; m_nClearCode: there is none
 };
 
 #endif

@@ -85,6 +85,41 @@ TEST_CASE("strings and codes are those of the slow model")
     }
 }
 
+// Pixel nX of row nY in pictures 211 pixels wide, with 16 colours.
+static cBytes PatternPixels(unsigned (*pPixel)(unsigned nX, unsigned nY))
+{
+    const unsigned nWidth = 211;
+    cBytes         Pixels;
+    for (unsigned nAt = 0; nAt < 400 * nWidth; nAt++)
+        Pixels.push_back(static_cast<uint8_t>(pPixel(nAt % nWidth, nAt / nWidth) % 16));
+    return Pixels;
+}
+
+TEST_CASE("strings and codes of pictures with a pattern are those of the slow model")
+{
+    static const struct
+    {
+        const char *szName;
+        unsigned (*pPixel)(unsigned nX, unsigned nY);
+    } s_Patterns[] = {
+        {"colour 0", [](unsigned, unsigned) { return 0u; }},
+        {"stripes", [](unsigned nX, unsigned) { return nX % 2; }},
+        {"shades to the right", [](unsigned nX, unsigned) { return nX / 13; }},
+        {"shades downwards", [](unsigned, unsigned nY) { return nY / 25; }},
+        {"shades both ways", [](unsigned nX, unsigned nY) { return nX + nY; }},
+        {"a grid", [](unsigned nX, unsigned nY) { return nX % 20 == 0 || nY % 20 == 0 ? 1u : 0u; }},
+        {"a curve", [](unsigned nX, unsigned nY) { return nX * nX / 100 == nY ? 3u : 15u; }},
+    };
+    for (const auto &Pattern : s_Patterns)
+        for (const unsigned nMinimumSize : {4u, 8u})
+        {
+            CAPTURE(Pattern.szName);
+            CAPTURE(nMinimumSize);
+            const cBytes Pixels = PatternPixels(Pattern.pPixel);
+            CHECK(Encoded(Pixels, nMinimumSize) == ModelLzw(Pixels, nMinimumSize));
+        }
+}
+
 TEST_CASE("short pictures of every length end as the slow model does")
 {
     for (const unsigned nMinimumSize : {2u, 4u, 8u})
