@@ -135,8 +135,10 @@ static int DrawMarkers(const cPlotLayout &Layout, const cVantorDataSet &Set, cMe
     if (!pCounts)
         return 0;
     std::fill_n(pCounts.get(), nPoints, nCorners);
-    StoreMarkerVertices(Layout, Set, pVertices.get());
-    pCanvas->Polygons(pVertices.get(), pCounts.get(), nPoints, Set.m_crColor);
+    // Without this memory, markers on one pixel are all drawn.
+    const std::unique_ptr<uint32_t[]> pTaken(new (std::nothrow) uint32_t[2 * nPoints]());
+    const size_t nMarkers = StoreMarkerVertices(Layout, Set, pTaken.get(), pVertices.get());
+    pCanvas->Polygons(pVertices.get(), pCounts.get(), nMarkers, Set.m_crColor);
     return 1;
 }
 

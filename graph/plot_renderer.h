@@ -8,7 +8,8 @@
 
 // Draws title, axes with ticks or grid, axis label, data lines, and, unless the
 // target is the screen, the legend. The caller draws the background.
-// Each data line is one call of the canvas; its vertices are allocated for it.
+// Each data line is one call of the canvas; its vertices are allocated for it. Of the
+// markers of a line that are on the same pixel only one is drawn.
 // Returns 0 when memory ran out and the user gave up; quit has been posted then.
 int DrawPlot(const cPlotLayout &Layout, const cVantorPlot &Plot, cPlotCanvas *pCanvas);
 

@@ -1,5 +1,7 @@
 #include "graph/plot_vertices.h"
 
+#include "toolkit/hash_slot.h"
+
 namespace
 {
 
@@ -104,10 +106,61 @@ void StoreLineVertices(const cPlotLayout &Layout, const cVantorDataSet &Set, cPo
             pVertices[nPoint] = Layout.PixelOf(Set, nPoint);
 }
 
-void StoreMarkerVertices(const cPlotLayout &Layout, const cVantorDataSet &Set, cPoint *pVertices)
+namespace
 {
+
+// Finds out which pixels have a marker.
+class cMarkerPixels
+{
+public:
+    // pSlots holds the numbers of the markers stored at pVertices, counted from 1.
+    cMarkerPixels(uint32_t *pSlots, uint32_t nSlots, const cPoint *pVertices, int nCorners)
+        : m_pSlots(pSlots), m_nSlots(nSlots), m_pVertices(pVertices), m_nCorners(nCorners)
+    {
+    }
+
+    // 1 if marker nMarker, which has been stored, is the first on its pixel.
+    int Take(size_t nMarker)
+    {
+        const cPoint At  = Corner(nMarker);
+        const auto   nX  = static_cast<uint32_t>(At.m_nX);
+        const auto   nY  = static_cast<uint32_t>(At.m_nY);
+        uint32_t     nAt = HashSlot(nX << 16 ^ nY, m_nSlots);
+        for (; m_pSlots[nAt] != 0; nAt = nAt + 1 < m_nSlots ? nAt + 1 : 0)
+            if (Corner(m_pSlots[nAt] - 1) == At)
+                return 0;
+        m_pSlots[nAt] = static_cast<uint32_t>(nMarker + 1);
+        return 1;
+    }
+
+private:
+    cPoint Corner(size_t nMarker) const
+    {
+        return m_pVertices[nMarker * static_cast<size_t>(m_nCorners)];
+    }
+
+    uint32_t     *m_pSlots;
+    uint32_t      m_nSlots;
+    const cPoint *m_pVertices;
+    int           m_nCorners;
+};
+
+}  // namespace
+
+size_t StoreMarkerVertices(const cPlotLayout &Layout, const cVantorDataSet &Set, uint32_t *pTaken,
+                           cPoint *pVertices)
+{
+    cMarkerPixels Pixels(pTaken, 2 * Set.m_nPoints, pVertices, MarkerCorners(Set.m_nStyle));
+    size_t        nMarkers = 0;
     for (uint32_t nPoint = 0; nPoint < Set.m_nPoints; nPoint++)
-        pVertices = StoreMarker(Set.m_nStyle, Layout.PixelOf(Set, nPoint), pVertices);
+    {
+        cPoint *const pAfter = StoreMarker(Set.m_nStyle, Layout.PixelOf(Set, nPoint), pVertices);
+        if (pTaken && !Pixels.Take(nMarkers))
+            continue;
+        pVertices = pAfter;
+        nMarkers++;
+    }
+    return nMarkers;
 }
 
 size_t StoreAddedVertices(const cPlotLayout &Layout, const cVantorDataSet &Set,

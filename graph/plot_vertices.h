@@ -34,8 +34,12 @@ size_t CountLineVertices(const cVantorDataSet &Set);
 // after its last point, one spacing further: the outline of bars.
 void StoreLineVertices(const cPlotLayout &Layout, const cVantorDataSet &Set, cPoint *pVertices);
 
-// All markers of a set, MarkerCorners vertices for each point.
-void StoreMarkerVertices(const cPlotLayout &Layout, const cVantorDataSet &Set, cPoint *pVertices);
+// Stores the markers of a set, MarkerCorners vertices for each point, and returns
+// how many markers there are. A marker on the pixel of an earlier one is left out,
+// as it would not be seen. pTaken has 2 * m_nPoints elements, all of them 0, in which
+// the pixels are found again; without it (null) all markers are stored.
+size_t StoreMarkerVertices(const cPlotLayout &Layout, const cVantorDataSet &Set, uint32_t *pTaken,
+                           cPoint *pVertices);
 
 // What the last of at least two points adds to the line: stores 2 or 3 vertices,
 // beginning with the point before it, and returns how many.

@@ -1,6 +1,9 @@
 #include "graph/plot_vertices.h"
 
 #include <cmath>
+#include <random>
+#include <set>
+#include <utility>
 #include <vector>
 
 #include <doctest/doctest.h>
@@ -149,11 +152,62 @@ TEST_CASE("the markers of a set follow each other")
     const cSetRig Rig(kX, kY, gtScatter, 2);
     cPoints       Vertices(12);
 
-    StoreMarkerVertices(TenPixels(), Rig.Set(), Vertices.data());
+    CHECK(StoreMarkerVertices(TenPixels(), Rig.Set(), nullptr, Vertices.data()) == 3);
 
     CHECK(Vertices[0] == cPoint{48, 110});
     CHECK(Vertices[4] == cPoint{58, 80});
     CHECK(Vertices[11] == cPoint{80, 92});
+}
+
+TEST_CASE("of the markers on one pixel the first stays")
+{
+    // Points 1, 3 and 5 have the pixels of the points before them.
+    const cSetRig         Rig({1.0F, 1.01F, 3.0F, 3.0F, 1e9F, 2e9F, 3.0F},
+                              {1.0F, 1.04F, 1.0F, 0.96F, 1e9F, 3e9F, 2.0F}, gtScatter, 1);
+    cPoints               Vertices(7 * 4);
+    std::vector<uint32_t> Taken(2 * 7);
+
+    const size_t nMarkers =
+        StoreMarkerVertices(TenPixels(), Rig.Set(), Taken.data(), Vertices.data());
+
+    REQUIRE(nMarkers == 4);
+    CHECK(Vertices[0] == cPoint{58, 117});
+    CHECK(Vertices[4] == cPoint{78, 117});
+    CHECK(Vertices[8] == cPoint{50 + 16383 - 2, 20 - 16383 - 2});
+    CHECK(Vertices[12] == cPoint{78, 116});
+    CHECK(StoreMarkerVertices(TenPixels(), Rig.Set(), nullptr, Vertices.data()) == 7);
+}
+
+TEST_CASE("a cloud of markers keeps each of its pixels, in the order of the points")
+{
+    std::mt19937                  Random(3);
+    std::vector<float>            X(5000);
+    std::vector<float>            Y(5000);
+    cPoints                       Expected;
+    std::set<std::pair<int, int>> Pixels;
+    for (size_t i = 0; i < X.size(); i++)
+    {
+        X[i] = static_cast<float>(Random() % 20) / 10;
+        Y[i] = static_cast<float>(Random() % 400);
+    }
+    const cSetRig     Rig(X, Y, gtScatter, 2);
+    const cPlotLayout Layout = TenPixels();
+    for (uint32_t nPoint = 0; nPoint < 5000; nPoint++)
+    {
+        const cPoint At = Layout.PixelOf(Rig.Set(), nPoint);
+        if (Pixels.insert({At.m_nX, At.m_nY}).second)
+            Expected.push_back({At.m_nX - 2, At.m_nY});
+    }
+    cPoints               Vertices(4 * 5000);
+    std::vector<uint32_t> Taken(2 * 5000);
+
+    const size_t nMarkers = StoreMarkerVertices(Layout, Rig.Set(), Taken.data(), Vertices.data());
+
+    REQUIRE(nMarkers == Expected.size());
+    CHECK(nMarkers > 3000);
+    CHECK(nMarkers < 5000);
+    for (size_t i = 0; i < nMarkers; i++)
+        REQUIRE(Vertices[4 * i] == Expected[i]);
 }
 
 TEST_CASE("scattered points and a lone point are markers")
