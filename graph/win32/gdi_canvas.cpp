@@ -38,6 +38,14 @@ cGdiCanvas::cGdiCanvas(HDC hDc, HFONT hFont) : m_hDc(hDc), m_State(hDc)
     SetBkMode(m_hDc, TRANSPARENT);
 }
 
+// 0 if memory is short.
+int cGdiCanvas::Dense()
+{
+    if (!m_pDense)
+        m_pDense.reset(new (std::nothrow) cDenseFigures(m_hDc));
+    return m_pDense != nullptr;
+}
+
 int cGdiCanvas::PixelsPerInchX() const
 {
     return GetDeviceCaps(m_hDc, LOGPIXELSX);
@@ -83,18 +91,30 @@ void cGdiCanvas::Polyline(const cPoint *pPoints, size_t nPoints, const cPlotPen 
     const cGdiPen      GdiPen = MakePen(Pen);
     const cSelectGuard Selected(m_hDc, GdiPen.Get());
 
-    // The time for a wide line grows faster than the number of its vertices.
-    // Without memory for merging them, all of them are drawn.
+    // Without memory for merging them, all vertices are drawn.
     const std::unique_ptr<cPoint[]> pMerged(nPoints > kFewPoints && PenStyle(Pen) == PS_SOLID
                                                 ? new (std::nothrow) cPoint[nPoints]
                                                 : nullptr);
-    const size_t nMerged = pMerged ? MergeColumns(pPoints, nPoints, pMerged.get()) : nPoints;
-    ::Polyline(m_hDc, AsPoints(pMerged ? pMerged.get() : pPoints), static_cast<int>(nMerged));
+    const size_t        nMerged = pMerged ? MergeColumns(pPoints, nPoints, pMerged.get()) : nPoints;
+    const cPoint *const pLine   = pMerged ? pMerged.get() : pPoints;
+    if (nMerged <= kFewPoints || !DrawDenseLine(pLine, nMerged, Pen))
+        ::Polyline(m_hDc, AsPoints(pLine), static_cast<int>(nMerged));
+}
+
+// The time for a wide line grows faster than the number of its vertices; the same
+// holds for polygons. 0 if the line is not wide or cannot be drawn another way.
+int cGdiCanvas::DrawDenseLine(const cPoint *pPoints, size_t nPoints, const cPlotPen &Pen)
+{
+    return Pen.m_nWidth > 1 && Dense() &&
+           m_pDense->DrawWideLine(pPoints, nPoints, static_cast<int>(Pen.m_nWidth), Pen.m_crColor);
 }
 
 void cGdiCanvas::Polygons(const cPoint *pPoints, const int32_t *pCounts, size_t nPolygons,
                           uint32_t crColour)
 {
+    if (nPolygons > kFewPoints && Dense() &&
+        m_pDense->DrawPolygons(pPoints, pCounts, nPolygons, crColour))
+        return;
     const cGdiPen      Pen(CreatePen(PS_SOLID, 1, crColour));
     const cGdiBrush    Brush(CreateSolidBrush(crColour));
     const cSelectGuard SelectedPen(m_hDc, Pen.Get());

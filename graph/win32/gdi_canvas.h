@@ -10,7 +10,10 @@
 
 #include "toolkit/win32/win32.h"
 
+#include <memory>
+
 #include "graph/plot_canvas.h"
+#include "graph/win32/dense_figures.h"
 #include "toolkit/win32/gdi.h"
 
 class cGdiCanvas : public cPlotCanvas
@@ -35,8 +38,12 @@ public:
     void PopClip() override;
 
 private:
-    HDC         m_hDc;
-    cStateGuard m_State;
+    int Dense();
+    int DrawDenseLine(const cPoint *pPoints, size_t nPoints, const cPlotPen &Pen);
+
+    HDC                            m_hDc;
+    cStateGuard                    m_State;
+    std::unique_ptr<cDenseFigures> m_pDense;  // made when it is needed
 };
 
 #endif

@@ -3,6 +3,7 @@
 #include "graph/win32/gdi_canvas.h"
 
 #include <algorithm>
+#include <cmath>
 #include <random>
 #include <string>
 #include <vector>
@@ -261,6 +262,160 @@ TEST_CASE("a line with many vertices in a column looks as if drawn step by step"
 
         CheckPicture(Whole, InSteps.Picture());
     }
+}
+
+// Places in and around a picture of 160 by 120.
+static std::vector<cPoint> RandomPlaces(size_t nPlaces, unsigned nSeed)
+{
+    std::mt19937        Random(nSeed);
+    std::vector<cPoint> Places(nPlaces);
+    for (cPoint &Place : Places)
+        Place = {static_cast<int>(Random() % 180) - 10, static_cast<int>(Random() % 140) - 10};
+    return Places;
+}
+
+// The same as pieces that are too short to be drawn in another way than by the platform.
+static void DrawInSteps(const std::vector<cPoint> &Points, uint32_t nWidth, cPaperRig *pRig)
+{
+    cGdiCanvas Canvas(pRig->Dc(), nullptr);
+    for (size_t i = 0; i + 1 < Points.size(); i++)
+        Canvas.Polyline(&Points[i], 2, {0, nWidth, kRed});
+}
+
+TEST_CASE("very many markers look as if each was drawn alone")
+{
+    for (uint32_t nStyle = 0; nStyle < kStyles; nStyle++)
+    {
+        CAPTURE(nStyle);
+        const int            nCorners = MarkerCorners(nStyle);
+        std::vector<cPoint>  Corners(700 * kMostCorners);
+        std::vector<int32_t> Counts(700, nCorners);
+        cPoint              *pEnd = Corners.data();
+        cPaperRig            Together(160, 120);
+        cPaperRig            Alone(160, 120);
+        cGdiCanvas           Canvas(Alone.Dc(), nullptr);
+        Canvas.PushClip({20, 10, 150, 110});
+        for (const cPoint At : RandomPlaces(700, nStyle))
+        {
+            cPoint *const pMarker = pEnd;
+            pEnd                  = StoreMarker(nStyle, At, pMarker);
+            Canvas.Polygons(pMarker, &nCorners, 1, kRed);
+        }
+        Canvas.PopClip();
+        {
+            cGdiCanvas       Whole(Together.Dc(), nullptr);
+            const cClipGuard Clip(&Whole, {20, 10, 150, 110});
+            Whole.Polygons(Corners.data(), Counts.data(), 700, kRed);
+        }
+        CHECK(Alone.CountPixels(kRed) > 3000);
+        CHECK(Together.Picture() == Alone.Picture());
+    }
+}
+
+TEST_CASE("very many polygons of several shapes are all drawn")
+{
+    std::vector<cPoint>  Corners(300 * kMostCorners);
+    std::vector<int32_t> Counts;
+    cPoint              *pEnd = Corners.data();
+    cPaperRig            Together(160, 120);
+    cPaperRig            Alone(160, 120);
+    cGdiCanvas           Canvas(Alone.Dc(), nullptr);
+    for (const cPoint At : RandomPlaces(300, 1))
+    {
+        const auto nStyle = static_cast<uint32_t>(Counts.size() % 3);
+        Counts.push_back(MarkerCorners(nStyle));
+        cPoint *const pMarker = pEnd;
+        pEnd                  = StoreMarker(nStyle, At, pMarker);
+        Canvas.Polygons(pMarker, &Counts.back(), 1, kBlue);
+    }
+
+    cGdiCanvas(Together.Dc(), nullptr).Polygons(Corners.data(), Counts.data(), 300, kBlue);
+
+    CHECK(Together.Picture() == Alone.Picture());
+}
+
+// Back and forth in x, with segments of up to ten pixels and now and then a long one.
+static std::vector<cPoint> LoopsAndLeaps(size_t nPoints, unsigned nSeed)
+{
+    std::mt19937        Random(nSeed);
+    std::vector<cPoint> Points;
+    for (size_t i = 0; i < nPoints; i++)
+    {
+        const double dTurn = static_cast<double>(i) * 0.11;
+        const int    nLeap = Random() % 40 == 0 ? 60 : 0;
+        Points.push_back({static_cast<int>(80 + 90 * std::sin(dTurn)) - nLeap,
+                          static_cast<int>(60 + 70 * std::cos(dTurn * 0.71)) + nLeap});
+    }
+    return Points;
+}
+
+TEST_CASE("a wide line that goes back and forth looks as if drawn step by step")
+{
+    for (uint32_t nWidth = 2; nWidth <= kMostLineWidth; nWidth++)
+    {
+        CAPTURE(nWidth);
+        const std::vector<cPoint> Points = LoopsAndLeaps(900, nWidth);
+        cPaperRig                 Whole(160, 120);
+        cPaperRig                 InSteps(160, 120);
+        DrawInSteps(Points, nWidth, &InSteps);
+
+        cGdiCanvas(Whole.Dc(), nullptr).Polyline(Points.data(), Points.size(), {0, nWidth, kRed});
+
+        CHECK(InSteps.CountPixels(RGB(255, 255, 255)) > 500);
+        CHECK(Whole.Picture() == InSteps.Picture());
+    }
+}
+
+// 1 if each pixel that is red in one picture has a red one beside it, or at its
+// place, in the other.
+static int IsNear(const cPaperRig &Of, const cPaperRig &In)
+{
+    for (int nY = 1; nY < Of.Height() - 1; nY++)
+        for (int nX = 1; nX < Of.Width() - 1; nX++)
+        {
+            int bNear = Of.Pixel(nX, nY) != kRed;
+            for (int i = 0; i < 9 && !bNear; i++)
+                bNear = In.Pixel(nX - 1 + i % 3, nY - 1 + i / 3) == kRed;
+            if (!bNear)
+                return 0;
+        }
+    return 1;
+}
+
+TEST_CASE("a wide line of more than a thousand long segments is off by a pixel at most")
+{
+    for (uint32_t nWidth = 2; nWidth <= kMostLineWidth; nWidth++)
+    {
+        CAPTURE(nWidth);
+        // From the left half to the right one and back, so that there are gaps.
+        std::mt19937        Random(nWidth);
+        std::vector<cPoint> Points;
+        for (int i = 0; i < 1200; i++)
+            Points.push_back({i % 2 == 0 ? 20 : 700 - static_cast<int>(Random() % 30) * 20,
+                              i % 2 == 0 ? static_cast<int>(Random() % 6) * 60 + 20
+                                         : static_cast<int>(Random() % 3) * 100 + 30});
+        cPaperRig Whole(720, 400);
+        cPaperRig InSteps(720, 400);
+        DrawInSteps(Points, nWidth, &InSteps);
+
+        cGdiCanvas(Whole.Dc(), nullptr).Polyline(Points.data(), Points.size(), {0, nWidth, kRed});
+
+        CHECK(InSteps.CountPixels(RGB(255, 255, 255)) > 20000);
+        CHECK(IsNear(Whole, InSteps));
+        CHECK(IsNear(InSteps, Whole));
+    }
+}
+
+TEST_CASE("a wide line whose points are all the same is a dot")
+{
+    const std::vector<cPoint> Points(200, cPoint{10, 10});
+    cPaperRig                 Whole(20, 20);
+    cPaperRig                 InSteps(20, 20);
+    DrawInSteps(Points, 4, &InSteps);
+
+    cGdiCanvas(Whole.Dc(), nullptr).Polyline(Points.data(), 200, {0, 4, kRed});
+
+    CHECK(Whole.Picture() == InSteps.Picture());
 }
 
 TEST_CASE("dashed lines keep the background in their gaps, and wide lines have no gaps")
