@@ -73,10 +73,16 @@ struct cGraphRig
 {
     explicit cGraphRig(int nSets, const cVantorLineFormat &Format = {}, float fNoise = 0.0F)
     {
-        REQUIRE(m_Graph.Create({}, 0, 0, 640, 480, 0));
-        m_Graph.Box()->AutoRange();
+        Create();
         for (int nSet = 0; nSet < nSets; nSet++)
             AddWave(static_cast<float>(nSet), fNoise, Format);
+        HandleWaitingMessages();
+    }
+    // One set of nPoints points that are anywhere.
+    cGraphRig(uint32_t nPoints, const cVantorLineFormat &Format)
+    {
+        Create();
+        AddCloud(nPoints, 0, Format);
         HandleWaitingMessages();
     }
     ~cGraphRig() { SendMessageA(m_Graph.Window(), WM_CLOSE, 0, 0); }
@@ -90,6 +96,38 @@ struct cGraphRig
         {
             X[i] = static_cast<float>(i) * 0.01F;
             Y[i] = std::sin(X[i] + fPhase) + fNoise * static_cast<float>(Random() % 1000);
+        }
+        REQUIRE(m_Graph.Box()->AddDataSet(kPoints, X.data(), Y.data(), &Format));
+    }
+
+    void Create()
+    {
+        REQUIRE(m_Graph.Create({}, 0, 0, 640, 480, 0));
+        m_Graph.Box()->AutoRange();
+    }
+
+    void AddCloud(uint32_t nPoints, unsigned nSeed, const cVantorLineFormat &Format)
+    {
+        std::mt19937       Random(nSeed);
+        std::vector<float> X(nPoints);
+        std::vector<float> Y(nPoints);
+        for (uint32_t i = 0; i < nPoints; i++)
+        {
+            X[i] = static_cast<float>(Random() % 10000);
+            Y[i] = static_cast<float>(Random() % 10000);
+        }
+        REQUIRE(m_Graph.Box()->AddDataSet(nPoints, X.data(), Y.data(), &Format));
+    }
+
+    // Round and round, so that x goes back and forth.
+    void AddLoops(float fPhase, const cVantorLineFormat &Format)
+    {
+        std::vector<float> X(kPoints);
+        std::vector<float> Y(kPoints);
+        for (uint32_t i = 0; i < kPoints; i++)
+        {
+            X[i] = std::sin(static_cast<float>(i) * 0.03F + fPhase);
+            Y[i] = std::cos(static_cast<float>(i) * 0.0201F + fPhase);
         }
         REQUIRE(m_Graph.Box()->AddDataSet(kPoints, X.data(), Y.data(), &Format));
     }
@@ -297,6 +335,40 @@ TEST_CASE("a full repaint")
     {
         cGraphRig Rig(20, {Row.m_nType, 0, Row.m_nWidth, Row.m_nStyle, nullptr}, Row.m_fNoise);
         Print(Row.m_szName, 1000 * MedianSeconds([&] { Rig.Repaint(); }), "ms", Row.m_szTarget);
+    }
+}
+
+TEST_CASE("a full repaint of points in no order")
+{
+    for (const uint32_t nPoints : {51200u, 256000u})
+    {
+        cGraphRig         Rig(nPoints, {gtScatter, 0, 1, 0, nullptr});
+        const std::string Name = "one set of " + std::to_string(nPoints) + " markers repainted";
+        Print(Name.c_str(), 1000 * MedianSeconds([&] { Rig.Repaint(); }), "ms", "150 at most");
+    }
+    static const struct
+    {
+        const char *m_szName;
+        uint32_t    m_nWidth;
+        uint32_t    m_nStyle;
+        int         m_bCloud;
+    } s_Rows[] = {
+        {"20 sets of 12,800 points in loops, 4 pixels wide", 4, 0, 0},
+        {"the same, dashed", 1, 1, 0},
+        {"20 sets of 12,800 points anywhere, 4 pixels wide", 4, 0, 1},
+        {"the same, dashed", 1, 1, 1},
+    };
+    for (const auto &Row : s_Rows)
+    {
+        const cVantorLineFormat Format = {gtPlot, 0, Row.m_nWidth, Row.m_nStyle, nullptr};
+        cGraphRig               Rig(0);
+        for (int nSet = 0; nSet < 20; nSet++)
+            if (Row.m_bCloud)
+                Rig.AddCloud(kPoints, static_cast<unsigned>(nSet), Format);
+            else
+                Rig.AddLoops(static_cast<float>(nSet), Format);
+        HandleWaitingMessages();
+        Print(Row.m_szName, 1000 * MedianSeconds([&] { Rig.Repaint(); }), "ms", "250 at most");
     }
 }
 
