@@ -41,18 +41,22 @@ static void FindUnreachable(const cSourceProgram &Program, const cLineSet &Reach
         ReportBlock(Program, nFirst, Program.CountLines(), pFindings);
 }
 
-// The last line continues in line 1; so does a test before it that skips it.
-static void FindFallsOff(const cSourceProgram &Program, const cLineSet &Reached,
-                         cFindings *pFindings)
+// The last line continues in line 1; so does a test before it that skips it, also
+// where the last line is not used.
+static void FindFallsOff(const cSourceProgram &Program, cFindings *pFindings)
 {
-    if (Program.CountLines() < kLastLine)
-        return;
-    const eFlow nLast = Program.Flow().Line(kLastLine).m_nFlow;
-    if (Reached[kLastLine] &&
+    const cProgramFlow &Flow     = Program.Flow();
+    const cLineSet      DeadEnds = Flow.DeadEnds();
+    const cLineSet      Goes     = Flow.Reach(Flow.Entries(), DeadEnds) & ~DeadEnds;
+    const eFlow         nLast    = Flow.Line(kLastLine).m_nFlow;
+    unsigned            nFalls   = 0;
+    if (Goes[kLastLine] &&
         (nLast == flNext || nLast == flSkip || nLast == flCall || nLast == flCallIndirect))
-        pFindings->Warn(wnFallsOffEnd, Program.Line(kLastLine), Program.Word(kLastLine));
-    else if (Reached[kLastLine - 1] && Program.Flow().Line(kLastLine - 1).m_nFlow == flSkip)
-        pFindings->Warn(wnFallsOffEnd, Program.Line(kLastLine - 1), Program.Word(kLastLine - 1));
+        nFalls = kLastLine;
+    else if (Goes[kLastLine - 1] && Flow.Line(kLastLine - 1).m_nFlow == flSkip)
+        nFalls = kLastLine - 1;
+    if (nFalls)
+        pFindings->Warn(wnFallsOffEnd, Program.Line(nFalls), Program.Word(nFalls));
 }
 
 void FindFlowWarnings(const cSourceProgram &Program, cFindings *pFindings)
@@ -60,5 +64,5 @@ void FindFlowWarnings(const cSourceProgram &Program, cFindings *pFindings)
     const cLineSet Reached = Program.Flow().Reach(Program.Flow().Entries());
     if (!Program.Flow().IsIndirect())
         FindUnreachable(Program, Reached, pFindings);
-    FindFallsOff(Program, Reached, pFindings);
+    FindFallsOff(Program, pFindings);
 }

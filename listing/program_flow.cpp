@@ -119,7 +119,7 @@ cLineSet cProgramFlow::After(unsigned nLine, int bInLevel) const
     return After;
 }
 
-cLineSet cProgramFlow::Follow(cLineSet From, const cLineSet &Beyond, int bInLevel) const
+cLineSet cProgramFlow::Follow(cLineSet From, const cLineSet &Ends, int bInLevel) const
 {
     cLineSet Reached;
     while (Reached != From)
@@ -127,18 +127,74 @@ cLineSet cProgramFlow::Follow(cLineSet From, const cLineSet &Beyond, int bInLeve
         const cLineSet New = From & ~Reached;
         Reached            = From;
         for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
-            if (New[nLine] && !Beyond[nLine])
+            if (New[nLine] && !Ends[nLine])
                 From |= After(nLine, bInLevel);
     }
     return Reached;
 }
 
-cLineSet cProgramFlow::Reach(const cLineSet &From) const
+cLineSet cProgramFlow::Reach(const cLineSet &From, const cLineSet &Ends) const
 {
-    return Follow(From, {}, 0);
+    return Follow(From, Ends, 0);
 }
 
-cLineSet cProgramFlow::ReachInLevel(unsigned nFrom, const cLineSet &Beyond) const
+cLineSet cProgramFlow::ReachInLevel(unsigned nFrom) const
 {
-    return Follow(cLineSet().set(nFrom), Beyond, 1);
+    return Follow(cLineSet().set(nFrom), {}, 1);
+}
+
+// Whether a subroutine can return from this line on, if it can from these lines.
+// A jump through i may find any of them.
+int cProgramFlow::Returns(unsigned nLine, const cLineSet &Returning) const
+{
+    const cFlowLine &Flow  = m_Lines[nLine];
+    const int        bNext = Returning[NextLine(nLine)];
+    switch (Flow.m_nFlow)
+    {
+    case flNext:
+    case flCallIndirect:
+        return bNext;
+    case flSkip:
+        return bNext || Returning[NextLine(NextLine(nLine))];
+    case flGoto:
+        return Returning[Flow.m_nTarget];
+    case flGotoIndirect:
+        return Returning.any();
+    case flCall:
+        return bNext && Returning[Flow.m_nTarget];
+    case flReturn:
+        return 1;
+    default:
+        return 0;
+    }
+}
+
+// The lines from which a run can come to the RTN of its level.
+cLineSet cProgramFlow::FindReturning() const
+{
+    cLineSet Returning;
+    cLineSet Former;
+    do
+    {
+        Former = Returning;
+        for (unsigned nLine = kLastLine; nLine > 0; nLine--)
+            if (Returns(nLine, Returning))
+                Returning.set(nLine);
+    }
+    while (Returning != Former);
+    return Returning;
+}
+
+cLineSet cProgramFlow::DeadEnds() const
+{
+    const cLineSet Returning = FindReturning();
+    cLineSet       DeadEnds;
+    for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
+    {
+        const cFlowLine &Flow = m_Lines[nLine];
+        DeadEnds[nLine]       = (Flow.m_nFlow == flGoto && !Flow.m_nTarget) ||
+                          (Flow.m_nFlow == flCall && !Returning[Flow.m_nTarget]) ||
+                          (Flow.m_nFlow == flCallIndirect && Returning.none());
+    }
+    return DeadEnds;
 }

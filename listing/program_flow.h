@@ -59,18 +59,24 @@ public:
     // Lines that begin a run: line 1 and the labels.
     cLineSet Entries() const;
 
-    // All that a run can reach from these lines, as far as it is known.
-    cLineSet Reach(const cLineSet &From) const;
+    // All that a run can reach from these lines, as far as it is known. A line of
+    // Ends is reached, but what follows it is not.
+    cLineSet Reach(const cLineSet &From, const cLineSet &Ends = {}) const;
 
     // The same from one line within one level of subroutines: calls return at
-    // once, and a run that halts does not continue. A line of Beyond is reached,
-    // but what follows it is not.
-    cLineSet ReachInLevel(unsigned nFrom, const cLineSet &Beyond = {}) const;
+    // once, and a run that halts does not continue.
+    cLineSet ReachInLevel(unsigned nFrom) const;
+
+    // Jumps to labels that are missing, and calls that never return: nothing
+    // continues behind them.
+    cLineSet DeadEnds() const;
 
 private:
     unsigned FindLabel(unsigned nFrom, unsigned nLabel) const;
+    int      Returns(unsigned nLine, const cLineSet &Returning) const;
+    cLineSet FindReturning() const;
     cLineSet After(unsigned nLine, int bInLevel) const;
-    cLineSet Follow(cLineSet From, const cLineSet &Beyond, int bInLevel) const;
+    cLineSet Follow(cLineSet From, const cLineSet &Ends, int bInLevel) const;
 
     std::array<cFlowLine, kProgramLines> m_Lines;
 };

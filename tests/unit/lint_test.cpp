@@ -263,9 +263,61 @@ TEST_CASE("a run that continues in line 01 after the last line is reported")
         CAPTURE(Row.Last.front());
         CHECK_TEXT(WarningNames(Listing(Lines)), Row.szWarnings);
 
-        Lines.erase(Lines.begin() + 10);  // line 98 is R/S then, and a blank line is no line
+        // The unused line 98 is R/S, which only a test skips; a blank line is no line.
+        Lines.erase(Lines.begin() + 10);
         Lines.insert(Lines.begin() + 20, "");
-        CHECK(WarningNames(Listing(Lines)).find("falls-off-end") == std::string::npos);
+        const int bFalls = WarningNames(Listing(Lines)).find("falls-off-end") != std::string::npos;
+        CHECK(bFalls == (Row.Last.back() == "x=0"));
+    }
+}
+
+TEST_CASE("a run that halts in the last line, or before it, does not continue in line 01")
+{
+    // The lines between the first and the last are CHS.
+    // clang-format off
+    static const struct
+    {
+        std::vector<std::string> First;
+        std::vector<std::string> Last;
+        int                      bFalls;
+    } s_Rows[] =
+    {
+        { { "1" },                                     { "GSB 1" },                 0 },
+        { { "1" },                                     { "GSB 1", "1" },            0 },
+        { { "1" },                                     { "GTO 1", "1" },            0 },
+        { { "1" },                                     { "x=0", "GTO 1" },          1 },
+        // the subroutine never returns
+        { { "LBL 1" },                                 { "R/S", "GSB 1" },          0 },
+        { { "LBL 1" },                                 { "R/S", "GSB 1", "1" },     0 },
+        { { "LBL 1" },                                 { "R/S", "GSB i" },          0 },
+        { { "LBL 1" },                                 { "GTO i", "LBL 3", "GSB 1" }, 0 },
+        { { "LBL 1", "GTO 1", "RTN" },                 { "R/S", "LBL 3", "GSB 1" }, 0 },
+        { { "LBL 1", "GTO 4", "RTN" },                 { "R/S", "LBL 3", "GSB 1" }, 0 },
+        { { "LBL 1", "GSB 4", "RTN" },                 { "R/S", "LBL 3", "GSB 1" }, 0 },
+        { { "LBL 1", "GSB 2", "RTN", "LBL 2" },        { "R/S", "LBL 3", "GSB 1" }, 0 },
+        { { "LBL 1", "GSB 2", "R/S", "LBL 2", "RTN" }, { "R/S", "LBL 3", "GSB 1" }, 0 },
+        // R/S has made a main program of it when it comes to RTN
+        { { "LBL 1", "R/S", "RTN" },                   { "R/S", "LBL 3", "GSB 1" }, 0 },
+        // it may return
+        { { "LBL 1", "RTN" },                          { "R/S", "LBL 3", "GSB 1" }, 1 },
+        { { "LBL 1", "GTO 2", "LBL 2", "RTN" },        { "R/S", "LBL 3", "GSB 1" }, 1 },
+        { { "LBL 1", "GSB 2", "RTN", "LBL 2", "RTN" }, { "R/S", "LBL 3", "GSB 1" }, 1 },
+        { { "LBL 1", "x=0", "R/S", "RTN" },            { "R/S", "LBL 3", "GSB 1" }, 1 },
+        { { "LBL 1", "x=0", "RTN", "R/S" },            { "R/S", "LBL 3", "GSB 1" }, 1 },
+        { { "LBL 1", "GSB i", "RTN" },                 { "R/S", "LBL 3", "GSB 1" }, 1 },
+        { { "LBL 1", "GTO i", "LBL 2", "RTN" },        { "R/S", "LBL 3", "GSB 1" }, 1 },
+        { { "LBL 1", "RTN" },                          { "R/S", "LBL 3", "GSB i" }, 1 },
+    };
+    // clang-format on
+    for (const auto &Row : s_Rows)
+    {
+        std::vector<std::string> Lines = Row.First;
+        Lines.resize(kLastLine - Row.Last.size(), "CHS");
+        Lines.insert(Lines.end(), Row.Last.begin(), Row.Last.end());
+        const std::string Text = Listing(Lines);
+        CAPTURE(Text);
+        const int bFalls = WarningNames(Text).find("falls-off-end") != std::string::npos;
+        CHECK(bFalls == Row.bFalls);
     }
 }
 

@@ -98,7 +98,7 @@ public:
     std::string Text()
     {
         std::string  Text;
-        const size_t nLines = m_Random() % 4 ? 2 + m_Random() % 30 : kLastLine;
+        const size_t nLines = m_Random() % 4 ? 2 + m_Random() % 30 : kLastLine - m_Random() % 2;
         for (size_t nLine = 0; nLine < nLines; nLine++)
             Text += Line() + "\n";
         return Text;
