@@ -30,13 +30,10 @@ public:
     // The first word of a program line, the place of findings.
     std::string_view Word(unsigned nLine) const;
 
-    // Labels that a comment names as a place to start: "GSB 1", "LBL 1",
-    // "label 1".
+    // Labels that a comment names as a place to start.
     const std::bitset<kLabels> &NamedLabels() const { return m_NamedLabels; }
 
 private:
-    void FindNames(std::string_view Comment);
-
     std::array<cSourceLine, kProgramLines> m_Lines;  // from 1
     unsigned                               m_nLines;
     cProgramFlow                           m_Flow;

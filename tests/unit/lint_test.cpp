@@ -184,6 +184,7 @@ TEST_CASE("a label is unused if no jump finds it and nothing makes it a place to
         { { "1 ; label 7: next", "LBL 7", "2" },   "" },
         { { "; run --label 7", "1", "LBL 7" },     "" },
         { { "; GSB 17, GSB 8", "1", "LBL 7" },     "3:1 unused-label" },
+        { { "; labels 5 and 7", "1", "LBL 7" },    "" },
         { { "; 7", "1", "LBL 7" },                 "3:1 unused-label" },
         { { "LBL 1", "LBL 1", "GTO 1" },           "2:1 duplicate-label, 2:1 unused-label" },
         { { "LBL 1", "R/S", "LBL 1", "GTO 1" },    "3:1 duplicate-label" },
