@@ -1,6 +1,8 @@
 #include "console/unified_diff.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <cstring>
 
 static const size_t kContext = 3;
 
@@ -73,6 +75,44 @@ static size_t HunkEnd(const std::vector<cFormattedLine> &Lines, size_t nAt)
     return std::min(nEnd + 1 + kContext, Lines.size());
 }
 
+static int IsControl(char c)
+{
+    return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
+}
+
+// As diff does it: in double quotes, with the escapes of C.
+static std::string QuotedName(const std::string &Name)
+{
+    static const char *const s_szPlain  = "\a\b\t\n\v\f\r\"\\";
+    static const char *const s_szLetter = "abtnvfr\"\\";
+    std::string              Quoted     = "\"";
+    for (const char c : Name)
+    {
+        const char *const pPlain = strchr(s_szPlain, c);
+        char              szCode[8];
+        if (pPlain)
+            Quoted.append({'\\', s_szLetter[pPlain - s_szPlain]});
+        else if (IsControl(c))
+        {
+            snprintf(szCode, sizeof szCode, "\\%03o", static_cast<unsigned>(c));
+            Quoted += szCode;
+        }
+        else
+            Quoted.push_back(c);
+    }
+    return Quoted + "\"";
+}
+
+// A name ends at its first blank, unless a tab follows it. What patch would not
+// read as it is goes into quotes; a backslash alone is the Windows separator.
+static std::string HeaderName(const std::string &Name)
+{
+    if (std::any_of(Name.begin(), Name.end(), IsControl) || Name.starts_with(' ') ||
+        Name.starts_with('"') || Name.ends_with(' '))
+        return QuotedName(Name);
+    return Name.find(' ') == std::string::npos ? Name : Name + "\t";
+}
+
 std::string UnifiedDiff(const std::string &FileName, const std::vector<cFormattedLine> &Lines)
 {
     std::string Diff;
@@ -94,5 +134,6 @@ std::string UnifiedDiff(const std::string &FileName, const std::vector<cFormatte
         nAt  = Hunk.m_nEnd;
         nNew = Hunk.m_nNewFirst + Hunk.m_nNewLines;
     }
-    return Diff.empty() ? Diff : "--- " + FileName + "\n+++ " + FileName + "\n" + Diff;
+    const std::string Name = HeaderName(FileName);
+    return Diff.empty() ? Diff : "--- " + Name + "\n+++ " + Name + "\n" + Diff;
 }

@@ -2,8 +2,9 @@
 
 import os
 import stat
+import subprocess
 
-from console_case import ConsoleCase, LinuxCase, main
+from console_case import TIMEOUT, ConsoleCase, LinuxCase, main
 
 ROUGH = "; head\n LBL\t1;start\n5\n\n\nENTER   \n"
 SMOOTH = "; head\nLBL 1           ;start\n5\n\nENTER\n"
@@ -59,6 +60,13 @@ class FmtTest(ConsoleCase):
         self.assert_result(["--check", "--diff", "smooth.txt", "program.txt"], 1, DIFF)
         self.assertEqual(self.read("program.txt"), ROUGH.encode())
 
+    def test_a_name_with_blanks_ends_with_a_tab_in_the_changes(self):
+        self.write("two words.txt", ROUGH)
+        self.assert_result(["--diff", "two words.txt"], 0,
+                           DIFF.replace("program.txt", "two words.txt\t"))
+        self.assert_result(["--diff", "-", "--name", "a b"], 0,
+                           DIFF.replace("program.txt", "a b\t"), stdin=ROUGH)
+
     def test_a_listing_with_errors_is_left_alone(self):
         self.listing(" 5", "enter", name="bad.txt")
         error = 'bad.txt:2: Error: unrecognized instr mnemonic "enter": did you mean ENTER?\n'
@@ -95,6 +103,27 @@ class LinuxFmtTest(LinuxCase):
         self.assertTrue(os.path.islink(self.path("link.txt")))
         self.assertEqual(self.read("program.txt"), SMOOTH.encode())
         self.assertEqual(stat.S_IMODE(os.stat(self.path("program.txt")).st_mode), 0o640)
+
+    def test_control_characters_of_a_name_are_quoted_in_the_changes(self):
+        for name, quoted in (("two\nlines", r'"two\nlines"'), ("\x01\x1b\x7f7", r'"\001\033\1777"'),
+                             ("\a\b\t\n\v\f\r", r'"\a\b\t\n\v\f\r"'),
+                             ('"a\\\t', r'"\"a\\\t"'), ('"a', r'"\"a"'), ('b"\\c', 'b"\\c'),
+                             (" a", '" a"'), ("a ", '"a "'), ("\u00e9\n", '"\u00e9\\n"')):
+            self.write(name, ROUGH)
+            self.assertEqual(self.start("fmt", "--diff", name).out,
+                             DIFF.replace("program.txt", quoted))
+
+    def test_patch_applies_the_changes_to_files_of_any_name(self):
+        names = ("two words.txt", "a  b", "two\nlines", "tab\tname", '"quoted"', 'b"\\c', " a ",
+                 "\x01\x1b\x7f7", "caf\u00e9 \u00e9\n", "-x y")
+        for name in names:
+            self.write(name, ROUGH)
+        result = self.start("fmt", "--diff", "--", *names)
+        subprocess.run(["patch", "-p0"], cwd=self.folder, input=result.raw_out, check=True,
+                       stdout=subprocess.DEVNULL, timeout=TIMEOUT)
+        for name in names:
+            self.assertEqual(self.read(name), SMOOTH.encode(), name)
+        self.assertEqual(sorted(os.listdir(self.folder)), sorted(names))
 
     def test_a_file_that_is_right_is_not_written(self):
         self.write("smooth.txt", SMOOTH)
