@@ -8,8 +8,12 @@
 
 static const size_t kQuotedCharacters = 24;
 
+static const char *const kTooManyName   = "too-many";
+static const char *const kTooManyErrors = "Error: too many errors; the rest is not read";
+static const char *const kTooManyAlike  = "too many warnings like this one; more are not reported";
+
 // clang-format off
-static const cWarningRow s_Warnings[] =
+static const cWarningRow s_Warnings[kWarnings] =
 {
     { "byte-order-mark", "the file begins with %1, which the loader takes for a part of the first line" },
     { "no-break-space",  "a no-break space (%1) does not separate words; type a space"                 },
@@ -68,15 +72,22 @@ static unsigned ColumnOf(const cSourceLine &Line, std::string_view Place)
 void cFindings::AddError(const cSourceLine &Line, std::string_view Place, const char *szName,
                          const std::string &Text, const std::string &Suggestion)
 {
+    if (IsFull())
+        return;
     m_List.push_back({svError, szName, Line.m_nLine, ColumnOf(Line, Place), Text, Suggestion});
+    if (++m_nErrors > kMostFindings)
+        m_List.back() = {svError, kTooManyName, Line.m_nLine, 1, kTooManyErrors, ""};
 }
 
 void cFindings::Warn(eWarning nWarning, const cSourceLine &Line, std::string_view Place,
                      std::initializer_list<std::string> Values)
 {
     const cWarningRow &Row = s_Warnings[nWarning];
+    if (m_Warnings[nWarning] > kMostFindings)
+        return;
+    const int bOneMore = ++m_Warnings[nWarning] > kMostFindings;
     m_List.push_back({svWarning, Row.m_szName, Line.m_nLine, ColumnOf(Line, Place),
-                      Filled(Row.m_szText, Values), ""});
+                      bOneMore ? kTooManyAlike : Filled(Row.m_szText, Values), ""});
 }
 
 void cFindings::Sort()

@@ -4,6 +4,8 @@
 #ifndef LISTING_FINDINGS_H
 #define LISTING_FINDINGS_H
 
+#include <array>
+#include <cstddef>
 #include <initializer_list>
 #include <span>
 #include <string>
@@ -33,7 +35,9 @@ enum eWarning
     wnUnusedLabel,
     wnUnreachable,
     wnFallsOffEnd,
-    wnDeepCalls
+    wnDeepCalls,
+
+    kWarnings
 };
 
 // One kind of warning. %1 and %2 in the text stand for what the finding names.
@@ -55,6 +59,11 @@ struct cFinding
     std::string m_Suggestion;  // for the word, "ENTER"; empty if there is none
 };
 
+// So many errors, and so many warnings of each kind, are reported in a listing;
+// the finding after them says that there are more. A listing has few; a file of
+// other things that is taken for one has millions.
+const size_t kMostFindings = 1000;
+
 class cFindings
 {
 public:
@@ -64,10 +73,17 @@ public:
     void Warn(eWarning nWarning, const cSourceLine &Line, std::string_view Place,
               std::initializer_list<std::string> Values = {});
 
+    // 1 after the error that says that there are more: no further one is reported.
+    int IsFull() const { return m_nErrors > kMostFindings; }
+
     // By lines, within a line errors first.
     void Sort();
 
     std::vector<cFinding> m_List;
+
+private:
+    size_t                        m_nErrors = 0;
+    std::array<size_t, kWarnings> m_Warnings{};  // of each kind
 };
 
 // The word in quotes, at most 24 characters of it. Bytes that a terminal would

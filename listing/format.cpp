@@ -115,9 +115,11 @@ int FormatListing(std::string_view Text, std::vector<cFormattedLine> *pLines,
     cSourceReader          Reader(Text);
     cSourceLine            Line;
     size_t                 nAt = 0;
-    while (Reader.Next(&Line))
+    while (!Findings.IsFull() && Reader.Next(&Line))
     {
         FindObstacles(Line, &Findings);
+        if (!Findings.m_List.empty())
+            continue;
         const std::string Formatted = Formatter.Format(Line);
         const size_t      nNext     = Reader.Offset();
         pLines->push_back({Text.substr(nAt, nNext - nAt),

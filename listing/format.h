@@ -31,7 +31,7 @@ struct cFormattedLine
 
 // Lines of the text in the canonical form. 0, with at least one finding, if the
 // loader rejects a line, splits one, or would not see all of it: then it cannot be
-// known what was meant. pLines refer to Text.
+// known what was meant, and pLines is of no use. pLines refer to Text.
 int FormatListing(std::string_view Text, std::vector<cFormattedLine> *pLines,
                   std::vector<cFinding> *pFindings);
 

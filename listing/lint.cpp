@@ -14,7 +14,7 @@ std::vector<cFinding> LintListing(std::string_view Text)
     cSourceLine    Line;
     int            bRejected   = 0;
     int            bStartsLine = 1;
-    while (Reader.Next(&Line))
+    while (!Findings.IsFull() && Reader.Next(&Line))
     {
         FindErrors(Line, &Findings);
         FindTextWarnings(Line, bStartsLine, &Findings);
@@ -39,7 +39,7 @@ std::vector<cFinding> FindListingErrors(std::string_view Text)
     cFindings     Findings;
     cSourceReader Reader(Text);
     cSourceLine   Line;
-    while (Reader.Next(&Line))
+    while (!Findings.IsFull() && Reader.Next(&Line))
         FindErrors(Line, &Findings);
     return Findings.m_List;
 }

@@ -10,7 +10,7 @@
 
 // The findings by lines. Errors are what the loader rejects. Labels and the ways
 // of a run are examined only if there are none: with a line missing it is another
-// program.
+// program. Nothing is read after the line with one error too many.
 std::vector<cFinding> LintListing(std::string_view Text);
 
 // Only what the loader rejects.

@@ -77,6 +77,16 @@ class CheckTest(ConsoleCase):
         self.assert_findings(98 * ["1"] + ["bad", "2", "bad"],
                              (99, UNRECOGNIZED), (100, "Program memory overflow"))
 
+    def test_a_file_of_other_things_is_given_up(self):
+        self.write("other.txt", 200_000 * "x\n")
+        result = self.start("check", "other.txt", self.listing("y"))
+        lines = result.out.splitlines()
+        self.assertEqual((result.code, len(lines)), (1, 1002))
+        self.assertEqual(lines[999:], [
+            "other.txt:1000: " + UNRECOGNIZED + ' "x"',
+            "other.txt:1001: Error: too many errors; the rest is not read",
+            "program.txt:1: " + UNRECOGNIZED + ' "y"'])
+
     def test_several_files(self):
         self.listing("1", name="good.txt")
         self.listing("bad", name="bad.txt")

@@ -82,6 +82,14 @@ class FmtTest(ConsoleCase):
         self.assertEqual((result.code, result.out), (1, ""))
         self.assertRegex(result.err, r"\Along.txt:2:511: warning: .* \[long-line\]\n\Z")
 
+    def test_a_file_of_other_things_is_given_up(self):
+        self.write("other.txt", 200_000 * "x\n")
+        result = self.start("fmt", "other.txt")
+        self.assertEqual((result.code, result.out, result.err.count("\n")), (1, "", 1001))
+        self.assertTrue(result.err.endswith(
+            "other.txt:1001: Error: too many errors; the rest is not read\n"))
+        self.assertEqual(self.read("other.txt"), 200_000 * b"x\n")
+
     def test_a_missing_file_does_not_hide_the_others(self):
         self.assert_result(["missing.txt", "program.txt"], 2,
                            err="vorstek-cli: cannot read 'missing.txt': no such file\n")

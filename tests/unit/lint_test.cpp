@@ -61,6 +61,52 @@ TEST_CASE("the findings are sorted by lines, errors first")
                       "3 number-digits\n");
 }
 
+static std::string Repeated(size_t nTimes, std::string_view Text)
+{
+    std::string All;
+    for (size_t i = 0; i < nTimes; i++)
+        All += Text;
+    return All;
+}
+
+TEST_CASE("after a thousand errors, one more says so and ends the reading")
+{
+    std::vector<cFinding> Findings = LintListing(Repeated(1000, "x\n") + "5\n");
+    REQUIRE(Findings.size() == 1000);
+    CHECK_TEXT(Findings.back().m_szName, "mnemonic");
+
+    for (const size_t nMore : {1, 2, 5000})
+    {
+        Findings = LintListing(Repeated(1000, "x\n") + "5\n" + Repeated(nMore, "STO\u00A0\n"));
+        REQUIRE(Findings.size() == 1002);
+        CHECK(Findings[1000].m_nLine == 1002);
+        CHECK(Findings[1000].m_nSeverity == svError);
+        CHECK_TEXT(Findings[1000].m_szName, "too-many");
+        CHECK_TEXT(Findings[1000].m_Text, "Error: too many errors; the rest is not read");
+        CHECK_TEXT(Findings[1000].m_Suggestion, "");
+        CHECK_TEXT(Findings[1001].m_szName, "no-break-space");
+    }
+    CHECK(FindListingErrors(Repeated(3000, "x\n")).size() == 1001);
+}
+
+TEST_CASE("after a thousand warnings of a kind, one more says so and others follow")
+{
+    const std::string_view Hidden(";\0\n", 3);
+    CHECK(LintListing(Repeated(1000, Hidden)).size() == 1000);
+
+    std::vector<cFinding> Findings = LintListing(Repeated(3000, Hidden) + "GTO 1\nx\n");
+    REQUIRE(Findings.size() == 1002);
+    CHECK_TEXT(Findings[999].m_Text, "a NUL byte hides the rest of the line");
+    CHECK(Findings[1000].m_nLine == 1001);
+    CHECK_TEXT(Findings[1000].m_szName, "nul-byte");
+    CHECK_TEXT(Findings[1000].m_Text, "too many warnings like this one; more are not reported");
+    CHECK(Findings[1001].m_nSeverity == svError);
+
+    Findings = LintListing(Repeated(3000, Hidden) + "GTO 1\n");
+    REQUIRE(Findings.size() == 1002);
+    CHECK_TEXT(Findings[1001].m_szName, "missing-label");
+}
+
 TEST_CASE("characters that a person does not see are reported where they are")
 {
     // clang-format off
