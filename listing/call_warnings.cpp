@@ -72,13 +72,13 @@ void cCalls::FindBodies(const cProgramFlow &Flow)
 void cCalls::FindLeads(const cProgramFlow &Flow)
 {
     for (unsigned nSubroutine = 1; nSubroutine <= kLastLine; nSubroutine++)
-        for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
+        for (unsigned nLine = 1; m_Subroutines[nSubroutine] && nLine <= kLastLine; nLine++)
             if (m_Bodies[nSubroutine][nLine])
                 m_Leads[nSubroutine].set(Flow.Line(nLine).m_nTarget);
     for (unsigned nMiddle = 1; nMiddle <= kLastLine; nMiddle++)
-        for (cLineSet &Leads : m_Leads)
-            if (Leads[nMiddle])
-                Leads |= m_Leads[nMiddle];
+        for (unsigned nCaller = 1; m_Subroutines[nMiddle] && nCaller <= kLastLine; nCaller++)
+            if (m_Leads[nCaller][nMiddle])
+                m_Leads[nCaller] |= m_Leads[nMiddle];
 }
 
 namespace

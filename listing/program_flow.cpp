@@ -119,18 +119,18 @@ cLineSet cProgramFlow::After(unsigned nLine, int bInLevel) const
     return After;
 }
 
+// Downwards, as most lines continue; again from the top for jumps back.
 cLineSet cProgramFlow::Follow(cLineSet From, const cLineSet &Ends, int bInLevel) const
 {
-    cLineSet Reached;
-    while (Reached != From)
-    {
-        const cLineSet New = From & ~Reached;
-        Reached            = From;
+    cLineSet Followed = Ends;
+    while ((From & ~Followed).any())
         for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
-            if (New[nLine] && !Ends[nLine])
+            if (From[nLine] && !Followed[nLine])
+            {
+                Followed.set(nLine);
                 From |= After(nLine, bInLevel);
-    }
-    return Reached;
+            }
+    return From;
 }
 
 cLineSet cProgramFlow::Reach(const cLineSet &From, const cLineSet &Ends) const
