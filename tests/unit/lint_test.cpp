@@ -114,6 +114,7 @@ TEST_CASE("characters that a person does not see are reported where they are")
     {
         { "\uFEFFLBL 1\n",              "1:1 byte-order-mark" },
         { "\xFF\xFEL\n",                "1:1 byte-order-mark" },
+        { "\xFE\xFFL\n",                "1:1 byte-order-mark" },
         { "; a\n\uFEFFLBL 1\n",         "2:1 non-ascii"       },
         { "STO\u00A05\n",               "1:4 no-break-space"  },
         { "STO\xA0" "5\n",              "1:4 no-break-space"  },
@@ -172,6 +173,8 @@ TEST_CASE("numbers that cannot be held as they are written are reported")
         { "9e-100",               "9e-100 is beyond the calculator's range and becomes 0" },
         { "1e-400",               "1e-400 is beyond the calculator's range and becomes 0" },
         { "-0.00e500",            "" },
+        { "0E5",                  "" },
+        { "123456789012345E5",    "" },
         { "1e",                   "the exponent has no digits" },
         { "2.5E+",                "the exponent has no digits" },
         { ".",                    "a number has at least one digit" },
@@ -179,6 +182,8 @@ TEST_CASE("numbers that cannot be held as they are written are reported")
         { "3.5x",                 "" },
         { "1.2.3",                "" },
         { "e5",                   "" },
+        { "E",                    "" },
+        { "e-.",                  "" },
         { "-",                    "" },
     };
     // clang-format on
@@ -220,6 +225,7 @@ TEST_CASE("a label is unused if no jump finds it and nothing makes it a place to
         { { "1", "LBL 7", "2", "GSB i" },          "" },
         { { "1", "LBL 7", "2", "RTN" },            "" },  // may be called from the keyboard
         { { "1", "LBL 7", "x=0", "RTN", "2" },     "" },
+        { { "1", "LBL 7", "GTO 8", "LBL 9", "R/S", "LBL 8", "RTN" }, "" },
         { { "1", "R/S", "LBL 7", "2" },            "" },  // nothing runs into it
         { { "1", "RTN", "LBL 7", "2" },            "" },
         { { "LBL 1", "GTO 1", "LBL 7", "2" },      "" },
@@ -243,6 +249,8 @@ TEST_CASE("a label is unused if no jump finds it and nothing makes it a place to
         CHECK_TEXT(WarningNames(Text), Row.szWarnings);
     }
     CHECK_TEXT(WarningText("1\nLBL 7\n2\n"), "no GTO or GSB goes to LBL 7");
+    CHECK_TEXT(WarningNames(std::string_view("1\nLBL 7 \0; GSB 7\n2\n", 19)),
+               "2:7 nul-byte, 2:1 unused-label");
 }
 
 TEST_CASE("lines after a jump are unreachable up to the next label")
@@ -277,6 +285,8 @@ TEST_CASE("lines after a jump are unreachable up to the next label")
     CHECK_TEXT(WarningText("LBL 1\nGTO 1\n2\n"), "nothing reaches this line");
     CHECK_TEXT(WarningText("LBL 1\nGTO 1\n2\n3\n"), "nothing reaches this line and the next");
     CHECK_TEXT(WarningText("LBL 1\nGTO 1\n2\n3\n4\n"), "nothing reaches this line and the next 2");
+    CHECK_TEXT(WarningText("LBL 1\nGTO 1\n2\n3\nLBL 2\n"),
+               "nothing reaches this line and the next");
     CHECK_TEXT(WarningText("LBL 1\nRTN\n2\n"),
                "nothing but R/S after a run that RTN has ended reaches this line");
 }
@@ -343,6 +353,7 @@ TEST_CASE("a run that halts in the last line, or before it, does not continue in
         { { "LBL 1", "GSB 4", "RTN" },                 { "R/S", "LBL 3", "GSB 1" }, 0 },
         { { "LBL 1", "GSB 2", "RTN", "LBL 2" },        { "R/S", "LBL 3", "GSB 1" }, 0 },
         { { "LBL 1", "GSB 2", "R/S", "LBL 2", "RTN" }, { "R/S", "LBL 3", "GSB 1" }, 0 },
+        { { "LBL 1" },                                 { "GTO i", "1" },            0 },
         // R/S has made a main program of it when it comes to RTN
         { { "LBL 1", "R/S", "RTN" },                   { "R/S", "LBL 3", "GSB 1" }, 0 },
         // it may return
@@ -354,6 +365,7 @@ TEST_CASE("a run that halts in the last line, or before it, does not continue in
         { { "LBL 1", "GSB i", "RTN" },                 { "R/S", "LBL 3", "GSB 1" }, 1 },
         { { "LBL 1", "GTO i", "LBL 2", "RTN" },        { "R/S", "LBL 3", "GSB 1" }, 1 },
         { { "LBL 1", "RTN" },                          { "R/S", "LBL 3", "GSB i" }, 1 },
+        { { "LBL 2", "RTN", "LBL 1", "GTO 2" },        { "R/S", "LBL 3", "GSB 1" }, 1 },
     };
     // clang-format on
     for (const auto &Row : s_Rows)
@@ -384,15 +396,23 @@ TEST_CASE("calls deeper than three levels are reported at the fourth")
         // GTO stays in the level
         { { "GSB 1", "R/S", "LBL 1", "GTO 2", "LBL 2", "GTO 3", "LBL 3", "GTO 4", "LBL 4", "GSB 5",
             "RTN", "LBL 5", "RTN" },                                          "" },
+        { { "x=0", "GSB 1", "R/S", "LBL 1", "GTO 5", "LBL 2", "GSB 3", "RTN", "LBL 3", "GSB 4",
+            "RTN", "LBL 4", "RTN", "LBL 5", "GSB 2", "RTN" },                 "10:1 deep-calls" },
+        // the longest way to a subroutine counts, not the first
+        { { "GSB 3", "x=0", "GSB 1", "R/S", "LBL 1", "GSB 2", "RTN", "LBL 2", "GSB 3", "RTN",
+            "LBL 3", "GSB 4", "RTN", "LBL 4", "RTN" },                        "12:1 deep-calls" },
         // R/S in a subroutine forgets the calls
         { { "GSB 1", "R/S", "LBL 1", "GSB 2", "RTN", "LBL 2", "R/S", "GSB 3", "RTN",
             "LBL 3", "GSB 4", "RTN", "LBL 4", "RTN" },                        "" },
         // a circle that a test can end
         { { "LBL 1", "DSZ", "GSB 1", "RTN" },                                 "" },
         { { "LBL 1", "x=0", "RTN", "GSB 2", "RTN", "LBL 2", "GSB 1", "RTN" }, "" },
+        { { "LBL 1", "x=0", "RTN", "GSB 2", "RTN", "LBL 2", "GSB 3", "RTN", "LBL 3", "GSB 1", "RTN" }, "" },
         // a circle that nothing ends
         { { "LBL 1", "5", "GSB 1", "RTN" },                                   "3:1 deep-calls" },
         { { "LBL 1", "GSB 2", "RTN", "LBL 2", "GSB 1", "RTN" }, "2:1 deep-calls, 5:1 deep-calls" },
+        { { "LBL 1", "GTO 2", "LBL 3", "RTN", "LBL 2", "GSB 1", "RTN" },      "6:1 deep-calls" },
+        { { "LBL 1", "GSB 2", "GSB 1", "RTN", "LBL 2", "RTN" },               "2:1 deep-calls" },
         // the same subroutine one after another
         { { "GSB 1", "GSB 1", "GSB 1", "GSB 1", "GSB 1", "R/S", "LBL 1", "RTN" }, "" },
         // calls through i are not followed
@@ -405,6 +425,7 @@ TEST_CASE("calls deeper than three levels are reported at the fourth")
         CAPTURE(Text);
         CHECK_TEXT(WarningNames(Text), Row.szWarnings);
     }
+    CHECK_TEXT(WarningNames("LBL 1\n" + Repeated(90, "CHS\n") + "GSB 1\n"), "92:1 deep-calls");
     CHECK_TEXT(WarningText("LBL 1\nGSB 1\n"),
                "GSB 1, GSB 1, GSB 1, GSB 1: the fourth call in a chain ends with "
                "\"Error: subr overflow\"");
@@ -413,5 +434,6 @@ TEST_CASE("calls deeper than three levels are reported at the fourth")
 TEST_CASE("labels and flow are left alone in a listing with errors")
 {
     CHECK_TEXT(WarningNames("LBL 1\nGTO 2\n5\nlbl 2\n"), "");
+    CHECK_TEXT(WarningNames("lbl 2\nLBL 1\nGTO 2\n5\n"), "");
     CHECK_TEXT(WarningNames("LBL 1\nGTO 2\n5\nLBL 2\n"), "3:1 unreachable");
 }

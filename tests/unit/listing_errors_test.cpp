@@ -29,6 +29,8 @@ TEST_CASE("an error names the word and what is accepted in its place")
         { "\xC3\xA9 \x1B[31m", "1:1 mnemonic Error: unrecognized instr mnemonic \"\u00E9\""                     },
         { "\x1B[31m",    "1:1 mnemonic Error: unrecognized instr mnemonic \"<U+001B>[31m\""                     },
         { "a\xFF\u00A0", "1:1 mnemonic Error: unrecognized instr mnemonic \"a<byte FF><U+00A0>\""               },
+        { "\u00AD\u200B\u2028\u202E", "1:1 mnemonic Error: unrecognized instr mnemonic \"<U+00AD><U+200B><U+2028><U+202E>\"" },
+        { "\u2066\u3000\uFEFF\x7F",   "1:1 mnemonic Error: unrecognized instr mnemonic \"<U+2066><U+3000><U+FEFF><U+007F>\"" },
         { "3.5 7",       "1:5 number Error: illegal number: only a comment may follow 3.5, not \"7\""           },
         { "LBL 12",      "1:5 operand Error: illegal operand \"12\": LBL takes a label, 0 to 9"                 },
         { "GTO x",       "1:5 operand Error: illegal operand \"x\": GTO takes a label, 0 to 9, or i"            },

@@ -19,6 +19,8 @@ TEST_CASE("a comment names labels by a word and digits, one or several")
         { "; labels 1-3",                   "123"  },
         { "; LBL 0 to 2, 4 - 6, 8/9",       "01245689" },
         { "; labels 5-3",                   "35"   },
+        { "; GSB 1, GSB-4",                 "14"   },
+        { "; GSB 1 - or 4",                 "14"   },
         { "; GSB 1, 3-4 and 6",             "1346" },
         { "; GSB 1 starts, GSB 2 goes on",  "12"   },
         { "; `GSB 1`; <GSB 2>",             "12"   },

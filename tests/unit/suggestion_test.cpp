@@ -24,6 +24,13 @@ TEST_CASE("signs, Greek letters and superscripts have an ASCII spelling")
         { "x\u2194y",              "x<>y"   },
         { "\uFEFFLBL",             "LBL"    },
         { "STO\u00A05",            "STO5"   },
+        { "\u2010\u2011\u2013",    "---"    },
+        { "\u00B7\u22C5\u2217",    "***"    },
+        { "\u00F7\u2215\u2044",    "///"    },
+        { "\u2211-",               "Sum-"   },
+        { "10\u207B",              "10^-"   },
+        { "x\u21C4y",              "x<>y"   },
+        { "s\u200Bi\u00ADn",       "sin"    },
         { "ENTER",                 "ENTER"  },
         { "caf\u00E9",             "caf\u00E9" },
         { "caf\xE9",               "caf\xE9" },
@@ -73,6 +80,11 @@ TEST_CASE("a word that the loader rejects has a suggestion if it is near to one 
         CHECK_TEXT(SuggestWord(Row.szWord), Row.szSuggestion);
     }
     CHECK_TEXT(SuggestWord(std::string(500, 'x')), "");
+    std::string Long = "sin";
+    while (Long.size() + 3 <= 24)
+        Long += "\u200B";
+    CHECK_TEXT(SuggestWord(Long), "sin");
+    CHECK_TEXT(SuggestWord(Long + "\u200B"), "");
 }
 
 TEST_CASE("every mnemonic is suggested for its misspellings")
