@@ -5,8 +5,9 @@
 //
 // Results are correctly rounded: a first step computes a pair of doubles that is
 // wrong by less than 2^-59 to 2^-65 of the result, and only if that leaves the
-// rounding open does a second one compute 115 bits with integers. docs/numbers.md
-// gives the methods, their sources, and what was measured.
+// rounding open does a second one compute 115 bits with integers. For powers there
+// is a third one. docs/numbers.md gives the methods, their sources, and what was
+// measured.
 //
 // Zeros, infinities, NaN and arguments outside a function's domain give what
 // Annex F of the C standard says; errno and exception flags are not set.

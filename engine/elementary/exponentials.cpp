@@ -52,7 +52,10 @@ static double RareExp10(double dPower)
         return 1.0 + dPower;
     if (Magnitude(dPower) > 400.0)
         return dPower > 0.0 ? kInfinity : 0.0;
-    return RoundToDouble(WideExp(Multiply(MakeWide(dPower), kWideLn10)), 1);
+    // The one power in the middle between two doubles: 5^23 has 54 bits.
+    if (dPower == 23.0)
+        return 1e23;
+    return RoundToDouble(WideExp(Multiply(MakeWide(dPower), kWideLn10)));
 }
 
 // As Exp, with steps of log 2/512 and a rest times ln 10.

@@ -134,17 +134,14 @@ cUint128 Fraction(const cWide &A)
 }
 
 // nBits of nMantissa go; returns whether the rest rounds up.
-static int RoundsUp(cUint128 nMantissa, int nBits, int bOdd, int bTies)
+static int RoundsUp(cUint128 nMantissa, int nBits, int bOdd)
 {
-    const cUint128 kSlack = bTies ? cUint128{1} << 15 : 0;
-    const cUint128 nHalf  = cUint128{1} << (nBits - 1);
-    const cUint128 nRest  = nBits == 128 ? nMantissa : nMantissa & ((cUint128{1} << nBits) - 1);
-    if (nRest > nHalf + kSlack)
-        return 1;
-    return nRest >= nHalf - kSlack && bOdd;
+    const cUint128 nHalf = cUint128{1} << (nBits - 1);
+    const cUint128 nRest = nBits == 128 ? nMantissa : nMantissa & ((cUint128{1} << nBits) - 1);
+    return nRest > nHalf || (nRest == nHalf && bOdd);
 }
 
-double RoundToDouble(const cWide &A, int bTies)
+double RoundToDouble(const cWide &A)
 {
     const uint64_t nSign     = A.m_bMinus ? kSignBit : 0;
     const int      nExponent = A.m_nExponent + 127;  // of the first bit
@@ -154,7 +151,7 @@ double RoundToDouble(const cWide &A, int bTies)
         return FromBits(nSign | kInfinityBits);
     const int nDropped = nExponent >= -1022 ? 75 : 75 - 1022 - nExponent;
     uint64_t  nRounded = static_cast<uint64_t>(ShiftRight(A.m_nMantissa, nDropped));
-    nRounded += RoundsUp(A.m_nMantissa, nDropped, nRounded & 1, bTies) ? 1 : 0;
+    nRounded += RoundsUp(A.m_nMantissa, nDropped, nRounded & 1) ? 1 : 0;
     // A significand that has become 2 carries into the exponent; 2 is infinite
     // with the largest.
     const int nField = nExponent >= -1022 ? nExponent + 1022 : 0;

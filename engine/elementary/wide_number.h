@@ -43,9 +43,7 @@ cWide SquareRoot(const cWide &A);              // A is not negative
 // A's magnitude, below 1, in units of 2^-128. What is smaller gets lost.
 cUint128 Fraction(const cWide &A);
 
-// The nearest double, the even one of two; infinite beyond the largest. With
-// bTies a number within 2^-113 of the middle between two doubles counts as the
-// middle: so near comes only what would be there without the errors of A.
-double RoundToDouble(const cWide &A, int bTies = 0);
+// The nearest double, the even one of two; infinite beyond the largest.
+double RoundToDouble(const cWide &A);
 
 #endif

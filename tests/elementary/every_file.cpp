@@ -6,6 +6,7 @@
 #include "engine/elementary/exponentials.cpp"
 #include "engine/elementary/general_power.cpp"
 #include "engine/elementary/logarithms.cpp"
+#include "engine/elementary/power_middle.cpp"
 #include "engine/elementary/tables.cpp"
 #include "engine/elementary/trigonometry.cpp"
 #include "engine/elementary/wide_functions.cpp"

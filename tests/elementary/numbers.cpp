@@ -132,14 +132,16 @@ static void Count(const cReference &Reference, const cArguments &Arguments, doub
                   cScore *pScore)
 {
     static cExact s_Exact(96);
-    static cExact s_MoreExact(2400);  // a tiny arc is below its tangent by 2^-2100 of it
-    s_Exact.Compute(Reference, Arguments);
-    cExact *pExact = &s_Exact;
-    if (!s_Exact.IsCertain())
-    {
-        s_MoreExact.Compute(Reference, Arguments);
-        pExact = &s_MoreExact;
-    }
+    static cExact s_MoreExact(320);
+    static cExact s_MostExact(2400);  // a tiny arc is below its tangent by 2^-2100 of it
+    cExact       *pExact = &s_Exact;
+    pExact->Compute(Reference, Arguments);
+    for (cExact *pNext : {&s_MoreExact, &s_MostExact})
+        if (!pExact->IsCertain())
+        {
+            pExact = pNext;
+            pExact->Compute(Reference, Arguments);
+        }
     pScore->m_nResults++;
     if (!IsSame(dResult, pExact->Nearest()) && pScore->m_nOthers++ == 0)
         pScore->m_Wrong = Arguments;

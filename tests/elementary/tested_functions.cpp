@@ -220,6 +220,50 @@ static cArguments PowerOfNearOne(cChance &Chance)
     return {dX, OfSize(Chance, -10, 60)};
 }
 
+// 2^-161 to 2^-139 away from the middle between two doubles.
+static cArguments HardestPower(cChance &Chance)
+{
+    static const cArguments s_Powers[] = {
+        {0x1.ffffffffffffdp-1, -0x1.5555555555554p-2},
+        {0x1.fffffffffffffp-1, -0x1.fffffffffffffp-1},
+        {0x1.ffffffffffffap-1, -0x1.5555555555553p-3},
+        {0x1.ffffffffffff9p-1, -0x1.249249249249p-3},
+        {0x1.ffffffffffff7p-1, -0x1.c71c71c71c718p-4},
+        {0x1.0000000000003p0, 0x1.5555555555557p-3},
+        {0x1.ffffffffffff5p-1, 0x1.745d1745d1742p-5},
+        {0x1.ffffffffffff4p-1, -0x1.5555555555551p-4},
+        {0x1.ffffffffffff2p-1, -0x1.249249249248ep-4},
+        {0x1.0000000000006p0, 0x1.5555555555559p-4},
+        {0x1.000000000000bp0, -0x1.745d1745d174ep-6},
+        {0x1.00000000000a9p0, 0x1.d28e63f9f0e19p-3},
+    };
+    return s_Powers[Below(Chance, sizeof s_Powers / sizeof *s_Powers)];
+}
+
+// The power of a number next to 1 that is nearest to a middle. Sometimes one of the
+// hardest.
+static cArguments PowerNextToMiddle(cChance &Chance)
+{
+    if (Below(Chance, 64) == 0)
+        return HardestPower(Chance);
+    const double   dUnit     = OfSize(Chance, -54, -30);
+    const double   dX        = 1.0 + Whole(Chance, 1, 3000) * dUnit;
+    const uint64_t nOdd      = 2 * (Chance() >> (44 + Below(Chance, 20))) + 1;
+    const double   dDistance = static_cast<double>(nOdd) * (Below(Chance, 2) ? 0x1p-53 : -0x1p-54);
+    const double   dLn       = dDistance * (1.0 - dDistance * (0.5 - dDistance * (1.0 / 3)));
+    const double   dBase     = dX == 1.0 ? 1.0 + 0x1p-52 : dX;
+    return {dBase, FromBits(BitsOf(dLn / Ln(dBase)) + Below(Chance, 3) - 1)};
+}
+
+// About the first middles on both sides of 1, more often below it, where they are
+// nearer.
+static cArguments LeastPower(cChance &Chance)
+{
+    const double dX    = PositiveOfAnySize(Chance).m_dX;
+    const double dSize = Below(Chance, 4) == 0 ? 0x1p-53 : -0x1p-54;
+    return {dX, FromBits(BitsOf(dSize / Ln(dX)) + Below(Chance, 3) - 1)};
+}
+
 static cArguments PowerOfTwo(cChance &Chance)
 {
     const double dX = TwoTo(Whole(Chance, -40, 40));
@@ -299,7 +343,8 @@ const std::vector<cTestedFunction> &TestedFunctions()
         {"pow",
          [](const cArguments &A) { return Pow(A.m_dX, A.m_dY); },
          {BaseAndPower, BothAnyBits, WholePower, HalfPower, ExactPower, PowerNearMiddle,
-          PowerOfNearOne, PowerOfTwo, LastPower, TinyPower, BothModerate}},
+          PowerOfNearOne, PowerOfTwo, LastPower, TinyPower, BothModerate, PowerNextToMiddle,
+          PowerNextToMiddle, LeastPower}},
     };
     return s_Functions;
 }

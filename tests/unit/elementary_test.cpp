@@ -110,6 +110,40 @@ TEST_CASE("powers of zeros, infinities and NaN follow the C standard")
     }
 }
 
+TEST_CASE("a power exactly in the middle between two doubles becomes the even one")
+{
+    const uint64_t nSquare = uint64_t{134217727} * 134217727;
+    const uint64_t nCube   = uint64_t{262139} * 262139 * 262139;
+
+    CHECK(Pow(134217727.0, 2.0) == static_cast<double>(nSquare));
+    CHECK(Pow(134217723.0, 2.0) == static_cast<double>(uint64_t{134217723} * 134217723));
+    CHECK(Pow(262139.0, 3.0) == static_cast<double>(nCube));
+    CHECK(Pow(262139.0 * 262139.0, 1.5) == static_cast<double>(nCube));
+    CHECK(Pow(3.0, 34.0) == 16677181699666569.0);
+    CHECK(Pow(4.0, -537.5) == 0.0);
+    CHECK(Pow(4.0, -536.5) == 4.9406564584124654e-324 * 2);
+}
+
+TEST_CASE("a power next to such a middle becomes the nearest double")
+{
+    // clang-format off
+    static const struct { double dBase; double dPower; double dResult; } s_Rows[] =
+    {
+        { 1.0000000000000007,    0.16666666666666671,     1.0000000000000002    },
+        { 0x1.00000000000a9p0,   0x1.d28e63f9f0e19p-3,    0x1.0000000000027p0   },
+        { 0x1.ffffffffffffdp-1,  -0x1.5555555555554p-2,   1.0                   },
+        { 0x1.10caed54f7b0dp-390, 0x1.e4fa5727a3a1ap-63,  0x1.fffffffffffffp-1  },
+        { 0x1.f2b4726e28ca8p370, -0x1.fdbf5370f61f3p-63,  0x1.fffffffffffffp-1  },
+    };
+    // clang-format on
+    for (const auto &Row : s_Rows)
+    {
+        CAPTURE(Row.dBase);
+        CAPTURE(Row.dPower);
+        CHECK(Pow(Row.dBase, Row.dPower) == Row.dResult);
+    }
+}
+
 TEST_CASE("angles of points on the axes and at infinity follow the C standard")
 {
     // clang-format off
