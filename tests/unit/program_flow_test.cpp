@@ -44,7 +44,7 @@ TEST_CASE("every instruction goes where the calculator goes")
         const std::string Listing =
             Mnemonic + (Instruction.m_nOperand == opNone ? "" : " 1") + "\n2\n3\nLBL 1\n5\n";
         CAPTURE(Mnemonic);
-        const cProgramFlow &Flow = Program(Listing).Flow();
+        const cProgramFlow Flow = Program(Listing).Flow();
 
         // Wherever a single step leads, a run can go; only RTN would end one.
         const cLineSet Reached = Flow.Reach(cLineSet().set(1));
