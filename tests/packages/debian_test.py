@@ -42,6 +42,10 @@ class DebianTest(unittest.TestCase):
 
     def test_it_holds_program_manual_examples_and_nothing_else(self):
         kept = {"usr/share/doc/vorstek-cli/" + name: data for name, data in examples().items()}
+        for kit, folder in (("vim", "usr/share/vim/vimfiles/"), ("vscode", DOCS + "editors/vscode/")):
+            held = files(ROOT / "editors" / kit)
+            self.assertGreaterEqual(len(held), 4)
+            kept |= {folder + name: data for name, data in held.items()}
         papers = [DOCS + name for name in ("changelog.gz", "console.md", "copyright", "LICENSE")]
         completions = ["usr/share/bash-completion/completions/vorstek-cli",
                        "usr/share/zsh/site-functions/_vorstek-cli",
@@ -82,7 +86,9 @@ class DebianTest(unittest.TestCase):
         self.assertRegex(field("Depends"), r"\blibc6 \(>= [0-9.]+\)")
         self.assertRegex(field("Depends"), r"\blibstdc\+\+6\b")
         size = sum(map(len, self.held.values())) / 1024
-        self.assertTrue(size <= int(field("Installed-Size")) <= size + 100)
+        folders = sum(path.is_dir() for path in (self.root / "root").rglob("*"))
+        self.assertGreaterEqual(int(field("Installed-Size")), size)
+        self.assertLessEqual(int(field("Installed-Size")), size + 4 * folders + 20)
         changes = gzip.decompress(self.held[DOCS + "changelog.gz"]).decode()
         self.assertTrue(changes.startswith(f"vorstek-cli ({version()}) "), changes[:80])
 

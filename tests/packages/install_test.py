@@ -36,11 +36,16 @@ class InstallTest(unittest.TestCase):
 
         examples = {path.relative_to(ROOT).as_posix() for path in (ROOT / "examples").rglob("*")
                     if path.is_file() and path.name != "commands.txt"}
+        kits = {path.relative_to(ROOT / "editors").as_posix()
+                for path in (ROOT / "editors").rglob("*") if path.is_file()}
+        self.assertEqual(len(kits), 9)
         self.assertEqual(self.installed("there"), {
             "share/bash-completion/completions/vorstek-cli", "share/zsh/site-functions/_vorstek-cli",
             "share/fish/vendor_completions.d/vorstek-cli.fish",
             "bin/vorstek-cli", "share/man/man1/vorstek-cli.1", DOCS + "console.md", DOCS + "LICENSE",
-            *(DOCS + name for name in examples)})
+            *(DOCS + name for name in examples),
+            *(name.replace("vim/", "share/vim/vimfiles/") if name.startswith("vim/")
+              else DOCS + "editors/" + name for name in kits)})
 
     def test_the_installed_program_runs(self):
         self.install("--prefix", "there")
