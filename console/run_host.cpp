@@ -9,7 +9,8 @@
 #include "console/state_report.h"
 #include "console/stop_signal.h"
 
-// Lines between two looks at the signals: some 10 milliseconds.
+// Lines between two looks at the signals: some 10 milliseconds, a third of a second
+// with a trace.
 static const unsigned kLinesPerLook = 1000000;
 
 cRunHost::cRunHost(const cRunOptions &Options, const cStreams &Streams)

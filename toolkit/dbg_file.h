@@ -75,8 +75,8 @@ private:
     int            m_bForeign;  // the stream stays open
     uint32_t       m_bEnabled;  // 0 once opening failed for good
     char           m_szFileName[kDbgFileName];
-    uint32_t       m_nMaxMegabytes;  // 0: no cap
-    long           m_nMost;          // bytes that the file may have by now
+    uint32_t       m_nMaxMegabytes;
+    long           m_nMost;  // bytes that the file may have by now
     cMessageBoxes *m_pBoxes;
     int            m_bComplete;  // 0 once a write has failed
 };
