@@ -65,12 +65,14 @@ class EvalTest(ConsoleCase):
             self.assert_value(line, expected)
 
     def test_every_instruction_in_either_case(self):
-        line = "1 2 3 0 STO 0 DEG "
-        for word in LASTING:
-            for spelt in (word, word.lower(), word.upper()):
-                expected = self.start("eval", "--json", line + word)
-                given = self.start("eval", "--json", line + spelt)
-                self.assertEqual(given.out.lower(), expected.out.lower(), spelt)
+        # Each line begins from the same state.
+        start = "ClearREG 5 5 + 1 2 3 0 STO 0 DEG FIX 2 "
+        lines = [start + spelt for word in LASTING for spelt in (word, word.lower(), word.upper())]
+        result = self.start("eval", "--json", stdin="\n".join(lines))
+        answers = result.out.lower().splitlines()
+        self.assertEqual(len(answers), len(lines))
+        for line, *same in zip(lines[::3], answers[::3], answers[1::3], answers[2::3]):
+            self.assertEqual(len(set(same)), 1, line)
 
     def test_formats_and_angles(self):
         for arguments, expected in ((["--fix", "5"], "3.33333"), (["--sci", "3"], "3.333e+00"),
@@ -149,7 +151,7 @@ class SameAsScriptTest(ConsoleCase):
     def test_random_words(self):
         chance = random.Random(13)
         done = failed = 0
-        for _ in range(150):
+        for _ in range(40):
             words = [chance.choice((chance.choice(LASTING),
                                     f"{chance.choice(REGISTER)} {chance.choice(REGISTERS)}",
                                     f"FIX {chance.randint(0, 9)}",
@@ -163,8 +165,8 @@ class SameAsScriptTest(ConsoleCase):
             done += "error" not in ours
             if "error" in ours:
                 self.assertEqual(ours["error"], theirs["display"])
-        self.assertGreater(done, 10)
-        self.assertGreater(failed, 10)
+        self.assertGreater(done, 3)
+        self.assertGreater(failed, 3)
 
 
 if __name__ == "__main__":
