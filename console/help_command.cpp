@@ -8,7 +8,7 @@
 
 static const char *const kExitCodes =
     "exit code: 0 done, 1 the calculator reported an error, 2 wrong usage or file,\n"
-    "           3 halted by --max-lines\n";
+    "           3 halted by --max-lines, 130 by Ctrl-C, 143 by SIGTERM\n";
 
 static std::string SynopsisOf(const cCommandRow &Row)
 {

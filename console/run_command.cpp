@@ -1,6 +1,7 @@
 // run_command.cpp - vorstek-cli run: loads a listing, runs it, prints the stack.
 
 #include <cstdio>
+#include <optional>
 #include <ostream>
 
 #include "console/commands.h"
@@ -43,7 +44,7 @@ static void PrintRegisters(const cVorstekState &State, const cLineBox &Box, std:
             *pOut << BoxLine(Box, nRegister) << "\n";
 }
 
-static void PrintText(const cRunOptions &Options, const cRunProfile &Profile,
+static void PrintText(const cRunOptions &Options, const std::optional<cRunProfile> &Profile,
                       cHeadlessCalculator *pCalculator, std::ostream *pOut)
 {
     pCalculator->m_Engine.RefreshViews();
@@ -51,20 +52,19 @@ static void PrintText(const cRunOptions &Options, const cRunProfile &Profile,
     PrintStack(State, pOut);
     if (Options.m_bRegisters)
         PrintRegisters(State, pCalculator->m_Registers, pOut);
-    if (Options.m_bProfile)
-        PrintProfile(Profile, pCalculator, pOut);
+    if (Profile)
+        PrintProfile(*Profile, pCalculator, pOut);
 }
 
-static void PrintJson(const cRunOptions &Options, const cRunProfile &Profile,
-                      cHeadlessCalculator *pCalculator, const cHeadlessHost &Host,
-                      std::ostream *pOut)
+static void PrintJson(const std::optional<cRunProfile> &Profile, cHeadlessCalculator *pCalculator,
+                      const cHeadlessHost &Host, std::ostream *pOut)
 {
     std::string Json;
     {
         cJsonList Object(&Json, '{', '}');
         ReportState(pCalculator, Host, &Object);
-        if (Options.m_bProfile)
-            ReportProfile(Profile, &Object);
+        if (Profile)
+            ReportProfile(*Profile, &Object);
     }
     *pOut << Json << "\n";
 }
@@ -164,15 +164,15 @@ int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Stream
         return ReportUsage(Streams, Error);
     SetUp(Options, pEngine);
 
-    cRunProfile Profile;
+    std::optional<cRunProfile> Profile;
     if (Options.m_bProfile)
-        pEngine->SetProfile(&Profile);
+        pEngine->SetProfile(&Profile.emplace());
     const cStopSignals Signals;
     const int          bDone = Start(Options, pEngine);
     if (!*Streams.m_pOut)
         return kExitUsage;  // main() says why
     if (Options.m_bJson)
-        PrintJson(Options, Profile, &Calculator, Host, Streams.m_pOut);
+        PrintJson(Profile, &Calculator, Host, Streams.m_pOut);
     else
         PrintText(Options, Profile, &Calculator, Streams.m_pOut);
     const int nExitCode = ReportEnd(bDone, Options, Host, pEngine, Streams);
