@@ -13,7 +13,7 @@ static const size_t kFirstRead = 8 * 1024;
 
 // Of what is no regular file; reading a device might never end.
 static const size_t kMostMegabytes = 64;
-static const size_t kMostBytes     = kMostMegabytes * 1024 * 1024;
+static const size_t kMostInput     = kMostMegabytes * 1024 * 1024;
 
 static int RefuseInput(const cStreams &Streams, const std::string &Shown, const std::string &Why)
 {
@@ -46,7 +46,7 @@ template <class cRead> static int ReadBlocks(size_t nMost, std::string *pText, c
 static int ReadStandardInput(const cStreams &Streams, std::string *pText)
 {
     std::istream *const pIn   = Streams.m_pIn;
-    const int           bEnds = ReadBlocks(kMostBytes, pText, [pIn](char *pTo, size_t nRoom) {
+    const int           bEnds = ReadBlocks(kMostInput, pText, [pIn](char *pTo, size_t nRoom) {
         pIn->read(pTo, static_cast<std::streamsize>(nRoom));
         return static_cast<size_t>(pIn->gcount());
     });
@@ -75,7 +75,7 @@ int ReadInput(const std::string &Name, const cStreams &Streams, std::string *pTe
     if (!File)
         return RefuseInput(Streams, Shown, errno == EACCES ? "permission denied" : "");
     const int    bRegular = KindOfFile(Name.c_str()) == fkRegular;
-    const size_t nMost    = bRegular ? std::numeric_limits<size_t>::max() : kMostBytes;
+    const size_t nMost    = bRegular ? std::numeric_limits<size_t>::max() : kMostInput;
     const int    bEnds    = ReadBlocks(nMost, pText, [&File](char *pTo, size_t nRoom) {
         return fread(pTo, 1, nRoom, File.get());
     });

@@ -5,7 +5,7 @@
 
 static const unsigned kMnemonicBuckets = 128;
 
-static const char *const kWordEnds = " \t";
+static const char *const kBlankEnds = " \t";
 
 namespace
 {
@@ -52,13 +52,13 @@ cLineWords WordsOf(std::string_view Line)
 {
     cLineWords             Words = {};
     const std::string_view Code  = CodeOf(Line);
-    size_t                 nAt   = Code.find_first_not_of(kWordEnds);
+    size_t                 nAt   = Code.find_first_not_of(kBlankEnds);
     while (nAt != std::string_view::npos && Words.m_nWords < Words.m_Words.size())
     {
         const std::string_view Rest     = Code.substr(nAt);
-        const std::string_view Word     = Rest.substr(0, Rest.find_first_of(kWordEnds));
+        const std::string_view Word     = Rest.substr(0, Rest.find_first_of(kBlankEnds));
         Words.m_Words[Words.m_nWords++] = Word;
-        nAt                             = Code.find_first_not_of(kWordEnds, nAt + Word.size());
+        nAt                             = Code.find_first_not_of(kBlankEnds, nAt + Word.size());
     }
     return Words;
 }

@@ -27,12 +27,6 @@ typedef std::vector<std::string> cTexts;
 
 }  // namespace
 
-#ifdef _WIN32
-static const std::string kEnd = "\r\n";
-#else
-static const std::string kEnd = "\n";
-#endif
-
 namespace
 {
 
@@ -58,7 +52,8 @@ struct cFileRig
     {
         REQUIRE(m_File.WriteToFile(m_Folder.Name("written.txt").c_str()) == 1);
         std::string Content = m_Folder.Read("written.txt");
-        for (size_t n = 0; kEnd == "\r\n" && (n = Content.find(kEnd, n)) != std::string::npos;)
+        for (size_t n = 0;
+             kLineEnd == "\r\n" && (n = Content.find(kLineEnd, n)) != std::string::npos;)
             Content.erase(n, 1);
         return Content;
     }
@@ -750,10 +745,10 @@ TEST_CASE("a file with everything is written in its fixed layout")
     REQUIRE(Rig.m_File.WriteToFile(Rig.m_Folder.Name("written.txt").c_str()) == 1);
 
     CHECK(Rig.m_Folder.Read("written.txt") ==
-          "ExplicitX" + kEnd + "Title \"Free fall\"" + kEnd + "HorzAxisLabel \"seconds\"" + kEnd +
-              "SetLabels \"height\" , \"\" , \"n\"" + kEnd +
-              "0.000000 , 100.000000 , 0.000000 , 1.000000" + kEnd +
-              "0.500000 , 98.774002 , -4.903000 , 2.000000" + kEnd);
+          "ExplicitX" + kLineEnd + "Title \"Free fall\"" + kLineEnd + "HorzAxisLabel \"seconds\"" +
+              kLineEnd + "SetLabels \"height\" , \"\" , \"n\"" + kLineEnd +
+              "0.000000 , 100.000000 , 0.000000 , 1.000000" + kLineEnd +
+              "0.500000 , 98.774002 , -4.903000 , 2.000000" + kLineEnd);
 }
 
 TEST_CASE("what a file does not have is not written")

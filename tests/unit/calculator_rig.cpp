@@ -196,6 +196,12 @@ void cCalculatorRig::SetReg(unsigned nRegister, double dValue)
     m_Engine.SetRegister(nRegister, dValue);
 }
 
+void cCalculatorRig::SetXY(double dX, double dY)
+{
+    m_Engine.Raw().m_dX = dX;
+    m_Engine.Raw().m_dY = dY;
+}
+
 std::string cCalculatorRig::Display()
 {
     return Trimmed(State().m_szDisplay);
@@ -270,4 +276,16 @@ void cCalculatorRig::Forget()
 {
     m_Host.m_Boxes.clear();
     m_Host.m_Sounds.clear();
+}
+
+std::string TwoDigits(unsigned nNumber)
+{
+    return (nNumber < 10 ? "0" : "") + std::to_string(nNumber);
+}
+
+cNumberFormat FormatOf(const char *szMode, unsigned nDigits)
+{
+    cCalculatorRig Rig;
+    Rig.Run(szMode, nDigits);
+    return Rig.State();
 }

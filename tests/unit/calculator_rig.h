@@ -30,6 +30,9 @@ inline int IsNear(double dActual, double dExpected, double dTolerance = 1e-14)
     return std::fabs(dActual - dExpected) <= dTolerance * std::fabs(dExpected);
 }
 
+// 7 as "07".
+std::string TwoDigits(unsigned nNumber);
+
 class cRecordingHost : public cVorstekHost
 {
 public:
@@ -142,6 +145,9 @@ public:
     void                 Set(double dX, double dY = 0.0, double dZ = 0.0, double dT = 0.0);
     void                 SetReg(unsigned nRegister, double dValue);
 
+    // X and Y alone, as they may come out of a calculation, a NaN included.
+    void SetXY(double dX, double dY);
+
     // m_szDisplay without trailing blanks.
     std::string Display();
 
@@ -176,5 +182,8 @@ public:
     cMemoryLineBox m_Registers;
     cTestEngine    m_Engine;
 };
+
+// What FIX, SCI or ENG sets on a new calculator.
+cNumberFormat FormatOf(const char *szMode, unsigned nDigits);
 
 #endif

@@ -93,9 +93,9 @@ namespace
 
 // Reduction worked out the slow way: sorted instead of picked, searched instead
 // of hashed. Gives the palette and the indices.
-struct cModel
+struct cReductionModel
 {
-    explicit cModel(const cColours &Colours) : m_nMask(0xFFFFFF)
+    explicit cReductionModel(const cColours &Colours) : m_nMask(0xFFFFFF)
     {
         static const uint32_t s_Dropped[] = {0x000001, 0x010000, 0x000100};  // blue, red, green
         unsigned              nDropped    = 0;
@@ -159,8 +159,8 @@ struct cModel
 
 static void CheckAgainstModel(const cColours &Colours)
 {
-    const cReducedRow Row(Colours);
-    const cModel      Model(Colours);
+    const cReducedRow     Row(Colours);
+    const cReductionModel Model(Colours);
     for (unsigned nIndex = 0; nIndex < 256; nIndex++)
         REQUIRE(Row.PaletteColour(nIndex) == Model.m_Palette[nIndex]);
     CHECK(cBytes(Row.m_Reduced.m_pPixels.get(), Row.m_Reduced.m_pPixels.get() + Colours.size()) ==
@@ -328,7 +328,7 @@ TEST_CASE("a picture of 3000 colours is counted with less blue, then red, then g
     cColours Colours;
     for (uint32_t i = 0; i < 3000; i++)
         Colours.push_back(i);
-    CHECK(cModel(Colours).m_nMask == 0xFFFFFE);
+    CHECK(cReductionModel(Colours).m_nMask == 0xFFFFFE);
     CheckAgainstModel(Colours);
 
     // Each combination of these bits occurs.
@@ -343,7 +343,7 @@ TEST_CASE("a picture of 3000 colours is counted with less blue, then red, then g
     for (const auto &Row : s_Rows)
     {
         Colours = Noise(100000, Row.nBits, 2);
-        CHECK(cModel(Colours).m_nMask == Row.nMask);
+        CHECK(cReductionModel(Colours).m_nMask == Row.nMask);
         CheckAgainstModel(Colours);
     }
 }

@@ -12,12 +12,6 @@
 #include <sys/stat.h>
 #endif
 
-#ifdef _WIN32
-static const char kLineEnd[] = "\r\n";
-#else
-static const char kLineEnd[] = "\n";
-#endif
-
 // As the C library's text mode writes a line.
 static std::string Line(const std::string &Text)
 {

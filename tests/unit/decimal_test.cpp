@@ -10,10 +10,9 @@
 #include <doctest/doctest.h>
 
 #include "tests/unit/exact_decimal.h"
+#include "tests/unit/special_numbers.h"
 
-static const double kInfinity = std::numeric_limits<double>::infinity();
-
-static double Parsed(const std::string &Text)
+static double ParsedNumber(const std::string &Text)
 {
     double dValue = -77.0;
     CAPTURE(Text);
@@ -198,16 +197,16 @@ TEST_CASE("decimal numbers beyond the range of a double are infinite or 0")
         {"0.0e-99999999999999999999", 0.0},
     };
     for (const auto &Row : Rows)
-        CHECK(Parsed(Row.Text) == Row.dValue);
+        CHECK(ParsedNumber(Row.Text) == Row.dValue);
 }
 
 TEST_CASE("a negative zero keeps its sign")
 {
-    CHECK(std::signbit(Parsed("-0")));
-    CHECK(std::signbit(Parsed("-0.000e+05")));
-    CHECK(std::signbit(Parsed("-1e-400")));
-    CHECK_FALSE(std::signbit(Parsed("+0")));
-    CHECK_FALSE(std::signbit(Parsed("0")));
+    CHECK(std::signbit(ParsedNumber("-0")));
+    CHECK(std::signbit(ParsedNumber("-0.000e+05")));
+    CHECK(std::signbit(ParsedNumber("-1e-400")));
+    CHECK_FALSE(std::signbit(ParsedNumber("+0")));
+    CHECK_FALSE(std::signbit(ParsedNumber("0")));
 }
 
 TEST_CASE("a decimal number is rounded to the nearest double, ties to even")
@@ -223,9 +222,9 @@ TEST_CASE("a decimal number is rounded to the nearest double, ties to even")
         const double   dAbove    = std::ldexp(static_cast<double>(nMantissa + 1), nExponent);
 
         const cExactDecimal Middle = ExactDecimal(2 * nMantissa + 1, nExponent - 1);
-        CHECK(Parsed(ScientificText(Middle)) == (nMantissa % 2 ? dAbove : dBelow));
-        CHECK(Parsed(ScientificText(ALittleMore(Middle))) == dAbove);
-        CHECK(Parsed(ScientificText(ALittleLess(Middle))) == dBelow);
+        CHECK(ParsedNumber(ScientificText(Middle)) == (nMantissa % 2 ? dAbove : dBelow));
+        CHECK(ParsedNumber(ScientificText(ALittleMore(Middle))) == dAbove);
+        CHECK(ParsedNumber(ScientificText(ALittleLess(Middle))) == dBelow);
     }
 }
 
@@ -268,7 +267,7 @@ TEST_CASE("random numbers read as the C library reads them")
         AppendDigits(&Text);
         Text += "e" + std::to_string(Exponents(Random));
 
-        const double dValue = Parsed(Text);
+        const double dValue = ParsedNumber(Text);
 
         CHECK(dValue == strtod(Text.c_str(), nullptr));
     }

@@ -9,10 +9,10 @@
 
 #include "engine/elementary/elementary.h"
 #include "engine/elementary/wide_number.h"
+#include "tests/unit/special_numbers.h"
 
 static const double kInf        = std::numeric_limits<double>::infinity();
 static const double kNotANumber = std::numeric_limits<double>::quiet_NaN();
-static const double kPi         = 3.141592653589793;
 
 // Zeros differ by their sign.
 static int IsIdentical(double dA, double dB)

@@ -2,6 +2,7 @@
 
 #include "engine/range.h"
 #include "tests/unit/calculator_rig.h"
+#include "tests/unit/special_numbers.h"
 
 // A listing of R/S lines with other lines at given numbers.
 static std::string Program(const std::vector<std::pair<unsigned, std::string>> &Lines)
@@ -515,8 +516,6 @@ TEST_CASE("a new run starts with an empty return stack")
 
 // --- tests
 
-static const double kNan = std::numeric_limits<double>::quiet_NaN();
-
 namespace
 {
 
@@ -571,12 +570,6 @@ template <class cCheck> static void ForEachTest(cCheck Check)
     }
 }
 
-static void SetXY(cCalculatorRig *pRig, double dX, double dY)
-{
-    pRig->m_Engine.Raw().m_dX = dX;
-    pRig->m_Engine.Raw().m_dY = dY;
-}
-
 TEST_CASE("a test that fails skips the next line of a program")
 {
     ForEachTest([](double dX, double dY, const char *szTest, int bHolds) {
@@ -584,7 +577,7 @@ TEST_CASE("a test that fails skips the next line of a program")
         Rig.Load((std::string(szTest) + "\nSTO 1\nSTO 2\n").c_str());
         Rig.SetReg(1, 7.0);
         Rig.SetReg(2, 7.0);
-        SetXY(&Rig, dX, dY);
+        Rig.SetXY(dX, dY);
 
         Rig.Type("R/S");
 
@@ -598,7 +591,7 @@ TEST_CASE("a test from the keyboard moves the current line on by one when it fai
 {
     ForEachTest([](double dX, double dY, const char *szTest, int bHolds) {
         cCalculatorRig Rig;
-        SetXY(&Rig, dX, dY);
+        Rig.SetXY(dX, dY);
         Rig.m_Engine.GoToLine(7);
 
         CHECK(Rig.Run(szTest) == 1);
@@ -627,7 +620,7 @@ TEST_CASE("a test on line 97 skips line 98, one on line 98 skips line 1")
 {
     cCalculatorRig Rig;
     Load(&Rig, {{1, "STO 1"}, {2, "STO 2"}, {97, "x>0"}, {98, "STO 3"}});
-    SetXY(&Rig, -5.0, 0.0);
+    Rig.SetXY(-5.0, 0.0);
     Rig.m_Engine.GoToLine(97);
 
     Rig.Type("R/S");

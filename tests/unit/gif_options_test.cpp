@@ -3,7 +3,7 @@
 #include <doctest/doctest.h>
 
 // A picture of 300 x 200 whose bottom left pixel has colour 13, or 1.
-static cGifOptions Parsed(const char *szOptions, unsigned nBits = 8)
+static cGifOptions ParsedOptions(const char *szOptions, unsigned nBits = 8)
 {
     static const uint8_t s_First1[] = {0x80};
     static const uint8_t s_First4[] = {0xD5};
@@ -15,7 +15,7 @@ static cGifOptions Parsed(const char *szOptions, unsigned nBits = 8)
 
 TEST_CASE("without options the screen is the image and nothing is special")
 {
-    const cGifOptions Options = Parsed("");
+    const cGifOptions Options = ParsedOptions("");
 
     CHECK(Options.m_bInterlaced == 0);
     CHECK(Options.m_nScreenWidth == 300);
@@ -29,7 +29,7 @@ TEST_CASE("without options the screen is the image and nothing is special")
 TEST_CASE("each GIF option sets what it names")
 {
     const cGifOptions Options =
-        Parsed("ypos=6 xpos=5,background=3;yscreen=480xscreen=640 ilace transcol=9");
+        ParsedOptions("ypos=6 xpos=5,background=3;yscreen=480xscreen=640 ilace transcol=9");
 
     CHECK(Options.m_bInterlaced == 1);
     CHECK(Options.m_nScreenWidth == 640);
@@ -64,7 +64,7 @@ TEST_CASE("numbers of GIF options end at the first other character and keep thei
     };
     for (const auto &Row : s_Rows)
     {
-        const cGifOptions Options = Parsed(Row.szOptions);
+        const cGifOptions Options = ParsedOptions(Row.szOptions);
         CAPTURE(Row.szOptions);
         CHECK(Options.m_nLeft == Row.nLeft);
         CHECK(Options.m_nBackground == Row.nBackground);
@@ -73,28 +73,28 @@ TEST_CASE("numbers of GIF options end at the first other character and keep thei
 
 TEST_CASE("the first of two equal GIF options counts, and case matters")
 {
-    CHECK(Parsed("xpos=1 xpos=2").m_nLeft == 1);
-    CHECK(Parsed("XPOS=1 xpos=2").m_nLeft == 2);
-    CHECK(Parsed("transcol=4 transcol=edge").m_nTransparent == 4);
-    CHECK(Parsed("Ilace ILACE").m_bInterlaced == 0);
-    CHECK(Parsed("xpos 1").m_nLeft == 0);
+    CHECK(ParsedOptions("xpos=1 xpos=2").m_nLeft == 1);
+    CHECK(ParsedOptions("XPOS=1 xpos=2").m_nLeft == 2);
+    CHECK(ParsedOptions("transcol=4 transcol=edge").m_nTransparent == 4);
+    CHECK(ParsedOptions("Ilace ILACE").m_bInterlaced == 0);
+    CHECK(ParsedOptions("xpos 1").m_nLeft == 0);
 }
 
 TEST_CASE("edge makes the bottom left pixel's colour transparent")
 {
-    CHECK(Parsed("transcol=edge", 8).m_nTransparent == 13);
-    CHECK(Parsed("transcol=edge", 4).m_nTransparent == 13);
-    CHECK(Parsed("transcol=edge", 1).m_nTransparent == 1);
-    CHECK(Parsed("transcol=edges", 8).m_nTransparent == 13);
-    CHECK(Parsed("transcol=edg", 8).m_nTransparent == 0);
-    CHECK(Parsed("transcol=Edge", 8).m_nTransparent == 0);
-    CHECK(Parsed("transcol=edge", 8).m_bTransparent == 1);
+    CHECK(ParsedOptions("transcol=edge", 8).m_nTransparent == 13);
+    CHECK(ParsedOptions("transcol=edge", 4).m_nTransparent == 13);
+    CHECK(ParsedOptions("transcol=edge", 1).m_nTransparent == 1);
+    CHECK(ParsedOptions("transcol=edges", 8).m_nTransparent == 13);
+    CHECK(ParsedOptions("transcol=edg", 8).m_nTransparent == 0);
+    CHECK(ParsedOptions("transcol=Edge", 8).m_nTransparent == 0);
+    CHECK(ParsedOptions("transcol=edge", 8).m_bTransparent == 1);
 }
 
 TEST_CASE("colour 0 can be transparent")
 {
-    CHECK(Parsed("transcol=0").m_bTransparent == 1);
-    CHECK(Parsed("transcol=0").m_nTransparent == 0);
-    CHECK(Parsed("transcol=").m_bTransparent == 1);
-    CHECK(Parsed("transcol=257").m_nTransparent == 1);
+    CHECK(ParsedOptions("transcol=0").m_bTransparent == 1);
+    CHECK(ParsedOptions("transcol=0").m_nTransparent == 0);
+    CHECK(ParsedOptions("transcol=").m_bTransparent == 1);
+    CHECK(ParsedOptions("transcol=257").m_nTransparent == 1);
 }

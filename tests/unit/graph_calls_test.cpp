@@ -1,9 +1,7 @@
 #include <cmath>
-#include <limits>
 
 #include "tests/unit/calculator_rig.h"
-
-static const double kNan = std::numeric_limits<double>::quiet_NaN();
+#include "tests/unit/special_numbers.h"
 
 static const char *const kMemoryLimit = "The Vorstek's program must now halt\n"
                                         "since the cVantor window has reached its\n"
@@ -12,13 +10,6 @@ static const char *const kMemoryLimit = "The Vorstek's program must now halt\n"
 static void MakeSets(cCalculatorRig *pRig, size_t nSets)
 {
     pRig->m_Host.m_Graph.assign(nSets, {{1.0, 1.0}});
-}
-
-// X as it may come out of a calculation, a NaN included.
-static void SetXY(cCalculatorRig *pRig, double dX, double dY)
-{
-    pRig->m_Engine.Raw().m_dX = dX;
-    pRig->m_Engine.Raw().m_dY = dY;
 }
 
 TEST_CASE("SetG selects a data line that exists or the next new one")
@@ -59,7 +50,7 @@ TEST_CASE("SetG selects a data line that exists or the next new one")
         cCalculatorRig Rig;
         MakeSets(&Rig, Row.nSets);
         Rig.m_Engine.Raw().m_nGraphLine = 7;
-        SetXY(&Rig, Row.dX, 2.0);
+        Rig.SetXY(Row.dX, 2.0);
 
         const int nResult = Rig.Run("SetG");
 
@@ -162,7 +153,7 @@ TEST_CASE("SumG stores no NaN")
     for (const auto &[dX, dY] : Points)
     {
         cCalculatorRig Rig;
-        SetXY(&Rig, dX, dY);
+        Rig.SetXY(dX, dY);
 
         CHECK(Rig.Run("SumG") == 0);
 

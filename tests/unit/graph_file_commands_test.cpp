@@ -18,12 +18,6 @@ typedef std::vector<float> cFloats;
 
 }  // namespace
 
-#ifdef _WIN32
-static const std::string kEnd = "\r\n";
-#else
-static const std::string kEnd = "\n";
-#endif
-
 namespace
 {
 
@@ -229,9 +223,10 @@ TEST_CASE("Save writes title, axis label, labels and points")
     CHECK(Rig.Save() == 1);
 
     CHECK(Rig.m_Folder.Read("saved.txt") ==
-          "ExplicitX" + kEnd + "Title \"My Graph\"" + kEnd + "HorzAxisLabel \"x axis\"" + kEnd +
-              "SetLabels \"data line # 1\" , \"data line # 2\"" + kEnd +
-              "1.000000 , 0.250000 , 0.500000" + kEnd + "2.000000 , 0.500000 , 1.000000" + kEnd);
+          "ExplicitX" + kLineEnd + "Title \"My Graph\"" + kLineEnd + "HorzAxisLabel \"x axis\"" +
+              kLineEnd + "SetLabels \"data line # 1\" , \"data line # 2\"" + kLineEnd +
+              "1.000000 , 0.250000 , 0.500000" + kLineEnd + "2.000000 , 0.500000 , 1.000000" +
+              kLineEnd);
     CHECK(Rig.m_Boxes.m_Boxes.empty());
 }
 
@@ -246,9 +241,10 @@ TEST_CASE("a title and an axis label of 100 characters are saved completely")
 
     CHECK(Rig.Save() == 1);
 
-    CHECK(Rig.m_Folder.Read("saved.txt") ==
-          "ImplicitX" + kEnd + "Title \"" + Title + "\"" + kEnd + "HorzAxisLabel \"" + Label +
-              "\"" + kEnd + "SetLabels \"data line # 1\"" + kEnd + "1.000000" + kEnd);
+    CHECK(Rig.m_Folder.Read("saved.txt") == "ImplicitX" + kLineEnd + "Title \"" + Title + "\"" +
+                                                kLineEnd + "HorzAxisLabel \"" + Label + "\"" +
+                                                kLineEnd + "SetLabels \"data line # 1\"" +
+                                                kLineEnd + "1.000000" + kLineEnd);
 }
 
 TEST_CASE("a graph without title, saved and opened, is the same graph")
@@ -297,10 +293,11 @@ TEST_CASE("sets of the other kind than data line 1 are not written, and a box sa
                                "Data sets must have compatible x axis\n"
                                "values to share an ASCII data file.");
         CHECK(Rig.m_Folder.Read("saved.txt") ==
-              (bExplicitFirst ? "ExplicitX" + kEnd + "SetLabels \"data line # 1\"" + kEnd +
-                                    "5.000000 , 1.000000" + kEnd + "6.000000 , 2.000000" + kEnd
-                              : "ImplicitX" + kEnd + "SetLabels \"data line # 1\"" + kEnd +
-                                    "3.000000" + kEnd + "4.000000" + kEnd));
+              (bExplicitFirst
+                   ? "ExplicitX" + kLineEnd + "SetLabels \"data line # 1\"" + kLineEnd +
+                         "5.000000 , 1.000000" + kLineEnd + "6.000000 , 2.000000" + kLineEnd
+                   : "ImplicitX" + kLineEnd + "SetLabels \"data line # 1\"" + kLineEnd +
+                         "3.000000" + kLineEnd + "4.000000" + kLineEnd));
     }
 }
 
@@ -317,8 +314,9 @@ TEST_CASE("sets with other x values or another length are left out, those after 
 
     CHECK(Rig.Box().substr(0, 46) == "2 of the 4 data sets were written to the file:");
     CHECK(Rig.m_Folder.Read("saved.txt") ==
-          "ExplicitX" + kEnd + "SetLabels \"data line # 1\" , \"data line # 4\"" + kEnd +
-              "5.000000 , 1.000000 , 8.000000" + kEnd + "6.000000 , 2.000000 , 9.000000" + kEnd);
+          "ExplicitX" + kLineEnd + "SetLabels \"data line # 1\" , \"data line # 4\"" + kLineEnd +
+              "5.000000 , 1.000000 , 8.000000" + kLineEnd + "6.000000 , 2.000000 , 9.000000" +
+              kLineEnd);
 }
 
 TEST_CASE("a file that cannot be written is named and stays as it was")

@@ -3,8 +3,7 @@
 #include <string>
 
 #include "tests/unit/calculator_rig.h"
-
-static const double kMost = 9.999999999e99;
+#include "tests/unit/special_numbers.h"
 
 namespace
 {
@@ -19,7 +18,7 @@ enum eLiftAfter
 // What an instruction with X as given does to a calculator with Y = 3, Z = 5,
 // T = 7, LASTx = 11, Reg[0] = 5, the sums of (1, 3) (2, 5) (3, 6) (4, 8), and
 // a program "LBL 5", "R/S" with R/S as the current line.
-struct cRow
+struct cInstructionRow
 {
     const char *szMnemonic;
     unsigned    nOperand;
@@ -38,7 +37,7 @@ struct cRow
 
 // In registration order.
 // clang-format off
-static const cRow kRows[] =
+static const cInstructionRow kRows[] =
 {
     //  mnemonic  operand X     new X                 Y    Z  T  push  LASTx lift line
     { "FIX",      4, 0.25,  0.25,                     3,   5, 7, 0,    0, lfOn,   2 },
@@ -153,7 +152,7 @@ static const cRegisterRow kRegisterRows[] = {
     {"ClearSum", 13, 0},   {"ClearSum", 14, 0}, {"ClearSum", 15, 0},
 };
 
-static double ExpectedRegister(const cRow &Row, unsigned nRegister)
+static double ExpectedRegister(const cInstructionRow &Row, unsigned nRegister)
 {
     for (const cRegisterRow &Change : kRegisterRows)
         if (strcmp(Change.szMnemonic, Row.szMnemonic) == 0 && Change.nRegister == nRegister)
@@ -200,7 +199,7 @@ TEST_CASE("each instruction has its kind of operand")
 
 TEST_CASE("each instruction does to stack, LASTx, registers and line what it should")
 {
-    for (const cRow &Row : kRows)
+    for (const cInstructionRow &Row : kRows)
         for (const int bStackLift : {0, 1})
         {
             CAPTURE(std::string(Row.szMnemonic));
@@ -230,7 +229,7 @@ TEST_CASE("each instruction does to stack, LASTx, registers and line what it sho
 
 TEST_CASE("after each instruction texts and numbers of the stack agree and X is shown")
 {
-    for (const cRow &Row : kRows)
+    for (const cInstructionRow &Row : kRows)
     {
         CAPTURE(std::string(Row.szMnemonic));
         cCalculatorRig Rig;
@@ -253,7 +252,7 @@ TEST_CASE("after each instruction texts and numbers of the stack agree and X is 
 
 TEST_CASE("each instruction but CHS ends a number entry, also if it fails")
 {
-    for (const cRow &Row : kRows)
+    for (const cInstructionRow &Row : kRows)
     {
         CAPTURE(std::string(Row.szMnemonic));
         cCalculatorRig Rig;
@@ -346,7 +345,7 @@ TEST_CASE("each clamped instruction holds its result, the others do not")
 
 TEST_CASE("what an instruction does not compute is not clamped")
 {
-    for (const cRow &Row : kRows)
+    for (const cInstructionRow &Row : kRows)
     {
         if (Row.bLastX || Row.dNewX != Row.dX || Row.dNewY != 3)
             continue;

@@ -43,7 +43,7 @@ static int IsShifted(const cPending &Pending)
 }
 
 // All that an instruction may change, as one text.
-static std::string Snapshot(cCalculatorRig &Rig)
+static std::string Changeable(cCalculatorRig &Rig)
 {
     const cVorstekState &State = Rig.State();
     std::string          Text  = Rig.Display();
@@ -251,14 +251,14 @@ TEST_CASE("in run mode each instruction key executes its instruction")
         Prepare(&Direct);
         Rig.Type(szShift);
         Rig.Forget();
-        const std::string Before = Snapshot(Rig);
+        const std::string Before = Changeable(Rig);
 
         const int bDone = Direct.Run(Does.c_str());
         Rig.Down(nKey);
 
         CHECK(bDone == (Does != "SetG"));
-        CHECK_TEXT(Snapshot(Rig), Snapshot(Direct));
-        CHECK(Snapshot(Rig) != Before);
+        CHECK_TEXT(Changeable(Rig), Changeable(Direct));
+        CHECK(Changeable(Rig) != Before);
         CHECK_TEXT(Rig.State().m_szLastOp, Does);
         CHECK_TEXT(Rig.State().m_szKeystrokes, bDone ? BufferAfter(Does) : "EWFDK");
         CHECK_TEXT(Rig.Sounds(), bDone ? "10050" : "10050 10052");
@@ -277,13 +277,13 @@ TEST_CASE("prefix keys wait for more and execute nothing")
             Rig.Type(szMode);
             Rig.Type(szShift);
             Rig.Forget();
-            const std::string Before = Snapshot(Rig);
+            const std::string Before = Changeable(Rig);
 
             Rig.Down(nKey);
 
             CHECK_TEXT(Rig.State().m_szKeystrokes, Does);
             CHECK_TEXT(Rig.State().m_szLastOp, "x<>y");
-            CHECK_TEXT(Snapshot(Rig), Before);
+            CHECK_TEXT(Changeable(Rig), Before);
             CHECK(Rig.State().m_bProgramModified == 0);
             CHECK_TEXT(Rig.Sounds(), "10050");
         }
@@ -328,13 +328,13 @@ TEST_CASE("f ENTER and g ENTER only clear the pending keys")
             Rig.Set(1.0, 2.0);
             Rig.Type("x<>y");
             Rig.Type(szMode);
-            const std::string Before = Snapshot(Rig);
+            const std::string Before = Changeable(Rig);
 
             Rig.Type(szKeys);
 
             CHECK_TEXT(Rig.State().m_szKeystrokes, "");
             CHECK_TEXT(Rig.State().m_szLastOp, "x<>y");
-            CHECK_TEXT(Snapshot(Rig), Before);
+            CHECK_TEXT(Changeable(Rig), Before);
             CHECK(Rig.State().m_bProgramModified == 0);
         }
 }
@@ -402,7 +402,7 @@ TEST_CASE("a key code outside 1 to 32 is an inconsistency and keeps the pending 
         cCalculatorRig Rig;
         Rig.Type("x<>y STO");
         Rig.Forget();
-        const std::string Before = Snapshot(Rig);
+        const std::string Before = Changeable(Rig);
 
         Rig.Down(nKey);
         Rig.Up(nKey);
@@ -411,7 +411,7 @@ TEST_CASE("a key code outside 1 to 32 is an inconsistency and keeps the pending 
         CHECK_TEXT(Rig.Sounds(), "10050");
         CHECK_TEXT(Rig.State().m_szKeystrokes, "STO ");
         CHECK_TEXT(Rig.State().m_szLastOp, "x<>y");
-        CHECK_TEXT(Snapshot(Rig), Before);
+        CHECK_TEXT(Changeable(Rig), Before);
     }
 }
 
@@ -1247,12 +1247,12 @@ TEST_CASE("all other releases do nothing")
             Rig.Type(szKeys);
             Rig.Forget();
             const std::string Buffer = Rig.State().m_szKeystrokes;
-            const std::string Before = Snapshot(Rig);
+            const std::string Before = Changeable(Rig);
 
             Rig.Up(nKey);
 
             CHECK_TEXT(Rig.State().m_szKeystrokes, Buffer);
-            CHECK_TEXT(Snapshot(Rig), Before);
+            CHECK_TEXT(Changeable(Rig), Before);
             CHECK_TEXT(Rig.Sounds(), "");
             CHECK(Rig.m_Host.m_Boxes.empty());
         }

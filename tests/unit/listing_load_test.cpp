@@ -23,11 +23,6 @@ struct cLoadRig : cCalculatorRig
 
 }  // namespace
 
-static std::string TwoDigits(unsigned nNumber)
-{
-    return (nNumber < 10 ? "0" : "") + std::to_string(nNumber);
-}
-
 static std::string Repeated(const std::string &Line, unsigned nTimes)
 {
     std::string Text;

@@ -28,7 +28,7 @@ public:
 
 }  // namespace
 
-static cListingLine Parsed(const std::string &Line)
+static cListingLine ParsedLine(const std::string &Line)
 {
     static const cMnemonics s_Mnemonics;
     cListingLine            Parsed;
@@ -38,7 +38,7 @@ static cListingLine Parsed(const std::string &Line)
 
 static eListingLine Kind(const std::string &Line)
 {
-    return Parsed(Line).m_nKind;
+    return ParsedLine(Line).m_nKind;
 }
 
 // All pieces in which a text comes.
@@ -73,7 +73,7 @@ TEST_CASE("every mnemonic of the table is an instruction, exactly as it is writt
                                         Mnemonic + ";note", Mnemonic + " ; note"})
         {
             CAPTURE(Line);
-            const cListingLine Result = Parsed(Line);
+            const cListingLine Result = ParsedLine(Line);
             CHECK(Result.m_nKind == llInstruction);
             CHECK_TEXT(Result.m_szText, Mnemonic);
             CHECK_TEXT(Result.m_szOperandText, "");
@@ -106,7 +106,7 @@ TEST_CASE("decimal numbers are number lines and kept as they are written")
         for (const std::string &Line : {std::string(szLine), " \t" + std::string(szLine) + "\t ",
                                         szLine + std::string(";c"), szLine + std::string(" ; c")})
         {
-            const cListingLine Result = Parsed(Line);
+            const cListingLine Result = ParsedLine(Line);
             CHECK(Result.m_nKind == llNumber);
             CHECK_TEXT(Result.m_szText, szLine);
             CHECK_TEXT(Result.m_szOperandText, "");
@@ -173,7 +173,7 @@ TEST_CASE("operands are digits or a point and digits, kept to two characters")
     for (const auto &Row : s_Rows)
     {
         CAPTURE_TEXT(Row.szLine);
-        const cListingLine Result = Parsed(Row.szLine);
+        const cListingLine Result = ParsedLine(Row.szLine);
         const std::string  Line   = Row.szLine;
         CHECK(Result.m_nKind == llInstruction);
         CHECK_TEXT(Result.m_szText, Line.substr(0, Line.find_first_of(" \t")));
@@ -189,7 +189,7 @@ TEST_CASE("a mnemonic and i name one instruction without an operand")
         for (const char *const szRest : {" i", "\ti", "   i  ", " i;c", " i ; c"})
         {
             CAPTURE_TEXT(szMnemonic);
-            const cListingLine Result = Parsed(szMnemonic + std::string(szRest));
+            const cListingLine Result = ParsedLine(szMnemonic + std::string(szRest));
             CHECK(Result.m_nKind == llInstruction);
             CHECK_TEXT(Result.m_szText, szMnemonic + std::string(" i"));
             CHECK_TEXT(Result.m_szOperandText, "");
@@ -347,7 +347,7 @@ TEST_CASE("what is printed of a step is read back as the same step")
             PrintInstruction(Instruction, nOperand, szText);
             CAPTURE_TEXT(szText);
             const cStep        Step = RecordedStep(Instruction, nOperand);
-            const cListingLine Read = Parsed(szText);
+            const cListingLine Read = ParsedLine(szText);
 
             CHECK(Read.m_nKind == llInstruction);
             CHECK(Read.m_pInstruction == Step.m_pInstruction);

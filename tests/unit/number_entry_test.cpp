@@ -2,8 +2,7 @@
 #include <string>
 
 #include "tests/unit/calculator_rig.h"
-
-static const double kMost = 9.999999999e99;
+#include "tests/unit/special_numbers.h"
 
 // Keys of a number: digits, point, e, and n for CHS.
 static void Key(cCalculatorRig *pRig, const char *szKeys)

@@ -2,26 +2,15 @@
 
 #include <cmath>
 #include <cstring>
-#include <limits>
 #include <random>
 #include <string>
 
 #include "tests/unit/calculator_rig.h"
 #include "tests/unit/exact_decimal.h"
-
-static const double kInfinity = std::numeric_limits<double>::infinity();
-static const double kNan      = std::numeric_limits<double>::quiet_NaN();
+#include "tests/unit/special_numbers.h"
 
 // Smallest magnitudes shown in fixed notation, FIX 0 to FIX 9.
 static const double kFixMin[] = {0.5, 0.05, 0.005, 0.0005, 0.00005, 5e-6, 5e-7, 5e-8, 5e-9, 5e-10};
-
-// What FIX, SCI or ENG sets on a new calculator.
-static cNumberFormat FormatOf(const char *szMode, unsigned nDigits)
-{
-    cCalculatorRig Rig;
-    Rig.Run(szMode, nDigits);
-    return Rig.State();
-}
 
 static std::string Formatted(double dValue, const cNumberFormat &Format, unsigned nCode = 0)
 {

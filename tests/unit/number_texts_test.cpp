@@ -6,13 +6,6 @@
 
 #include "tests/unit/calculator_rig.h"
 
-static cNumberFormat FormatOf(const char *szMode, unsigned nDigits)
-{
-    cCalculatorRig Rig;
-    Rig.Run(szMode, nDigits);
-    return Rig.State();
-}
-
 // Returns the code that was reported.
 static unsigned CheckSame(cNumberTexts *pTexts, double dValue, const cNumberFormat &Format)
 {

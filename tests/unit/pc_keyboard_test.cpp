@@ -22,7 +22,7 @@ static int IsMapped(int nChar)
 }
 
 // Everything that a key may change.
-static std::string Snapshot(cCalculatorRig &Rig)
+static std::string KeyEffects(cCalculatorRig &Rig)
 {
     const cVorstekState &State = Rig.State();
     std::string          Text = Rig.Display() + "|" + State.m_szKeystrokes + "|" + State.m_szLastOp;
@@ -33,7 +33,7 @@ static std::string Snapshot(cCalculatorRig &Rig)
 }
 
 // Runs an endless loop and delivers Event in its third drain; the tenth halts.
-static void RunWith(cCalculatorRig *pRig, const std::function<void()> &Event)
+static void RunWithTyped(cCalculatorRig *pRig, const std::function<void()> &Event)
 {
     pRig->Load("LBL 1\nGTO 1\n");
     pRig->m_Host.m_OnDrain = [Event, nDrains = 0]() mutable {
@@ -60,7 +60,7 @@ TEST_CASE("a typed character is the press and the release of its key")
             Typed.m_Engine.OnChar(Row.cChar);
             Clicked.Key(Row.nKey);
 
-            CHECK_TEXT(Snapshot(Typed), Snapshot(Clicked));
+            CHECK_TEXT(KeyEffects(Typed), KeyEffects(Clicked));
         }
 }
 
@@ -125,7 +125,7 @@ TEST_CASE("Escape halts a running program, and nothing waits for a release")
 {
     cCalculatorRig Rig;
 
-    RunWith(&Rig, [&Rig] { Rig.m_Engine.OnChar(kEscape); });
+    RunWithTyped(&Rig, [&Rig] { Rig.m_Engine.OnChar(kEscape); });
 
     CHECK(Rig.m_Host.m_nDrains == 3);
     CHECK(Rig.State().m_bProgramRunning == 0);
@@ -137,7 +137,7 @@ TEST_CASE("a refused character does not halt a running program")
 {
     cCalculatorRig Rig;
 
-    RunWith(&Rig, [&Rig] { Rig.m_Engine.OnChar('x'); });
+    RunWithTyped(&Rig, [&Rig] { Rig.m_Engine.OnChar('x'); });
 
     CHECK(Rig.m_Host.m_nDrains == 10);
     CHECK_TEXT(Rig.Sounds(), "10051");
@@ -147,7 +147,7 @@ TEST_CASE("a typed key halts a running program, its release makes the calculator
 {
     cCalculatorRig Rig;
 
-    RunWith(&Rig, [&Rig] { Rig.m_Engine.OnChar('7'); });
+    RunWithTyped(&Rig, [&Rig] { Rig.m_Engine.OnChar('7'); });
 
     CHECK(Rig.m_Host.m_nDrains == 3);
     CHECK_TEXT(Rig.Sounds(), "10053");
@@ -162,7 +162,7 @@ TEST_CASE("with sounds off Escape and refused characters are silent")
 
     Rig.m_Engine.OnChar(kEscape);
     Rig.m_Engine.OnChar('x');
-    RunWith(&Rig, [&Rig] { Rig.m_Engine.OnChar(kEscape); });
+    RunWithTyped(&Rig, [&Rig] { Rig.m_Engine.OnChar(kEscape); });
 
     CHECK(Rig.m_Host.m_nDrains == 3);
     CHECK_TEXT(Rig.Sounds(), "");
@@ -172,7 +172,7 @@ TEST_CASE("the host can halt a program without a sound")
 {
     cCalculatorRig Rig;
 
-    RunWith(&Rig, [&Rig] { Rig.m_Engine.HaltProgram(); });
+    RunWithTyped(&Rig, [&Rig] { Rig.m_Engine.HaltProgram(); });
 
     CHECK(Rig.m_Host.m_nDrains == 3);
     CHECK_TEXT(Rig.Sounds(), "");

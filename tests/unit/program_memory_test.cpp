@@ -2,11 +2,6 @@
 
 #include "tests/unit/calculator_rig.h"
 
-static std::string TwoDigits(unsigned nNumber)
-{
-    return (nNumber < 10 ? "0" : "") + std::to_string(nNumber);
-}
-
 // "01 STO 3".
 static std::string Numbered(unsigned nLine, const std::string &Text)
 {

@@ -882,7 +882,7 @@ static void CheckState(const cVorstekState &State)
 }
 
 // Whether the program's records, the listing and the highlight agree.
-static void CheckProgram(cCalculatorRig &Rig)
+static void CheckListedProgram(cCalculatorRig &Rig)
 {
     const cVorstekState &State = Rig.State();
     REQUIRE(Rig.m_Listing.CountLines() == kProgramLines);
@@ -986,7 +986,7 @@ static void Mash(cCalculatorRig *pRig, unsigned nSeed, int nEvents, int bTrace)
         CheckState(pRig->State());
         if (i % 64 == 0)
         {
-            CheckProgram(*pRig);
+            CheckListedProgram(*pRig);
             pRig->m_Engine.ApplyOptions({static_cast<int>(Masher.Pick(2)),
                                          static_cast<int>(Masher.Pick(2)), bTrace,
                                          static_cast<int>(Masher.Pick(2))});

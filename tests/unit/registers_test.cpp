@@ -1,12 +1,9 @@
 #include <cmath>
-#include <limits>
 #include <random>
 #include <string>
 
 #include "tests/unit/calculator_rig.h"
-
-static const double kMost = 9.999999999e99;
-static const double kNan  = std::numeric_limits<double>::quiet_NaN();
+#include "tests/unit/special_numbers.h"
 
 static std::string BoxLine(unsigned nRegister, const char *szValue)
 {

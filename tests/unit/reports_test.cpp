@@ -2,12 +2,10 @@
 // whichever part of the engine finds them.
 
 #include <cstdio>
-#include <limits>
 #include <string>
 
 #include "tests/unit/calculator_rig.h"
-
-static const double kNan = std::numeric_limits<double>::quiet_NaN();
+#include "tests/unit/special_numbers.h"
 
 static size_t CountBoxes(const cCalculatorRig &Rig, const char *szText)
 {

@@ -15,6 +15,13 @@
 
 #include <doctest/doctest.h>
 
+// What ends a line of a text file here.
+#ifdef _WIN32
+inline const std::string kLineEnd = "\r\n";
+#else
+inline const std::string kLineEnd = "\n";
+#endif
+
 // Made under the current directory, under a name that no other test uses at
 // the same time; removed with all that lies in it.
 class cScratchFolder

@@ -10,14 +10,14 @@
 namespace
 {
 
-struct cRow
+struct cPixelRow
 {
-    bool operator==(const cRow &) const = default;
+    bool operator==(const cPixelRow &) const = default;
 
     int m_nY, m_nLeft, m_nRight;
 };
 
-typedef std::vector<cRow> cRows;
+typedef std::vector<cPixelRow> cRows;
 
 const cRect kEverywhere = {-100000, -100000, 100000, 100000};
 
@@ -35,7 +35,7 @@ static cRows RowsOf(cPoint From, cPoint To, double dWidth, const cRect &Area = k
 // 1 if the pixel is among those of the rows.
 static int Has(const cRows &Rows, int nX, int nY)
 {
-    return std::any_of(Rows.begin(), Rows.end(), [=](const cRow &Row) {
+    return std::any_of(Rows.begin(), Rows.end(), [=](const cPixelRow &Row) {
         return nY == Row.m_nY && nX >= Row.m_nLeft && nX < Row.m_nRight;
     });
 }
@@ -106,10 +106,10 @@ TEST_CASE("only what is in the area is reported")
     for (const cPoint To : {cPoint{40, 31}, cPoint{-12, 12}, cPoint{2, 60}, cPoint{35, 4}})
     {
         cRows Expected;
-        for (const cRow &Row : RowsOf({1, -9}, To, 4))
+        for (const cPixelRow &Row : RowsOf({1, -9}, To, 4))
         {
-            const cRow Part = {Row.m_nY, std::max(Row.m_nLeft, Area.m_nLeft),
-                               std::min(Row.m_nRight, Area.m_nRight)};
+            const cPixelRow Part = {Row.m_nY, std::max(Row.m_nLeft, Area.m_nLeft),
+                                    std::min(Row.m_nRight, Area.m_nRight)};
             if (Row.m_nY >= Area.m_nTop && Row.m_nY < Area.m_nBottom &&
                 Part.m_nLeft < Part.m_nRight)
                 Expected.push_back(Part);
@@ -129,7 +129,7 @@ TEST_CASE("segments as long as they can be stay in their boxes")
         const cRows Rows   = RowsOf({-nFar, -nFar}, To, 4);
         const int   nLevel = To.m_nY < 0;
         CHECK(static_cast<int>(Rows.size()) >= (nLevel ? 4 : 2 * nFar + 1));
-        CHECK(std::all_of(Rows.begin(), Rows.end(), [=](const cRow &Row) {
+        CHECK(std::all_of(Rows.begin(), Rows.end(), [=](const cPixelRow &Row) {
             return Row.m_nLeft >= -nFar - 2 && Row.m_nRight <= nFar + 2;
         }));
         CHECK(Has(Rows, 0, (To.m_nY - nFar) / 2) == (To.m_nX == nFar));

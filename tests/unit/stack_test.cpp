@@ -1,9 +1,7 @@
 #include <cmath>
-#include <limits>
 
 #include "tests/unit/calculator_rig.h"
-
-static const double kPi = 3.141592653589793;
+#include "tests/unit/special_numbers.h"
 
 // The four levels, as numbers and as texts.
 static void CheckStack(cCalculatorRig *pRig, double dX, double dY, double dZ, double dT)
@@ -200,9 +198,7 @@ TEST_CASE("LASTx brings back what the last calculation consumed")
 
 TEST_CASE("results are held within the range and away from denormal numbers")
 {
-    const double kMost  = 9.999999999e99;
     const double kLeast = 1e-99;
-    const double kNan   = std::numeric_limits<double>::quiet_NaN();
     const struct
     {
         double      dResult;

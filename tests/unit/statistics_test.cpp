@@ -3,8 +3,7 @@
 #include <vector>
 
 #include "tests/unit/calculator_rig.h"
-
-static const double kMost = 9.999999999e99;
+#include "tests/unit/special_numbers.h"
 
 // n and the sums of x, x squared, y, y squared, xy; LASTx 9.
 static void SetSums(cCalculatorRig *pRig, const std::vector<double> &Sums)

@@ -14,8 +14,8 @@
 #include "tests/unit/failing_memory.h"
 #include "tests/unit/recording_boxes.h"
 
-static const float kInfinity = std::numeric_limits<float>::infinity();
-static const float kNan      = std::numeric_limits<float>::quiet_NaN();
+static const float kFloatInfinity = std::numeric_limits<float>::infinity();
+static const float kFloatNan      = std::numeric_limits<float>::quiet_NaN();
 
 namespace
 {
@@ -198,13 +198,13 @@ TEST_CASE("a point with a NaN is refused and changes nothing")
 {
     cPlotRig Rig;
 
-    CHECK(Rig.m_Plot.AddPoint(1, kNan, 1.0F) == 0);
-    CHECK(Rig.m_Plot.AddPoint(1, 1.0F, kNan) == 0);
+    CHECK(Rig.m_Plot.AddPoint(1, kFloatNan, 1.0F) == 0);
+    CHECK(Rig.m_Plot.AddPoint(1, 1.0F, kFloatNan) == 0);
     CHECK(Rig.m_Plot.Count() == 0);
 
     REQUIRE(Rig.AddWhole(2, false) == 1);
-    CHECK(Rig.m_Plot.AddPoint(1, kNan, 1.0F) == 0);
-    CHECK(Rig.m_Plot.AddPoint(1, 1.0F, kNan) == 0);
+    CHECK(Rig.m_Plot.AddPoint(1, kFloatNan, 1.0F) == 0);
+    CHECK(Rig.m_Plot.AddPoint(1, 1.0F, kFloatNan) == 0);
     CHECK(Rig.Set(1).m_nPoints == 2);
     CHECK(Rig.Set(1).m_nCapacity == 2);
 }
@@ -213,8 +213,8 @@ TEST_CASE("an infinite point is stored as the largest float")
 {
     cPlotRig Rig;
 
-    CHECK(Rig.m_Plot.AddPoint(1, kInfinity, -kInfinity) == 1);
-    CHECK(Rig.m_Plot.AddPoint(1, 0.0F, kInfinity) == 1);
+    CHECK(Rig.m_Plot.AddPoint(1, kFloatInfinity, -kFloatInfinity) == 1);
+    CHECK(Rig.m_Plot.AddPoint(1, 0.0F, kFloatInfinity) == 1);
 
     CHECK(Rig.Set(1).m_pX[0] == FLT_MAX);
     CHECK(Rig.Set(1).m_pY[0] == -FLT_MAX);

@@ -17,23 +17,23 @@
 #include "tests/unit/scratch_folder.h"
 #include "toolkit/win32/gdi.h"
 
-static const int kWidth  = 5;
-static const int kHeight = 3;
+static const int kPictureWidth  = 5;
+static const int kPictureHeight = 3;
 
-static const COLORREF kRed   = RGB(255, 0, 0);
-static const COLORREF kBlue  = RGB(0, 0, 255);
-static const COLORREF kWhite = RGB(255, 255, 255);
-static const COLORREF kBlack = RGB(0, 0, 0);
+static const COLORREF kRedPixel   = RGB(255, 0, 0);
+static const COLORREF kBluePixel  = RGB(0, 0, 255);
+static const COLORREF kWhitePixel = RGB(255, 255, 255);
+static const COLORREF kBlackPixel = RGB(0, 0, 0);
 
 // White, with a red and a blue pixel in the top row and a black one at the bottom
 // left.
 static COLORREF SourcePixel(int nX, int nY)
 {
     if (nY == 0 && nX == 1)
-        return kRed;
+        return kRedPixel;
     if (nY == 0 && nX == 4)
-        return kBlue;
-    return nY == kHeight - 1 && nX == 0 ? kBlack : kWhite;
+        return kBluePixel;
+    return nY == kPictureHeight - 1 && nX == 0 ? kBlackPixel : kWhitePixel;
 }
 
 namespace
@@ -41,12 +41,13 @@ namespace
 
 struct cSource
 {
-    cSource() : m_Bitmap(CreateCompatibleBitmap(cWindowDc(nullptr).Get(), kWidth, kHeight))
+    cSource()
+        : m_Bitmap(CreateCompatibleBitmap(cWindowDc(nullptr).Get(), kPictureWidth, kPictureHeight))
     {
         const cMemoryDc    Dc(nullptr);
         const cSelectGuard Selected(Dc.Get(), m_Bitmap.Get());
-        for (int nY = 0; nY < kHeight; nY++)
-            for (int nX = 0; nX < kWidth; nX++)
+        for (int nY = 0; nY < kPictureHeight; nY++)
+            for (int nX = 0; nX < kPictureWidth; nX++)
                 SetPixel(Dc.Get(), nX, nY, SourcePixel(nX, nY));
     }
 
@@ -71,20 +72,20 @@ static void CheckPlatformShows(const std::string &Name)
     REQUIRE(Read.Get());
     const cMemoryDc    Dc(nullptr);
     const cSelectGuard Selected(Dc.Get(), Read.Get());
-    for (int nY = 0; nY < kHeight; nY++)
-        for (int nX = 0; nX < kWidth; nX++)
+    for (int nY = 0; nY < kPictureHeight; nY++)
+        for (int nX = 0; nX < kPictureWidth; nX++)
             CHECK(GetPixel(Dc.Get(), nX, nY) == SourcePixel(nX, nY));
 }
 
 // The GIF file that the encoder writes for the source's pixels.
 static std::string ExpectedGif()
 {
-    cBytes Pixels(DibRowBytes(kWidth, 24) * kHeight);
-    for (int nY = 0; nY < kHeight; nY++)
-        for (int nX = 0; nX < kWidth; nX++)
+    cBytes Pixels(DibRowBytes(kPictureWidth, 24) * kPictureHeight);
+    for (int nY = 0; nY < kPictureHeight; nY++)
+        for (int nX = 0; nX < kPictureWidth; nX++)
         {
-            const COLORREF nColour = SourcePixel(nX, kHeight - 1 - nY);
-            const size_t   nRow    = DibRowBytes(kWidth, 24) * static_cast<size_t>(nY);
+            const COLORREF nColour = SourcePixel(nX, kPictureHeight - 1 - nY);
+            const size_t   nRow    = DibRowBytes(kPictureWidth, 24) * static_cast<size_t>(nY);
             uint8_t *const pPixel  = &Pixels[nRow + static_cast<size_t>(3 * nX)];
             pPixel[0]              = GetBValue(nColour);
             pPixel[1]              = GetGValue(nColour);
@@ -92,7 +93,8 @@ static std::string ExpectedGif()
         }
     cReducedImage Reduced;
     cMemorySink   Sink;
-    CHECK(ReduceColours({kWidth, kHeight, 24, 0, nullptr, Pixels.data()}, &Reduced) == 1);
+    CHECK(ReduceColours({kPictureWidth, kPictureHeight, 24, 0, nullptr, Pixels.data()}, &Reduced) ==
+          1);
     CHECK(WriteGifFile(&Sink, Reduced.Dib(), "") == grWritten);
     return std::string(Sink.m_Bytes.begin(), Sink.m_Bytes.end());
 }
@@ -123,14 +125,14 @@ TEST_CASE("a bitmap becomes a BMP file of each depth")
                            Folder.Name("plot.bmp").c_str(), &Boxes) == 1);
 
         const std::string Bytes = Folder.Read("plot.bmp");
-        CHECK(Bytes.size() == Row.nPixelsAt + kHeight * Row.nRowBytes);
+        CHECK(Bytes.size() == Row.nPixelsAt + kPictureHeight * Row.nRowBytes);
         CHECK(Number(Bytes, 2, 4) == Bytes.size());
         CHECK(Number(Bytes, 10, 4) == Row.nPixelsAt);
-        CHECK(Number(Bytes, 18, 4) == kWidth);
-        CHECK(Number(Bytes, 22, 4) == kHeight);
+        CHECK(Number(Bytes, 18, 4) == kPictureWidth);
+        CHECK(Number(Bytes, 22, 4) == kPictureHeight);
         CHECK(Number(Bytes, 28, 2) == Row.nBits);
         CHECK(Number(Bytes, 30, 4) == Row.nCompression);
-        CHECK(Number(Bytes, 34, 4) == kHeight * Row.nRowBytes);
+        CHECK(Number(Bytes, 34, 4) == kPictureHeight * Row.nRowBytes);
         CHECK(Number(Bytes, 46, 4) == Row.nColours);
         CheckPlatformShows(Folder.Name("plot.bmp"));
         CHECK(Boxes.m_Boxes.empty());
@@ -159,12 +161,12 @@ TEST_CASE("pixels of 16 bits match the masks in the file")
 
 TEST_CASE("a bitmap of two colours becomes a BMP file of 1 bit")
 {
-    const cGdiBitmap Mono(CreateBitmap(kWidth, kHeight, 1, 1, nullptr));
+    const cGdiBitmap Mono(CreateBitmap(kPictureWidth, kPictureHeight, 1, 1, nullptr));
     {
         const cMemoryDc    Dc(nullptr);
         const cSelectGuard Selected(Dc.Get(), Mono.Get());
-        PatBlt(Dc.Get(), 0, 0, kWidth, kHeight, BLACKNESS);
-        SetPixel(Dc.Get(), 1, 0, kWhite);
+        PatBlt(Dc.Get(), 0, 0, kPictureWidth, kPictureHeight, BLACKNESS);
+        SetPixel(Dc.Get(), 1, 0, kWhitePixel);
     }
     const cScratchFolder Folder;
     cRecordingBoxes      Boxes;

@@ -65,7 +65,7 @@ using cEvents = std::vector<cEvent>;
 
 }  // namespace
 
-static std::string TextOf(const RECT &Rect)
+static std::string RectText(const RECT &Rect)
 {
     return std::to_string(Rect.left) + "," + std::to_string(Rect.top) + " to " +
            std::to_string(Rect.right) + "," + std::to_string(Rect.bottom);
@@ -99,7 +99,7 @@ struct cEmptyRig : cFrameRig
         });
         Listen(kSlotDisplay, [](cCallbackObj *, void *pArgument, uintptr_t dwRig) {
             reinterpret_cast<cEmptyRig *>(dwRig)->m_Uncovered.push_back(
-                TextOf(*static_cast<const RECT *>(pArgument)));
+                RectText(*static_cast<const RECT *>(pArgument)));
         });
     }
 

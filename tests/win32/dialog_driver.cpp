@@ -49,3 +49,10 @@ void Press(HWND hDialog, int nButton)
     PostMessageA(hDialog, WM_COMMAND, MAKEWPARAM(nButton, BN_CLICKED),
                  reinterpret_cast<LPARAM>(GetDlgItem(hDialog, nButton)));
 }
+
+std::string TextOf(HWND hWnd)
+{
+    char szText[4000] = "";
+    SendMessageA(hWnd, WM_GETTEXT, sizeof szText, reinterpret_cast<LPARAM>(szText));
+    return szText;
+}

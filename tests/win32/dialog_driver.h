@@ -10,6 +10,7 @@
 #include "toolkit/win32/win32.h"
 
 #include <functional>
+#include <string>
 
 class cDialogDriver
 {
@@ -35,5 +36,8 @@ private:
 
 // Posts a click on a button of a dialog.
 void Press(HWND hDialog, int nButton);
+
+// The text of a window or a control, 3999 characters at most.
+std::string TextOf(HWND hWnd);
 
 #endif

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-static const COLORREF kWhite = RGB(255, 255, 255);
+static const COLORREF kSheetGround = RGB(255, 255, 255);
 
 static HBITMAP MakeBitmap(int nWidth, int nHeight)
 {
@@ -30,7 +30,7 @@ cRect cDrawnSheet::DrawnBox() const
     cRect Box = {m_nWidth, m_nHeight, 0, 0};
     for (int nY = 0; nY < m_nHeight; nY++)
         for (int nX = 0; nX < m_nWidth; nX++)
-            if (Pixel(nX, nY) != kWhite)
+            if (Pixel(nX, nY) != kSheetGround)
                 Box = {std::min(Box.m_nLeft, nX), std::min(Box.m_nTop, nY),
                        std::max(Box.m_nRight, nX + 1), std::max(Box.m_nBottom, nY + 1)};
     return Box;

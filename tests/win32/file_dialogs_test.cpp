@@ -15,13 +15,6 @@
 
 static const char kFilter[] = "Text Files (*.TXT)\0*.TXT\0";
 
-static std::string TextOf(HWND hWnd)
-{
-    char szText[4000] = "";
-    SendMessageA(hWnd, WM_GETTEXT, sizeof szText, reinterpret_cast<LPARAM>(szText));
-    return szText;
-}
-
 namespace
 {
 

@@ -21,9 +21,9 @@ static const int    kMargins = 500;  // thousandths of an inch
 namespace
 {
 
-struct cGraphRig
+struct cPrintedGraphRig
 {
-    cGraphRig() : m_Box(&m_Rig.m_Boxes), m_Sheet(kAcross, kDown)
+    cPrintedGraphRig() : m_Box(&m_Rig.m_Boxes), m_Sheet(kAcross, kDown)
     {
         cVantorBoxSettings Settings;
         Settings.m_crBackground = kGround;
@@ -31,9 +31,9 @@ struct cGraphRig
         const float Y[] = {1.0F, 3.0F, 2.0F};
         REQUIRE(m_Box.AddDataSet(3, nullptr, Y, nullptr) == 1);
     }
-    ~cGraphRig() { m_Rig.m_Frame.Close(); }
-    cGraphRig(const cGraphRig &)            = delete;
-    cGraphRig &operator=(const cGraphRig &) = delete;
+    ~cPrintedGraphRig() { m_Rig.m_Frame.Close(); }
+    cPrintedGraphRig(const cPrintedGraphRig &)            = delete;
+    cPrintedGraphRig &operator=(const cPrintedGraphRig &) = delete;
 
     cFrameRig   m_Rig;
     cVantorBox  m_Box;
@@ -47,8 +47,8 @@ TEST_CASE("the background of a printed graph fills the area within the margins")
     for (const int bTurned : {0, 1})
     {
         CAPTURE(bTurned);
-        cGraphRig   Rig;
-        cPageChoice Page;
+        cPrintedGraphRig Rig;
+        cPageChoice      Page;
         Page.m_Margins = {kMargins, kMargins, kMargins, kMargins};
         Page.m_bTurned = bTurned;
 
@@ -66,8 +66,8 @@ TEST_CASE("margins larger than the sheet print an empty page")
     for (const int bTurned : {0, 1})
     {
         CAPTURE(bTurned);
-        cGraphRig   Rig;
-        cPageChoice Page;
+        cPrintedGraphRig Rig;
+        cPageChoice      Page;
         Page.m_Margins = {3000, 3000, 3000, 3000};
         Page.m_bTurned = bTurned;
 
@@ -79,7 +79,7 @@ TEST_CASE("margins larger than the sheet print an empty page")
 
 TEST_CASE("printing a graph does not change the window's layout")
 {
-    cGraphRig         Rig;
+    cPrintedGraphRig  Rig;
     const cPlotLayout Before = Rig.m_Box.Layout();
 
     REQUIRE(DrawGraphPage(Rig.m_Sheet.Dc(), kSheet, Rig.m_Box, cPageChoice()) == 1);

@@ -10,13 +10,6 @@
 #include "tests/win32/dialog_driver.h"
 #include "tests/win32/test_frame.h"
 
-static std::string TextOf(HWND hWnd)
-{
-    char szText[100] = "";
-    GetWindowTextA(hWnd, szText, sizeof szText);
-    return szText;
-}
-
 TEST_CASE("the sending dialog has its owner's title and names the document")
 {
     const cFrameRig Rig;

@@ -67,9 +67,9 @@ public:
 
 }  // namespace
 
-static const cPaper       kPaper   = {0, 100, 100, cSheet::kWidth, cSheet::kHeight, 0, 0, 0, 0};
-static const cPrintChoice kAllOnce = {1, 0, 0, 0, 0};
-static const COLORREF     kBlue    = RGB(0, 0, 255);
+static const cPaper       kSmallPaper = {0, 100, 100, cSheet::kWidth, cSheet::kHeight, 0, 0, 0, 0};
+static const cPrintChoice kAllOnce    = {1, 0, 0, 0, 0};
+static const COLORREF     kBlueText   = RGB(0, 0, 255);
 
 // 14.4 points, which are 20 pixels on the sheet, without smoothed edges, so that
 // all ink has the colour of the text.
@@ -80,7 +80,7 @@ static cTextLook Look(int bLandscape)
     Look.m_LogFont.lfQuality        = NONANTIALIASED_QUALITY;
     snprintf(Look.m_LogFont.lfFaceName, sizeof Look.m_LogFont.lfFaceName, "Courier New");
     Look.m_nPointSize = 144;
-    Look.m_crText     = kBlue;
+    Look.m_crText     = kBlueText;
     Look.m_Margins    = {500, 400, 500, 300};
     Look.m_bLandscape = bLandscape;
     return Look;
@@ -93,10 +93,10 @@ static RECT InkOfFirstSheet(const std::vector<std::string> &Text, int bLandscape
     const cLines    Lines(Text);
     const cTextLook Chosen = Look(bLandscape);
     cRecordingBoxes Boxes;
-    cTextPages      Pages(Sheet.Dc(), Lines, Chosen, kPaper, kAllOnce);
+    cTextPages      Pages(Sheet.Dc(), Lines, Chosen, kSmallPaper, kAllOnce);
     REQUIRE(Pages.Prepare(&Boxes) == 1);
     Pages.DrawSheet(0);
-    return Sheet.Ink(kBlue);
+    return Sheet.Ink(kBlueText);
 }
 
 TEST_CASE("the first line of a page starts at the left and top margins")
@@ -136,7 +136,7 @@ TEST_CASE("a line is drawn without its line end")
     const cLines    Lines({"abc"});
     const cTextLook Upright = Look(0);
     cRecordingBoxes Boxes;
-    cTextPages      Pages(Plain.Dc(), Lines, Upright, kPaper, kAllOnce);
+    cTextPages      Pages(Plain.Dc(), Lines, Upright, kSmallPaper, kAllOnce);
     REQUIRE(Pages.Prepare(&Boxes) == 1);
     Pages.DrawSheet(0);
 
@@ -144,7 +144,7 @@ TEST_CASE("a line is drawn without its line end")
     LogFont.lfHeight = -20;
     const cGdiFont     Font(CreateFontIndirectA(&LogFont));
     const cSelectGuard Selected(WithEnd.Dc(), Font.Get());
-    SetTextColor(WithEnd.Dc(), kBlue);
+    SetTextColor(WithEnd.Dc(), kBlueText);
     TextOutA(WithEnd.Dc(), 50, 40, "abc", 3);
 
     for (int nY = 0; nY < cSheet::kHeight; nY++)
@@ -161,15 +161,15 @@ TEST_CASE("each page shows its own lines")
     cRecordingBoxes Boxes;
 
     const cSheet First;
-    cTextPages   Pages(First.Dc(), Lines, Upright, kPaper, kAllOnce);
+    cTextPages   Pages(First.Dc(), Lines, Upright, kSmallPaper, kAllOnce);
     REQUIRE(Pages.Prepare(&Boxes) == 1);
     const int nSheets = Pages.CountSheets();
     CHECK(nSheets > 2);
 
     Pages.DrawSheet(0);
-    CHECK(First.Ink(kBlue).right == 0);
+    CHECK(First.Ink(kBlueText).right == 0);
     Pages.DrawSheet(nSheets - 1);
-    CHECK(First.Ink(kBlue).right > 0);
+    CHECK(First.Ink(kBlueText).right > 0);
 }
 
 TEST_CASE("the text of a page ends above the bottom margin")
@@ -187,8 +187,8 @@ TEST_CASE("copies and the chosen range decide how many sheets there are")
     std::vector<std::string> Text(100, "H");
     const cLines             Lines(Text);
 
-    const cTextPages All(Sheet.Dc(), Lines, Upright, kPaper, kAllOnce);
-    const cTextPages Two(Sheet.Dc(), Lines, Upright, kPaper, {3, 1, 1, 2, 3});
+    const cTextPages All(Sheet.Dc(), Lines, Upright, kSmallPaper, kAllOnce);
+    const cTextPages Two(Sheet.Dc(), Lines, Upright, kSmallPaper, {3, 1, 1, 2, 3});
 
     CHECK(All.CountSheets() > 5);
     CHECK(Two.CountSheets() == 6);

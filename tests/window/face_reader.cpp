@@ -2,14 +2,14 @@
 
 #include "toolkit/win32/gdi.h"
 
-static const char     kFirstCharacter = ' ';
-static const char     kLastCharacter  = '~';
-static const int      kPoints[]       = {12, 8};
-static const COLORREF kLit            = RGB(255, 0, 0);
+static const char     kFirstCharacter  = ' ';
+static const char     kLastCharacter   = '~';
+static const int      kSegmentPoints[] = {12, 8};
+static const COLORREF kLit             = RGB(255, 0, 0);
 
 static HFONT CreateFaceFont(const cWindowDc &Screen, const char *szFace, eFaceFont nFont)
 {
-    const int nHeight = -MulDiv(kPoints[nFont], GetDeviceCaps(Screen.Get(), LOGPIXELSY), 72);
+    const int nHeight = -MulDiv(kSegmentPoints[nFont], GetDeviceCaps(Screen.Get(), LOGPIXELSY), 72);
     return CreateFontA(nHeight, 0, 0, 0, FW_NORMAL, 0, 0, 0, ANSI_CHARSET, OUT_DEFAULT_PRECIS,
                        CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN, szFace);
 }

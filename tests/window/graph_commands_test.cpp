@@ -33,7 +33,7 @@ struct cMenuRow
 }  // namespace
 
 // clang-format off
-static const cMenuRow kRows[] =
+static const cMenuRow kMenuRows[] =
 {
     { gmFile, IDM_GRAPH_NEW,        "&New\tCtrl+N",                 nullptr,            0,     0,     0 },
     { gmFile, IDM_GRAPH_OPEN,       "&Open...\tCtrl+O",             "Open",             'O',   kCtrl, 0 },
@@ -109,7 +109,7 @@ TEST_CASE("every item of the graph's menus has its position, text and command")
     const cGraphWindow &Graph  = Shared<cGraphRig>().m_Graph;
     eGraphMenu          nMenu  = gmFile;
     UINT                nPlace = 0;
-    for (const cMenuRow &Row : kRows)
+    for (const cMenuRow &Row : kMenuRows)
     {
         const std::string Text = Row.m_szText;
         CAPTURE(Text);
@@ -126,7 +126,7 @@ TEST_CASE("each dialog is opened from the menu bar, by its key and from the cont
 {
     cGraphRig    &Rig   = Shared<cGraphRig>();
     cGraphWindow &Graph = Rig.m_Graph;
-    for (const cMenuRow &Row : kRows)
+    for (const cMenuRow &Row : kMenuRows)
     {
         const std::string Text = Row.m_szText;
         CAPTURE(Text);

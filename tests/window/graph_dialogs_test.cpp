@@ -26,9 +26,9 @@ struct cRefusalRow
 };
 
 // A graph with two lines. Tests that share it cancel its dialogs.
-struct cTwoLinesRig
+struct cDialogRig
 {
-    cTwoLinesRig() : m_Graph(&m_Calculator)
+    cDialogRig() : m_Graph(&m_Calculator)
     {
         m_Graph.Open("two.txt", "SetLabels \"first\" , \"second\"\n1 , 10\n2 , 20\n3 , 30\n");
     }
@@ -212,7 +212,7 @@ TEST_CASE("the editor adds points, and deletes a set without points together wit
 
 TEST_CASE("the editor refuses numbers that name no data set")
 {
-    cTwoLinesRig &Rig   = Shared<cTwoLinesRig>();
+    cDialogRig   &Rig   = Shared<cDialogRig>();
     cGraphWindow &Graph = Rig.m_Graph;
     Graph.Choose(gmEdit, IDM_EDIT_DATA_SET);
     for (const char *const szLine : {"0", "3", "abc", "", "-1", "1 "})
@@ -255,7 +255,7 @@ TEST_CASE("a set of 1000 points is edited, one of 1001 points is not")
 
 TEST_CASE("Reformat Plot shows the settings of the plot")
 {
-    cGraphWindow &Graph = Shared<cTwoLinesRig>().m_Graph;
+    cGraphWindow &Graph = Shared<cDialogRig>().m_Graph;
     Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
     CHECK(Graph.Caption() == "Reformat Plot");
     CHECK(Graph.IsCentred());
@@ -273,7 +273,7 @@ TEST_CASE("Reformat Plot shows the settings of the plot")
 
 TEST_CASE("Reformat Plot names the first bad field, and the next one once that is good")
 {
-    cGraphWindow &Graph = Shared<cTwoLinesRig>().m_Graph;
+    cGraphWindow &Graph = Shared<cDialogRig>().m_Graph;
     Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
     for (const cFieldRow &Field : kPlotFields)
         Graph.Fill(Field.m_nField, "");
@@ -292,7 +292,7 @@ TEST_CASE("Reformat Plot refuses more than 26 ticks and texts that are no number
         {IDC_HORZ_TICKS, "6.0"}, {IDC_HORZ_MIN, "abc"},  {IDC_HORZ_MAX, "1,5"},
         {IDC_VERT_TICKS, "27"},  {IDC_VERT_MIN, "0x10"}, {IDC_VERT_MAX, "inf"},
     };
-    cGraphWindow &Graph = Shared<cTwoLinesRig>().m_Graph;
+    cGraphWindow &Graph = Shared<cDialogRig>().m_Graph;
     Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
     CheckRefusals(&Graph, kPlotFields, s_Rows);
     Graph.Escape();
@@ -300,7 +300,7 @@ TEST_CASE("Reformat Plot refuses more than 26 ticks and texts that are no number
 
 TEST_CASE("the spin controls of the ticks end at 0 and 26")
 {
-    cGraphWindow &Graph = Shared<cTwoLinesRig>().m_Graph;
+    cGraphWindow &Graph = Shared<cDialogRig>().m_Graph;
     Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
     Graph.Fill(IDC_HORZ_TICKS, "26");
     Graph.Fill(IDC_VERT_TICKS, "0");
@@ -316,7 +316,7 @@ TEST_CASE("the spin controls of the ticks end at 0 and 26")
 
 TEST_CASE("Reformat Plot changes nothing before OK, and Cancel forgets what was entered")
 {
-    cTwoLinesRig     &Rig   = Shared<cTwoLinesRig>();
+    cDialogRig       &Rig   = Shared<cDialogRig>();
     cGraphWindow     &Graph = Rig.m_Graph;
     const std::string Long(90, 'm');
     CHECK(Graph.IsTicked(IDM_AUTO_RANGE));
@@ -357,7 +357,7 @@ static const struct
 
 TEST_CASE("OK applies all fields of Reformat Plot and fixes the range")
 {
-    cTwoLinesRig  Rig;
+    cDialogRig    Rig;
     cGraphWindow &Graph = Rig.m_Graph;
     CHECK(Graph.IsTicked(IDM_AUTO_RANGE));
     Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
@@ -387,7 +387,7 @@ TEST_CASE("OK applies all fields of Reformat Plot and fixes the range")
 
 TEST_CASE("Reformat Line shows the look of the first line")
 {
-    cGraphWindow &Graph = Shared<cTwoLinesRig>().m_Graph;
+    cGraphWindow &Graph = Shared<cDialogRig>().m_Graph;
     Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
     CHECK(Graph.Caption() == "Reformat Line");
     CHECK(Graph.IsCentred());
@@ -407,7 +407,7 @@ TEST_CASE("Reformat Line shows the look of the first line")
 
 TEST_CASE("the styles that Reformat Line offers follow the graph type")
 {
-    cTwoLinesRig &Rig   = Shared<cTwoLinesRig>();
+    cDialogRig   &Rig   = Shared<cDialogRig>();
     cGraphWindow &Graph = Rig.m_Graph;
     Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
     Rig.m_Calculator.ClickControl(IDC_TYPE_SCATTER);
@@ -422,7 +422,7 @@ TEST_CASE("the styles that Reformat Line offers follow the graph type")
 
 TEST_CASE("another line number loads the fields of that line")
 {
-    cTwoLinesRig &Rig   = Shared<cTwoLinesRig>();
+    cDialogRig   &Rig   = Shared<cDialogRig>();
     cGraphWindow &Graph = Rig.m_Graph;
     Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
     Rig.m_Calculator.ClickControl(IDC_TYPE_STOOP);
@@ -447,7 +447,7 @@ TEST_CASE("Reformat Line refuses one bad field after the other, the line number 
         {IDC_FORMATTED_LINE, ""},
         {IDC_FORMATTED_LINE, "x"},
     };
-    cGraphWindow &Graph = Shared<cTwoLinesRig>().m_Graph;
+    cGraphWindow &Graph = Shared<cDialogRig>().m_Graph;
     Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
     Graph.Fill(IDC_FORMATTED_LINE, "3");
     Graph.Fill(IDC_LINE_WIDTH, "5");
@@ -477,7 +477,7 @@ TEST_CASE("Reformat Line refuses widths beyond 1 to 4 and texts that are no numb
         {IDC_LINE_WIDTH, "1.5"}, {IDC_MULTIPLIER, "2x"}, {IDC_MULTIPLIER, ""},
         {IDC_MULTIPLIER, "nan"}, {IDC_OFFSET, ""},       {IDC_OFFSET, "1 2"},
     };
-    cGraphWindow &Graph = Shared<cTwoLinesRig>().m_Graph;
+    cGraphWindow &Graph = Shared<cDialogRig>().m_Graph;
     Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
     CheckRefusals(&Graph, kLineFields, s_Rows);
     Graph.Escape();
@@ -485,7 +485,7 @@ TEST_CASE("Reformat Line refuses widths beyond 1 to 4 and texts that are no numb
 
 TEST_CASE("the spin control of the width ends at 1 and 4")
 {
-    cGraphWindow &Graph = Shared<cTwoLinesRig>().m_Graph;
+    cGraphWindow &Graph = Shared<cDialogRig>().m_Graph;
     Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
     Graph.Fill(IDC_LINE_WIDTH, "4");
     Graph.Spin(IDC_LINE_WIDTH_SPIN, 1);
@@ -500,7 +500,7 @@ TEST_CASE("the spin control of the width ends at 1 and 4")
 }
 
 // Gives the second line another look, with OK.
-static void FormatSecondLine(cTwoLinesRig *pRig)
+static void FormatSecondLine(cDialogRig *pRig)
 {
     const std::string Long(90, 'm');
     cGraphWindow     &Graph = pRig->m_Graph;
@@ -526,7 +526,7 @@ static void FormatSecondLine(cTwoLinesRig *pRig)
 
 TEST_CASE("OK stores the fields of Reformat Line with the line that was chosen")
 {
-    cTwoLinesRig  Rig;
+    cDialogRig    Rig;
     cGraphWindow &Graph = Rig.m_Graph;
     FormatSecondLine(&Rig);
     Graph.Photograph().Save("graph-reformatted-line");
@@ -546,7 +546,7 @@ TEST_CASE("OK stores the fields of Reformat Line with the line that was chosen")
 
 TEST_CASE("Delete Line shows each line; a cancelled Reformat Line has not changed it")
 {
-    cTwoLinesRig  Rig;
+    cDialogRig    Rig;
     cGraphWindow &Graph = Rig.m_Graph;
     FormatSecondLine(&Rig);
     Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
@@ -573,7 +573,7 @@ TEST_CASE("Delete Line shows each line; a cancelled Reformat Line has not change
 
 TEST_CASE("Delete Line refuses numbers that name no line, and Cancel deletes nothing")
 {
-    cTwoLinesRig &Rig   = Shared<cTwoLinesRig>();
+    cDialogRig   &Rig   = Shared<cDialogRig>();
     cGraphWindow &Graph = Rig.m_Graph;
     Graph.Choose(gmEdit, IDM_DELETE_LINE);
     for (const char *const szBad : {"0", "3", "", "one"})
@@ -584,7 +584,7 @@ TEST_CASE("Delete Line refuses numbers that name no line, and Cancel deletes not
 
 TEST_CASE("Delete Line deletes one line after the other; without lines every number is refused")
 {
-    cTwoLinesRig  Rig;
+    cDialogRig    Rig;
     cGraphWindow &Graph = Rig.m_Graph;
     FormatSecondLine(&Rig);
     Graph.Choose(gmEdit, IDM_DELETE_LINE);
@@ -605,7 +605,7 @@ TEST_CASE("Delete Line deletes one line after the other; without lines every num
 
 // Clicks a button that opens a dialog of the platform above the present one,
 // which is returned.
-static HWND OpenAbove(const cTwoLinesRig &Rig, int nButton)
+static HWND OpenAbove(const cDialogRig &Rig, int nButton)
 {
     const HWND hLower = Rig.m_Calculator.Dialog();
     ClickMiddleOf(Rig.m_Graph.Field(nButton));
@@ -616,7 +616,7 @@ static HWND OpenAbove(const cTwoLinesRig &Rig, int nButton)
 }
 
 // Closes the platform's dialog.
-static void CloseAbove(cTwoLinesRig *pRig, HWND hLower, const char *szButton)
+static void CloseAbove(cDialogRig *pRig, HWND hLower, const char *szButton)
 {
     pRig->m_Calculator.Click(szButton);
     REQUIRE(WaitFor([&] { return IsWindowEnabled(hLower); }));
@@ -624,7 +624,7 @@ static void CloseAbove(cTwoLinesRig *pRig, HWND hLower, const char *szButton)
 }
 
 // Chooses kYellow in the platform's dialog.
-static void ChooseYellow(cTwoLinesRig *pRig, int nButton, const char *szClosing)
+static void ChooseYellow(cDialogRig *pRig, int nButton, const char *szClosing)
 {
     const int  nBasicColours = 0x2D0;
     const HWND hLower        = OpenAbove(*pRig, nButton);
@@ -637,7 +637,7 @@ static void ChooseYellow(cTwoLinesRig *pRig, int nButton, const char *szClosing)
 
 TEST_CASE("a line gets the colour that is chosen in the platform's dialog")
 {
-    cTwoLinesRig  Rig;
+    cDialogRig    Rig;
     cGraphWindow &Graph = Rig.m_Graph;
     Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
     ChooseYellow(&Rig, IDC_CHANGE_COLOUR, "Cancel");
@@ -652,7 +652,7 @@ TEST_CASE("a line gets the colour that is chosen in the platform's dialog")
 
 TEST_CASE("the background gets its colour with the OK of Reformat Plot")
 {
-    cTwoLinesRig  Rig;
+    cDialogRig    Rig;
     cGraphWindow &Graph = Rig.m_Graph;
     Graph.Choose(gmEdit, IDM_REFORMAT_PLOT);
     ChooseYellow(&Rig, IDC_BACKGROUND_COLOUR, "OK");
@@ -675,7 +675,7 @@ TEST_CASE("the background gets its colour with the OK of Reformat Plot")
 TEST_CASE("a font that cannot be made leaves the plot its former font")
 {
     const int      nSizes = 0x472;  // the list of the platform's dialog
-    cTwoLinesRig   Rig;
+    cDialogRig     Rig;
     const cPicture Before = Rig.m_Graph.PhotographPlot();
     cProbeLink::Current()->Ask(pbNoFonts);
 

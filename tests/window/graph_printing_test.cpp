@@ -7,25 +7,17 @@
 #include <string>
 #include <vector>
 
-#include <dlgs.h>
 #include <doctest/doctest.h>
 
 #include "tests/window/calculator.h"
 #include "tests/window/common_steps.h"
 #include "tests/window/graph_window.h"
 #include "tests/window/leaks.h"
+#include "tests/window/print_dialogs.h"
 #include "tests/window/waiting.h"
 
-// Controls of the platform's dialogs.
-static const int kPageRange  = rad3;
-static const int kCopies     = edt3;
-static const int kLandscape  = rad2;
-static const int kMarginLeft = edt4;
-static const int kMarginTop  = edt5;
-
-static const int      kInch = 100;  // in the units of cInk
-static const int      kEdge = 1;    // of the position of a line
-static const unsigned kRed  = 0xFF0000;
+static const int      kEdge   = 1;  // of the position of a line
+static const unsigned kRedInk = 0xFF0000;
 
 static const char *const kFall = "ExplicitX\n"
                                  "Title \"Free fall\"\n"
@@ -40,9 +32,9 @@ static const char *const kFall = "ExplicitX\n"
 namespace
 {
 
-struct cGraphRig
+struct cPaperRig
 {
-    cGraphRig() : m_Graph(&m_Calculator) { m_Graph.Open("fall.txt", kFall); }
+    cPaperRig() : m_Graph(&m_Calculator) { m_Graph.Open("fall.txt", kFall); }
 
     void Ask()
     {
@@ -90,7 +82,7 @@ static int CountRed(const cPicture &Picture, const RECT &Part)
     int nCount = 0;
     for (int y = Part.top; y < Part.bottom; y++)
         for (int x = Part.left; x < Part.right; x++)
-            nCount += Picture.At(x, y) == kRed;
+            nCount += Picture.At(x, y) == kRedInk;
     return nCount;
 }
 
@@ -116,7 +108,7 @@ static int CountRules(const cPicture &Picture, int bTurned)
 
 TEST_CASE("the graph is printed with title, legend and data on one page")
 {
-    cGraphRig Rig;
+    cPaperRig Rig;
     Rig.Ask();
     CHECK_FALSE(IsWindowEnabled(GetDlgItem(Rig.m_Calculator.Dialog(), kPageRange)));
     Rig.m_Calculator.Click("OK");
@@ -141,14 +133,14 @@ TEST_CASE("the graph is printed with title, legend and data on one page")
     CHECK(Ink.m_nTop >= kInch - kEdge);
     CHECK(Ink.m_nTop < kInch + 10);
     CHECK(CountRules(Page.m_Picture, 0) == 4);  // an axis and the legend's frame
-    const cInk Red = Page.InkOf(kRed);
+    const cInk Red = Page.InkOf(kRedInk);
     CHECK(Red.m_nTop < 2 * kInch);                               // the data
     CHECK(Red.m_nBottom > Page.m_Picture.Height() - 2 * kInch);  // the sample
 }
 
 TEST_CASE("the grid is printed if it is shown, and the legend is not if it is hidden")
 {
-    cGraphRig              Rig;
+    cPaperRig              Rig;
     const cPrintedDocument Plain = Rig.Print();
     Rig.m_Graph.Choose(gmView, IDM_GRID);
     const cPrintedDocument WithGrid = Rig.Print();
@@ -161,13 +153,13 @@ TEST_CASE("the grid is printed if it is shown, and the legend is not if it is hi
     const cPrintedDocument Bare = Rig.Print();
     const cPrintedPage    &Page = Bare.m_Pages[0];
     CHECK(CountRules(Page.m_Picture, 0) == 1);
-    CHECK(Page.InkOf(kRed).m_nBottom < Page.m_Picture.Height() / 2);
+    CHECK(Page.InkOf(kRedInk).m_nBottom < Page.m_Picture.Height() / 2);
     CHECK(Page.m_Lines.back() == "seconds");
 }
 
 TEST_CASE("the page setup turns the graph and keeps its margins free")
 {
-    cGraphRig Rig;
+    cPaperRig Rig;
     Rig.m_Graph.Choose(gmEdit, IDM_REFORMAT_LINE);
     Rig.m_Graph.Fill(IDC_LINE_WIDTH, "4");
     Rig.m_Calculator.Click("OK");
@@ -209,7 +201,7 @@ TEST_CASE("the page setup turns the graph and keeps its margins free")
 
 TEST_CASE("copies of the graph are pages of one document")
 {
-    cGraphRig Rig;
+    cPaperRig Rig;
     Rig.Ask();
     FillField(&Rig.m_Calculator, kCopies, "2");
     Rig.m_Calculator.Click("OK");
@@ -220,7 +212,7 @@ TEST_CASE("copies of the graph are pages of one document")
 
 TEST_CASE("the graph's Print dialog disables the calculator, and Cancel prints nothing")
 {
-    cGraphRig Rig;
+    cPaperRig Rig;
     Rig.Ask();
     CHECK_FALSE(IsWindowEnabled(Rig.m_Calculator.Window()));
     Rig.m_Calculator.Click("Cancel");
@@ -231,7 +223,7 @@ TEST_CASE("the graph's Print dialog disables the calculator, and Cancel prints n
 
 TEST_CASE("a printing graph can be cancelled")
 {
-    cGraphRig Rig;
+    cPaperRig Rig;
     Rig.Ask();
     FillField(&Rig.m_Calculator, kCopies, "999");
     const HWND hPrint = Rig.m_Calculator.Dialog();
@@ -247,7 +239,7 @@ TEST_CASE("a printing graph can be cancelled")
 
 TEST_CASE("a hundred openings of the graph's printer dialog leave nothing behind")
 {
-    const cGraphRig Rig;
+    const cPaperRig Rig;
     CHECK(LeavesNothing(Rig.m_Calculator, 100, kpNothing, [&] {
         OpenAndClose(Rig.m_Calculator, Rig.m_Graph.Window(), IDM_PRINT_GRAPH);
     }));

@@ -22,7 +22,7 @@
 static const int kReach     = 6;  // of the cross-hair
 static const int kPositions = 9;  // of the mouse, along each axis
 
-static const unsigned kColour = 0xFFFFFF;
+static const unsigned kReadoutColour = 0xFFFFFF;
 
 namespace
 {
@@ -39,7 +39,7 @@ struct cPointOfSet
 
 // x and three columns: the second, scaled, coincides with the first, the third
 // meets both, and the last two rows are equal.
-static const double kRows[][4] = {
+static const double kReadings[][4] = {
     {0, 1, 9, 4},   {1, 2.5, 7.5, 4},   {2, 4, 6, 4},    {3, 5, 5, 5},     {4, 6, 4, 6},
     {5, 7.5, 2, 7}, {6.5, 9, 1, 1.125}, {8, 3, 7, -2.5}, {9.75, 0, 10, 3}, {9.75, 0, 10, 3},
 };
@@ -60,7 +60,7 @@ enum eTitle
 static std::string DataFile(eTitle nTitle)
 {
     std::string Text = nTitle == tiGiven ? "ExplicitX\nTitle \"Three\"\n" : "ExplicitX\n";
-    for (const auto &Row : kRows)
+    for (const auto &Row : kReadings)
     {
         char szLine[100];
         snprintf(szLine, sizeof szLine, "%g,%g,%g,%g\n", Row[0], Row[1], Row[2], Row[3]);
@@ -74,7 +74,7 @@ static std::vector<cPointOfSet> Points()
 {
     std::vector<cPointOfSet> All;
     for (int nSet = 0; nSet < 3; nSet++)
-        for (const auto &Row : kRows)
+        for (const auto &Row : kReadings)
         {
             const double y = Row[nSet + 1];
             All.push_back({nSet, Row[0], y, nSet == 1 ? kMultiplier * y + kOffset : y});
@@ -237,7 +237,7 @@ int cReadoutRig::Shows(const cPicture &Seen, const std::string &Text, POINT At) 
         {
             const int bInPlot =
                 x >= m_Area.left && x < m_Area.right && y >= m_Area.top && y < m_Area.bottom;
-            const unsigned nInvert = bInPlot && IsInverted(At, x, y) ? kColour : 0;
+            const unsigned nInvert = bInPlot && IsInverted(At, x, y) ? kReadoutColour : 0;
             if (Seen.At(x, y) != (Without(x, y, Strip, nTextWidth) ^ nInvert))
                 return 0;
         }

@@ -27,7 +27,7 @@ struct cTicksOfSize
 static const int kWithTitle = 40;  // height, in pixels, that shows at least the title
 
 // A line through the middle of the plot, so that its ends lie on no axis.
-static const char *const kBend = "ExplicitX\n0 , 0\n1 , 2\n2 , 1\n4 , 4\n";
+static const char *const kUnnamedBend = "ExplicitX\n0 , 0\n1 , 2\n2 , 1\n4 , 4\n";
 
 // Gives the plot's window this size. A narrower menu bar may need another row,
 // which takes another try.
@@ -84,7 +84,7 @@ TEST_CASE("the plot has the ticks of its size, just below each threshold and at 
                                              {300, 5}, {399, 5}, {400, 6}, {499, 6}, {500, 11}};
     cCalculator               Calculator;
     cGraphWindow              Graph(&Calculator);
-    Graph.Open("bend.txt", kBend);
+    Graph.Open("bend.txt", kUnnamedBend);
     for (size_t i = 0; i < std::size(s_Widths); i++)
         CheckTicks(&Calculator, &Graph, s_Widths[i],
                    i < std::size(s_Heights) ? s_Heights[i] : cTicksOfSize{480, 0});
@@ -96,7 +96,7 @@ TEST_CASE("without the legend lower windows have more ticks, which a resize does
                                              {250, 5}, {349, 5}, {350, 6}, {499, 6}, {500, 11}};
     cCalculator               Calculator;
     cGraphWindow              Graph(&Calculator);
-    Graph.Open("bend.txt", kBend);
+    Graph.Open("bend.txt", kUnnamedBend);
     Graph.Choose(gmView, IDM_LEGEND);
     for (const cTicksOfSize &Height : s_Heights)
         CheckTicks(&Calculator, &Graph, {420, 0}, Height);
@@ -136,7 +136,7 @@ TEST_CASE("the plot is never empty while the window is dragged from its least si
 {
     cCalculator  Calculator;
     cGraphWindow Graph(&Calculator);
-    Graph.Open("bend.txt", kBend);
+    Graph.Open("bend.txt", kUnnamedBend);
     SetWindowPos(Graph.Window(), HWND_TOP, 0, 0, 1, 1, 0);
     Graph.PhotographPlot();
     const RECT Smallest = RectOf(Graph.Window());

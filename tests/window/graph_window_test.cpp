@@ -14,7 +14,7 @@
 #include "tests/window/waiting.h"
 #include "tests/window/window_state.h"
 
-static const unsigned kWhite = 0xFFFFFF;
+static const unsigned kBareGround = 0xFFFFFF;
 
 // A diagonal from one corner of the range to the other.
 static const char *const kDiagonal = "ExplicitX\n0 , 0\n1 , 1\n2 , 2\n3 , 3\n4 , 4\n";
@@ -459,5 +459,5 @@ TEST_CASE("the window is resized from the least size to the full screen")
         Calculator.Settle();
         Graph.Photograph().Save("graph-" + std::to_string(Size.x) + "x" + std::to_string(Size.y));
     }
-    CHECK(Graph.ColourAt(2, 2) == kWhite);
+    CHECK(Graph.ColourAt(2, 2) == kBareGround);
 }

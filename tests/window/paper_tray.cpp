@@ -12,7 +12,7 @@
 
 namespace fs = std::filesystem;
 
-static const unsigned kWhite = 0xFFFFFF;
+static const unsigned kPaperWhite = 0xFFFFFF;
 
 static std::string ContentOf(const std::string &Name)
 {
@@ -27,7 +27,7 @@ static std::string ContentOf(const std::string &Name)
     return Content;
 }
 
-static std::string Trimmed(const std::string &Text)
+static std::string WithoutBlanks(const std::string &Text)
 {
     const size_t nFirst = Text.find_first_not_of(" \r");
     if (nFirst == std::string::npos)
@@ -52,7 +52,7 @@ static std::vector<std::string> LinesOf(const std::string &Text)
     for (size_t nStart = 0; nStart < Text.size();)
     {
         const size_t      nEnd = std::min(Text.find('\n', nStart), Text.size());
-        const std::string Line = Trimmed(Text.substr(nStart, nEnd - nStart));
+        const std::string Line = WithoutBlanks(Text.substr(nStart, nEnd - nStart));
         if (!Line.empty())
             Lines.push_back(Line);
         nStart = nEnd + 1;
@@ -96,7 +96,7 @@ template <class cIsInk> static cInk Bounds(const cPicture &Picture, cIsInk IsInk
 
 cInk cPrintedPage::Ink() const
 {
-    return Bounds(m_Picture, [](unsigned nPixel) { return nPixel != kWhite; });
+    return Bounds(m_Picture, [](unsigned nPixel) { return nPixel != kPaperWhite; });
 }
 
 cInk cPrintedPage::InkOf(unsigned nColour) const

@@ -15,6 +15,8 @@
 
 #include "tests/window/picture.h"
 
+static const int kInch = 100;  // in the units of cInk
+
 // The bounds of printed ink, in hundredths of an inch from the upper left corner of the
 // page.
 struct cInk

@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include <dlgs.h>
 #include <doctest/doctest.h>
 
 #include "tests/window/calculator.h"
@@ -14,6 +13,7 @@
 #include "tests/window/graph_window.h"
 #include "tests/window/input.h"
 #include "tests/window/leaks.h"
+#include "tests/window/print_dialogs.h"
 #include "tests/window/waiting.h"
 #include "tests/window/window_state.h"
 
@@ -24,23 +24,8 @@ using cTexts = std::vector<std::vector<std::string>>;
 
 }  // namespace
 
-// Controls of the platform's dialogs.
-static const int kSelection    = rad2;
-static const int kPageRange    = rad3;
-static const int kFromPage     = edt1;
-static const int kToPage       = edt2;
-static const int kCopies       = edt3;
-static const int kCollate      = chx2;
-static const int kLandscape    = rad2;
-static const int kMarginLeft   = edt4;
-static const int kMarginTop    = edt5;
-static const int kMarginRight  = edt6;
-static const int kMarginBottom = edt7;
-static const int kMarginGroup  = grp4;
-
-static const int kInch       = 100;  // in the units of cInk
-static const int kTolerance  = 2;    // of the position of a letter
-static const int kLineHeight = 15;   // at most, of 9 points
+static const int kTolerance  = 2;   // of the position of a letter
+static const int kLineHeight = 15;  // at most, of 9 points
 
 // "; line 001" to "; line 300". The calculator adds the 99 lines of the program.
 static std::string LongListing()

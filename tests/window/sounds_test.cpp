@@ -10,15 +10,15 @@
 #include "tests/window/shared_rig.h"
 #include "tests/window/sound_takes.h"
 
-static const unsigned kClick       = 10050;
-static const unsigned kRefusal     = 10051;
-static const unsigned kError       = 10052;
-static const unsigned kHalted      = 10053;
-static const unsigned kCleared     = 10054;
-static const unsigned kStackView   = 10055;  // and the welcome chime
-static const unsigned kNormalView  = 10056;
-static const unsigned kProgramMode = 10057;
-static const unsigned kRunMode     = 10058;
+static const unsigned kClick        = 10050;
+static const unsigned kRefusal      = 10051;
+static const unsigned kError        = 10052;
+static const unsigned kHalted       = 10053;
+static const unsigned kClearedSound = 10054;
+static const unsigned kStackView    = 10055;  // and the welcome chime
+static const unsigned kNormalView   = 10056;
+static const unsigned kProgramMode  = 10057;
+static const unsigned kRunMode      = 10058;
 
 static const unsigned kKeyDelete = kKeySum;  // after g
 
@@ -104,7 +104,7 @@ TEST_CASE("an error has its sound, and so has the key that clears its text")
     Fail(&Calculator);
     CHECK(Rig.m_Takes.Hear({kClick, kClick, kClick, kError}));
     Calculator.HitKey(kKey1);
-    CHECK(Rig.m_Takes.Hear({kCleared}));
+    CHECK(Rig.m_Takes.Hear({kClearedSound}));
     CHECK(Calculator.ReadsX("0.00"));
     Calculator.HitKey(kKey1);
     CHECK(Rig.m_Takes.Hear({kClick}));

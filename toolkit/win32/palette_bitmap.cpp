@@ -4,7 +4,7 @@
 #include <utility>
 
 static const WORD  kPaletteVersion = 0x300;
-static const DWORD kMostColours    = 256;
+static const DWORD kMostEntries    = 256;
 
 namespace
 {
@@ -14,7 +14,7 @@ struct cLogPalette
 {
     WORD         m_nVersion;
     WORD         m_nEntries;
-    PALETTEENTRY m_Entries[kMostColours];
+    PALETTEENTRY m_Entries[kMostEntries];
 };
 
 }  // namespace
@@ -52,7 +52,7 @@ static cGdiPalette MakePalette(const BITMAPINFOHEADER &Header)
 {
     cLogPalette Palette;
     Palette.m_nVersion = kPaletteVersion;
-    Palette.m_nEntries = static_cast<WORD>(std::min(CountColours(Header), kMostColours));
+    Palette.m_nEntries = static_cast<WORD>(std::min(CountColours(Header), kMostEntries));
     if (Palette.m_nEntries == 0)
         return cGdiPalette(CreateHalftonePalette(cWindowDc(nullptr).Get()));
 
