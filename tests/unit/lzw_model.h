@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <map>
-#include <utility>
 #include <vector>
 
 #include "tests/unit/memory_bytes.h"
@@ -22,15 +21,13 @@ struct cLzwCode
 // The codes in the order in which they are written.
 inline std::vector<cLzwCode> ModelCodes(const cBytes &Pixels, unsigned nMinimumSize)
 {
-    typedef std::pair<unsigned, unsigned> cString;
-
-    const unsigned              nClear = 1u << nMinimumSize;
-    const unsigned              nEnd   = nClear + 1;
-    std::vector<cLzwCode>       Codes  = {{nClear, nMinimumSize + 1}};
-    std::map<cString, unsigned> Strings;
-    unsigned                    nSize   = nMinimumSize + 1;
-    unsigned                    nNext   = nEnd;
-    int                         nInHand = -1;
+    const unsigned               nClear = 1u << nMinimumSize;
+    const unsigned               nEnd   = nClear + 1;
+    std::vector<cLzwCode>        Codes  = {{nClear, nMinimumSize + 1}};
+    std::map<unsigned, unsigned> Strings;  // by the code before the last pixel, and that
+    unsigned                     nSize   = nMinimumSize + 1;
+    unsigned                     nNext   = nEnd;
+    int                          nInHand = -1;
     for (const uint8_t nPixel : Pixels)
     {
         if (nInHand < 0)
@@ -38,15 +35,16 @@ inline std::vector<cLzwCode> ModelCodes(const cBytes &Pixels, unsigned nMinimumS
             nInHand = nPixel;
             continue;
         }
-        const cString String(static_cast<unsigned>(nInHand), nPixel);
-        if (Strings.count(String))
+        const unsigned nString = static_cast<unsigned>(nInHand) * 256 + nPixel;
+        const auto     Known   = Strings.find(nString);
+        if (Known != Strings.end())
         {
-            nInHand = static_cast<int>(Strings[String]);
+            nInHand = static_cast<int>(Known->second);
             continue;
         }
         Codes.push_back({static_cast<unsigned>(nInHand), nSize});
-        Strings[String] = ++nNext;
-        nInHand         = nPixel;
+        Strings[nString] = ++nNext;
+        nInHand          = nPixel;
         if (nNext == 1u << nSize)
             nSize++;
         else if (nNext == 4094)
@@ -72,16 +70,16 @@ inline std::vector<cLzwCode> ModelCodes(const cBytes &Pixels, unsigned nMinimumS
 // Bit by bit, the lowest bit of a code first.
 inline cBytes ModelPacked(const std::vector<cLzwCode> &Codes)
 {
-    cBytes Packed;
-    size_t nBits = 0;
+    size_t nAll = 0;
+    for (const cLzwCode &Code : Codes)
+        nAll += Code.m_nSize;
+    cBytes   Packed((nAll + 7) / 8);
+    uint8_t *pPacked = Packed.data();
+    size_t   nBits   = 0;
     for (const cLzwCode &Code : Codes)
         for (unsigned nBit = 0; nBit < Code.m_nSize; nBit++, nBits++)
-        {
-            if (nBits % 8 == 0)
-                Packed.push_back(0);
-            Packed.back() =
-                static_cast<uint8_t>(Packed.back() | (Code.m_nCode >> nBit & 1) << nBits % 8);
-        }
+            if (Code.m_nCode >> nBit & 1)
+                pPacked[nBits / 8] = static_cast<uint8_t>(pPacked[nBits / 8] | 1 << nBits % 8);
     return Packed;
 }
 
