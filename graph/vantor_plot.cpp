@@ -70,13 +70,15 @@ int cVantorPlot::AddDataSet(uint32_t nPoints, const float *pX, const float *pY,
 
 int cVantorPlot::DeleteDataSet(uint32_t nLine)
 {
-    if (nLine == 0 || nLine > m_nCount)
+    cVantorDataSet *pFormer = nLine > 1 ? FindDataSet(nLine - 1) : nullptr;
+    if (nLine == 0 || (nLine > 1 && !pFormer))
+        return 0;
+    cVantorDataSet *&pLink = pFormer ? pFormer->m_pNext : m_pHead;
+    cVantorDataSet  *pSet  = pLink;
+    if (!pSet)
         return 0;
     OnLabelRemoved(nLine);
-    cVantorDataSet  *pFormer = nLine > 1 ? FindDataSet(nLine - 1) : nullptr;
-    cVantorDataSet *&pLink   = pFormer ? pFormer->m_pNext : m_pHead;
-    cVantorDataSet  *pSet    = pLink;
-    pLink                    = pSet->m_pNext;
+    pLink = pSet->m_pNext;
     if (pSet == m_pTail)
         m_pTail = pFormer;
     delete pSet;
