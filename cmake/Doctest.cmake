@@ -18,5 +18,10 @@ configure_file(
     ${PROJECT_BINARY_DIR}/doctest/doctest/doctest.h
     COPYONLY)
 
-add_library(doctest INTERFACE)
-target_include_directories(doctest SYSTEM INTERFACE ${PROJECT_BINARY_DIR}/doctest)
+# What the header only declares is compiled here, once for all test programs.
+set(implementation ${PROJECT_BINARY_DIR}/doctest/doctest.cpp)
+file(CONFIGURE OUTPUT ${implementation} CONTENT
+    "#define DOCTEST_CONFIG_IMPLEMENT\n#include <doctest/doctest.h>\n" @ONLY)
+add_library(doctest STATIC EXCLUDE_FROM_ALL ${implementation})
+target_compile_options(doctest PRIVATE -O0 -g1)
+target_include_directories(doctest SYSTEM PUBLIC ${PROJECT_BINARY_DIR}/doctest)

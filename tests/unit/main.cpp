@@ -1,4 +1,8 @@
 // The test program's main(); what it accepts is listed by --help.
 
-#define DOCTEST_CONFIG_IMPLEMENT_WITH_MAIN
 #include <doctest/doctest.h>
+
+int main(int nArguments, char **pszArguments)
+{
+    return doctest::Context(nArguments, pszArguments).run();
+}

@@ -2,7 +2,6 @@
 
 #include "toolkit/win32/win32.h"
 
-#define DOCTEST_CONFIG_IMPLEMENT
 #include <doctest/doctest.h>
 
 #include "tests/win32/test_desktop.h"

@@ -5,7 +5,6 @@
 
 #include <cstdio>
 
-#define DOCTEST_CONFIG_IMPLEMENT
 #include <doctest/doctest.h>
 
 #include "tests/win32/test_desktop.h"
