@@ -20,10 +20,10 @@ template <int bTraced, int bProfiled> static int RunLine(cCalculator &c)
     const cRunLine Line    = c.m_RunLines.m_Lines[nLine];
     const int      nResult = Line.m_pExecute(c, Line.m_nOperand);
     c.MarkDisplay();
-    if constexpr (bProfiled)
-        c.m_pProfile->Count(nLine ? nLine : 1);
     if constexpr (bTraced)
         c.m_Trace.WriteLine(c, nLine ? nLine : 1);
+    if constexpr (bProfiled)
+        c.m_pProfile->Count(nLine ? nLine : 1);
     if (!nResult)
         c.Halt();
     else if (!Line.m_bJump)

@@ -109,5 +109,6 @@ void cTraceLog::WriteLine(cCalculator &c, unsigned nLine)
     pEnd       = PutNumber(szRegister, pEnd);
     pEnd       = PutReturns(c.m_nReturnAddr, std::min(c.m_nReturnDepth, kReturnLevels), pEnd);
     *pEnd++    = '\n';
-    m_pFile->Write(szLine, static_cast<size_t>(pEnd - szLine));
+    if (!m_pFile->Write(szLine, static_cast<size_t>(pEnd - szLine)))
+        c.Interrupt();
 }

@@ -37,7 +37,8 @@ public:
     void Close();
     int  IsOpen() const { return m_pFile != nullptr; }
 
-    // The state after line nLine, which has just been executed.
+    // The state after line nLine, which has just been executed. Interrupts the run
+    // where it could not be written: a box may have said so and asked for the end.
     void WriteLine(cCalculator &c, unsigned nLine);
 
     // What has been written so far is in the file for everybody to see.

@@ -140,7 +140,8 @@ int cDbgFile::OpenDefault()
 // What has no length, such as a terminal, stays open.
 //
 // The full file is closed last: once closed, its content is on its way to the disk,
-// and emptying the file would wait for that.
+// and emptying the file would wait for that. Unless it holds bytes that could not be
+// written, because closing would try again and write them into the new file.
 int cDbgFile::KeepWithinCap()
 {
     const long nCap = static_cast<long>(m_nMaxMegabytes) * kDbgMegabyte;
@@ -150,12 +151,17 @@ int cDbgFile::KeepWithinCap()
     if (m_nMost <= nCap)
         return 1;
 
-    m_nMost           = 0;
-    FILE *const pFull = m_pFile;
-    Flush();
+    m_nMost     = 0;
+    FILE *pFull = m_pFile;
+    if (fflush(pFull) != 0)
+    {
+        CloseStream(pFull);
+        pFull = nullptr;
+    }
     CopyToBackup();
     const int bOpened = Open();
-    CloseStream(pFull);
+    if (pFull)
+        CloseStream(pFull);
     if (bOpened)
         return 1;
     GiveUp("FATAL ERROR in cDbgFile::printf()");

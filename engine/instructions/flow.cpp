@@ -70,16 +70,23 @@ static int CallFrom(cCalculator &c, unsigned nCaller)
     return c.EndOperation(enLift);
 }
 
+// A key may come while a halted run still ends. The run that it asks for would be
+// refused, so the current line must not move to its label first.
+static int IsRunEnding(const cCalculator &c)
+{
+    return c.m_bInRun && !c.m_bProgramRunning;
+}
+
 int OnGsb(cCalculator &c, unsigned nLabel)
 {
     const unsigned nCaller = c.m_nCurLine;
-    return FindLabel(c, nLabel) && CallFrom(c, nCaller);
+    return !IsRunEnding(c) && FindLabel(c, nLabel) && CallFrom(c, nCaller);
 }
 
 int OnGsbI(cCalculator &c, unsigned)
 {
     const unsigned nCaller = c.m_nCurLine;
-    return FindTargetI(c) && CallFrom(c, nCaller);
+    return !IsRunEnding(c) && FindTargetI(c) && CallFrom(c, nCaller);
 }
 
 int OnRtn(cCalculator &c, unsigned)

@@ -72,6 +72,20 @@ void cVorstek::BlankDisplay()
     FillRect(Dc.Get(), &Field, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
 }
 
+eAnswer cVorstek::Ask(const char *szText, const char *szCaption, eButtons nButtons, eIcon nIcon)
+{
+    if (IsRunning())
+        RefreshViews();
+    return cWindowHost::Ask(szText, szCaption, nButtons, nIcon);
+}
+
+void cVorstek::ReportUnowned(const char *szText, const char *szCaption)
+{
+    if (IsRunning())
+        RefreshViews();
+    cWindowHost::ReportUnowned(szText, szCaption);
+}
+
 unsigned cVorstek::DrainMessages(unsigned)
 {
     return DrainEvery(kDrainPeriod) ? kLinesPerLook : 0;

@@ -36,6 +36,11 @@ public:
     // a message box, posts a quit message and returns 0.
     int Create();
 
+    // A box is shown beside views that are up to date, also where the graph or the
+    // trace asks for it in the middle of a run.
+    eAnswer Ask(const char *szText, const char *szCaption, eButtons nButtons, eIcon nIcon) override;
+    void    ReportUnowned(const char *szText, const char *szCaption) override;
+
     // What the engine asks for.
     void     StartSound(unsigned nId) override;
     void     DrawDisplay(const cDisplay &Display) override;

@@ -417,11 +417,12 @@ TEST_CASE("a key cannot start a second run inside the first")
 
 TEST_CASE("a second run or step that is refused leaves the halted program where it is")
 {
-    for (const char *const szKeys : {"R/S", "GSB 1", "SST"})
+    for (const char *const szKeys : {"R/S", "GSB 1", "GSB i", "SST"})
     {
         CAPTURE_TEXT(szKeys);
         cCalculatorRig Rig;
-        Rig.Load("1\n2\nLBL 1\n3\n");
+        Rig.Load("1\n2\n2\nLBL 1\n3\n");
+        Rig.SetReg(0, 1.0);
         At(&Rig, 1, [&] {
             Rig.Type("7");
             Rig.Type(szKeys);
@@ -429,6 +430,7 @@ TEST_CASE("a second run or step that is refused leaves the halted program where 
 
         Rig.Type("R/S");
 
+        CHECK(Rig.State().m_nCurLine == 2);
         CHECK(Rig.m_Host.m_nDrains == 1);
         CHECK(Rig.State().m_bProgramRunning == 0);
         CHECK(Rig.X() == 1.0);

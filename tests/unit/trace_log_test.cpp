@@ -362,6 +362,39 @@ TEST_CASE("beside a PAUSE and a box the lines traced so far are in the file")
     CHECK_TEXT(Seen, "1 2");
 }
 
+TEST_CASE("a run whose trace is lost asks the host after that line")
+{
+    cTraceRig Rig;
+    std::filesystem::create_directory(Rig.m_Folder.Name("logs"));
+    const std::string Name = Rig.m_Folder.Name("logs/trace.txt");
+    Rig.m_Engine.SetTraceFileName(Name.c_str());
+    Rig.m_Engine.SetTraceCap(0);
+    Rig.Load("LBL 1\n1\nGTO 1\n");
+    Rig.m_Host.m_nAllowed = 1000;
+    Rig.m_Host.m_OnDrain  = [&] {
+        if (Rig.m_Host.m_nDrains == 1)
+            std::filesystem::rename(Rig.m_Folder.Name("logs"), Rig.m_Folder.Name("moved"));
+        return Rig.m_Host.m_Boxes.empty();
+    };
+
+    Rig.Type("R/S");
+
+    CHECK_TEXT(Rig.LastBox(), "couldn't fopen() the output file named:\n" + Name);
+    CHECK(Rig.m_Host.m_nLines == 2);
+}
+
+TEST_CASE("register 0 with three digits of exponent is reported, and the trace goes on")
+{
+    cTraceRig Rig;
+    Rig.Load("1\n2\n");
+    Rig.m_Engine.Raw().m_dReg[0] = 1e100;
+
+    Rig.Type("R/S");
+
+    CHECK_TEXT(Rig.LastBox(), "Program Error Code #106");
+    CHECK(Rig.Traced().size() == 3);
+}
+
 TEST_CASE("the columns follow numbers that come back, in every display mode")
 {
     cTraceRig Rig;
