@@ -16,6 +16,7 @@
 //   trace_log.h        the trace of a run
 //   listing_files.h    listing files, commands of the file menu
 //   options.h          the options dialog's OK
+//   snapshot.h         the whole state, to be restored later
 //
 // Such a header declares only what other parts call; everything else is static in
 // its source file. The rest of the engine knows no calculator: listing_words.h,
@@ -166,6 +167,16 @@ public:
 
     // The display shows X again, as it was formatted last.
     void DisplayFollowsX() { m_bDisplayShowsX = 1; }
+
+    int DoesDisplayFollowX() const { return m_bDisplayShowsX; }
+
+    // State and registers box are those of another moment, texts included.
+    void MarkRestored(int bDisplayFollowsX)
+    {
+        m_bDisplayShowsX  = bDisplayFollowsX != 0;
+        m_bHighlightStale = 1;
+        m_bPaintStale     = 1;
+    }
 
     // The display keeps its present text, whatever X becomes.
     void FreezeDisplay() { m_bDisplayShowsX = 0; }

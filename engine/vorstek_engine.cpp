@@ -7,6 +7,7 @@
 #include "engine/number_entry.h"
 #include "engine/options.h"
 #include "engine/program_memory.h"
+#include "engine/snapshot.h"
 
 cVorstekEngine::cVorstekEngine(cVorstekHost *pHost, cLineBox *pListing, cLineBox *pRegisters)
     : m_pCalculator(std::make_unique<cCalculator>(pHost, pListing, pRegisters))
@@ -103,6 +104,16 @@ int cVorstekEngine::HasRunFailed() const
 unsigned cVorstekEngine::RunNumber() const
 {
     return m_pCalculator->m_nRuns;
+}
+
+void cVorstekEngine::TakeSnapshot(cSnapshot *pSnapshot)
+{
+    ::TakeSnapshot(*m_pCalculator, pSnapshot);
+}
+
+int cVorstekEngine::Restore(const cSnapshot &Snapshot, const char *szListing)
+{
+    return RestoreSnapshot(*m_pCalculator, Snapshot, szListing);
 }
 
 void cVorstekEngine::SetProfile(cRunProfile *pProfile)

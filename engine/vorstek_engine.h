@@ -19,6 +19,7 @@
 class cCalculator;
 class cLineBox;
 class cRunProfile;
+struct cSnapshot;
 struct cStep;
 struct cVorstekState;
 
@@ -90,6 +91,10 @@ public:
 
     // 1 if the last run that has ended did so with an error in the current line.
     int HasRunFailed() const;
+
+    // Everything that the calculator remembers, and back to it; see snapshot.h.
+    void TakeSnapshot(cSnapshot *pSnapshot);
+    int  Restore(const cSnapshot &Snapshot, const char *szListing);
 
     // Counts and times the lines of the runs from now on; null: no longer.
     void SetProfile(cRunProfile *pProfile);
