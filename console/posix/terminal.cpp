@@ -1,0 +1,83 @@
+#include "console/session/terminal.h"
+
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+
+int IsTerminal()
+{
+    return isatty(STDIN_FILENO) && isatty(STDOUT_FILENO);
+}
+
+int CanRedraw()
+{
+    const char *const szTerminal = getenv("TERM");
+    return IsTerminal() && szTerminal && *szTerminal && strcmp(szTerminal, "dumb") != 0;
+}
+
+unsigned TerminalWidth()
+{
+    winsize Size = {};
+    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &Size) != 0 || Size.ws_col == 0)
+        return 80;
+    return Size.ws_col;
+}
+
+// $XDG_STATE_HOME, which has to be absolute, or what stands for it.
+static std::filesystem::path StateFolder()
+{
+    const char *const szState = getenv("XDG_STATE_HOME");
+    if (szState && *szState == '/')
+        return szState;
+    const char *const szHome = getenv("HOME");
+    if (szHome && *szHome == '/')
+        return std::filesystem::path(szHome) / ".local" / "state";
+    return {};
+}
+
+std::string HistoryFile()
+{
+    std::filesystem::path Folder = StateFolder();
+    if (Folder.empty())
+        return "";
+    Folder /= "vorstek";
+    std::error_code Error;
+    std::filesystem::create_directories(Folder, Error);
+    return Error ? "" : (Folder / "history").string();
+}
+
+std::string ScratchFile()
+{
+    std::error_code Error;
+    std::string     Name =
+        (std::filesystem::temp_directory_path(Error) / "vorstek-XXXXXX.txt").string();
+    const int nFile = Error ? -1 : mkstemps(Name.data(), 4);
+    if (nFile < 0)
+        return "";
+    close(nFile);
+    return Name;
+}
+
+// In single quotes for the shell, which also finds options in VISUAL and EDITOR.
+static std::string Quoted(const std::string &Text)
+{
+    std::string Quoted = "'";
+    for (const char c : Text)
+        Quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return Quoted + "'";
+}
+
+int EditFile(const std::string &Name)
+{
+    for (const char *const szVariable : {"VISUAL", "EDITOR"})
+    {
+        const char *const szEditor = getenv(szVariable);
+        if (szEditor && *szEditor)
+            return system((std::string(szEditor) + " " + Quoted(Name)).c_str()) == 0;
+    }
+    return system(("vi " + Quoted(Name)).c_str()) == 0;
+}

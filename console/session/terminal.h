@@ -1,0 +1,29 @@
+// terminal.h - what the process knows of the terminal that it was started in.
+
+#ifndef CONSOLE_SESSION_TERMINAL_H
+#define CONSOLE_SESSION_TERMINAL_H
+
+#include <string>
+
+// 1 if a person types standard input and reads standard output.
+int IsTerminal();
+
+// 1 if the cursor can be moved back over earlier lines: not with TERM=dumb, as screen
+// readers and editors set it, nor in a console of Windows.
+int CanRedraw();
+
+// Characters in a line, 80 where nobody knows. It changes while the program runs.
+unsigned TerminalWidth();
+
+// Where this user's programs keep such files, made if it is not there:
+// "/home/kim/.local/state/vorstek/history". "" where there is none.
+std::string HistoryFile();
+
+// A new, empty file that only this user may read, for an editor: its name ends in
+// ".txt". "" if there is none.
+std::string ScratchFile();
+
+// Opens the user's editor with a file and waits for its end; 0 if it failed.
+int EditFile(const std::string &Name);
+
+#endif

@@ -1,0 +1,65 @@
+#include "console/session/terminal.h"
+
+#include "toolkit/win32/win32.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+static int IsConsole(DWORD nStream)
+{
+    DWORD dwMode = 0;
+    return GetConsoleMode(GetStdHandle(nStream), &dwMode) != 0;
+}
+
+int IsTerminal()
+{
+    return IsConsole(STD_INPUT_HANDLE) && IsConsole(STD_OUTPUT_HANDLE);
+}
+
+// The console edits lines itself and keeps their history.
+int CanRedraw()
+{
+    return 0;
+}
+
+unsigned TerminalWidth()
+{
+    return 80;
+}
+
+std::string HistoryFile()
+{
+    return "";
+}
+
+std::string ScratchFile()
+{
+    char szFolder[MAX_PATH + 1];
+    char szName[MAX_PATH];
+    if (!GetTempPathA(sizeof szFolder, szFolder) || !GetTempFileNameA(szFolder, "vor", 0, szName))
+        return "";
+    std::error_code   Error;
+    const std::string Name = std::string(szName) + ".txt";
+    std::filesystem::rename(szName, Name, Error);
+    return Error ? "" : Name;
+}
+
+// EDITOR may hold options; Notepad is everywhere.
+int EditFile(const std::string &Name)
+{
+    const char *const szEditor  = getenv("EDITOR");
+    const std::string Editor    = szEditor && *szEditor ? szEditor : "notepad.exe";
+    std::string       Command   = Editor + " \"" + Name + "\"";
+    STARTUPINFOA      Startup   = {};
+    Startup.cb                  = sizeof Startup;
+    PROCESS_INFORMATION Process = {};
+    if (!CreateProcessA(nullptr, Command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                        &Startup, &Process))
+        return 0;
+    DWORD dwExitCode = 1;
+    WaitForSingleObject(Process.hProcess, INFINITE);
+    GetExitCodeProcess(Process.hProcess, &dwExitCode);
+    CloseHandle(Process.hThread);
+    CloseHandle(Process.hProcess);
+    return dwExitCode == 0;
+}
