@@ -9,10 +9,6 @@
 #include "console/state_report.h"
 #include "console/stop_signal.h"
 
-// Lines between two looks at the signals: some 10 milliseconds, a third of a second
-// with a trace.
-static const unsigned kLinesPerLook = 1000000;
-
 cRunHost::cRunHost(const cRunOptions &Options, const cStreams &Streams)
     : m_Options(Options), m_Streams(Streams), m_pEngine(nullptr), m_bLoading(0), m_bSaving(0),
       m_nBoxes(0), m_nLines(0), m_bHalted(0)

@@ -61,19 +61,29 @@ void ReportStack(const cVorstekState &State, cJsonList *pObject)
     AppendLevel(Stack.Next(), State.m_szT, State.m_dT);
 }
 
-static void ReportFormat(const cVorstekState &State, cJsonList *pObject)
+std::string FormatText(const cVorstekState &State)
 {
     static const char *const s_Formats[] = {"FIX", "SCI", "ENG"};
     char                     szFormat[8];
     snprintf(szFormat, sizeof szFormat, "%s %u", s_Formats[State.m_nDisplayMode],
              State.m_nDisplayDigits % 10);
-    pObject->Text("format", szFormat);
+    return szFormat;
+}
+
+std::string AngleText(const cVorstekState &State)
+{
+    static const char *const s_Angles[] = {"RAD", "DEG", "GRD"};
+    return s_Angles[State.m_nAngleMode];
+}
+
+static void ReportFormat(const cVorstekState &State, cJsonList *pObject)
+{
+    pObject->Text("format", FormatText(State).c_str());
 }
 
 static void ReportAngle(const cVorstekState &State, cJsonList *pObject)
 {
-    static const char *const s_Angles[] = {"RAD", "DEG", "GRD"};
-    pObject->Text("angle", s_Angles[State.m_nAngleMode]);
+    pObject->Text("angle", AngleText(State).c_str());
 }
 
 void ReportModes(const cVorstekState &State, cJsonList *pObject)

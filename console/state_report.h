@@ -17,6 +17,9 @@ std::string DisplayedText(cVorstekEngine *pEngine);
 // A line of the listing or of the registers without its line end.
 std::string BoxLine(const cLineBox &Box, unsigned nLine);
 
+std::string FormatText(const cVorstekState &State);  // "FIX 2"
+std::string AngleText(const cVorstekState &State);   // "DEG"
+
 // "stack": the four levels from X to T with text and value.
 void ReportStack(const cVorstekState &State, cJsonList *pObject);
 

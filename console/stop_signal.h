@@ -4,6 +4,10 @@
 #ifndef CONSOLE_STOP_SIGNAL_H
 #define CONSOLE_STOP_SIGNAL_H
 
+// Program lines between two looks at the signals: some 10 milliseconds, a third of a
+// second with a trace.
+const unsigned kLinesPerLook = 1000000;
+
 // While it exists, the first signal is only noted; a second one of the same kind
 // ends the process as usual.
 class cStopSignals
