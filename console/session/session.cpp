@@ -1,0 +1,82 @@
+#include "console/session/session.h"
+
+#include <algorithm>
+
+#include "console/session/session_commands.h"
+#include "console/stack_text.h"
+#include "console/state_report.h"
+#include "console/stop_signal.h"
+#include "engine/vorstek_state.h"
+
+cSession::cSession(const cStreams &Streams)
+    : m_Streams(Streams), m_Host(Streams), m_Calculator(&m_Host), m_Lines(&m_Calculator.m_Engine),
+      m_History(&m_Calculator, &m_Host), m_bPrinted(0), m_bAnswers(0), m_bEnded(0)
+{
+    m_Host.SetEngine(&m_Calculator.m_Engine);
+}
+
+const cVorstekState &cSession::State()
+{
+    m_Calculator.m_Engine.RefreshViews();
+    return m_Calculator.m_Engine.State();
+}
+
+// Of a line with an error, what was done before it stays done.
+void cSession::Calculate(const std::string &Line)
+{
+    cTypedError Error;
+    if (!m_Lines.Perform(Line, &Error))
+        m_Error = Error.Message();
+    m_bAnswers = m_Lines.CountSteps() > 0;
+}
+
+void cSession::Perform(const std::string &Line)
+{
+    const cStopSignals Signals;
+    m_bPrinted = 0;
+    m_bAnswers = 1;
+    m_Error.clear();
+
+    const size_t      nName    = Line.find_first_not_of(" \t");
+    const size_t      nEnd     = Line.find_first_of(" \t", nName);
+    const std::string Name     = nName == std::string::npos ? "" : Line.substr(nName, nEnd - nName);
+    const size_t      nRest    = Line.find_first_not_of(" \t", nEnd);
+    std::string       Argument = nRest == std::string::npos ? "" : Line.substr(nRest);
+    Argument.resize(Argument.find_last_not_of(" \t\r") + 1);
+
+    const cSessionCommand *const pCommand = FindSessionCommand(Name);
+    if (pCommand)
+        (this->*pCommand->m_pPerform)(Argument);
+    else
+        Calculate(Line);
+
+    const std::string Boxes = m_Host.TakeBoxes();
+    if (!Boxes.empty())
+        m_Error += (m_Error.empty() ? "" : "\n") + Boxes.substr(0, Boxes.size() - 1);
+    m_bPrinted = m_Host.TakePaused() || m_bPrinted;
+    if (!pCommand || !pCommand->m_bTravels)
+        m_History.Keep();
+}
+
+// Without the blanks that align texts of a column.
+static std::string Trimmed(const std::string &Text)
+{
+    return Text.substr(std::min(Text.find_first_not_of(' '), Text.size()));
+}
+
+std::string cSession::XText()
+{
+    return Trimmed(LevelText(State().m_szX));
+}
+
+std::string cSession::LastXText()
+{
+    State();
+    const std::string Line = BoxLine(m_Calculator.m_Registers, kRegisters);  // "LASTx   = +3.00"
+    return Trimmed(LevelText(Line.c_str() + Line.find('=') + 2));
+}
+
+std::string cSession::ModesText()
+{
+    return AngleText(State()) + "  " + FormatText(State());
+}

@@ -1,0 +1,240 @@
+#include "console/session/session_commands.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <ostream>
+
+#include "console/input_text.h"
+#include "console/session/instruction_help.h"
+#include "console/session/terminal.h"
+#include "console/stack_text.h"
+#include "console/state_report.h"
+#include "console/vocabulary.h"
+#include "engine/instruction.h"
+#include "engine/vorstek_state.h"
+#include "graph/svg_file.h"
+#include "listing/suggestion.h"
+
+// clang-format off
+static const cSessionCommand s_SessionCommands[] =
+{
+    { "undo",      "",        "back to before the last line",                1, &cSession::OnUndo },
+    { "redo",      "",        "forward again",                               1, &cSession::OnRedo },
+    { "stack",     "",        "print T, Z, Y and X",                         0, &cSession::OnStack },
+    { "registers", "",        "print the registers that are not 0, and LASTx", 0, &cSession::OnRegisters },
+    { "load",      "FILE",    "load a program",                              0, &cSession::OnLoad },
+    { "list",      "",        "print the program; '>' is the current line",  0, &cSession::OnList },
+    { "edit",      "",        "change the program in your editor",           0, &cSession::OnEdit },
+    { "run",       "[LABEL]", "run it from its current line or a label; Ctrl-C halts it", 0, &cSession::OnRun },
+    { "save",      "[FILE]",  "save it",                                     0, &cSession::OnSave },
+    { "save!",     "FILE",    "save it in place of another file",            0, &cSession::OnReplace },
+    { "plot",      "[FILE]",  "draw what it has drawn into graph.svg or FILE", 0, &cSession::OnPlot },
+    { "help",      "[WORD]",  "say more about an instruction",               0, &cSession::OnHelp },
+    { "quit",      "",        "end, as Ctrl-D does",                         0, &cSession::OnQuit },
+};
+// clang-format on
+
+std::span<const cSessionCommand> SessionCommands()
+{
+    return s_SessionCommands;
+}
+
+const cSessionCommand *FindSessionCommand(std::string_view Name)
+{
+    const auto Found = std::find_if(std::begin(s_SessionCommands), std::end(s_SessionCommands),
+                                    [Name](const auto &Row) { return Name == Row.m_szName; });
+    return Found == std::end(s_SessionCommands) ? nullptr : Found;
+}
+
+std::vector<std::string> cSession::Words()
+{
+    std::vector<std::string> Words;
+    for (const cSessionCommand &Row : s_SessionCommands)
+        Words.emplace_back(Row.m_szName);
+    for (const cInstruction &Instruction : Instructions())
+        Words.emplace_back(Instruction.m_szMnemonic);
+    return Words;
+}
+
+// --- back and forward
+
+void cSession::OnUndo(const std::string &)
+{
+    if (!m_History.Undo())
+        m_Error = "nothing to undo";
+}
+
+void cSession::OnRedo(const std::string &)
+{
+    if (!m_History.Redo())
+        m_Error = "nothing to redo";
+}
+
+// --- what there is
+
+void cSession::OnStack(const std::string &)
+{
+    PrintStack(State(), m_Streams.m_pOut);
+    m_bPrinted = 1;
+}
+
+void cSession::OnRegisters(const std::string &)
+{
+    const cVorstekState &Is = State();
+    for (unsigned nRegister = 0; nRegister < kRegisters; nRegister++)
+        if (Is.m_dReg[nRegister] != 0.0)
+            *m_Streams.m_pOut << BoxLine(m_Calculator.m_Registers, nRegister) << "\n";
+    *m_Streams.m_pOut << BoxLine(m_Calculator.m_Registers, kRegisters) << "\n";
+    m_bPrinted = 1;
+}
+
+static void PrintCommands(std::ostream *pOut)
+{
+    *pOut << "Type numbers and instructions, several in a row: 2 3 + sqrt STO 5\n\n";
+    for (const cSessionCommand &Row : s_SessionCommands)
+    {
+        char szStart[32];
+        snprintf(szStart, sizeof szStart, "  %-9s %-8s", Row.m_szName, Row.m_szArgument);
+        *pOut << szStart << Row.m_szSummary << "\n";
+    }
+}
+
+void cSession::OnHelp(const std::string &Argument)
+{
+    m_bPrinted = 1;
+    if (Argument.empty())
+        return PrintCommands(m_Streams.m_pOut);
+    const cVocabulary         Vocabulary;
+    const cInstruction *const pInstruction = Vocabulary.Find(Argument);
+    const cSessionCommand    *pCommand     = FindSessionCommand(Argument);
+    if (pCommand)
+        *m_Streams.m_pOut << pCommand->m_szName << " " << pCommand->m_szArgument
+                          << (*pCommand->m_szArgument ? ": " : "- ") << pCommand->m_szSummary
+                          << "\n";
+    else if (pInstruction)
+        *m_Streams.m_pOut << InstructionHelp(pInstruction->m_szMnemonic);
+    else
+    {
+        const std::string Suggestion = SuggestWord(Argument);
+        m_Error                      = "no help on '" + Argument + "'" +
+                  (Suggestion.empty() ? "" : ", did you mean " + Suggestion + "?");
+    }
+}
+
+// --- programs
+
+// Silent but for the boxes. A listing with errors changes nothing.
+int cSession::LoadText(const std::string &Listing)
+{
+    m_Calculator.m_Engine.LoadListing(Listing.data(), Listing.size());
+    const std::string Boxes = m_Host.TakeBoxes();
+    if (Boxes.empty())
+        return 1;
+    m_Error = Boxes.substr(0, Boxes.find('\n'));
+    m_History.Revert();
+    return 0;
+}
+
+void cSession::OnLoad(const std::string &Argument)
+{
+    std::string Listing;
+    if (Argument.empty())
+        m_Error = "load: which file?";
+    else if (!ReadInput(Argument, m_Streams, &Listing))
+        m_bPrinted = 1;
+    else if (LoadText(Listing))
+        m_Calculator.m_Engine.TakeLoadedProgram(Argument.c_str());
+}
+
+void cSession::OnList(const std::string &)
+{
+    const cVorstekState &Is       = State();
+    const unsigned       nCurrent = Is.m_Program[Is.m_nCurLine].m_nListingLine;
+    const unsigned       nLines   = m_Calculator.m_Listing.CountLines();
+    for (unsigned nLine = 0; nLine < nLines; nLine++)
+        *m_Streams.m_pOut << (nLine == nCurrent ? "> " : "  ")
+                          << BoxLine(m_Calculator.m_Listing, nLine) << "\n";
+    m_bPrinted = 1;
+}
+
+void cSession::OnEdit(const std::string &)
+{
+    std::error_code   Ignored;
+    const std::string Name = ScratchFile();
+    std::string       Listing;
+    if (Name.empty() || !m_Calculator.m_Engine.SaveProgram(Name.c_str()))
+        m_Error = "edit: no file can be written for it";
+    else if (!EditFile(Name))
+        m_Error = "edit: the editor failed, see VISUAL or EDITOR";
+    else if (ReadInput(Name, m_Streams, &Listing))
+        LoadText(Listing);
+    if (!Name.empty())
+        std::filesystem::remove(Name, Ignored);
+    m_bPrinted = 1;
+}
+
+void cSession::OnRun(const std::string &Argument)
+{
+    const int bLabel = Argument.size() == 1 && Argument[0] >= '0' && Argument[0] <= '9';
+    if (!Argument.empty() && !bLabel)
+    {
+        m_Error = "run: a label is a digit from 0 to 9";
+        return;
+    }
+    cVorstekEngine &Engine = m_Calculator.m_Engine;
+    const int       bDone = bLabel ? Engine.Perform("GSB", static_cast<unsigned>(Argument[0] - '0'))
+                                   : Engine.Perform("R/S", 0);
+    if (!bDone)
+        m_Error = DisplayedText(&Engine);
+}
+
+void cSession::SaveAs(const std::string &Name)
+{
+    if (!m_Calculator.m_Engine.SaveProgram(Name.c_str()))
+        m_Error = "save: cannot write '" + Name + "'";
+    else
+        m_Calculator.m_Engine.TakeLoadedProgram(Name.c_str());
+}
+
+// A file that is not the program's own is not overwritten by mistake.
+void cSession::OnSave(const std::string &Argument)
+{
+    const std::string Own  = State().m_szFileName;
+    const std::string Name = Argument.empty() ? Own : Argument;
+    std::error_code   Ignored;
+    if (Name.empty())
+        m_Error = "save: which file?";
+    else if (Name != Own && std::filesystem::exists(Name, Ignored))
+        m_Error = "save: '" + Name + "' exists already; save! " + Name + " replaces it";
+    else
+        SaveAs(Name);
+}
+
+void cSession::OnReplace(const std::string &Argument)
+{
+    if (Argument.empty())
+        m_Error = "save!: which file?";
+    else
+        SaveAs(Argument);
+}
+
+void cSession::OnPlot(const std::string &Argument)
+{
+    const std::string Name = Argument.empty() ? "graph.svg" : Argument;
+    m_bPrinted             = 1;
+    if (!Name.ends_with(".svg"))
+        m_Error = "plot: the name of an SVG picture ends in .svg";
+    else if (m_Host.m_Plot.Count() == 0)
+        m_Error = "plot: nothing has been drawn; see help SumG";
+    else if (!SaveSvgFile(m_Host.m_Plot, kPlotWidth, kPlotHeight, Name.c_str()))
+        m_Error = "plot: cannot write '" + Name + "'";
+    else
+        *m_Streams.m_pOut << "wrote " << Name << "\n";
+}
+
+void cSession::OnQuit(const std::string &)
+{
+    m_bEnded = 1;
+}
