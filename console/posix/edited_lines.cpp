@@ -1,0 +1,206 @@
+// edited_lines.cpp - lines that are edited with libedit.
+
+#include <histedit.h>
+#include <poll.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <clocale>
+#include <csignal>
+#include <cwchar>
+#include <filesystem>
+
+#include "console/session/completion.h"
+#include "console/session/line_source.h"
+#include "console/stop_signal.h"
+
+static const int kMostHistory = 1000;
+
+static volatile std::sig_atomic_t s_bSuspended;
+
+static void NoteSuspension(int)
+{
+    s_bSuspended = 1;
+}
+
+// Its arrival is all that matters: waiting for a key ends, and the size is read again.
+static void NoteSize(int) {}
+
+static void Handle(int nSignal, void (*pHandler)(int))
+{
+    struct sigaction Action = {};
+    Action.sa_handler       = pHandler;
+    sigaction(nSignal, &Action, nullptr);
+}
+
+namespace
+{
+
+class cEditedLines : public cLineSource
+{
+public:
+    cEditedLines(const std::string &HistoryFile, const std::vector<std::string> &Words);
+    ~cEditedLines() override;
+    cEditedLines(const cEditedLines &)            = delete;
+    cEditedLines &operator=(const cEditedLines &) = delete;
+
+    eTyped Read(const std::string &Prompt, std::string *pLine) override;
+
+private:
+    static cEditedLines &Of(EditLine *pEdit);
+    static char         *PromptOf(EditLine *pEdit);
+    static int           GetKey(EditLine *pEdit, wchar_t *pKey);
+    static unsigned char Complete(EditLine *pEdit, int nKey);
+
+    void Suspend();
+    void Remember(const std::string &Line);
+
+    const std::string              m_HistoryFile;
+    const std::vector<std::string> m_Words;
+    std::string                    m_Prompt;
+    EditLine                      *m_pEdit;
+    History                       *m_pHistory;
+};
+
+}  // namespace
+
+// Letters beyond ASCII need the user's encoding; numbers are not affected.
+cEditedLines::cEditedLines(const std::string &HistoryFile, const std::vector<std::string> &Words)
+    : m_HistoryFile(HistoryFile), m_Words(Words)
+{
+    setlocale(LC_CTYPE, "");
+    m_pEdit    = el_init("vorstek-cli", stdin, stdout, stderr);
+    m_pHistory = history_init();
+    HistEvent Event;
+    history(m_pHistory, &Event, H_SETSIZE, kMostHistory);
+    history(m_pHistory, &Event, H_SETUNIQUE, 1);
+    if (!m_HistoryFile.empty())
+        history(m_pHistory, &Event, H_LOAD, m_HistoryFile.c_str());
+
+    el_set(m_pEdit, EL_CLIENTDATA, this);
+    el_set(m_pEdit, EL_PROMPT, PromptOf);
+    el_set(m_pEdit, EL_EDITOR, "emacs");
+    el_set(m_pEdit, EL_HIST, history, m_pHistory);
+    el_wset(m_pEdit, EL_GETCFN, GetKey);
+    // The narrow el_set() would copy both texts and never free them.
+    el_wset(m_pEdit, EL_ADDFN, L"vorstek-complete", L"complete a word", Complete);
+    el_set(m_pEdit, EL_BIND, "^I", "vorstek-complete", nullptr);
+    el_set(m_pEdit, EL_BIND, "^R", "em-inc-search-prev", nullptr);
+    el_source(m_pEdit, nullptr);  // the user's ~/.editrc
+}
+
+cEditedLines::~cEditedLines()
+{
+    history_end(m_pHistory);
+    el_end(m_pEdit);
+}
+
+cEditedLines &cEditedLines::Of(EditLine *pEdit)
+{
+    void *pThis = nullptr;
+    el_get(pEdit, EL_CLIENTDATA, &pThis);
+    return *static_cast<cEditedLines *>(pThis);
+}
+
+char *cEditedLines::PromptOf(EditLine *pEdit)
+{
+    return Of(pEdit).m_Prompt.data();
+}
+
+// Ctrl-Z: the terminal is as the shell gave it, as long as the shell has it.
+void cEditedLines::Suspend()
+{
+    s_bSuspended = 0;
+    el_set(m_pEdit, EL_PREP_TERM, 0);
+    raise(SIGSTOP);
+    el_set(m_pEdit, EL_PREP_TERM, 1);
+    el_set(m_pEdit, EL_REFRESH);
+}
+
+// The next key: 1, or 0 at the end of the input, -1 after Ctrl-C.
+int cEditedLines::GetKey(EditLine *pEdit, wchar_t *pKey)
+{
+    mbstate_t State = {};
+    for (;;)
+    {
+        pollfd    Terminal = {STDIN_FILENO, POLLIN, 0};
+        const int nReady   = poll(&Terminal, 1, -1);
+        if (cStopSignals::Caught())
+            return -1;
+        if (nReady < 0 && s_bSuspended)
+            Of(pEdit).Suspend();
+        else if (nReady < 0)
+            el_resize(pEdit);
+        if (nReady < 0)
+            continue;
+        char c = 0;
+        if (read(STDIN_FILENO, &c, 1) != 1)
+            return 0;
+        const size_t nBytes = mbrtowc(pKey, &c, 1, &State);
+        if (nBytes == static_cast<size_t>(-1))
+            State = {};  // not in the user's encoding: ignored
+        else if (nBytes != static_cast<size_t>(-2))
+            return 1;
+    }
+}
+
+unsigned char cEditedLines::Complete(EditLine *pEdit, int)
+{
+    const LineInfo *const pInfo = el_line(pEdit);
+    const cCompletion     Found =
+        FindCompletion(std::string(pInfo->buffer, pInfo->cursor), Of(pEdit).m_Words);
+    if (!Found.m_Insert.empty())
+        return el_insertstr(pEdit, Found.m_Insert.c_str()) == 0 ? CC_REFRESH : CC_ERROR;
+    if (Found.m_Choices.empty())
+        return CC_ERROR;
+    std::string Rows = "\n";
+    for (const std::string &Choice : Found.m_Choices)
+        Rows += Choice + "  ";
+    printf("%s\n", Rows.c_str());
+    return CC_REDISPLAY;
+}
+
+// Only this user may read it.
+void cEditedLines::Remember(const std::string &Line)
+{
+    HistEvent Event;
+    if (Line.find_first_not_of(" \t") == std::string::npos)
+        return;
+    history(m_pHistory, &Event, H_ENTER, Line.c_str());
+    if (m_HistoryFile.empty())
+        return;
+    const mode_t nMask = umask(S_IRWXG | S_IRWXO);
+    history(m_pHistory, &Event, H_SAVE, m_HistoryFile.c_str());
+    umask(nMask);
+}
+
+eTyped cEditedLines::Read(const std::string &Prompt, std::string *pLine)
+{
+    const cStopSignals Signals;
+    Handle(SIGTSTP, NoteSuspension);
+    Handle(SIGWINCH, NoteSize);
+    m_Prompt                  = Prompt;
+    int               nLength = 0;
+    const char *const szLine  = el_gets(m_pEdit, &nLength);
+    Handle(SIGTSTP, SIG_DFL);
+    Handle(SIGWINCH, SIG_DFL);
+    if (cStopSignals::Caught())
+    {
+        el_reset(m_pEdit);
+        return tyInterrupted;
+    }
+    if (!szLine || nLength <= 0)
+        return tyEnd;
+    pLine->assign(szLine, static_cast<size_t>(nLength));
+    if (pLine->ends_with('\n'))
+        pLine->pop_back();
+    Remember(*pLine);
+    return tyLine;
+}
+
+std::unique_ptr<cLineSource> EditedLines(const std::string              &HistoryFile,
+                                         const std::vector<std::string> &Words)
+{
+    return std::make_unique<cEditedLines>(HistoryFile, Words);
+}
