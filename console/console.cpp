@@ -6,6 +6,8 @@
 
 #include "console/commands.h"
 #include "console/help.h"
+#include "console/session/interactive.h"
+#include "console/session/terminal.h"
 #include "resources/version.h"
 
 int ReportUsage(const cStreams &Streams, const std::string &Text)
@@ -37,6 +39,8 @@ static int RunOption(const std::string &Name, const cStreams &Streams)
 
 static int FindAndRun(const std::vector<std::string> &Arguments, const cStreams &Streams)
 {
+    if (Arguments.empty() && IsTerminal())
+        return RunInteractive(Streams);
     if (Arguments.empty())
     {
         PrintUsage(Streams.m_pErr);

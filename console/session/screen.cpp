@@ -1,0 +1,87 @@
+#include "console/session/screen.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <ostream>
+#include <sstream>
+
+#include "console/session/session.h"
+#include "console/session/terminal.h"
+#include "console/stack_text.h"
+
+static const char kBold[]  = "\x1b[1m";
+static const char kFaint[] = "\x1b[2m";
+static const char kRed[]   = "\x1b[31m";
+static const char kPlain[] = "\x1b[0m";
+
+static int AreColoursWanted()
+{
+    const char *const szNoColour = getenv("NO_COLOR");
+    return !szNoColour || !*szNoColour;
+}
+
+cScreen::cScreen(const cStreams &Streams, int bRedraws)
+    : m_Streams(Streams), m_bRedraws(bRedraws), m_bStyles(bRedraws && AreColoursWanted())
+{
+}
+
+// Rows of the terminal that a text takes, the end of its line included.
+static unsigned RowsOf(const std::string &Text)
+{
+    const auto IsStart    = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
+    const auto nLength    = static_cast<unsigned>(std::count_if(Text.begin(), Text.end(), IsStart));
+    const unsigned nWidth = std::max(TerminalWidth(), 1u);
+    return std::max((nLength + nWidth - 1) / nWidth, 1u);
+}
+
+void cScreen::PrintRow(const std::string &Text, const char *szStyle)
+{
+    *m_Streams.m_pOut << (m_bStyles ? szStyle : "") << Text << (m_bStyles ? kPlain : "") << "\n";
+    m_Rows.push_back(Text);
+}
+
+// In one row where there is room.
+void cScreen::ShowModes(cSession *pSession)
+{
+    const std::string LastX = "LASTx " + pSession->LastXText();
+    const std::string Modes = pSession->ModesText();
+    if (LastX.size() + Modes.size() + 2 <= TerminalWidth())
+        return PrintRow(LastX + "  " + Modes, kFaint);
+    PrintRow(LastX, kFaint);
+    PrintRow(Modes, kFaint);
+}
+
+void cScreen::Show(cSession *pSession)
+{
+    m_Rows.clear();
+    if (!m_bRedraws)
+        return;
+    ShowModes(pSession);
+    std::ostringstream Stack;
+    PrintStack(pSession->State(), &Stack);
+    std::istringstream Rows(Stack.str());
+    for (std::string Row; std::getline(Rows, Row);)
+        PrintRow(Row, Row[0] == 'X' ? kBold : "");
+    std::istringstream Errors(pSession->Error());
+    for (std::string Error; std::getline(Errors, Error);)
+        PrintRow(Error, kRed);
+}
+
+void cScreen::Answer(cSession *pSession, const std::string &Typed)
+{
+    if (m_bRedraws)
+    {
+        // Windows that have become narrower since have broken long rows.
+        unsigned nRows = RowsOf(Typed);
+        for (const std::string &Row : m_Rows)
+            nRows += RowsOf(Row);
+        if (!pSession->HasPrinted())
+            *m_Streams.m_pOut << "\x1b[" << nRows << "A\r\x1b[J";
+        Show(pSession);
+        return;
+    }
+    if (!pSession->Error().empty())
+        *m_Streams.m_pErr << pSession->Error() << std::endl;
+    else if (pSession->HasAnswer())
+        *m_Streams.m_pOut << pSession->XText() << "\n";
+}

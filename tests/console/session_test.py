@@ -1,0 +1,305 @@
+"""vorstek-cli in a terminal: keys go into one of tmux, and its screen is read.
+Debian packages: procps tmux."""
+
+import os
+import pty
+import re
+import select
+import shutil
+import signal
+import subprocess
+import time
+import unittest
+
+import console_case
+from console_case import EXAMPLES, ConsoleCase, main
+from manual_pages import pages
+
+PATIENCE = 30       # seconds; a busy machine takes longer than usual
+ANSWERS = 0.05
+
+
+class Terminal:
+    """A terminal in which the program runs. Waits for what it is asked for."""
+
+    def __init__(self, folder, size="80x24", environment=(), name="first"):
+        self._socket = os.path.join(folder, name)
+        width, height = size.split("x")
+        settings = ["env", f"XDG_STATE_HOME={folder}/state", f"HOME={folder}", "LC_ALL=C.UTF-8",
+                    "NO_COLOR=", *environment]
+        self._tmux("-f", "/dev/null", "new-session", "-d", "-x", width, "-y", height, "-c", folder,
+                   *settings, "sh", "-c", '"$@"; echo "exit code $?"; exec cat', "sh",
+                   *console_case.command)
+
+    def _tmux(self, *arguments):
+        return subprocess.run(["tmux", "-S", self._socket, *arguments], check=True,
+                              capture_output=True, text=True).stdout
+
+    def close(self):
+        self._tmux("kill-server")
+
+    def keys(self, *keys):
+        """Names of tmux: "Enter", "C-c", "Up"."""
+        self._tmux("send-keys", *keys)
+
+    def type(self, text):
+        self._tmux("send-keys", "-l", text)
+
+    def line(self, text):
+        self.type(text)
+        self.keys("Enter")
+
+    def resize(self, width, height):
+        """tmux lets some time pass before the programs in the window see it."""
+        self._tmux("resize-window", "-x", str(width), "-y", str(height))
+        name = self._tmux("display-message", "-p", "#{pane_tty}").strip()
+        with open(name, "rb", buffering=0) as tty:
+            while os.get_terminal_size(tty.fileno()) != (width, height):
+                time.sleep(ANSWERS)
+
+    def screen(self):
+        """Its rows, without those that are empty at the end."""
+        return self._tmux("capture-pane", "-p").rstrip("\n").split("\n")
+
+    def wait(self, is_so):
+        end = time.monotonic() + PATIENCE
+        while True:
+            screen = self.screen()
+            if is_so(screen):
+                return screen
+            if time.monotonic() > end:
+                raise AssertionError("the screen shows\n" + "\n".join(screen))
+            time.sleep(ANSWERS)
+
+    def wait_for(self, *rows):
+        """Until these rows are the last ones; regular expressions, trailing blanks apart."""
+        pattern = re.compile("\n".join(rows) + r"\Z")
+        return self.wait(lambda screen: pattern.search("\n".join(row.rstrip() for row in screen)))
+
+
+def stack(x="0.00", y="0.00", z="0.00", t="0.00", last="0.00", modes="DEG  FIX 2"):
+    """The rows of the calculator."""
+    return [re.escape(row) for row in (f"LASTx {last}  {modes}", f"T   {t}", f"Z   {z}",
+                                       f"Y   {y}", f"X   {x}")]
+
+
+class SessionTest(ConsoleCase):
+
+    def terminal(self, **options):
+        terminal = Terminal(self.folder, **options)
+        self.addCleanup(terminal.close)
+        terminal.wait(lambda screen: screen[-1].startswith(">"))
+        return terminal
+
+    def test_the_calculator_is_drawn_again_in_its_place(self):
+        terminal = self.terminal()
+        terminal.wait_for(r"Vorstek 2\.0\. help says what there is, Ctrl-D ends\.", *stack(), ">")
+        terminal.line("2 3 +")
+        screen = terminal.wait_for(*stack("5.00", last="3.00"), ">")
+        self.assertEqual(len(screen), 7)
+        terminal.line("RAD FIX 4")
+        screen = terminal.wait_for(*stack("5.0000", "0.0000", "0.0000", "0.0000", "3.00",
+                                          "RAD  FIX 4"), ">")
+        self.assertEqual(len(screen), 7)
+
+    def test_an_error_stands_below_until_the_next_line(self):
+        terminal = self.terminal()
+        terminal.line("5 0 1/x")
+        terminal.wait_for(*stack("0.00", "5.00"), "column 5: 1/x: Error: divide by 0", ">")
+        terminal.line("undo")
+        terminal.wait_for(*stack(), ">")
+
+    def test_what_is_printed_stays_above_the_calculator(self):
+        terminal = self.terminal()
+        terminal.line("help sqrt")
+        terminal.wait_for("> help sqrt", "f √x   X ← square root of X; LASTx ← X",
+                          '"Error: sqrt of x < 0" X is negative.', *stack(), ">")
+
+    def test_keys_edit_the_line(self):
+        terminal = self.terminal()
+        terminal.type("9 5")
+        terminal.keys("Left", "BSpace", "BSpace", "End", "BSpace")
+        terminal.line("7")
+        terminal.wait_for(*stack("7.00"), ">")
+
+    def test_earlier_lines_come_back_in_this_and_the_next_session(self):
+        terminal = self.terminal()
+        terminal.line("1 2 +")
+        terminal.wait_for(*stack("3.00", last="2.00"), ">")
+        terminal.keys("Up", "Enter")
+        terminal.wait_for(*stack("3.00", "3.00", last="2.00"), ">")
+        terminal.keys("C-d")
+        terminal.wait_for("exit code 0")
+        second = self.terminal(name="second")
+        second.keys("Up")
+        second.wait_for(*stack(), r"> 1 2 \+")
+        mode = os.stat(os.path.join(self.folder, "state/vorstek/history")).st_mode
+        self.assertEqual(mode & 0o077, 0)
+
+    def test_tab_completes_and_shows_what_fits(self):
+        terminal = self.terminal()
+        terminal.type("2 sq")
+        terminal.keys("Tab", "Enter")
+        terminal.wait_for(*stack("1.41", last="2.00"), ">")
+        terminal.type("RCLS")
+        terminal.keys("Tab")
+        terminal.wait(lambda screen: screen[-1] == "> RCLSum+")
+        terminal.keys("C-u")
+        terminal.type("un")
+        terminal.keys("Tab", "Enter")
+        terminal.wait_for(*stack(), ">")
+        terminal.type("ST")
+        terminal.keys("Tab", "Tab")
+        terminal.wait(lambda screen: any("STO+  STO+ i" in row for row in screen)
+                      and screen[-1] == "> ST")
+
+    def test_ctrl_c_forgets_the_line_and_halts_a_program(self):
+        self.listing("LBL 1", "1", "+", "GTO 1")
+        terminal = self.terminal()
+        terminal.type("12 34")
+        terminal.keys("C-c")
+        terminal.wait_for("> 12 34", *stack(), ">")
+        terminal.line("load program.txt")
+        terminal.wait_for(*stack(), ">")
+        terminal.line("run")
+        time.sleep(0.2)
+        terminal.keys("C-c")
+        screen = terminal.wait(lambda screen: screen[-1] == ">" and "LASTx 1.00  DEG  FIX 2" in screen)
+        self.assertRegex(screen[-2], r"^X   [1-9]\d+\.00$")
+
+    def test_ctrl_z_gives_the_terminal_back_until_the_program_goes_on(self):
+        terminal = self.terminal()
+        terminal.type("4 5")
+        pid = self.pid_of_program()
+        os.kill(pid, signal.SIGTSTP)        # as Ctrl-Z in a shell with jobs
+        self.wait_until(lambda: self.state_of(pid) == "T")
+        os.kill(pid, signal.SIGCONT)
+        self.wait_until(lambda: self.state_of(pid) == "S")
+        terminal.line(" *")
+        terminal.wait_for(*stack("20.00", last="5.00"), ">")
+
+    def pid_of_program(self):
+        found = subprocess.run(["pgrep", "-f", f"^{console_case.command[-1]}$"], check=True,
+                               capture_output=True, text=True).stdout.split()
+        own = [pid for pid in found if os.readlink(f"/proc/{pid}/cwd") == self.folder]
+        self.assertEqual(len(own), 1)
+        return int(own[0])
+
+    @staticmethod
+    def state_of(pid):
+        with open(f"/proc/{pid}/stat", encoding="ascii") as file:
+            return file.read().rsplit(")", 1)[1].split()[0]
+
+    def wait_until(self, is_so):
+        end = time.monotonic() + PATIENCE
+        while not is_so():
+            self.assertLess(time.monotonic(), end)
+            time.sleep(ANSWERS)
+
+    def test_twenty_columns_are_enough(self):
+        terminal = self.terminal(size="20x16")
+        terminal.line("1.5 SCI 9")
+        rows = [re.escape(f"{name}   {value}e+00") for name, value in
+                (("T", "0.000000000"), ("Z", "0.000000000"), ("Y", "0.000000000"),
+                 ("X", "1.500000000"))]
+        terminal.line("CHS")
+        rows[3] = re.escape("X  -1.500000000e+00")
+        terminal.wait_for(r"LASTx 0\.00", "DEG  SCI 9", *rows, ">")
+        terminal.line("1 2 3 4 5 6 7 8 9 + + + +")
+        terminal.wait(lambda screen: screen[-1] == ">" and
+                      sum(row.startswith("LASTx") for row in screen) == 1)
+
+    def test_a_resized_window_is_drawn_in_its_new_width(self):
+        terminal = self.terminal()
+        terminal.resize(21, 20)
+        terminal.line("5")
+        screen = terminal.wait_for("LASTx 0.00", "DEG  FIX 2", *stack("5.00")[1:], ">")
+        self.assertEqual(sum(row.startswith("LASTx") for row in screen), 1)
+        terminal.resize(70, 20)
+        terminal.line("6")
+        terminal.wait_for(*stack("6.00", "5.00"), ">")
+
+    def test_pause_prints_and_the_end_of_the_program_is_shown(self):
+        self.listing("7", "PAUSE", "1", "+")
+        terminal = self.terminal()
+        terminal.line("load program.txt")
+        terminal.wait_for(*stack(), ">")
+        terminal.line("run")
+        terminal.wait_for("> run", r" 7\.00", *stack("8.00", last="1.00"), ">")
+
+    def test_an_editor_changes_the_program(self):
+        editor = self.path("editor")
+        self.write("editor", "#!/bin/sh\nprintf '5\\nSTO 7\\n' > \"$1\"\n")
+        os.chmod(editor, 0o755)
+        terminal = self.terminal(environment=[f"EDITOR={editor}"])
+        terminal.line("edit")
+        terminal.wait_for("> edit", *stack(), ">")
+        terminal.line("run")
+        terminal.wait_for(*stack("5.00"), ">")
+        terminal.line("registers")
+        terminal.wait_for(r"Reg\[ 7\] = \+5\.00", r"LASTx   = \+0\.00", *stack("5.00"), ">")
+
+    def test_colours_only_where_they_are_wanted(self):
+        for setting, wanted in (("NO_COLOR=", True), ("NO_COLOR=1", False)):
+            with self.subTest(setting):
+                output = self.through_terminal("xterm", b"0 1/x\r\x04", setting)
+                self.assertEqual(b"\x1b[31m" in output, wanted)
+                self.assertIn(b"\x1b[J", output)
+
+    def test_a_dumb_terminal_gets_plain_lines(self):
+        output = self.through_terminal("dumb", b"2 3 +\nsqrt\n0 1/x\nstack\n\x04")
+        self.assertNotIn(b"\x1b", output)
+        text = output.decode().replace("\r\n", "\n")
+        self.assertIn("\n5.00\n", text)
+        self.assertIn("\n2.24\n", text)
+        self.assertIn("\ncolumn 3: 1/x: Error: divide by 0\n", text)
+        self.assertIn("T   0.00\nZ   0.00\nY   2.24\nX   0.00\n", text)
+
+    def test_the_dialogues_of_the_manual_are_what_a_plain_terminal_shows(self):
+        shutil.copytree(EXAMPLES, self.path("examples"))
+        blocks = [block for page in pages() for block in page.having("pre", "dialogue")]
+        self.assertTrue(blocks)
+        for block in blocks:
+            shown = block.text.lstrip("\n")
+            typed = "".join(line[2:] + "\n" for line in shown.splitlines() if line.startswith("> "))
+            output = self.through_terminal("dumb", typed.encode() + b"\x04").decode()
+            self.assertEqual(output.replace("\r\n", "\n").partition("\n")[2], shown + "> \n")
+
+    def through_terminal(self, kind, typed, setting="NO_COLOR="):
+        """What the program writes to a terminal of this kind."""
+        name, value = setting.split("=")
+        environment = dict(os.environ, TERM=kind, HOME=self.folder, LC_ALL="C.UTF-8")
+        environment.pop("XDG_STATE_HOME", None)
+        environment[name] = value
+        terminal, inside = pty.openpty()
+        with subprocess.Popen(console_case.command, stdin=inside, stdout=inside, stderr=inside,
+                              cwd=self.folder, env=environment, start_new_session=True) as process:
+            os.close(inside)
+            output = self.until(terminal, b"\n> ")
+            for line in typed.splitlines(keepends=True):
+                os.write(terminal, line)
+                if line != b"\x04":
+                    output += self.until(terminal, b"\n> ")
+            output += self.until(terminal, None)
+            self.assertEqual(process.wait(PATIENCE), 0)
+        os.close(terminal)
+        return output
+
+    @staticmethod
+    def until(terminal, end):
+        output = b""
+        while end is None or end not in output:
+            if not select.select([terminal], [], [], PATIENCE)[0]:
+                raise AssertionError(f"the program waits after {output!r}")
+            try:
+                more = os.read(terminal, 4096)
+            except OSError:             # the other side has closed it
+                more = b""
+            if not more:
+                break
+            output += more
+        return output
+
+
+if __name__ == "__main__":
+    main()
