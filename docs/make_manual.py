@@ -52,7 +52,8 @@ KEY_TEXTS = {"x<>y": "x\u2194y", "-": "\u2212", "*": "\u00d7", "/": "\u00f7", "\
              "x-bar": '<span class="bar">x</span><span class="unseen">-bar</span>'}
 
 # What each scrolling block contains, for screen readers.
-BLOCK_NAMES = {"listing": "Listing", "session": "Terminal session", "data": "Data file",
+BLOCK_NAMES = {"listing": "Listing", "session": "Terminal session",
+               "dialogue": "Calculating in a terminal", "data": "Data file",
                "script": "Script"}
 
 
