@@ -5,24 +5,21 @@
 npm gets them into MODULES_FOLDER when they are not there. Debian packages:
 nodejs npm."""
 
-import filecmp
 import json
 import pathlib
 import re
-import shutil
 import subprocess
 import sys
 import tempfile
 import unittest
 
 import listing_lines
+import npm_packages
 from listing_lines import ROOT, HighlightTests, Program, rows
 
 HERE = pathlib.Path(__file__).resolve().parent
 KIT = ROOT / "editors" / "vscode"
-PACKAGE_FILES = ("package.json", "package-lock.json")
 LIBRARIES = ("vscode-oniguruma", "vscode-textmate")
-NPM_TIME = 120                  # seconds
 PROGRAM = Program(pathlib.Path(sys.argv.pop()).resolve())
 MODULES = pathlib.Path(sys.argv.pop()).resolve()
 
@@ -41,29 +38,6 @@ KIND_OF_SCOPE = {
     "comment.line.semicolon.vorstek": "comment",
     "invalid.illegal.vorstek": "error",
 }
-
-
-def fetch_libraries():
-    """npm checks them against the checksums of the lock file."""
-    if all((MODULES / "node_modules" / name).exists() for name in LIBRARIES) and all(
-            filecmp.cmp(HERE / name, MODULES / name, shallow=False) for name in PACKAGE_FILES):
-        return
-    npm = shutil.which("npm")
-    if not npm:
-        sys.exit("npm is not installed (Debian packages: nodejs npm)")
-    MODULES.mkdir(parents=True, exist_ok=True)
-    for name in PACKAGE_FILES:
-        shutil.copy(HERE / name, MODULES)
-    try:
-        done = subprocess.run(
-            [npm, "ci", "--ignore-scripts", "--no-audit", "--no-fund", "--fetch-retries=1"],
-            cwd=MODULES, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-            stderr=subprocess.STDOUT, text=True, timeout=NPM_TIME, check=False)
-        failed, said = done.returncode, done.stdout
-    except subprocess.TimeoutExpired:
-        failed, said = 1, f"npm did not finish within {NPM_TIME} seconds"
-    if failed:
-        sys.exit(f"{' and '.join(LIBRARIES)} cannot be fetched: is the npm registry reachable?\n{said}")
 
 
 def read_kit(lines):
@@ -230,5 +204,5 @@ class SnippetTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    fetch_libraries()
+    npm_packages.fetch(HERE, MODULES, *LIBRARIES)
     listing_lines.main(sys.argv[0])

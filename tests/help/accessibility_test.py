@@ -8,7 +8,6 @@ axe-core judges the pages. npm gets it into AXE_FOLDER when it is not there;
 --fetch does only that. Debian packages: chromium nodejs npm poppler-utils."""
 
 import base64
-import filecmp
 import json
 import os
 import pathlib
@@ -19,14 +18,14 @@ import sys
 import tempfile
 import unittest
 
+import npm_packages
 from chromium import Chromium
 
 HERE = pathlib.Path(__file__).resolve().parent
 MAKE_MANUAL = HERE.parents[1] / "docs" / "make_manual.py"
-PACKAGE_FILES = ("package.json", "package-lock.json")
+SCRIPT = "axe-core/axe.min.js"
 
 PHONE, DESKTOP = 400, 1200      # pixels
-NPM_TIME = 120                  # seconds
 
 # Colour gradients hide the contrast of a key cap from axe-core. Without them it
 # judges the plain colour below, which help viewers show.
@@ -46,28 +45,9 @@ axe_folder = None
 
 
 def fetch_axe(folder):
-    """The script axe.min.js. npm checks it against the checksum of the lock file."""
-    script = folder / "node_modules" / "axe-core" / "axe.min.js"
-    if script.exists() and all((folder / name).exists() and filecmp.cmp(
-            HERE / name, folder / name, shallow=False) for name in PACKAGE_FILES):
-        return script
-    npm = shutil.which("npm")
-    if not npm:
-        sys.exit("axe-core cannot be fetched: npm is not installed (Debian packages: nodejs npm)")
-    folder.mkdir(parents=True, exist_ok=True)
-    for name in PACKAGE_FILES:
-        shutil.copy(HERE / name, folder)
-    try:
-        done = subprocess.run(
-            [npm, "ci", "--ignore-scripts", "--no-audit", "--no-fund", "--fetch-retries=1"],
-            cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-            stderr=subprocess.STDOUT, text=True, timeout=NPM_TIME, check=False)
-        said = done.stdout
-    except subprocess.TimeoutExpired:
-        said = f"npm did not finish within {NPM_TIME} seconds"
-    if not script.exists():
-        sys.exit(f"axe-core cannot be fetched: is the npm registry reachable?\n{said}")
-    return script
+    """The script axe.min.js."""
+    npm_packages.fetch(HERE, folder, SCRIPT)
+    return folder / "node_modules" / SCRIPT
 
 
 class AccessibilityTest(unittest.TestCase):
