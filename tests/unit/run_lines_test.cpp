@@ -106,3 +106,23 @@ TEST_CASE("a number that replaces the label on the last line is executed there")
     CHECK(Rig.Run("GTO", 7) == 1);
     CHECK(Rig.State().m_nCurLine == 1);
 }
+
+TEST_CASE("a step that was changed runs with its new operand")
+{
+    cCalculatorRig Rig;
+    Rig.Load("STO 3\nRCL 5\n");
+    Rig.Set(7.0);
+    Rig.SetReg(6, 0.25);
+    Rig.Type("R/S GTO . 0 0");
+    REQUIRE(Rig.State().m_dReg[3] == 7.0);
+
+    Rig.Type("PRGM GTO . 0 0 STO 4 RCL 6 R/S RUN GTO . 0 0");
+    REQUIRE(Rig.Step(1) == "STO 4");
+    REQUIRE(Rig.Step(2) == "RCL 6");
+    Rig.Set(9.0);
+    Rig.Type("R/S");
+
+    CHECK(Rig.State().m_dReg[3] == 7.0);
+    CHECK(Rig.State().m_dReg[4] == 9.0);
+    CHECK(Rig.X() == 0.25);
+}
