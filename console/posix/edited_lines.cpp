@@ -180,7 +180,10 @@ eTyped cEditedLines::Read(const std::string &Prompt, std::string *pLine)
     const cStopSignals Signals;
     Handle(SIGTSTP, NoteSuspension);
     Handle(SIGWINCH, NoteSize);
-    m_Prompt                  = Prompt;
+    m_Prompt = Prompt;
+    // The library would show the prompt first, and a Ctrl-D that comes before the
+    // terminal gives single keys is lost.
+    el_set(m_pEdit, EL_PREP_TERM, 1);
     int               nLength = 0;
     const char *const szLine  = el_gets(m_pEdit, &nLength);
     Handle(SIGTSTP, SIG_DFL);

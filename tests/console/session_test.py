@@ -19,6 +19,14 @@ PATIENCE = 30       # seconds; a busy machine takes longer than usual
 ANSWERS = 0.05
 
 
+def wait_until(is_so):
+    end = time.monotonic() + PATIENCE
+    while not is_so():
+        if time.monotonic() > end:
+            raise AssertionError("this did not come")
+        time.sleep(ANSWERS)
+
+
 class Terminal:
     """A terminal in which the program runs. Waits for what it is asked for."""
 
@@ -54,8 +62,7 @@ class Terminal:
         self._tmux("resize-window", "-x", str(width), "-y", str(height))
         name = self._tmux("display-message", "-p", "#{pane_tty}").strip()
         with open(name, "rb", buffering=0) as tty:
-            while os.get_terminal_size(tty.fileno()) != (width, height):
-                time.sleep(ANSWERS)
+            wait_until(lambda: os.get_terminal_size(tty.fileno()) == (width, height))
 
     def screen(self):
         """Its rows, without those that are empty at the end."""
@@ -172,9 +179,9 @@ class SessionTest(ConsoleCase):
         terminal.type("4 5")
         pid = self.pid_of_program()
         os.kill(pid, signal.SIGTSTP)        # as Ctrl-Z in a shell with jobs
-        self.wait_until(lambda: self.state_of(pid) == "T")
+        wait_until(lambda: self.state_of(pid) == "T")
         os.kill(pid, signal.SIGCONT)
-        self.wait_until(lambda: self.state_of(pid) == "S")
+        wait_until(lambda: self.state_of(pid) == "S")
         terminal.line(" *")
         terminal.wait_for(*stack("20.00", last="5.00"), ">")
 
@@ -189,12 +196,6 @@ class SessionTest(ConsoleCase):
     def state_of(pid):
         with open(f"/proc/{pid}/stat", encoding="ascii") as file:
             return file.read().rsplit(")", 1)[1].split()[0]
-
-    def wait_until(self, is_so):
-        end = time.monotonic() + PATIENCE
-        while not is_so():
-            self.assertLess(time.monotonic(), end)
-            time.sleep(ANSWERS)
 
     def test_twenty_columns_are_enough(self):
         terminal = self.terminal(size="20x16")
@@ -275,14 +276,17 @@ class SessionTest(ConsoleCase):
         with subprocess.Popen(console_case.command, stdin=inside, stdout=inside, stderr=inside,
                               cwd=self.folder, env=environment, start_new_session=True) as process:
             os.close(inside)
-            output = self.until(terminal, b"\n> ")
-            for line in typed.splitlines(keepends=True):
-                os.write(terminal, line)
-                if line != b"\x04":
-                    output += self.until(terminal, b"\n> ")
-            output += self.until(terminal, None)
-            self.assertEqual(process.wait(PATIENCE), 0)
-        os.close(terminal)
+            try:
+                output = self.until(terminal, b"\n> ")
+                for line in typed.splitlines(keepends=True):
+                    os.write(terminal, line)
+                    if line != b"\x04":
+                        output += self.until(terminal, b"\n> ")
+                output += self.until(terminal, None)
+                self.assertEqual(process.wait(PATIENCE), 0)
+            finally:
+                os.close(terminal)      # ends what still waits for keys
+                process.kill()
         return output
 
     @staticmethod
