@@ -61,11 +61,9 @@ private:
 
 }  // namespace
 
-// Without the blanks that align texts of a column.
 void cEvaluator::PrintX()
 {
-    const std::string Text = LevelText(m_Calculator.m_Engine.State().m_szX);
-    *m_Streams.m_pOut << Text.substr(Text.find_first_not_of(' ')) << "\n";
+    *m_Streams.m_pOut << AnswerText(m_Calculator.m_Engine.State().m_szX) << "\n";
 }
 
 void cEvaluator::PrintJson(const cTypedError *pError)

@@ -37,13 +37,6 @@ static void SetUp(const cRunOptions &Options, cVorstekEngine *pEngine)
     pEngine->ApplyOptions(Traced);
 }
 
-static void PrintRegisters(const cVorstekState &State, const cLineBox &Box, std::ostream *pOut)
-{
-    for (unsigned nRegister = 0; nRegister < kRegisters; nRegister++)
-        if (State.m_dReg[nRegister] != 0.0)
-            *pOut << BoxLine(Box, nRegister) << "\n";
-}
-
 static void PrintText(const cRunOptions &Options, const std::optional<cRunProfile> &Profile,
                       cHeadlessCalculator *pCalculator, std::ostream *pOut)
 {

@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "console/state_report.h"
 #include "engine/vorstek_state.h"
 
 std::string LevelText(const char *szText)
@@ -10,6 +11,19 @@ std::string LevelText(const char *szText)
     if (Text.starts_with('+'))
         Text[0] = ' ';
     return Text;
+}
+
+std::string AnswerText(const char *szText)
+{
+    const std::string Text = LevelText(szText);
+    return Text.substr(Text.find_first_not_of(' '));
+}
+
+void PrintRegisters(const cVorstekState &State, const cLineBox &Box, std::ostream *pOut)
+{
+    for (unsigned nRegister = 0; nRegister < kRegisters; nRegister++)
+        if (State.m_dReg[nRegister] != 0.0)
+            *pOut << BoxLine(Box, nRegister) << "\n";
 }
 
 void PrintStack(const cVorstekState &State, std::ostream *pOut)

@@ -2,14 +2,11 @@
 
 #include <histedit.h>
 #include <poll.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <clocale>
 #include <csignal>
 #include <cwchar>
-#include <filesystem>
 
 #include "console/session/completion.h"
 #include "console/session/line_source.h"
@@ -161,7 +158,7 @@ unsigned char cEditedLines::Complete(EditLine *pEdit, int)
     return CC_REDISPLAY;
 }
 
-// Only this user may read it.
+// The library lets only this user read the file.
 void cEditedLines::Remember(const std::string &Line)
 {
     HistEvent Event;
@@ -170,9 +167,7 @@ void cEditedLines::Remember(const std::string &Line)
     history(m_pHistory, &Event, H_ENTER, Line.c_str());
     if (m_HistoryFile.empty())
         return;
-    const mode_t nMask = umask(S_IRWXG | S_IRWXO);
     history(m_pHistory, &Event, H_SAVE, m_HistoryFile.c_str());
-    umask(nMask);
 }
 
 eTyped cEditedLines::Read(const std::string &Prompt, std::string *pLine)
@@ -191,7 +186,7 @@ eTyped cEditedLines::Read(const std::string &Prompt, std::string *pLine)
     if (cStopSignals::Caught())
     {
         el_reset(m_pEdit);
-        return tyInterrupted;
+        return cStopSignals::Caught() == SIGINT ? tyInterrupted : tyEnd;
     }
     if (!szLine || nLength <= 0)
         return tyEnd;

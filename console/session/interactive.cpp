@@ -1,5 +1,6 @@
 #include "console/session/interactive.h"
 
+#include <csignal>
 #include <ostream>
 
 #include "console/session/line_source.h"
@@ -45,5 +46,6 @@ int RunInteractive(const cStreams &Streams)
         if (!Session.HasEnded())
             Screen.Answer(&Session, kPrompt + Line);
     }
-    return kExitDone;
+    const int nSignal = cStopSignals::Caught();
+    return nSignal == SIGTERM ? ExitCodeOfSignal(nSignal) : kExitDone;
 }

@@ -13,7 +13,7 @@ enum eTyped
 {
     tyLine,
     tyInterrupted,  // Ctrl-C: what was typed is to be forgotten
-    tyEnd           // Ctrl-D, or the end of the input
+    tyEnd           // Ctrl-D, the end of the input, or SIGTERM
 };
 
 class cLineSource

@@ -2,7 +2,6 @@
 #include <ostream>
 
 #include "console/session/line_source.h"
-#include "console/stop_signal.h"
 
 namespace
 {
@@ -15,9 +14,7 @@ public:
     eTyped Read(const std::string &Prompt, std::string *pLine) override
     {
         *m_Streams.m_pOut << Prompt << std::flush;
-        if (std::getline(*m_Streams.m_pIn, *pLine))
-            return cStopSignals::Caught() ? tyInterrupted : tyLine;
-        return tyEnd;
+        return std::getline(*m_Streams.m_pIn, *pLine) ? tyLine : tyEnd;
     }
 
 private:

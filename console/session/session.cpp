@@ -1,6 +1,6 @@
 #include "console/session/session.h"
 
-#include <algorithm>
+#include <csignal>
 
 #include "console/session/session_commands.h"
 #include "console/stack_text.h"
@@ -54,26 +54,21 @@ void cSession::Perform(const std::string &Line)
     if (!Boxes.empty())
         m_Error += (m_Error.empty() ? "" : "\n") + Boxes.substr(0, Boxes.size() - 1);
     m_bPrinted = m_Host.TakePaused() || m_bPrinted;
+    m_bEnded   = m_bEnded || cStopSignals::Caught() == SIGTERM;
     if (!pCommand || !pCommand->m_bTravels)
         m_History.Keep();
 }
 
-// Without the blanks that align texts of a column.
-static std::string Trimmed(const std::string &Text)
-{
-    return Text.substr(std::min(Text.find_first_not_of(' '), Text.size()));
-}
-
 std::string cSession::XText()
 {
-    return Trimmed(LevelText(State().m_szX));
+    return AnswerText(State().m_szX);
 }
 
 std::string cSession::LastXText()
 {
     State();
     const std::string Line = BoxLine(m_Calculator.m_Registers, kRegisters);  // "LASTx   = +3.00"
-    return Trimmed(LevelText(Line.c_str() + Line.find('=') + 2));
+    return AnswerText(Line.c_str() + Line.find('=') + 2);
 }
 
 std::string cSession::ModesText()

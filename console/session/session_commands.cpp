@@ -82,10 +82,7 @@ void cSession::OnStack(const std::string &)
 
 void cSession::OnRegisters(const std::string &)
 {
-    const cVorstekState &Is = State();
-    for (unsigned nRegister = 0; nRegister < kRegisters; nRegister++)
-        if (Is.m_dReg[nRegister] != 0.0)
-            *m_Streams.m_pOut << BoxLine(m_Calculator.m_Registers, nRegister) << "\n";
+    PrintRegisters(State(), m_Calculator.m_Registers, m_Streams.m_pOut);
     *m_Streams.m_pOut << BoxLine(m_Calculator.m_Registers, kRegisters) << "\n";
     m_bPrinted = 1;
 }
@@ -140,7 +137,7 @@ int cSession::LoadText(const std::string &Listing)
 void cSession::OnLoad(const std::string &Argument)
 {
     std::string Listing;
-    if (Argument.empty())
+    if (Argument.empty() || Argument == kStandardInput)
         m_Error = "load: which file?";
     else if (!ReadInput(Argument, m_Streams, &Listing))
         m_bPrinted = 1;

@@ -174,6 +174,24 @@ class SessionTest(ConsoleCase):
         screen = terminal.wait(lambda screen: screen[-1] == ">" and "LASTx 1.00  DEG  FIX 2" in screen)
         self.assertRegex(screen[-2], r"^X   [1-9]\d+\.00$")
 
+    def test_a_plain_terminal_goes_on_after_ctrl_c_has_halted_a_program(self):
+        self.listing("LBL 1", "1", "+", "GTO 1")
+        terminal = self.terminal(environment=["TERM=dumb"])
+        terminal.line("load program.txt")
+        terminal.wait(lambda screen: screen.count(">") == 1 and "0.00" in screen)
+        terminal.line("run")
+        time.sleep(0.2)
+        terminal.keys("C-c")
+        terminal.wait(lambda screen: re.fullmatch(r"(\^C)?[1-9]\d*\.00", screen[-2]))
+        terminal.line("CLX 7")
+        terminal.wait_for("> CLX 7", "7.00", ">")
+
+    def test_sigterm_ends_the_session(self):
+        terminal = self.terminal()
+        terminal.type("4 5")
+        os.kill(self.pid_of_program(), signal.SIGTERM)
+        terminal.wait_for("exit code 143")
+
     def test_ctrl_z_gives_the_terminal_back_until_the_program_goes_on(self):
         terminal = self.terminal()
         terminal.type("4 5")
