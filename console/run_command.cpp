@@ -159,7 +159,7 @@ int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Stream
 
     std::optional<cRunProfile> Profile;
     if (Options.m_bProfile)
-        pEngine->SetProfile(&Profile.emplace());
+        pEngine->SetObserver(&Profile.emplace());
     const cStopSignals Signals;
     const int          bDone = Start(Options, pEngine);
     if (!*Streams.m_pOut)

@@ -40,7 +40,7 @@
 #include "engine/vorstek_state.h"
 
 class cLineBox;
-class cRunProfile;
+class cRunObserver;
 
 const unsigned kLastXLine     = kRegisters;  // line of LASTx in the registers box
 const unsigned kRegisterLines = kRegisters + 1;
@@ -243,7 +243,7 @@ public:
     cTraceLog m_Trace;
 
     // Of the runs from now on; null for none.
-    cRunProfile *m_pProfile;
+    cRunObserver *m_pObserver;
 
     // --- loading
     unsigned m_nLoaderLine;       // line of the file that the loader is at, from 1

@@ -4,7 +4,7 @@
 #include "engine/mode_switch.h"
 #include "engine/pending_keys.h"
 #include "engine/run_lock.h"
-#include "engine/run_profile.h"
+#include "engine/run_observer.h"
 
 static void EnableRunCommands(cCalculator &c, int bEnable)
 {
@@ -14,7 +14,7 @@ static void EnableRunCommands(cCalculator &c, int bEnable)
 
 // Executes the current line. Jumps set the next line themselves, all others
 // continue with the line below.
-template <int bTraced, int bProfiled> static int RunLine(cCalculator &c)
+template <int bTraced, int bObserved> static int RunLine(cCalculator &c)
 {
     const unsigned nLine   = c.m_nCurLine;
     const cRunLine Line    = c.m_RunLines.m_Lines[nLine];
@@ -22,18 +22,18 @@ template <int bTraced, int bProfiled> static int RunLine(cCalculator &c)
     c.MarkDisplay();
     if constexpr (bTraced)
         c.m_Trace.WriteLine(c, nLine ? nLine : 1);
-    if constexpr (bProfiled)
-        c.m_pProfile->Count(nLine ? nLine : 1);
     if (!nResult)
         c.Halt();
     else if (!Line.m_bJump)
         c.AdvanceLine();
+    if constexpr (bObserved)
+        c.m_pObserver->OnLineDone(nLine ? nLine : 1);
     return nResult;
 }
 
 // Executes lines until something interrupts them, at least one and at most
 // nLines. Returns how many; *pnResult is the last one's result.
-template <int bTraced, int bProfiled>
+template <int bTraced, int bObserved>
 static unsigned RunLines(cCalculator &c, unsigned nLines, int *pnResult)
 {
     unsigned nLeft   = nLines;
@@ -41,7 +41,7 @@ static unsigned RunLines(cCalculator &c, unsigned nLines, int *pnResult)
     c.m_bInterrupted = 0;
     do
     {
-        nResult = RunLine<bTraced, bProfiled>(c);
+        nResult = RunLine<bTraced, bObserved>(c);
         nLeft--;
     }
     while (nLeft > 0 && !c.m_bInterrupted);
@@ -51,7 +51,7 @@ static unsigned RunLines(cCalculator &c, unsigned nLines, int *pnResult)
 
 static auto ChooseRunLines(const cCalculator &c)
 {
-    if (c.m_pProfile)
+    if (c.m_pObserver)
         return c.m_Trace.IsOpen() ? RunLines<1, 1> : RunLines<0, 1>;
     return c.m_Trace.IsOpen() ? RunLines<1, 0> : RunLines<0, 0>;
 }
@@ -62,8 +62,8 @@ static int RunUntilHalt(cCalculator &c)
     const auto pRunLines = ChooseRunLines(c);
     unsigned   nAllowed  = 1;
     int        nResult   = 1;
-    if (c.m_pProfile)
-        c.m_pProfile->Begin();
+    if (c.m_pObserver)
+        c.m_pObserver->OnRunBegins();
     while (c.m_bProgramRunning)
     {
         const unsigned nDone = pRunLines(c, nAllowed, &nResult);
@@ -78,14 +78,13 @@ static int RunUntilHalt(cCalculator &c)
 
 // A host that continues to drain after the halt could bring a key here that
 // starts a second run inside the first; it is refused.
-int RunProgram(cCalculator &c)
+int ContinueRun(cCalculator &c)
 {
     if (c.m_bInRun)
         return 0;
     c.m_bInRun = 1;
     EnableRunCommands(c, 0);
     const int bOpened   = !c.m_bTrace || c.m_Trace.Open(c);
-    c.m_nReturnDepth    = 0;
     c.m_bProgramRunning = bOpened;
     c.m_nRuns++;
     const int nResult = bOpened && RunUntilHalt(c);
@@ -97,6 +96,14 @@ int RunProgram(cCalculator &c)
     if (nResult && !IsWaitingForKey(c))
         SwitchIfPending(c);
     return nResult;
+}
+
+int RunProgram(cCalculator &c)
+{
+    if (c.m_bInRun)
+        return 0;
+    c.m_nReturnDepth = 0;
+    return ContinueRun(c);
 }
 
 int SingleStep(cCalculator &c)

@@ -8,6 +8,9 @@ class cCalculator;
 // Runs from the current line; returns the last line's result. 0 inside a run.
 int RunProgram(cCalculator &c);
 
+// The same in the run that was halted last, with the calls that are open in it.
+int ContinueRun(cCalculator &c);
+
 // Executes the current line and stays there, unless it jumps. Returns its result.
 int ExecuteCurrentLine(cCalculator &c);
 

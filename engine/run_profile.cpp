@@ -26,6 +26,19 @@ static double TimeOfClock()
 
 cRunProfile::cRunProfile() : m_nCounts{}, m_Times{}, m_dClock(TimeOfClock()) {}
 
+void cRunProfile::OnRunBegins()
+{
+    m_Last = std::chrono::steady_clock::now();
+}
+
+void cRunProfile::OnLineDone(unsigned nLine)
+{
+    const auto Now = std::chrono::steady_clock::now();
+    m_nCounts[nLine]++;
+    m_Times[nLine] += Now - m_Last;
+    m_Last = Now;
+}
+
 double cRunProfile::TimeOf(unsigned nLine) const
 {
     const double dClocks = m_dClock * static_cast<double>(m_nCounts[nLine]);

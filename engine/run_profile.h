@@ -7,23 +7,16 @@
 #include <cstdint>
 
 #include "engine/program_line.h"
+#include "engine/run_observer.h"
 
-class cRunProfile
+class cRunProfile : public cRunObserver
 {
 public:
     cRunProfile();
 
-    // A run begins.
-    void Begin() { m_Last = std::chrono::steady_clock::now(); }
-
-    // Line nLine has just been executed: the time since the line before is its own.
-    void Count(unsigned nLine)
-    {
-        const auto Now = std::chrono::steady_clock::now();
-        m_nCounts[nLine]++;
-        m_Times[nLine] += Now - m_Last;
-        m_Last = Now;
-    }
+    // The time since the line before is the line's own.
+    void OnRunBegins() override;
+    void OnLineDone(unsigned nLine) override;
 
     uint64_t CountOf(unsigned nLine) const { return m_nCounts[nLine]; }
 

@@ -23,6 +23,7 @@ void TakeSnapshot(cCalculator &c, cSnapshot *pSnapshot)
     c.RefreshViews();
     const cVorstekState &State = c;
     memcpy(&pSnapshot->m_State, &State, sizeof State);
+    pSnapshot->m_State.m_bProgramRunning = 0;
     ClearRest(pSnapshot->m_State.m_szX);
     ClearRest(pSnapshot->m_State.m_szY);
     ClearRest(pSnapshot->m_State.m_szZ);

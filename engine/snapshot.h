@@ -17,7 +17,8 @@ struct cSnapshot
     int           m_bDisplayShowsX;
 };
 
-// Between two runs or in the middle of one; brings the views up to date first.
+// Brings the views up to date first. In the middle of a run it is the moment after the
+// run has been halted there.
 void TakeSnapshot(cCalculator &c, cSnapshot *pSnapshot);
 
 // szListing is what the listing box had then; null if the program is still the same.

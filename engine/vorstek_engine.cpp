@@ -7,6 +7,7 @@
 #include "engine/number_entry.h"
 #include "engine/options.h"
 #include "engine/program_memory.h"
+#include "engine/program_run.h"
 #include "engine/snapshot.h"
 
 cVorstekEngine::cVorstekEngine(cVorstekHost *pHost, cLineBox *pListing, cLineBox *pRegisters)
@@ -116,9 +117,14 @@ int cVorstekEngine::Restore(const cSnapshot &Snapshot, const char *szListing)
     return RestoreSnapshot(*m_pCalculator, Snapshot, szListing);
 }
 
-void cVorstekEngine::SetProfile(cRunProfile *pProfile)
+int cVorstekEngine::ContinueRun()
 {
-    m_pCalculator->m_pProfile = pProfile;
+    return ::ContinueRun(*m_pCalculator);
+}
+
+void cVorstekEngine::SetObserver(cRunObserver *pObserver)
+{
+    m_pCalculator->m_pObserver = pObserver;
 }
 
 void cVorstekEngine::SetTraceFileName(const char *szName)

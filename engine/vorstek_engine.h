@@ -18,7 +18,7 @@
 
 class cCalculator;
 class cLineBox;
-class cRunProfile;
+class cRunObserver;
 struct cSnapshot;
 struct cStep;
 struct cVorstekState;
@@ -96,8 +96,13 @@ public:
     void TakeSnapshot(cSnapshot *pSnapshot);
     int  Restore(const cSnapshot &Snapshot, const char *szListing);
 
-    // Counts and times the lines of the runs from now on; null: no longer.
-    void SetProfile(cRunProfile *pProfile);
+    // Runs on from the current line in the run that was halted last: stack lift and open
+    // calls are as they were, which R/S would end. 0 in a run, and after an error.
+    int ContinueRun();
+
+    // Watches the runs from now on; null: no longer. It may call HaltProgram(),
+    // State() and TakeSnapshot().
+    void SetObserver(cRunObserver *pObserver);
 
     // The trace log's name, "tracelog.txt" unless set; kept, not copied.
     void SetTraceFileName(const char *szName);
