@@ -5,7 +5,7 @@
 #include "graph/vantor_data_set.h"
 
 cHeadlessHost::cHeadlessHost()
-    : m_Plot(this), m_bListingShown(0), m_bRegistersShown(0), m_bGraphShown(0)
+    : m_Plot(this), m_nGraphsCleared(0), m_bListingShown(0), m_bRegistersShown(0), m_bGraphShown(0)
 {
 }
 
@@ -54,6 +54,7 @@ void cHeadlessHost::ShowGraph()
 void cHeadlessHost::ClearGraph()
 {
     m_Plot.ClearAll();
+    m_nGraphsCleared++;
 }
 
 unsigned cHeadlessHost::CountDataSets()

@@ -33,6 +33,7 @@ public:
     int      AddGraphPoint(unsigned nLine, double dX, double dY) override;
 
     cVantorPlot m_Plot;
+    unsigned    m_nGraphsCleared;  // how often; without that the graph only grows
     int         m_bListingShown;
     int         m_bRegistersShown;
     int         m_bGraphShown;

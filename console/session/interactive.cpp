@@ -10,42 +10,53 @@
 #include "console/stop_signal.h"
 #include "resources/version.h"
 
-static const char kPrompt[] = "> ";
-
-static std::unique_ptr<cLineSource> Lines(const cStreams &Streams, int bRedraws)
+static std::unique_ptr<cLineSource> Lines(const cSession &Session, const cStreams &Streams,
+                                          int bRedraws)
 {
     std::unique_ptr<cLineSource> pLines;
     if (bRedraws)
-        pLines = EditedLines(HistoryFile(), cSession::Words());
+        pLines = EditedLines(HistoryFile(), Session.Words());
     return pLines ? std::move(pLines) : PlainLines(Streams);
 }
 
 int RunInteractive(const cStreams &Streams)
 {
-    const int  bRedraws = CanRedraw();
-    const auto pLines   = Lines(Streams, bRedraws);
-    cSession   Session(Streams);
-    cScreen    Screen(Streams, bRedraws);
-    *Streams.m_pOut << "Vorstek " VORSTEK_VERSION ". help says what there is, Ctrl-D ends.\n";
-    Screen.Show(&Session);
-    while (!Session.HasEnded() && *Streams.m_pOut)
+    cSession Session(Streams);
+    return RunSession(&Session, Streams);
+}
+
+int RunSession(cSession *pSession, const cStreams &Streams)
+{
+    const int         bTerminal = IsTerminal();
+    const int         bRedraws  = CanRedraw();
+    const auto        pLines    = Lines(*pSession, Streams, bRedraws);
+    const std::string Prompt    = bTerminal ? "> " : "";
+    cScreen           Screen(Streams, bRedraws);
+    int               bFailed = 0;
+    if (bTerminal)
+        *Streams.m_pOut << "Vorstek " VORSTEK_VERSION ". help says what there is, Ctrl-D ends.\n";
+    Screen.Show(pSession);
+    while (!pSession->HasEnded() && *Streams.m_pOut)
     {
         std::string Line;
         Streams.m_pOut->flush();  // the editing library writes past it
-        const eTyped nTyped = pLines->Read(kPrompt, &Line);
-        if (nTyped != tyLine)
+        const eTyped nTyped = pLines->Read(Prompt, &Line);
+        if (nTyped != tyLine && bTerminal)
             *Streams.m_pOut << "\n";
         if (nTyped == tyEnd)
             break;
         if (nTyped == tyInterrupted)
         {
-            Screen.Show(&Session);
+            Screen.Show(pSession);
             continue;
         }
-        Session.Perform(Line);
-        if (!Session.HasEnded())
-            Screen.Answer(&Session, kPrompt + Line);
+        pSession->Perform(Line);
+        bFailed = bFailed || !pSession->Error().empty();
+        if (!pSession->HasEnded())
+            Screen.Answer(pSession, Prompt + Line);
     }
     const int nSignal = cStopSignals::Caught();
-    return nSignal == SIGTERM ? ExitCodeOfSignal(nSignal) : kExitDone;
+    if (nSignal == SIGTERM)
+        return ExitCodeOfSignal(nSignal);
+    return bFailed && !bTerminal ? kExitError : kExitDone;
 }

@@ -56,6 +56,8 @@ void cScreen::Show(cSession *pSession)
     m_Rows.clear();
     if (!m_bRedraws)
         return;
+    for (const std::string &Row : pSession->Rows())
+        PrintRow(Row, Row[0] == '>' ? kBold : "");
     ShowModes(pSession);
     std::ostringstream Stack;
     PrintStack(pSession->State(), &Stack);
@@ -80,6 +82,9 @@ void cScreen::Answer(cSession *pSession, const std::string &Typed)
         Show(pSession);
         return;
     }
+    for (const std::string &Row : pSession->News())
+        *m_Streams.m_pOut << Row << "\n";
+    m_Streams.m_pOut->flush();
     if (!pSession->Error().empty())
         *m_Streams.m_pErr << pSession->Error() << std::endl;
     else if (pSession->HasAnswer())

@@ -9,8 +9,8 @@
 #include "engine/vorstek_state.h"
 
 cSession::cSession(const cStreams &Streams)
-    : m_Streams(Streams), m_Host(Streams), m_Calculator(&m_Host), m_Lines(&m_Calculator.m_Engine),
-      m_History(&m_Calculator, &m_Host), m_bPrinted(0), m_bAnswers(0), m_bEnded(0)
+    : m_Streams(Streams), m_Host(Streams), m_Calculator(&m_Host), m_bPrinted(0), m_bAnswers(0),
+      m_Lines(&m_Calculator.m_Engine), m_History(&m_Calculator, &m_Host), m_bEnded(0)
 {
     m_Host.SetEngine(&m_Calculator.m_Engine);
 }
@@ -30,8 +30,9 @@ void cSession::Calculate(const std::string &Line)
     m_bAnswers = m_Lines.CountSteps() > 0;
 }
 
-void cSession::Perform(const std::string &Line)
+void cSession::Perform(const std::string &Typed)
 {
+    const std::string  Line = Meant(Typed);
     const cStopSignals Signals;
     m_bPrinted = 0;
     m_bAnswers = 1;
@@ -44,19 +45,20 @@ void cSession::Perform(const std::string &Line)
     std::string       Argument = nRest == std::string::npos ? "" : Line.substr(nRest);
     Argument.resize(Argument.find_last_not_of(" \t\r") + 1);
 
-    const cSessionCommand *const pCommand = FindSessionCommand(Name);
+    const cSessionCommand *const pCommand = FindCommand(Name);
     if (pCommand)
-        (this->*pCommand->m_pPerform)(Argument);
+        pCommand->m_pPerform(this, Argument);
     else
         Calculate(Line);
 
     const std::string Boxes = m_Host.TakeBoxes();
     if (!Boxes.empty())
         m_Error += (m_Error.empty() ? "" : "\n") + Boxes.substr(0, Boxes.size() - 1);
-    m_bPrinted = m_Host.TakePaused() || m_bPrinted;
-    m_bEnded   = m_bEnded || cStopSignals::Caught() == SIGTERM;
+    m_bPrinted           = m_Host.TakePaused() || m_bPrinted;
+    m_bEnded             = m_bEnded || cStopSignals::Caught() == SIGTERM;
+    const unsigned nNote = OnPerformed();
     if (!pCommand || !pCommand->m_bTravels)
-        m_History.Keep();
+        m_History.Keep(nNote);
 }
 
 std::string cSession::XText()

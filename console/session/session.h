@@ -4,6 +4,7 @@
 #ifndef CONSOLE_SESSION_SESSION_H
 #define CONSOLE_SESSION_SESSION_H
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -12,21 +13,24 @@
 #include "console/session/undo_history.h"
 #include "console/typed_line.h"
 
+struct cSessionCommand;
+
 class cSession
 {
 public:
     explicit cSession(const cStreams &Streams);
+    virtual ~cSession() {}
 
     // Performs a line. What a command prints goes to the streams.
-    void Perform(const std::string &Line);
+    void Perform(const std::string &Typed);
 
     // 1 once the user has asked for the end.
     int HasEnded() const { return m_bEnded; }
 
-    // 1 if the last line printed something.
+    // 1 if the last line printed something that stays above what is drawn again.
     int HasPrinted() const { return m_bPrinted; }
 
-    // 1 if the last line may have changed X, and printed nothing.
+    // 1 if the last line may have changed X, and printed nothing instead.
     int HasAnswer() const { return m_bAnswers && !m_bPrinted; }
 
     // What went wrong with the last line, "" for nothing.
@@ -39,8 +43,16 @@ public:
     std::string LastXText();  // "3.00"
     std::string ModesText();  // "DEG  FIX 2"
 
+    // The rows that are drawn above the stack, and what a plain terminal gets of them
+    // before X: rows that the last line has brought about.
+    virtual std::vector<std::string> Rows() { return {}; }
+    virtual std::vector<std::string> News() { return {}; }
+
     // What tab completes: commands and instructions, in their order.
-    static std::vector<std::string> Words();
+    std::vector<std::string> Words() const;
+
+    // Its commands. Of two with the same name the first one counts.
+    virtual std::vector<std::span<const cSessionCommand>> Commands() const;
 
     // --- the commands; Argument is what follows their name
     void OnUndo(const std::string &Argument);
@@ -57,20 +69,41 @@ public:
     void OnPlot(const std::string &Argument);
     void OnQuit(const std::string &Argument);
 
-private:
-    void Calculate(const std::string &Line);
-    void SaveAs(const std::string &Name);
-    int  LoadText(const std::string &Listing);
+protected:
+    // The present state is the one that undo ends at.
+    void BeginHistory() { m_History.Forget(); }
+
+    // What a line that was typed stands for.
+    virtual std::string Meant(const std::string &Typed) { return Typed; }
+
+    // There is another program now.
+    virtual void OnProgramChanged() {}
+
+    // A line has been performed, and is about to become a step of undo, with a note
+    // that comes back when undo or redo lead to this state.
+    virtual unsigned OnPerformed() { return 0; }
+    virtual void     OnTravelled(unsigned /*nNote*/) {}
+
+    // What precedes a program line in a list of the program.
+    virtual std::string MarkOf(unsigned nLine, const cVorstekState &State) const;
 
     const cStreams      m_Streams;
     cSessionHost        m_Host;
     cHeadlessCalculator m_Calculator;
-    cTypedLines         m_Lines;
-    cUndoHistory        m_History;
     std::string         m_Error;
     int                 m_bPrinted;
     int                 m_bAnswers;
-    int                 m_bEnded;
+
+private:
+    const cSessionCommand *FindCommand(std::string_view Name) const;
+    void                   PrintCommands() const;
+    void                   Calculate(const std::string &Line);
+    void                   SaveAs(const std::string &Name);
+    int                    LoadText(const std::string &Listing);
+
+    cTypedLines  m_Lines;
+    cUndoHistory m_History;
+    int          m_bEnded;
 };
 
 #endif

@@ -8,6 +8,7 @@
 
 #include "console/input_text.h"
 #include "console/session/instruction_help.h"
+#include "console/session/session.h"
 #include "console/session/terminal.h"
 #include "console/stack_text.h"
 #include "console/state_report.h"
@@ -17,22 +18,25 @@
 #include "graph/svg_file.h"
 #include "listing/suggestion.h"
 
+template <void (cSession::*pOperation)(const std::string &)>
+static const auto Do = PerformIn<cSession, pOperation>;
+
 // clang-format off
 static const cSessionCommand s_SessionCommands[] =
 {
-    { "undo",      "",        "back to before the last line",                1, &cSession::OnUndo },
-    { "redo",      "",        "forward again",                               1, &cSession::OnRedo },
-    { "stack",     "",        "print T, Z, Y and X",                         0, &cSession::OnStack },
-    { "registers", "",        "print the registers that are not 0, and LASTx", 0, &cSession::OnRegisters },
-    { "load",      "FILE",    "load a program",                              0, &cSession::OnLoad },
-    { "list",      "",        "print the program; '>' is the current line",  0, &cSession::OnList },
-    { "edit",      "",        "change the program in your editor",           0, &cSession::OnEdit },
-    { "run",       "[LABEL]", "run it from its current line or a label; Ctrl-C halts it", 0, &cSession::OnRun },
-    { "save",      "[FILE]",  "save it",                                     0, &cSession::OnSave },
-    { "save!",     "FILE",    "save it in place of another file",            0, &cSession::OnReplace },
-    { "plot",      "[FILE]",  "draw what it has drawn into graph.svg or FILE", 0, &cSession::OnPlot },
-    { "help",      "[WORD]",  "say more about an instruction",               0, &cSession::OnHelp },
-    { "quit",      "",        "end, as Ctrl-D does",                         0, &cSession::OnQuit },
+    { "undo",      "",        "back to before the last line",                1, Do<&cSession::OnUndo> },
+    { "redo",      "",        "forward again",                               1, Do<&cSession::OnRedo> },
+    { "stack",     "",        "print T, Z, Y and X",                         0, Do<&cSession::OnStack> },
+    { "registers", "",        "print the registers that are not 0, and LASTx", 0, Do<&cSession::OnRegisters> },
+    { "load",      "FILE",    "load a program",                              0, Do<&cSession::OnLoad> },
+    { "list",      "",        "print the program; '>' is the current line",  0, Do<&cSession::OnList> },
+    { "edit",      "",        "change the program in your editor",           0, Do<&cSession::OnEdit> },
+    { "run",       "[LABEL]", "run it from its current line or a label; Ctrl-C halts it", 0, Do<&cSession::OnRun> },
+    { "save",      "[FILE]",  "save it",                                     0, Do<&cSession::OnSave> },
+    { "save!",     "FILE",    "save it in place of another file",            0, Do<&cSession::OnReplace> },
+    { "plot",      "[FILE]",  "draw what it has drawn into graph.svg or FILE", 0, Do<&cSession::OnPlot> },
+    { "help",      "[WORD]",  "say more about an instruction",               0, Do<&cSession::OnHelp> },
+    { "quit",      "",        "end, as Ctrl-D does",                         0, Do<&cSession::OnQuit> },
 };
 // clang-format on
 
@@ -41,18 +45,26 @@ std::span<const cSessionCommand> SessionCommands()
     return s_SessionCommands;
 }
 
-const cSessionCommand *FindSessionCommand(std::string_view Name)
+std::vector<std::span<const cSessionCommand>> cSession::Commands() const
 {
-    const auto Found = std::find_if(std::begin(s_SessionCommands), std::end(s_SessionCommands),
-                                    [Name](const auto &Row) { return Name == Row.m_szName; });
-    return Found == std::end(s_SessionCommands) ? nullptr : Found;
+    return {SessionCommands()};
 }
 
-std::vector<std::string> cSession::Words()
+const cSessionCommand *cSession::FindCommand(std::string_view Name) const
+{
+    for (const auto Table : Commands())
+        for (const cSessionCommand &Row : Table)
+            if (Name == Row.m_szName)
+                return &Row;
+    return nullptr;
+}
+
+std::vector<std::string> cSession::Words() const
 {
     std::vector<std::string> Words;
-    for (const cSessionCommand &Row : s_SessionCommands)
-        Words.emplace_back(Row.m_szName);
+    for (const auto Table : Commands())
+        for (const cSessionCommand &Row : Table)
+            Words.emplace_back(Row.m_szName);
     for (const cInstruction &Instruction : Instructions())
         Words.emplace_back(Instruction.m_szMnemonic);
     return Words;
@@ -64,12 +76,14 @@ void cSession::OnUndo(const std::string &)
 {
     if (!m_History.Undo())
         m_Error = "nothing to undo";
+    OnTravelled(m_History.Tag());
 }
 
 void cSession::OnRedo(const std::string &)
 {
     if (!m_History.Redo())
         m_Error = "nothing to redo";
+    OnTravelled(m_History.Tag());
 }
 
 // --- what there is
@@ -87,25 +101,30 @@ void cSession::OnRegisters(const std::string &)
     m_bPrinted = 1;
 }
 
-static void PrintCommands(std::ostream *pOut)
+static void PrintCommandRow(const cSessionCommand &Row, std::ostream *pOut)
 {
-    *pOut << "Type numbers and instructions, several in a row: 2 3 + sqrt STO 5\n\n";
-    for (const cSessionCommand &Row : s_SessionCommands)
-    {
-        char szStart[32];
-        snprintf(szStart, sizeof szStart, "  %-9s %-8s", Row.m_szName, Row.m_szArgument);
-        *pOut << szStart << Row.m_szSummary << "\n";
-    }
+    char szStart[48];
+    snprintf(szStart, sizeof szStart, "  %-9s %-8s", Row.m_szName, Row.m_szArgument);
+    *pOut << szStart << Row.m_szSummary << "\n";
+}
+
+void cSession::PrintCommands() const
+{
+    *m_Streams.m_pOut << "Type numbers and instructions, several in a row: 2 3 + sqrt STO 5\n\n";
+    for (const auto Table : Commands())
+        for (const cSessionCommand &Row : Table)
+            if (FindCommand(Row.m_szName) == &Row)
+                PrintCommandRow(Row, m_Streams.m_pOut);
 }
 
 void cSession::OnHelp(const std::string &Argument)
 {
     m_bPrinted = 1;
     if (Argument.empty())
-        return PrintCommands(m_Streams.m_pOut);
+        return PrintCommands();
     const cVocabulary         Vocabulary;
     const cInstruction *const pInstruction = Vocabulary.Find(Argument);
-    const cSessionCommand    *pCommand     = FindSessionCommand(Argument);
+    const cSessionCommand    *pCommand     = FindCommand(Argument);
     if (pCommand)
         *m_Streams.m_pOut << pCommand->m_szName << " " << pCommand->m_szArgument
                           << (*pCommand->m_szArgument ? ": " : "- ") << pCommand->m_szSummary
@@ -128,7 +147,10 @@ int cSession::LoadText(const std::string &Listing)
     m_Calculator.m_Engine.LoadListing(Listing.data(), Listing.size());
     const std::string Boxes = m_Host.TakeBoxes();
     if (Boxes.empty())
+    {
+        OnProgramChanged();
         return 1;
+    }
     m_Error = Boxes.substr(0, Boxes.find('\n'));
     m_History.Revert();
     return 0;
@@ -145,14 +167,23 @@ void cSession::OnLoad(const std::string &Argument)
         m_Calculator.m_Engine.TakeLoadedProgram(Argument.c_str());
 }
 
+std::string cSession::MarkOf(unsigned nLine, const cVorstekState &State) const
+{
+    return nLine == State.m_nCurLine ? "> " : "  ";
+}
+
+// Lines of the listing that are no program lines are comments.
 void cSession::OnList(const std::string &)
 {
-    const cVorstekState &Is       = State();
-    const unsigned       nCurrent = Is.m_Program[Is.m_nCurLine].m_nListingLine;
-    const unsigned       nLines   = m_Calculator.m_Listing.CountLines();
+    const cVorstekState &Is     = State();
+    const unsigned       nLines = m_Calculator.m_Listing.CountLines();
+    unsigned             nAt    = 0;  // in the program
     for (unsigned nLine = 0; nLine < nLines; nLine++)
-        *m_Streams.m_pOut << (nLine == nCurrent ? "> " : "  ")
+    {
+        const int bProgram = nAt <= kLastLine && nLine == Is.m_Program[nAt].m_nListingLine;
+        *m_Streams.m_pOut << (bProgram ? MarkOf(nAt++, Is) : MarkOf(kProgramLines, Is))
                           << BoxLine(m_Calculator.m_Listing, nLine) << "\n";
+    }
     m_bPrinted = 1;
 }
 

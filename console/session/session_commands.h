@@ -6,9 +6,8 @@
 
 #include <span>
 #include <string>
-#include <string_view>
 
-#include "console/session/session.h"
+class cSession;
 
 struct cSessionCommand
 {
@@ -16,12 +15,16 @@ struct cSessionCommand
     const char *m_szArgument;  // "FILE", as help names it; "" for none
     const char *m_szSummary;   // "back to before the last line"
     int         m_bTravels;    // goes through the history instead of adding to it
-    void (cSession::*m_pPerform)(const std::string &Argument);
+    void (*m_pPerform)(cSession *pSession, const std::string &Argument);
 };
 
-std::span<const cSessionCommand> SessionCommands();
+// For rows: an operation of a session of this kind.
+template <typename tSession, void (tSession::*pOperation)(const std::string &)>
+void PerformIn(cSession *pSession, const std::string &Argument)
+{
+    (static_cast<tSession *>(pSession)->*pOperation)(Argument);
+}
 
-// Null if there is none of this name.
-const cSessionCommand *FindSessionCommand(std::string_view Name);
+std::span<const cSessionCommand> SessionCommands();
 
 #endif

@@ -3,71 +3,75 @@
 #include <cstring>
 
 #include "console/headless_host.h"
-#include "graph/vantor_data_set.h"
 
 static_assert(sizeof(cSnapshot) % sizeof(uint64_t) == 0);
 
 cUndoHistory::cUndoHistory(cHeadlessCalculator *pCalculator, cHeadlessHost *pHost)
-    : m_pCalculator(pCalculator), m_pHost(pHost), m_nAt(0)
+    : m_pCalculator(pCalculator), m_pSnapshot(std::make_unique<cSnapshot>()), m_Graph(pHost),
+      m_nAt(0)
 {
-    m_Words  = TakeWords();
-    m_Beside = TakeBeside();
+    TakeSnapshot();
+    memcpy(m_Words, m_pSnapshot.get(), sizeof m_Words);
+    m_pListing = TakeListing();
 }
 
-cUndoHistory::cWords cUndoHistory::TakeWords()
+void cUndoHistory::TakeSnapshot()
 {
-    const auto pSnapshot = std::make_unique<cSnapshot>();
-    m_pCalculator->m_Engine.TakeSnapshot(pSnapshot.get());
-    cWords Words(kWords);
-    memcpy(Words.data(), pSnapshot.get(), sizeof(cSnapshot));
-    return Words;
+    m_pCalculator->m_Engine.TakeSnapshot(m_pSnapshot.get());
 }
 
-cUndoHistory::cBeside cUndoHistory::TakeBeside()
+// The present step's own if nothing has changed.
+cUndoHistory::cListing cUndoHistory::TakeListing() const
 {
-    cBeside     Beside = m_Beside;
-    std::string Listing(m_pCalculator->m_Listing.GetTextLength() + 1, 0);
-    Listing.resize(m_pCalculator->m_Listing.GetText(Listing.data(), Listing.size()));
-    if (!Beside.m_pListing || *Beside.m_pListing != Listing)
-        Beside.m_pListing = std::make_shared<const std::string>(std::move(Listing));
-
-    std::vector<cPoints> Graph(m_pHost->m_Plot.Count());
-    for (uint32_t nLine = 1; nLine <= Graph.size(); nLine++)
-    {
-        const cVantorDataSet &Set = *m_pHost->m_Plot.DataSet(nLine);
-        for (uint32_t n = 0; n < Set.m_nPoints; n++)
-            Graph[nLine - 1].emplace_back(Set.X(n), Set.m_pY[n]);
-    }
-    if (!Beside.m_pGraph || *Beside.m_pGraph != Graph)
-        Beside.m_pGraph = std::make_shared<const std::vector<cPoints>>(std::move(Graph));
-    return Beside;
+    std::string Text(m_pCalculator->m_Listing.GetTextLength() + 1, 0);
+    Text.resize(m_pCalculator->m_Listing.GetText(Text.data(), Text.size()));
+    if (m_pListing && *m_pListing == Text)
+        return m_pListing;
+    return std::make_shared<const std::string>(std::move(Text));
 }
 
-void cUndoHistory::Keep()
+void cUndoHistory::Keep(unsigned nTag)
 {
-    const cWords Words = TakeWords();
-    cStep        Step  = {{}, m_Beside, TakeBeside()};
+    uint64_t Words[kWords];
+    cStep    Step = {{}, m_Graph.TakeChange(), m_pListing, TakeListing(), nTag};
+    TakeSnapshot();
+    memcpy(Words, m_pSnapshot.get(), sizeof Words);
     for (uint32_t n = 0; n < kWords; n++)
         if (Words[n] != m_Words[n])
             Step.m_Changes.push_back({n, Words[n] ^ m_Words[n]});
-    if (Step.m_Changes.empty() && Step.m_After.m_pListing == m_Beside.m_pListing &&
-        Step.m_After.m_pGraph == m_Beside.m_pGraph)
+    if (Step.m_Changes.empty() && Step.m_pAfter == m_pListing && Step.m_Graph.IsEmpty())
         return;
-    m_Words  = Words;
-    m_Beside = Step.m_After;
+    memcpy(m_Words, Words, sizeof m_Words);
+    m_pListing = Step.m_pAfter;
     m_Steps.resize(m_nAt);
     m_Steps.push_back(std::move(Step));
     if (m_Steps.size() > kMostUndo)
-        m_Steps.erase(m_Steps.begin());
+        m_Steps.pop_front();
     m_nAt = m_Steps.size();
+}
+
+void cUndoHistory::Forget()
+{
+    Keep();
+    m_Steps.clear();
+    m_nAt = 0;
+}
+
+size_t cUndoHistory::StepsToTag() const
+{
+    size_t nBack = 0;
+    while (nBack < m_nAt && m_Steps[m_nAt - nBack - 1].m_nTag == 0)
+        nBack++;
+    return nBack < m_nAt ? nBack + 1 : 0;
 }
 
 int cUndoHistory::Undo()
 {
     if (m_nAt == 0)
         return 0;
-    m_nAt--;
-    Travel(m_Steps[m_nAt], m_Steps[m_nAt].m_Before);
+    const cStep &Step = m_Steps[--m_nAt];
+    m_Graph.Undo(Step.m_Graph);
+    Travel(Step, Step.m_pBefore);
     return 1;
 }
 
@@ -75,38 +79,28 @@ int cUndoHistory::Redo()
 {
     if (m_nAt == m_Steps.size())
         return 0;
-    Travel(m_Steps[m_nAt], m_Steps[m_nAt].m_After);
-    m_nAt++;
+    const cStep &Step = m_Steps[m_nAt++];
+    m_Graph.Redo(Step.m_Graph);
+    Travel(Step, Step.m_pAfter);
     return 1;
-}
-
-void cUndoHistory::DrawGraph(const std::vector<cPoints> &Graph)
-{
-    m_pHost->m_Plot.ClearAll();
-    for (uint32_t nLine = 1; nLine <= Graph.size(); nLine++)
-        for (const auto &[fX, fY] : Graph[nLine - 1])
-            m_pHost->m_Plot.AddPoint(nLine, fX, fY);
 }
 
 void cUndoHistory::Restore(const char *szListing)
 {
-    const auto pSnapshot = std::make_unique<cSnapshot>();
-    memcpy(pSnapshot.get(), m_Words.data(), sizeof(cSnapshot));
-    m_pCalculator->m_Engine.Restore(*pSnapshot, szListing);
+    memcpy(m_pSnapshot.get(), m_Words, sizeof m_Words);
+    m_pCalculator->m_Engine.Restore(*m_pSnapshot, szListing);
 }
 
 void cUndoHistory::Revert()
 {
-    Restore(m_Beside.m_pListing->c_str());
-    DrawGraph(*m_Beside.m_pGraph);
+    Restore(m_pListing->c_str());
+    m_Graph.Revert();
 }
 
-void cUndoHistory::Travel(const cStep &Step, const cBeside &Target)
+void cUndoHistory::Travel(const cStep &Step, const cListing &pTarget)
 {
     for (const cChange &Change : Step.m_Changes)
         m_Words[Change.m_nWord] ^= Change.m_nDifference;
-    Restore(Target.m_pListing == m_Beside.m_pListing ? nullptr : Target.m_pListing->c_str());
-    if (Target.m_pGraph != m_Beside.m_pGraph)
-        DrawGraph(*Target.m_pGraph);
-    m_Beside = Target;
+    Restore(pTarget == m_pListing ? nullptr : pTarget->c_str());
+    m_pListing = pTarget;
 }

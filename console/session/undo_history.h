@@ -5,11 +5,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
+#include "console/session/graph_history.h"
 #include "engine/snapshot.h"
 
 class cHeadlessCalculator;
@@ -24,8 +25,17 @@ public:
     cUndoHistory(cHeadlessCalculator *pCalculator, cHeadlessHost *pHost);
 
     // Keeps the present state as the next step, unless nothing has changed. What had
-    // been undone is forgotten.
-    void Keep();
+    // been undone is forgotten. nTag is the caller's own note on this state.
+    void Keep(unsigned nTag = 0);
+
+    // What Keep() was told with the present step; 0 for the first.
+    unsigned Tag() const { return m_nAt ? m_Steps[m_nAt - 1].m_nTag : 0; }
+
+    // The present state becomes the first.
+    void Forget();
+
+    // How many steps back leave the last one with a tag behind; 0 if none has one.
+    size_t StepsToTag() const;
 
     // Back to the present step, without what has been done since Keep().
     void Revert();
@@ -42,35 +52,31 @@ private:
         uint32_t m_nWord;
         uint64_t m_nDifference;
     };
-    typedef std::vector<std::pair<float, float>> cPoints;
+    typedef std::shared_ptr<const std::string> cListing;  // shared by steps
 
-    // What is not in a snapshot. Steps share what does not change between them.
-    struct cBeside
-    {
-        std::shared_ptr<const std::string>          m_pListing;
-        std::shared_ptr<const std::vector<cPoints>> m_pGraph;  // by data line
-    };
     struct cStep
     {
         std::vector<cChange> m_Changes;
-        cBeside              m_Before;
-        cBeside              m_After;
+        cGraphChange         m_Graph;
+        cListing             m_pBefore;
+        cListing             m_pAfter;
+        unsigned             m_nTag;
     };
-    static const size_t           kWords = sizeof(cSnapshot) / sizeof(uint64_t);
-    typedef std::vector<uint64_t> cWords;
 
-    cWords  TakeWords();
-    cBeside TakeBeside();
-    void    Travel(const cStep &Step, const cBeside &Target);
-    void    Restore(const char *szListing);
-    void    DrawGraph(const std::vector<cPoints> &Graph);
+    void     TakeSnapshot();
+    cListing TakeListing() const;
+    void     Travel(const cStep &Step, const cListing &pTarget);
+    void     Restore(const char *szListing);
 
-    cHeadlessCalculator *const m_pCalculator;
-    cHeadlessHost *const       m_pHost;
-    cWords                     m_Words;   // of the present step
-    cBeside                    m_Beside;  // the same
-    std::vector<cStep>         m_Steps;
-    size_t                     m_nAt;  // steps that can be undone
+    static const size_t kWords = sizeof(cSnapshot) / sizeof(uint64_t);
+
+    cHeadlessCalculator *const       m_pCalculator;
+    const std::unique_ptr<cSnapshot> m_pSnapshot;
+    uint64_t                         m_Words[kWords];  // of the present step
+    cListing                         m_pListing;       // the same
+    cGraphHistory                    m_Graph;          // the same
+    std::deque<cStep>                m_Steps;
+    size_t                           m_nAt;  // steps that can be undone
 };
 
 #endif
