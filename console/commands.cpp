@@ -18,6 +18,11 @@ static const cCommandRow s_Commands[] =
     { "run", "PROGRAM.txt", "run a program, print the stack",
       "Loads a listing, starts it at line 1 and prints T, Z, Y and X when it halts.\n",
       RunOptionRows, RunCommand },
+    { "debug", "PROGRAM.txt", "run a program step by step",
+      "The calculator in the terminal with the program loaded: breakpoints, single\n"
+      "steps forwards and backwards, watched registers. help lists its commands. They\n"
+      "may come from a file or a pipe, a line each.\n",
+      nullptr, DebugCommand },
     { "check", "PROGRAM.txt...", "check programs without running them",
       "Reports what the loader rejects, and warns of what is probably a mistake. - is\n"
       "standard input.\n",

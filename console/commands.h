@@ -35,6 +35,7 @@ int ReportUnknownCommand(const cStreams &Streams, const std::string &Name);
 // --- the rows' functions
 int EvalCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
 int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
+int DebugCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
 int CheckCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
 int FmtCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
 int ScriptCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);

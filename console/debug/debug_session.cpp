@@ -1,0 +1,289 @@
+#include "console/debug/debug_session.h"
+
+#include <algorithm>
+#include <cinttypes>
+#include <cstdio>
+#include <ostream>
+#include <sstream>
+
+#include "console/arguments.h"
+#include "console/session/session_commands.h"
+#include "console/state_report.h"
+#include "engine/listing_words.h"
+#include "engine/vorstek_state.h"
+
+template <void (cDebugSession::*pOperation)(const std::string &)>
+static const auto Debug = PerformIn<cDebugSession, pOperation>;
+
+// clang-format off
+static const cSessionCommand s_DebugCommands[] =
+{
+    { "break",    "[PLACE]",  "stop before a line: 12, LBL 3, 12 if x<0; alone, print them", 0, Debug<&cDebugSession::OnBreak> },
+    { "delete",   "[PLACE]",  "forget a breakpoint, or all",                  0, Debug<&cDebugSession::OnDelete> },
+    { "watch",    "[NAME]",   "stop when x to t, lastx, i or r5 changes; alone, print them", 0, Debug<&cDebugSession::OnWatch> },
+    { "unwatch",  "[NAME]",   "forget it, or all",                            0, Debug<&cDebugSession::OnUnwatch> },
+    { "step",     "[N]",      "run one line, or N",                           0, Debug<&cDebugSession::OnStep> },
+    { "next",     "",         "the same, but a GSB with all that it calls",   0, Debug<&cDebugSession::OnNext> },
+    { "until",    "PLACE",    "run to a line or a label",                     0, Debug<&cDebugSession::OnUntil> },
+    { "finish",   "",         "run to the end of the subroutine",             0, Debug<&cDebugSession::OnFinish> },
+    { "continue", "",         "run on; Ctrl-C halts as R/S does",             0, Debug<&cDebugSession::OnContinue> },
+    { "back",     "[N]",      "take back the last line that ran, or N lines", 0, Debug<&cDebugSession::OnBack> },
+    { "where",    "",         "print the calls that are open",                0, Debug<&cDebugSession::OnWhere> },
+    { "counts",   "",         "print the program with how often each line ran", 0, Debug<&cDebugSession::OnCounts> },
+};
+// clang-format on
+
+cDebugSession::cDebugSession(const cStreams &Streams)
+    : cSession(Streams), m_Debugger(&m_Calculator, &m_Host)
+{
+}
+
+int cDebugSession::Load(const std::string &Name)
+{
+    OnLoad(Name);
+    BeginHistory();
+    return m_Error.empty() && !m_bPrinted;
+}
+
+std::vector<std::span<const cSessionCommand>> cDebugSession::Commands() const
+{
+    return {s_DebugCommands, SessionCommands()};
+}
+
+// --- what is shown
+
+// "> 12 STO 5", "* 12 STO 5" at a breakpoint.
+std::string cDebugSession::ProgramRow(unsigned nLine)
+{
+    const cVorstekState &Is = State();
+    return MarkOf(nLine, Is) + BoxLine(m_Calculator.m_Listing, Is.m_Program[nLine].m_nListingLine);
+}
+
+std::vector<std::string> cDebugSession::WatchRows()
+{
+    std::vector<std::string> Rows;
+    const cVorstekState     &Is = State();
+    for (const cQuantity &Quantity : m_Debugger.Watched())
+        Rows.push_back(Quantity.Name() + " = " + NumberText(Quantity.In(Is)));
+    return Rows;
+}
+
+// The current line with two on either side.
+std::vector<std::string> cDebugSession::Rows()
+{
+    const unsigned           nCurrent = State().m_nCurLine;
+    const unsigned           nFirst   = std::min(nCurrent > 2 ? nCurrent - 2 : 0, kLastLine - 4);
+    std::vector<std::string> Rows;
+    for (unsigned nLine = nFirst; nLine < nFirst + 5; nLine++)
+        Rows.push_back(ProgramRow(nLine));
+    for (const std::string &Row : WatchRows())
+        Rows.push_back(Row);
+    return Rows;
+}
+
+std::vector<std::string> cDebugSession::News()
+{
+    return m_News;
+}
+
+std::string cDebugSession::MarkOf(unsigned nLine, const cVorstekState &State) const
+{
+    const auto &Breakpoints = m_Debugger.Breakpoints();
+    const int   bBreak =
+        nLine <= kLastLine && std::any_of(Breakpoints.begin(), Breakpoints.end(),
+                                          [nLine, &State](const cBreakpoint &Breakpoint) {
+                                              return Breakpoint.m_Place.IsAt(nLine, State);
+                                          });
+    return std::string(nLine == State.m_nCurLine ? ">" : " ") + (bBreak ? "*" : " ");
+}
+
+// --- what a line has brought about
+
+// An empty line repeats a step.
+std::string cDebugSession::Meant(const std::string &Typed)
+{
+    const std::vector<std::string> Words = SplitWords(Typed);
+    if (Words.empty())
+        return m_Repeated;
+    const int bStep = Words[0] == "step" || Words[0] == "next" || Words[0] == "back";
+    m_Repeated      = bStep ? Typed : "";
+    return Typed;
+}
+
+void cDebugSession::OnProgramChanged()
+{
+    m_Debugger.ForgetRuns();
+}
+
+unsigned cDebugSession::OnPerformed()
+{
+    m_News.clear();
+    std::istringstream Reasons(m_Debugger.TakeReason());
+    for (std::string Reason; std::getline(Reasons, Reason);)
+        m_News.push_back(Reason);
+    if (m_Debugger.TakeMoved())
+        m_News.push_back(ProgramRow(State().m_nCurLine));
+    return static_cast<unsigned>(m_Debugger.IsSuspended());
+}
+
+void cDebugSession::OnTravelled(unsigned nNote)
+{
+    m_Debugger.SetSuspended(nNote != 0);
+}
+
+// --- where to stop
+
+void cDebugSession::PrintBreakpoints() const
+{
+    for (const cBreakpoint &Breakpoint : m_Debugger.Breakpoints())
+        *m_Streams.m_pOut << "break " << Breakpoint.Text() << "\n";
+}
+
+void cDebugSession::OnBreak(const std::string &Argument)
+{
+    m_bAnswers            = 0;
+    const auto Breakpoint = cBreakpoint::Parse(Argument);
+    m_bPrinted            = Argument.empty();
+    if (Argument.empty())
+        PrintBreakpoints();
+    else if (Breakpoint)
+        m_Debugger.AddBreakpoint(*Breakpoint);
+    else
+        m_Error = "break: '" + Argument + "' is no place such as 12, LBL 3 or 12 if x<0";
+}
+
+void cDebugSession::OnDelete(const std::string &Argument)
+{
+    m_bAnswers       = 0;
+    const auto Place = cPlace::Parse(Argument);
+    if (Argument.empty())
+        m_Debugger.DeleteBreakpoints();
+    else if (!Place || !m_Debugger.DeleteBreakpoint(*Place))
+        m_Error = "delete: there is no breakpoint '" + Argument + "'";
+}
+
+void cDebugSession::OnWatch(const std::string &Argument)
+{
+    m_bAnswers          = 0;
+    const auto Quantity = cQuantity::Parse(Argument);
+    m_bPrinted          = Argument.empty();
+    if (Quantity)
+        m_Debugger.Watch(*Quantity);
+    else if (!Argument.empty())
+        m_Error = "watch: '" + Argument + "' is none of x, y, z, t, lastx, i, r0 to r29";
+    else
+        for (const std::string &Row : WatchRows())
+            *m_Streams.m_pOut << Row << "\n";
+}
+
+void cDebugSession::OnUnwatch(const std::string &Argument)
+{
+    m_bAnswers          = 0;
+    const auto Quantity = cQuantity::Parse(Argument);
+    if (Argument.empty())
+        m_Debugger.UnwatchAll();
+    else if (!Quantity || !m_Debugger.Unwatch(*Quantity))
+        m_Error = "unwatch: '" + Argument + "' is not watched";
+}
+
+// --- running
+
+// A count after a command: 1 without an argument, 0 for anything else.
+static uint64_t CountFrom(const std::string &Argument)
+{
+    uint64_t nCount;
+    if (Argument.empty())
+        return 1;
+    return ParseWholeNumber(Argument, &nCount) ? nCount : 0;
+}
+
+// "1/x: Error: divide by 0"
+void cDebugSession::Ended(int bDone)
+{
+    char szStep[kStepText];
+    if (bDone)
+        return;
+    PrintStep(State().m_Program[State().m_nCurLine], szStep);
+    m_Error = szStep + (": " + DisplayedText(&m_Calculator.m_Engine));
+}
+
+void cDebugSession::OnStep(const std::string &Argument)
+{
+    const uint64_t nLines = CountFrom(Argument);
+    if (nLines == 0)
+        m_Error = "step: how many lines?";
+    else
+        Ended(m_Debugger.Step(nLines));
+}
+
+void cDebugSession::OnNext(const std::string &)
+{
+    Ended(m_Debugger.StepOver());
+}
+
+void cDebugSession::OnUntil(const std::string &Argument)
+{
+    const auto Place = cPlace::Parse(Argument);
+    if (!Place)
+        m_Error = "until: to which place, such as 12 or LBL 3?";
+    else
+        Ended(m_Debugger.RunTo(*Place));
+}
+
+void cDebugSession::OnFinish(const std::string &)
+{
+    if (!m_Debugger.IsSuspended() || State().m_nReturnDepth == 0)
+        m_Error = "finish: no call is open";
+    else
+        Ended(m_Debugger.Finish());
+}
+
+void cDebugSession::OnContinue(const std::string &)
+{
+    Ended(m_Debugger.Continue());
+}
+
+void cDebugSession::OnBack(const std::string &Argument)
+{
+    const uint64_t nLines = CountFrom(Argument);
+    if (nLines == 0)
+    {
+        m_Error = "back: how many lines?";
+        return;
+    }
+    const size_t nDone = m_Debugger.Back(nLines);
+    if (nDone == 0)
+        m_Error = "back: no line that ran is left";
+    else if (nDone < nLines)
+        m_Error = "back: only " + std::to_string(nDone) + " were left";
+}
+
+// --- what there is
+
+void cDebugSession::OnWhere(const std::string &)
+{
+    const cVorstekState &Is    = State();
+    const unsigned       nOpen = m_Debugger.IsSuspended() ? Is.m_nReturnDepth : 0;
+    *m_Streams.m_pOut << ProgramRow(Is.m_nCurLine) << "\n";
+    for (unsigned nCall = nOpen; nCall > 0; nCall--)
+    {
+        const unsigned nReturn = Is.m_nReturnAddr[nCall - 1];
+        *m_Streams.m_pOut << "called by "
+                          << TrimBlanks(ProgramRow(nReturn > 1 ? nReturn - 1 : kLastLine)) << "\n";
+    }
+    m_bPrinted = 1;
+}
+
+void cDebugSession::OnCounts(const std::string &)
+{
+    unsigned nLast = kLastLine;
+    while (nLast > 0 && m_Debugger.CountOf(nLast) == 0)
+        nLast--;
+    for (unsigned nLine = 1; nLine <= nLast; nLine++)
+    {
+        char szCount[24];
+        snprintf(szCount, sizeof szCount, "%10" PRIu64 "  ", m_Debugger.CountOf(nLine));
+        *m_Streams.m_pOut << szCount << ProgramRow(nLine) << "\n";
+    }
+    m_bPrinted = 1;
+}
