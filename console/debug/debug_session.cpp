@@ -34,7 +34,7 @@ static const cSessionCommand s_DebugCommands[] =
 // clang-format on
 
 cDebugSession::cDebugSession(const cStreams &Streams)
-    : cSession(Streams), m_Debugger(&m_Calculator, &m_Host)
+    : cSession(Streams), m_Debugger(&m_Calculator, &m_Host), m_bMoved(0)
 {
 }
 
@@ -81,9 +81,11 @@ std::vector<std::string> cDebugSession::Rows()
     return Rows;
 }
 
-std::vector<std::string> cDebugSession::News()
+std::vector<std::string> cDebugSession::PlainRows()
 {
-    return m_News;
+    if (!m_bMoved)
+        return {};
+    return {ProgramRow(State().m_nCurLine)};
 }
 
 std::string cDebugSession::MarkOf(unsigned nLine, const cVorstekState &State) const
@@ -121,8 +123,7 @@ unsigned cDebugSession::OnPerformed()
     std::istringstream Reasons(m_Debugger.TakeReason());
     for (std::string Reason; std::getline(Reasons, Reason);)
         m_News.push_back(Reason);
-    if (m_Debugger.TakeMoved())
-        m_News.push_back(ProgramRow(State().m_nCurLine));
+    m_bMoved = m_Debugger.TakeMoved();
     return static_cast<unsigned>(m_Debugger.IsSuspended());
 }
 

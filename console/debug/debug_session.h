@@ -18,8 +18,10 @@ public:
     // without one if the streams have been told why.
     int Load(const std::string &Name);
 
+    const char                                   *Prompt() const override { return "debug> "; }
     std::vector<std::string>                      Rows() override;
-    std::vector<std::string>                      News() override;
+    std::vector<std::string>                      PlainRows() override;
+    std::vector<std::string>                      News() override { return m_News; }
     std::vector<std::span<const cSessionCommand>> Commands() const override;
 
     // --- the commands; Argument is what follows their name
@@ -50,7 +52,8 @@ private:
     void                     Ended(int bDone);
 
     cDebugger                m_Debugger;
-    std::vector<std::string> m_News;
+    std::vector<std::string> m_News;      // why the last run stopped
+    int                      m_bMoved;    // by the last line
     std::string              m_Repeated;  // by an empty line
 };
 

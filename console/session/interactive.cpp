@@ -30,7 +30,7 @@ int RunSession(cSession *pSession, const cStreams &Streams)
     const int         bTerminal = IsTerminal();
     const int         bRedraws  = CanRedraw();
     const auto        pLines    = Lines(*pSession, Streams, bRedraws);
-    const std::string Prompt    = bTerminal ? "> " : "";
+    const std::string Prompt    = bTerminal ? pSession->Prompt() : "";
     cScreen           Screen(Streams, bRedraws);
     int               bFailed = 0;
     if (bTerminal)

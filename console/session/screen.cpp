@@ -1,6 +1,7 @@
 #include "console/session/screen.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <ostream>
 #include <sstream>
@@ -25,13 +26,35 @@ cScreen::cScreen(const cStreams &Streams, int bRedraws)
 {
 }
 
+// 1 for the first byte of a character in UTF-8.
+static int IsStart(char c)
+{
+    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+}
+
 // Rows of the terminal that a text takes, the end of its line included.
 static unsigned RowsOf(const std::string &Text)
 {
-    const auto IsStart    = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
     const auto nLength    = static_cast<unsigned>(std::count_if(Text.begin(), Text.end(), IsStart));
     const unsigned nWidth = std::max(TerminalWidth(), 1u);
     return std::max((nLength + nWidth - 1) / nWidth, 1u);
+}
+
+// What fits into a row. Tabs and other control characters of a comment become blanks:
+// they would move the rows below.
+static std::string CutToRow(const std::string &Text)
+{
+    const unsigned nWidth = TerminalWidth();
+    std::string    Row;
+    unsigned       nLength = 0;
+    for (const char c : Text)
+    {
+        nLength += static_cast<unsigned>(IsStart(c));
+        if (nLength > nWidth)
+            break;
+        Row += iscntrl(static_cast<unsigned char>(c)) ? ' ' : c;
+    }
+    return Row;
 }
 
 void cScreen::PrintRow(const std::string &Text, const char *szStyle)
@@ -57,13 +80,15 @@ void cScreen::Show(cSession *pSession)
     if (!m_bRedraws)
         return;
     for (const std::string &Row : pSession->Rows())
-        PrintRow(Row, Row[0] == '>' ? kBold : "");
+        PrintRow(CutToRow(Row), Row[0] == '>' ? kBold : "");
     ShowModes(pSession);
     std::ostringstream Stack;
     PrintStack(pSession->State(), &Stack);
     std::istringstream Rows(Stack.str());
     for (std::string Row; std::getline(Rows, Row);)
         PrintRow(Row, Row[0] == 'X' ? kBold : "");
+    for (const std::string &Row : pSession->News())
+        PrintRow(Row, "");
     std::istringstream Errors(pSession->Error());
     for (std::string Error; std::getline(Errors, Error);)
         PrintRow(Error, kRed);
@@ -83,6 +108,8 @@ void cScreen::Answer(cSession *pSession, const std::string &Typed)
         return;
     }
     for (const std::string &Row : pSession->News())
+        *m_Streams.m_pOut << Row << "\n";
+    for (const std::string &Row : pSession->PlainRows())
         *m_Streams.m_pOut << Row << "\n";
     m_Streams.m_pOut->flush();
     if (!pSession->Error().empty())

@@ -43,9 +43,15 @@ public:
     std::string LastXText();  // "3.00"
     std::string ModesText();  // "DEG  FIX 2"
 
-    // The rows that are drawn above the stack, and what a plain terminal gets of them
-    // before X: rows that the last line has brought about.
+    // What stands before the line that is typed in a terminal.
+    virtual const char *Prompt() const { return "> "; }
+
+    // The rows that are drawn above the stack, and what a plain terminal gets in their
+    // place before X.
     virtual std::vector<std::string> Rows() { return {}; }
+    virtual std::vector<std::string> PlainRows() { return {}; }
+
+    // What the last line has brought about beside the stack.
     virtual std::vector<std::string> News() { return {}; }
 
     // What tab completes: commands and instructions, in their order.
