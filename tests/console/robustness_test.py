@@ -143,17 +143,32 @@ class RandomTest(ConsoleCase):
     def test_random_command_lines(self):
         self.listing("LBL 1", "5", "STO 3", "PAUSE", "SumG", name="program.txt")
         self.write("data.txt", "key 20\nstate\nwalk\n")
-        words = ["run", "check", "fmt", "script", "plot", "--title", "--type", "stoop", "--size", "90x60",
-                 "--grid", "--no-legend", "graph.svg", "--x", "--y", "--reg", "--label", "--trace", "--graph",
+        words = ["run", "debug", "check", "fmt", "script", "plot", "--title", "--type", "stoop",
+                 "--size", "90x60", "--grid", "--no-legend", "graph.svg", "--x", "--y", "--reg", "--label", "--trace", "--graph",
                  "--max-lines", "--registers", "--json", "--realtime", "--help", "--", "-", "",
                  "5=1", "1", "-3e5", "program.txt", "program.txt", "data.txt", "missing.txt",
                  "folder", "trace.txt", "graph.txt", "5=", "x y", "\u00e9"]
         chance = Chance(4)
         for _ in range(rounds(150)):
-            arguments = [chance.choice(("run", "run", "run", "check", "fmt", "script", "plot",
-                                        "walk"))]
+            arguments = [chance.choice(("run", "run", "run", "debug", "check", "fmt", "script",
+                                        "plot", "walk"))]
             arguments += chance.some(7, lambda: chance.choice(words))
             self.start(*arguments)      # its exit code is looked at there
+
+
+    def test_random_lines_in_a_debugger(self):
+        self.listing("LBL 1", "STO 3", "GSB 2", "DSZ", "GTO 1", "1/x", "LBL 2", "SumG", "RTN",
+                     name="program.txt")
+        words = ["break", "delete", "watch", "unwatch", "step", "next", "until", "finish",
+                 "continue", "back", "where", "counts", "undo", "redo", "list", "load", "run",
+                 "program.txt", "12", "LBL 2", "LBL", "if", "x<0", "r3", "i", "r30", "<", "5",
+                 "STO 0", "R/S", "GSB 1", "GTO 2", "1e99", "", "\t", "\u00e9", "99999999999999999999"]
+        chance = Chance(5)
+        for _ in range(rounds(40)):
+            lines = chance.some(30, lambda: " ".join(chance.some(4, lambda: chance.choice(words))))
+            result = self.start("debug", "program.txt", stdin="\n".join(lines) + "\n")
+            self.assertIn(result.code, (0, 1))
+            self.assertEqual(result.code == 1, result.err != "")
 
 
 class LargeFileTest(ConsoleCase):

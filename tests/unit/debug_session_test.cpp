@@ -34,6 +34,8 @@ struct cDebugRig
             Text.clear();
             for (const std::string &Row : m_Session.News())
                 Text += Row + "|";
+            for (const std::string &Row : m_Session.PlainRows())
+                Text += Row + "|";
             Text += m_Session.Error();
         }
         std::string Printed = m_Out.str();

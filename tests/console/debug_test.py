@@ -1,0 +1,106 @@
+"""vorstek-cli debug: a program that is run step by step, by lines of standard input."""
+
+import signal
+import subprocess
+import time
+
+import console_case
+from console_case import TIMEOUT, ConsoleCase, LinuxCase, main
+
+# Counts register 0 down from 3, and calls a subroutine each time.
+COUNTDOWN = ("3", "STO 0", "LBL 1", "GSB 2", "DSZ", "GTO 1", "R/S", "LBL 2", "RCL 0", "x^2", "RTN")
+
+
+class DebugTest(ConsoleCase):
+
+    def debug(self, *lines, program=COUNTDOWN, code=0):
+        result = self.start("debug", self.listing(*program),
+                            stdin="".join(line + "\n" for line in lines))
+        self.assertEqual(result.code, code, result.err)
+        return result
+
+    def test_a_line_is_answered_with_why_it_stopped_where_and_x(self):
+        result = self.debug("break LBL 2 if r0<2", "continue", "where")
+        self.assertEqual(result.out.splitlines(),
+                         ["break LBL 2 if r0<2", ">*08 LBL 2", "4.00",
+                          ">*08 LBL 2", "called by 04 GSB 2"])
+        self.assertEqual(result.err, "")
+
+    def test_steps_go_forwards_over_calls_and_backwards(self):
+        result = self.debug("step 3", "next", "back 2", "step")
+        self.assertEqual(result.out.splitlines(),
+                         ["> 04 GSB 2", "3.00", "> 05 DSZ", "9.00",
+                          "> 10 x^2", "3.00", "> 11 RTN", "9.00"])
+
+    def test_what_is_calculated_between_two_steps_counts(self):
+        result = self.debug("step 2", "5 STO 0", "watch r0", "continue")
+        self.assertEqual(result.out.splitlines(),
+                         ["> 03 LBL 1", "3.00", "5.00", "watch r0: 5 -> 4", "> 06 GTO 1", "25.00"])
+
+    def test_an_error_of_the_program_or_of_a_line_makes_the_exit_code_1(self):
+        result = self.debug("continue", program=("0", "1/x"), code=1)
+        self.assertEqual(result.err, "1/x: Error: divide by 0\n")
+        result = self.debug("brake 5", "step", code=1)
+        self.assertEqual(result.out, "> 02 STO 0\n3.00\n")
+        self.assertIn("column 1: brake: neither an instruction nor a number", result.err)
+
+    def test_lines_after_quit_are_not_performed(self):
+        self.assertEqual(self.debug("2 3 +", "quit", "1").out, "5.00\n")
+
+    def test_without_lines_there_is_no_output(self):
+        result = self.debug()
+        self.assertEqual((result.out, result.err), ("", ""))
+
+    def test_a_program_that_cannot_be_loaded_is_refused_with_the_reason(self):
+        self.write("bad.txt", "ENTER\nfoo\n")
+        for name, reason in (("bad.txt", "bad.txt: "), ("missing.txt", "no such file")):
+            with self.subTest(name):
+                result = self.start("debug", name, stdin="1 2 +\n")
+                self.assertEqual((result.code, result.out), (2, ""))
+                self.assertIn(reason, result.err)
+                self.assertEqual(result.err.count("\n"), 1)
+
+    def test_it_wants_one_program_that_is_a_file(self):
+        self.listing("ENTER")
+        for arguments, reason in (((), "debug needs one program"),
+                                  (("program.txt", "program.txt"), "debug needs one program"),
+                                  (("-",), "the program has to be a file"),
+                                  (("--x", "program.txt"), "unknown option")):
+            with self.subTest(arguments):
+                result = self.start("debug", *arguments, stdin="1\n")
+                self.assertEqual((result.code, result.out), (2, ""))
+                self.assertIn(reason, result.err)
+
+    def test_a_changed_program_is_saved_and_debugged_on(self):
+        self.listing("4", "CHS", name="other.txt")
+        result = self.debug("step 5", "load other.txt", "counts", "continue", "save new.txt")
+        self.assertEqual(result.out.splitlines(),
+                         ["> 09 RCL 0", "3.00", "3.00",
+                          "the program has halted", "> 04 R/S", "-4.00", "-4.00"])
+        self.assertEqual(self.read("new.txt"), b"4\r\nCHS\r\n")
+
+
+class InterruptTest(LinuxCase):
+
+    def test_ctrl_c_stops_the_program_where_it_is_and_the_next_line_goes_on(self):
+        name = self.listing("LBL 1", "1", "+", "GTO 1")
+        with subprocess.Popen([*console_case.command, "debug", name], cwd=self.folder,
+                              stdin=subprocess.PIPE, stdout=subprocess.PIPE) as process:
+            process.stdin.write(b"watch r1\nstep 4\n")
+            process.stdin.flush()
+            self.assertEqual(process.stdout.readline(), b"> 01 LBL 1\n")
+            self.assertEqual(process.stdout.readline(), b"1.00\n")
+            process.stdin.write(b"continue\n")
+            process.stdin.flush()
+            time.sleep(0.3)
+            process.send_signal(signal.SIGINT)
+            self.assertEqual(process.stdout.readline(), b"interrupted\n")
+            self.assertRegex(process.stdout.readline(), rb"^> 0[1-4] ")
+            self.assertGreater(float(process.stdout.readline()), 1.0)
+            output = process.communicate(b"step\n", TIMEOUT)[0]
+            self.assertRegex(output, rb"^> 0[1-4] .*\n[0-9.]+\n$")
+            self.assertEqual(process.returncode, 0)
+
+
+if __name__ == "__main__":
+    main()
