@@ -53,8 +53,8 @@ KEY_TEXTS = {"x<>y": "x\u2194y", "-": "\u2212", "*": "\u00d7", "/": "\u00f7", "\
 
 # What each scrolling block contains, for screen readers.
 BLOCK_NAMES = {"listing": "Listing", "session": "Terminal session",
-               "dialogue": "Calculating in a terminal", "data": "Data file",
-               "script": "Script"}
+               "dialogue": "Calculating in a terminal",
+               "debugging": "Debugging in a terminal", "data": "Data file", "script": "Script"}
 
 
 class Page:
