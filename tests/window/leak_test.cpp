@@ -3,8 +3,6 @@
 #include "tests/window/calculator.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <functional>
 #include <string>
 
 #include <doctest/doctest.h>
@@ -14,21 +12,6 @@
 #include "tests/window/keys.h"
 #include "tests/window/leaks.h"
 #include "tests/window/waiting.h"
-
-// How often each step is repeated. A soak test repeats it more often; scripts/soak
-// sets the number.
-static int Rounds()
-{
-    char szRounds[16] = "";
-    GetEnvironmentVariableA("VORSTEK_SOAK", szRounds, sizeof szRounds);
-    const int nRounds = atoi(szRounds);
-    return nRounds > 0 ? nRounds : 100;
-}
-
-static int LeavesNothing(const cCalculator &Calculator, const std::function<void()> &Step)
-{
-    return LeavesNothing(Calculator, Rounds(), kpNothing, Step);
-}
 
 TEST_CASE("the calculator's dialogs leave no GDI objects and no windows behind")
 {

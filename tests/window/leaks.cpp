@@ -1,5 +1,6 @@
 #include "tests/window/leaks.h"
 
+#include <cstdlib>
 #include <utility>
 #include <vector>
 
@@ -41,4 +42,17 @@ int LeavesNothing(const cCalculator &Calculator, int nRounds, eKept nKept,
             Step();
     }
     return 0;
+}
+
+int LeavesNothing(const cCalculator &Calculator, const std::function<void()> &Step)
+{
+    return LeavesNothing(Calculator, Rounds(), kpNothing, Step);
+}
+
+int Rounds()
+{
+    char szRounds[16] = "";
+    GetEnvironmentVariableA("VORSTEK_SOAK", szRounds, sizeof szRounds);
+    const int nRounds = atoi(szRounds);
+    return nRounds > 0 ? nRounds : 30;
 }

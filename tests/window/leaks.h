@@ -30,4 +30,11 @@ enum eKept
 int LeavesNothing(const cCalculator &Calculator, int nRounds, eKept nKept,
                   const std::function<void()> &Step);
 
+// The same for Rounds() repetitions of a step of which the platform keeps nothing.
+int LeavesNothing(const cCalculator &Calculator, const std::function<void()> &Step);
+
+// How often a step is repeated. One object that a dialog leaves once in so many openings
+// is found; scripts/soak opens it more often.
+int Rounds();
+
 #endif
