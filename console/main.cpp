@@ -1,3 +1,4 @@
+#include <csignal>
 #include <cstdio>
 #include <iostream>
 
@@ -14,9 +15,18 @@ static void OccupyClosedStreams()
         pStream = fopen("/dev/null", "r");
 }
 
+// A file that becomes longer than the user lets it is a write that fails, not the end.
+static void OutliveLongFiles()
+{
+#ifdef SIGXFSZ
+    signal(SIGXFSZ, SIG_IGN);
+#endif
+}
+
 int main(int nArguments, char **ppArguments)
 {
     OccupyClosedStreams();
+    OutliveLongFiles();
     UseUtf8Terminal();
     std::ios::sync_with_stdio(false);
     const cStreams                 Streams = {&std::cin, &std::cout, &std::cerr};

@@ -43,10 +43,8 @@ MODE_SWITCH = 32    # press: run mode; release: program mode
 CLICK, REJECT, ERROR, HALT, ERROR_CLEARED = 10050, 10051, 10052, 10053, 10054
 STACK_SHOWN, STACK_HIDDEN, PROGRAM_MODE, RUN_MODE = 10055, 10056, 10057, 10058
 
-# Options of start() for a disk that takes files of 8000 bytes: Linux ends a
-# write beyond the limit with a signal, which is ignored, and then with an error.
-LITTLE_DISK = {"preexec_fn": lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (8000, 8000)),
-               "restore_signals": False}
+# Option of start() for a disk that takes files of 8000 bytes.
+LITTLE_DISK = {"preexec_fn": lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (8000, 8000))}
 
 command = shlex.split(os.environ.get("VORSTEK_CLI", ""))
 platform = "Linux"

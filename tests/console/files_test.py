@@ -1,10 +1,7 @@
 """Files that a script opens and saves: listings and the graph's data."""
 
 import os
-import signal
-import subprocess
 
-import console_case
 from console_case import LITTLE_DISK, MODE_SWITCH, ConsoleCase, LinuxCase, key_line, main
 
 ERROR_ON_DISPLAY = ("text 0", key_line("g", "R/S"))     # 1/x
@@ -277,15 +274,6 @@ class FullDiskTest(LinuxCase):
                             "10000", "--graph", "old.txt", **LITTLE_DISK)
         self.assertEqual(result.code, 2)
         self.assertIn("old.txt", result.err)
-        self.assertEqual(self.read("old.txt"), b"old content")
-
-    def test_a_program_killed_while_saving(self):
-        self.write("old.txt", "old content")
-        killed = subprocess.run([*console_case.command, "script"], cwd=self.folder,
-                                timeout=console_case.TIMEOUT,
-                                input=b"open long.txt\nsave old.txt\n", capture_output=True,
-                                check=False, preexec_fn=LITTLE_DISK["preexec_fn"])
-        self.assertEqual(killed.returncode, -signal.SIGXFSZ)
         self.assertEqual(self.read("old.txt"), b"old content")
 
     def test_devices(self):
