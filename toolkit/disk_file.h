@@ -33,6 +33,9 @@ int IsNameTaken(const char *szName);
 // 1 if nobody has the permission to write the file. Root can write it nevertheless.
 int IsMarkedReadOnly(const char *szName);
 
+// 1 if the file has other names, hard links.
+int HasOtherNames(const char *szName);
+
 // 1 if both names lead to one file, or would as soon as they are created.
 int IsSameFile(const char *szName, const char *szOther);
 
@@ -49,13 +52,9 @@ std::string FollowLinks(const char *szName);
 // The name of another file in the folder of szName; szOther has no folder.
 std::string BesideFile(const char *szName, const char *szOther);
 
-// The rest return 1, or 0 on failure.
-int CopyPermissions(const char *szFrom, const char *szTo);
+// These return 1, or 0 on failure.
 int CutFile(const char *szName, uint64_t nLength);
 int RemoveDiskFile(const char *szName);
-
-// Gives the file another name in the same folder and replaces what has it.
-int MoveOver(const char *szFrom, const char *szTo);
 
 // Opens as fopen() does; null on failure.
 FILE *OpenDiskFile(const char *szName, const char *szMode);

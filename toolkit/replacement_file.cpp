@@ -1,9 +1,11 @@
 #include "toolkit/replacement_file.h"
 
+#include <algorithm>
+#include <memory>
+
 #include "toolkit/disk_file.h"
 
-static const int kMostTemporaries = 1000;  // left by computers that were switched off while saving
-static const int kTemporaryName   = 16;
+typedef std::unique_ptr<FILE, int (*)(FILE *)> cOpenFile;
 
 // Renaming checks the folder's permissions, not the file's, and root passes every
 // check; a file that is marked read-only must not be replaced by anybody.
@@ -19,88 +21,87 @@ static int MayWrite(const char *szName)
     return fclose(pFile) == 0;
 }
 
-cReplacementFile::cReplacementFile() : m_pFile(nullptr) {}
+cReplacementFile::cReplacementFile() : m_pDevice(nullptr), m_pFile(nullptr) {}
 
 cReplacementFile::~cReplacementFile()
 {
-    if (m_pFile)
-        fclose(m_pFile);
-    RemoveTemporary();
+    if (m_pDevice)
+        fclose(m_pDevice);
 }
 
 int cReplacementFile::Open(const char *szFileName, const char *szMode)
 {
-    m_Target = FollowLinks(szFileName);
-    if (m_Target.empty())
-        return 0;
-    switch (KindOfFile(m_Target.c_str()))
-    {
-    case fkNone:
-        return OpenTemporary(szMode);
-    case fkRegular:
-        return MayWrite(m_Target.c_str()) && OpenTemporary(szMode);
-    case fkDevice:
-        m_pFile = OpenDiskFile(m_Target.c_str(), szMode);
-        return m_pFile != nullptr;
-    default:
-        return 0;
-    }
-}
-
-// A short name, so that it fits wherever the target's name fits.
-int cReplacementFile::OpenTemporary(const char *szMode)
-{
-    for (int i = 0; i < kMostTemporaries; i++)
-    {
-        char szName[kTemporaryName];
-        snprintf(szName, sizeof szName, "~save%03d.tmp", i);
-        const std::string Name = BesideFile(m_Target.c_str(), szName);
-        m_pFile                = CreateDiskFile(Name.c_str(), szMode);
-        if (m_pFile)
-        {
-            m_Temporary = Name;
-            return 1;
-        }
-        if (!IsNameTaken(Name.c_str()))
-            return 0;
-    }
-    return 0;
+    m_Target                   = FollowLinks(szFileName);
+    const char *const szTarget = m_Target.c_str();
+    const eFileKind   nKind    = m_Target.empty() ? fkOther : KindOfFile(szTarget);
+    if (nKind == fkDevice)
+        m_pFile = m_pDevice = OpenDiskFile(szTarget, szMode);
+    else if (nKind == fkNone || (nKind == fkRegular && MayWrite(szTarget)))
+        m_pFile = m_Temporary.Create(szTarget, szMode) ? m_Temporary.Stream() : nullptr;
+    return m_pFile != nullptr;
 }
 
 int cReplacementFile::Commit()
 {
-    if (!m_pFile)
-        return 0;
-    const int bDone = Finish() && (m_Temporary.empty() || TakePlace());
-    RemoveTemporary();
+    if (m_pDevice)
+        return CommitDevice();
+    const int bDone =
+        m_Temporary.Sync() && (m_Temporary.CanTakePlace() ? m_Temporary.TakePlace() : Overwrite());
+    m_Temporary.Discard();
     return bDone;
 }
 
-// Flushes and closes the stream. 1 if no byte was lost.
-int cReplacementFile::Finish()
+int cReplacementFile::CommitDevice()
 {
-    const int bWritten = !ferror(m_pFile);
-    const int bSynced  = m_Temporary.empty() ? fflush(m_pFile) == 0 : SyncToDisk(m_pFile);
-    const int bClosed  = fclose(m_pFile) == 0;
-    m_pFile            = nullptr;
-    return bWritten && bSynced && bClosed;
+    const int bWritten = !ferror(m_pDevice);
+    const int bClosed  = fclose(m_pDevice) == 0;
+    m_pDevice          = nullptr;
+    return bWritten && bClosed;
 }
 
-int cReplacementFile::TakePlace()
+// --- overwriting
+
+// The file grows to the length before anything in it changes: if the disk has no room
+// for that, nothing is lost.
+static int MakeRoom(const char *szName, uint64_t nFormer, uint64_t nLength)
+{
+    static const char s_Zeros[4096] = {};
+    const cOpenFile   File(OpenDiskFile(szName, "ab"), fclose);
+    int               bDone = File != nullptr;
+    for (uint64_t n = nFormer; bDone && n < nLength; n += sizeof s_Zeros)
+    {
+        const auto nPart = static_cast<size_t>(std::min<uint64_t>(sizeof s_Zeros, nLength - n));
+        bDone            = fwrite(s_Zeros, 1, nPart, File.get()) == nPart;
+    }
+    return bDone && SyncToDisk(File.get());
+}
+
+static int CopyAll(FILE *pFrom, FILE *pTo)
+{
+    char   Part[4096];
+    size_t nPart;
+    while ((nPart = fread(Part, 1, sizeof Part, pFrom)) > 0)
+        if (fwrite(Part, 1, nPart, pTo) != nPart)
+            return 0;
+    return !ferror(pFrom) && SyncToDisk(pTo);
+}
+
+int cReplacementFile::Overwrite()
 {
     const char *const szTarget = m_Target.c_str();
-    if (KindOfFile(szTarget) != fkNone && !CopyPermissions(szTarget, m_Temporary.c_str()))
+    const std::string Copy     = m_Temporary.Name();
+    const cOpenFile   From(Copy.empty() ? nullptr : m_Temporary.OpenCopy(), fclose);
+    const cOpenFile   To(From ? OpenDiskFile(szTarget, "r+b") : nullptr, fclose);
+    uint64_t          nFormer, nLength;
+    if (!To || !LengthOfFile(szTarget, &nFormer) || !LengthOfFile(Copy.c_str(), &nLength))
         return 0;
-    if (!MoveOver(m_Temporary.c_str(), szTarget))
+    if (!MakeRoom(szTarget, nFormer, nLength))
+    {
+        CutFile(szTarget, nFormer);
         return 0;
-    m_Temporary.clear();
-    return 1;
-}
-
-// The file no longer exists once it has replaced the target.
-void cReplacementFile::RemoveTemporary()
-{
-    if (!m_Temporary.empty())
-        RemoveDiskFile(m_Temporary.c_str());
-    m_Temporary.clear();
+    }
+    const int bDone = CopyAll(From.get(), To.get()) && CutFile(szTarget, nLength);
+    if (!bDone)
+        m_Temporary.Keep();
+    return bDone;
 }

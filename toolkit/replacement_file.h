@@ -1,6 +1,6 @@
 // replacement_file.h - saves a file so that nothing is lost when saving fails.
 // The new content is written next to the old file and replaces it only when it
-// is complete and on the disk.
+// is complete and on the disk. Owner, permissions and links stay.
 //
 //     cReplacementFile File;
 //     if (!File.Open(szFileName, "wb"))
@@ -13,6 +13,8 @@
 
 #include <cstdio>
 #include <string>
+
+#include "toolkit/temporary_file.h"
 
 class cReplacementFile
 {
@@ -27,28 +29,31 @@ public:
     // Starts the new content of szFileName; szMode is "wb", or "w" for the
     // line ends of the platform. A symbolic link is followed to its
     // target. A device such as /dev/stdout is written directly. Returns 0, with
-    // nothing written, if the old file may not be written, is a folder, or if no
-    // file can be created next to it. Called once.
+    // nothing written, if the old file may not be written or is a folder, or if there
+    // is none and no file can be created there. Called once.
     int Open(const char *szFileName, const char *szMode);
 
     // The stream for the new content, after Open has returned 1. The caller need
     // not check writes: Commit reports failures.
     FILE *Stream() { return m_pFile; }
 
-    // Completes the new content and replaces the old file, keeping its permissions.
-    // Returns 0 if anything failed, from the first write on; then the old file is
-    // unchanged and no other file remains. Called once.
+    // Completes the new content and replaces the old file. Returns 0 if anything failed,
+    // from the first write on; then the old file is unchanged and no other file
+    // remains. Called once.
+    //
+    // A file with several names (hard links), with an owner that a new file cannot have,
+    // or in a folder that may not be changed is overwritten, with a complete copy of the
+    // new content on the disk. If the disk fails in that moment, the copy remains.
     int Commit();
 
 private:
-    int  OpenTemporary(const char *szMode);
-    int  Finish();
-    int  TakePlace();
-    void RemoveTemporary();
+    int CommitDevice();
+    int Overwrite();
 
-    FILE       *m_pFile;
-    std::string m_Target;     // not a link
-    std::string m_Temporary;  // empty: a device is written directly
+    cTemporaryFile m_Temporary;
+    FILE          *m_pDevice;  // written directly; null for a file
+    FILE          *m_pFile;    // the stream of one of them
+    std::string    m_Target;   // not a link
 };
 
 #endif

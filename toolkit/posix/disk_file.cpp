@@ -90,6 +90,12 @@ int IsFileOf(FILE *pStream, const char *szName)
            IsSame(Status, Other);
 }
 
+int HasOtherNames(const char *szName)
+{
+    struct stat Status;
+    return stat(szName, &Status) == 0 && Status.st_nlink > 1;
+}
+
 int LengthOfFile(const char *szName, uint64_t *pnLength)
 {
     struct stat Status;
@@ -120,12 +126,6 @@ std::string FollowLinks(const char *szName)
     return "";
 }
 
-int CopyPermissions(const char *szFrom, const char *szTo)
-{
-    struct stat Status;
-    return stat(szFrom, &Status) == 0 && chmod(szTo, Status.st_mode & 07777) == 0;
-}
-
 int CutFile(const char *szName, uint64_t nLength)
 {
     return truncate(szName, static_cast<off_t>(nLength)) == 0;
@@ -134,11 +134,6 @@ int CutFile(const char *szName, uint64_t nLength)
 int RemoveDiskFile(const char *szName)
 {
     return unlink(szName) == 0;
-}
-
-int MoveOver(const char *szFrom, const char *szTo)
-{
-    return rename(szFrom, szTo) == 0;
 }
 
 FILE *OpenDiskFile(const char *szName, const char *szMode)
@@ -152,9 +147,11 @@ FILE *CreateDiskFile(const char *szName, const char *szMode)
     if (nFile < 0)
         return nullptr;
     FILE *const pFile = fdopen(nFile, szMode);
-    if (!pFile)
-        close(nFile);
-    return pFile;
+    if (pFile)
+        return pFile;
+    close(nFile);
+    unlink(szName);
+    return nullptr;
 }
 
 const char *DefaultLogName()

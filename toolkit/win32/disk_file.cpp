@@ -8,29 +8,17 @@
 #include <sys/stat.h>
 #include <windows.h>
 
-static const int kLongestName = 32768;  // characters, terminating zero included
-
-// The name in Unicode, "" for one that cannot be converted. The C library's own
-// functions would read it in the same way, but know no names of more than 260
-// characters.
-static std::wstring Wide(const char *szName)
-{
-    std::wstring Name(kLongestName, L'\0');
-    const int    nLength =
-        MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, szName, -1, Name.data(), kLongestName);
-    Name.resize(nLength > 0 ? static_cast<size_t>(nLength) - 1 : 0);
-    return Name;
-}
+#include "toolkit/win32/wide_name.h"
 
 static int Status(const char *szName, struct _stat64 *pStatus)
 {
-    return _wstat64(Wide(szName).c_str(), pStatus) == 0;
+    return _wstat64(WideName(szName).c_str(), pStatus) == 0;
 }
 
 // The status of a folder is not found under a name that ends in a separator.
 int IsFolder(const char *szName)
 {
-    const DWORD dwAttributes = GetFileAttributesW(Wide(szName).c_str());
+    const DWORD dwAttributes = GetFileAttributesW(WideName(szName).c_str());
     return dwAttributes != INVALID_FILE_ATTRIBUTES && (dwAttributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
@@ -56,7 +44,7 @@ eFileKind KindOfFile(const char *szName)
 
 int IsNameTaken(const char *szName)
 {
-    return GetFileAttributesW(Wide(szName).c_str()) != INVALID_FILE_ATTRIBUTES;
+    return GetFileAttributesW(WideName(szName).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 int IsMarkedReadOnly(const char *szName)
@@ -66,23 +54,16 @@ int IsMarkedReadOnly(const char *szName)
 }
 
 // Its volume and number there; 0 if there is no such file.
-static int Identity(const std::wstring &Name, BY_HANDLE_FILE_INFORMATION *pIdentity)
+static int Identity(const char *szName, BY_HANDLE_FILE_INFORMATION *pIdentity)
 {
     const DWORD  dwShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const HANDLE hFile    = CreateFileW(Name.c_str(), 0, dwShared, nullptr, OPEN_EXISTING,
-                                        FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    const HANDLE hFile = CreateFileW(WideName(szName).c_str(), 0, dwShared, nullptr, OPEN_EXISTING,
+                                     FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     if (hFile == INVALID_HANDLE_VALUE)
         return 0;
     const int bKnown = GetFileInformationByHandle(hFile, pIdentity);
     CloseHandle(hFile);
     return bKnown;
-}
-
-static std::wstring WholeName(const std::wstring &Name)
-{
-    std::wstring Whole(kLongestName, L'\0');
-    Whole.resize(GetFullPathNameW(Name.c_str(), kLongestName, Whole.data(), nullptr));
-    return Whole;
 }
 
 static int IsSame(const BY_HANDLE_FILE_INFORMATION &Of, const BY_HANDLE_FILE_INFORMATION &OfOther)
@@ -95,18 +76,23 @@ int IsFileOf(FILE *pStream, const char *szName)
 {
     const auto                 hStream = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(pStream)));
     BY_HANDLE_FILE_INFORMATION Of, OfOther;
-    return GetFileInformationByHandle(hStream, &Of) && Identity(Wide(szName), &OfOther) &&
+    return GetFileInformationByHandle(hStream, &Of) && Identity(szName, &OfOther) &&
            IsSame(Of, OfOther);
 }
 
 int IsSameFile(const char *szName, const char *szOther)
 {
-    const std::wstring         Names[] = {Wide(szName), Wide(szOther)};
     BY_HANDLE_FILE_INFORMATION Of, OfOther;
-    if (Identity(Names[0], &Of) && Identity(Names[1], &OfOther))
+    if (Identity(szName, &Of) && Identity(szOther, &OfOther))
         return IsSame(Of, OfOther);
-    return CompareStringOrdinal(WholeName(Names[0]).c_str(), -1, WholeName(Names[1]).c_str(), -1,
-                                TRUE) == CSTR_EQUAL;
+    return CompareStringOrdinal(WholeWideName(szName).c_str(), -1, WholeWideName(szOther).c_str(),
+                                -1, TRUE) == CSTR_EQUAL;
+}
+
+int HasOtherNames(const char *szName)
+{
+    BY_HANDLE_FILE_INFORMATION Of;
+    return Identity(szName, &Of) && Of.nNumberOfLinks > 1;
 }
 
 int LengthOfFile(const char *szName, uint64_t *pnLength)
@@ -140,16 +126,9 @@ std::string BesideFile(const char *szName, const char *szOther)
     return std::string(szName, LastComponent(szName)) + szOther;
 }
 
-int CopyPermissions(const char *szFrom, const char *szTo)
-{
-    struct _stat64 Found;
-    return Status(szFrom, &Found) &&
-           _wchmod(Wide(szTo).c_str(), Found.st_mode & (_S_IREAD | _S_IWRITE)) == 0;
-}
-
 int CutFile(const char *szName, uint64_t nLength)
 {
-    const int nFile = _wopen(Wide(szName).c_str(), _O_WRONLY | _O_BINARY | _O_NOINHERIT);
+    const int nFile = _wopen(WideName(szName).c_str(), _O_WRONLY | _O_BINARY | _O_NOINHERIT);
     if (nFile < 0)
         return 0;
     const int bCut = _chsize_s(nFile, static_cast<int64_t>(nLength)) == 0;
@@ -158,12 +137,7 @@ int CutFile(const char *szName, uint64_t nLength)
 
 int RemoveDiskFile(const char *szName)
 {
-    return DeleteFileW(Wide(szName).c_str());
-}
-
-int MoveOver(const char *szFrom, const char *szTo)
-{
-    return MoveFileExW(Wide(szFrom).c_str(), Wide(szTo).c_str(), MOVEFILE_REPLACE_EXISTING);
+    return DeleteFileW(WideName(szName).c_str());
 }
 
 // Modes are plain ASCII: "wb" becomes L"wb".
@@ -174,7 +148,7 @@ static std::wstring WideMode(const char *szMode)
 
 FILE *OpenDiskFile(const char *szName, const char *szMode)
 {
-    return _wfopen(Wide(szName).c_str(), WideMode(szMode).c_str());
+    return _wfopen(WideName(szName).c_str(), WideMode(szMode).c_str());
 }
 
 FILE *CreateDiskFile(const char *szName, const char *szMode)
@@ -182,13 +156,15 @@ FILE *CreateDiskFile(const char *szName, const char *szMode)
     // The line ends depend on the mode of the descriptor, whatever szMode says.
     const int nLineEnds = strchr(szMode, 'b') ? _O_BINARY : _O_TEXT;
     const int nFlags    = _O_WRONLY | _O_CREAT | _O_EXCL | _O_NOINHERIT | nLineEnds;
-    const int nFile     = _wopen(Wide(szName).c_str(), nFlags, _S_IREAD | _S_IWRITE);
+    const int nFile     = _wopen(WideName(szName).c_str(), nFlags, _S_IREAD | _S_IWRITE);
     if (nFile < 0)
         return nullptr;
     FILE *const pFile = _fdopen(nFile, szMode);
-    if (!pFile)
-        _close(nFile);
-    return pFile;
+    if (pFile)
+        return pFile;
+    _close(nFile);
+    RemoveDiskFile(szName);
+    return nullptr;
 }
 
 const char *DefaultLogName()
