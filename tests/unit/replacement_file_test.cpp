@@ -1,11 +1,13 @@
 #include "toolkit/replacement_file.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include <doctest/doctest.h>
 
 #include "tests/unit/scratch_folder.h"
+#include "toolkit/disk_file.h"
 
 #ifndef _WIN32
 #include <csignal>
@@ -15,7 +17,9 @@
 #endif
 
 #ifdef __linux__
+#include <fcntl.h>
 #include <linux/capability.h>
+#include <sys/file.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 #endif
@@ -122,18 +126,73 @@ TEST_CASE("text mode writes the line ends of the platform, binary mode what it i
     CHECK(Folder.Read("binary.txt") == "line\n");
 }
 
-TEST_CASE("files that look like the temporary one are left alone")
+TEST_CASE("what a program left that was killed while saving is removed by the next save")
 {
     cScratchFolder Folder;
-    Folder.Write("program.txt", "old");
-    Folder.Write("~save000.tmp", "somebody's own");
-    fs::create_directory(Folder.Name("~save001.tmp"));
+    for (const char *szName : {"~vorstek.000", "~vorstek.001", "~vorstek.009"})
+        Folder.Write(szName, "half");
 
     CHECK(Save(Folder.Name("program.txt"), "new") == 1);
 
     CHECK(Folder.Read("program.txt") == "new");
-    CHECK(Folder.Read("~save000.tmp") == "somebody's own");
+    CHECK(Folder.Count() == 1);
+}
+
+TEST_CASE("files of other names, and folders, are no temporary ones")
+{
+    cScratchFolder Folder;
+    for (const char *szName : {"~vorstek.tmp", "~vorstek.0000", "~save000.tmp", "vorstek.000"})
+        Folder.Write(szName, "somebody's own");
+    fs::create_directory(Folder.Name("~vorstek.000"));
+
+    CHECK(Save(Folder.Name("program.txt"), "new") == 1);
+
+    CHECK(Folder.Read("program.txt") == "new");
+    CHECK(Folder.Count() == 6);
+}
+
+TEST_CASE("two files can be saved in a folder at the same time")
+{
+    cScratchFolder   Folder;
+    cReplacementFile First, Second;
+    REQUIRE(First.Open(Folder.Name("first.txt").c_str(), "wb") == 1);
+    fputs("1", First.Stream());
+    REQUIRE(Second.Open(Folder.Name("second.txt").c_str(), "wb") == 1);
+    fputs("2", Second.Stream());
+
+    CHECK(Save(Folder.Name("third.txt"), "3") == 1);
+    CHECK(Second.Commit() == 1);
+    CHECK(First.Commit() == 1);
+
+    CHECK(Folder.Read("first.txt") + Folder.Read("second.txt") == "12");
     CHECK(Folder.Count() == 3);
+}
+
+TEST_CASE("a file that cannot be opened as a stream is not left behind")
+{
+    cScratchFolder   Folder;
+    cReplacementFile File;
+
+    CHECK(File.Open(Folder.Name("program.txt").c_str(), "?") == 0);
+    CHECK(CreateDiskFile(Folder.Name("other.txt").c_str(), "?") == nullptr);
+
+    CHECK(Folder.Count() == 0);
+}
+
+TEST_CASE("a file with two names keeps both")
+{
+    cScratchFolder Folder;
+    Folder.Write("first.txt", "the old content");
+    fs::create_hard_link(Folder.Name("first.txt"), Folder.Name("second.txt"));
+
+    for (const char *szContent : {"new", "new and longer than the old content", ""})
+    {
+        CAPTURE(szContent);
+        CHECK(Save(Folder.Name("first.txt"), szContent) == 1);
+        CHECK(Folder.Read("first.txt") == szContent);
+        CHECK(Folder.Read("second.txt") == szContent);
+        CHECK(Folder.Count() == 2);
+    }
 }
 
 TEST_CASE("the longest file name that the folder takes can be saved")
@@ -222,29 +281,58 @@ TEST_CASE("a target that becomes a folder meanwhile stays one")
 
 #ifndef _WIN32
 
+// Saves Content in Folder on a disk that takes files of nMost bytes.
+static int SaveOnLittleDisk(const std::string &Name, const std::string &Content, rlim_t nMost)
+{
+    rlimit Former;
+    REQUIRE(getrlimit(RLIMIT_FSIZE, &Former) == 0);
+    rlimit Small                      = Former;
+    Small.rlim_cur                    = nMost;
+    void (*const pFormerHandler)(int) = signal(SIGXFSZ, SIG_IGN);
+
+    REQUIRE(setrlimit(RLIMIT_FSIZE, &Small) == 0);
+    const int bSaved = Save(Name, Content);
+    REQUIRE(setrlimit(RLIMIT_FSIZE, &Former) == 0);
+    signal(SIGXFSZ, pFormerHandler);
+    return bSaved;
+}
+
 TEST_CASE("a disk that fills up leaves the old file and nothing beside it")
 {
     cScratchFolder Folder;
     Folder.Write("program.txt", "old");
     const std::string Large(100000, 'x');
-    rlimit            Former;
-    REQUIRE(getrlimit(RLIMIT_FSIZE, &Former) == 0);
-    rlimit Small                      = Former;
-    Small.rlim_cur                    = 50000;
-    void (*const pFormerHandler)(int) = signal(SIGXFSZ, SIG_IGN);
 
-    REQUIRE(setrlimit(RLIMIT_FSIZE, &Small) == 0);
-    const int bFits     = Save(Folder.Name("small.txt"), Large.substr(0, 50000));
-    const int bTooLarge = Save(Folder.Name("program.txt"), Large);
-    const int bOneMore  = Save(Folder.Name("program.txt"), Large.substr(0, 50001));
-    REQUIRE(setrlimit(RLIMIT_FSIZE, &Former) == 0);
-    signal(SIGXFSZ, pFormerHandler);
+    CHECK(SaveOnLittleDisk(Folder.Name("small.txt"), Large.substr(0, 50000), 50000) == 1);
+    CHECK(SaveOnLittleDisk(Folder.Name("program.txt"), Large, 50000) == 0);
+    CHECK(SaveOnLittleDisk(Folder.Name("program.txt"), Large.substr(0, 50001), 50000) == 0);
 
-    CHECK(bFits == 1);
-    CHECK(bTooLarge == 0);
-    CHECK(bOneMore == 0);
     CHECK(Folder.Read("program.txt") == "old");
     CHECK(Folder.Count() == 2);
+}
+
+TEST_CASE("a new file has the permissions of any other, and one that replaces those of the old")
+{
+    cScratchFolder Folder;
+    Folder.Write("other.txt", "made by the system");
+    Folder.Write("private.txt", "old");
+    fs::permissions(Folder.Name("private.txt"), fs::perms::owner_read | fs::perms::owner_write);
+
+    for (const auto &Row :
+         {std::pair("new.txt", "other.txt"), std::pair("private.txt", "private.txt")})
+    {
+        const char *const szName = Row.first;
+        const char *const szAs   = Row.second;
+        CAPTURE(szName);
+        cReplacementFile File;
+        struct stat      Written;
+        REQUIRE(File.Open(Folder.Name(szName).c_str(), "wb") == 1);
+        REQUIRE(fstat(fileno(File.Stream()), &Written) == 0);  // before there is anything in it
+        CHECK(fs::perms(Written.st_mode & 07777) == fs::status(Folder.Name(szAs)).permissions());
+        CHECK(File.Commit() == 1);
+        CHECK(fs::status(Folder.Name(szName)).permissions() ==
+              fs::status(Folder.Name(szAs)).permissions());
+    }
 }
 
 TEST_CASE("a device is written directly and reports what it cannot take")
@@ -380,6 +468,65 @@ TEST_CASE("in a folder that may not be changed a file is overwritten, and none i
 
     fs::permissions(Folder.Name(""), fs::perms::owner_all);
     CHECK(Folder.Read("program.txt") == "new and longer");
+    CHECK(Folder.Count() == 1);
+}
+
+// Whom the test gives a file, if it may.
+static const uid_t kSomebody = 4321;
+
+TEST_CASE("the owner of a file stays, for root and for others who may write it")
+{
+    cScratchFolder Folder;
+    for (const int bRoot : {1, 0})
+    {
+        CAPTURE(bRoot);
+        Folder.Write("program.txt", "old");
+        fs::permissions(Folder.Name("program.txt"), fs::perms(0666));
+        chown(Folder.Name("program.txt").c_str(), kSomebody, kSomebody) == 0 ||
+            printf("only root can give files away\n");
+        struct stat Before, After;
+        REQUIRE(stat(Folder.Name("program.txt").c_str(), &Before) == 0);
+
+        std::optional<cWithoutRootRights> Guard;
+        if (!bRoot)
+            Guard.emplace();
+        CHECK(Save(Folder.Name("program.txt"), "new") == 1);
+        Guard.reset();
+
+        REQUIRE(stat(Folder.Name("program.txt").c_str(), &After) == 0);
+        CHECK(After.st_uid == Before.st_uid);
+        CHECK(After.st_gid == Before.st_gid);
+        CHECK(After.st_mode == Before.st_mode);
+        CHECK(Folder.Read("program.txt") == "new");
+        CHECK(Folder.Count() == 1);
+    }
+}
+
+TEST_CASE("a disk without room for the new content leaves a file that is overwritten as it was")
+{
+    cScratchFolder Folder;
+    Folder.Write("first.txt", "old");
+    fs::create_hard_link(Folder.Name("first.txt"), Folder.Name("second.txt"));
+
+    CHECK(SaveOnLittleDisk(Folder.Name("first.txt"), std::string(9000, 'x'), 8000) == 0);
+
+    CHECK(Folder.Read("first.txt") == "old");
+    CHECK(Folder.Read("second.txt") == "old");
+    CHECK(Folder.Count() == 2);
+}
+
+TEST_CASE("a file that another program is saving is left alone")
+{
+    cScratchFolder Folder;
+    Folder.Write("~vorstek.000", "half");
+    const int nSaving = open(Folder.Name("~vorstek.000").c_str(), O_RDWR);
+    REQUIRE(flock(nSaving, LOCK_EX) == 0);
+
+    CHECK(Save(Folder.Name("program.txt"), "new") == 1);
+    CHECK(Folder.Read("~vorstek.000") == "half");
+
+    close(nSaving);
+    CHECK(Save(Folder.Name("program.txt"), "newer") == 1);
     CHECK(Folder.Count() == 1);
 }
 
