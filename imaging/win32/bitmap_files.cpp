@@ -3,7 +3,6 @@
 #include "imaging/win32/bitmap_files.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <memory>
 #include <new>
 
@@ -11,6 +10,7 @@
 #include "imaging/colour_reduction.h"
 #include "imaging/gif_writer.h"
 #include "toolkit/disk_file.h"
+#include "toolkit/replacement_file.h"
 #include "toolkit/retry_alloc.h"
 #include "toolkit/win32/gdi.h"
 
@@ -146,13 +146,24 @@ private:
 
 }  // namespace
 
-// 1 if the file is complete and closed. Not every library reports in fclose that
-// the last bytes could not be written, hence fflush.
-static int WriteGif(const cReducedImage &Reduced, FILE *pFile)
+// Without an old file, what could be written stays.
+static int CreateBmp(const cBmpImage &Image, const char *szFileName)
 {
-    cFileSink Sink(pFile);
-    const int bWritten = WriteGifFile(&Sink, Reduced.Dib(), "") == grWritten && fflush(pFile) == 0;
-    return fclose(pFile) == 0 && bWritten;
+    const HANDLE hFile = CreateFileA(szFileName, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                     FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
+    if (hFile == INVALID_HANDLE_VALUE)
+        return 0;
+    cHandleSink Sink(hFile);
+    return WriteBmp(&Sink, Image);
+}
+
+static int ReplaceBmp(const cBmpImage &Image, const char *szFileName)
+{
+    cReplacementFile File;
+    if (!File.Open(szFileName, "wb"))
+        return 0;
+    cFileSink Sink(File.Stream());
+    return WriteBmp(&Sink, Image) && File.Commit();
 }
 
 int WriteBmpFile(HBITMAP hBitmap, HPALETTE hPalette, unsigned nBits, const char *szFileName,
@@ -161,12 +172,8 @@ int WriteBmpFile(HBITMAP hBitmap, HPALETTE hPalette, unsigned nBits, const char 
     cBitmapBits Bits;
     if (!Bits.Fetch(hBitmap, hPalette, nBits, pBoxes))
         return 0;
-    const HANDLE hFile = CreateFileA(szFileName, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                     FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
-    if (hFile == INVALID_HANDLE_VALUE)
-        return 0;
-    cHandleSink Sink(hFile);
-    return WriteBmp(&Sink, Bits.Bmp());
+    return KindOfFile(szFileName) == fkNone ? CreateBmp(Bits.Bmp(), szFileName)
+                                            : ReplaceBmp(Bits.Bmp(), szFileName);
 }
 
 int WriteBitmapAsGif(HBITMAP hBitmap, HPALETTE hPalette, unsigned nBits, const char *szFileName,
@@ -180,11 +187,9 @@ int WriteBitmapAsGif(HBITMAP hBitmap, HPALETTE hPalette, unsigned nBits, const c
             !AllocateWithRetry(pBoxes, [&] { return ReduceColours(Bits.Dib(b555), &Reduced); }))
             return 0;
     }
-    FILE *const pFile = OpenDiskFile(szFileName, "wb");
-    if (!pFile)
+    cReplacementFile File;
+    if (!File.Open(szFileName, "wb"))
         return 0;
-    if (WriteGif(Reduced, pFile))
-        return 1;
-    RemoveDiskFile(szFileName);
-    return 0;
+    cFileSink Sink(File.Stream());
+    return WriteGifFile(&Sink, Reduced.Dib(), "") == grWritten && File.Commit();
 }

@@ -225,6 +225,24 @@ TEST_CASE("a full disk is reported; an incomplete GIF is deleted, an incomplete 
     CHECK(Rig.m_Graph.Photograph() == Before);
 }
 
+TEST_CASE("a full disk leaves the picture that was there")
+{
+    cExportRig Rig;
+    for (const unsigned nCommand : {IDM_CREATE_BMP, IDM_CREATE_GIF})
+    {
+        CAPTURE(nCommand);
+        const std::string File = nCommand == IDM_CREATE_BMP ? "old.bmp" : "old.gif";
+        Rig.m_Calculator.Folder().Write(File, "the old picture");
+        const size_t nFiles = Rig.m_Calculator.Folder().Count();
+        cProbeLink::Current()->Ask(pbDiskRoom, 500);
+        Rig.Create(nCommand, File);
+        Rig.m_Calculator.Click("Yes");
+        CHECK(Rig.FailsToWrite(File));
+        CHECK(Rig.m_Calculator.Folder().Read(File) == "the old picture");
+        CHECK(Rig.m_Calculator.Folder().Count() == nFiles);
+    }
+}
+
 TEST_CASE("in a read-only folder no picture and no data file is created, and none changes")
 {
     cExportRig        Rig;
