@@ -44,7 +44,7 @@ public:
             m_Lines.Perform(Instruction, &None);
     }
 
-    int Evaluate(const std::string &Line, const std::string &Place);
+    int Evaluate(const std::string &Line, unsigned nLine);
     int EvaluateInput();
 
 private:
@@ -95,9 +95,9 @@ void cEvaluator::PrintAnswer()
         PrintX();
 }
 
-// Place names the line in messages: "line 3, ". 0 after an error. A line without
-// instructions has no answer.
-int cEvaluator::Evaluate(const std::string &Line, const std::string &Place)
+// nLine is the line's number in messages, 0 where there is one line only. 0 after an
+// error. A line without instructions has no answer.
+int cEvaluator::Evaluate(const std::string &Line, unsigned nLine)
 {
     cTypedError Error;
     const int   bDone = m_Lines.Perform(Line, &Error);
@@ -106,7 +106,9 @@ int cEvaluator::Evaluate(const std::string &Line, const std::string &Place)
         PrintAnswer();
     if (bDone)
         return 1;
-    *m_Streams.m_pErr << Place << Error.Message() << "\n";
+    if (nLine)
+        *m_Streams.m_pErr << "line " << nLine << ", ";
+    *m_Streams.m_pErr << Error.Message() << "\n";
     if (m_Options.m_bJson)
         PrintJson(&Error);
     return 0;
@@ -119,7 +121,7 @@ int cEvaluator::EvaluateInput()
     std::string Line;
     for (unsigned nLine = 1; *m_Streams.m_pOut && std::getline(*m_Streams.m_pIn, Line); nLine++)
     {
-        if (!Evaluate(Line, "line " + std::to_string(nLine) + ", "))
+        if (!Evaluate(Line, nLine))
             nExitCode = kExitError;
         if (m_Streams.m_pIn->rdbuf()->in_avail() <= 0)
             m_Streams.m_pOut->flush();
@@ -138,5 +140,5 @@ int EvalCommand(const std::vector<std::string> &Arguments, const cStreams &Strea
     cEvaluator Evaluator(Options, Streams);
     if (Options.m_bInput)
         return Evaluator.EvaluateInput();
-    return Evaluator.Evaluate(Options.m_Line, "") ? kExitDone : kExitError;
+    return Evaluator.Evaluate(Options.m_Line, 0) ? kExitDone : kExitError;
 }

@@ -1,5 +1,6 @@
 #include "console/stack_text.h"
 
+#include <cstring>
 #include <ostream>
 
 #include "console/state_report.h"
@@ -13,10 +14,10 @@ std::string LevelText(const char *szText)
     return Text;
 }
 
-std::string AnswerText(const char *szText)
+const char *AnswerText(const char *szText)
 {
-    const std::string Text = LevelText(szText);
-    return Text.substr(Text.find_first_not_of(' '));
+    szText += *szText == '+';
+    return szText + strspn(szText, " ");
 }
 
 void PrintRegisters(const cVorstekState &State, const cLineBox &Box, std::ostream *pOut)

@@ -12,8 +12,8 @@ struct cVorstekState;
 // A level's text in a column of texts: a blank stands for the sign '+'.
 std::string LevelText(const char *szText);
 
-// The same alone, without the blanks that align texts of a column: "5.00".
-std::string AnswerText(const char *szText);
+// The part of the text that is shown alone, without sign '+' and blanks: "5.00".
+const char *AnswerText(const char *szText);
 
 // Four lines from T to X: "X   5.00".
 void PrintStack(const cVorstekState &State, std::ostream *pOut);
