@@ -55,11 +55,11 @@ public:
     // --- reports
     // Shows "Program Error Code #" and the number: an inconsistency within the
     // program, which then continues.
-    void ShowProgramError(unsigned nCode);
+    [[gnu::cold]] void ShowProgramError(unsigned nCode);
 
     // An error of the user, shown in the display with a sound. Ends the entry;
     // returns 0.
-    int ShowUserError(const char *szText);
+    [[gnu::cold]] int ShowUserError(const char *szText);
 
     eAnswer AskUser(const char *szText, eButtons nButtons, eIcon nIcon,
                     const char *szCaption = nullptr);
@@ -250,10 +250,10 @@ public:
     int      m_bListingComplete;  // the listing box had room for the complete file
 
 private:
-    int      IsXKeyed() const { return m_szEntry[0] && !m_bProgramMode; }
-    void     FormatRegisterLine(unsigned nLine, char *szText, size_t nSize);
-    void     ReportRepairs(double dValue);
-    unsigned RepairLine(unsigned nLine);
+    int                    IsXKeyed() const { return m_szEntry[0] && !m_bProgramMode; }
+    void                   FormatRegisterLine(unsigned nLine, char *szText, size_t nSize);
+    [[gnu::cold]] void     ReportRepairs(double dValue);
+    [[gnu::cold]] unsigned RepairLine(unsigned nLine);
 
     cNumberTexts m_NumberTexts;
 
