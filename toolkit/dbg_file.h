@@ -32,7 +32,8 @@ class cDbgFile
 {
 public:
     // Keeps the content of szFileName as its backup and opens the file empty.
-    // nMaxMegabytes is the cap in units of 1,000,000 bytes, at most 100. If the
+    // nMaxMegabytes is the cap in units of 1,000,000 bytes; more than 100 count as
+    // 100. With 0, each message becomes the backup when the next one is written. If the
     // file cannot be opened, DefaultLogName() takes its place; if there is none or
     // it cannot be opened either, a box says so, quit is posted, and the log
     // ignores all writes. pBoxes must outlive the log.
@@ -61,7 +62,7 @@ public:
     int Close();
 
     const char *FileName() const { return m_szFileName; }
-    uint32_t    MaxMegabytes() const { return m_nMaxMegabytes; }
+    uint32_t    MaxMegabytes() const { return m_nMaxMegabytes; }  // 0 also for a stream
 
 private:
     int  Open();

@@ -328,6 +328,15 @@ class UnopenableLogTest(LinuxCase):
                           for state in (events[2], events[4])], [(3, 5), (3, 5)])
         self.assertEqual(sorted(os.listdir(self.folder)), files)
 
+    def test_each_run_says_so_while_tracing_is_on(self):
+        self.listing("1", "2", "3")
+        os.mkdir(self.path("tracelog.txt"))
+        run = ["open program.txt", key_line("R/S"), "state"]
+        events = self.script("option trace on", *run, *run)
+        self.assertEqual([event["event"] for event in events], 2 * ["sound", "box", "state"])
+        self.assertEqual([(state["stack"][0]["value"], state["line"], state["options"]["trace"])
+                          for state in (events[2], events[5])], 2 * [(3, 5, True)])
+
 
 class ResetTest(ConsoleCase):
 
