@@ -56,16 +56,22 @@ static int FindAndRun(const std::vector<std::string> &Arguments, const cStreams 
     return kExitDone;
 }
 
-// The message is a literal, because there may be no memory to compose one.
-int RunConsole(const std::vector<std::string> &Arguments, const cStreams &Streams)
+// Without memory to compose a text.
+static int ReportNoMemory(const char *szCommand, const cStreams &Streams)
+{
+    *Streams.m_pErr << "vorstek-cli: " << szCommand << (*szCommand ? ": " : "")
+                    << "not enough memory\n";
+    return kExitUsage;
+}
+
+int RunConsole(int nArguments, const char *const *ppArguments, const cStreams &Streams)
 {
     try
     {
-        return FindAndRun(Arguments, Streams);
+        return FindAndRun({ppArguments, ppArguments + nArguments}, Streams);
     }
     catch (const std::bad_alloc &)
     {
-        *Streams.m_pErr << "vorstek-cli: not enough memory\n";
-        return kExitUsage;
+        return ReportNoMemory(nArguments > 0 ? *ppArguments : "", Streams);
     }
 }

@@ -22,8 +22,8 @@ struct cStreams
 };
 
 // Runs the command given by the arguments (without the program's name); returns
-// the exit code. Running out of memory ends the command with kExitUsage.
-int RunConsole(const std::vector<std::string> &Arguments, const cStreams &Streams);
+// the exit code.
+int RunConsole(int nArguments, const char *const *ppArguments, const cStreams &Streams);
 
 // Prints "vorstek-cli: " and the text as one line; returns kExitUsage.
 int ReportUsage(const cStreams &Streams, const std::string &Text);

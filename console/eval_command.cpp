@@ -2,6 +2,7 @@
 // numbers, or each line of standard input.
 
 #include <istream>
+#include <new>
 #include <ostream>
 
 #include "console/commands.h"
@@ -24,6 +25,8 @@ public:
 
     eAnswer Ask(const char *szText, const char *, eButtons nButtons, eIcon) override
     {
+        if (nButtons == bnRetryCancel)  // whether to try again when memory is short
+            throw std::bad_alloc();
         *m_pErr << szText << "\n";
         return nButtons == bnOk ? anOk : anCancel;
     }

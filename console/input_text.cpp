@@ -6,6 +6,7 @@
 #include <istream>
 #include <limits>
 #include <memory>
+#include <new>
 
 #include "toolkit/disk_file.h"
 
@@ -72,6 +73,8 @@ int ReadInput(const std::string &Name, const cStreams &Streams, std::string *pTe
     if (!Why.empty())
         return RefuseInput(Streams, Shown, Why);
     const std::unique_ptr<FILE, int (*)(FILE *)> File(OpenDiskFile(Name.c_str(), "rb"), fclose);
+    if (!File && errno == ENOMEM)
+        throw std::bad_alloc();
     if (!File)
         return RefuseInput(Streams, Shown, errno == EACCES ? "permission denied" : "");
     const int    bRegular = KindOfFile(Name.c_str()) == fkRegular;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <new>
 #include <ostream>
 #include <thread>
 
@@ -15,9 +16,12 @@ cRunHost::cRunHost(const cRunOptions &Options, const cStreams &Streams)
 {
 }
 
-// While loading, only the first box matters: it ends the command.
+// While loading, only the first box matters: it ends the command. So does the question
+// whether to try again when memory is short.
 eAnswer cRunHost::Ask(const char *szText, const char *, eButtons nButtons, eIcon)
 {
+    if (nButtons == bnRetryCancel)
+        throw std::bad_alloc();
     if (m_bSaving)
         m_SavingText += std::string(szText) + "\n";
     else if (!m_bLoading || m_nBoxes == 0)

@@ -1,7 +1,6 @@
 #include "engine/mnemonic_map.h"
 
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <new>
 
@@ -37,7 +36,7 @@ template <class cAllocate> auto cMnemonicMap::MustAllocate(cAllocate Allocate)
 {
     const auto pMemory = AllocateWithRetry(m_pBoxes, Allocate);
     if (!pMemory)
-        exit(-1);
+        throw std::bad_alloc();
     return pMemory;
 }
 

@@ -12,8 +12,8 @@ class cMnemonicMap
 {
 public:
     // nBuckets above 0. The chain heads are allocated at the first insert.
-    // pBoxes asks whether to try again when memory is short; Cancel ends the
-    // process with exit status -1.
+    // pBoxes asks whether to try again when memory is short; after Cancel Slot() throws
+    // std::bad_alloc.
     cMnemonicMap(unsigned nBuckets, cMessageBoxes *pBoxes);
     ~cMnemonicMap();
     cMnemonicMap(const cMnemonicMap &)            = delete;

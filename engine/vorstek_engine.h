@@ -37,9 +37,8 @@ class cVorstekEngine
 public:
     // All three must outlive the engine. A derived class may be its own host:
     // the constructor calls none of their operations, except for pHost's
-    // message box when there is no memory for the table of instructions. Cancel
-    // ends the process there with exit status -1.
-    // Throws std::bad_alloc if there is none for the calculator itself.
+    // message box when there is no memory for the table of instructions. Throws
+    // std::bad_alloc after Cancel there, and if there is none for the calculator itself.
     cVorstekEngine(cVorstekHost *pHost, cLineBox *pListing, cLineBox *pRegisters);
     virtual ~cVorstekEngine();
     cVorstekEngine(const cVorstekEngine &)            = delete;

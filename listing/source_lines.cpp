@@ -10,7 +10,7 @@ static const char *const kBlankEnds = " \t";
 namespace
 {
 
-// Nothing can be asked here: memory that runs out ends the process.
+// Nothing can be asked here.
 class cNoBoxes : public cMessageBoxes
 {
 public:

@@ -1,6 +1,7 @@
 #include "console/session/session_host.h"
 
 #include <chrono>
+#include <new>
 #include <ostream>
 #include <thread>
 #include <utility>
@@ -15,6 +16,8 @@ cSessionHost::cSessionHost(const cStreams &Streams)
 
 eAnswer cSessionHost::Ask(const char *szText, const char *, eButtons nButtons, eIcon)
 {
+    if (nButtons == bnRetryCancel)  // whether to try again when memory is short
+        throw std::bad_alloc();
     (m_Boxes += szText) += "\n";
     return nButtons == bnOk ? anOk : anCancel;
 }

@@ -1,5 +1,7 @@
 #include "toolkit/win32/win32.h"
 
+#include <new>
+
 #include "shell/win32/application.h"
 #include "shell/win32/vorstek.h"
 #include "shell/win32/welcome_dialog.h"
@@ -7,7 +9,9 @@
 static const DWORD kControls = ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES | ICC_TAB_CLASSES |
                                ICC_UPDOWN_CLASS | ICC_PROGRESS_CLASS;
 
-int WINAPI WinMain(HINSTANCE hInstance, HINSTANCE, LPSTR lpCmdLine, int)
+static const int kNoMemory = -1;
+
+static int RunCalculator(HINSTANCE hInstance, LPSTR lpCmdLine)
 {
     const INITCOMMONCONTROLSEX Controls = {sizeof Controls, kControls};
     const BOOL                 bReady   = InitCommonControlsEx(&Controls);
@@ -18,4 +22,16 @@ int WINAPI WinMain(HINSTANCE hInstance, HINSTANCE, LPSTR lpCmdLine, int)
     cVorstek Calculator;
     Calculator.Create();
     return Application.Run();
+}
+
+int WINAPI WinMain(HINSTANCE hInstance, HINSTANCE, LPSTR lpCmdLine, int)
+{
+    try
+    {
+        return RunCalculator(hInstance, lpCmdLine);
+    }
+    catch (const std::bad_alloc &)
+    {
+        return kNoMemory;
+    }
 }

@@ -3,6 +3,8 @@
 #include <new>
 #include <sstream>
 #include <streambuf>
+#include <string>
+#include <vector>
 
 #include <doctest/doctest.h>
 
@@ -21,7 +23,7 @@ protected:
 
 TEST_CASE("memory that runs out ends a command with one line and exit code 2")
 {
-    static const char *const s_Commands[][2] = {{"--help", ""}, {"run", "--help"}};
+    static const std::vector<const char *> s_Commands[] = {{"--help"}, {"run", "--help"}};
     for (const auto &Command : s_Commands)
     {
         cGreedyBuffer      Buffer;
@@ -30,9 +32,10 @@ TEST_CASE("memory that runs out ends a command with one line and exit code 2")
         std::ostringstream Err;
         Out.exceptions(std::ios::badbit);  // lets the buffer's exception through
 
-        const int nExitCode = RunConsole({Command[0], Command[1]}, {&In, &Out, &Err});
+        const int nExitCode =
+            RunConsole(static_cast<int>(Command.size()), Command.data(), {&In, &Out, &Err});
 
         CHECK(nExitCode == kExitUsage);
-        CHECK(Err.str() == "vorstek-cli: not enough memory\n");
+        CHECK(Err.str() == "vorstek-cli: " + std::string(Command[0]) + ": not enough memory\n");
     }
 }
