@@ -5,6 +5,7 @@
 #include "shell/win32/application.h"
 #include "shell/win32/vorstek.h"
 #include "shell/win32/welcome_dialog.h"
+#include "toolkit/win32/system_library.h"
 
 static const DWORD kControls = ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES | ICC_TAB_CLASSES |
                                ICC_UPDOWN_CLASS | ICC_PROGRESS_CLASS;
@@ -26,6 +27,7 @@ static int RunCalculator(HINSTANCE hInstance, LPSTR lpCmdLine)
 
 int WINAPI WinMain(HINSTANCE hInstance, HINSTANCE, LPSTR lpCmdLine, int)
 {
+    LoadFromSystemOnly();
     try
     {
         return RunCalculator(hInstance, lpCmdLine);

@@ -13,6 +13,9 @@
 #include "tests/win32/test_frame.h"
 #include "toolkit/win32/gdi.h"
 
+typedef HMODULE(WINAPI *cLoadLibrary)(LPCSTR, HANDLE, DWORD);
+extern "C" cLoadLibrary __imp_LoadLibraryExA;
+
 static const uint32_t kLimit = 500000;
 static const int      kBoxId = 1003;
 
@@ -81,7 +84,27 @@ struct cEditRig : cFrameRig
     cEditBox m_Box{&m_Boxes};
 };
 
-// An invalid library file in the program's folder, found before the real library.
+static HMODULE WINAPI FindNoLibrary(LPCSTR, HANDLE, DWORD)
+{
+    SetLastError(ERROR_MOD_NOT_FOUND);
+    return nullptr;
+}
+
+// While it exists, no library is found: the program's own reference to the platform's
+// function leads elsewhere.
+class cNoLibraries
+{
+public:
+    cNoLibraries() : m_pFormer(__imp_LoadLibraryExA) { __imp_LoadLibraryExA = FindNoLibrary; }
+    ~cNoLibraries() { __imp_LoadLibraryExA = m_pFormer; }
+    cNoLibraries(const cNoLibraries &)            = delete;
+    cNoLibraries &operator=(const cNoLibraries &) = delete;
+
+private:
+    cLoadLibrary m_pFormer;
+};
+
+// An invalid library file in the program's folder.
 class cBrokenLibrary
 {
 public:
@@ -678,11 +701,19 @@ TEST_CASE("the rich-edit library is unloaded with its box")
     CHECK(!GetModuleHandleA("RICHED20.DLL"));
 }
 
-TEST_CASE("without the rich-edit library a box says where to get it, and the program quits")
+TEST_CASE("a file in the program's folder is not taken for the rich-edit library")
 {
     const cBrokenLibrary Broken("RICHED20.DLL");
-    cFrameRig            Rig;
-    cEditBox             Box(&Rig.m_Boxes);
+    const cEditRig       Rig(1);
+
+    CHECK(Rig.m_Boxes.m_Boxes.empty());
+}
+
+TEST_CASE("without the rich-edit library a box says where to get it, and the program quits")
+{
+    const cNoLibraries None;
+    cFrameRig          Rig;
+    cEditBox           Box(&Rig.m_Boxes);
 
     CHECK(Box.Create(&Rig.m_Frame, 0, 0, 100, 100, 0, 1, 1, 1, kLimit) == 0);
 

@@ -10,6 +10,7 @@
 
 #include "toolkit/highlight_scroll.h"
 #include "toolkit/win32/page_setup.h"
+#include "toolkit/win32/system_library.h"
 #include "toolkit/win32/text_printer.h"
 
 static const char kLineEnd[] = "\r\n";
@@ -114,7 +115,7 @@ int cEditBox::Create(cBaseWindow *pOwner, int nX, int nY, int nWidth, int nHeigh
 
 int cEditBox::LoadRichLibrary()
 {
-    m_hRichLib.Reset(LoadLibraryA(kRichLibrary));
+    m_hRichLib.Reset(LoadSystemLibrary(kRichLibrary));
     if (!m_hRichLib)
     {
         m_pBoxes->Ask(kRichLibraryFailure, nullptr, bnOk, icError);

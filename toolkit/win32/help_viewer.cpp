@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "toolkit/win32/system_library.h"
+
 static const UINT kDisplayTopic    = 0;  // HH_DISPLAY_TOPIC
 static const UINT kDisplayContents = 1;  // HH_DISPLAY_TOC
 
@@ -18,26 +20,19 @@ static HMODULE LoadViewer()
                    "CLSID\\{ADB880A6-D8FF-11CF-9377-00AA003B7A11}\\InprocServer32", szPath,
                    &nLength);
     const HMODULE hModule = szPath[0] ? LoadLibraryA(szPath) : nullptr;
-    return hModule ? hModule : LoadLibraryA("hhctrl.ocx");
-}
-
-static int FileExists(const char *szPath)
-{
-    return GetFileAttributesA(szPath) != INVALID_FILE_ATTRIBUTES;
+    return hModule ? hModule : LoadSystemLibrary("hhctrl.ocx");
 }
 
 void FindHelp(const char *szName, char (&szPath)[MAX_PATH])
 {
-    const DWORD  nLength = GetModuleFileNameA(nullptr, szPath, sizeof szPath);
-    char *const  pName   = strrchr(szPath, '\\');
-    const size_t nRoom   = pName ? sizeof szPath - static_cast<size_t>(pName + 1 - szPath) : 0;
-    if (!FileExists(szName) && nLength < sizeof szPath && strlen(szName) < nRoom)
-    {
-        snprintf(pName + 1, nRoom, "%s", szName);
-        if (FileExists(szPath))
-            return;
-    }
-    snprintf(szPath, sizeof szPath, "%s", szName);
+    const DWORD nLength = GetModuleFileNameA(nullptr, szPath, sizeof szPath);
+    char *const pSlash  = nLength < sizeof szPath ? strrchr(szPath, '\\') : nullptr;
+    char *const pName   = pSlash ? pSlash + 1 : szPath;
+    const auto  nRoom   = static_cast<size_t>(szPath + sizeof szPath - pName);
+    if (!pSlash || strlen(szName) >= nRoom)
+        szPath[0] = 0;
+    else
+        snprintf(pName, nRoom, "%s", szName);
 }
 
 static HWND OpenHelp(const char *szFile, UINT nCommand, const char *szTopic)

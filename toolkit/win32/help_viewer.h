@@ -6,9 +6,8 @@
 
 #include "toolkit/win32/win32.h"
 
-// Finds a help file: szName itself if the current folder has it, else the file of
-// that name in the program's folder, "C:\Vorstek\VORSTEK.chm". If neither exists,
-// the path is szName.
+// The path of a help file: in the program's folder, "C:\Vorstek\VORSTEK.chm", and never
+// in the current one, where a file of that name may be anybody's. "" if it is too long.
 void FindHelp(const char *szName, char (&szPath)[MAX_PATH]);
 
 // Open a help file at its table of contents, or at a topic, which is the name of
