@@ -196,6 +196,9 @@ LRESULT cVantor::OnCommand(WPARAM wParam, LPARAM lParam)
     const cCommandRow *const pRow = FindCommand(s_Commands, LOWORD(wParam));
     if (!pRow)
         return DefWindowProcA(m_hWnd, WM_COMMAND, wParam, lParam);
+    // A dialog is open: only another program can have sent this.
+    if (!IsWindowEnabled(m_hWnd))
+        return 0;
     if (!pRow->m_bWhileRunning && m_pHost && m_pHost->IsDrawing())
         m_pBoxes->Ask(kNotWhileRunning, nullptr, bnOk, icNone);
     else

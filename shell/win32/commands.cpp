@@ -59,6 +59,9 @@ LRESULT cVorstek::OnCommand(WPARAM wParam, LPARAM lParam)
     const cCommandRow *const pRow = FindCommand(s_Commands, nId);
     if (!pRow)
         return DefWindowProcA(m_hWnd, WM_COMMAND, wParam, lParam);
+    // A dialog is open: only another program can have sent this.
+    if (!IsWindowEnabled(m_hWnd))
+        return 0;
     if (pRow->m_bWhileRunning || !IsRunning())
         (this->*pRow->m_pfnHandler)();
     return 0;

@@ -202,6 +202,21 @@ TEST_CASE("Enter is OK in the options dialog, which opens over the calculator")
     CHECK(GetForegroundWindow() == Calculator.Window());
 }
 
+TEST_CASE("a command that another program sends while a dialog is open does nothing")
+{
+    cCalculator Calculator;
+    const HWND  hOptions = OpenOptions(Calculator);
+    for (const unsigned nCommand : {IDM_OPTIONS, IDM_ABOUT, IDM_OPEN, IDM_NEW, IDM_EXIT})
+        PostMessageA(Calculator.Window(), WM_COMMAND, nCommand, 0);
+    Calculator.Settle();
+    CHECK(Calculator.Dialog() == hOptions);
+
+    Calculator.CloseDialogWith(VK_ESCAPE);
+
+    CHECK(Calculator.HasNoDialog());
+    CHECK(Calculator.IsRunning());
+}
+
 TEST_CASE("OK shows and hides the boxes, and the window grows and shrinks with them")
 {
     cCalculator Calculator;

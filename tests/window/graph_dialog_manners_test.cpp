@@ -101,6 +101,22 @@ TEST_CASE("Tab reaches the fields in reading order, and Escape is Cancel")
     }
 }
 
+TEST_CASE("a command that another program sends while a dialog is open does nothing")
+{
+    cTwoLinesRig  Rig;
+    cGraphWindow &Graph = Rig.m_Graph;
+    Graph.Choose(gmEdit, IDM_DELETE_LINE);
+    const HWND hDialog = Rig.m_Calculator.Dialog();
+    for (const unsigned nCommand : {IDM_DELETE_LINE, IDM_GRAPH_ABOUT, IDM_GRAPH_OPEN})
+        PostMessageA(Graph.Window(), WM_COMMAND, nCommand, 0);
+    Rig.m_Calculator.Settle();
+    CHECK(Rig.m_Calculator.Dialog() == hDialog);
+
+    Graph.Escape();
+
+    CHECK(Rig.IsAsNew());
+}
+
 TEST_CASE("an arrow key works the spin control of a field, and Enter is OK")
 {
     cTwoLinesRig  Rig;
