@@ -286,7 +286,6 @@ TEST_CASE("PAUSE shows X for a second, and a key that is pressed meanwhile halts
     OpenListing(&Calculator, "LBL 1\r\n1\r\n+\r\nPAUSE\r\nGTO 1\r\n");
     const DWORD dwStart = GetTickCount();
     Calculator.HitKey(kKeyRunStop);
-    CHECK(Calculator.ReadsX("1.00"));
     // On a busy computer a number may come and go unseen.
     const unsigned nSeen = WaitFor([&] {
         const unsigned nNow = ShownNumber(Calculator);
