@@ -2,6 +2,7 @@
 ;
 ;   VERSION    "2.0"
 ;   STAGE      folder with what is to be installed
+;   INSTALLS   file of instructions that install it
 ;   REMOVALS   file of instructions that delete just that
 ;   SIZE       of STAGE, in kilobytes
 ;   ICON       of installer and uninstaller
@@ -60,16 +61,16 @@ VIAddVersionKey "LegalCopyright" "Copyright (c) 2026 The Vorstek authors"
 
 ; A running program cannot be replaced. Asks the user to close it; ends with 2 if
 ; it is not closed, and in a silent installation.
-!macro REQUIRE_CLOSED
-    ${If} ${FileExists} "$INSTDIR\Vorstek.exe"
+!macro REQUIRE_CLOSED NAME
+    ${If} ${FileExists} "$INSTDIR\${NAME}"
         ${Do}
             ClearErrors
-            FileOpen $0 "$INSTDIR\Vorstek.exe" a
+            FileOpen $0 "$INSTDIR\${NAME}" a
             ${IfNot} ${Errors}
                 FileClose $0
                 ${ExitDo}
             ${EndIf}
-            ${If} ${Cmd} `MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Vorstek is running. Close it and try again." /SD IDCANCEL IDCANCEL`
+            ${If} ${Cmd} `MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "${NAME} is running, or you may not change it. Close it and try again." /SD IDCANCEL IDCANCEL`
                 SetErrorLevel 2
                 Quit
             ${EndIf}
@@ -77,22 +78,118 @@ VIAddVersionKey "LegalCopyright" "Copyright (c) 2026 The Vorstek authors"
     ${EndIf}
 !macroend
 
+; --- texts that the user may have changed
+
+; Reads the file $R0: its content is at $R1, $R2 bytes. The memory has to be freed.
+!macro READ_FILE
+    FileOpen $R3 $R0 r
+    System::Call 'kernel32::GetFileSize(p R3, p 0) i .R2'
+    System::Alloc $R2
+    Pop $R1
+    System::Call 'kernel32::ReadFile(p R3, p R1, i R2, *i .R4, p 0)'
+    FileClose $R3
+!macroend
+
+; $R0 is empty afterwards unless the files $R0 and $R5 have the same content.
+!macro SAME_CONTENT PREFIX
+Function ${PREFIX}SameContent
+    !insertmacro READ_FILE
+    StrCpy $R6 $R1
+    StrCpy $R7 $R2
+    StrCpy $R0 $R5
+    !insertmacro READ_FILE
+    StrCpy $R0 ""
+    ${If} $R2 == $R7
+        System::Call 'ntdll::RtlCompareMemory(p R1, p R6, p R2) p .R0'
+        ${If} $R0 != $R2
+            StrCpy $R0 ""
+        ${Else}
+            StrCpy $R0 "same"
+        ${EndIf}
+    ${EndIf}
+    System::Free $R1
+    System::Free $R6
+FunctionEnd
+!macroend
+!insertmacro SAME_CONTENT ""
+!insertmacro SAME_CONTENT "un."
+
+; Installs FILE as NAME in the folder $OUTDIR. A file of that name is the user's; then it
+; is installed as NEW, unless it would be the same.
+!macro INSTALL_TEXT FILE NAME NEW
+    ${IfNot} ${FileExists} "$OUTDIR\${NAME}"
+        File "/oname=${NAME}" "${STAGE}/${FILE}"
+    ${ElseIfNot} ${FileExists} "$OUTDIR\${NEW}"
+        File "/oname=${NEW}" "${STAGE}/${FILE}"
+        StrCpy $R0 "$OUTDIR\${NAME}"
+        StrCpy $R5 "$OUTDIR\${NEW}"
+        Call SameContent
+        ${If} $R0 != ""
+            Delete "$OUTDIR\${NEW}"
+        ${EndIf}
+    ${EndIf}
+!macroend
+
+!macro REMOVE_IF_SHIPPED PATH
+    ${If} ${FileExists} "${PATH}"
+        StrCpy $R0 "$PLUGINSDIR\shipped"
+        StrCpy $R5 "${PATH}"
+        Call un.SameContent
+        ${If} $R0 != ""
+            Delete "${PATH}"
+        ${EndIf}
+    ${EndIf}
+!macroend
+
+; Deletes what INSTALL_TEXT has installed. What differs is the user's.
+!macro REMOVE_TEXT FILE PATH NEW
+    File "/oname=$PLUGINSDIR\shipped" "${STAGE}/${FILE}"
+    !insertmacro REMOVE_IF_SHIPPED "$INSTDIR\${PATH}"
+    !insertmacro REMOVE_IF_SHIPPED "$INSTDIR\${NEW}"
+!macroend
+
 ; Makes the Explorer reload the menus of files.
 !macro TELL_EXPLORER
     System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)'
 !macroend
 
+; Removes the installation that the registry knows, with files that only an earlier
+; version had. A folder with another program's uninstaller is refused: it would be
+; replaced.
+Function RemoveEarlier
+    ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
+    ${If} ${FileExists} "$INSTDIR\Uninstall.exe"
+    ${AndIf} $0 != $INSTDIR
+        MessageBox MB_OK|MB_ICONSTOP "Another program is installed in this folder. Choose another one." /SD IDOK
+        SetErrorLevel 2
+        Quit
+    ${EndIf}
+    ${If} $0 == ""
+    ${OrIfNot} ${FileExists} "$0\Uninstall.exe"
+        Return
+    ${EndIf}
+    ${If} ${Cmd} `MessageBox MB_OKCANCEL|MB_ICONQUESTION "Vorstek is installed in $0. It will be removed. What you have changed there stays." /SD IDOK IDCANCEL`
+        SetErrorLevel 2
+        Quit
+    ${EndIf}
+    ExecWait '"$0\Uninstall.exe" /S _?=$0' $1
+    ${If} $1 != 0
+        SetErrorLevel 2
+        Quit
+    ${EndIf}
+    ; It could not remove itself.
+    Delete "$0\Uninstall.exe"
+    RMDir "$0"
+FunctionEnd
+
 Section "Vorstek" SectionProgram
     SectionIn RO
-    !insertmacro REQUIRE_CLOSED
+    !insertmacro REQUIRE_CLOSED "Vorstek.exe"
+    !insertmacro REQUIRE_CLOSED "vorstek-cli.exe"
+    Call RemoveEarlier
 
-    ; Removes files that only an earlier version had.
-    ${If} ${FileExists} "$INSTDIR\Uninstall.exe"
-        ExecWait '"$INSTDIR\Uninstall.exe" /S _?=$INSTDIR'
-    ${EndIf}
-
+    !include "${INSTALLS}"
     SetOutPath "$INSTDIR"
-    File /r "${STAGE}/*"
     WriteUninstaller "$INSTDIR\Uninstall.exe"
     CreateShortcut "$SMPROGRAMS\Vorstek.lnk" "$INSTDIR\Vorstek.exe"
 
@@ -142,7 +239,9 @@ Function .onInit
 FunctionEnd
 
 Section "Uninstall"
-    !insertmacro REQUIRE_CLOSED
+    !insertmacro REQUIRE_CLOSED "Vorstek.exe"
+    !insertmacro REQUIRE_CLOSED "vorstek-cli.exe"
+    InitPluginsDir
     !include "${REMOVALS}"
     Delete "$INSTDIR\Uninstall.exe"
     RMDir "$INSTDIR"

@@ -206,6 +206,46 @@ class InstallerTest(unittest.TestCase):
             self.folder.parent, self.folder, mine.parent, mine, trace)))
         shutil.rmtree(self.folder.parent)
 
+    def test_texts_that_the_user_has_changed_stay_beside_the_new_ones(self):
+        self.folder.mkdir(parents=True)
+        (self.folder / "README.txt").write_text("my own\n")
+        self.install()
+        gcd, base = self.folder / "examples/gcd.txt", self.folder / "examples/base.txt"
+        gcd.write_bytes(self.files["examples/gcd.txt"] + b"; mine\r\n")
+        base.write_bytes(self.files["examples/base.txt"].replace(b"LBL", b"lbl", 1))
+        mine = {"README.txt": b"my own\n", "examples/gcd.txt": gcd.read_bytes(),
+                "examples/base.txt": base.read_bytes()}
+        beside = {"README.new.txt": "README.txt", "examples/gcd.new.txt": "examples/gcd.txt",
+                  "examples/base.new.txt": "examples/base.txt"}
+
+        self.install()
+
+        self.assertEqual(self.installed(), {**self.files, **mine,
+                                            **{new: self.files[old] for new, old in beside.items()}})
+        self.uninstall(left=("README.txt", "examples"))
+        self.assertEqual(files(self.folder), mine)
+        shutil.rmtree(self.folder.parent)
+        self.assert_nothing_left()
+
+    def test_a_folder_with_another_program_is_refused(self):
+        folder = PREFIX / "drive_c" / "Other"
+        folder.mkdir()
+        shutil.copy(PREFIX / "drive_c/windows/system32/cmd.exe", folder / "Uninstall.exe")
+        before = files(folder)
+        self.install("/D=" + windows_name(folder), code=2)
+        self.assertEqual(files(folder), before)
+        shutil.rmtree(folder)
+        self.assert_nothing_left()
+
+    def test_installed_elsewhere_it_is_removed_there(self):
+        self.install()
+        folder = PREFIX / "drive_c" / "Elsewhere"
+        self.install("/D=" + windows_name(folder))
+        self.assertFalse(self.folder.exists())
+        self.assertEqual(self.installed(folder), self.files)
+        self.uninstall(folder)
+        self.assert_nothing_left()
+
     def test_a_running_program_is_neither_replaced_nor_removed(self):
         self.install()
         with tempfile.NamedTemporaryFile() as mark:
