@@ -1,7 +1,6 @@
 #include "graph/svg_font.h"
 
 #include <cstdint>
-#include <string_view>
 
 #include "toolkit/utf8.h"
 
@@ -51,15 +50,25 @@ static int CharacterWidth(std::string_view Text, size_t nLength)
     return WidthOf(kLatin1Widths, kFirstLatin1, (nLead & 0x1F) << 6 | (nNext & 0x3F));
 }
 
-int SvgTextWidth(const char *szText)
+static int64_t WidthInUnits(std::string_view Text)
 {
-    int64_t          nUnits = 0;
-    std::string_view Text   = szText;
+    int64_t nUnits = 0;
     while (!Text.empty())
     {
         const size_t nLength = Utf8Length(Text);
         nUnits += CharacterWidth(Text, nLength);
         Text.remove_prefix(nLength > 0 ? nLength : 1);
     }
+    return nUnits;
+}
+
+int SvgTextWidth(const char *szText)
+{
+    const int64_t nUnits = WidthInUnits(szText);
     return static_cast<int>((nUnits * kSvgFontSize + kUnitsPerEm / 2) / kUnitsPerEm);
+}
+
+double SvgTextEms(std::string_view Text)
+{
+    return static_cast<double>(WidthInUnits(Text)) / kUnitsPerEm;
 }

@@ -6,6 +6,8 @@
 #ifndef GRAPH_SVG_FONT_H
 #define GRAPH_SVG_FONT_H
 
+#include <string_view>
+
 const char *const kSvgFontFamily = "Liberation Sans, Arial, Helvetica, sans-serif";
 
 // Pixels.
@@ -17,5 +19,8 @@ const int kSvgAscent     = 13;  // from the top of a line to its base line
 // 24. Characters beyond Latin-1, and invalid bytes, count as wide
 // as a digit.
 int SvgTextWidth(const char *szText);
+
+// The same, not rounded, in parts of the size of the font: "M" is 0.833 wide.
+double SvgTextEms(std::string_view Text);
 
 #endif

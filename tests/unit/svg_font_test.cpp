@@ -42,3 +42,10 @@ TEST_CASE("a longer text is never narrower")
         nFormer = SvgTextWidth(Text.c_str());
     }
 }
+
+TEST_CASE("widths in parts of the size are not rounded")
+{
+    CHECK(SvgTextEms("") == 0.0);
+    CHECK(SvgTextEms("0123456789") == doctest::Approx(5.561).epsilon(1e-3));
+    CHECK(SvgTextEms("M") == doctest::Approx(0.833).epsilon(1e-3));
+}
