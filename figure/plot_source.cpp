@@ -1,5 +1,7 @@
 #include "figure/plot_source.h"
 
+#include <cstring>
+
 int cPlotSource::Read(cPointSink *pSink)
 {
     for (uint32_t nLine = 1; nLine <= m_Plot.Count(); nLine++)
@@ -14,5 +16,9 @@ int cPlotSource::Read(cPointSink *pSink)
 
 std::string cPlotSource::LineLabel(size_t nLine) const
 {
-    return m_Plot.DataSet(static_cast<uint32_t>(nLine + 1))->m_pszLabel.get();
+    const auto        nNumber = static_cast<uint32_t>(nLine + 1);
+    const char *const szLabel = m_Plot.DataSet(nNumber)->m_pszLabel.get();
+    char              szDefault[kDefaultLabel];
+    FormatDefaultLabel(nNumber, szDefault);
+    return strcmp(szLabel, szDefault) == 0 ? "" : szLabel;
 }

@@ -14,7 +14,7 @@ public:
 
     int         Read(cPointSink *pSink) override;  // always 1
     size_t      Lines() const override { return m_Plot.Count(); }
-    std::string LineLabel(size_t nLine) const override;
+    std::string LineLabel(size_t nLine) const override;  // "" for the default one
     std::string Title() const override { return m_Plot.Settings().m_szTitle; }
     std::string XLabel() const override { return m_Plot.Settings().m_szHorzLabel; }
 

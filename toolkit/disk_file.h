@@ -63,6 +63,9 @@ FILE *OpenDiskFile(const char *szName, const char *szMode);
 // other failure.
 FILE *CreateDiskFile(const char *szName, const char *szMode);
 
+// Standard output as a stream that writes bytes as they are.
+FILE *BinaryStandardOutput();
+
 // Where a log goes that can be opened nowhere else: the name of a file in a folder
 // that the platform has always had. Null where there is no such folder.
 const char *DefaultLogName();

@@ -60,10 +60,14 @@ TEST_CASE("a plot's texts are those of a figure")
     cVantorPlot     Plot(&Boxes);
     REQUIRE(Plot.AddPoint(1, 1.0F, 2.0F) == 1);
     REQUIRE(Plot.AddPoint(2, 1.0F, 2.0F) == 1);
+    cVantorLineFormat Format;
+    Format.m_pszLabel = "speed";
+    REQUIRE(Plot.FormatDataSet(2, Format, 1.0F, 0.0F) == 1);
     const cPlotSource Source(Plot);
 
     CHECK(Source.Lines() == 2);
-    CHECK(Source.LineLabel(1) == "data line # 2");
+    CHECK(Source.LineLabel(0).empty());
+    CHECK(Source.LineLabel(1) == "speed");
     CHECK(Source.Title() == "My Graph");
     CHECK(Source.XLabel() == "x axis");
 }

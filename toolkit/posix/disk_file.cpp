@@ -154,6 +154,11 @@ FILE *CreateDiskFile(const char *szName, const char *szMode)
     return nullptr;
 }
 
+FILE *BinaryStandardOutput()
+{
+    return stdout;
+}
+
 const char *DefaultLogName()
 {
     return nullptr;

@@ -167,6 +167,12 @@ FILE *CreateDiskFile(const char *szName, const char *szMode)
     return nullptr;
 }
 
+FILE *BinaryStandardOutput()
+{
+    _setmode(_fileno(stdout), _O_BINARY);
+    return stdout;
+}
+
 const char *DefaultLogName()
 {
     return "C:\\windows\\temp\\dfltlog.txt";
