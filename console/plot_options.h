@@ -3,30 +3,18 @@
 #ifndef CONSOLE_PLOT_OPTIONS_H
 #define CONSOLE_PLOT_OPTIONS_H
 
-#include <cstdint>
-#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "console/figure_options.h"
 #include "console/option_table.h"
-#include "graph/vantor_plot.h"
-
-// Coordinates of drawn points fit the 16 bits of the platform's drawing
-// functions; no picture is larger.
-const int kMostPictureSize = 16383;
 
 struct cPlotOptions
 {
-    std::string                m_DataFile;
-    std::string                m_PictureFile;
-    std::optional<std::string> m_Title;  // default: the file's
-    std::optional<std::string> m_Label;
-    uint32_t                   m_nType   = gtPlot;
-    int                        m_bGrid   = 0;
-    int                        m_bLegend = 1;
-    int                        m_nWidth  = kPlotWidth;  // pixels
-    int                        m_nHeight = kPlotHeight;
+    std::string    m_DataFile;
+    std::string    m_PictureFile;  // "-" for standard output
+    cFigureOptions m_Picture;
 };
 
 std::span<const cOptionRow> PlotOptionRows();

@@ -1,5 +1,5 @@
-"""vorstek-cli plot, and run with a picture: SVG files from data files and from
-programs."""
+"""vorstek-cli plot --window, and run with such a picture: SVG files from data files
+and from programs, as the graph's window would draw them."""
 
 import os
 import re
@@ -44,7 +44,7 @@ class PictureCase(ConsoleCase):
 
     def plot(self, *options, data=DATA, code=0):
         self.write("data.txt", data)
-        result = self.start("plot", "data.txt", "out.svg", *options)
+        result = self.start("plot", "data.txt", "out.svg", "--window", *options)
         self.assertEqual((result.code, result.out), (code, ""), result.err)
         return result
 
@@ -136,8 +136,10 @@ class PlotTest(PictureCase):
 
     def test_options_may_stand_anywhere(self):
         self.write("data.txt", DATA)
-        self.start("plot", "--grid", "data.txt", "--title", "T", "one.svg", "--no-legend")
-        self.start("plot", "data.txt", "two.svg", "--no-legend", "--grid", "--title", "T")
+        self.start("plot", "--grid", "data.txt", "--title", "T", "one.svg", "--no-legend",
+                   "--window")
+        self.start("plot", "data.txt", "--window", "two.svg", "--no-legend", "--grid", "--title",
+                   "T")
         self.assertEqual(self.read("one.svg"), self.read("two.svg"))
 
     def test_an_old_picture_is_replaced(self):
@@ -180,7 +182,7 @@ class RefusalTest(PictureCase):
             self.assert_refused("data.txt", "out.svg", "--size", size, mentions="--size")
 
     def test_unknown_options(self):
-        for option in ("--legend", "--Grid", "--json"):
+        for option in ("--legends", "--Grid", "--json"):
             self.assert_refused("data.txt", "out.svg", option,
                                 mentions=f"vorstek-cli: unknown option '{option}'")
 
@@ -252,7 +254,7 @@ class RunTest(PictureCase):
         self.run_program(name, "--graph", "drawn.txt")
         self.run_program(name, "--graph", "out.svg")
         drawn = self.paths()
-        self.start("plot", "drawn.txt", "out.svg")
+        self.start("plot", "drawn.txt", "out.svg", "--window")
         self.assertEqual(self.paths(), drawn)
 
     def test_a_picture_that_cannot_be_written(self):
