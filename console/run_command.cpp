@@ -17,8 +17,8 @@
 #include "engine/listing_words.h"
 #include "engine/run_profile.h"
 #include "engine/vorstek_state.h"
+#include "figure/plot_source.h"
 #include "graph/graph_file_commands.h"
-#include "graph/svg_file.h"
 
 static void SetUp(const cRunOptions &Options, cVorstekEngine *pEngine)
 {
@@ -67,12 +67,12 @@ static int ReportUnwritable(const cStreams &Streams, const std::string &Name)
     return ReportUsage(Streams, "cannot write " + Name);
 }
 
-static int WriteGraph(cRunHost *pHost, const cRunOptions &Options)
+static int SavePicture(cRunHost *pHost, const cRunOptions &Options, const cStreams &Streams)
 {
-    const char *const szName = Options.m_GraphFile.c_str();
-    if (Options.m_bGraphAsData)
-        return SaveGraphFile(pHost->m_Plot, pHost, szName);
-    return SaveSvgFile(pHost->m_Plot, kPlotWidth, kPlotHeight, szName);
+    if (Options.m_Picture.m_bWindow)
+        return SaveWindowPicture(Options.m_Picture, Options.m_PictureFile, &pHost->m_Plot, Streams);
+    cPlotSource Source(pHost->m_Plot);
+    return SaveFigurePicture(Options.m_Picture, Options.m_PictureFile, &Source, Streams);
 }
 
 // Data lines that the file cannot hold are an error.
@@ -81,8 +81,10 @@ static int SaveGraph(cRunHost *pHost, const cRunOptions &Options, const cStreams
     const std::string &Name = Options.m_GraphFile;
     if (pHost->m_Plot.Count() == 0)
         return ReportUsage(Streams, "'" + Name + "' was not written: the program drew nothing");
+    if (!Options.m_bGraphAsData)
+        return SavePicture(pHost, Options, Streams);
     pHost->BeginSaving();
-    if (!WriteGraph(pHost, Options))
+    if (!SaveGraphFile(pHost->m_Plot, pHost, Name.c_str()))
         return ReportUnwritable(Streams, "'" + Name + "'");
     *Streams.m_pErr << pHost->SavingText();
     return pHost->SavingText().empty() ? kExitDone : kExitError;

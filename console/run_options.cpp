@@ -58,7 +58,7 @@ static int TakeGraphFile(cRunOptions *pOptions, const std::string &Value)
 {
     pOptions->m_GraphFile    = Value;
     pOptions->m_bGraphAsData = Value.ends_with(".txt") || Value.ends_with(".TXT");
-    return pOptions->m_bGraphAsData || Value.ends_with(".svg") || Value.ends_with(".SVG");
+    return !Value.empty() && Value != kPictureToOutput;
 }
 
 // clang-format off
@@ -84,9 +84,11 @@ static const cOptionRow s_RunRows[] =
       "how long the trace may become before it begins\n"
       "again, 1 unless given; the former part is kept\n"
       "as FILE_older" },
-    { "--graph", "FILE", "a file name that ends in .txt or .svg", Take<cRunOptions, TakeGraphFile>,
+    { "--graph", "FILE", "a file name that ends in .txt, .svg, .png or .pdf",
+      Take<cRunOptions, TakeGraphFile>,
       "write the points that the program drew: FILE.txt\n"
-      "as a data file, FILE.svg as a picture" },
+      "as a data file; FILE.svg, FILE.png and FILE.pdf\n"
+      "as a picture, which the options below are about" },
     { "--max-lines", "N", "a number of lines above 0", Take<cRunOptions, TakeMaxLines>,
       "halt after N executed lines" },
     { "--registers", nullptr, nullptr, SetFlag<cRunOptions, &cRunOptions::m_bRegisters>,
@@ -101,16 +103,42 @@ static const cOptionRow s_RunRows[] =
 };
 // clang-format on
 
+static std::vector<cOptionRow> MakeRunRows()
+{
+    std::vector<cOptionRow> Rows(std::begin(s_RunRows), std::end(s_RunRows));
+    AppendFigureRows<cRunOptions>(&Rows);
+    return Rows;
+}
+
 std::span<const cOptionRow> RunOptionRows()
 {
-    return s_RunRows;
+    static const std::vector<cOptionRow> s_Rows = MakeRunRows();
+    return s_Rows;
+}
+
+// 1, or 0 with a one-line error.
+static int ChooseGraph(cRunOptions *pOptions, std::string *pError)
+{
+    const cFigureOptions &Picture = pOptions->m_Picture;
+    if (pOptions->m_GraphFile.empty() || pOptions->m_bGraphAsData)
+    {
+        if (!Picture.m_FirstOption.empty())
+            *pError = Picture.m_FirstOption + " is about a picture, such as --graph FILE.svg draws";
+        return pError->empty();
+    }
+    if (!Picture.m_nFormat && !FormatOfName(pOptions->m_GraphFile))
+    {
+        *pError = "--graph needs a file name that ends in .txt, .svg, .png or .pdf";
+        return 0;
+    }
+    return ChoosePicture(Picture, pOptions->m_GraphFile, &pOptions->m_PictureFile, pError);
 }
 
 int ParseRunOptions(const std::vector<std::string> &Arguments, cRunOptions *pOptions,
                     std::string *pError)
 {
     std::vector<std::string> Words;
-    if (!ReadOptions(s_RunRows, Arguments, pOptions, &Words, pError))
+    if (!ReadOptions(RunOptionRows(), Arguments, pOptions, &Words, pError))
         return 0;
     if (Words.empty() || Words[0].empty())
         *pError = "run needs the file name of a program";
@@ -118,5 +146,5 @@ int ParseRunOptions(const std::vector<std::string> &Arguments, cRunOptions *pOpt
         *pError = "unexpected argument '" + Words[1] + "': run takes one program";
     else
         pOptions->m_Program = Words[0];
-    return pError->empty();
+    return pError->empty() && ChooseGraph(pOptions, pError);
 }

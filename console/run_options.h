@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "console/figure_options.h"
 #include "console/option_table.h"
 
 // In place of the trace's file name.
@@ -24,11 +25,13 @@ struct cRunOptions
     unsigned                                 m_nTraceMegabytes = 1;
     std::string                              m_GraphFile;         // "" for none
     int                                      m_bGraphAsData = 0;  // else as a picture
-    uint64_t                                 m_nMaxLines    = 0;  // 0: no limit
-    int                                      m_bRegisters   = 0;
-    int                                      m_bJson        = 0;
-    int                                      m_bProfile     = 0;
-    int                                      m_bRealtime    = 0;
+    cFigureOptions                           m_Picture;
+    cPictureFile                             m_PictureFile = {};  // of the graph
+    uint64_t                                 m_nMaxLines   = 0;   // 0: no limit
+    int                                      m_bRegisters  = 0;
+    int                                      m_bJson       = 0;
+    int                                      m_bProfile    = 0;
+    int                                      m_bRealtime   = 0;
 };
 
 std::span<const cOptionRow> RunOptionRows();

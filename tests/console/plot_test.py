@@ -233,7 +233,7 @@ class RunTest(PictureCase):
             "2", "SetG", "100", "ENTER", "1", "SumG", "1e7", "ENTER", "2", "SumG")
 
     def test_a_program_draws_a_picture(self):
-        self.run_listing(self.DRAW, "--graph", "out.svg")
+        self.run_listing(self.DRAW, "--graph", "out.svg", "--window")
 
         self.assertEqual([len(path) for path in self.paths()], [2, 2])
         texts = self.texts()
@@ -243,33 +243,33 @@ class RunTest(PictureCase):
         self.assertEqual([path.get("stroke") for path in group], ["#000000", "#000000"])
 
     def test_title_and_axis_label_unless_cleared(self):
-        self.run_listing(("3", "ENTER", "4", "SumG"), "--graph", "out.svg")
+        self.run_listing(("3", "ENTER", "4", "SumG"), "--graph", "out.svg", "--window")
         self.assertEqual(self.texts()[0], "My Graph")
         self.assertIn("x axis", self.texts())
-        self.run_listing(self.DRAW, "--graph", "out.SVG")
+        self.run_listing(self.DRAW, "--graph", "out.SVG", "--window")
         self.assertNotIn("My Graph", self.texts("out.SVG"))
 
     def test_a_picture_shows_what_its_data_file_shows(self):
         name = self.listing(*self.DRAW)
         self.run_program(name, "--graph", "drawn.txt")
-        self.run_program(name, "--graph", "out.svg")
+        self.run_program(name, "--graph", "out.svg", "--window")
         drawn = self.paths()
         self.start("plot", "drawn.txt", "out.svg", "--window")
         self.assertEqual(self.paths(), drawn)
 
     def test_a_picture_that_cannot_be_written(self):
         name = os.path.join("missing", "out.svg")
-        result = self.run_listing(("3", "SumG"), "--graph", name, code=2)
+        result = self.run_listing(("3", "SumG"), "--graph", name, "--window", code=2)
         self.assertRegex(result.err, r"\A[^\n]*out.svg[^\n]*\n\Z")
 
     def test_nothing_drawn_is_no_picture(self):
         self.write("out.svg", "old")
-        result = self.run_listing(("3",), "--graph", "out.svg", code=2)
+        result = self.run_listing(("3",), "--graph", "out.svg", "--window", code=2)
         self.assertRegex(result.err, r"\A[^\n]*out.svg[^\n]*\n\Z")
         self.assertEqual(self.read("out.svg"), b"old")
 
     def test_after_an_error(self):
-        self.run_listing(("3", "SumG", "0", "1/x"), "--graph", "out.svg", code=1)
+        self.run_listing(("3", "SumG", "0", "1/x"), "--graph", "out.svg", "--window", code=1)
         self.assertEqual(len(self.paths()), 1)
 
 

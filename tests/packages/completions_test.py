@@ -41,7 +41,7 @@ class BashTest(unittest.TestCase):
     def test_options(self):
         for command in sorted(COMMANDS):
             self.assertEqual(self.complete(command, "-"), options_of(command) | {"--help"})
-        self.assertEqual(self.complete("run", "x.txt", "--ma"), {"--max-lines"})
+        self.assertEqual(self.complete("run", "x.txt", "--max"), {"--max-lines"})
 
     def test_files_are_left_to_the_shell(self):
         self.assertEqual(self.complete("run", ""), set())
@@ -99,7 +99,7 @@ class ZshTest(unittest.TestCase):
         self.send("vorstek-cli ev\t", "eval ")
 
     def test_options(self):
-        self.send("vorstek-cli run --ma\t", "--max-lines=")
+        self.send("vorstek-cli run --max\t", "--max-lines=")
 
     def test_values(self):
         self.send("vorstek-cli check --str\t", "--strict ")
