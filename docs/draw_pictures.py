@@ -4,18 +4,22 @@
 usage: draw_pictures.py [FOLDER]
 
 The default FOLDER is docs/manual/pictures. The script draws the stack diagrams,
-adds numbers to the face from resources/bitmaps, and converts graphs from
-examples/pictures. Debian packages: python3-pil fonts-liberation librsvg2-bin.
+adds numbers to the face from resources/bitmaps, draws graphs as the window would,
+and converts figures from examples/pictures. It needs the native build, and Debian's
+packages python3-pil fonts-liberation librsvg2-bin.
 The output is reproducible with the same tool versions.
 """
 
 import pathlib
+import re
 import subprocess
 import sys
+import tempfile
 
 from PIL import Image, ImageDraw, ImageFont
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
+CLI = ROOT / "build/native/console/vorstek-cli"
 FONTS = pathlib.Path("/usr/share/fonts/truetype/liberation")
 FINE = 4                    # oversampling, for smooth edges
 
@@ -158,12 +162,21 @@ def face(path):
     sheet.save(path)
 
 
-def graph(name, path):
-    subprocess.run(["rsvg-convert", "--width", "560", "--output", path,
-                    ROOT / "examples/pictures" / name], check=True)
+def convert(source, width, path):
+    """An SVG file as an image of this width."""
+    subprocess.run(["rsvg-convert", "--width", str(width), "--output", path, source], check=True)
     with Image.open(path) as picture:
         small = picture.convert("RGB").quantize(64, dither=Image.Dither.NONE)
     small.save(path, optimize=True)
+
+
+def graph(arguments, path):
+    """What the graph window shows."""
+    with tempfile.TemporaryDirectory() as folder:
+        drawn = pathlib.Path(folder, "graph.svg")
+        words = [str(drawn) if word == "graph.svg" else word for word in arguments.split()]
+        subprocess.run([CLI, *words, "--window"], cwd=ROOT, check=True, stdout=subprocess.DEVNULL)
+        convert(drawn, 560, path)
 
 
 def main(folder):
@@ -171,8 +184,11 @@ def main(folder):
     for name, columns, arrows in MOVEMENTS:
         movement(folder / name, columns, arrows)
     face(folder / "face.png")
-    for name in ("damped", "rain", "shots"):
-        graph(name + ".svg", folder / f"{name}.png")
+    graph("run examples/damped.txt --y 5 --x 0.4 --graph graph.svg", folder / "damped.png")
+    graph("plot examples/data/shots.txt graph.svg --type scatter", folder / "shots.png")
+    for source in sorted((ROOT / "examples/pictures").glob("*.svg")):
+        width = int(re.search(r' width="(\d+)"', source.read_text(encoding="utf-8")).group(1))
+        convert(source, width * 3 // 4, folder / f"figure-{source.stem}.png")
 
 
 if __name__ == "__main__":

@@ -2,10 +2,12 @@
 same bytes. scripts/make-pictures rewrites them."""
 
 import os
+import re
 import shlex
 import shutil
 
 from console_case import EXAMPLES, REPOSITORY, ConsoleCase, main
+from manual_pages import pages
 
 
 class PicturesTest(ConsoleCase):
@@ -48,6 +50,15 @@ class PicturesTest(ConsoleCase):
             text = file.read()
         for name in self.pictures(os.path.join(EXAMPLES, "pictures")):
             self.assertIn("(pictures/" + name, text)
+
+    def test_the_manual_shows_figures_with_the_commands_that_draw_them(self):
+        page = next(page for page in pages() if page.name == "figures.htm")
+        drawn = {tuple(words) for words in self.commands(os.path.join(EXAMPLES, "pictures"))}
+        blocks = page.having("pre", "session")
+        self.assertGreaterEqual(len(blocks), 10)
+        for block in blocks:
+            for line in re.findall(r"^\$ vorstek-cli (.*)$", block.text, re.M):
+                self.assertIn(tuple(shlex.split(line)), drawn)
 
 
 if __name__ == "__main__":
