@@ -12,6 +12,7 @@
 #include "console/session/session_host.h"
 #include "console/session/undo_history.h"
 #include "console/typed_line.h"
+#include "figure/figure_file.h"
 
 struct cSessionCommand;
 
@@ -105,6 +106,7 @@ private:
     void                   PrintCommands() const;
     void                   Calculate(const std::string &Line);
     void                   SaveAs(const std::string &Name);
+    void                   SavePlot(const cPictureFile &File);
     int                    LoadText(const std::string &Listing);
 
     cTypedLines  m_Lines;

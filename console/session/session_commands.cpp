@@ -15,7 +15,7 @@
 #include "console/vocabulary.h"
 #include "engine/instruction.h"
 #include "engine/vorstek_state.h"
-#include "graph/svg_file.h"
+#include "figure/plot_source.h"
 #include "listing/suggestion.h"
 
 template <void (cSession::*pOperation)(const std::string &)>
@@ -250,16 +250,27 @@ void cSession::OnReplace(const std::string &Argument)
 
 void cSession::OnPlot(const std::string &Argument)
 {
-    const std::string Name = Argument.empty() ? "graph.svg" : Argument;
-    m_bPrinted             = 1;
-    if (!Name.ends_with(".svg"))
-        m_Error = "plot: the name of an SVG picture ends in .svg";
+    const std::string Name    = Argument.empty() ? "graph.svg" : Argument;
+    const auto        nFormat = FormatOfName(Name);
+    m_bPrinted                = 1;
+    if (!nFormat)
+        m_Error = "plot: the name of a picture ends in .svg, .png or .pdf";
+    else if (!CanDraw(*nFormat))
+        m_Error = "plot: this vorstek-cli was built without cairo and draws SVG only";
     else if (m_Host.m_Plot.Count() == 0)
         m_Error = "plot: nothing has been drawn; see help SumG";
-    else if (!SaveSvgFile(m_Host.m_Plot, kPlotWidth, kPlotHeight, Name.c_str()))
-        m_Error = "plot: cannot write '" + Name + "'";
     else
-        *m_Streams.m_pOut << "wrote " << Name << "\n";
+        SavePlot({Name, *nFormat, 1.0});
+}
+
+void cSession::SavePlot(const cPictureFile &File)
+{
+    cPlotSource  Source(m_Host.m_Plot);
+    cFigureNotes Notes;
+    if (SaveFigure({}, &Source, File, &Notes) == svDone)
+        *m_Streams.m_pOut << "wrote " << File.m_Name << "\n";
+    else
+        m_Error = "plot: cannot write '" + File.m_Name + "'";
 }
 
 void cSession::OnQuit(const std::string &)

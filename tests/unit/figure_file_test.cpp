@@ -1,7 +1,10 @@
 #include "figure/figure_file.h"
 
+#include <filesystem>
+
 #include <doctest/doctest.h>
 
+#include "tests/unit/failing_memory.h"
 #include "tests/unit/recording_boxes.h"
 #include "tests/unit/scratch_folder.h"
 #include "tests/unit/test_points.h"
@@ -40,25 +43,83 @@ TEST_CASE("a file that cannot be written is reported")
     cFigureNotes         Notes;
     const cPictureFile   File = {Folder.Name("missing/fall.svg"), pfSvg, 1.0};
     CHECK(SaveFigure({}, &Source, File, &Notes) == svUnwritable);
-
-    cRecordingBoxes   Boxes;
-    const cVantorPlot Plot(&Boxes);
-    CHECK(SaveWindowFigure(Plot, 64, 48, File) == svUnwritable);
 }
 
-TEST_CASE("a window's picture has whole pixels, and a scale enlarges them")
+namespace
 {
-    const cScratchFolder Folder;
-    cRecordingBoxes      Boxes;
-    cVantorPlot          Plot(&Boxes);
-    REQUIRE(Plot.AddPoint(1, 1.0F, 2.0F) == 1);
-    REQUIRE(Plot.AddPoint(1, 2.0F, 3.0F) == 1);
 
-    CHECK(SaveWindowFigure(Plot, 640, 480, {Folder.Name("1.svg"), pfSvg, 1.0}) == svDone);
-    CHECK(SaveWindowFigure(Plot, 640, 480, {Folder.Name("2.svg"), pfSvg, 2.0}) == svDone);
+struct cWindowRig
+{
+    cWindowRig() : m_Plot(&m_Boxes)
+    {
+        for (const float fX : {0.0F, 1.0F, 2.0F})
+            REQUIRE(m_Plot.AddPoint(1, fX, fX * fX) == 1);
+    }
 
-    CHECK(Folder.Read("1.svg").find("width=\"640\" height=\"480\" viewBox=\"0 0 640 480\"") !=
-          std::string::npos);
-    CHECK(Folder.Read("2.svg").find("width=\"1280\" height=\"960\" viewBox=\"0 0 640 480\"") !=
-          std::string::npos);
+    eSaving Save(const std::string &Name, double dScale = 1.0)
+    {
+        return SaveWindowFigure(m_Plot, 300, 200, {m_Folder.Name(Name), pfSvg, dScale});
+    }
+
+    cRecordingBoxes m_Boxes;
+    cVantorPlot     m_Plot;
+    cScratchFolder  m_Folder;
+};
+
+}  // namespace
+
+static int HasPiece(const std::string &Text, const std::string &Piece)
+{
+    return Text.find(Piece) != std::string::npos;
+}
+
+TEST_CASE("a window's picture has the plot on its background, and the legend")
+{
+    cWindowRig          Rig;
+    cVantorPlotSettings Settings = Rig.m_Plot.Settings();
+    Settings.m_crBackground      = MakeColour(1, 2, 3);
+    Rig.m_Plot.ApplySettings(Settings);
+
+    CHECK(Rig.Save("plot.svg") == svDone);
+
+    const std::string Text = Rig.m_Folder.Read("plot.svg");
+    CHECK(HasPiece(Text, "width=\"300\" height=\"200\" viewBox=\"0 0 300 200\""));
+    CHECK(HasPiece(Text, "<rect x=\"0\" y=\"0\" width=\"300\" height=\"200\" fill=\"#010203\"/>"));
+    CHECK(HasPiece(Text, ">My Graph</text>"));
+    CHECK(HasPiece(Text, ">x axis</text>"));
+    CHECK(HasPiece(Text, ">data line # 1</text>"));
+    CHECK(Text.ends_with("</g>\n</svg>\n"));
+    CHECK(Rig.m_Folder.Count() == 1);
+}
+
+TEST_CASE("a scale enlarges a window's picture")
+{
+    cWindowRig Rig;
+    CHECK(Rig.Save("plot.svg", 2.0) == svDone);
+    CHECK(HasPiece(Rig.m_Folder.Read("plot.svg"),
+                   "width=\"600\" height=\"400\" viewBox=\"0 0 300 200\""));
+}
+
+TEST_CASE("a window's picture that cannot be written leaves the old one")
+{
+    cWindowRig Rig;
+    std::filesystem::create_directory(Rig.m_Folder.Name("folder"));
+
+    CHECK(Rig.Save("folder") == svUnwritable);
+    CHECK(Rig.Save("missing/plot.svg") == svUnwritable);
+    CHECK(Rig.m_Boxes.m_Boxes.empty());
+}
+
+TEST_CASE("giving up on memory for a window's picture leaves the old file")
+{
+    cWindowRig Rig;
+    Rig.m_Folder.Write("plot.svg", "old");
+    {
+        const cFailingMemory Failing(0, 1);
+        CHECK(Rig.Save("plot.svg") == svTooLarge);
+    }
+
+    CHECK(Rig.m_Folder.Read("plot.svg") == "old");
+    CHECK(Rig.m_Folder.Count() == 1);
+    CHECK(Rig.m_Boxes.m_QuitCodes.size() == 1);
 }

@@ -112,6 +112,9 @@ TEST_CASE("a program that was loaded or run, and what it drew, can be undone")
     Rig.Type({"undo", "undo"});
     CHECK(Rig.Type({"list"}).find("01 1") != std::string::npos);
     CHECK(Rig.Type({"plot " + Picture}) == "wrote " + Picture + "\n");
+    CHECK(Folder.Read("graph.svg").find("role=\"img\"") != std::string::npos);
+    Rig.Type({"plot " + Folder.Name("graph.gif")});
+    CHECK(Rig.m_Session.Error() == "plot: the name of a picture ends in .svg, .png or .pdf");
     Rig.Type({"undo", "plot " + Picture});
     CHECK(Rig.m_Session.Error() == "plot: nothing has been drawn; see help SumG");
     Rig.Type({"redo", "redo", "redo"});
