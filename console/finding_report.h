@@ -1,12 +1,12 @@
-// finding_report.h - prints what was found in listings, as compilers do or as
-// JSON Lines.
+// finding_report.h - prints what was found in listings and tables, as compilers do
+// or as JSON Lines.
 
 #ifndef CONSOLE_FINDING_REPORT_H
 #define CONSOLE_FINDING_REPORT_H
 
 #include <string>
 
-#include "listing/findings.h"
+#include "toolkit/finding.h"
 
 // Without a line end:
 //     draw.txt:3: Error: unrecognized instr mnemonic "enter": did you mean ENTER?

@@ -3,9 +3,9 @@
 #include "console/state_report.h"
 #include "console/typed_words.h"
 #include "engine/vorstek_engine.h"
-#include "listing/findings.h"
 #include "listing/source_lines.h"
 #include "listing/suggestion.h"
+#include "toolkit/finding.h"
 
 std::string cTypedError::Message() const
 {

@@ -14,6 +14,9 @@ from manual_pages import BLUE, GOLD, MANUAL, Page, REPOSITORY, UNSHIFTED, pages
 
 SOURCE_FOLDERS = ("engine", "graph", "imaging", "shell", "toolkit")
 
+# Files there whose messages are those of the console program.
+CONSOLE_FILES = ("toolkit/finding.cpp",)
+
 # How texts begin that a user can read in a message box or in the display.
 MESSAGE = re.compile(r"\s*(Error: |ERROR|FATAL|Program Error|Program [mM]emory|Sorry|Could not|couldn|"
                      r"There is no|THERE IS|The file name|Nothing to|Not allowed|Save current|You entered|"
@@ -29,7 +32,7 @@ def messages():
     for folder in SOURCE_FOLDERS:
         for where, _, names in os.walk(os.path.join(REPOSITORY, folder)):
             for name in sorted(names):
-                if not name.endswith((".cpp", ".h")):
+                if not name.endswith((".cpp", ".h")) or f"{folder}/{name}" in CONSOLE_FILES:
                     continue
                 with open(os.path.join(where, name), encoding="utf-8") as file:
                     code = re.sub(r"^\s*(//|#include).*", "", file.read(), flags=re.M)
