@@ -1,0 +1,68 @@
+#include "tables/table_points.h"
+
+#include <utility>
+
+cTablePoints::cTablePoints(const cTableFormat &Format, cTableWatch *pWatch)
+    : m_Format(Format), m_pWatch(pWatch)
+{
+}
+
+void cTablePoints::Add(const std::string &Name, cTable::cOpenFile File)
+{
+    m_Tables.push_back(std::make_unique<cTable>(Name, std::move(File), m_Format, m_pWatch));
+}
+
+int cTablePoints::Scan()
+{
+    for (const auto &Table : m_Tables)
+        if (!Table->Scan(&m_Kept))
+            return 0;
+    return 1;
+}
+
+int cTablePoints::Read(cPointSink *pSink)
+{
+    size_t nFirstLine = 0;
+    for (const auto &Table : m_Tables)
+    {
+        if (!Table->Read(pSink, nFirstLine))
+            return 0;
+        nFirstLine += Table->Lines();
+    }
+    return 1;
+}
+
+size_t cTablePoints::Lines() const
+{
+    size_t nLines = 0;
+    for (const auto &Table : m_Tables)
+        nLines += Table->Lines();
+    return nLines;
+}
+
+std::string cTablePoints::LineLabel(size_t nLine) const
+{
+    auto Table = m_Tables.begin();
+    for (; nLine >= (*Table)->Lines(); ++Table)
+        nLine -= (*Table)->Lines();
+    const std::string Label = (*Table)->LineLabel(nLine);
+    if (!Label.empty() || m_Tables.size() == 1)
+        return Label;
+    return (*Table)->Name() + ((*Table)->Lines() == 1 ? "" : ": " + std::to_string(nLine + 1));
+}
+
+std::string cTablePoints::Title() const
+{
+    for (const auto &Table : m_Tables)
+        if (!Table->Title().empty())
+            return Table->Title();
+    return "";
+}
+
+std::string cTablePoints::XLabel() const
+{
+    for (const auto &Table : m_Tables)
+        if (!Table->XLabel().empty())
+            return Table->XLabel();
+    return "";
+}

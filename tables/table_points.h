@@ -1,0 +1,52 @@
+// table_points.h - the data lines of several tables, one table after another, as the
+// points of a figure.
+
+#ifndef TABLES_TABLE_POINTS_H
+#define TABLES_TABLE_POINTS_H
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "figure/point_source.h"
+#include "tables/kept_values.h"
+#include "tables/table.h"
+#include "tables/table_format.h"
+#include "tables/table_watch.h"
+
+class cTablePoints : public cPointSource
+{
+public:
+    // pWatch (null: nobody) outlives the points.
+    cTablePoints(const cTableFormat &Format, cTableWatch *pWatch);
+
+    // Name is what labels and messages call the table.
+    void Add(const std::string &Name, cTable::cOpenFile File);
+
+    // Reads every table once. Returns 0 if one of them is refused or fails; the
+    // findings are then those so far.
+    int Scan();
+
+    // Comes after Scan.
+    int Read(cPointSink *pSink) override;
+
+    // With several tables, a data line without a label has that of its table:
+    // "d.txt" for the only one in it, else "d.txt: 2".
+    size_t      Lines() const override;
+    std::string LineLabel(size_t nLine) const override;
+
+    // Those of the first table that has one.
+    std::string Title() const override;
+    std::string XLabel() const override;
+
+    const std::vector<std::unique_ptr<cTable>> &Tables() const { return m_Tables; }
+
+private:
+    const cTableFormat                   m_Format;
+    cTableWatch                         *m_pWatch;
+    cKeptValues                          m_Kept;
+    std::vector<std::unique_ptr<cTable>> m_Tables;
+};
+
+#endif
