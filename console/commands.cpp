@@ -39,7 +39,8 @@ static const cCommandRow s_Commands[] =
       "standard output.\n",
       PlotOptionRows, PlotCommand },
     { "gif", "IN.bmp OUT.gif", "convert a picture to GIF",
-      "Pictures with more than 256 colours get the 256 that suit them best.\n",
+      "Pictures with more than 256 colours get the 256 that suit them best. - is\n"
+      "standard input, or standard output.\n",
       GifOptionRows, GifCommand },
     { "help", "[COMMAND]", "say more about a command",
       "Prints the commands, or what one of them does and its options.\n",

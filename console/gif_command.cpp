@@ -1,18 +1,16 @@
 // gif_command.cpp - vorstek-cli gif: converts a BMP file to a GIF file, with the
 // encoder of the graph's export.
 
-#include <cstdint>
 #include <cstdio>
-#include <memory>
 
 #include "console/commands.h"
+#include "console/input_file.h"
 #include "imaging/bmp_reader.h"
 #include "imaging/byte_sink.h"
 #include "imaging/byte_source.h"
 #include "imaging/colour_reduction.h"
 #include "imaging/gif_writer.h"
 #include "toolkit/disk_file.h"
-#include "toolkit/read_file.h"
 #include "toolkit/replacement_file.h"
 
 namespace
@@ -58,36 +56,36 @@ static int ParseGifArguments(const std::vector<std::string> &Arguments, cGifArgu
     return 1;
 }
 
-// 1, or 0 with a one-line error.
-static int ReadPicture(const std::string &Name, cBmpPicture *pPicture, std::string *pError)
+// 1, or 0 with a line on standard error.
+static int ReadPicture(const std::string &Name, const cStreams &Streams, cBmpPicture *pPicture)
 {
-    typedef std::unique_ptr<FILE, int (*)(FILE *)> cOpenFile;
-
-    *pError = "cannot read '" + Name + "'";
-    if (!IsRegularFile(Name.c_str()))
+    cSeekableInput File;
+    if (!OpenSeekableInput(Name, Streams, nullptr, &File))
         return 0;
-    uint64_t        nLength;
-    const cOpenFile File(OpenDiskFile(Name.c_str(), "rb"), fclose);
-    if (!File || !LengthOfFile(Name.c_str(), &nLength))
-        return 0;
-    cFileSource Source(File.get(), nLength);
+    cFileSource Source(File.m_File.get(), File.m_nLength);
     const char *szError;
-    if (!ReadBmp(&Source, pPicture, &szError))
-    {
-        *pError = "'" + Name + "' " + szError;
-        return 0;
-    }
-    return 1;
+    if (ReadBmp(&Source, pPicture, &szError))
+        return 1;
+    ReportUsage(Streams, ShownInput(Name) + " " + szError);
+    return 0;
+}
+
+static int PutPicture(const cReducedImage &Reduced, const cGifArguments &Arguments, FILE *pFile)
+{
+    cFileSink Sink(pFile);
+    return WriteGifFile(&Sink, Reduced.Dib(), Arguments.m_Options.c_str()) == grWritten;
 }
 
 static int WritePicture(const cReducedImage &Reduced, const cGifArguments &Arguments)
 {
+    if (Arguments.m_Gif == kStandardOutput)
+    {
+        FILE *const pOutput = BinaryStandardOutput();
+        return PutPicture(Reduced, Arguments, pOutput) && fflush(pOutput) == 0;
+    }
     cReplacementFile File;
-    if (!File.Open(Arguments.m_Gif.c_str(), "wb"))
-        return 0;
-    cFileSink Sink(File.Stream());
-    return WriteGifFile(&Sink, Reduced.Dib(), Arguments.m_Options.c_str()) == grWritten &&
-           File.Commit();
+    return File.Open(Arguments.m_Gif.c_str(), "wb") &&
+           PutPicture(Reduced, Arguments, File.Stream()) && File.Commit();
 }
 
 int GifCommand(const std::vector<std::string> &Arguments, const cStreams &Streams)
@@ -97,15 +95,17 @@ int GifCommand(const std::vector<std::string> &Arguments, const cStreams &Stream
     std::string   Error;
     if (!ParseGifArguments(Arguments, &Parsed, &Error))
         return ReportUsage(Streams, Error);
+    if (!IsNoInput(Parsed.m_Gif, {Parsed.m_Bmp}, Streams))
+        return kExitUsage;
     {
         // The picture is released before the encoder allocates memory.
         cBmpPicture Picture;
-        if (!ReadPicture(Parsed.m_Bmp, &Picture, &Error))
-            return ReportUsage(Streams, Error);
+        if (!ReadPicture(Parsed.m_Bmp, Streams, &Picture))
+            return kExitUsage;
         if (!ReduceColours(Picture.Dib(), &Reduced))
-            return ReportUsage(Streams, "'" + Parsed.m_Bmp + "' does not fit into memory");
+            return ReportUsage(Streams, ShownInput(Parsed.m_Bmp) + " does not fit into memory");
     }
     if (!WritePicture(Reduced, Parsed))
-        return ReportUsage(Streams, "cannot write '" + Parsed.m_Gif + "'");
+        return ReportUsage(Streams, "cannot write " + ShownOutput(Parsed.m_Gif));
     return kExitDone;
 }

@@ -6,9 +6,7 @@
 #include <string>
 
 #include "console/console.h"
-
-// The name that stands for standard input.
-const char *const kStandardInput = "-";
+#include "console/input_file.h"
 
 // Reads all of the input, line ends as they are; of a pipe or a device at most 64
 // MB. 0 with a line on standard error that names the file and says why it cannot be

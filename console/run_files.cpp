@@ -1,10 +1,9 @@
 #include "console/run_files.h"
 
 #include <cstdio>
-#include <memory>
 #include <vector>
 
-#include "console/input_text.h"
+#include "console/input_file.h"
 #include "toolkit/dbg_file.h"
 #include "toolkit/disk_file.h"
 #include "toolkit/replacement_file.h"
@@ -46,8 +45,6 @@ static std::vector<cNamedFile> FilesOf(const cRunOptions &Options)
 // it: of a device or a standard stream that would be "/dev/stderr_older".
 static std::string WhyNotTraced(const std::string &Name)
 {
-    typedef std::unique_ptr<FILE, int (*)(FILE *)> cOpenFile;
-
     const char *const szName    = Name.c_str();
     std::string       NotOpened = "cannot write '" + Name + "'";
     const eFileKind   nKind     = KindOfFile(szName);

@@ -6,6 +6,7 @@
 #include <ostream>
 #include <thread>
 
+#include "console/input_file.h"
 #include "console/run_options.h"
 #include "console/state_report.h"
 #include "console/stop_signal.h"

@@ -12,9 +12,6 @@
 #include "console/figure_options.h"
 #include "console/option_table.h"
 
-// In place of the trace's file name.
-const char *const kStandardOutput = "-";
-
 struct cRunOptions
 {
     std::string                              m_Program;

@@ -7,7 +7,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,6 +19,7 @@
 #include "tables/table_header.h"
 #include "tables/table_lines.h"
 #include "tables/table_watch.h"
+#include "toolkit/disk_file.h"
 
 // Rows, columns and x are those of graph/ascii_data_file.h: the same file gives the
 // same data lines, rounded to doubles. But lines of any length are read, # begins a
@@ -30,8 +30,6 @@
 class cTable
 {
 public:
-    typedef std::unique_ptr<FILE, int (*)(FILE *)> cOpenFile;
-
     // File can be set back to its start. Format and pWatch (null: nobody) outlive
     // the table.
     cTable(const std::string &Name, cOpenFile File, const cTableFormat &Format,

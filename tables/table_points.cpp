@@ -7,29 +7,37 @@ cTablePoints::cTablePoints(const cTableFormat &Format, cTableWatch *pWatch)
 {
 }
 
-void cTablePoints::Add(const std::string &Name, cTable::cOpenFile File)
+void cTablePoints::Add(const std::string &Name, cOpenFile File)
 {
     m_Tables.push_back(std::make_unique<cTable>(Name, std::move(File), m_Format, m_pWatch));
 }
 
 int cTablePoints::Scan()
 {
-    for (const auto &Table : m_Tables)
-        if (!Table->Scan(&m_Kept))
-            return 0;
-    return 1;
+    return Pass([this](cTable *pTable) { return pTable->Scan(&m_Kept); });
 }
 
 int cTablePoints::Read(cPointSink *pSink)
 {
     size_t nFirstLine = 0;
-    for (const auto &Table : m_Tables)
-    {
-        if (!Table->Read(pSink, nFirstLine))
-            return 0;
-        nFirstLine += Table->Lines();
-    }
-    return 1;
+    return Pass([pSink, &nFirstLine](cTable *pTable) {
+        const size_t nFirst = nFirstLine;
+        nFirstLine += pTable->Lines();
+        return pTable->Read(pSink, nFirst);
+    });
+}
+
+// Through all tables, or up to the first that ReadTable returns 0 for.
+template <class cReadTable> int cTablePoints::Pass(cReadTable ReadTable)
+{
+    if (m_pWatch)
+        m_pWatch->Begin();
+    int bRead = 1;
+    for (auto Table = m_Tables.begin(); bRead && Table != m_Tables.end(); ++Table)
+        bRead = ReadTable(Table->get());
+    if (m_pWatch)
+        m_pWatch->End();
+    return bRead;
 }
 
 size_t cTablePoints::Lines() const

@@ -22,7 +22,7 @@ public:
     cTablePoints(const cTableFormat &Format, cTableWatch *pWatch);
 
     // Name is what labels and messages call the table.
-    void Add(const std::string &Name, cTable::cOpenFile File);
+    void Add(const std::string &Name, cOpenFile File);
 
     // Reads every table once. Returns 0 if one of them is refused or fails; the
     // findings are then those so far.
@@ -43,6 +43,8 @@ public:
     const std::vector<std::unique_ptr<cTable>> &Tables() const { return m_Tables; }
 
 private:
+    template <class cReadTable> int Pass(cReadTable ReadTable);
+
     const cTableFormat                   m_Format;
     cTableWatch                         *m_pWatch;
     cKeptValues                          m_Kept;

@@ -10,7 +10,11 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <memory>
 #include <string>
+
+// A file that is closed at the end of its scope: cOpenFile File(pFile, fclose).
+typedef std::unique_ptr<FILE, int (*)(FILE *)> cOpenFile;
 
 // What a name leads to, links followed.
 enum eFileKind
@@ -65,6 +69,13 @@ FILE *CreateDiskFile(const char *szName, const char *szMode);
 
 // Standard output as a stream that writes bytes as they are.
 FILE *BinaryStandardOutput();
+
+// Standard input as a stream that reads bytes as they are.
+FILE *BinaryStandardInput();
+
+// A new file without a name, for reading and writing bytes, that is gone when it is
+// closed; null if there is no place for one.
+FILE *OpenNamelessFile();
 
 // Where a log goes that can be opened nowhere else: the name of a file in a folder
 // that the platform has always had. Null where there is no such folder.

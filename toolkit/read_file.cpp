@@ -2,7 +2,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 
 #include "toolkit/disk_file.h"
 #include "toolkit/retry_alloc.h"
@@ -24,7 +23,7 @@ int cFileText::Read(const char *szName, cMessageBoxes *pBoxes)
 {
     if (!IsRegularFile(szName))
         return 0;
-    const std::unique_ptr<FILE, int (*)(FILE *)> File(fopen(szName, "rb"), fclose);
+    const cOpenFile File(fopen(szName, "rb"), fclose);
     if (!File)
         return 0;
     size_t nRoom = 0;

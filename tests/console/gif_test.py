@@ -67,9 +67,34 @@ class GifTest(GifCase):
         self.convert("four.bmp", "--options", "ilace", "two.gif")
         self.assertEqual(self.read("one.gif"), self.read("two.gif"))
 
-    def test_a_picture_takes_the_place_of_its_source(self):
-        self.convert("four.bmp", "four.bmp")
-        self.assertEqual(self.read("four.bmp")[:6], b"GIF87a")
+    def test_a_source_is_never_overwritten(self):
+        bmp = self.read("four.bmp")
+        os.link(self.path("four.bmp"), self.path("four.gif"))
+        for name in ("four.bmp", "./four.bmp", "four.gif"):
+            with self.subTest(name=name):
+                self.assert_refused("four.bmp", name, mentions="'" + name + "': it is also ")
+                self.assertEqual(self.read("four.bmp"), bmp)
+        self.assertEqual(sorted(os.listdir(self.folder)), ["four.bmp", "four.gif"])
+
+    def test_a_picture_of_standard_input(self):
+        self.convert("four.bmp", "file.gif")
+        result = self.start("gif", "-", "input.gif", stdin=self.read("four.bmp"))
+        self.assertEqual((result.code, result.err), (0, ""))
+        self.assertEqual(self.read("input.gif"), self.read("file.gif"))
+
+        # Bytes that Windows would change in a text.
+        data = bmp_file(16, 1, pixels=b"\r\n\x1a" * 16)
+        self.write("bytes.bmp", data)
+        self.convert("bytes.bmp", "file.gif")
+        result = self.start("gif", "-", "-", stdin=data)
+        self.assertEqual((result.code, result.err), (0, ""))
+        self.assertEqual(result.raw_out, self.read("file.gif"))
+
+    def test_errors_of_standard_input_and_output(self):
+        result = self.start("gif", "-", "new.gif", stdin=b"01 PI\n" * 20)
+        self.assertEqual((result.code, result.err),
+                         (2, "vorstek-cli: standard input is not a BMP file\n"))
+        self.assertEqual(os.listdir(self.folder), ["four.bmp"])
 
     def test_no_option_behind_two_dashes(self):
         self.assertEqual(self.start("gif", "--", "four.bmp", "--options").code, 0)
@@ -92,7 +117,8 @@ class GifTest(GifCase):
         self.write("packed.bmp", bmp_file(2, 2, bits=8, compression=1))
         self.write("huge.bmp", bmp_file(65535, 65535, pixels=b"\0" * 100))
         self.write("old.gif", b"old")
-        for name, mentions in (("missing.bmp", "cannot read"), ("folder", "cannot read"),
+        for name, mentions in (("missing.bmp", "'missing.bmp': no such file"),
+                               ("folder", "'folder': is a directory"),
                                ("empty.bmp", "is an incomplete BMP file"),
                                ("text.bmp", "is not a BMP file"),
                                ("short.bmp", "is an incomplete BMP file"),
@@ -138,6 +164,42 @@ class GifFileTest(GifCase, LinuxCase):
     def test_a_device_that_is_full(self):
         self.write("noise.bmp", noise(100))
         self.assert_refused("noise.bmp", "/dev/full", mentions="/dev/full")
+        with open("/dev/full", "wb") as full:
+            result = self.start("gif", "noise.bmp", "-", stdout=full)
+        self.assertEqual((result.code, result.err),
+                         (2, "vorstek-cli: cannot write standard output\n"))
+
+    def test_a_source_is_not_overwritten_through_links(self):
+        self.write("noise.bmp", noise(10))
+        os.symlink("noise.bmp", self.path("link"))
+        os.symlink(self.folder, self.path("folder"))
+        for source, target in (("noise.bmp", "link"), ("link", "noise.bmp"),
+                               ("noise.bmp", "folder/noise.bmp")):
+            self.assert_refused(source, target,
+                                mentions=f"'{target}': it is also '{source}'")
+        with open(self.path("noise.bmp"), "rb") as source:
+            result = self.start("gif", "-", "noise.bmp", stdin=None,
+                                preexec_fn=lambda: os.dup2(source.fileno(), 0))
+        self.assertEqual((result.code, result.err),
+                         (2, "vorstek-cli: cannot write 'noise.bmp': it is also standard input\n"))
+        self.assertEqual(self.read("noise.bmp"), noise(10))
+
+    def test_sources_that_are_pipes(self):
+        self.write("noise.bmp", noise(100))
+        self.convert("noise.bmp", "file.gif")
+        for name in ("/dev/stdin", "/dev/fd/0"):
+            result = self.start("gif", name, "pipe.gif", stdin=noise(100))
+            self.assertEqual((result.code, result.err), (0, ""))
+            self.assertEqual(self.read("pipe.gif"), self.read("file.gif"))
+            os.remove(self.path("pipe.gif"))
+
+    def test_a_source_that_never_ends(self):
+        self.assert_refused("/dev/zero", "new.gif", mentions="'/dev/zero': longer than 64 MB")
+        with open("/dev/zero", "rb") as zero:
+            result = self.start("gif", "-", "new.gif", stdin=None,
+                                preexec_fn=lambda: os.dup2(zero.fileno(), 0))
+        self.assertEqual((result.code, result.err),
+                         (2, "vorstek-cli: cannot read standard input: longer than 64 MB\n"))
 
     def test_a_device_is_no_picture(self):
         self.assert_refused("/dev/zero", "zero.gif", mentions="/dev/zero")

@@ -36,9 +36,9 @@ public:
         return Text;
     }
 
-    cScratchFolder                         m_Folder;
-    std::unique_ptr<FILE, int (*)(FILE *)> m_File;
-    std::unique_ptr<cTableLines>           m_Lines;
+    cScratchFolder               m_Folder;
+    cOpenFile                    m_File;
+    std::unique_ptr<cTableLines> m_Lines;
 };
 
 }  // namespace

@@ -40,8 +40,12 @@ public:
 class cByteCount : public cTableWatch
 {
 public:
+    void Begin() override { m_nBegun++; }
     void Advance(uint64_t nBytes) override { m_nBytes += nBytes; }
+    void End() override { m_nEnded++; }
 
+    int      m_nBegun = 0;
+    int      m_nEnded = 0;
     uint64_t m_nBytes = 0;
 };
 
@@ -78,6 +82,8 @@ TEST_CASE("a table that is too large to be kept is read again from its file")
         CHECK(Sum.m_dSum == dSum + 7.0 * 3.0);
     }
     CHECK(Bytes.m_nBytes == 3 * Content.size() + 2);
+    CHECK(Bytes.m_nBegun == 3);
+    CHECK(Bytes.m_nEnded == 3);
 }
 
 TEST_CASE("a file that has become shorter fails")

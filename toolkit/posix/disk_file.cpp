@@ -159,6 +159,26 @@ FILE *BinaryStandardOutput()
     return stdout;
 }
 
+FILE *BinaryStandardInput()
+{
+    return stdin;
+}
+
+FILE *OpenNamelessFile()
+{
+    const char *const szFolder = getenv("TMPDIR");
+    std::string       Name     = szFolder && *szFolder ? szFolder : "/tmp";
+    Name += "/vorstek-XXXXXX";
+    const int nFile = mkostemp(Name.data(), O_CLOEXEC);
+    if (nFile < 0)
+        return nullptr;
+    unlink(Name.c_str());
+    FILE *const pFile = fdopen(nFile, "w+b");
+    if (!pFile)
+        close(nFile);
+    return pFile;
+}
+
 const char *DefaultLogName()
 {
     return nullptr;

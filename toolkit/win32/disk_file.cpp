@@ -173,6 +173,26 @@ FILE *BinaryStandardOutput()
     return stdout;
 }
 
+FILE *BinaryStandardInput()
+{
+    _setmode(_fileno(stdin), _O_BINARY);
+    return stdin;
+}
+
+FILE *OpenNamelessFile()
+{
+    wchar_t szFolder[MAX_PATH + 1];
+    wchar_t szName[MAX_PATH];
+    if (GetTempPathW(MAX_PATH + 1, szFolder) == 0 ||
+        GetTempFileNameW(szFolder, L"vor", 0, szName) == 0)
+        return nullptr;
+    // T: temporary, kept in memory as far as possible; D: deleted when it is closed.
+    FILE *const pFile = _wfopen(szName, L"w+bTD");
+    if (!pFile)
+        DeleteFileW(szName);
+    return pFile;
+}
+
 const char *DefaultLogName()
 {
     return "C:\\windows\\temp\\dfltlog.txt";
