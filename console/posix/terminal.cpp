@@ -13,10 +13,20 @@ int IsTerminal()
     return isatty(STDIN_FILENO) && isatty(STDOUT_FILENO);
 }
 
-int CanRedraw()
+static int KnowsSequences()
 {
     const char *const szTerminal = getenv("TERM");
-    return IsTerminal() && szTerminal && *szTerminal && strcmp(szTerminal, "dumb") != 0;
+    return szTerminal && *szTerminal && strcmp(szTerminal, "dumb") != 0;
+}
+
+int CanRedraw()
+{
+    return IsTerminal() && KnowsSequences();
+}
+
+int CanRedrawErrors()
+{
+    return isatty(STDERR_FILENO) && KnowsSequences();
 }
 
 unsigned TerminalWidth()

@@ -12,6 +12,9 @@ int IsTerminal();
 // readers and editors set it, nor in a console of Windows.
 int CanRedraw();
 
+// The same of the terminal that standard error is, if it is one.
+int CanRedrawErrors();
+
 // Characters in a line, 80 where nobody knows. It changes while the program runs.
 unsigned TerminalWidth();
 

@@ -22,6 +22,11 @@ int CanRedraw()
     return 0;
 }
 
+int CanRedrawErrors()
+{
+    return 0;
+}
+
 unsigned TerminalWidth()
 {
     return 80;

@@ -292,6 +292,16 @@ TEST_CASE("a file without a row, and a row without a number, are refused")
                "Error: a line of more than 1 MB");
 }
 
+TEST_CASE("a table has at most 100000 columns")
+{
+    std::string Row;
+    for (unsigned i = 0; i < kMostColumns; i++)
+        Row += "1;";
+    CHECK(cTableRig({Row}).m_Points.Lines() == kMostColumns);
+    CHECK_TEXT(TextOf(Row + "1"), "Error: more than 100000 columns");
+    CHECK_TEXT(TextOf(Row + "a\n1\n", Separated(';')), "Error: more than 100000 columns");
+}
+
 TEST_CASE("a thousand findings of a kind are enough")
 {
     std::string Content;
