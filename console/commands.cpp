@@ -34,9 +34,9 @@ static const cCommandRow s_Commands[] =
     { "script", "[FILE]", "press keys, print events as JSON",
       "Reads commands from the file or from standard input, one in a line.\n",
       nullptr, ScriptCommand },
-    { "plot", "DATA.txt PICTURE", "draw a data file",
-      "Draws the data lines of an ASCII data file as an SVG, PNG or PDF picture. - is\n"
-      "standard output.\n",
+    { "plot", "DATA.txt... PICTURE", "draw data files",
+      "Draws the data lines of data files and other tables as an SVG, PNG or PDF\n"
+      "picture. - is standard input, or standard output.\n",
       PlotOptionRows, PlotCommand },
     { "gif", "IN.bmp OUT.gif", "convert a picture to GIF",
       "Pictures with more than 256 colours get the 256 that suit them best. - is\n"

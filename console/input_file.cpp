@@ -52,6 +52,15 @@ cOpenFile OpenNamedInput(const std::string &Name, const cStreams &Streams)
     return File;
 }
 
+// Opening a pipe would wait for its writer.
+int IsRegularInput(const std::string &Name, const cStreams &Streams)
+{
+    const eFileKind nKind = KindOfFile(Name.c_str());
+    if (nKind == fkPipe || nKind == fkDevice)
+        return RefuseInput(Streams, Name, "not a regular file");
+    return OpenNamedInput(Name, Streams) != nullptr;
+}
+
 // Standard input, and whatever is no regular file, is as long as its writer wants;
 // a device may have no end.
 static uint64_t MostBytes(const std::string &Name)

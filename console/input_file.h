@@ -39,6 +39,9 @@ std::string TooLongInput();
 // Opens the file of this name, a pipe or a device. Null after RefuseInput.
 cOpenFile OpenNamedInput(const std::string &Name, const cStreams &Streams);
 
+// 1 if this is a regular file that can be opened; 0 after RefuseInput.
+int IsRegularInput(const std::string &Name, const cStreams &Streams);
+
 struct cSeekableInput
 {
     cOpenFile m_File = {nullptr, fclose};  // at its start

@@ -1,9 +1,10 @@
 // plot_command.cpp - vorstek-cli plot: draws a data file as a picture.
 
 #include "console/commands.h"
+#include "console/input_file.h"
 #include "console/plot_options.h"
+#include "console/table_input.h"
 #include "console/window_picture.h"
-#include "figure/plot_source.h"
 #include "graph/graph_file_commands.h"
 
 // The exit code reports a failure; questions are answered with Cancel.
@@ -17,6 +18,31 @@ public:
     void PostQuit(int) override {}
 };
 
+static int PlotTables(const cPlotOptions &Options, const cPictureFile &File,
+                      const cStreams &Streams)
+{
+    cTableInput Tables(Options.m_Tables, Streams);
+    const int   nExitCode = Tables.Load(Options.m_DataFiles);
+    if (nExitCode != kExitDone)
+        return nExitCode;
+    return SaveFigurePicture(Options.m_Picture, File, &Tables, Streams);
+}
+
+// As the window opens and draws a data file.
+static int PlotWindow(const cPlotOptions &Options, const cPictureFile &File,
+                      const cStreams &Streams)
+{
+    const std::string &Name = Options.m_DataFiles[0];
+    cQuietBoxes        Boxes;
+    cVantorPlot        Plot(&Boxes);
+    PrepareWindow(Options.m_Picture, &Plot);
+    if (!IsRegularInput(Name, Streams))
+        return kExitUsage;
+    if (!OpenGraphFile(&Plot, &Boxes, Name.c_str()))
+        return ReportUsage(Streams, "cannot read '" + Name + "'");
+    return SaveWindowPicture(Options.m_Picture, File, &Plot, Streams);
+}
+
 int PlotCommand(const std::vector<std::string> &Arguments, const cStreams &Streams)
 {
     cPlotOptions Options;
@@ -25,14 +51,8 @@ int PlotCommand(const std::vector<std::string> &Arguments, const cStreams &Strea
     if (!ParsePlotOptions(Arguments, &Options, &Error) ||
         !ChoosePicture(Options.m_Picture, Options.m_PictureFile, &File, &Error))
         return ReportUsage(Streams, Error);
-
-    cQuietBoxes Boxes;
-    cVantorPlot Plot(&Boxes);
-    PrepareWindow(Options.m_Picture, &Plot);
-    if (!OpenGraphFile(&Plot, &Boxes, Options.m_DataFile.c_str()))
-        return ReportUsage(Streams, "cannot read '" + Options.m_DataFile + "'");
-    if (Options.m_Picture.m_bWindow)
-        return SaveWindowPicture(Options.m_Picture, File, &Plot, Streams);
-    cPlotSource Source(Plot);
-    return SaveFigurePicture(Options.m_Picture, File, &Source, Streams);
+    if (!IsNoInput(Options.m_PictureFile, Options.m_DataFiles, Streams))
+        return kExitUsage;
+    return Options.m_Picture.m_bWindow ? PlotWindow(Options, File, Streams)
+                                       : PlotTables(Options, File, Streams);
 }

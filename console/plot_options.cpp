@@ -1,5 +1,9 @@
 #include "console/plot_options.h"
 
+#include <algorithm>
+
+#include "console/input_file.h"
+
 // Another name of --xlabel.
 static int TakeLabel(cPlotOptions *pOptions, const std::string &Value)
 {
@@ -13,6 +17,7 @@ static std::vector<cOptionRow> MakeRows()
     AppendFigureRows<cPlotOptions>(&Rows);
     Rows.push_back({"--label", "T", "a text of at most 100 bytes", Take<cPlotOptions, TakeLabel>,
                     "the same as --xlabel"});
+    AppendTableRows<cPlotOptions>(&Rows);
     return Rows;
 }
 
@@ -22,21 +27,31 @@ std::span<const cOptionRow> PlotOptionRows()
     return s_Rows;
 }
 
+// "" or why the window's own reader cannot read this.
+static std::string WhyNoWindowTable(const cPlotOptions &Options)
+{
+    if (!Options.m_Tables.m_LastGiven.empty())
+        return Options.m_Tables.m_LastGiven + " does not go with --window";
+    if (Options.m_DataFiles.size() > 1)
+        return "--window draws one data file";
+    return Options.m_DataFiles[0] == kStandardInput ? "--window draws no standard input" : "";
+}
+
 int ParsePlotOptions(const std::vector<std::string> &Arguments, cPlotOptions *pOptions,
                      std::string *pError)
 {
     std::vector<std::string> Words;
     if (!ReadOptions(PlotOptionRows(), Arguments, pOptions, &Words, pError))
         return 0;
-    if (Words.size() < 2 || Words[0].empty() || Words[1].empty())
-        *pError = "plot needs two file names, a data file and a picture";
-    else if (Words.size() > 2)
-        *pError =
-            "unexpected argument '" + Words[2] + "': plot takes one data file and one picture";
-    else
+    if (Words.size() < 2 || std::find(Words.begin(), Words.end(), "") != Words.end())
     {
-        pOptions->m_DataFile    = Words[0];
-        pOptions->m_PictureFile = Words[1];
+        *pError = "plot needs two file names, a data file and a picture";
+        return 0;
     }
+    pOptions->m_PictureFile = Words.back();
+    Words.pop_back();
+    pOptions->m_DataFiles = Words;
+    *pError               = pOptions->m_Picture.m_bWindow ? WhyNoWindowTable(*pOptions)
+                                                          : WhyNoTable(pOptions->m_Tables);
     return pError->empty();
 }

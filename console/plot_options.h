@@ -9,12 +9,14 @@
 
 #include "console/figure_options.h"
 #include "console/option_table.h"
+#include "console/table_options.h"
 
 struct cPlotOptions
 {
-    std::string    m_DataFile;
-    std::string    m_PictureFile;  // "-" for standard output
-    cFigureOptions m_Picture;
+    std::vector<std::string> m_DataFiles;    // "-" is standard input
+    std::string              m_PictureFile;  // "-" is standard output
+    cFigureOptions           m_Picture;
+    cTableOptions            m_Tables;
 };
 
 std::span<const cOptionRow> PlotOptionRows();

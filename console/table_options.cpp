@@ -6,11 +6,11 @@
 
 #include "console/arguments.h"
 
-static const char kColumns[]      = "--columns";
-static const char kSkip[]         = "--skip";
-static const char kSeparator[]    = "--separator";
-static const char kDecimalComma[] = "--decimal-comma";
-static const char kStrict[]       = "--strict";
+static const char kOptionColumns[]      = "--columns";
+static const char kOptionSkip[]         = "--skip";
+static const char kOptionSeparator[]    = "--separator";
+static const char kOptionDecimalComma[] = "--decimal-comma";
+static const char kOptionStrict[]       = "--strict";
 
 static int TakeColumn(std::vector<unsigned> *pColumns, const std::string &Number)
 {
@@ -24,7 +24,7 @@ static int TakeColumn(std::vector<unsigned> *pColumns, const std::string &Number
 static int TakeColumns(cTableOptions *pOptions, const std::string &Value)
 {
     std::vector<unsigned> *const pColumns = &pOptions->m_Format.m_Columns;
-    pOptions->m_LastGiven                 = kColumns;
+    pOptions->m_LastGiven                 = kOptionColumns;
     pColumns->clear();
     for (size_t nFrom = 0; nFrom <= Value.size();)
     {
@@ -38,7 +38,7 @@ static int TakeColumns(cTableOptions *pOptions, const std::string &Value)
 
 static int TakeSkip(cTableOptions *pOptions, const std::string &Value)
 {
-    pOptions->m_LastGiven = kSkip;
+    pOptions->m_LastGiven = kOptionSkip;
     return ParseWholeNumber(Value, &pOptions->m_Format.m_nSkip);
 }
 
@@ -53,21 +53,21 @@ static int IsSeparator(char c)
 static int TakeSeparator(cTableOptions *pOptions, const std::string &Value)
 {
     const std::string Separator     = Value == "tab" || Value == "\\t" ? "\t" : Value;
-    pOptions->m_LastGiven           = kSeparator;
+    pOptions->m_LastGiven           = kOptionSeparator;
     pOptions->m_Format.m_cSeparator = Separator.size() == 1 ? Separator[0] : '\0';
     return IsSeparator(pOptions->m_Format.m_cSeparator);
 }
 
 static int TakeDecimalComma(cTableOptions *pOptions, const std::string &)
 {
-    pOptions->m_LastGiven              = kDecimalComma;
+    pOptions->m_LastGiven              = kOptionDecimalComma;
     pOptions->m_Format.m_bDecimalComma = 1;
     return 1;
 }
 
 static int TakeStrict(cTableOptions *pOptions, const std::string &)
 {
-    pOptions->m_LastGiven = kStrict;
+    pOptions->m_LastGiven = kOptionStrict;
     pOptions->m_bStrict   = 1;
     return 1;
 }
@@ -81,18 +81,18 @@ static int TakeNoProgress(cTableOptions *pOptions, const std::string &)
 // clang-format off
 const cTableOptionRow kTableRows[kTableOptions] =
 {
-    { kColumns, "X,Y,...", "the number of the column of x, or 0, then those of the data lines, "
+    { kOptionColumns, "X,Y,...", "the number of the column of x, or 0, then those of the data lines, "
       "with commas between", TakeColumns,
       "draw these columns, counted from 1, over column X;\n"
       "X is 0 for the number of the row" },
-    { kSkip, "N", "a number of lines", TakeSkip,
+    { kOptionSkip, "N", "a number of lines", TakeSkip,
       "do not read the first N lines" },
-    { kSeparator, "C", "a character that is part of no number, or tab", TakeSeparator,
+    { kOptionSeparator, "C", "a character that is part of no number, or tab", TakeSeparator,
       "what separates columns, which may then be empty,\n"
       "texts or in quotes; tab for a tab" },
-    { kDecimalComma, nullptr, nullptr, TakeDecimalComma,
+    { kOptionDecimalComma, nullptr, nullptr, TakeDecimalComma,
       "1,5 is one number" },
-    { kStrict, nullptr, nullptr, TakeStrict,
+    { kOptionStrict, nullptr, nullptr, TakeStrict,
       "draw nothing if there is a warning about the data;\n"
       "the exit code is then 1" },
     { "--no-progress", nullptr, nullptr, TakeNoProgress,

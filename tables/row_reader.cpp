@@ -6,7 +6,7 @@
 
 #include "tables/double_scan.h"
 
-static const double kGap = std::numeric_limits<double>::quiet_NaN();
+static const double kGapValue = std::numeric_limits<double>::quiet_NaN();
 
 // What has separated numbers, as bits of m_nBetween.
 static const unsigned kBetweenNothing    = 0;
@@ -129,7 +129,7 @@ void cRowReader::Store(double dValue)
 // neither, or if it should be all of the text and is not.
 const char *cRowReader::ReadNumber(const char *pText, const char *pEnd, int bAll)
 {
-    double      dValue = kGap;
+    double      dValue = kGapValue;
     const char *pAfter = ReadDouble(pText, pEnd, m_cPoint, &dValue);
     const int   bWord  = !pAfter;
     if (bWord)
@@ -143,7 +143,7 @@ const char *cRowReader::ReadNumber(const char *pText, const char *pEnd, int bAll
         const std::string_view Word(pText, static_cast<size_t>(pAfter - pText));
         if (bWanted && IsListening(nWarning))
             m_pFindings->Warn(nWarning, Word, {QuotedWord(Word)});
-        dValue = kGap;
+        dValue = kGapValue;
     }
     m_Count.m_nNumbers += static_cast<size_t>(bWanted);
     Store(dValue);
@@ -226,7 +226,7 @@ void cRowReader::ReadField(std::string_view Field)
         m_pFindings->Warn(
             nWarning, Field,
             {Field.empty() ? std::to_string(m_Count.m_nColumns + 1) : QuotedWord(Field)});
-    Store(kGap);
+    Store(kGapValue);
 }
 
 // The character that separates the names of a heading; '\0' for blanks.

@@ -1,7 +1,10 @@
 #include "tables/table.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <limits>
+
+#include "graph/vantor_data_set.h"
 
 static const char kByteOrderMark[] = "\xEF\xBB\xBF";
 
@@ -195,7 +198,7 @@ void cTable::NameColumns(std::string_view FirstRow, size_t nColumns)
         m_nHeadingLine = 0;
         return;
     }
-    SkipHeading(Counted(m_Names.size(), "name") + " for " + Counted(nColumns, "column"));
+    SkipHeading(CountText(m_Names.size(), "name") + " for " + CountText(nColumns, "column"));
     m_Findings.SetLine(m_nFirstRowLine, FirstRow);
     m_Names.clear();
 }
@@ -227,7 +230,7 @@ size_t cTable::ReadRow(std::string_view Row, double *pRow, cTableFindings *pFind
 void cTable::JudgeCount(std::string_view Row, size_t nColumns)
 {
     const std::string_view Text    = WithoutBlanks(Row);
-    const std::string      Numbers = Counted(nColumns, "number");
+    const std::string      Numbers = CountText(nColumns, "number");
     if (nColumns == 0)
         return m_Findings.Refuse("no-number", Text, "Error: no number in " + QuotedWord(Text));
     if (FewestCounts() && nColumns <= m_nXColumn)
@@ -240,7 +243,7 @@ void cTable::JudgeCount(std::string_view Row, size_t nColumns)
     m_nFewest = std::min(m_nFewest, nColumns);
     m_Findings.Warn(
         twFewerNumbers, Text,
-        {Numbers, std::to_string(m_nStride), Counted(nColumns - m_nXColumn, "data line")});
+        {Numbers, std::to_string(m_nStride), CountText(nColumns - m_nXColumn, "data line")});
 }
 
 // The first column that is drawn and that a row of nColumns lacks.
@@ -262,12 +265,11 @@ int cTable::FewestCounts() const
 int cTable::Finish(const cTableLines &Lines)
 {
     m_bFailed = Lines.Failed();
-    SkipHeading("");
     m_Findings.SetLine(Lines.LineNumber() + Lines.TooLong(), "");
     if (Lines.TooLong())
         m_Findings.Refuse("long-line", "", "Error: a line of more than 1 MB");
-    else if (m_nRows == 0)
-        m_Findings.Refuse("no-data", "", "Error: the file ends without a row of numbers");
+    else if (m_nRows == 0 && !m_bFailed && !m_Findings.IsRefused())
+        m_Findings.RefuseOnly("no-data", "", "Error: the file ends without a row of numbers");
     m_Findings.Sort();
     while (!m_Columns.empty() && m_Columns.back() > m_nFewest && FewestCounts())
         m_Columns.pop_back();
@@ -281,12 +283,20 @@ void cTable::HandOut(const double *pRow, uint64_t nRow, size_t nFirstLine, cPoin
         pSink->Take(nFirstLine + nLine, dX, pRow[m_Columns[nLine] - 1]);
 }
 
+// A plot that is saved as a data file has labels for the lines without one, too.
+static int IsDefaultLabel(const std::string &Label, size_t nSet)
+{
+    char szDefault[kDefaultLabel];
+    FormatDefaultLabel(static_cast<uint32_t>(nSet), szDefault);
+    return Label.empty() || Label == szDefault;
+}
+
 // The label that the keywords or the heading give to a column; "" for none.
 std::string cTable::NameOf(size_t nColumn) const
 {
     const std::vector<std::string> &Labels = m_Header.Labels();
     const size_t                    nSet   = nColumn - (m_Header.ExplicitX() ? 1 : 0);
-    if (nSet > 0 && nSet <= Labels.size() && !Labels[nSet - 1].empty())
+    if (nSet > 0 && nSet <= Labels.size() && !IsDefaultLabel(Labels[nSet - 1], nSet))
         return Labels[nSet - 1];
     return nColumn <= m_Names.size() ? m_Names[nColumn - 1] : "";
 }

@@ -53,7 +53,13 @@ void cTableFindings::Refuse(const char *szName, std::string_view Place, const st
     m_bRefused = 1;
 }
 
-std::string Counted(size_t nCount, const char *szWhat)
+void cTableFindings::RefuseOnly(const char *szName, std::string_view Place, const std::string &Text)
+{
+    m_List.clear();
+    Refuse(szName, Place, Text);
+}
+
+std::string CountText(size_t nCount, const char *szWhat)
 {
     return std::to_string(nCount) + " " + szWhat + (nCount == 1 ? "" : "s");
 }

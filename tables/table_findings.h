@@ -52,6 +52,8 @@ public:
 
     // An error refuses the table: no other follows. Text begins with "Error: ".
     void Refuse(const char *szName, std::string_view Place, const std::string &Text);
+    // The same, instead of what was found before.
+    void RefuseOnly(const char *szName, std::string_view Place, const std::string &Text);
     int  IsRefused() const { return m_bRefused; }
 
 private:
@@ -62,6 +64,6 @@ private:
 };
 
 // "1 number", "3 numbers".
-std::string Counted(size_t nCount, const char *szWhat);
+std::string CountText(size_t nCount, const char *szWhat);
 
 #endif

@@ -165,7 +165,7 @@ class RefusalTest(PictureCase):
         self.assert_refused()
         self.assert_refused("data.txt")
         self.assert_refused("data.txt", "")
-        self.assert_refused("data.txt", "out.svg", "third.svg", mentions="third.svg")
+        self.assert_refused("data.txt", "out.svg", "third.svg", mentions="out.svg:1: Error: ")
 
     def test_options_without_or_with_a_bad_value(self):
         for option in ("--title", "--label", "--type", "--size"):
@@ -222,9 +222,11 @@ class FullDiskTest(LinuxCase):
         os.symlink("/dev/full", self.path("full.svg"))
         self.assertEqual(self.start("plot", "data.txt", "full.svg").code, 2)
 
-    def test_a_pipe_is_no_data_file(self):
+    def test_a_pipe_is_no_data_file_of_the_window(self):
         os.mkfifo(self.path("pipe.txt"))
-        self.assertEqual(self.start("plot", "pipe.txt", "out.svg").code, 2)
+        result = self.start("plot", "pipe.txt", "out.svg", "--window")
+        self.assertEqual((result.code, result.err),
+                         (2, "vorstek-cli: cannot read 'pipe.txt': not a regular file\n"))
 
 
 class RunTest(PictureCase):

@@ -46,8 +46,7 @@ class UsageTest(ConsoleCase):
                 (["fmt", "-", "--name"], "--name needs a file name"),
                 (["script", "one", "two"], "script takes at most one file"),
                 (["plot", "data.txt"], "plot needs two file names, a data file and a picture"),
-                (["plot", "data.txt", "a.svg", "b.svg"],
-                 "unexpected argument 'b.svg': plot takes one data file and one picture"),
+                (["plot", "--window", "a.txt", "b.txt", "c.svg"], "--window draws one data file"),
                 (["gif", "a.bmp"], "gif needs two file names, a BMP file and a GIF file"),
                 (["gif", "a.bmp", "b.gif", "--options"], "--options needs a value")):
             self.assert_refused(*arguments, mentions=f"vorstek-cli: {message}\n")
