@@ -9,6 +9,7 @@
 #include "toolkit/win32/help_viewer.h"
 #include "toolkit/win32/menu_items.h"
 #include "toolkit/win32/page_setup.h"
+#include "toolkit/win32/wait_cursor.h"
 
 const char *const kNotWhileRunning = "Not allowed while a calculator\n"
                                      "program is running (hit any\n"
@@ -230,7 +231,10 @@ int cVantor::AskName(eFileNameDialog nDialog, char (&szName)[kFileName]) const
 void cVantor::OnOpen()
 {
     char szName[kFileName];
-    if (!AskName(fnOpen, szName) || !OpenGraphFile(&m_Box, m_pBoxes, szName))
+    if (!AskName(fnOpen, szName))
+        return;
+    const cWaitCursor Wait;
+    if (!OpenGraphFile(&m_Box, m_pBoxes, szName))
         return;
     snprintf(m_szFileName, sizeof m_szFileName, "%s", szName);
     ShowFileName();
@@ -239,8 +243,10 @@ void cVantor::OnOpen()
 void cVantor::OnAppend()
 {
     char szName[kFileName];
-    if (AskName(fnOpen, szName))
-        AppendGraphFile(&m_Box, m_pBoxes, szName);
+    if (!AskName(fnOpen, szName))
+        return;
+    const cWaitCursor Wait;
+    AppendGraphFile(&m_Box, m_pBoxes, szName);
 }
 
 void cVantor::OnSave()
