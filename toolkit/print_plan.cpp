@@ -43,6 +43,12 @@ cSheetBox PlanSheetBox(const cPaper &Paper, const cPageMargins &Margins)
             nTop + Band.m_nHeight};
 }
 
+int HasRoom(const cPaper &Paper, const cPageMargins &Margins)
+{
+    const cSheetBox Box = PlanSheetBox(Paper, Margins);
+    return Box.m_nRight > Box.m_nLeft && Box.m_nBottom > Box.m_nTop;
+}
+
 cSheetPoint LinePosition(const cPaper &Paper, const cTextBand &Band, int nLineHeight, int nLine)
 {
     const int nAcross = Band.m_nLeft - Paper.m_nEdgeLeft;

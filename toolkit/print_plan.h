@@ -57,6 +57,12 @@ struct cSheetBox
 // The same for a picture; empty if the margins leave no room.
 cSheetBox PlanSheetBox(const cPaper &Paper, const cPageMargins &Margins);
 
+// 1 if the margins leave a part of the sheet to print on.
+int HasRoom(const cPaper &Paper, const cPageMargins &Margins);
+
+// What the user reads if they do not.
+const char *const kNoRoomOnSheet = "The page margins leave no room on the sheet";
+
 struct cSheetPoint
 {
     int m_nX;

@@ -42,14 +42,19 @@ int DrawGraphPage(HDC hDc, const cPaper &Upright, const cVantorBox &Box, const c
     return DrawOn(&Canvas, Box, Room, 1);
 }
 
-int PrintGraph(cVantorBox *pBox, HWND hFrame, const char *szDocument)
+int PrintGraph(cVantorBox *pBox, HWND hFrame, const char *szDocument, cMessageBoxes *pBoxes)
 {
     cPrinter Printer;
     if (!Printer.Ask(hFrame, pgOnePage))
         return 0;
     const HDC    hDc   = Printer.Dc();
     const cPaper Paper = PaperOf(hDc);
-    cPrintJob    Job(hDc, hFrame);
+    if (!HasRoom(pBox->Page()->m_bTurned ? TurnPaper(Paper) : Paper, pBox->Page()->m_Margins))
+    {
+        pBoxes->Ask(kNoRoomOnSheet, nullptr, bnOk, icNone);
+        return 0;
+    }
+    cPrintJob Job(hDc, hFrame);
     return Job.Send(szDocument, Printer.Choice().m_nCopies,
                     [&](int) { return DrawGraphPage(hDc, Paper, *pBox, *pBox->Page()); });
 }

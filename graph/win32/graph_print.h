@@ -5,6 +5,7 @@
 
 #include "toolkit/win32/win32.h"
 
+#include "toolkit/message_box.h"
 #include "toolkit/page_margins.h"
 #include "toolkit/print_plan.h"
 
@@ -24,7 +25,7 @@ int DrawGraphPage(HDC hDc, const cPaper &Upright, const cVantorBox &Box, const c
 
 // Asks for a printer and prints the plot with its legend on one page, as the
 // document szDocument. hFrame is disabled meanwhile, and the user may cancel. 1 if
-// all copies were handed to the spooler.
-int PrintGraph(cVantorBox *pBox, HWND hFrame, const char *szDocument);
+// all copies were handed to the spooler. A box says so if the margins leave no room.
+int PrintGraph(cVantorBox *pBox, HWND hFrame, const char *szDocument, cMessageBoxes *pBoxes);
 
 #endif

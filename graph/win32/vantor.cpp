@@ -281,7 +281,7 @@ void cVantor::OnPrint()
 {
     char szTitle[64] = "";
     GetWindowTextA(m_hWnd, szTitle, sizeof szTitle);
-    PrintGraph(&m_Box, m_hWnd, szTitle);
+    PrintGraph(&m_Box, m_hWnd, szTitle, m_pBoxes);
 }
 
 void cVantor::OnCreateBmp()

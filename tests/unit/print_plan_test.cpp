@@ -72,6 +72,18 @@ TEST_CASE("a turned sheet has its right edge at the top and its upper edge at th
     CHECK(Turned.m_nEdgeBottom == 30);
 }
 
+TEST_CASE("margins leave room until they meet, on an upright or a turned sheet")
+{
+    CHECK(HasRoom(kLetter, {1000, 1000, 1000, 1000}) == 1);
+    CHECK(HasRoom(kLetter, {4000, 0, 4499, 0}) == 1);  // of 8.5 inches
+    CHECK(HasRoom(kLetter, {4000, 0, 4500, 0}) == 0);
+    CHECK(HasRoom(kLetter, {9000, 0, 0, 0}) == 0);
+    CHECK(HasRoom(kLetter, {0, 5000, 0, 5998}) == 1);  // of 11 inches
+    CHECK(HasRoom(kLetter, {0, 5000, 0, 6000}) == 0);
+    CHECK(HasRoom(TurnPaper(kLetter), {4000, 0, 4500, 0}) == 1);
+    CHECK(HasRoom(TurnPaper(kLetter), {0, 5000, 0, 4000}) == 0);
+}
+
 TEST_CASE("a picture lies between the margins, from the first printable pixel of the sheet")
 {
     const cSheetBox Box = PlanSheetBox(kLetter, {1000, 500, 2000, 250});

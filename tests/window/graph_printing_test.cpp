@@ -199,6 +199,27 @@ TEST_CASE("the page setup turns the graph and keeps its margins free")
     Rig.m_Calculator.Click("Cancel");
 }
 
+TEST_CASE("margins that leave no room for the graph are refused, and nothing is printed")
+{
+    cPaperRig Rig;
+    Rig.m_Graph.Choose(gmFile, IDM_PRINT_SETUP);
+    FillField(&Rig.m_Calculator, kMarginLeft, "8");
+    FillField(&Rig.m_Calculator, kMarginRight, "8");
+    Rig.m_Calculator.Click("OK");
+    Rig.Ask();
+    Rig.m_Calculator.Click("OK");
+    CHECK(Rig.m_Calculator.Box().m_Text == "The page margins leave no room on the sheet");
+    Rig.m_Calculator.Click("OK");
+    CHECK(Rig.m_Calculator.HasNoDialog());
+
+    // The next document is one with a graph.
+    Rig.m_Graph.Choose(gmFile, IDM_PRINT_SETUP);
+    FillField(&Rig.m_Calculator, kMarginLeft, "1");
+    FillField(&Rig.m_Calculator, kMarginRight, "1");
+    Rig.m_Calculator.Click("OK");
+    CHECK(Rig.Print().m_Pages[0].Ink().m_nRight > 0);
+}
+
 TEST_CASE("copies of the graph are pages of one document")
 {
     cPaperRig Rig;

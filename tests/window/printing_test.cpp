@@ -205,6 +205,28 @@ TEST_CASE("OK keeps the page setup, and Cancel restores the one before")
     CHECK(TextOfControl(Rig.m_Calculator, kMarginBottom) == "1.500");
 }
 
+TEST_CASE("margins that leave no room for the listing are refused, and nothing is printed")
+{
+    cPrintRig Rig;
+    Rig.SetUp();
+    FillField(&Rig.m_Calculator, kMarginTop, "8");
+    FillField(&Rig.m_Calculator, kMarginBottom, "8");
+    Rig.m_Calculator.Click("OK");
+    Rig.Ask();
+    Rig.m_Calculator.Click("OK");
+    CHECK(Rig.m_Calculator.Box().m_Text == "The page margins leave no room on the sheet");
+    Rig.m_Calculator.Click("OK");
+    CHECK(Rig.m_Calculator.HasNoDialog());
+
+    // The next document is one of several lines to a page.
+    Rig.SetUp();
+    Rig.SetMargins();
+    Rig.m_Calculator.Click("OK");
+    Rig.Ask();
+    const cPrintedDocument Document = Rig.Print();
+    CHECK(Document.m_Texts[0].size() > 10);
+}
+
 TEST_CASE("in landscape the listing is printed down the sheet, on more pages")
 {
     cPrintRig Rig;

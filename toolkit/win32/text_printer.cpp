@@ -70,7 +70,13 @@ int PrintText(const cTextSource &Source, const cTextLook &Look, HWND hOwner, con
     cPrinter Printer;
     if (!Printer.Ask(hOwner, pgManyPages))
         return 0;
-    cTextPages Pages(Printer.Dc(), Source, Look, PaperOf(Printer.Dc()), Printer.Choice());
+    const cPaper Paper = PaperOf(Printer.Dc());
+    if (!HasRoom(Look.m_bLandscape ? TurnPaper(Paper) : Paper, Look.m_Margins))
+    {
+        pBoxes->Ask(kNoRoomOnSheet, nullptr, bnOk, icNone);
+        return 0;
+    }
+    cTextPages Pages(Printer.Dc(), Source, Look, Paper, Printer.Choice());
     if (Pages.CountSheets() == 0 || !Pages.Prepare(pBoxes))
         return 0;
 

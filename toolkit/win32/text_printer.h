@@ -77,7 +77,7 @@ private:
 
 // Asks for a printer and prints the chosen pages as the document szDocument.
 // hOwner is disabled meanwhile, and the user may cancel. 1 if everything was
-// handed to the spooler.
+// handed to the spooler. A box says so if the margins leave no room.
 int PrintText(const cTextSource &Source, const cTextLook &Look, HWND hOwner, const char *szDocument,
               cMessageBoxes *pBoxes);
 
