@@ -171,14 +171,15 @@ void cDebugger::OnLineDone(unsigned nLine)
     m_nCounts[nLine]++;
     m_Lines.Keep(nLine);
     const int bChanged = HasWatchChanged(State);
-    m_bEnded           = !m_pCalculator->m_Engine.IsRunning();
+    const int bCaught  = cStopSignals::Caught();  // in a PAUSE the run has been halted for it
+    m_bEnded           = !bCaught && !m_pCalculator->m_Engine.IsRunning();
     if (m_bEnded)
         return;
     const int bReached = HasReachedGoal(State);
     const int bBreak   = StopsAtBreakpoint(State);
-    if (cStopSignals::Caught())
+    if (bCaught)
         m_Reason += "interrupted\n";
-    if (bChanged || bReached || bBreak || cStopSignals::Caught())
+    if (bChanged || bReached || bBreak || bCaught)
         Stop();
 }
 

@@ -120,7 +120,7 @@ class FileTypeTest(VimCase):
 
     def test_other_texts(self):
         data = sorted((ROOT / "examples" / "data").glob("*.txt"))
-        self.assertEqual(len(data), 3)
+        self.assertGreater(len(data), 2)
         for path in (*data, ROOT / "examples" / "README.md", ROOT / "tests" / "CMakeLists.txt"):
             with self.subTest(path=path.name):
                 self.assertEqual(self.type_of("a.txt", path.read_text()), "text")

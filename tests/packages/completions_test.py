@@ -13,7 +13,7 @@ import time
 import unittest
 
 MADE = pathlib.Path(sys.argv.pop())
-COMMANDS = {"eval", "run", "check", "fmt", "script", "plot", "gif", "help"}
+COMMANDS = {"eval", "run", "debug", "check", "fmt", "script", "plot", "gif", "help"}
 PATIENCE = 30       # seconds
 
 
