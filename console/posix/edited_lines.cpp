@@ -10,19 +10,23 @@
 
 #include "console/session/completion.h"
 #include "console/session/line_source.h"
+#include "console/session/terminal.h"
 #include "console/stop_signal.h"
 
 static const int kMostHistory = 1000;
 
 static volatile std::sig_atomic_t s_bSuspended;
+static volatile std::sig_atomic_t s_bResized;
 
 static void NoteSuspension(int)
 {
     s_bSuspended = 1;
 }
 
-// Its arrival is all that matters: waiting for a key ends, and the size is read again.
-static void NoteSize(int) {}
+static void NoteSize(int)
+{
+    s_bResized = 1;
+}
 
 static void Handle(int nSignal, void (*pHandler)(int))
 {
@@ -51,6 +55,7 @@ private:
     static unsigned char Complete(EditLine *pEdit, int nKey);
 
     void Suspend();
+    void Resize();
     void Remember(const std::string &Line);
 
     const std::string              m_HistoryFile;
@@ -115,6 +120,22 @@ void cEditedLines::Suspend()
     el_set(m_pEdit, EL_REFRESH);
 }
 
+// The library would keep its row of the line, which may be below the last row of the
+// new window, and write there. The line is drawn again from its first row instead,
+// where a terminal that breaks long rows again has it now.
+void cEditedLines::Resize()
+{
+    s_bResized                   = 0;
+    const LineInfoW *const pInfo = el_wline(m_pEdit);
+    const size_t   nLeft = m_Prompt.size() + static_cast<size_t>(pInfo->cursor - pInfo->buffer);
+    const unsigned nRows = static_cast<unsigned>(nLeft / TerminalWidth());
+    el_resize(m_pEdit);
+    if (nRows > 0)
+        printf("\x1b[%uA", nRows);
+    printf("\r\x1b[J");
+    el_set(m_pEdit, EL_REFRESH);
+}
+
 // The next key: 1, or 0 at the end of the input, -1 after Ctrl-C.
 int cEditedLines::GetKey(EditLine *pEdit, wchar_t *pKey)
 {
@@ -125,10 +146,10 @@ int cEditedLines::GetKey(EditLine *pEdit, wchar_t *pKey)
         const int nReady   = poll(&Terminal, 1, -1);
         if (cStopSignals::Caught())
             return -1;
-        if (nReady < 0 && s_bSuspended)
+        if (s_bSuspended)
             Of(pEdit).Suspend();
-        else if (nReady < 0)
-            el_resize(pEdit);
+        if (s_bResized)
+            Of(pEdit).Resize();
         if (nReady < 0)
             continue;
         char c = 0;

@@ -150,6 +150,21 @@ class SessionTest(TerminalCase):
         terminal.line("6")
         terminal.wait_for(*stack("6.00", "5.00"), ">")
 
+    def test_a_window_may_become_smaller_than_the_line_that_is_typed(self):
+        for before, after, typed in (("20x8", (20, 2), "2 3 + " * 8),
+                                     ("20x4", (20, 2), "2 3 + " * 8),
+                                     ("80x24", (80, 3), "2 3 + " * 60)):
+            with self.subTest(before):
+                terminal = self.terminal(size=before, name=before)
+                terminal.type(typed)
+                terminal.wait(lambda screen: screen[-1].endswith("+"))
+                terminal.resize(*after)
+                terminal.type("CLX 4")
+                terminal.keys("Left", "Right", "Up", "Up", "Down", "Down", "C-c")
+                terminal.resize(80, 24)
+                terminal.line("CLX 41 1 +")
+                terminal.wait_for(*stack("42.00", last="1.00"), ">")
+
     def test_pause_prints_and_the_end_of_the_program_is_shown(self):
         self.listing("7", "PAUSE", "1", "+")
         terminal = self.terminal()
