@@ -5,32 +5,51 @@
 static const int kSignals[] = {SIGINT, SIGTERM};
 
 static volatile std::sig_atomic_t s_nCaught;
+static volatile std::sig_atomic_t s_nSecond;
+static int                        s_bNoting;
 
 static void Note(int nSignal)
 {
-    s_nCaught = nSignal;
-    std::signal(nSignal, SIG_DFL);
+    if (s_nCaught != SIGTERM)
+        s_nCaught = nSignal;
+    std::signal(nSignal, s_nSecond == ssNoted ? Note : SIG_DFL);
 }
 
 // A signal that the caller has told us to ignore, as "nohup" does, stays ignored.
-cStopSignals::cStopSignals()
+static void Handle(void (*pHandler)(int))
 {
-    s_nCaught = 0;
     for (const int nSignal : kSignals)
-        if (std::signal(nSignal, Note) == SIG_IGN)
+        if (std::signal(nSignal, pHandler) == SIG_IGN)
             std::signal(nSignal, SIG_IGN);
+}
+
+cStopSignals::cStopSignals(eSecondSignal nSecond) : m_bOutermost(!s_bNoting)
+{
+    if (!m_bOutermost)
+        return;
+    s_bNoting = 1;
+    s_nCaught = 0;
+    s_nSecond = nSecond;
+    Handle(Note);
 }
 
 cStopSignals::~cStopSignals()
 {
-    for (const int nSignal : kSignals)
-        if (std::signal(nSignal, SIG_DFL) == SIG_IGN)
-            std::signal(nSignal, SIG_IGN);
+    if (!m_bOutermost)
+        return;
+    Handle(SIG_DFL);
+    s_bNoting = 0;
 }
 
 int cStopSignals::Caught()
 {
     return s_nCaught;
+}
+
+void cStopSignals::ForgetInterrupt()
+{
+    if (s_nCaught == SIGINT)
+        s_nCaught = 0;
 }
 
 int ExitCodeOfSignal(int nSignal)

@@ -8,18 +8,30 @@
 // second with a trace.
 const unsigned kLinesPerLook = 1000000;
 
-// While it exists, the first signal is only noted; a second one of the same kind
-// ends the process as usual.
+enum eSecondSignal
+{
+    ssEnds,  // the process, as usual, if it is of the same kind
+    ssNoted
+};
+
+// While it exists, signals are only noted. One that is made while there is another does
+// nothing.
 class cStopSignals
 {
 public:
-    cStopSignals();
+    explicit cStopSignals(eSecondSignal nSecond = ssEnds);
     ~cStopSignals();
     cStopSignals(const cStopSignals &)            = delete;
     cStopSignals &operator=(const cStopSignals &) = delete;
 
-    // The number of the signal that has come, 0 if none has.
+    // The number of the signal that has come, 0 if none has. SIGTERM outlasts SIGINT.
     static int Caught();
+
+    // Ctrl-C has been answered.
+    static void ForgetInterrupt();
+
+private:
+    const int m_bOutermost;
 };
 
 // The exit code of a process that a signal ends: 130 for Ctrl-C, 143 for SIGTERM.

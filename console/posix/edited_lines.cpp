@@ -28,15 +28,25 @@ static void NoteSize(int)
     s_bResized = 1;
 }
 
-static void Handle(int nSignal, void (*pHandler)(int))
-{
-    struct sigaction Action = {};
-    Action.sa_handler       = pHandler;
-    sigaction(nSignal, &Action, nullptr);
-}
-
 namespace
 {
+
+// While a line is edited, signals arrive only where a key is waited for: not between a
+// look at what has come and the waiting.
+class cEditingSignals
+{
+public:
+    cEditingSignals();
+    ~cEditingSignals();
+    cEditingSignals(const cEditingSignals &)            = delete;
+    cEditingSignals &operator=(const cEditingSignals &) = delete;
+
+    // 1 if there is something to read; 0 after a signal.
+    static int WaitForInput();
+
+private:
+    static sigset_t s_Former;  // what was blocked before
+};
 
 class cEditedLines : public cLineSource
 {
@@ -58,6 +68,7 @@ private:
     void Resize();
     void Remember(const std::string &Line);
 
+    const cStopSignals             m_Signals{ssNoted};  // between two lines as well
     const std::string              m_HistoryFile;
     const std::vector<std::string> m_Words;
     std::string                    m_Prompt;
@@ -66,6 +77,39 @@ private:
 };
 
 }  // namespace
+
+sigset_t cEditingSignals::s_Former;
+
+static void HandleSignal(int nSignal, void (*pHandler)(int))
+{
+    struct sigaction Action = {};
+    Action.sa_handler       = pHandler;
+    sigaction(nSignal, &Action, nullptr);
+}
+
+cEditingSignals::cEditingSignals()
+{
+    sigset_t Blocked;
+    sigemptyset(&Blocked);
+    for (const int nSignal : {SIGINT, SIGTERM, SIGTSTP, SIGWINCH})
+        sigaddset(&Blocked, nSignal);
+    sigprocmask(SIG_BLOCK, &Blocked, &s_Former);
+    HandleSignal(SIGTSTP, NoteSuspension);
+    HandleSignal(SIGWINCH, NoteSize);
+}
+
+cEditingSignals::~cEditingSignals()
+{
+    HandleSignal(SIGTSTP, SIG_DFL);
+    HandleSignal(SIGWINCH, SIG_DFL);
+    sigprocmask(SIG_SETMASK, &s_Former, nullptr);
+}
+
+int cEditingSignals::WaitForInput()
+{
+    pollfd Terminal = {STDIN_FILENO, POLLIN, 0};
+    return ppoll(&Terminal, 1, nullptr, &s_Former) > 0;
+}
 
 // Letters beyond ASCII need the user's encoding; numbers are not affected.
 cEditedLines::cEditedLines(const std::string &HistoryFile, const std::vector<std::string> &Words)
@@ -142,15 +186,14 @@ int cEditedLines::GetKey(EditLine *pEdit, wchar_t *pKey)
     mbstate_t State = {};
     for (;;)
     {
-        pollfd    Terminal = {STDIN_FILENO, POLLIN, 0};
-        const int nReady   = poll(&Terminal, 1, -1);
+        const int bReady = cEditingSignals::WaitForInput();
         if (cStopSignals::Caught())
             return -1;
         if (s_bSuspended)
             Of(pEdit).Suspend();
         if (s_bResized)
             Of(pEdit).Resize();
-        if (nReady < 0)
+        if (!bReady)
             continue;
         char c = 0;
         if (read(STDIN_FILENO, &c, 1) != 1)
@@ -193,17 +236,16 @@ void cEditedLines::Remember(const std::string &Line)
 
 eTyped cEditedLines::Read(const std::string &Prompt, std::string *pLine)
 {
-    const cStopSignals Signals;
-    Handle(SIGTSTP, NoteSuspension);
-    Handle(SIGWINCH, NoteSize);
+    const cEditingSignals Signals;
+    cStopSignals::ForgetInterrupt();
+    if (cStopSignals::Caught())
+        return tyEnd;
     m_Prompt = Prompt;
     // The library would show the prompt first, and a Ctrl-D that comes before the
     // terminal gives single keys is lost.
     el_set(m_pEdit, EL_PREP_TERM, 1);
     int               nLength = 0;
     const char *const szLine  = el_gets(m_pEdit, &nLength);
-    Handle(SIGTSTP, SIG_DFL);
-    Handle(SIGWINCH, SIG_DFL);
     if (cStopSignals::Caught())
     {
         el_reset(m_pEdit);

@@ -3,6 +3,7 @@
 #include <csignal>
 
 #include "console/session/session_commands.h"
+#include "console/session/terminal.h"
 #include "console/stack_text.h"
 #include "console/state_report.h"
 #include "console/stop_signal.h"
@@ -33,7 +34,7 @@ void cSession::Calculate(const std::string &Line)
 void cSession::Perform(const std::string &Typed)
 {
     const std::string  Line = Meant(Typed);
-    const cStopSignals Signals;
+    const cStopSignals Signals(IsTerminal() ? ssNoted : ssEnds);
     m_bPrinted = 0;
     m_bAnswers = 1;
     m_Error.clear();

@@ -6,8 +6,12 @@
 #include <thread>
 #include <utility>
 
+#include "console/session/terminal.h"
 #include "console/state_report.h"
 #include "console/stop_signal.h"
+
+// Between two looks at the signals.
+static const std::chrono::milliseconds kPauseLook(20);
 
 cSessionHost::cSessionHost(const cStreams &Streams)
     : m_Streams(Streams), m_pEngine(nullptr), m_bPaused(0)
@@ -29,11 +33,17 @@ unsigned cSessionHost::DrainMessages(unsigned)
     return kLinesPerLook;
 }
 
+// Only a person needs time to read.
 void cSessionHost::Pause(unsigned nMilliseconds)
 {
+    typedef std::chrono::steady_clock cClock;
+    const auto End = cClock::now() + std::chrono::milliseconds(nMilliseconds);
     *m_Streams.m_pOut << DisplayedText(m_pEngine) << std::endl;
-    std::this_thread::sleep_for(std::chrono::milliseconds(nMilliseconds));
     m_bPaused = 1;
+    while (IsTerminal() && !cStopSignals::Caught() && cClock::now() < End)
+        std::this_thread::sleep_for(kPauseLook);
+    if (cStopSignals::Caught())
+        m_pEngine->HaltProgram();
 }
 
 std::string cSessionHost::TakeBoxes()

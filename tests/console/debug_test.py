@@ -79,6 +79,16 @@ class DebugTest(ConsoleCase):
         self.assertEqual(self.read("new.txt"), b"4\r\nCHS\r\n")
 
 
+class PauseTest(LinuxCase):
+
+    def test_pause_does_not_wait_without_a_terminal(self):
+        name = self.listing(*["PAUSE"] * 60)
+        start = time.monotonic()
+        result = self.start("debug", name, stdin="continue\n")
+        self.assertLess(time.monotonic() - start, 50)
+        self.assertEqual(result.out.count("0.00\n"), 60)
+
+
 class InterruptTest(LinuxCase):
 
     def test_ctrl_c_stops_the_program_where_it_is_and_the_next_line_goes_on(self):

@@ -4,6 +4,7 @@ import os
 import re
 import signal
 import subprocess
+import time
 
 import console_case
 from console_case import main
@@ -97,6 +98,35 @@ class SessionTest(TerminalCase):
         terminal.wait(lambda screen: re.fullmatch(r"(\^C)?[1-9]\d*\.00", screen[-2]))
         terminal.line("CLX 7")
         terminal.wait_for("> CLX 7", "7.00", ">")
+
+    def test_ctrl_c_may_come_at_any_moment_while_a_line_is_answered(self):
+        with self.program_in_terminal("xterm") as (process, terminal):
+            for number in range(120):
+                os.write(terminal, b"help\r")
+                time.sleep(number % 40 * 1e-4)
+                process.send_signal(signal.SIGINT)
+                self.until(terminal, b"> ")
+                self.assertIsNone(process.poll())
+            time.sleep(0.1)
+            os.write(terminal, b"CLX 41 1 +\r")
+            self.until(terminal, b"42.00")
+
+    def test_ctrl_c_ends_a_pause_and_more_of_it_does_no_harm(self):
+        self.listing("1", "LBL 1", "PAUSE", "1", "+", "GTO 1")
+        for kind in ("xterm", "dumb"):
+            with self.subTest(kind), self.program_in_terminal(kind) as (process, terminal):
+                os.write(terminal, b"load program.txt\r")
+                self.until(terminal, b"\n> ")
+                for _ in range(2):
+                    os.write(terminal, b"R/S\r")
+                    self.until(terminal, b".00\r\n")
+                    start = time.monotonic()
+                    for _ in range(3):
+                        process.send_signal(signal.SIGINT)
+                    self.until(terminal, b"> ")
+                    self.assertLess(time.monotonic() - start, 0.9)
+                os.write(terminal, b"CLX 41 2 +\r")
+                self.until(terminal, b"43.00")
 
     def test_sigterm_ends_the_session(self):
         terminal = self.terminal()

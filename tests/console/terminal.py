@@ -1,6 +1,7 @@
 """A terminal in which the program runs: keys go into one of tmux, and its screen is
 read. Debian packages: procps tmux."""
 
+import contextlib
 import os
 import pty
 import re
@@ -116,8 +117,10 @@ class TerminalCase(ConsoleCase):
             output = self.through_terminal("dumb", typed.encode() + b"\x04", arguments).decode()
             self.assertEqual(output.replace("\r\n", "\n").partition("\n")[2], f"{shown}{self.PROMPT}\n")
 
-    def through_terminal(self, kind, typed, arguments=(), setting="NO_COLOR="):
-        """What the program writes to a terminal of this kind."""
+    @contextlib.contextmanager
+    def program_in_terminal(self, kind, arguments=(), setting="NO_COLOR="):
+        """The program after its first prompt, and the other side of its terminal, which is
+        of this kind."""
         name, value = setting.split("=")
         environment = dict(os.environ, TERM=kind, HOME=self.folder, LC_ALL="C.UTF-8")
         environment.pop("XDG_STATE_HOME", None)
@@ -128,16 +131,22 @@ class TerminalCase(ConsoleCase):
                               start_new_session=True) as process:
             os.close(inside)
             try:
-                output = self.until(terminal, b"\n" + self.PROMPT.encode())
-                for line in typed.splitlines(keepends=True):
-                    os.write(terminal, line)
-                    if line != b"\x04":
-                        output += self.until(terminal, b"\n" + self.PROMPT.encode())
-                output += self.until(terminal, None)
-                self.assertEqual(process.wait(PATIENCE), 0)
+                self.greeting = self.until(terminal, b"\n" + self.PROMPT.encode())
+                yield process, terminal
             finally:
                 os.close(terminal)      # ends what still waits for keys
                 process.kill()
+
+    def through_terminal(self, kind, typed, arguments=(), setting="NO_COLOR="):
+        """What the program writes to a terminal of this kind."""
+        with self.program_in_terminal(kind, arguments, setting) as (process, terminal):
+            output = self.greeting
+            for line in typed.splitlines(keepends=True):
+                os.write(terminal, line)
+                if line != b"\x04":
+                    output += self.until(terminal, b"\n" + self.PROMPT.encode())
+            output += self.until(terminal, None)
+            self.assertEqual(process.wait(PATIENCE), 0)
         return output
 
     @staticmethod
