@@ -1,10 +1,14 @@
 #include "console/session/graph_history.h"
 
+#include <utility>
+
 #include "console/headless_host.h"
 #include "graph/vantor_data_set.h"
 
 cGraphHistory::cGraphHistory(cHeadlessHost *pHost)
-    : m_pHost(pHost), m_nCleared(pHost->m_nGraphsCleared)
+    : m_pHost(pHost), m_Texts{pHost->m_Plot.Settings().m_szTitle,
+                              pHost->m_Plot.Settings().m_szHorzLabel},
+      m_nCleared(pHost->m_nGraphsCleared)
 {
     TakeChange();
 }
@@ -24,7 +28,8 @@ cGraphChange cGraphHistory::TakeChange()
     {
         Change.m_bCleared = 1;
         Change.m_Cleared.swap(m_Lines);
-        m_nCleared = m_pHost->m_nGraphsCleared;
+        Change.m_ClearedTexts = std::exchange(m_Texts, {});
+        m_nCleared            = m_pHost->m_nGraphsCleared;
     }
     const uint32_t nLines = m_pHost->m_Plot.Count();
     for (uint32_t nLine = 1; nLine <= nLines; nLine++)
@@ -57,7 +62,10 @@ void cGraphHistory::Undo(const cGraphChange &Change)
     while (!m_Lines.empty() && m_Lines.back().empty())
         m_Lines.pop_back();
     if (Change.m_bCleared)
+    {
         m_Lines = Change.m_Cleared;
+        m_Texts = Change.m_ClearedTexts;
+    }
     Revert();
 }
 
@@ -66,7 +74,10 @@ void cGraphHistory::Redo(const cGraphChange &Change)
     if (Change.IsEmpty())
         return;
     if (Change.m_bCleared)
+    {
         m_Lines.clear();
+        m_Texts = {};
+    }
     Append(Change.m_Added);
     Revert();
 }
@@ -75,6 +86,8 @@ void cGraphHistory::Revert()
 {
     m_pHost->ClearGraph();
     m_nCleared = m_pHost->m_nGraphsCleared;
+    m_pHost->m_Plot.SetTitle(m_Texts.m_Title.c_str());
+    m_pHost->m_Plot.SetHorzLabel(m_Texts.m_HorzLabel.c_str());
     for (uint32_t nLine = 1; nLine <= m_Lines.size(); nLine++)
         for (const auto &[fX, fY] : m_Lines[nLine - 1])
             m_pHost->m_Plot.AddPoint(nLine, fX, fY);

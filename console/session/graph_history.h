@@ -4,6 +4,7 @@
 #ifndef CONSOLE_SESSION_GRAPH_HISTORY_H
 #define CONSOLE_SESSION_GRAPH_HISTORY_H
 
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -12,13 +13,22 @@ class cHeadlessHost;
 typedef std::vector<std::pair<float, float>> cGraphPoints;
 typedef std::vector<cGraphPoints>            cGraphLines;  // data lines, in their order
 
+// An empty one is not drawn.
+struct cGraphTexts
+{
+    std::string m_Title;
+    std::string m_HorzLabel;
+};
+
+// Only clearing changes the texts: it empties them.
 struct cGraphChange
 {
     int IsEmpty() const { return !m_bCleared && m_Added.empty(); }
 
     int         m_bCleared = 0;
     cGraphLines m_Cleared;  // all that there was before
-    cGraphLines m_Added;    // to the end of each line, after the clearing
+    cGraphTexts m_ClearedTexts;
+    cGraphLines m_Added;  // to the end of each line, after the clearing
 };
 
 class cGraphHistory
@@ -42,6 +52,7 @@ private:
 
     cHeadlessHost *const m_pHost;
     cGraphLines          m_Lines;
+    cGraphTexts          m_Texts;
     unsigned             m_nCleared;  // the host's count
 };
 

@@ -121,6 +121,29 @@ TEST_CASE("a program that was loaded or run, and what it drew, can be undone")
     CHECK(Rig.m_Session.XText() == "2.00");
 }
 
+TEST_CASE("undo, redo and a program that cannot be loaded leave the graph its texts")
+{
+    const cScratchFolder Folder;
+    Folder.Write("bad.txt", "frob\n");
+    cSessionRig       Rig;
+    const std::string Plot = "plot " + Folder.Name("graph.svg");
+    const auto        Show = [&](std::initializer_list<std::string> Lines) {
+        Rig.Type(Lines);
+        Rig.Type({Plot});
+        return Folder.Read("graph.svg");
+    };
+    const std::string Drawn = Show({"5 SumG"});
+    REQUIRE(Drawn.find("My Graph") != std::string::npos);
+    REQUIRE(Drawn.find("x axis") != std::string::npos);
+
+    CHECK(Show({"6 SumG", "undo"}) == Drawn);
+    CHECK(Show({"load " + Folder.Name("bad.txt")}) == Drawn);
+    const std::string Cleared = Show({"ClearG 5 SumG"});
+    CHECK(Cleared.find("My Graph") == std::string::npos);
+    CHECK(Show({"undo"}) == Drawn);
+    CHECK(Show({"redo"}) == Cleared);
+}
+
 TEST_CASE("a listing with an error leaves the program as it is")
 {
     const cScratchFolder Folder;
