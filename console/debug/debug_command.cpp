@@ -20,7 +20,7 @@ int DebugCommand(const std::vector<std::string> &Arguments, const cStreams &Stre
     if (!Session.Load(Names[0]))
     {
         if (!Session.Error().empty())
-            *Streams.m_pErr << Names[0] << ": " << Session.Error() << "\n";
+            *Streams.m_pErr << Session.Error() << "\n";
         return kExitUsage;
     }
     return RunSession(&Session, Streams);

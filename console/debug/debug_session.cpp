@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "console/arguments.h"
+#include "console/input_text.h"
 #include "console/session/session_commands.h"
 #include "console/state_report.h"
 #include "engine/listing_words.h"
@@ -40,9 +41,11 @@ cDebugSession::cDebugSession(const cStreams &Streams)
 
 int cDebugSession::Load(const std::string &Name)
 {
-    OnLoad(Name);
+    std::string Listing;
+    if (!ReadInput(Name, m_Streams, &Listing) || !LoadAs(Name, Listing))
+        return 0;
     BeginHistory();
-    return m_Error.empty() && !m_bPrinted;
+    return 1;
 }
 
 std::vector<std::span<const cSessionCommand>> cDebugSession::Commands() const

@@ -52,9 +52,8 @@ void cSession::Perform(const std::string &Typed)
     else
         Calculate(Line);
 
-    const std::string Boxes = m_Host.TakeBoxes();
-    if (!Boxes.empty())
-        m_Error += (m_Error.empty() ? "" : "\n") + Boxes.substr(0, Boxes.size() - 1);
+    for (const std::string &Box : m_Host.TakeBoxes())
+        m_Error += (m_Error.empty() ? "" : "\n") + Box;
     m_bPrinted           = m_Host.TakePaused() || m_bPrinted;
     m_bEnded             = m_bEnded || cStopSignals::Caught() == SIGTERM;
     const unsigned nNote = OnPerformed();

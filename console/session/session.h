@@ -91,6 +91,9 @@ protected:
     virtual unsigned OnPerformed() { return 0; }
     virtual void     OnTravelled(unsigned /*nNote*/) {}
 
+    // Loads the program that was read from a file of this name. 0 with an error.
+    int LoadAs(const std::string &Name, const std::string &Listing);
+
     // What precedes a program line in a list of the program.
     virtual std::string MarkOf(unsigned nLine, const cVorstekState &State) const;
 
@@ -108,9 +111,12 @@ private:
     void                   SaveAs(const std::string &Name);
     void                   SavePlot(const cPictureFile &File);
     int                    LoadText(const std::string &Listing);
+    int                    ReadText(const std::string &Name, std::string *pText);
+    void                   LoadEdited(const std::string &Name);
 
     cTypedLines  m_Lines;
     cUndoHistory m_History;
+    std::string  m_Rejected;  // file with an edited text that could not be loaded
     int          m_bEnded;
 };
 

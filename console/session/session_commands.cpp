@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <ostream>
+#include <sstream>
 
 #include "console/input_text.h"
 #include "console/session/instruction_help.h"
@@ -141,18 +142,48 @@ void cSession::OnHelp(const std::string &Argument)
 
 // --- programs
 
+static std::string InOneLine(std::string Text)
+{
+    Text.resize(Text.find_last_not_of(" \n") + 1);
+    std::replace(Text.begin(), Text.end(), '\n', ' ');
+    return Text;
+}
+
 // Silent but for the boxes. A listing with errors changes nothing.
 int cSession::LoadText(const std::string &Listing)
 {
     m_Calculator.m_Engine.LoadListing(Listing.data(), Listing.size());
-    const std::string Boxes = m_Host.TakeBoxes();
+    const std::vector<std::string> Boxes = m_Host.TakeBoxes();
     if (Boxes.empty())
     {
+        m_Rejected.clear();
         OnProgramChanged();
         return 1;
     }
-    m_Error = Boxes.substr(0, Boxes.find('\n'));
+    m_Error = InOneLine(Boxes[0]);  // a second one says that the program is gone
     m_History.Revert();
+    return 0;
+}
+
+int cSession::LoadAs(const std::string &Name, const std::string &Listing)
+{
+    if (!LoadText(Listing))
+    {
+        m_Error = Name + ": " + m_Error;
+        return 0;
+    }
+    m_Calculator.m_Engine.TakeLoadedProgram(Name.c_str());
+    return 1;
+}
+
+// The reason why it cannot be read is what is wrong with the line.
+int cSession::ReadText(const std::string &Name, std::string *pText)
+{
+    std::ostringstream Why;
+    if (ReadInput(Name, {m_Streams.m_pIn, m_Streams.m_pOut, &Why}, pText))
+        return 1;
+    m_Error = InOneLine(Why.str());
+    m_Error.erase(0, m_Error.find(": ") + 2);  // the name of this program
     return 0;
 }
 
@@ -160,11 +191,11 @@ void cSession::OnLoad(const std::string &Argument)
 {
     std::string Listing;
     if (Argument.empty() || Argument == kStandardInput)
-        m_Error = "load: which file?";
-    else if (!ReadInput(Argument, m_Streams, &Listing))
-        m_bPrinted = 1;
-    else if (LoadText(Listing))
-        m_Calculator.m_Engine.TakeLoadedProgram(Argument.c_str());
+        m_Error = "which file?";
+    else if (ReadText(Argument, &Listing))
+        LoadAs(Argument, Listing);
+    if (!m_Error.empty())
+        m_Error = "load: " + m_Error;
 }
 
 std::string cSession::MarkOf(unsigned nLine, const cVorstekState &State) const
@@ -187,20 +218,34 @@ void cSession::OnList(const std::string &)
     m_bPrinted = 1;
 }
 
+// A text that cannot be loaded is kept: its mistakes are corrected there.
+void cSession::LoadEdited(const std::string &Name)
+{
+    std::error_code Ignored;
+    std::string     Listing;
+    if (ReadText(Name, &Listing) && LoadText(Listing))
+    {
+        std::filesystem::remove(Name, Ignored);
+        return;
+    }
+    m_Rejected = Name;
+    m_Error    = "edit: " + m_Error + "\nedit opens your text again; it is in " + Name;
+}
+
 void cSession::OnEdit(const std::string &)
 {
     std::error_code   Ignored;
-    const std::string Name = ScratchFile();
-    std::string       Listing;
-    if (Name.empty() || !m_Calculator.m_Engine.SaveProgram(Name.c_str()))
+    const int         bAgain = !m_Rejected.empty() && std::filesystem::exists(m_Rejected, Ignored);
+    const std::string Name   = bAgain ? m_Rejected : ScratchFile();
+    m_bPrinted               = 1;
+    if (Name.empty() || (!bAgain && !m_Calculator.m_Engine.SaveProgram(Name.c_str())))
         m_Error = "edit: no file can be written for it";
-    else if (!EditFile(Name))
+    else if (EditFile(Name))
+        return LoadEdited(Name);
+    else
         m_Error = "edit: the editor failed, see VISUAL or EDITOR";
-    else if (ReadInput(Name, m_Streams, &Listing))
-        LoadText(Listing);
-    if (!Name.empty())
+    if (!bAgain && !Name.empty())
         std::filesystem::remove(Name, Ignored);
-    m_bPrinted = 1;
 }
 
 void cSession::OnRun(const std::string &Argument)

@@ -22,7 +22,7 @@ eAnswer cSessionHost::Ask(const char *szText, const char *, eButtons nButtons, e
 {
     if (nButtons == bnRetryCancel)  // whether to try again when memory is short
         throw std::bad_alloc();
-    (m_Boxes += szText) += "\n";
+    m_Boxes.emplace_back(szText);
     return nButtons == bnOk ? anOk : anCancel;
 }
 
@@ -46,9 +46,9 @@ void cSessionHost::Pause(unsigned nMilliseconds)
         m_pEngine->HaltProgram();
 }
 
-std::string cSessionHost::TakeBoxes()
+std::vector<std::string> cSessionHost::TakeBoxes()
 {
-    return std::exchange(m_Boxes, "");
+    return std::exchange(m_Boxes, {});
 }
 
 int cSessionHost::TakePaused()

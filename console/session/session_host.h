@@ -4,6 +4,7 @@
 #define CONSOLE_SESSION_SESSION_HOST_H
 
 #include <string>
+#include <vector>
 
 #include "console/console.h"
 #include "console/headless_host.h"
@@ -22,8 +23,8 @@ public:
     unsigned DrainMessages(unsigned nLines) override;
     void     Pause(unsigned nMilliseconds) override;
 
-    // The texts of the boxes since the last call, a line each.
-    std::string TakeBoxes();
+    // The texts of the boxes since the last call.
+    std::vector<std::string> TakeBoxes();
 
     // 1 if PAUSE has printed since the last call.
     int TakePaused();
@@ -31,8 +32,9 @@ public:
 private:
     const cStreams  m_Streams;
     cVorstekEngine *m_pEngine;
-    std::string     m_Boxes;
     int             m_bPaused;
+
+    std::vector<std::string> m_Boxes;
 };
 
 #endif

@@ -1,5 +1,6 @@
 """vorstek-cli debug: a program that is run step by step, by lines of standard input."""
 
+import os
 import signal
 import subprocess
 
@@ -52,12 +53,21 @@ class DebugTest(ConsoleCase):
 
     def test_a_program_that_cannot_be_loaded_is_refused_with_the_reason(self):
         self.write("bad.txt", "ENTER\nfoo\n")
-        for name, reason in (("bad.txt", "bad.txt: "), ("missing.txt", "no such file")):
+        for name, reason in (("bad.txt", "bad.txt: Error: unrecognized instr mnemonic on "
+                              "line #2: foo\n"), ("missing.txt", "no such file")):
             with self.subTest(name):
                 result = self.start("debug", name, stdin="1 2 +\n")
                 self.assertEqual((result.code, result.out), (2, ""))
                 self.assertIn(reason, result.err)
                 self.assertEqual(result.err.count("\n"), 1)
+
+    def test_a_line_that_cannot_load_its_file_makes_the_exit_code_1(self):
+        os.mkdir(self.path("folder"))
+        for name, reason in (("missing.txt", "no such file"), ("folder", "is a directory")):
+            with self.subTest(name):
+                result = self.debug(f"load {name}", "step", code=1)
+                self.assertEqual(result.err, f"load: cannot read '{name}': {reason}\n")
+                self.assertEqual(result.out, "> 02 STO 0\n3.00\n")
 
     def test_it_wants_one_program_that_is_a_file(self):
         self.listing("ENTER")

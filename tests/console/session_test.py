@@ -215,6 +215,25 @@ class SessionTest(TerminalCase):
         terminal.line("registers")
         terminal.wait_for(r"Reg\[ 7\] = \+5\.00", r"LASTx   = \+0\.00", *stack("5.00"), ">")
 
+    def test_a_text_with_a_mistake_is_kept_for_the_next_edit(self):
+        editor = self.path("editor")
+        self.write("editor", "#!/bin/sh\nif grep -q frob $1; then sed -i s/frob/1/ $1\n"
+                             "else printf '5\\nfrob\\n+\\n' > $1; fi\n")
+        os.chmod(editor, 0o755)
+        terminal = self.terminal(size="200x24",
+                                 environment=[f"EDITOR={editor}", f"TMPDIR={self.folder}"])
+        terminal.line("edit")
+        terminal.wait_for("> edit", *stack(),
+                          "edit: Error: unrecognized instr mnemonic on line #2: frob",
+                          r"edit opens your text again; it is in .*/vorstek-......\.txt", ">")
+        name, = [name for name in os.listdir(self.folder) if name.startswith("vorstek-")]
+        self.assertEqual(self.read(name), b"5\nfrob\n+\n")
+        terminal.line("edit")
+        terminal.wait_for("> edit", *stack(), ">")
+        terminal.line("run")
+        terminal.wait_for(*stack("6.00", last="1.00"), ">")
+        self.assertFalse(os.path.exists(self.path(name)))
+
     def test_colours_only_where_they_are_wanted(self):
         for setting, wanted in (("NO_COLOR=", True), ("NO_COLOR=1", False)):
             with self.subTest(setting):
