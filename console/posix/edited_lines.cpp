@@ -8,6 +8,7 @@
 #include <csignal>
 #include <cwchar>
 
+#include "console/posix/kept_history.h"
 #include "console/session/completion.h"
 #include "console/session/line_source.h"
 #include "console/session/terminal.h"
@@ -69,7 +70,7 @@ private:
     void Remember(const std::string &Line);
 
     const cStopSignals             m_Signals{ssNoted};  // between two lines as well
-    const std::string              m_HistoryFile;
+    const cKeptHistory             m_Kept;
     const std::vector<std::string> m_Words;
     std::string                    m_Prompt;
     EditLine                      *m_pEdit;
@@ -113,7 +114,7 @@ int cEditingSignals::WaitForInput()
 
 // Letters beyond ASCII need the user's encoding; numbers are not affected.
 cEditedLines::cEditedLines(const std::string &HistoryFile, const std::vector<std::string> &Words)
-    : m_HistoryFile(HistoryFile), m_Words(Words)
+    : m_Kept(HistoryFile, kMostHistory), m_Words(Words)
 {
     setlocale(LC_CTYPE, "");
     m_pEdit    = el_init("vorstek-cli", stdin, stdout, stderr);
@@ -121,8 +122,7 @@ cEditedLines::cEditedLines(const std::string &HistoryFile, const std::vector<std
     HistEvent Event;
     history(m_pHistory, &Event, H_SETSIZE, kMostHistory);
     history(m_pHistory, &Event, H_SETUNIQUE, 1);
-    if (!m_HistoryFile.empty())
-        history(m_pHistory, &Event, H_LOAD, m_HistoryFile.c_str());
+    m_Kept.Load(m_pHistory);
 
     el_set(m_pEdit, EL_CLIENTDATA, this);
     el_set(m_pEdit, EL_PROMPT, PromptOf);
@@ -222,16 +222,13 @@ unsigned char cEditedLines::Complete(EditLine *pEdit, int)
     return CC_REDISPLAY;
 }
 
-// The library lets only this user read the file.
 void cEditedLines::Remember(const std::string &Line)
 {
     HistEvent Event;
     if (Line.find_first_not_of(" \t") == std::string::npos)
         return;
     history(m_pHistory, &Event, H_ENTER, Line.c_str());
-    if (m_HistoryFile.empty())
-        return;
-    history(m_pHistory, &Event, H_SAVE, m_HistoryFile.c_str());
+    m_Kept.Add(Line);
 }
 
 eTyped cEditedLines::Read(const std::string &Prompt, std::string *pLine)

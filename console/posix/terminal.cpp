@@ -56,7 +56,9 @@ std::string HistoryFile()
         return "";
     Folder /= "vorstek";
     std::error_code Error;
+    const mode_t    nFormer = umask(0077);  // for this user alone
     std::filesystem::create_directories(Folder, Error);
+    umask(nFormer);
     return Error ? "" : (Folder / "history").string();
 }
 

@@ -55,8 +55,24 @@ class SessionTest(TerminalCase):
         second = self.terminal(name="second")
         second.keys("Up")
         second.wait_for(*stack(), r"> 1 2 \+")
-        mode = os.stat(os.path.join(self.folder, "state/vorstek/history")).st_mode
-        self.assertEqual(mode & 0o077, 0)
+        for name in ("state", "state/vorstek", "state/vorstek/history"):
+            self.assertEqual(os.stat(self.path(name)).st_mode & 0o077, 0, name)
+
+    def test_sessions_at_the_same_time_keep_the_lines_of_both(self):
+        first, second = self.terminal(), self.terminal(name="second")
+        for number, terminal in enumerate((first, second, first)):
+            terminal.line(f"CLX {number} 5 +")
+            terminal.wait_for(*stack(f"{number + 5}.00", last="5.00"), ">")
+        self.assertEqual(self.read("state/vorstek/history").splitlines()[1:],
+                         [rb"CLX\0400\0405\040+", rb"CLX\0401\0405\040+",
+                          rb"CLX\0402\0405\040+"])
+
+    def test_a_history_that_is_no_file_is_ignored(self):
+        os.makedirs(self.path("state/vorstek"))
+        os.mkfifo(self.path("state/vorstek/history"))
+        terminal = self.terminal()
+        terminal.line("2 3 +")
+        terminal.wait_for(*stack("5.00", last="3.00"), ">")
 
     def test_tab_completes_and_shows_what_fits(self):
         terminal = self.terminal()
