@@ -6,6 +6,7 @@
 
 #include <clocale>
 #include <csignal>
+#include <cstdlib>
 #include <cwchar>
 
 #include "console/posix/kept_history.h"
@@ -112,11 +113,13 @@ int cEditingSignals::WaitForInput()
     return ppoll(&Terminal, 1, nullptr, &s_Former) > 0;
 }
 
-// Letters beyond ASCII need the user's encoding; numbers are not affected.
+// Letters beyond ASCII need the user's encoding; numbers are not affected. What the
+// calculator prints is UTF-8: an encoding of single bytes could not show it either.
 cEditedLines::cEditedLines(const std::string &HistoryFile, const std::vector<std::string> &Words)
     : m_Kept(HistoryFile, kMostHistory), m_Words(Words)
 {
-    setlocale(LC_CTYPE, "");
+    if (!setlocale(LC_CTYPE, "") || MB_CUR_MAX == 1)
+        setlocale(LC_CTYPE, "C.UTF-8");
     m_pEdit    = el_init("vorstek-cli", stdin, stdout, stderr);
     m_pHistory = history_init();
     HistEvent Event;

@@ -74,6 +74,11 @@ class SessionTest(TerminalCase):
         terminal.line("2 3 +")
         terminal.wait_for(*stack("5.00", last="3.00"), ">")
 
+    def test_letters_beyond_ascii_arrive_without_a_locale(self):
+        terminal = self.terminal(environment=["LC_ALL=C"])
+        terminal.line("2 \u221ax")
+        terminal.wait_for(*stack("1.41", last="2.00"), ">")
+
     def test_tab_completes_and_shows_what_fits(self):
         terminal = self.terminal()
         terminal.type("2 sq")
