@@ -12,7 +12,7 @@ static const char *const kBeforeWord = " \t\r\n";
 static const char *const kWordEnds   = " \t\r\n;";
 
 cTypedWords::cTypedWords(const cVocabulary &Vocabulary, std::string_view Line)
-    : m_Vocabulary(Vocabulary), m_Line(Line), m_nAt(0)
+    : m_Vocabulary(Vocabulary), m_Line(Line), m_nAt(0), m_nCounted(0), m_nColumn(1)
 {
 }
 
@@ -70,8 +70,10 @@ int cTypedWords::Next(cTypedStep *pStep)
     const std::string_view Word = PeekWord();
     if (Word.empty())
         return 0;
-    pStep->m_Word    = Word;
-    pStep->m_nColumn = CountCharacters(m_Line.substr(0, m_nAt)) + 1;
+    pStep->m_Word = Word;
+    m_nColumn += CountCharacters(m_Line.substr(m_nCounted, m_nAt - m_nCounted));
+    m_nCounted       = m_nAt;
+    pStep->m_nColumn = m_nColumn;
     m_nAt += Word.size();
     if (const cInstruction *const pInstruction = m_Vocabulary.Find(Word))
         ParseInstruction(*pInstruction, &pStep->m_Parsed);

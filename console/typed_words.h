@@ -35,6 +35,8 @@ private:
     const cVocabulary &m_Vocabulary;
     std::string_view   m_Line;
     size_t             m_nAt;
+    size_t             m_nCounted;  // bytes before the last word
+    size_t             m_nColumn;   // of what follows them
 };
 
 #endif

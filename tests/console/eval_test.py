@@ -3,6 +3,7 @@ input."""
 
 import random
 import subprocess
+import time
 
 from console_case import TIMEOUT, ConsoleCase, key_line, main
 import console_case
@@ -17,6 +18,12 @@ REGISTERS = [str(number) for number in range(10)] + [f".{number}" for number in 
 
 
 class EvalTest(ConsoleCase):
+
+    def test_the_time_for_a_line_grows_with_its_length(self):
+        start = time.monotonic()
+        result = self.start("eval", stdin="1 \u221ax " * 50000 + "frob\n")
+        self.assertLess(time.monotonic() - start, 10)
+        self.assertIn("column 250001: frob: ", result.err)
 
     def evaluate(self, *arguments, code=0, err=""):
         result = self.start("eval", *arguments)
