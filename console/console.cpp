@@ -6,6 +6,7 @@
 
 #include "console/commands.h"
 #include "console/help.h"
+#include "console/option_table.h"
 #include "console/session/interactive.h"
 #include "console/session/terminal.h"
 #include "resources/version.h"
@@ -25,6 +26,14 @@ static int AsksForHelp(const std::vector<std::string> &Arguments)
            std::find(Arguments.begin(), End, "-h") != End;
 }
 
+static int ReportUnknownOption(const cStreams &Streams, const std::string &Name)
+{
+    const std::string Suggestion = DidYouMean(Name, {"--help", "--version"});
+    return ReportUsage(Streams,
+                       "unknown option '" + Name + "'" +
+                           (Suggestion.empty() ? " (see vorstek-cli --help)" : Suggestion));
+}
+
 // In place of a command.
 static int RunOption(const std::string &Name, const cStreams &Streams)
 {
@@ -32,6 +41,8 @@ static int RunOption(const std::string &Name, const cStreams &Streams)
         *Streams.m_pOut << "vorstek-cli " << VORSTEK_VERSION << "\n";
     else if (AsksForHelp({Name}))
         PrintUsage(Streams.m_pOut);
+    else if (Name.starts_with('-'))
+        return ReportUnknownOption(Streams, Name);
     else
         return ReportUnknownCommand(Streams, Name);
     return kExitDone;

@@ -69,6 +69,8 @@ class UsageTest(ConsoleCase):
         for arguments, message in (
                 (["Run", "program.txt"], "unknown command 'Run', did you mean run?"),
                 (["chekc"], "unknown command 'chekc', did you mean check?"),
+                (["--versoin"], "unknown option '--versoin', did you mean --version?"),
+                (["--colour"], "unknown option '--colour' (see vorstek-cli --help)"),
                 (["help", "evla"], "unknown command 'evla', did you mean eval?"),
                 (["run", "program.txt", "--register"],
                  "unknown option '--register', did you mean --registers?"),
