@@ -1,6 +1,7 @@
 #include "console/session/interactive.h"
 
 #include <csignal>
+#include <istream>
 #include <ostream>
 
 #include "console/session/line_source.h"
@@ -58,5 +59,7 @@ int RunSession(cSession *pSession, const cStreams &Streams)
     const int nSignal = cStopSignals::Caught();
     if (nSignal == SIGTERM)
         return ExitCodeOfSignal(nSignal);
+    if (Streams.m_pIn->bad())
+        return ReportUsage(Streams, "cannot read standard input");
     return bFailed && !bTerminal ? kExitError : kExitDone;
 }

@@ -11,7 +11,8 @@ class cSession;
 int RunInteractive(const cStreams &Streams);
 
 // Performs the lines that are typed, or those of a pipe or a file, until the session
-// or they end. kExitError if one of a pipe or a file had an error.
+// or they end. kExitError if one of a pipe or a file had an error, kExitUsage
+// if they cannot be read.
 int RunSession(cSession *pSession, const cStreams &Streams);
 
 #endif

@@ -14,7 +14,11 @@ public:
     eTyped Read(const std::string &Prompt, std::string *pLine) override
     {
         *m_Streams.m_pOut << Prompt << std::flush;
-        return std::getline(*m_Streams.m_pIn, *pLine) ? tyLine : tyEnd;
+        if (!std::getline(*m_Streams.m_pIn, *pLine))
+            return tyEnd;
+        if (pLine->ends_with('\r'))  // of a file from Windows
+            pLine->pop_back();
+        return tyLine;
     }
 
 private:

@@ -69,6 +69,11 @@ class DebugTest(ConsoleCase):
                 self.assertEqual(result.err, f"load: cannot read '{name}': {reason}\n")
                 self.assertEqual(result.out, "> 02 STO 0\n3.00\n")
 
+    def test_lines_may_end_in_cr_lf(self):
+        result = self.debug("step 3\r", "next\r", "\r", "break 5\r", "break\r", "quit\r", "step")
+        self.assertEqual(result.out.splitlines(), ["> 04 GSB 2", "3.00", "> 05 DSZ", "9.00",
+                                                   "> 06 GTO 1", "9.00", "break 5"])
+
     def test_it_wants_one_program_that_is_a_file(self):
         self.listing("ENTER")
         for arguments, reason in (((), "debug needs one program"),
@@ -97,6 +102,19 @@ class PauseTest(LinuxCase):
         result = self.start("debug", name, stdin="continue\n")
         self.assertLess(time.monotonic() - start, 50)
         self.assertEqual(result.out.count("0.00\n"), 60)
+
+
+class FolderTest(LinuxCase):
+
+    def test_standard_input_that_cannot_be_read_is_refused(self):
+        folder = os.open(self.folder, os.O_RDONLY)
+        self.addCleanup(os.close, folder)
+        with subprocess.Popen([*console_case.command, "debug", self.listing("ENTER")],
+                              cwd=self.folder, stdin=folder,
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE) as process:
+            output = process.communicate(timeout=TIMEOUT)
+        self.assertEqual(output, (b"", b"vorstek-cli: cannot read standard input\n"))
+        self.assertEqual(process.returncode, 2)
 
 
 class InterruptTest(LinuxCase):
