@@ -25,6 +25,11 @@ static std::string WhyRefused(const cTypedStep &Step)
     return Suggestion.empty() ? Text : Text + ", did you mean " + Suggestion + "?";
 }
 
+static int IsUnknown(const cTypedStep &Step)
+{
+    return Step.m_Parsed.m_nKind == llBadMnemonic;
+}
+
 static int IsAccepted(const cTypedStep &Step)
 {
     return Step.m_Parsed.m_nKind == llInstruction || Step.m_Parsed.m_nKind == llNumber;
@@ -47,7 +52,7 @@ int cTypedLines::Perform(std::string_view Line, cTypedError *pError)
         if (bAccepted && m_pEngine->Perform(Step.m_Parsed))
             continue;
         *pError = {bAccepted ? DisplayedText(m_pEngine) : WhyRefused(Step), Shown(Step.m_Word),
-                   Step.m_nColumn};
+                   Step.m_nColumn, IsUnknown(Step)};
         return 0;
     }
     return 1;

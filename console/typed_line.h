@@ -15,9 +15,10 @@ class cVorstekEngine;
 // Where a line stopped.
 struct cTypedError
 {
-    std::string m_Text;     // "Error: divide by 0", or why the word is not accepted
-    std::string m_Word;     // as typed: "1/x"
-    size_t      m_nColumn;  // of its first character, from 1
+    std::string m_Text;      // "Error: divide by 0", or why the word is not accepted
+    std::string m_Word;      // as typed: "1/x"
+    size_t      m_nColumn;   // of its first character, from 1
+    int         m_bUnknown;  // neither an instruction nor a number
 
     // "column 7: 1/x: Error: divide by 0"
     std::string Message() const;

@@ -12,6 +12,7 @@
 #include "console/state_report.h"
 #include "engine/listing_words.h"
 #include "engine/vorstek_state.h"
+#include "toolkit/spelling.h"
 
 template <void (cDebugSession::*pOperation)(const std::string &)>
 static const auto Debug = PerformIn<cDebugSession, pOperation>;
@@ -35,7 +36,8 @@ static const cSessionCommand s_DebugCommands[] =
 // clang-format on
 
 cDebugSession::cDebugSession(const cStreams &Streams)
-    : cSession(Streams), m_Debugger(&m_Calculator, &m_Host), m_bMoved(0)
+    : cSession(Streams), m_Debugger(&m_Calculator, &m_Host), m_bMoved(0), m_bTravelled(0),
+      m_nLine(0)
 {
 }
 
@@ -110,8 +112,9 @@ std::string cDebugSession::Meant(const std::string &Typed)
     const std::vector<std::string> Words = SplitWords(Typed);
     if (Words.empty())
         return m_Repeated;
-    const int bStep = Words[0] == "step" || Words[0] == "next" || Words[0] == "back";
-    m_Repeated      = bStep ? Typed : "";
+    const int bStep = EqualIgnoringCase(Words[0], "step") || EqualIgnoringCase(Words[0], "next") ||
+                      EqualIgnoringCase(Words[0], "back");
+    m_Repeated = bStep ? Typed : "";
     return Typed;
 }
 
@@ -126,13 +129,17 @@ unsigned cDebugSession::OnPerformed()
     std::istringstream Reasons(m_Debugger.TakeReason());
     for (std::string Reason; std::getline(Reasons, Reason);)
         m_News.push_back(Reason);
-    m_bMoved = m_Debugger.TakeMoved();
+    const unsigned nLine = State().m_nCurLine;
+    m_bMoved             = m_Debugger.TakeMoved() || (m_bTravelled && nLine != m_nLine);
+    m_bTravelled         = 0;
+    m_nLine              = nLine;
     return static_cast<unsigned>(m_Debugger.IsSuspended());
 }
 
 void cDebugSession::OnTravelled(unsigned nNote)
 {
     m_Debugger.SetSuspended(nNote != 0);
+    m_bTravelled = 1;
 }
 
 // --- where to stop
@@ -191,15 +198,6 @@ void cDebugSession::OnUnwatch(const std::string &Argument)
 }
 
 // --- running
-
-// A count after a command: 1 without an argument, 0 for anything else.
-static uint64_t CountFrom(const std::string &Argument)
-{
-    uint64_t nCount;
-    if (Argument.empty())
-        return 1;
-    return ParseWholeNumber(Argument, &nCount) ? nCount : 0;
-}
 
 // "1/x: Error: divide by 0"
 void cDebugSession::Ended(int bDone)

@@ -52,9 +52,11 @@ private:
     void                     Ended(int bDone);
 
     cDebugger                m_Debugger;
-    std::vector<std::string> m_News;      // why the last run stopped
-    int                      m_bMoved;    // by the last line
-    std::string              m_Repeated;  // by an empty line
+    std::vector<std::string> m_News;        // why the last run stopped
+    int                      m_bMoved;      // by the last line
+    int                      m_bTravelled;  // by undo or redo
+    unsigned                 m_nLine;       // current after the last line
+    std::string              m_Repeated;    // by an empty line
 };
 
 #endif

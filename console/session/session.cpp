@@ -1,5 +1,6 @@
 #include "console/session/session.h"
 
+#include <algorithm>
 #include <csignal>
 
 #include "console/session/session_commands.h"
@@ -8,6 +9,8 @@
 #include "console/state_report.h"
 #include "console/stop_signal.h"
 #include "engine/vorstek_state.h"
+#include "listing/findings.h"
+#include "toolkit/utf8.h"
 
 cSession::cSession(const cStreams &Streams)
     : m_Streams(Streams), m_Host(Streams), m_Calculator(&m_Host), m_bPrinted(0), m_bAnswers(0),
@@ -27,8 +30,39 @@ void cSession::Calculate(const std::string &Line)
 {
     cTypedError Error;
     if (!m_Lines.Perform(Line, &Error))
+    {
+        const cSessionCommand *const pLike = FindCommandLike(Error.m_Word);
+        if (Error.m_bUnknown && FindCommand(Error.m_Word))
+            Error.m_Text = "a command is alone in its line";
+        else if (Error.m_bUnknown && pLike)
+            Error.m_Text = "neither an instruction nor a number, did you mean " +
+                           std::string(pLike->m_szName) + "?";
         m_Error = Error.Message();
+    }
     m_bAnswers = m_Lines.CountSteps() > 0;
+}
+
+// A comment is no argument.
+void cSession::PerformCommand(const cSessionCommand &Row, const std::string &Argument)
+{
+    if (*Row.m_szArgument || Argument.empty() || Argument[0] == ';')
+        return Row.m_pPerform(this, Argument);
+    m_Error    = std::string(Row.m_szName) + " takes no argument";
+    m_bAnswers = 0;
+}
+
+// Arguments may be anything that was typed: control characters would reach the terminal.
+static std::string Readable(std::string_view Text)
+{
+    std::string Readable;
+    while (!Text.empty())
+    {
+        const std::string_view Character = Text.substr(0, std::max<size_t>(Utf8Length(Text), 1));
+        const std::string      Quoted    = QuotedWord(Character);
+        Readable += Character == "\n" ? "\n" : Quoted.substr(1, Quoted.size() - 2);
+        Text.remove_prefix(Character.size());
+    }
+    return Readable;
 }
 
 void cSession::Perform(const std::string &Typed)
@@ -48,12 +82,13 @@ void cSession::Perform(const std::string &Typed)
 
     const cSessionCommand *const pCommand = FindCommand(Name);
     if (pCommand)
-        pCommand->m_pPerform(this, Argument);
+        PerformCommand(*pCommand, Argument);
     else
         Calculate(Line);
 
     for (const std::string &Box : m_Host.TakeBoxes())
         m_Error += (m_Error.empty() ? "" : "\n") + Box;
+    m_Error              = Readable(m_Error);
     m_bPrinted           = m_Host.TakePaused() || m_bPrinted;
     m_bEnded             = m_bEnded || cStopSignals::Caught() == SIGTERM;
     const unsigned nNote = OnPerformed();

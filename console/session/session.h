@@ -107,12 +107,15 @@ protected:
 private:
     const cSessionCommand *FindCommand(std::string_view Name) const;
     void                   PrintCommands() const;
+    const cSessionCommand *FindCommandLike(std::string_view Word) const;
+    void                   PerformCommand(const cSessionCommand &Row, const std::string &Argument);
     void                   Calculate(const std::string &Line);
-    void                   SaveAs(const std::string &Name);
-    void                   SavePlot(const cPictureFile &File);
-    int                    LoadText(const std::string &Listing);
-    int                    ReadText(const std::string &Name, std::string *pText);
-    void                   LoadEdited(const std::string &Name);
+    void Travel(int (cUndoHistory::*pOperation)(), const char *szName, const std::string &Argument);
+    void SaveAs(const std::string &Name);
+    void SavePlot(const cPictureFile &File);
+    int  LoadText(const std::string &Listing);
+    int  ReadText(const std::string &Name, std::string *pText);
+    void LoadEdited(const std::string &Name);
 
     cTypedLines  m_Lines;
     cUndoHistory m_History;

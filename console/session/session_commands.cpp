@@ -6,7 +6,9 @@
 #include <fstream>
 #include <ostream>
 #include <sstream>
+#include <utility>
 
+#include "console/arguments.h"
 #include "console/input_text.h"
 #include "console/session/instruction_help.h"
 #include "console/session/session.h"
@@ -18,6 +20,7 @@
 #include "engine/vorstek_state.h"
 #include "figure/plot_source.h"
 #include "listing/suggestion.h"
+#include "toolkit/spelling.h"
 
 template <void (cSession::*pOperation)(const std::string &)>
 static const auto Do = PerformIn<cSession, pOperation>;
@@ -25,8 +28,8 @@ static const auto Do = PerformIn<cSession, pOperation>;
 // clang-format off
 static const cSessionCommand s_SessionCommands[] =
 {
-    { "undo",      "",        "back to before the last line",                1, Do<&cSession::OnUndo> },
-    { "redo",      "",        "forward again",                               1, Do<&cSession::OnRedo> },
+    { "undo",      "[N]",     "back to before the last line, or the last N", 1, Do<&cSession::OnUndo> },
+    { "redo",      "[N]",     "forward again, by a line or N",               1, Do<&cSession::OnRedo> },
     { "stack",     "",        "print T, Z, Y and X",                         0, Do<&cSession::OnStack> },
     { "registers", "",        "print the registers that are not 0, and LASTx", 0, Do<&cSession::OnRegisters> },
     { "load",      "FILE",    "load a program",                              0, Do<&cSession::OnLoad> },
@@ -55,9 +58,23 @@ const cSessionCommand *cSession::FindCommand(std::string_view Name) const
 {
     for (const auto Table : Commands())
         for (const cSessionCommand &Row : Table)
-            if (Name == Row.m_szName)
+            if (EqualIgnoringCase(Name, Row.m_szName))
                 return &Row;
     return nullptr;
+}
+
+// The command that a word was probably meant to be; null if an instruction is as near.
+const cSessionCommand *cSession::FindCommandLike(std::string_view Word) const
+{
+    static const std::pair<const char *, const char *> s_Elsewhere[] = {
+        {"q", "quit"}, {"exit", "quit"}, {"?", "help"}};
+    for (const auto &[szOther, szName] : s_Elsewhere)
+        if (EqualIgnoringCase(Word, szOther))
+            return FindCommand(szName);
+    const std::vector<std::string>      Words = this->Words();
+    const std::vector<std::string_view> Views(Words.begin(), Words.end());
+    const int                           nNear = NearestWord(Word, Views);
+    return nNear < 0 ? nullptr : FindCommand(Words[static_cast<size_t>(nNear)]);
 }
 
 std::vector<std::string> cSession::Words() const
@@ -73,18 +90,38 @@ std::vector<std::string> cSession::Words() const
 
 // --- back and forward
 
-void cSession::OnUndo(const std::string &)
+uint64_t CountFrom(const std::string &Argument)
 {
-    if (!m_History.Undo())
-        m_Error = "nothing to undo";
+    uint64_t nCount;
+    if (Argument.empty())
+        return 1;
+    return ParseWholeNumber(Argument, &nCount) ? nCount : 0;
+}
+
+void cSession::Travel(int (cUndoHistory::*pOperation)(), const char *szName,
+                      const std::string &Argument)
+{
+    const uint64_t nLines = CountFrom(Argument);
+    uint64_t       nDone  = 0;
+    while (nDone < nLines && (m_History.*pOperation)())
+        nDone++;
+    if (nLines == 0)
+        m_Error = std::string(szName) + ": how many lines?";
+    else if (nDone == 0)
+        m_Error = std::string("nothing to ") + szName;
+    else if (nDone < nLines)
+        m_Error = std::string(szName) + ": only " + std::to_string(nDone) + " were left";
     OnTravelled(m_History.Tag());
 }
 
-void cSession::OnRedo(const std::string &)
+void cSession::OnUndo(const std::string &Argument)
 {
-    if (!m_History.Redo())
-        m_Error = "nothing to redo";
-    OnTravelled(m_History.Tag());
+    Travel(&cUndoHistory::Undo, "undo", Argument);
+}
+
+void cSession::OnRedo(const std::string &Argument)
+{
+    Travel(&cUndoHistory::Redo, "redo", Argument);
 }
 
 // --- what there is
@@ -134,8 +171,9 @@ void cSession::OnHelp(const std::string &Argument)
         *m_Streams.m_pOut << InstructionHelp(pInstruction->m_szMnemonic);
     else
     {
-        const std::string Suggestion = SuggestWord(Argument);
-        m_Error                      = "no help on '" + Argument + "'" +
+        const cSessionCommand *const pLike      = FindCommandLike(Argument);
+        const std::string            Suggestion = pLike ? pLike->m_szName : SuggestWord(Argument);
+        m_Error                                 = "no help on '" + Argument + "'" +
                   (Suggestion.empty() ? "" : ", did you mean " + Suggestion + "?");
     }
 }

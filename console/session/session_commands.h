@@ -4,6 +4,7 @@
 #ifndef CONSOLE_SESSION_SESSION_COMMANDS_H
 #define CONSOLE_SESSION_SESSION_COMMANDS_H
 
+#include <cstdint>
 #include <span>
 #include <string>
 
@@ -26,5 +27,8 @@ void PerformIn(cSession *pSession, const std::string &Argument)
 }
 
 std::span<const cSessionCommand> SessionCommands();
+
+// A count after a command: 1 without an argument, 0 for anything but a number.
+uint64_t CountFrom(const std::string &Argument);
 
 #endif

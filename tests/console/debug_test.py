@@ -32,6 +32,12 @@ class DebugTest(ConsoleCase):
                          ["> 04 GSB 2", "3.00", "> 05 DSZ", "9.00",
                           "> 10 x^2", "3.00", "> 11 RTN", "9.00"])
 
+    def test_undo_and_redo_of_steps_say_where_the_program_is(self):
+        result = self.debug("step 3", "7", "undo", "undo", "Redo", "NEXT", "", "undo 2")
+        self.assertEqual(result.out.splitlines(),
+                         ["> 04 GSB 2", "3.00", "7.00", "3.00", "> 00", "0.00", "> 04 GSB 2",
+                          "3.00", "> 05 DSZ", "9.00", "> 06 GTO 1", "9.00", "> 04 GSB 2", "3.00"])
+
     def test_what_is_calculated_between_two_steps_counts(self):
         result = self.debug("step 2", "5 STO 0", "watch r0", "continue")
         self.assertEqual(result.out.splitlines(),

@@ -88,6 +88,59 @@ TEST_CASE("undo goes back line by line, redo forward again, until something else
     CHECK(Rig.m_Session.Error() == "nothing to redo");
 }
 
+TEST_CASE("undo and redo go over several lines")
+{
+    cSessionRig Rig;
+    Rig.Type({"1", "2", "3", "undo 2"});
+    CHECK(Rig.m_Session.XText() == "1.00");
+    Rig.Type({"redo 2"});
+    CHECK(Rig.m_Session.XText() == "3.00");
+    Rig.Type({"undo 9"});
+    CHECK(Rig.m_Session.Error() == "undo: only 3 were left");
+    CHECK(Rig.m_Session.XText() == "0.00");
+    Rig.Type({"redo 0"});
+    CHECK(Rig.m_Session.Error() == "redo: how many lines?");
+    Rig.Type({"redo x"});
+    CHECK(Rig.m_Session.Error() == "redo: how many lines?");
+}
+
+TEST_CASE("a line that is not meant so is explained")
+{
+    static const struct
+    {
+        const char *szTyped;
+        const char *szError;
+    } s_Rows[] = {
+        {"quit now", "quit takes no argument"},
+        {"stack 2", "stack takes no argument"},
+        {"lsit", "column 1: lsit: neither an instruction nor a number, did you mean list?"},
+        {"q", "column 1: q: neither an instruction nor a number, did you mean quit?"},
+        {"exit", "column 1: exit: neither an instruction nor a number, did you mean quit?"},
+        {"?", "column 1: ?: neither an instruction nor a number, did you mean help?"},
+        {"sqr", "column 1: sqr: neither an instruction nor a number, did you mean sqrt?"},
+        {"2 3 + undo", "column 7: undo: a command is alone in its line"},
+        {"help lsit", "no help on 'lsit', did you mean list?"},
+        {"help \x1b[2J", "no help on '<U+001B>[2J'"},
+        {"load \x1b[2J", "load: cannot read '<U+001B>[2J': no such file"},
+    };
+    cSessionRig Rig;
+    for (const auto &Row : s_Rows)
+    {
+        Rig.Type({Row.szTyped});
+        CHECK(Rig.m_Session.Error() == Row.szError);
+    }
+    CHECK_FALSE(Rig.m_Session.HasEnded());
+}
+
+TEST_CASE("commands ignore case, and a comment is no argument")
+{
+    cSessionRig Rig;
+    CHECK(Rig.Type({"2 3 +", "STACK ; all"}) == "T   0.00\nZ   0.00\nY   0.00\nX   5.00\n");
+    Rig.Type({"Undo", "QUIT"});
+    CHECK(Rig.m_Session.XText() == "0.00");
+    CHECK(Rig.m_Session.HasEnded());
+}
+
 TEST_CASE("lines that change nothing are not undone")
 {
     cSessionRig Rig;
