@@ -4,10 +4,13 @@
 #include "engine/instruction.h"
 #include "engine/run_lines.h"
 #include "engine/vorstek_state.h"
+#include "toolkit/spelling.h"
+
+static const std::string_view kIf = " if ";
 
 static int IsWordLabel(const std::string &Word)
 {
-    return Word == "LBL" || Word == "lbl" || Word == "label";
+    return EqualIgnoringCase(Word, "LBL") || EqualIgnoringCase(Word, "label");
 }
 
 std::optional<cPlace> cPlace::Parse(std::string_view Text)
@@ -37,15 +40,33 @@ std::string cPlace::Text() const
     return (m_bLabel ? "LBL " : "") + std::to_string(m_nNumber);
 }
 
+// Between a place and its condition; npos if there is none.
+static size_t FindIf(std::string_view Text)
+{
+    size_t nAt = 0;
+    while (nAt + kIf.size() <= Text.size() && !EqualIgnoringCase(Text.substr(nAt, kIf.size()), kIf))
+        nAt++;
+    return nAt + kIf.size() <= Text.size() ? nAt : std::string_view::npos;
+}
+
+std::string cBreakpoint::WhyNot(std::string_view Text)
+{
+    const size_t nIf = FindIf(Text);
+    if (nIf == std::string_view::npos || !cPlace::Parse(Text.substr(0, nIf)))
+        return "'" + std::string(Text) + "' is no place such as 12, LBL 3 or 12 if x<0";
+    return "'" + std::string(Text.substr(nIf + kIf.size())) +
+           "' is no condition such as x<0 or r5>=y";
+}
+
 std::optional<cBreakpoint> cBreakpoint::Parse(std::string_view Text)
 {
-    const size_t nIf   = Text.find(" if ");
+    const size_t nIf   = FindIf(Text);
     const auto   Place = cPlace::Parse(Text.substr(0, nIf));
     if (!Place)
         return {};
     if (nIf == std::string_view::npos)
         return cBreakpoint{*Place, {}};
-    auto Condition = cCondition::Parse(Text.substr(nIf + 4));
+    auto Condition = cCondition::Parse(Text.substr(nIf + kIf.size()));
     if (!Condition)
         return {};
     return cBreakpoint{*Place, std::move(Condition)};

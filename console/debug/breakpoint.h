@@ -13,7 +13,7 @@
 class cPlace
 {
 public:
-    // "12", 1 to 98, or "LBL 3"; nothing for other texts.
+    // "12", 1 to 98, or "LBL 3", in upper or lower case; nothing for other texts.
     static std::optional<cPlace> Parse(std::string_view Text);
 
     // 1 if this is the line.
@@ -35,6 +35,9 @@ struct cBreakpoint
 {
     // A place, "12", or a place and a condition: "LBL 3 if x<0".
     static std::optional<cBreakpoint> Parse(std::string_view Text);
+
+    // What is wrong with a text that is none: "'x' is no condition such as x<0".
+    static std::string WhyNot(std::string_view Text);
 
     // 1 if a run that comes to this line stops before it.
     int Stops(unsigned nLine, const cVorstekState &State) const;

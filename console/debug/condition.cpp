@@ -1,8 +1,10 @@
 #include "console/debug/condition.h"
 
+#include <cmath>
 #include <utility>
 
 #include "console/arguments.h"
+#include "engine/range.h"
 
 // clang-format off
 const cCondition::cOperator cCondition::s_Operators[] =  // longer names first
@@ -26,7 +28,10 @@ cCondition::cCondition(cOperand Left, const cOperator *pOperator, cOperand Right
 std::optional<cCondition::cOperand> cCondition::cOperand::Parse(std::string_view Text)
 {
     cOperand Operand = {cQuantity::Parse(Text), 0.0};
-    if (Operand.m_Quantity || ParseNumber(std::string(Text), &Operand.m_dNumber))
+    if (Operand.m_Quantity)
+        return Operand;
+    if (ParseNumber(std::string(Text), &Operand.m_dNumber) &&
+        std::fabs(Operand.m_dNumber) <= kLargest)
         return Operand;
     return {};
 }

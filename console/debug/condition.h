@@ -13,7 +13,8 @@ class cCondition
 {
 public:
     // Two quantities, or a quantity and a number, with <, <=, =, <>, >= or > between
-    // them, blanks or not; == and != too. Nothing for other texts.
+    // them, blanks or not; == and != too. Nothing for other texts, and for numbers that
+    // no quantity can have: beyond +-9.999999999e99.
     static std::optional<cCondition> Parse(std::string_view Text);
 
     int Holds(const cVorstekState &State) const;

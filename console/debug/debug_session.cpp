@@ -23,9 +23,9 @@ static const cSessionCommand s_DebugCommands[] =
     { "break",    "[PLACE]",  "stop before a line: 12, LBL 3, 12 if x<0; alone, print them", 0, Debug<&cDebugSession::OnBreak> },
     { "delete",   "[PLACE]",  "forget a breakpoint, or all",                  0, Debug<&cDebugSession::OnDelete> },
     { "watch",    "[NAME]",   "stop when x to t, lastx, i or r5 changes; alone, print them", 0, Debug<&cDebugSession::OnWatch> },
-    { "unwatch",  "[NAME]",   "forget it, or all",                            0, Debug<&cDebugSession::OnUnwatch> },
+    { "unwatch",  "[NAME]",   "forget a watched number, or all",              0, Debug<&cDebugSession::OnUnwatch> },
     { "step",     "[N]",      "run one line, or N",                           0, Debug<&cDebugSession::OnStep> },
-    { "next",     "",         "the same, but a GSB with all that it calls",   0, Debug<&cDebugSession::OnNext> },
+    { "next",     "",         "run one line; a GSB with all that it calls",   0, Debug<&cDebugSession::OnNext> },
     { "until",    "PLACE",    "run to a line or a label",                     0, Debug<&cDebugSession::OnUntil> },
     { "finish",   "",         "run to the end of the subroutine",             0, Debug<&cDebugSession::OnFinish> },
     { "continue", "",         "run on; Ctrl-C halts as R/S does",             0, Debug<&cDebugSession::OnContinue> },
@@ -160,16 +160,16 @@ void cDebugSession::OnBreak(const std::string &Argument)
     else if (Breakpoint)
         m_Debugger.AddBreakpoint(*Breakpoint);
     else
-        m_Error = "break: '" + Argument + "' is no place such as 12, LBL 3 or 12 if x<0";
+        m_Error = "break: " + cBreakpoint::WhyNot(Argument);
 }
 
 void cDebugSession::OnDelete(const std::string &Argument)
 {
-    m_bAnswers       = 0;
-    const auto Place = cPlace::Parse(Argument);
+    m_bAnswers            = 0;
+    const auto Breakpoint = cBreakpoint::Parse(Argument);  // as break prints them
     if (Argument.empty())
         m_Debugger.DeleteBreakpoints();
-    else if (!Place || !m_Debugger.DeleteBreakpoint(*Place))
+    else if (!Breakpoint || !m_Debugger.DeleteBreakpoint(Breakpoint->m_Place))
         m_Error = "delete: there is no breakpoint '" + Argument + "'";
 }
 

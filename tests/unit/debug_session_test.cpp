@@ -115,6 +115,12 @@ TEST_CASE("a run stops at breakpoints and goes on with its calls and its stack l
     CHECK(Rig.Type({"continue"}) == "the program has halted|> 04 LBL 1|");
     CHECK(Rig.m_Session.State().m_dReg[5] == 16.0);
     CHECK(Rig.Type({"delete", "break"}).empty());
+    CHECK(Rig.Type({"break 4 IF x<0", "break Lbl 1", "break"}) == "break 4 if x<0|break LBL 1|");
+    CHECK(Rig.Type({"delete 4 if x<0", "delete lbl 1", "break"}).empty());
+    CHECK(Rig.Type({"break 5 if x"}) == "break: 'x' is no condition such as x<0 or r5>=y");
+    CHECK(Rig.Type({"break 5 if x<1e100"}) ==
+          "break: 'x<1e100' is no condition such as x<0 or r5>=y");
+    CHECK(Rig.Type({"break 5 x<0"}) == "break: '5 x<0' is no place such as 12, LBL 3 or 12 if x<0");
 }
 
 TEST_CASE("instructions that begin a run stop at breakpoints, at its first line too")
@@ -135,8 +141,7 @@ TEST_CASE("a condition decides whether a breakpoint stops")
     CHECK(Rig.m_Session.State().m_dReg[5] == 1.5);
     CHECK(Rig.Type({"break 4 if r5<x", "continue"}) == "break 4 if r5<x|>*04 RCL 5|");
     CHECK(Rig.m_Session.State().m_dReg[5] == 0.5);
-    CHECK(Rig.Type({"break 4 if r5"}) ==
-          "break: '4 if r5' is no place such as 12, LBL 3 or 12 if x<0");
+    CHECK(Rig.Type({"break 4 if r5"}) == "break: 'r5' is no condition such as x<0 or r5>=y");
 }
 
 TEST_CASE("a run stops after each line that changes what is watched")
