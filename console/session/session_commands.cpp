@@ -28,18 +28,18 @@ static const auto Do = PerformIn<cSession, pOperation>;
 // clang-format off
 static const cSessionCommand s_SessionCommands[] =
 {
-    { "undo",      "[N]",     "back to before the last line, or the last N", 1, Do<&cSession::OnUndo> },
-    { "redo",      "[N]",     "forward again, by a line or N",               1, Do<&cSession::OnRedo> },
+    { "undo",      "[N]",     "go back to before the last line, or the last N", 1, Do<&cSession::OnUndo> },
+    { "redo",      "[N]",     "go forward again, by a line or N",            1, Do<&cSession::OnRedo> },
     { "stack",     "",        "print T, Z, Y and X",                         0, Do<&cSession::OnStack> },
     { "registers", "",        "print the registers that are not 0, and LASTx", 0, Do<&cSession::OnRegisters> },
     { "load",      "FILE",    "load a program",                              0, Do<&cSession::OnLoad> },
     { "list",      "",        "print the program; '>' is the current line",  0, Do<&cSession::OnList> },
     { "edit",      "",        "change the program in your editor",           0, Do<&cSession::OnEdit> },
-    { "run",       "[LABEL]", "run it from its current line or a label; Ctrl-C halts it", 0, Do<&cSession::OnRun> },
-    { "save",      "[FILE]",  "save it",                                     0, Do<&cSession::OnSave> },
-    { "save!",     "FILE",    "save it in place of another file",            0, Do<&cSession::OnReplace> },
-    { "plot",      "[FILE]",  "draw what it has drawn into graph.svg or FILE", 0, Do<&cSession::OnPlot> },
-    { "help",      "[WORD]",  "say more about an instruction",               0, Do<&cSession::OnHelp> },
+    { "run",       "[LABEL]", "run the program from its current line or a label; Ctrl-C halts it", 0, Do<&cSession::OnRun> },
+    { "save",      "[FILE]",  "save the program",                            0, Do<&cSession::OnSave> },
+    { "save!",     "FILE",    "save the program in place of another file",   0, Do<&cSession::OnReplace> },
+    { "plot",      "[FILE]",  "draw what programs have drawn into graph.svg or FILE", 0, Do<&cSession::OnPlot> },
+    { "help",      "[WORD]",  "say more about an instruction or a command",  0, Do<&cSession::OnHelp> },
     { "quit",      "",        "end, as Ctrl-D does",                         0, Do<&cSession::OnQuit> },
 };
 // clang-format on
@@ -160,9 +160,11 @@ void cSession::OnHelp(const std::string &Argument)
     m_bPrinted = 1;
     if (Argument.empty())
         return PrintCommands();
-    const cVocabulary         Vocabulary;
-    const cInstruction *const pInstruction = Vocabulary.Find(Argument);
-    const cSessionCommand    *pCommand     = FindCommand(Argument);
+    const cVocabulary   Vocabulary;
+    const std::string   First        = SplitWords(Argument)[0];  // "GSB" of "GSB 3"
+    const cInstruction *pInstruction = Vocabulary.Find(Argument);
+    pInstruction                     = pInstruction ? pInstruction : Vocabulary.Find(First);
+    const cSessionCommand *pCommand  = FindCommand(Argument);
     if (pCommand)
         *m_Streams.m_pOut << pCommand->m_szName << " " << pCommand->m_szArgument
                           << (*pCommand->m_szArgument ? ": " : "- ") << pCommand->m_szSummary
@@ -172,7 +174,7 @@ void cSession::OnHelp(const std::string &Argument)
     else
     {
         const cSessionCommand *const pLike      = FindCommandLike(Argument);
-        const std::string            Suggestion = pLike ? pLike->m_szName : SuggestWord(Argument);
+        const std::string            Suggestion = pLike ? pLike->m_szName : SuggestWord(First);
         m_Error                                 = "no help on '" + Argument + "'" +
                   (Suggestion.empty() ? "" : ", did you mean " + Suggestion + "?");
     }
@@ -241,18 +243,35 @@ std::string cSession::MarkOf(unsigned nLine, const cVorstekState &State) const
     return nLine == State.m_nCurLine ? "> " : "  ";
 }
 
-// Lines of the listing that are no program lines are comments.
+// "  34 R/S", without a mark and a comment.
+static int IsFiller(const std::string &Row, const std::string &Unmarked)
+{
+    static const std::string s_End = " R/S";
+    return Row.size() == Unmarked.size() + 2 + s_End.size() && Row.starts_with(Unmarked) &&
+           Row.ends_with(s_End);
+}
+
+// Lines of the listing that are no program lines are comments. Of the R/S that fill the
+// program up, the first is shown, where the program ends.
 void cSession::OnList(const std::string &)
 {
-    const cVorstekState &Is     = State();
-    const unsigned       nLines = m_Calculator.m_Listing.CountLines();
-    unsigned             nAt    = 0;  // in the program
+    const cVorstekState     &Is     = State();
+    const unsigned           nLines = m_Calculator.m_Listing.CountLines();
+    unsigned                 nAt    = 0;  // in the program
+    std::vector<std::string> Rows;
+    size_t                   nShown = 0;
     for (unsigned nLine = 0; nLine < nLines; nLine++)
     {
-        const int bProgram = nAt <= kLastLine && nLine == Is.m_Program[nAt].m_nListingLine;
-        *m_Streams.m_pOut << (bProgram ? MarkOf(nAt++, Is) : MarkOf(kProgramLines, Is))
-                          << BoxLine(m_Calculator.m_Listing, nLine) << "\n";
+        const int         bProgram = nAt <= kLastLine && nLine == Is.m_Program[nAt].m_nListingLine;
+        const std::string Unmarked = MarkOf(kProgramLines, Is);
+        const std::string Text     = BoxLine(m_Calculator.m_Listing, nLine);
+        Rows.push_back((bProgram ? MarkOf(nAt, Is) : Unmarked) + Text);
+        if (!bProgram || !IsFiller(Rows.back(), Unmarked))
+            nShown = Rows.size() + 1;
+        nAt += static_cast<unsigned>(bProgram);
     }
+    for (size_t n = 0; n < std::min(nShown, Rows.size()); n++)
+        *m_Streams.m_pOut << Rows[n] << "\n";
     m_bPrinted = 1;
 }
 

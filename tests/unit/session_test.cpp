@@ -132,6 +132,28 @@ TEST_CASE("a line that is not meant so is explained")
     CHECK_FALSE(Rig.m_Session.HasEnded());
 }
 
+TEST_CASE("a list ends with the R/S where the program ends, or the current line")
+{
+    const cScratchFolder Folder;
+    Folder.Write("one.txt", "LBL 1\n2\nR/S\n3\n");
+    cSessionRig Rig;
+    Rig.Type({"load " + Folder.Name("one.txt")});
+    CHECK(Rig.Type({"list"}) == "> 00\n  01 LBL 1\n  02 2\n  03 R/S\n  04 3\n  05 R/S\n");
+    const std::string Later = Rig.Type({"GTO 1", "R/S", "R/S", "list"});
+    CHECK(Later.ends_with("  05 R/S\n> 06 R/S\n  07 R/S\n"));
+}
+
+TEST_CASE("help explains commands, and instructions with their operands")
+{
+    cSessionRig       Rig;
+    const std::string Gsb = Rig.Type({"help GSB"});
+    CHECK_FALSE(Gsb.empty());
+    CHECK(Rig.Type({"help gsb  3"}) == Gsb);
+    CHECK(Rig.Type({"help Save"}) == "save [FILE]: save the program\n");
+    Rig.Type({"help ENTRE  3"});
+    CHECK(Rig.m_Session.Error() == "no help on 'ENTRE  3', did you mean ENTER?");
+}
+
 TEST_CASE("commands ignore case, and a comment is no argument")
 {
     cSessionRig Rig;
