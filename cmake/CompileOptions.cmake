@@ -83,3 +83,9 @@ if(VORSTEK_SANITIZE)
     endif()
     add_link_options(${sanitizers})
 endif()
+
+# The fuzzer finds its way by the branches that an input takes.
+option(VORSTEK_FUZZ "Count branches for the fuzz targets of tests/fuzz (Clang)" OFF)
+if(VORSTEK_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()

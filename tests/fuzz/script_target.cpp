@@ -1,0 +1,24 @@
+// script_target.cpp - the input is a script. What it prints are lines of JSON.
+
+#include <sstream>
+
+#include "console/commands.h"
+#include "tests/fuzz/fuzz_target.h"
+#include "tests/fuzz/script_text.h"
+#include "tests/fuzz/strict_json.h"
+
+void FuzzScript(std::string_view Input)
+{
+    const cScratchFolder Scratch;
+    std::istringstream   In(TameScript(Input));
+    std::ostringstream   Out;
+    std::ostringstream   Err;
+
+    const int nExitCode = ScriptCommand({}, {&In, &Out, &Err});
+
+    FUZZ_CHECK(nExitCode == kExitDone || nExitCode == kExitUsage);
+    FUZZ_CHECK_TEXT(Err.str(), "");
+    CheckJsonLines(Out.str());
+    const int bBad = Out.str().find("{\"event\":\"bad\"") != std::string::npos;
+    FUZZ_CHECK(bBad == (nExitCode == kExitUsage));
+}
