@@ -8,6 +8,10 @@
 #include <string_view>
 
 // --- the targets; the comment at the top of each file describes its inputs
+void FuzzCheck(std::string_view Input);
+void FuzzCommandLine(std::string_view Input);
+void FuzzEval(std::string_view Input);
+void FuzzFormat(std::string_view Input);
 void FuzzScript(std::string_view Input);
 
 // --- findings

@@ -24,6 +24,10 @@ struct cFuzzTarget
 // clang-format off
 static const cFuzzTarget s_Targets[] =
 {
+    { "check",        FuzzCheck       },
+    { "command_line", FuzzCommandLine },
+    { "eval",         FuzzEval        },
+    { "format",       FuzzFormat      },
     { "script",       FuzzScript      },
 };
 // clang-format on

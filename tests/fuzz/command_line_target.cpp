@@ -1,0 +1,67 @@
+// command_line_target.cpp - the input's lines up to an empty one are the arguments of
+// the console program; the rest is standard input and the content of the files
+// "a.txt" and "a.bmp". Nothing leaves the scratch folder, no run is long. "debug" is
+// left out: its session waits for a person, starts editors and runs without an end.
+
+#include <algorithm>
+#include <sstream>
+
+#include "console/console.h"
+#include "tests/fuzz/fuzz_target.h"
+#include "tests/fuzz/script_text.h"
+
+static const size_t kMostArguments = 20;
+
+// Division remains.
+static std::string TameArgument(std::string_view Text)
+{
+    const size_t nEnd = std::min(Text.find('\0'), Text.size());
+    return nEnd == 1 ? std::string(Text.substr(0, 1)) : WithoutSlashes(Text.substr(0, nEnd));
+}
+
+static std::vector<std::string> TakeArguments(std::string_view *pInput)
+{
+    std::vector<std::string> Arguments;
+    while (!pInput->empty())
+    {
+        const size_t      nEnd = std::min(pInput->find('\n'), pInput->size());
+        const std::string Word = TameArgument(pInput->substr(0, nEnd));
+        pInput->remove_prefix(std::min(nEnd + 1, pInput->size()));
+        if (Word.empty())
+            break;
+        if (Arguments.size() < kMostArguments && !Word.starts_with("--realtime"))
+            Arguments.push_back(Word);
+    }
+    return Arguments;
+}
+
+// The last option of a name counts.
+static void LimitRun(std::vector<std::string> *pArguments)
+{
+    pArguments->insert(std::find(pArguments->begin(), pArguments->end(), "--"), "--max-lines=999");
+}
+
+void FuzzCommandLine(std::string_view Input)
+{
+    std::vector<std::string> Arguments = TakeArguments(&Input);
+    if (Arguments.empty() || Arguments[0] == "debug")
+        return;
+    if (Arguments[0] == "run")
+        LimitRun(&Arguments);
+    const cScratchFolder Scratch;
+    const std::string    Text = Arguments[0] == "script" ? TameScript(Input) : std::string(Input);
+    WriteScratch("a.txt", Text);
+    WriteScratch("a.bmp", Text);
+    std::istringstream In(Text);
+    std::ostringstream Out;
+    std::ostringstream Err;
+
+    std::vector<const char *> Words;
+    for (const std::string &Argument : Arguments)
+        Words.push_back(Argument.c_str());
+    const int nExitCode =
+        RunConsole(static_cast<int>(Words.size()), Words.data(), {&In, &Out, &Err});
+
+    FUZZ_CHECK(nExitCode >= kExitDone && nExitCode <= kExitHalted);
+    FUZZ_CHECK(nExitCode == kExitDone || !Out.str().empty() || !Err.str().empty());
+}
