@@ -12,6 +12,9 @@ void FuzzCheck(std::string_view Input);
 void FuzzCommandLine(std::string_view Input);
 void FuzzEval(std::string_view Input);
 void FuzzFormat(std::string_view Input);
+void FuzzKeys(std::string_view Input);
+void FuzzListing(std::string_view Input);
+void FuzzNumbers(std::string_view Input);
 void FuzzScript(std::string_view Input);
 
 // --- findings

@@ -28,6 +28,9 @@ static const cFuzzTarget s_Targets[] =
     { "command_line", FuzzCommandLine },
     { "eval",         FuzzEval        },
     { "format",       FuzzFormat      },
+    { "keys",         FuzzKeys        },
+    { "listing",      FuzzListing     },
+    { "numbers",      FuzzNumbers     },
     { "script",       FuzzScript      },
 };
 // clang-format on
