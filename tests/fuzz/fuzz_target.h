@@ -8,14 +8,17 @@
 #include <string_view>
 
 // --- the targets; the comment at the top of each file describes its inputs
+void FuzzBmpGif(std::string_view Input);
 void FuzzCheck(std::string_view Input);
 void FuzzCommandLine(std::string_view Input);
+void FuzzDataFile(std::string_view Input);
 void FuzzEval(std::string_view Input);
 void FuzzFormat(std::string_view Input);
 void FuzzKeys(std::string_view Input);
 void FuzzListing(std::string_view Input);
 void FuzzNumbers(std::string_view Input);
 void FuzzScript(std::string_view Input);
+void FuzzSvg(std::string_view Input);
 
 // --- findings
 // Each prints what is wrong and ends the process, which the fuzzer reports together

@@ -24,14 +24,17 @@ struct cFuzzTarget
 // clang-format off
 static const cFuzzTarget s_Targets[] =
 {
+    { "bmp_gif",      FuzzBmpGif      },
     { "check",        FuzzCheck       },
     { "command_line", FuzzCommandLine },
+    { "data_file",    FuzzDataFile    },
     { "eval",         FuzzEval        },
     { "format",       FuzzFormat      },
     { "keys",         FuzzKeys        },
     { "listing",      FuzzListing     },
     { "numbers",      FuzzNumbers     },
     { "script",       FuzzScript      },
+    { "svg",          FuzzSvg         },
 };
 // clang-format on
 
