@@ -18,6 +18,7 @@ void FuzzKeys(std::string_view Input);
 void FuzzListing(std::string_view Input);
 void FuzzNumbers(std::string_view Input);
 void FuzzScript(std::string_view Input);
+void FuzzSession(std::string_view Input);
 void FuzzSvg(std::string_view Input);
 
 // --- findings

@@ -1,9 +1,10 @@
 // keys_target.cpp - a listing and, after a byte 0xFF, key events of two bytes each:
 // how many lines are executed before it, and what it is. In a run it comes after them;
 // between runs it comes at once. Whether the host is called after every line or only
-// where it asked to be must not make a difference.
+// where it asked to be, and whether runs are traced, must not make a difference.
 
 #include <algorithm>
+#include <cstdio>
 
 #include "engine/key_codes.h"
 #include "tests/fuzz/fuzz_calculator.h"
@@ -23,8 +24,8 @@ public:
     void     StartSound(unsigned nId) override { m_Sounds += std::to_string(nId) + " "; }
     unsigned DrainMessages(unsigned nLines) override;
 
-    // Until there are no more.
-    void DeliverAll();
+    // Until there are no more, with a trace or without.
+    void DeliverAll(int bTraced);
 
     std::string m_Sounds;
 
@@ -70,12 +71,25 @@ unsigned cKeyedCalculator::DrainMessages(unsigned nLines)
     return m_Events.empty() ? nLeft : std::min(nLeft, std::max(1U, LinesToNext()));
 }
 
-void cKeyedCalculator::DeliverAll()
+// The trace itself goes nowhere.
+void cKeyedCalculator::DeliverAll(int bTraced)
 {
-    m_Calculator.m_Engine.OnCalcKey(kKeyRunStop, 1);
-    m_Calculator.m_Engine.OnCalcKey(kKeyRunStop, 0);
+    static FILE *const    s_pNowhere = fopen("/dev/null", "w");
+    cVorstekEngine *const pEngine    = &m_Calculator.m_Engine;
+    pEngine->SetTraceStream(s_pNowhere);
+    pEngine->ApplyOptions({0, 0, bTraced, 0});
+    pEngine->OnCalcKey(kKeyRunStop, 1);
+    pEngine->OnCalcKey(kKeyRunStop, 0);
     while (!m_Events.empty())
         DeliverNext();
+    pEngine->ApplyOptions({});
+}
+
+static void CheckSame(cKeyedCalculator *pActual, cKeyedCalculator *pExpected)
+{
+    FUZZ_CHECK_TEXT(pActual->StateText(), pExpected->StateText());
+    FUZZ_CHECK_TEXT(pActual->m_Sounds, pExpected->m_Sounds);
+    FUZZ_CHECK(pActual->m_Boxes == pExpected->m_Boxes);
 }
 
 void FuzzKeys(std::string_view Input)
@@ -83,15 +97,15 @@ void FuzzKeys(std::string_view Input)
     const cTwoParts  Parts = DivideInput(Input);
     cKeyedCalculator Often(Parts.m_Rest, 1);
     cKeyedCalculator Seldom(Parts.m_Rest, 0);
-
-    for (cKeyedCalculator *pCalculator : {&Often, &Seldom})
-    {
+    cKeyedCalculator Traced(Parts.m_Rest, 0);
+    for (cKeyedCalculator *pCalculator : {&Often, &Seldom, &Traced})
         pCalculator->Load(Parts.m_Text);
-        pCalculator->DeliverAll();
-        pCalculator->CheckState();
-    }
 
-    FUZZ_CHECK_TEXT(Seldom.StateText(), Often.StateText());
-    FUZZ_CHECK_TEXT(Seldom.m_Sounds, Often.m_Sounds);
-    FUZZ_CHECK(Seldom.m_Boxes == Often.m_Boxes);
+    Often.DeliverAll(0);
+    Seldom.DeliverAll(0);
+    Traced.DeliverAll(1);
+
+    Often.CheckState();
+    CheckSame(&Seldom, &Often);
+    CheckSame(&Traced, &Often);
 }

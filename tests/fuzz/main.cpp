@@ -34,6 +34,7 @@ static const cFuzzTarget s_Targets[] =
     { "listing",      FuzzListing     },
     { "numbers",      FuzzNumbers     },
     { "script",       FuzzScript      },
+    { "session",      FuzzSession     },
     { "svg",          FuzzSvg         },
 };
 // clang-format on

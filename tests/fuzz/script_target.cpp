@@ -1,4 +1,5 @@
-// script_target.cpp - the input is a script. What it prints are lines of JSON.
+// script_target.cpp - the input is a script. What it prints are lines of JSON. The file
+// "a.txt" has the same content: as a listing, a data file or something to replace.
 
 #include <sstream>
 
@@ -10,9 +11,10 @@
 void FuzzScript(std::string_view Input)
 {
     const cScratchFolder Scratch;
-    std::istringstream   In(TameScript(Input));
-    std::ostringstream   Out;
-    std::ostringstream   Err;
+    WriteScratch("a.txt", Input);
+    std::istringstream In(TameScript(Input));
+    std::ostringstream Out;
+    std::ostringstream Err;
 
     const int nExitCode = ScriptCommand({}, {&In, &Out, &Err});
 
