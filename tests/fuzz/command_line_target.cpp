@@ -2,6 +2,7 @@
 // the console program; the rest is standard input and the content of the files
 // "a.txt" and "a.bmp". Nothing leaves the scratch folder, no run is long. "debug" is
 // left out: its session waits for a person, starts editors and runs without an end.
+// With --json as the first argument of a command, what it prints is strict JSON.
 
 #include <algorithm>
 #include <sstream>
@@ -9,6 +10,7 @@
 #include "console/console.h"
 #include "tests/fuzz/fuzz_target.h"
 #include "tests/fuzz/script_text.h"
+#include "tests/fuzz/strict_json.h"
 
 static const size_t kMostArguments = 20;
 
@@ -41,6 +43,14 @@ static void LimitRun(std::vector<std::string> *pArguments)
     pArguments->insert(std::find(pArguments->begin(), pArguments->end(), "--"), "--max-lines=999");
 }
 
+// In any other place it may be the value of another option.
+static int PrintsJson(const std::vector<std::string> &Arguments)
+{
+    const auto IsHelp = [](const std::string &Word) { return Word == "--help" || Word == "-h"; };
+    return Arguments.size() > 1 && Arguments[1] == "--json" &&
+           std::none_of(Arguments.begin(), Arguments.end(), IsHelp);
+}
+
 void FuzzCommandLine(std::string_view Input)
 {
     std::vector<std::string> Arguments = TakeArguments(&Input);
@@ -64,4 +74,6 @@ void FuzzCommandLine(std::string_view Input)
 
     FUZZ_CHECK(nExitCode >= kExitDone && nExitCode <= kExitHalted);
     FUZZ_CHECK(nExitCode == kExitDone || !Out.str().empty() || !Err.str().empty());
+    if (PrintsJson(Arguments) && nExitCode != kExitUsage)
+        CheckJsonLines(Out.str());
 }
