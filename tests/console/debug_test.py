@@ -3,6 +3,7 @@
 import os
 import signal
 import subprocess
+import time
 
 import console_case
 from console_case import TIMEOUT, ConsoleCase, LinuxCase, main
