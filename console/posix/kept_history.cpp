@@ -3,16 +3,15 @@
 #include <fcntl.h>
 #include <histedit.h>
 #include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <chrono>
+#include <cstdio>
 #include <memory>
 #include <thread>
 #include <utility>
 
 #include "toolkit/disk_file.h"
-#include "toolkit/replacement_file.h"
 
 // Another session holds the lock for some milliseconds. Longer than a second: it has been
 // stopped, and is not waited for.
@@ -77,17 +76,23 @@ void cKeptHistory::Load(History *pHistory) const
         history(pHistory, &Event, H_LOAD, m_FileName.c_str());
 }
 
+// Complete at any moment, but not forced onto the disk: the next line would have to wait,
+// and the terminal would show what is typed meanwhile in the wrong place.
 void cKeptHistory::Save(History *pHistory) const
 {
-    HistEvent        Event;
-    cReplacementFile File;
-    const mode_t     nFormer = umask(0077);
-    if (File.Open(m_FileName.c_str(), "wb"))
-    {
-        history(pHistory, &Event, H_SAVE_FP, File.Stream());
-        File.Commit();
-    }
-    umask(nFormer);
+    HistEvent         Event;
+    const std::string Target = FollowLinks(m_FileName.c_str());
+    const std::string New    = Target + ".new";
+    const int         nFile =
+        open(New.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0600);
+    FILE *const pFile = nFile < 0 ? nullptr : fdopen(nFile, "wb");
+    if (!pFile)
+        return;
+    history(pHistory, &Event, H_SAVE_FP, pFile);
+    const int bWritten = fflush(pFile) == 0 && !ferror(pFile);
+    fclose(pFile);
+    if (!bWritten || rename(New.c_str(), Target.c_str()) != 0)
+        unlink(New.c_str());
 }
 
 void cKeptHistory::Add(const std::string &Line) const

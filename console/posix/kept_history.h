@@ -18,8 +18,7 @@ public:
     // Reads the lines that are there.
     void Load(History *pHistory) const;
 
-    // Adds a line. The file is replaced by one with that line; a new one is for this
-    // user alone. A line that cannot be kept is not missed.
+    // Adds a line. The file is replaced by one with that line, for this user alone. A line that cannot be kept is not missed.
     void Add(const std::string &Line) const;
 
 private:
