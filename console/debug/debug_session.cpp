@@ -57,6 +57,8 @@ std::vector<std::span<const cSessionCommand>> cDebugSession::Commands() const
 
 // --- what is shown
 
+static const size_t kRowsOfProgram = 5;
+
 // "> 12 STO 5", "* 12 STO 5" at a breakpoint.
 std::string cDebugSession::ProgramRow(unsigned nLine)
 {
@@ -73,16 +75,25 @@ std::vector<std::string> cDebugSession::WatchRows()
     return Rows;
 }
 
-// The current line with two on either side.
-std::vector<std::string> cDebugSession::Rows()
+// The current line with two on either side, fewer where there is little room, and below
+// them what is watched, which goes first.
+std::vector<std::string> cDebugSession::Rows(size_t nMost)
 {
+    std::vector<std::string> Watched  = WatchRows();
     const unsigned           nCurrent = State().m_nCurLine;
-    const unsigned           nFirst   = std::min(nCurrent > 2 ? nCurrent - 2 : 0, kLastLine - 4);
+    const size_t             nRoom    = nMost > Watched.size() ? nMost - Watched.size() : 0;
+    const auto     nLines = static_cast<unsigned>(std::clamp<size_t>(nRoom, 1, kRowsOfProgram));
+    const unsigned nAbove = (nLines - 1) / 2;
+    const unsigned nFirst =
+        std::min(nCurrent > nAbove ? nCurrent - nAbove : 0, kLastLine + 1 - nLines);
     std::vector<std::string> Rows;
-    for (unsigned nLine = nFirst; nLine < nFirst + 5; nLine++)
+    for (unsigned nLine = nFirst; nLine < nFirst + nLines; nLine++)
         Rows.push_back(ProgramRow(nLine));
-    for (const std::string &Row : WatchRows())
-        Rows.push_back(Row);
+    if (nMost > nLines)
+        Watched.resize(std::min(Watched.size(), nMost - nLines));
+    else
+        Watched.clear();
+    Rows.insert(Rows.end(), Watched.begin(), Watched.end());
     return Rows;
 }
 

@@ -19,7 +19,7 @@ public:
     int Load(const std::string &Name);
 
     const char                                   *Prompt() const override { return "debug> "; }
-    std::vector<std::string>                      Rows() override;
+    std::vector<std::string>                      Rows(size_t nMost) override;
     std::vector<std::string>                      PlainRows() override;
     std::vector<std::string>                      News() override { return m_News; }
     std::vector<std::span<const cSessionCommand>> Commands() const override;

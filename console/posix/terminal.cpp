@@ -37,6 +37,14 @@ unsigned TerminalWidth()
     return Size.ws_col;
 }
 
+unsigned TerminalHeight()
+{
+    winsize Size = {};
+    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &Size) != 0 || Size.ws_row == 0)
+        return 24;
+    return Size.ws_row;
+}
+
 // $XDG_STATE_HOME, which has to be absolute, or what stands for it.
 static std::filesystem::path StateFolder()
 {

@@ -64,14 +64,30 @@ void cScreen::PrintRow(const std::string &Text, const char *szStyle)
 }
 
 // In one row where there is room.
-void cScreen::ShowModes(cSession *pSession)
+static std::vector<std::string> ModeRows(cSession *pSession)
 {
     const std::string LastX = "LASTx " + pSession->LastXText();
     const std::string Modes = pSession->ModesText();
     if (LastX.size() + Modes.size() + 2 <= TerminalWidth())
-        return PrintRow(LastX + "  " + Modes, kFaint);
-    PrintRow(LastX, kFaint);
-    PrintRow(Modes, kFaint);
+        return {LastX + "  " + Modes};
+    return {LastX, Modes};
+}
+
+static std::vector<std::string> RowsIn(const std::string &Text)
+{
+    std::vector<std::string> Rows;
+    std::istringstream       Lines(Text);
+    for (std::string Row; std::getline(Lines, Row);)
+        Rows.push_back(Row);
+    return Rows;
+}
+
+static size_t CountRows(const std::vector<std::string> &Rows)
+{
+    size_t nCount = 0;
+    for (const std::string &Row : Rows)
+        nCount += RowsOf(Row);
+    return nCount;
 }
 
 void cScreen::Show(cSession *pSession)
@@ -79,19 +95,27 @@ void cScreen::Show(cSession *pSession)
     m_Rows.clear();
     if (!m_bRedraws)
         return;
-    for (const std::string &Row : pSession->Rows())
+    std::ostringstream Text;
+    PrintStack(pSession->State(), &Text);
+    const std::vector<std::string> Stack  = RowsIn(Text.str());
+    const std::vector<std::string> News   = pSession->News();
+    const std::vector<std::string> Errors = RowsIn(pSession->Error());
+    const std::vector<std::string> Modes  = ModeRows(pSession);
+
+    // The line that is typed has a row as well.
+    const size_t nBelow =
+        CountRows(Modes) + CountRows(Stack) + CountRows(News) + CountRows(Errors) + 1;
+    const size_t nHeight = TerminalHeight();
+    for (const std::string &Row : pSession->Rows(nHeight > nBelow ? nHeight - nBelow : 0))
         PrintRow(CutToRow(Row), Row[0] == '>' ? kBold : "");
-    ShowModes(pSession);
-    std::ostringstream Stack;
-    PrintStack(pSession->State(), &Stack);
-    std::istringstream Rows(Stack.str());
-    for (std::string Row; std::getline(Rows, Row);)
+    for (const std::string &Row : Modes)
+        PrintRow(Row, kFaint);
+    for (const std::string &Row : Stack)
         PrintRow(Row, Row[0] == 'X' ? kBold : "");
-    for (const std::string &Row : pSession->News())
+    for (const std::string &Row : News)
         PrintRow(Row, "");
-    std::istringstream Errors(pSession->Error());
-    for (std::string Error; std::getline(Errors, Error);)
-        PrintRow(Error, kRed);
+    for (const std::string &Row : Errors)
+        PrintRow(Row, kRed);
 }
 
 void cScreen::Answer(cSession *pSession, const std::string &Typed)

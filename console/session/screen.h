@@ -26,7 +26,6 @@ public:
 
 private:
     void PrintRow(const std::string &Text, const char *szStyle);
-    void ShowModes(cSession *pSession);
 
     const cStreams          &m_Streams;
     const int                m_bRedraws;

@@ -47,9 +47,9 @@ public:
     // What stands before the line that is typed in a terminal.
     virtual const char *Prompt() const { return "> "; }
 
-    // The rows that are drawn above the stack, and what a plain terminal gets in their
-    // place before X.
-    virtual std::vector<std::string> Rows() { return {}; }
+    // The rows that are drawn above the stack, at most nMost if it can do with less, and
+    // what a plain terminal gets in their place before X.
+    virtual std::vector<std::string> Rows(size_t /*nMost*/) { return {}; }
     virtual std::vector<std::string> PlainRows() { return {}; }
 
     // What the last line has brought about beside the stack.

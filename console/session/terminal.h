@@ -18,6 +18,9 @@ int CanRedrawErrors();
 // Characters in a line, 80 where nobody knows. It changes while the program runs.
 unsigned TerminalWidth();
 
+// Lines of the terminal, 24 where nobody knows. It changes as well.
+unsigned TerminalHeight();
+
 // Where this user's programs keep such files, made if it is not there:
 // "/home/kim/.local/state/vorstek/history". "" where there is none.
 std::string HistoryFile();

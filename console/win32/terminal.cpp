@@ -32,6 +32,11 @@ unsigned TerminalWidth()
     return 80;
 }
 
+unsigned TerminalHeight()
+{
+    return 24;
+}
+
 std::string HistoryFile()
 {
     return "";

@@ -24,6 +24,20 @@ class DebugTerminalTest(TerminalCase):
         terminal.wait_for("  03 LBL 1 ; again", "  04 DSZ", "> 05 GTO 1", "  06 9", "  07 R/S",
                           *stack("3.00"), "debug>")
 
+    def test_the_current_line_is_visible_in_a_window_of_few_rows(self):
+        terminal = self.debugger(size="80x8")
+        terminal.line("watch r0")
+        terminal.line("watch y")
+        terminal.line("step 2")
+        terminal.wait_for("> 03 LBL 1 ; again", *stack("3.00"), "watch r0: 0 -> 3", "debug>")
+        terminal.line("step")
+        screen = terminal.wait_for("> 04 DSZ", "r0 = 3", *stack("3.00"), "debug>")
+        self.assertEqual(len(screen), 8)
+        terminal.resize(80, 11)
+        terminal.line("step")
+        terminal.wait_for("> 05 GTO 1", "  06 9", "r0 = 2", "y = 0", *stack("3.00"),
+                          "watch r0: 3 -> 2", "debug>")
+
     def test_watched_numbers_are_drawn_and_a_stop_says_why(self):
         terminal = self.debugger()
         terminal.line("watch r0")
