@@ -3,10 +3,8 @@
 import os
 import re
 import signal
-import subprocess
 import time
 
-import console_case
 from console_case import main
 from terminal import TerminalCase, stack, wait_until
 
@@ -152,26 +150,19 @@ class SessionTest(TerminalCase):
     def test_sigterm_ends_the_session(self):
         terminal = self.terminal()
         terminal.type("4 5")
-        os.kill(self.pid_of_program(), signal.SIGTERM)
+        os.kill(terminal.program(), signal.SIGTERM)
         terminal.wait_for("exit code 143")
 
     def test_ctrl_z_gives_the_terminal_back_until_the_program_goes_on(self):
         terminal = self.terminal()
         terminal.type("4 5")
-        pid = self.pid_of_program()
+        pid = terminal.program()
         os.kill(pid, signal.SIGTSTP)        # as Ctrl-Z in a shell with jobs
         wait_until(lambda: self.state_of(pid) == "T")
         os.kill(pid, signal.SIGCONT)
         wait_until(lambda: self.state_of(pid) == "S")
         terminal.line(" *")
         terminal.wait_for(*stack("20.00", last="5.00"), ">")
-
-    def pid_of_program(self):
-        found = subprocess.run(["pgrep", "-f", f"^{console_case.command[-1]}$"], check=True,
-                               capture_output=True, text=True).stdout.split()
-        own = [pid for pid in found if os.readlink(f"/proc/{pid}/cwd") == self.folder]
-        self.assertEqual(len(own), 1)
-        return int(own[0])
 
     @staticmethod
     def state_of(pid):

@@ -56,10 +56,21 @@ class Terminal:
         self.type(text)
         self.keys("Enter")
 
+    def program(self):
+        """The process number of the program."""
+        shell = self._tmux("display-message", "-p", "#{pane_pid}").strip()
+        found = subprocess.run(["pgrep", "-P", shell], check=True, capture_output=True, text=True)
+        return int(found.stdout.split()[0])
+
     def run_line(self, text):
-        """A line that runs a program: the cursor has left it and the prompt is not back."""
+        """A line that runs a program, which then calculates."""
+        def ticks():
+            with open(f"/proc/{self.program()}/stat", encoding="ascii") as file:
+                return int(file.read().rpartition(")")[2].split()[11])
+
+        before = ticks()
         self.line(text)
-        wait_until(lambda: self._tmux("display-message", "-p", "#{cursor_x}").strip() == "0")
+        wait_until(lambda: ticks() > before + 5)
 
     def resize(self, width, height):
         """tmux lets some time pass before the programs in the window see it."""
