@@ -66,7 +66,7 @@ static void SetTimer(int nMicroseconds)
     setitimer(ITIMER_VIRTUAL, &Once, nullptr);
 }
 
-// A pause sleeps for a second.
+// A pause sleeps for a second where there is a terminal.
 static std::string WithoutPauses(std::string_view Text)
 {
     static const std::string_view s_Pause = "pause";
@@ -89,7 +89,7 @@ static void Type(const std::string &Line, cSeenSession *pSession)
     SetTimer(kRunMicroseconds);
     pSession->Perform(Line);
     SetTimer(0);
-    pSession->Rows();
+    pSession->Rows(24);
     pSession->PlainRows();
     pSession->News();
 }
@@ -104,13 +104,7 @@ static void CheckUndo(cSeenSession *pSession)
         if (!pSession->Error().empty())
             break;
         Undone.push_back(pSession->Seen());
-        if (!pSession->HasSeen(Undone.back()))
-        {
-            for (auto &x : pSession->m_Seen)
-                fprintf(stderr, "SEEN %s\n", x.c_str());
-            fprintf(stderr, "UNDO %s\n", Undone.back().c_str());
-            abort();
-        }
+        FUZZ_CHECK(pSession->HasSeen(Undone.back()));
     }
     for (; Undone.size() > 1; Undone.pop_back())
     {
