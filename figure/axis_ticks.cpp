@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 
 #include "graph/plot_range.h"
 
@@ -73,8 +74,10 @@ cRoundStep ChooseStep(double dHalf, uint32_t nWanted)
 {
     static const int s_Digits[] = {1, 2, 5};
 
+    // The whole range may be more than a double holds.
+    const double dMost   = std::numeric_limits<double>::max();
     const double dWanted = std::max(nWanted, 2U) - 1.0;
-    const int    nPower  = FloorLog10(dHalf / dWanted * 2);
+    const int    nPower  = FloorLog10(std::min(dHalf / dWanted, dMost / 2) * 2);
     cRoundStep   Best    = {1, nPower};
     for (int nExponent = nPower; nExponent <= nPower + 1; nExponent++)
         for (const int nDigit : s_Digits)
