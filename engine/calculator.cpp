@@ -12,8 +12,8 @@ static const unsigned kCodeLineNumber = 114;
 cCalculator::cCalculator(cVorstekHost *pHost, cLineBox *pListing, cLineBox *pRegisters)
     : cVorstekState{}, m_pHost(pHost), m_pListing(pListing), m_pRegisters(pRegisters),
       m_mapHandlers(kBuckets, pHost), m_nRuns(0), m_bRunFailed(0), m_bInRun(0),
-      m_bInterrupted(0), m_RunLines{}, m_pObserver(nullptr), m_nLoaderLine(0), m_bListingComplete(1),
-      m_bStackStale(1), m_bDisplayShowsX(1), m_bHighlightStale(0),
+      m_bInterrupted(0), m_RunLines{}, m_pObserver(nullptr), m_nLoaderLine(0),
+      m_bListingComplete(1), m_bStackStale(1), m_bDisplayShowsX(1), m_bHighlightStale(0),
       m_bPaintStale(0), m_bRegisterStale{}, m_nSelectRegister(-1)
 {
     m_bStackLift = 1;
