@@ -1,14 +1,15 @@
 #include "console/session/graph_history.h"
 
-#include <utility>
-
 #include "console/headless_host.h"
 #include "graph/vantor_data_set.h"
 
+static cGraphTexts TextsOf(const cVantorPlot &Plot)
+{
+    return {Plot.Settings().m_szTitle, Plot.Settings().m_szHorzLabel};
+}
+
 cGraphHistory::cGraphHistory(cHeadlessHost *pHost)
-    : m_pHost(pHost), m_Texts{pHost->m_Plot.Settings().m_szTitle,
-                              pHost->m_Plot.Settings().m_szHorzLabel},
-      m_nCleared(pHost->m_nGraphsCleared)
+    : m_pHost(pHost), m_Texts(TextsOf(pHost->m_Plot)), m_nCleared(pHost->m_nGraphsCleared)
 {
     TakeChange();
 }
@@ -28,8 +29,9 @@ cGraphChange cGraphHistory::TakeChange()
     {
         Change.m_bCleared = 1;
         Change.m_Cleared.swap(m_Lines);
-        Change.m_ClearedTexts = std::exchange(m_Texts, {});
-        m_nCleared            = m_pHost->m_nGraphsCleared;
+        Change.m_TextsBefore = m_Texts;
+        Change.m_TextsAfter = m_Texts = TextsOf(m_pHost->m_Plot);
+        m_nCleared                    = m_pHost->m_nGraphsCleared;
     }
     const uint32_t nLines = m_pHost->m_Plot.Count();
     for (uint32_t nLine = 1; nLine <= nLines; nLine++)
@@ -64,7 +66,7 @@ void cGraphHistory::Undo(const cGraphChange &Change)
     if (Change.m_bCleared)
     {
         m_Lines = Change.m_Cleared;
-        m_Texts = Change.m_ClearedTexts;
+        m_Texts = Change.m_TextsBefore;
     }
     Revert();
 }
@@ -76,7 +78,7 @@ void cGraphHistory::Redo(const cGraphChange &Change)
     if (Change.m_bCleared)
     {
         m_Lines.clear();
-        m_Texts = {};
+        m_Texts = Change.m_TextsAfter;
     }
     Append(Change.m_Added);
     Revert();

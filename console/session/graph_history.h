@@ -13,22 +13,21 @@ class cHeadlessHost;
 typedef std::vector<std::pair<float, float>> cGraphPoints;
 typedef std::vector<cGraphPoints>            cGraphLines;  // data lines, in their order
 
-// An empty one is not drawn.
 struct cGraphTexts
 {
     std::string m_Title;
     std::string m_HorzLabel;
 };
 
-// Only clearing changes the texts: it empties them.
 struct cGraphChange
 {
     int IsEmpty() const { return !m_bCleared && m_Added.empty(); }
 
     int         m_bCleared = 0;
     cGraphLines m_Cleared;  // all that there was before
-    cGraphTexts m_ClearedTexts;
-    cGraphLines m_Added;  // to the end of each line, after the clearing
+    cGraphTexts m_TextsBefore;
+    cGraphTexts m_TextsAfter;  // none, unless another history has drawn the graph again
+    cGraphLines m_Added;       // to the end of each line, after the clearing
 };
 
 class cGraphHistory

@@ -288,3 +288,14 @@ TEST_CASE("quantities and conditions are read in their forms, other texts are re
          {"", "0", "99", "LBL", "LBL 10", "LBL x", "12 13", "12 x<0", "12 if", "12 if x"})
         CHECK_MESSAGE(!cBreakpoint::Parse(szText), szText);
 }
+
+TEST_CASE("lines that are taken back leave the graph its texts, for undo and redo too")
+{
+    cDebugRig         Rig("5\nSumG\n6\nSumG\n");
+    const std::string Picture = Rig.m_Folder.Name("graph.svg");
+    Rig.Type({"step 4", "back", "plot " + Picture});
+    CHECK(Rig.m_Folder.Read("graph.svg").find("My Graph") != std::string::npos);
+
+    Rig.Type({"undo", "redo", "plot " + Picture});
+    CHECK(Rig.m_Folder.Read("graph.svg").find("My Graph") != std::string::npos);
+}
