@@ -3,6 +3,7 @@
 import gzip
 import hashlib
 import json
+import os
 import pathlib
 import re
 import tempfile
@@ -48,7 +49,7 @@ class DebianTest(unittest.TestCase):
             kept |= {folder + name: data for name, data in held.items()}
         papers = [DOCS + name for name in ("changelog.gz", "console.md", "copyright", "LICENSE")]
         completions = ["usr/share/bash-completion/completions/vorstek-cli",
-                       "usr/share/zsh/site-functions/_vorstek-cli",
+                       "usr/share/zsh/vendor-completions/_vorstek-cli",
                        "usr/share/fish/vendor_completions.d/vorstek-cli.fish"]
         self.assertEqual(sorted(self.held),
                          sorted(["usr/bin/vorstek-cli", PAGE, *completions, *papers, *kept]))
@@ -96,6 +97,11 @@ class DebianTest(unittest.TestCase):
         lines = (self.root / "control/md5sums").read_text().splitlines()
         self.assertEqual(sorted(lines), sorted(
             f"{hashlib.md5(data).hexdigest()}  {name}" for name, data in self.held.items()))
+
+    def test_zsh_looks_where_its_completions_are(self):
+        done = run("zsh", "-f", "-c", "print -l $fpath")
+        folder, = {os.path.dirname(name) for name in self.held if name.endswith("/_vorstek-cli")}
+        self.assertIn("/" + folder, done.stdout.decode().split("\n"))
 
     def test_the_program_runs(self):
         done = self.program("--help")
