@@ -54,13 +54,22 @@ std::string ScratchFile()
     return Error ? "" : Name;
 }
 
-// EDITOR may hold options; Notepad is everywhere.
+// VISUAL and EDITOR may hold options; Notepad is everywhere.
+static std::string Editor()
+{
+    for (const char *const szVariable : {"VISUAL", "EDITOR"})
+    {
+        const char *const szEditor = getenv(szVariable);
+        if (szEditor && *szEditor)
+            return szEditor;
+    }
+    return "notepad.exe";
+}
+
 int EditFile(const std::string &Name)
 {
-    const char *const szEditor  = getenv("EDITOR");
-    const std::string Editor    = szEditor && *szEditor ? szEditor : "notepad.exe";
-    std::string       Command   = Editor + " \"" + Name + "\"";
-    STARTUPINFOA      Startup   = {};
+    std::string  Command        = Editor() + " \"" + Name + "\"";
+    STARTUPINFOA Startup        = {};
     Startup.cb                  = sizeof Startup;
     PROCESS_INFORMATION Process = {};
     if (!CreateProcessA(nullptr, Command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
