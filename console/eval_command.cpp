@@ -2,7 +2,6 @@
 // numbers, or each line of standard input.
 
 #include <istream>
-#include <new>
 #include <ostream>
 
 #include "console/commands.h"
@@ -25,10 +24,9 @@ public:
 
     eAnswer Ask(const char *szText, const char *, eButtons nButtons, eIcon) override
     {
-        if (nButtons == bnRetryCancel)  // whether to try again when memory is short
-            throw std::bad_alloc();
+        const eAnswer nAnswer = AnswerOf(nButtons);
         *m_pErr << szText << "\n";
-        return nButtons == bnOk ? anOk : anCancel;
+        return nAnswer;
     }
 
 private:

@@ -1,5 +1,7 @@
 #include "console/headless_host.h"
 
+#include <new>
+
 #include <limits>
 
 #include "graph/vantor_data_set.h"
@@ -11,6 +13,13 @@ cHeadlessHost::cHeadlessHost()
 
 // There is no main loop to end. A box has said what failed, such as a trace log that
 // cannot be opened, and the calculator goes on without it.
+eAnswer cHeadlessHost::AnswerOf(eButtons nButtons)
+{
+    if (nButtons == bnRetryCancel)
+        throw std::bad_alloc();
+    return nButtons == bnOk ? anOk : anCancel;
+}
+
 void cHeadlessHost::PostQuit(int) {}
 
 void cHeadlessHost::StartSound(unsigned) {}

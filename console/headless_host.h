@@ -32,6 +32,10 @@ public:
     unsigned CountDataSets() override;
     int      AddGraphPoint(unsigned nLine, double dX, double dY) override;
 
+    // The answer to a box that nobody sees: OK or Cancel. The question whether to try
+    // again when memory is short ends the command: throws std::bad_alloc.
+    static eAnswer AnswerOf(eButtons nButtons);
+
     cVantorPlot m_Plot;
     unsigned    m_nGraphsCleared;  // how often; without that the graph only grows
     int         m_bListingShown;

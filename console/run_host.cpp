@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <new>
 #include <ostream>
 #include <thread>
 
@@ -17,18 +16,16 @@ cRunHost::cRunHost(const cRunOptions &Options, const cStreams &Streams)
 {
 }
 
-// While loading, only the first box matters: it ends the command. So does the question
-// whether to try again when memory is short.
+// While loading, only the first box matters: it ends the command.
 eAnswer cRunHost::Ask(const char *szText, const char *, eButtons nButtons, eIcon)
 {
-    if (nButtons == bnRetryCancel)
-        throw std::bad_alloc();
+    const eAnswer nAnswer = AnswerOf(nButtons);
     if (m_bSaving)
         m_SavingText += std::string(szText) + "\n";
     else if (!m_bLoading || m_nBoxes == 0)
         *m_Streams.m_pErr << szText << "\n";
     m_nBoxes++;
-    return nButtons == bnOk ? anOk : anCancel;
+    return nAnswer;
 }
 
 unsigned cRunHost::DrainMessages(unsigned nLines)

@@ -5,8 +5,6 @@
 
 #include "toolkit/disk_file.h"
 
-typedef std::unique_ptr<FILE, int (*)(FILE *)> cOpenFile;
-
 // Renaming checks the folder's permissions, not the file's, and root passes every
 // check; a file that is marked read-only must not be replaced by anybody.
 static int MayWrite(const char *szName)

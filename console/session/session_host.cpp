@@ -1,7 +1,6 @@
 #include "console/session/session_host.h"
 
 #include <chrono>
-#include <new>
 #include <ostream>
 #include <thread>
 #include <utility>
@@ -20,10 +19,9 @@ cSessionHost::cSessionHost(const cStreams &Streams)
 
 eAnswer cSessionHost::Ask(const char *szText, const char *, eButtons nButtons, eIcon)
 {
-    if (nButtons == bnRetryCancel)  // whether to try again when memory is short
-        throw std::bad_alloc();
+    const eAnswer nAnswer = AnswerOf(nButtons);
     m_Boxes.emplace_back(szText);
-    return nButtons == bnOk ? anOk : anCancel;
+    return nAnswer;
 }
 
 unsigned cSessionHost::DrainMessages(unsigned)

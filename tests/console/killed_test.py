@@ -7,6 +7,7 @@ import subprocess
 import time
 
 import console_case
+from bitmap import noise
 from console_case import LinuxCase, main
 
 # How often each command is killed, at random moments.
@@ -50,16 +51,8 @@ class KilledTest(LinuxCase):
         self.assert_old_or_new("plot", "data.txt", "picture.svg", output="picture.svg")
 
     def test_a_picture_in_256_colours(self):
-        self.write("picture.bmp", self.bitmap(600, 400))
+        self.write("picture.bmp", noise(500))
         self.assert_old_or_new("gif", "picture.bmp", "picture.gif", output="picture.gif")
-
-    @staticmethod
-    def bitmap(width, height):
-        """Noise with 24 bits a pixel."""
-        pixels = random.Random(1).randbytes(width * height * 3)
-        header = b"BM" + (54 + len(pixels)).to_bytes(4, "little") + bytes(4) + bytes([54, 0, 0, 0])
-        return (header + bytes([40, 0, 0, 0]) + width.to_bytes(4, "little") +
-                height.to_bytes(4, "little") + bytes([1, 0, 24, 0]) + bytes(24) + pixels)
 
 
 if __name__ == "__main__":

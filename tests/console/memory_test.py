@@ -2,8 +2,8 @@
 always, and what it writes is the old file or the complete new one."""
 
 import os
-import random
 
+from bitmap import noise
 from console_case import LinuxCase, main
 
 # Loaded before the program; see failing_memory.cpp.
@@ -45,14 +45,7 @@ class MemoryTest(LinuxCase):
         self.write("bad.txt", "foo\nENTRE\nGTO 7\nLBL 2\n")
         self.write("data.txt", "".join(f"{n} {n * n}\n" for n in range(50)))
         self.write("script.txt", SCRIPT)
-        self.write("picture.bmp", self.bitmap(20, 10))
-
-    @staticmethod
-    def bitmap(width, height):
-        pixels = random.Random(1).randbytes(width * height * 3)
-        header = b"BM" + (54 + len(pixels)).to_bytes(4, "little") + bytes(4) + bytes([54, 0, 0, 0])
-        return (header + bytes([40, 0, 0, 0]) + width.to_bytes(4, "little") +
-                height.to_bytes(4, "little") + bytes([1, 0, 24, 0]) + bytes(24) + pixels)
+        self.write("picture.bmp", noise(20))
 
     def perform(self, command, **faults):
         """The command with its files as at the beginning."""
