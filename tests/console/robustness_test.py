@@ -155,9 +155,8 @@ class RandomTest(ConsoleCase):
             arguments += chance.some(7, lambda: chance.choice(words))
             self.start(*arguments)      # its exit code is looked at there
 
-
     def test_random_lines_in_a_debugger(self):
-        self.listing("LBL 1", "STO 3", "GSB 2", "DSZ", "GTO 1", "1/x", "LBL 2", "SumG", "RTN",
+        self.listing("LBL 1", "STO 3", "GSB 2", "DSZ", "R/S", "GTO 1", "1/x", "LBL 2", "SumG", "RTN",
                      name="program.txt")
         words = ["break", "delete", "watch", "unwatch", "step", "next", "until", "finish",
                  "continue", "back", "where", "counts", "undo", "redo", "list", "load", "run",
