@@ -1,10 +1,13 @@
 #include "console/figure_options.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <ostream>
 
 #include "console/arguments.h"
+#include "console/file_reason.h"
+#include "console/input_file.h"
 #include "console/window_picture.h"
 
 // What there is to choose for a data line.
@@ -342,10 +345,10 @@ int ChoosePicture(const cFigureOptions &Options, const std::string &Name, cPictu
     return 1;
 }
 
-static int ReportSaving(eSaving nSaving, const cPictureFile &File, const cStreams &Streams)
+// nError is errno after saving.
+static int ReportSaving(eSaving nSaving, int nError, const cPictureFile &File,
+                        const cStreams &Streams)
 {
-    const std::string Name =
-        File.m_Name == kPictureToOutput ? "standard output" : "'" + File.m_Name + "'";
     switch (nSaving)
     {
     case svDone:
@@ -353,9 +356,10 @@ static int ReportSaving(eSaving nSaving, const cPictureFile &File, const cStream
     case svUnreadable:
         return kExitUsage;  // the source has said why
     case svTooLarge:
-        return ReportUsage(Streams, "not enough memory for the picture " + Name);
+        return ReportUsage(Streams,
+                           "not enough memory for the picture " + ShownOutput(File.m_Name));
     default:
-        return ReportUsage(Streams, "cannot write " + Name);
+        return ReportUnwritable(Streams, File.m_Name, nError);
     }
 }
 
@@ -364,18 +368,19 @@ int SaveFigurePicture(const cFigureOptions &Options, const cPictureFile &File,
 {
     cFigureNotes  Notes;
     const eSaving nSaving = SaveFigure(Options.m_Figure, pSource, File, &Notes);
+    const int     nError  = errno;
     if (nSaving == svDone && Notes.m_nWithoutPlace > 0)
         *Streams.m_pErr << "vorstek-cli: " << Notes.m_nWithoutPlace
                         << (Notes.m_nWithoutPlace == 1 ? " point is" : " points are")
                         << " not drawn: a logarithmic axis begins above 0\n";
-    return ReportSaving(nSaving, File, Streams);
+    return ReportSaving(nSaving, nError, File, Streams);
 }
 
 int SaveWindowPicture(const cFigureOptions &Options, const cPictureFile &File, cVantorPlot *pPlot,
                       const cStreams &Streams)
 {
     ApplyToWindow(Options, pPlot);
-    return ReportSaving(
-        SaveWindowFigure(*pPlot, Options.m_Figure.m_nWidth, Options.m_Figure.m_nHeight, File), File,
-        Streams);
+    const cFigure &Figure  = Options.m_Figure;
+    const eSaving  nSaving = SaveWindowFigure(*pPlot, Figure.m_nWidth, Figure.m_nHeight, File);
+    return ReportSaving(nSaving, errno, File, Streams);
 }

@@ -1,10 +1,12 @@
 // fmt_command.cpp - vorstek-cli fmt: brings listings into the canonical form.
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <ostream>
 
 #include "console/commands.h"
+#include "console/file_reason.h"
 #include "console/finding_report.h"
 #include "console/input_text.h"
 #include "console/unified_diff.h"
@@ -95,7 +97,7 @@ static int FormatFile(const std::string &FileName, const cFmtOptions &Options,
     if (FileName == kStandardInput || KindOfFile(FileName.c_str()) != fkRegular)
         *Streams.m_pOut << New;  // a pipe or a device is not replaced by a file
     else if (New != Text && !WriteListing(FileName, New))
-        return ReportUsage(Streams, "cannot write '" + FileName + "'");
+        return ReportUnwritable(Streams, FileName, errno);
     return kExitDone;
 }
 

@@ -1,9 +1,11 @@
 // gif_command.cpp - vorstek-cli gif: converts a BMP file to a GIF file, with the
 // encoder of the graph's export.
 
+#include <cerrno>
 #include <cstdio>
 
 #include "console/commands.h"
+#include "console/file_reason.h"
 #include "console/input_file.h"
 #include "imaging/bmp_reader.h"
 #include "imaging/byte_sink.h"
@@ -106,6 +108,6 @@ int GifCommand(const std::vector<std::string> &Arguments, const cStreams &Stream
             return ReportUsage(Streams, ShownInput(Parsed.m_Bmp) + " does not fit into memory");
     }
     if (!WritePicture(Reduced, Parsed))
-        return ReportUsage(Streams, "cannot write " + ShownOutput(Parsed.m_Gif));
+        return ReportUnwritable(Streams, Parsed.m_Gif, errno);
     return kExitDone;
 }

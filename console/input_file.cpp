@@ -6,6 +6,7 @@
 #include <new>
 #include <utility>
 
+#include "console/file_reason.h"
 #include "console/progress_line.h"
 
 static const size_t kCopiedBlock = 64 * 1024;
@@ -31,24 +32,14 @@ std::string TooLongInput()
     return "longer than " + std::to_string(kMostMegabytes) + " MB";
 }
 
-// "" if it is something that can be opened, as far as this is known.
-static std::string WhyNotOpened(const char *szName)
-{
-    if (KindOfFile(szName) == fkNone)
-        return "no such file";
-    return IsFolder(szName) ? "is a directory" : "";
-}
-
 cOpenFile OpenNamedInput(const std::string &Name, const cStreams &Streams)
 {
-    const std::string Why = WhyNotOpened(Name.c_str());
-    cOpenFile         File(Why.empty() ? OpenDiskFile(Name.c_str(), "rb") : nullptr, fclose);
-    if (Why.empty() && !File && errno == ENOMEM)
+    errno = 0;
+    cOpenFile File(IsFolder(Name.c_str()) ? nullptr : OpenDiskFile(Name.c_str(), "rb"), fclose);
+    if (!File && errno == ENOMEM)
         throw std::bad_alloc();
-    if (!Why.empty())
-        RefuseInput(Streams, Name, Why);
-    else if (!File)
-        RefuseInput(Streams, Name, errno == EACCES ? "permission denied" : "");
+    if (!File)
+        RefuseInput(Streams, Name, WhyNotRead(Name, errno));
     return File;
 }
 

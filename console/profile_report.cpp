@@ -29,30 +29,48 @@ static int IsRunStop(const ProgramLine &Line)
     return Line.m_pInstruction && Line.m_pInstruction->m_nRole == rlStop;
 }
 
+// Where the comments that follow a program line end.
+static unsigned EndOfComments(unsigned nLine, const cVorstekState &State,
+                              const cMemoryLineBox &Listing)
+{
+    return nLine < kLastLine ? State.m_Program[nLine + 1].m_nListingLine : Listing.CountLines();
+}
+
 // The last program line to print.
-static unsigned LastLine(const cRunProfile &Profile, const cVorstekState &State)
+static unsigned LastLine(const cRunProfile &Profile, const cVorstekState &State,
+                         const cMemoryLineBox &Listing)
 {
     unsigned nLast = kLastLine;
-    while (nLast > 1 && Profile.CountOf(nLast) == 0 && IsRunStop(State.m_Program[nLast]))
+    while (nLast > 1 && Profile.CountOf(nLast) == 0 && IsRunStop(State.m_Program[nLast]) &&
+           EndOfComments(nLast, State, Listing) == State.m_Program[nLast].m_nListingLine + 1)
         nLast--;
     return nLast;
 }
 
+static void PrintComments(const cMemoryLineBox &Listing, unsigned nEnd, unsigned *pnAt,
+                          std::ostream *pOut)
+{
+    for (; *pnAt < nEnd; ++*pnAt)
+        *pOut << std::string(kNumbers, ' ') << BoxLine(Listing, *pnAt) << "\n";
+}
+
 void PrintProfile(const cRunProfile &Profile, cHeadlessCalculator *pCalculator, std::ostream *pOut)
 {
-    const cVorstekState &State  = pCalculator->m_Engine.State();
-    const double         dTotal = std::max(TotalTime(Profile), 1e-9);
-    unsigned             nAt    = 1;  // in the listing, after its line 0
+    const cVorstekState  &State   = pCalculator->m_Engine.State();
+    const cMemoryLineBox &Listing = pCalculator->m_Listing;
+    const double          dTotal  = std::max(TotalTime(Profile), 1e-9);
+    const unsigned        nLast   = LastLine(Profile, State, Listing);
+    unsigned              nAt     = 1;  // in the listing, after its line 0
     *pOut << "\n     count     time  line\n";
-    for (unsigned nLine = 1; nLine <= LastLine(Profile, State); nLine++)
+    for (unsigned nLine = 1; nLine <= nLast; nLine++)
     {
         char szNumbers[64];
-        for (; nAt < State.m_Program[nLine].m_nListingLine; nAt++)
-            *pOut << std::string(kNumbers, ' ') << BoxLine(pCalculator->m_Listing, nAt) << "\n";
+        PrintComments(Listing, State.m_Program[nLine].m_nListingLine, &nAt, pOut);
         snprintf(szNumbers, sizeof szNumbers, "%10" PRIu64 "  %5.1f %%  ", Profile.CountOf(nLine),
                  100.0 * Profile.TimeOf(nLine) / dTotal);
-        *pOut << szNumbers << BoxLine(pCalculator->m_Listing, nAt++) << "\n";
+        *pOut << szNumbers << BoxLine(Listing, nAt++) << "\n";
     }
+    PrintComments(Listing, EndOfComments(nLast, State, Listing), &nAt, pOut);
 }
 
 void ReportProfile(const cRunProfile &Profile, cJsonList *pObject)

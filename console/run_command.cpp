@@ -1,10 +1,12 @@
 // run_command.cpp - vorstek-cli run: loads a listing, runs it, prints the stack.
 
+#include <cerrno>
 #include <cstdio>
 #include <optional>
 #include <ostream>
 
 #include "console/commands.h"
+#include "console/file_reason.h"
 #include "console/input_text.h"
 #include "console/json.h"
 #include "console/profile_report.h"
@@ -62,9 +64,20 @@ static void PrintJson(const std::optional<cRunProfile> &Profile, cHeadlessCalcul
     *pOut << Json << "\n";
 }
 
-static int ReportUnwritable(const cStreams &Streams, const std::string &Name)
+// What the trace lost, in a line on standard error. 1 unless that was a failure: that a
+// log holds no more than it may is what the user asked for.
+static int ReportTraceLoss(const cRunOptions &Options, eLogLoss nLoss, const cStreams &Streams)
 {
-    return ReportUsage(Streams, "cannot write " + Name);
+    char szBackup[kDbgFileName];
+    DbgBackupName(Options.m_TraceFile.c_str(), szBackup);
+    if (nLoss == loOldest)
+        *Streams.m_pErr << "vorstek-cli: '" << Options.m_TraceFile << "' and '" << szBackup
+                        << "' have only the end of the trace (see --trace-size)\n";
+    else if (nLoss == loBackup)
+        ReportUnwritable(Streams, szBackup, 0);
+    else if (nLoss == loLog)
+        ReportUnwritable(Streams, Options.m_TraceFile, 0);
+    return nLoss < loBackup;
 }
 
 static int SavePicture(cRunHost *pHost, const cRunOptions &Options, const cStreams &Streams)
@@ -85,7 +98,7 @@ static int SaveGraph(cRunHost *pHost, const cRunOptions &Options, const cStreams
         return SavePicture(pHost, Options, Streams);
     pHost->BeginSaving();
     if (!SaveGraphFile(pHost->m_Plot, pHost, Name.c_str()))
-        return ReportUnwritable(Streams, "'" + Name + "'");
+        return ReportUnwritable(Streams, Name, errno);
     *Streams.m_pErr << pHost->SavingText();
     return pHost->SavingText().empty() ? kExitDone : kExitError;
 }
@@ -142,6 +155,15 @@ static int LoadProgram(const cRunOptions &Options, const cStreams &Streams, cRun
     return 1;
 }
 
+// What is lost is worse than a limit that was asked for. A shell needs to know of a
+// signal, which is what cut the graph short.
+static int Worse(int nRun, int nSaved)
+{
+    if (nSaved == kExitUsage || nRun == kExitDone || nRun == kExitHalted)
+        return nSaved == kExitDone ? nRun : nSaved;
+    return nRun;
+}
+
 int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Streams)
 {
     cRunOptions Options;
@@ -171,12 +193,10 @@ int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Stream
     else
         PrintText(Options, Profile, &Calculator, Streams.m_pOut);
     const int nExitCode = ReportEnd(bDone, Options, Host, pEngine, Streams);
-    if (pEngine->IsTraceLost())
-        return ReportUnwritable(Streams, Options.m_TraceFile == kStandardOutput
-                                             ? "standard output"
-                                             : "'" + Options.m_TraceFile + "'");
+    if (!ReportTraceLoss(Options, pEngine->TraceLoss(), Streams))
+        return kExitUsage;
     if (Options.m_GraphFile.empty() || (nExitCode != kExitDone && Host.m_Plot.Count() == 0))
         return nExitCode;  // a program that was cut short may have drawn nothing
     const int nSaved = SaveGraph(&Host, Options, Streams);
-    return nSaved == kExitUsage || nExitCode == kExitDone ? nSaved : nExitCode;
+    return Worse(nExitCode, nSaved);
 }

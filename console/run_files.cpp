@@ -1,8 +1,10 @@
 #include "console/run_files.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <vector>
 
+#include "console/file_reason.h"
 #include "console/input_file.h"
 #include "toolkit/dbg_file.h"
 #include "toolkit/disk_file.h"
@@ -45,20 +47,30 @@ static std::vector<cNamedFile> FilesOf(const cRunOptions &Options)
 // it: of a device or a standard stream that would be "/dev/stderr_older".
 static std::string WhyNotTraced(const std::string &Name)
 {
-    const char *const szName    = Name.c_str();
-    std::string       NotOpened = "cannot write '" + Name + "'";
-    const eFileKind   nKind     = KindOfFile(szName);
-    if (nKind != fkNone && nKind != fkRegular)
-        return NotOpened + ": not a regular file";
+    const char *const szName = Name.c_str();
+    const eFileKind   nKind  = KindOfFile(szName);
+    if (IsBelowDevices(szName) || nKind == fkDevice || nKind == fkPipe)
+        return "cannot write '" + Name + "': not a regular file";
     for (FILE *const pStream : {stdin, stdout, stderr})
         if (IsFileOf(pStream, szName))
-            return NotOpened + ": it is a standard stream";
+            return "cannot write '" + Name + "': it is a standard stream";
+    errno = 0;
     if (IsNameTaken(szName))
-        return cOpenFile(OpenDiskFile(szName, "ab"), fclose) ? "" : NotOpened;
+        return cOpenFile(OpenDiskFile(szName, "ab"), fclose) ? "" : UnwritableText(Name, errno);
     if (!cOpenFile(CreateDiskFile(szName, "wb"), fclose))
-        return NotOpened;
+        return UnwritableText(Name, errno);
     RemoveDiskFile(szName);
     return "";
+}
+
+// "" or why not. What a log holds is copied to its backup before anything is written.
+static std::string WhyNotBackedUp(const std::string &Name)
+{
+    uint64_t nLength;
+    char     szBackup[kDbgFileName];
+    DbgBackupName(Name.c_str(), szBackup);
+    const int bCopied = LengthOfFile(Name.c_str(), &nLength) && nLength > 0;
+    return bCopied ? WhyNotTraced(szBackup) : "";
 }
 
 // A graph is written next to its old file. Opening one and discarding it at once
@@ -87,7 +99,9 @@ int AreFilesWritable(const cRunOptions &Options, std::string *pError)
 {
     if (HasTraceFile(Options))
         *pError = WhyNotTraced(Options.m_TraceFile);
+    if (HasTraceFile(Options) && pError->empty())
+        *pError = WhyNotBackedUp(Options.m_TraceFile);
     if (pError->empty() && !Options.m_GraphFile.empty() && !IsGraphWritable(Options.m_GraphFile))
-        *pError = "cannot write '" + Options.m_GraphFile + "'";
+        *pError = UnwritableText(Options.m_GraphFile, errno);
     return pError->empty();
 }

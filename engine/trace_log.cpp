@@ -8,7 +8,6 @@
 
 #include "engine/calculator.h"
 #include "engine/listing_words.h"
-#include "toolkit/dbg_file.h"
 #include "toolkit/retry_alloc.h"
 
 static const unsigned kCodeReturnDepth = 118;
@@ -41,8 +40,11 @@ int cTraceLog::Open(cCalculator &c)
 
 void cTraceLog::Close()
 {
-    if (m_pFile && !m_pFile->Close())
-        m_bLost = 1;
+    if (m_pFile)
+    {
+        m_pFile->Close();
+        m_nLoss = std::max(m_nLoss, m_pFile->Loss());
+    }
     delete m_pFile;
     m_pFile = nullptr;
 }

@@ -9,16 +9,16 @@
 
 #include "engine/listing_words.h"
 #include "engine/program_line.h"
+#include "toolkit/dbg_file.h"
 
 class cCalculator;
-class cDbgFile;
 
 class cTraceLog
 {
 public:
     cTraceLog()
         : m_Steps{}, m_pFile(nullptr), m_szName("tracelog.txt"), m_nMegabytes(1),
-          m_pStream(nullptr), m_bLost(0)
+          m_pStream(nullptr), m_nLoss(loNone)
     {
     }
     ~cTraceLog() { Close(); }
@@ -44,8 +44,8 @@ public:
     // What has been written so far is in the file for everybody to see.
     void Flush();
 
-    // 1 once part of a trace could not be written.
-    int IsLost() const { return m_bLost; }
+    // The worst of all traces that were closed.
+    eLogLoss Loss() const { return m_nLoss; }
 
 private:
     void PrepareSteps(const ProgramLine (&Program)[kProgramLines]);
@@ -62,7 +62,7 @@ private:
     const char *m_szName;
     unsigned    m_nMegabytes;
     FILE       *m_pStream;
-    int         m_bLost;
+    eLogLoss    m_nLoss;
 };
 
 #endif

@@ -142,9 +142,9 @@ void cVorstekEngine::SetTraceStream(FILE *pStream)
     m_pCalculator->m_Trace.SetStream(pStream);
 }
 
-int cVorstekEngine::IsTraceLost() const
+eLogLoss cVorstekEngine::TraceLoss() const
 {
-    return m_pCalculator->m_Trace.IsLost();
+    return m_pCalculator->m_Trace.Loss();
 }
 
 int cVorstekEngine::LoadProgram(const char *szFileName)

@@ -15,6 +15,7 @@
 
 #include "engine/key_codes.h"
 #include "engine/vorstek_host.h"
+#include "toolkit/dbg_file.h"
 
 class cCalculator;
 class cLineBox;
@@ -113,8 +114,8 @@ public:
     // Writes traces to this stream, without a cap; null: to the log.
     void SetTraceStream(FILE *pStream);
 
-    // 1 once part of a trace could not be written.
-    int IsTraceLost() const;
+    // What the traces that were written so far have lost.
+    eLogLoss TraceLoss() const;
 
     // Listing files. LoadProgram: 1 when the file was read, rejected lines
     // and an overflow included; 0 when it could not be opened (nothing has

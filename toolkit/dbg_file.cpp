@@ -20,28 +20,29 @@ static const size_t kSuffixLength    = sizeof kBackupSuffix - 1;
 // Text mode; where the C library supports "c", a flush reaches the disk.
 static const char kOpenMode[] = "wtc";
 
-static void CopyStream(FILE *pFrom, FILE *pTo)
+// 1, or 0 if not everything was copied.
+static int CopyStream(FILE *pFrom, FILE *pTo)
 {
     char   Block[16384];
     size_t nRead = fread(Block, 1, sizeof Block, pFrom);
     while (nRead > 0 && fwrite(Block, 1, nRead, pTo) == nRead)
         nRead = fread(Block, 1, sizeof Block, pFrom);
+    return nRead == 0 && !ferror(pFrom) && fflush(pTo) == 0;
 }
 
 // Overwrites an older file in place and then cuts it, which is faster than writing a
-// new one.
-static void CopyOver(FILE *pFrom, const char *szTo)
+// new one. 0 if the copy is not complete.
+static int CopyOver(FILE *pFrom, const char *szTo)
 {
     FILE *pTo = IsRegularFile(szTo) ? fopen(szTo, "r+b") : nullptr;
     if (!pTo)
         pTo = fopen(szTo, "wb");
     if (!pTo)
-        return;
-    CopyStream(pFrom, pTo);
+        return 0;
+    const int  bCopied = CopyStream(pFrom, pTo);
     const long nLength = ftell(pTo);
-    fclose(pTo);
-    if (nLength >= 0)
-        CutFile(szTo, static_cast<uint64_t>(nLength));
+    const int  bClosed = fclose(pTo) == 0;
+    return nLength >= 0 && CutFile(szTo, static_cast<uint64_t>(nLength)) && bCopied && bClosed;
 }
 
 void DbgBackupName(const char *szName, char (&szBackup)[kDbgFileName])
@@ -58,17 +59,18 @@ void DbgBackupName(const char *szName, char (&szBackup)[kDbgFileName])
 cDbgFile::cDbgFile(const char *szFileName, uint32_t nMaxMegabytes, cMessageBoxes *pBoxes)
     : m_pFile(nullptr), m_bForeign(0), m_bEnabled(1),
       m_nMaxMegabytes(std::min(nMaxMegabytes, kMostDbgMegabytes)), m_nMost(0), m_pBoxes(pBoxes),
-      m_bComplete(1)
+      m_nBackups(0), m_nLoss(loNone)
 {
     snprintf(m_szFileName, sizeof m_szFileName, "%s", szFileName);
-    CopyToBackup();
+    if (!CopyToBackup())
+        Lose(loBackup);
     if (!Open() && !OpenDefault())
         GiveUp("FATAL ERROR in cDbgFile ctor");
 }
 
 cDbgFile::cDbgFile(FILE *pStream, cMessageBoxes *pBoxes)
     : m_pFile(pStream), m_bForeign(1), m_bEnabled(1), m_szFileName{}, m_nMaxMegabytes(0),
-      m_nMost(0), m_pBoxes(pBoxes), m_bComplete(1)
+      m_nMost(0), m_pBoxes(pBoxes), m_nBackups(0), m_nLoss(loNone)
 {
 }
 
@@ -82,16 +84,21 @@ int cDbgFile::Close()
     if (m_pFile)
         CloseStream(m_pFile);
     m_pFile = nullptr;
-    return m_bComplete;
+    return m_nLoss < loBackup;
+}
+
+void cDbgFile::Lose(eLogLoss nLoss)
+{
+    m_nLoss = std::max(m_nLoss, nLoss);
 }
 
 void cDbgFile::CloseStream(FILE *pFile)
 {
     // Not every library's fclose reports that the last bytes were not written.
     if (fflush(pFile) != 0 || ferror(pFile))
-        m_bComplete = 0;
+        Lose(loLog);
     if (!m_bForeign && fclose(pFile) != 0)
-        m_bComplete = 0;
+        Lose(loLog);
 }
 
 int cDbgFile::printf(const char *szFormat, ...)
@@ -116,7 +123,7 @@ int cDbgFile::Write(const char *pText, size_t nLength)
 void cDbgFile::Flush()
 {
     if (m_pFile && fflush(m_pFile) != 0)
-        m_bComplete = 0;
+        Lose(loLog);
 }
 
 // Opening a pipe might wait for a reader for ever.
@@ -158,7 +165,10 @@ int cDbgFile::KeepWithinCap()
         CloseStream(pFull);
         pFull = nullptr;
     }
-    CopyToBackup();
+    if (!CopyToBackup())
+        Lose(loBackup);
+    else if (m_nBackups++ > 0)
+        Lose(loOldest);
     const int bOpened = Open();
     if (pFull)
         CloseStream(pFull);
@@ -170,26 +180,27 @@ int cDbgFile::KeepWithinCap()
 
 // A log that does not exist yet has no backup, which is not an error; nor does a
 // terminal or another device have one, because reading it might never end.
-void cDbgFile::CopyToBackup() const
+int cDbgFile::CopyToBackup() const
 {
     if (!IsRegularFile(m_szFileName))
-        return;
+        return 1;
     FILE *const pFrom = fopen(m_szFileName, "rb");
     if (!pFrom)
-        return;
+        return 0;
 
     char szBackup[kDbgFileName];
     DbgBackupName(m_szFileName, szBackup);
-    CopyOver(pFrom, szBackup);
+    const int bCopied = CopyOver(pFrom, szBackup);
     fclose(pFrom);
+    return bCopied;
 }
 
 void cDbgFile::GiveUp(const char *szCaption)
 {
     char szText[kDbgFileName + 64];
     snprintf(szText, sizeof szText, "couldn't fopen() the output file named:\n%s", m_szFileName);
-    m_bEnabled  = 0;
-    m_bComplete = 0;
+    m_bEnabled = 0;
+    Lose(loLog);
     m_pBoxes->ReportUnowned(szText, szCaption);
     m_pBoxes->PostQuit(0);
 }

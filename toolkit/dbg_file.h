@@ -28,6 +28,15 @@ const long     kDbgMegabyte      = 1000000;  // bytes
 // "trace_older" for "trace". Only 253 characters of szName count.
 void DbgBackupName(const char *szName, char (&szBackup)[kDbgFileName]);
 
+// What is in neither the log nor its backup any more; the worse, the greater.
+enum eLogLoss
+{
+    loNone,
+    loOldest,  // the backup holds the newest part only: the log was full more than once
+    loBackup,  // a backup could not be written
+    loLog      // the log itself could not be written
+};
+
 class cDbgFile
 {
 public:
@@ -58,8 +67,11 @@ public:
     // Hands what was written to the system, so that others see it in the file.
     void Flush();
 
-    // Closes the log. Returns 1, or 0 if anything that was written is lost.
+    // Closes the log. Returns 1, or 0 if anything could not be written.
     int Close();
+
+    // What is lost so far; complete once the log is closed.
+    eLogLoss Loss() const { return m_nLoss; }
 
     const char *FileName() const { return m_szFileName; }
     uint32_t    MaxMegabytes() const { return m_nMaxMegabytes; }  // 0 also for a stream
@@ -68,7 +80,8 @@ private:
     int  Open();
     int  OpenDefault();
     int  KeepWithinCap();
-    void CopyToBackup() const;
+    int  CopyToBackup() const;
+    void Lose(eLogLoss nLoss);
     void CloseStream(FILE *pFile);
     void GiveUp(const char *szCaption);
 
@@ -79,7 +92,8 @@ private:
     uint32_t       m_nMaxMegabytes;
     long           m_nMost;  // bytes that the file may have by now
     cMessageBoxes *m_pBoxes;
-    int            m_bComplete;  // 0 once a write has failed
+    unsigned       m_nBackups;  // made of what this log has written
+    eLogLoss       m_nLoss;
 };
 
 #endif

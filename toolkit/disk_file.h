@@ -28,6 +28,10 @@ enum eFileKind
 
 eFileKind KindOfFile(const char *szName);
 
+// 1 if the name leads through a folder of the system's own, such as /dev or /proc, where
+// even a regular file is somebody's open one; /dev/shm holds ordinary files.
+int IsBelowDevices(const char *szName);
+
 // 1 for a folder, or a link to one.
 int IsFolder(const char *szName);
 

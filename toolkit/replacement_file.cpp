@@ -1,6 +1,7 @@
 #include "toolkit/replacement_file.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <memory>
 
 #include "toolkit/disk_file.h"
@@ -10,7 +11,10 @@
 static int MayWrite(const char *szName)
 {
     if (IsMarkedReadOnly(szName))
+    {
+        errno = EACCES;
         return 0;
+    }
 
     // Appending nothing changes nothing.
     FILE *const pFile = OpenDiskFile(szName, "ab");
@@ -23,8 +27,11 @@ cReplacementFile::cReplacementFile() : m_pDevice(nullptr), m_pFile(nullptr) {}
 
 cReplacementFile::~cReplacementFile()
 {
+    const int nError = errno;
     if (m_pDevice)
         fclose(m_pDevice);
+    m_Temporary.Discard();
+    errno = nError;
 }
 
 int cReplacementFile::Open(const char *szFileName, const char *szMode)
@@ -36,6 +43,10 @@ int cReplacementFile::Open(const char *szFileName, const char *szMode)
         m_pFile = m_pDevice = OpenDiskFile(szTarget, szMode);
     else if (nKind == fkNone || (nKind == fkRegular && MayWrite(szTarget)))
         m_pFile = m_Temporary.Create(szTarget, szMode) ? m_Temporary.Stream() : nullptr;
+    else if (!m_Target.empty() && IsFolder(szTarget))
+        errno = EISDIR;
+    if (m_pFile)
+        errno = 0;
     return m_pFile != nullptr;
 }
 
@@ -45,7 +56,9 @@ int cReplacementFile::Commit()
         return CommitDevice();
     const int bDone =
         m_Temporary.Sync() && (m_Temporary.CanTakePlace() ? m_Temporary.TakePlace() : Overwrite());
+    const int nError = errno;
     m_Temporary.Discard();
+    errno = nError;
     return bDone;
 }
 

@@ -31,6 +31,8 @@ public:
     // target. A device such as /dev/stdout is written directly. Returns 0, with
     // nothing written, if the old file may not be written or is a folder, or if there
     // is none and no file can be created there. Called once.
+    //
+    // errno says why this or Commit failed, where the system does; else it is 0.
     int Open(const char *szFileName, const char *szMode);
 
     // The stream for the new content, after Open has returned 1. The caller need

@@ -1,6 +1,7 @@
 #include "console/session/session_commands.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -9,6 +10,7 @@
 #include <utility>
 
 #include "console/arguments.h"
+#include "console/file_reason.h"
 #include "console/input_text.h"
 #include "console/session/instruction_help.h"
 #include "console/session/session.h"
@@ -323,7 +325,7 @@ void cSession::OnRun(const std::string &Argument)
 void cSession::SaveAs(const std::string &Name)
 {
     if (!m_Calculator.m_Engine.SaveProgram(Name.c_str()))
-        m_Error = "save: cannot write '" + Name + "'";
+        m_Error = "save: " + UnwritableText(Name, errno);
     else
         m_Calculator.m_Engine.TakeLoadedProgram(Name.c_str());
 }
@@ -372,7 +374,7 @@ void cSession::SavePlot(const cPictureFile &File)
     if (SaveFigure({}, &Source, File, &Notes) == svDone)
         *m_Streams.m_pOut << "wrote " << File.m_Name << "\n";
     else
-        m_Error = "plot: cannot write '" + File.m_Name + "'";
+        m_Error = "plot: " + UnwritableText(File.m_Name, errno);
 }
 
 void cSession::OnQuit(const std::string &)

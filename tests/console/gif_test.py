@@ -156,7 +156,8 @@ class GifFileTest(GifCase, LinuxCase):
         with open("/dev/full", "wb") as full:
             result = self.start("gif", "noise.bmp", "-", stdout=full)
         self.assertEqual((result.code, result.err),
-                         (2, "vorstek-cli: cannot write standard output\n"))
+                         (2, "vorstek-cli: cannot write standard output: no space left on the "
+                             "device\n"))
 
     def test_a_source_is_not_overwritten_through_links(self):
         self.write("noise.bmp", noise(10))

@@ -6,6 +6,7 @@ import random
 import time
 
 import console_case
+from bitmap import bmp_file
 from console_case import LITTLE_DISK, ConsoleCase, LinuxCase, main
 from vocabulary import DIGIT, PLAIN, REGISTER
 
@@ -226,8 +227,9 @@ class SpecialFileTest(LinuxCase):
 
     def test_as_input(self):
         for name, why in (("folder", "is a directory"), ("/dev/zero", "longer than 64 MB"),
-                          ("zero.txt", "longer than 64 MB"), ("loop.txt", ""),
-                          ("folder/x", "no such file"), ("program.txt/x", "no such file")):
+                          ("zero.txt", "longer than 64 MB"), ("loop.txt", "too many links"),
+                          ("folder/x", "no such file"), (300 * "n", "its name is too long"),
+                          ("program.txt/x", "a part of its path is not a directory")):
             for command in ("run", "check", "fmt", "script"):
                 result = self.assert_quick(command, name)
                 self.assertEqual((result.code, result.out), (2, ""), (command, name))
@@ -245,6 +247,40 @@ class SpecialFileTest(LinuxCase):
                 result = self.assert_quick("script", stdin=f"text 1\nkey 4 28\n{command} {name}\n")
                 self.assertEqual(result.events[-1]["text"], f"Could not write the file:\n {name}")
 
+    def test_why_an_output_cannot_be_written(self):
+        os.symlink("/dev/full", self.path("full.txt"))
+        os.symlink("nowhere/x", self.path("lost.txt"))
+        self.write("data.txt", "1,2\n3,4\n")
+        self.write("a.bmp", bmp_file(2, 2))
+        os.mkdir(self.path("folder.svg"))
+        os.symlink("loop.svg", self.path("loop.svg"))
+        long = 300 * "n" + ".txt"
+        for arguments, why in (
+                (["--trace", "folder"], "is a directory"),
+                (["--trace", "missing/x"], "no such directory"),
+                (["--trace", "program.txt/x"], "a part of its path is not a directory"),
+                (["--graph", long], "its name is too long"),
+                (["--trace", "loop.txt"], "too many links"),
+                (["--graph", "missing/x.txt"], "no such directory"),
+                (["--graph", "program.txt/x.txt"], "a part of its path is not a directory"),
+                (["--graph", "folder.svg"], "is a directory"),
+                (["--graph", "lost.txt"], "no such directory"),
+                (["--graph", "full.txt"], "no space left on the device")):
+            result = self.assert_quick("run", "program.txt", *arguments)
+            self.assertEqual((result.code, result.err.splitlines()[-1]),
+                             (2, f"vorstek-cli: cannot write '{arguments[1]}': {why}"))
+        for command in (["plot", "data.txt"], ["gif", "a.bmp"]):
+            for name, why in (("folder.svg", "is a directory"), ("loop.svg", "too many links"),
+                              ("missing/x.svg", "no such directory")):
+                result = self.assert_quick(*command, name)
+                self.assertEqual((result.code, result.err),
+                                 (2, f"vorstek-cli: cannot write '{name}': {why}\n"))
+        self.listing(" 5 ", name="mine.txt")
+        os.chmod(self.path("mine.txt"), 0o444)
+        result = self.assert_quick("fmt", "mine.txt")
+        self.assertEqual((result.code, result.err),
+                         (2, "vorstek-cli: cannot write 'mine.txt': permission denied\n"))
+
     def test_as_trace(self):
         for name in ("folder", "pipe.txt", "loop.txt", "program.txt/x"):
             result = self.assert_quick("run", "program.txt", "--trace", name)
@@ -252,11 +288,25 @@ class SpecialFileTest(LinuxCase):
             self.assertIn(name, result.err)
 
     def test_a_trace_is_a_regular_file(self):
-        for name in ("zero.txt", "/dev/null", "/dev/stdout", "/dev/stderr", "/dev/fd/2"):
+        for name in ("zero.txt", "/dev/null", "/dev/stdout", "/dev/stderr", "/dev/fd/2",
+                     "/dev/vorstek.txt", "/proc/vorstek.txt"):
             result = self.assert_quick("run", "program.txt", "--trace", name)
             self.assertEqual((result.code, result.out, result.err),
                              (2, "", f"vorstek-cli: cannot write '{name}': not a regular file\n"))
         self.assertNotIn("zero_older.txt", os.listdir(self.folder))
+
+    def test_a_trace_is_no_open_file_of_the_shell(self):
+        with open(self.path("log.txt"), "wb") as log:
+            log.write(b"kept")
+            log.flush()
+            for name in (f"/dev/fd/{log.fileno()}", f"/proc/self/fd/{log.fileno()}", "link.txt"):
+                if name == "link.txt":
+                    os.symlink(f"/dev/fd/{log.fileno()}", self.path(name))
+                result = self.start("run", "program.txt", "--trace", name,
+                                    pass_fds=[log.fileno()])
+                self.assertEqual((result.code, result.err),
+                                 (2, f"vorstek-cli: cannot write '{name}': not a regular file\n"))
+        self.assertEqual(self.read("log.txt"), b"kept")
 
     def test_a_trace_is_no_standard_stream(self):
         with open(self.path("log.txt"), "wb") as log:

@@ -257,6 +257,23 @@ class TraceTest(ConsoleCase):
         lines = (older + newer).replace(b"\r", b"").split(b"\n")
         self.assertEqual(len(lines), 4 + 15000 + 1)
 
+    def test_a_trace_that_lost_its_beginning_says_so(self):
+        result = self.run_listing(ENDLESS, "--trace", "trace.txt", "--max-lines", "30000", code=3)
+        self.assertEqual(result.err.splitlines()[1:],
+                         ["vorstek-cli: 'trace.txt' and 'trace_older.txt' have only the end of "
+                          "the trace (see --trace-size)"])
+        result = self.run_program("program.txt", "--trace", "trace.txt", "--max-lines", "15000",
+                                  code=3)
+        self.assertEqual(len(result.err.splitlines()), 1)
+
+    def test_a_former_trace_is_not_lost_with_its_backup(self):
+        self.write("trace.txt", "former run")
+        os.mkdir(self.path("trace_older.txt"))
+        result = self.run_listing(("1",), "--trace", "trace.txt", code=2)
+        self.assertEqual((result.out, result.err),
+                         ("", "vorstek-cli: cannot write 'trace_older.txt': is a directory\n"))
+        self.assertEqual(self.read("trace.txt"), b"former run")
+
 
 class GraphFileTest(ConsoleCase):
 
@@ -292,11 +309,12 @@ class GraphFileTest(ConsoleCase):
 
     def test_a_data_file_that_cannot_be_written_is_found_before_the_run(self):
         os.mkdir(self.path("folder.txt"))
-        for name in (os.path.join("missing", "graph.txt"), "folder.txt"):
+        for name, why in ((os.path.join("missing", "graph.txt"), "no such directory"),
+                          ("folder.txt", "is a directory")):
             result = self.run_listing(("3", "SumG", "PAUSE"), "--graph", name, "--trace",
                                       "trace.txt", code=2)
             self.assertEqual((result.out, result.err),
-                             ("", f"vorstek-cli: cannot write '{name}'\n"))
+                             ("", f"vorstek-cli: cannot write '{name}': {why}\n"))
             self.assertEqual(sorted(os.listdir(self.folder)), ["folder.txt", "program.txt"])
 
     def test_a_program_that_draws_nothing_leaves_the_data_file_alone(self):
@@ -332,6 +350,14 @@ class GraphFileTest(ConsoleCase):
         self.assertTrue(result.err.startswith("1 of the 2 data sets were written to the file:\n"))
         self.assertEqual(self.read_text("graph.txt").splitlines()[-1], "1.000000 , 0.000000")
         self.run_listing(("1", "SumG", "2", "SetG", "3", "SumG"), "--graph", "graph.svg")
+
+    def test_lost_data_lines_are_worse_than_a_limit(self):
+        lines = ("1", "SumG", "2", "SetG", "3", "SumG", "LBL 0", "GTO 0")
+        result = self.run_listing(lines, "--graph", "graph.txt", "--max-lines", "9", code=1)
+        self.assertEqual(result.err.splitlines()[:2],
+                         ["program.txt:8: GTO 0: halted by --max-lines",
+                          "1 of the 2 data sets were written to the file:"])
+        self.run_listing(lines, "--graph", "graph.svg", "--max-lines", "9", code=3)
 
     def test_points_in_json_read_back_to_the_same_floats(self):
         values = [0.1, 1 / 3, 1e-30, 3.4e38, 16777217, -2.5e-7, 1e99]
@@ -462,6 +488,12 @@ class SpecialFileTest(LinuxCase):
         self.assertEqual(result.code, 2)
         self.assertRegex(result.err, r"\A[^\n]*full.txt[^\n]*\n\Z")
 
+    def test_a_backup_of_a_trace_on_a_full_disk(self):
+        os.symlink("/dev/full", self.path("log_older.txt"))
+        result = self.run_listing(ENDLESS, "--trace", "log.txt", "--max-lines", "15000", code=2)
+        self.assertEqual(result.err.splitlines()[1:],
+                         ["vorstek-cli: cannot write 'log_older.txt'"])
+
     def test_a_trace_in_a_read_only_file(self):
         os.symlink("/proc/version", self.path("version.txt"))
         result = self.run_listing(("3",), "--trace", "version.txt", code=2)
@@ -514,6 +546,18 @@ class ProfileTest(ConsoleCase):
         shares = [float(line[12:17]) for line in out[6:] if line[:10].strip()]
         self.assertTrue(all(0 <= share <= 100 for share in shares), shares)
         self.assertLess(sum(shares), 101)      # 0 if the clock is too coarse for so few lines
+
+    def test_comments_after_the_last_line(self):
+        for lines, rows in ((("1", "; tail"), ["1 01 1", " ; tail", "1 02 R/S"]),
+                            (("1", "R/S", "; a", "; b"), ["1 01 1", "1 02 R/S", " ; a", " ; b"]),
+                            (("1", "R/S", "R/S", "; a"),
+                             ["1 01 1", "1 02 R/S", "0 03 R/S", " ; a"]),
+                            (98 * ("1",) + ("; full",), 98 * ["1"] + [" ; full"])):
+            out = self.run_listing(lines, "--profile", "--max-lines", "98",
+                                   code=3 if len(lines) > 98 else 0).out.splitlines()[6:]
+            shown = [f"{line[:10].strip()} {line[21:].strip()}" for line in out]
+            self.assertEqual([row[:1] if row.endswith(" 1") and len(lines) > 98 else row
+                              for row in shown], rows)
 
     def test_as_json(self):
         lines = ("10000", "STO 0", "LBL 1", *(20 * ["sin"]), "DSZ", "GTO 1")

@@ -196,6 +196,23 @@ TEST_CASE("a log above 1,000,000 bytes becomes the backup at the next message")
     CHECK(Boxes.m_Boxes.empty());
 }
 
+TEST_CASE("a log that is full for the second time has lost its oldest part")
+{
+    cScratchFolder  Folder;
+    cRecordingBoxes Boxes;
+    Folder.Write("tracelog.txt", "former run");
+    cDbgFile Log(Folder.Name("tracelog.txt").c_str(), 0, &Boxes);
+    Log.printf("one");
+
+    Log.printf("two");
+    CHECK(Log.Loss() == loNone);
+    Log.printf("three");
+
+    CHECK(Log.Loss() == loOldest);
+    CHECK(Log.Close() == 1);
+    CHECK(Folder.Read("tracelog_older.txt") == "two");
+}
+
 TEST_CASE("texts of any length fill a log as far as its real length allows")
 {
     cScratchFolder  Folder;
@@ -399,6 +416,34 @@ TEST_CASE("a log on a full disk reports the loss that a flush met")
     Log.Flush();
 
     CHECK(Log.Close() == 0);
+}
+
+TEST_CASE("a log whose backup cannot be written reports the loss")
+{
+    cScratchFolder  Folder;
+    cRecordingBoxes Boxes;
+    std::filesystem::create_symlink("/dev/full", Folder.Name("log_older.txt"));
+    cDbgFile Log(Folder.Name("log.txt").c_str(), 1, &Boxes);
+    WriteBytes(&Log, 1000001);
+    REQUIRE(Log.Loss() == loNone);
+
+    CHECK(Log.printf("next") == 1);
+
+    CHECK(Log.Loss() == loBackup);
+    CHECK(Log.Close() == 0);
+    CHECK(Folder.Read("log.txt") == "next");
+}
+
+TEST_CASE("a former log that cannot be backed up is a loss too")
+{
+    cScratchFolder  Folder;
+    cRecordingBoxes Boxes;
+    Folder.Write("log.txt", "former run");
+    std::filesystem::create_directory(Folder.Name("log_older.txt"));
+
+    cDbgFile Log(Folder.Name("log.txt").c_str(), 1, &Boxes);
+
+    CHECK(Log.Loss() == loBackup);
 }
 
 TEST_CASE("a log does not wait for a pipe without a reader")

@@ -111,19 +111,44 @@ std::string BesideFile(const char *szName, const char *szOther)
     return pSlash ? std::string(szName, pSlash + 1) + szOther : szOther;
 }
 
+// 1 with what a link leads to, relative to its own folder; 0 for anything else.
+static int FollowLink(std::string *pName)
+{
+    char          szTarget[PATH_MAX];
+    const ssize_t nLength = readlink(pName->c_str(), szTarget, sizeof szTarget - 1);
+    if (nLength < 0)
+        return 0;
+    szTarget[nLength] = 0;
+    *pName            = *szTarget == '/' ? szTarget : BesideFile(pName->c_str(), szTarget);
+    return 1;
+}
+
 std::string FollowLinks(const char *szName)
 {
     std::string Name = szName;
     for (int i = 0; i < kMostLinks; i++)
-    {
-        char          szTarget[PATH_MAX];
-        const ssize_t nLength = readlink(Name.c_str(), szTarget, sizeof szTarget - 1);
-        if (nLength < 0)
+        if (!FollowLink(&Name))
             return Name;
-        szTarget[nLength] = 0;
-        Name              = *szTarget == '/' ? szTarget : BesideFile(Name.c_str(), szTarget);
-    }
+    errno = ELOOP;
     return "";
+}
+
+static int IsInDeviceFolder(const std::string &Name)
+{
+    char              szReal[PATH_MAX];
+    const std::string Beside = BesideFile(Name.c_str(), ".");
+    const std::string Folder = realpath(Beside.c_str(), szReal) ? std::string(szReal) + "/" : "";
+    return Folder.starts_with("/proc/") ||
+           (Folder.starts_with("/dev/") && !Folder.starts_with("/dev/shm/"));
+}
+
+int IsBelowDevices(const char *szName)
+{
+    std::string Name = szName;
+    for (int i = 0; i < kMostLinks; i++)
+        if (IsInDeviceFolder(Name) || !FollowLink(&Name))
+            return IsInDeviceFolder(Name);
+    return 0;
 }
 
 int CutFile(const char *szName, uint64_t nLength)

@@ -42,6 +42,11 @@ eFileKind KindOfFile(const char *szName)
     }
 }
 
+int IsBelowDevices(const char *)
+{
+    return 0;
+}
+
 int IsNameTaken(const char *szName)
 {
     return GetFileAttributesW(WideName(szName).c_str()) != INVALID_FILE_ATTRIBUTES;

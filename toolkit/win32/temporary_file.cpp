@@ -1,5 +1,6 @@
 #include "toolkit/temporary_file.h"
 
+#include <cerrno>
 #include <cstring>
 #include <vector>
 
@@ -67,12 +68,36 @@ cInheritance::cInheritance(const std::wstring &Old)
         m_Security.lpSecurityDescriptor = m_Descriptor.data();
 }
 
+// The C library does this for its own functions only.
+static int ErrnoOf(DWORD dwError)
+{
+    switch (dwError)
+    {
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_BAD_PATHNAME:
+        return ENOENT;
+    case ERROR_ACCESS_DENIED:
+        return EACCES;
+    case ERROR_FILENAME_EXCED_RANGE:
+        return ENAMETOOLONG;
+    case ERROR_WRITE_PROTECT:
+        return EROFS;
+    case ERROR_DISK_FULL:
+        return ENOSPC;
+    default:
+        return 0;
+    }
+}
+
 // Others may read it, not write or delete it.
 static HANDLE CreateNew(const std::string &Name, cInheritance *pInheritance)
 {
-    return CreateFileW(WideName(Name.c_str()).c_str(), GENERIC_READ | GENERIC_WRITE | DELETE,
-                       FILE_SHARE_READ, &pInheritance->m_Security, CREATE_NEW,
-                       pInheritance->m_dwAttributes, nullptr);
+    const HANDLE hFile = CreateFileW(
+        WideName(Name.c_str()).c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, FILE_SHARE_READ,
+        &pInheritance->m_Security, CREATE_NEW, pInheritance->m_dwAttributes, nullptr);
+    if (hFile == INVALID_HANDLE_VALUE)
+        errno = ErrnoOf(GetLastError());
+    return hFile;
 }
 
 // The stream owns the handle. Null, with the handle closed, without memory.
