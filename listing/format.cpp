@@ -41,13 +41,18 @@ static std::string WithComment(const std::string &Code, std::string_view Comment
     return Code + std::string(nColumn - Code.size(), ' ') + std::string(Comment);
 }
 
+// A register has one spelling: ".05" is ".5".
 static std::string FormattedCode(const cSourceLine &Line)
 {
     const cLineWords Words = WordsOf(Line.m_Text);
     std::string      Code(Words.m_Words[0]);
-    if (Words.m_nWords > 1)
-        Code.append(" ").append(Words.m_Words[1]);
-    return Code;
+    if (Words.m_nWords <= 1)
+        return Code;
+    if (Words.m_Words[1][0] != '.')
+        return Code.append(" ").append(Words.m_Words[1]);
+    char szRegister[kStepText];
+    PrintInstruction(*Line.m_Parsed.m_pInstruction, Line.m_Parsed.m_nOperand, szRegister);
+    return szRegister;
 }
 
 namespace

@@ -3,12 +3,12 @@
 //     LBL 1           ; interest
 //     STO .5
 //
-// Instructions begin in the first column, one blank is before an operand, comments
-// after instructions begin in column 17, further to the right only where the line
-// needs more room. An indented comment that continues such a comment is aligned
-// with it; other comment lines begin in the first column. Blanks at the ends of
-// lines, blank lines at both ends of the listing and all but one of several blank
-// lines disappear. All lines end as the first one does.
+// Instructions begin in the first column, one blank is before an operand, registers
+// lose superfluous zeros, comments after instructions begin in column 17, further to
+// the right only where the line needs more room. An indented comment that continues
+// such a comment is aligned with it; other comment lines begin in the first column.
+// Blanks at the ends of lines, blank lines at both ends of the listing and all but one
+// of several blank lines disappear. All lines end as the first one does.
 //
 // Numbers and comments keep their characters, so the program and what it says of
 // itself stay the same.

@@ -62,7 +62,10 @@ void FindErrors(const cSourceLine &Line, cFindings *pFindings)
 {
     const cLineWords Words = WordsOf(Line.m_Text);
     if (Line.m_bOverflow)
-        pFindings->AddError(Line, Words.m_Words[0], kOverflowError, kOverflowText, "");
+        pFindings->AddError(Line, Words.m_Words[0], kOverflowError,
+                            std::string(kOverflowText) + " " + QuotedWord(Words.m_Words[0]) +
+                                ": a program has at most " + std::to_string(kLastLine) + " lines",
+                            "");
     else if (Line.m_Parsed.m_nKind == llBadMnemonic)
         FindWordError(Line, Words.m_Words[0], pFindings);
     else if (Line.m_Parsed.m_nKind == llBadNumber)

@@ -1,3 +1,4 @@
+#include "engine/listing_words.h"
 #include "listing/format.h"
 
 #include <random>
@@ -133,7 +134,7 @@ private:
     std::string Code()
     {
         static const char *const s_Numbers[]   = {"5", "-.5", "1E+05", "12345678901234567", "0"};
-        static const char *const s_Registers[] = {"3", ".3", ".10", "i", ".05"};
+        static const char *const s_Registers[] = {"3", ".3", ".10", "i", ".05", ".0", ".010"};
         if (m_Random() % 4 == 0)
             return s_Numbers[m_Random() % std::size(s_Numbers)];
         const auto          Rows        = Instructions();
@@ -174,8 +175,17 @@ static std::string WithoutBlankEnd(const std::string &Text)
     return Text.substr(0, Text.find_last_not_of(" \t\r") + 1);
 }
 
-// What the calculator makes of a listing: the program, then the comments. A
-// register written with three characters keeps two.
+// The line, with the register that it uses instead of how that was written.
+static std::string LoadedStep(const cStep &Step)
+{
+    char szStep[kStepText];
+    PrintStep(Step, szStep);
+    if (Step.m_pInstruction && Step.m_szOperandText[0])
+        PrintInstruction(*Step.m_pInstruction, Step.m_nOperand, szStep);
+    return szStep;
+}
+
+// What the calculator makes of a listing: the program, then the comments.
 static std::string Loaded(cScratchFolder *pFolder, const std::string &Text)
 {
     cCalculatorRig Rig;
@@ -184,8 +194,7 @@ static std::string Loaded(cScratchFolder *pFolder, const std::string &Text)
     CHECK(Rig.m_Host.m_Boxes.empty());
     std::string Loaded;
     for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
-        Loaded +=
-            Rig.Step(nLine) + " " + std::to_string(Rig.State().m_Program[nLine].m_nOperand) + "\n";
+        Loaded += LoadedStep(Rig.State().m_Program[nLine]) + "\n";
     for (unsigned nLine = 1; nLine < Rig.m_Listing.CountLines(); nLine++)
     {
         const std::string Listed   = Rig.ListingLine(nLine);
@@ -268,6 +277,13 @@ TEST_CASE("random listings hold the same program and comments when they are form
         if (!Diff.empty())
             CHECK_TEXT(Patched(Text, Diff), New);
     }
+}
+
+TEST_CASE("a register has one spelling")
+{
+    CHECK_TEXT(
+        Formatted("STO .05\nRCL .0005 ;x\nSTO .5\nSTO .00\nSTO .010\nSTO .10\nSTO 5\nFIX 0\n"),
+        "STO .5\nRCL .5          ;x\nSTO .5\nSTO .0\nSTO .10\nSTO .10\nSTO 5\nFIX 0\n");
 }
 
 TEST_CASE("a diff shows three lines around each change and counts the lines")

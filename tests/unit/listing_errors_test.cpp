@@ -67,7 +67,9 @@ TEST_CASE("the line after a full program is the last that is read")
         Text += "1\n";
 
     CHECK_TEXT(Errors(Text + "; end\n"), "");
-    CHECK_TEXT(Errors(Text + "; end\n  2\nwrong\n"), "100:3 overflow Program memory overflow\n");
+    CHECK_TEXT(Errors(Text + "; end\n  2\nwrong\n"),
+               "100:3 overflow Program memory overflow \"2\": a program has at most 98 "
+               "lines\n");
 }
 
 namespace
