@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "toolkit/disk_file.h"
 #include "toolkit/spelling.h"
 
 namespace
@@ -79,6 +80,15 @@ static int ReadOption(std::span<const cOptionRow> Rows, const std::vector<std::s
     return 0;
 }
 
+// "-json" for "--json"; a file may have such a name.
+static int LacksDash(std::span<const cOptionRow> Rows, const std::string &Word)
+{
+    const std::string Name = "-" + SplitOption(Word).m_Name;
+    return std::any_of(Rows.begin(), Rows.end(),
+                       [&Name](const cOptionRow &Row) { return Name == Row.m_szName; }) &&
+           !IsNameTaken(Word.c_str());
+}
+
 int ReadOptions(std::span<const cOptionRow> Rows, const std::vector<std::string> &Arguments,
                 void *pOptions, std::vector<std::string> *pWords, std::string *pError)
 {
@@ -88,6 +98,11 @@ int ReadOptions(std::span<const cOptionRow> Rows, const std::vector<std::string>
         const std::string &Word = Arguments[nAt];
         if (bOptions && Word == kEndOfOptions)
             bOptions = 0;
+        else if (bOptions && LacksDash(Rows, Word))
+        {
+            *pError = UnknownOption(Rows, SplitOption(Word).m_Name);
+            return 0;
+        }
         else if (!bOptions || !Word.starts_with("--"))
             pWords->push_back(Word);
         else if (!ReadOption(Rows, Arguments, &nAt, pOptions, pError))

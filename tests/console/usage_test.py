@@ -76,7 +76,11 @@ class UsageTest(ConsoleCase):
                  "unknown option '--register', did you mean --registers?"),
                 (["run", "program.txt", "--lable=5"],
                  "unknown option '--lable', did you mean --label?"),
-                (["fmt", "--chek"], "unknown option '--chek', did you mean --check?")):
+                (["fmt", "--chek"], "unknown option '--chek', did you mean --check?"),
+                (["-version"], "unknown option '-version', did you mean --version?"),
+                (["run", "program.txt", "-json"],
+                 "unknown option '-json', did you mean --json?"),
+                (["eval", "-fix=3", "5"], "unknown option '-fix', did you mean --fix?")):
             self.assert_refused(*arguments, mentions=f"vorstek-cli: {message}\n")
 
     def test_values_after_an_equals_sign(self):
@@ -89,6 +93,8 @@ class UsageTest(ConsoleCase):
 
     def test_no_option_after_two_dashes(self):
         self.write("--json", "7\n")
+        self.write("-json", "8\n")
+        self.assertEqual(self.run_program("-json").out.splitlines()[-1], "X   8.00")
         self.assertEqual(self.run_program("--", "--json").out.splitlines()[-1], "X   7.00")
         self.assertEqual(self.run_program("--y", "5", "--", "--json").out.splitlines()[-1],
                          "X   7.00")
