@@ -9,7 +9,6 @@
 #include "console/headless_host.h"
 #include "console/json.h"
 #include "console/state_report.h"
-#include "engine/instruction.h"
 #include "engine/run_profile.h"
 #include "engine/vorstek_state.h"
 
@@ -23,28 +22,14 @@ static double TotalTime(const cRunProfile &Profile)
     return dTotal;
 }
 
-// Unused lines are like this.
-static int IsRunStop(const ProgramLine &Line)
-{
-    return Line.m_pInstruction && Line.m_pInstruction->m_nRole == rlStop;
-}
-
-// Where the comments that follow a program line end.
-static unsigned EndOfComments(unsigned nLine, const cVorstekState &State,
-                              const cMemoryLineBox &Listing)
-{
-    return nLine < kLastLine ? State.m_Program[nLine + 1].m_nListingLine : Listing.CountLines();
-}
-
 // The last program line to print.
 static unsigned LastLine(const cRunProfile &Profile, const cVorstekState &State,
                          const cMemoryLineBox &Listing)
 {
     unsigned nLast = kLastLine;
-    while (nLast > 1 && Profile.CountOf(nLast) == 0 && IsRunStop(State.m_Program[nLast]) &&
-           EndOfComments(nLast, State, Listing) == State.m_Program[nLast].m_nListingLine + 1)
+    while (nLast > 1 && Profile.CountOf(nLast) == 0)
         nLast--;
-    return nLast;
+    return std::max(nLast, LastUsedLine(State, Listing));
 }
 
 static void PrintComments(const cMemoryLineBox &Listing, unsigned nEnd, unsigned *pnAt,

@@ -7,6 +7,7 @@
 #include "console/arguments.h"
 #include "console/json.h"
 #include "engine/display.h"
+#include "engine/instruction.h"
 #include "engine/listing_words.h"
 #include "engine/vorstek_state.h"
 #include "graph/vantor_data_set.h"
@@ -293,4 +294,23 @@ int ReportStatePart(const std::string &Name, cHeadlessCalculator *pCalculator,
         return 0;
     pPart->m_pReport({pCalculator, Host, State}, pObject);
     return 1;
+}
+
+unsigned EndOfComments(unsigned nLine, const cVorstekState &State, const cMemoryLineBox &Listing)
+{
+    return nLine < kLastLine ? State.m_Program[nLine + 1].m_nListingLine : Listing.CountLines();
+}
+
+static int IsRunStop(const ProgramLine &Line)
+{
+    return Line.m_pInstruction && Line.m_pInstruction->m_nRole == rlStop;
+}
+
+unsigned LastUsedLine(const cVorstekState &State, const cMemoryLineBox &Listing)
+{
+    unsigned nLast = kLastLine;
+    while (nLast > 0 && IsRunStop(State.m_Program[nLast]) &&
+           EndOfComments(nLast, State, Listing) == State.m_Program[nLast].m_nListingLine + 1)
+        nLast--;
+    return nLast;
 }

@@ -34,4 +34,11 @@ void ReportState(cHeadlessCalculator *pCalculator, const cHeadlessHost &Host, cJ
 int ReportStatePart(const std::string &Name, cHeadlessCalculator *pCalculator,
                     const cHeadlessHost &Host, cJsonList *pObject);
 
+// The last program line that is not one of the R/S which fill the memory up; 0 for an
+// empty program. A comment after an R/S makes it one of the program.
+unsigned LastUsedLine(const cVorstekState &State, const cMemoryLineBox &Listing);
+
+// Where in the listing the comments end that follow a program line.
+unsigned EndOfComments(unsigned nLine, const cVorstekState &State, const cMemoryLineBox &Listing);
+
 #endif

@@ -25,7 +25,7 @@ static const cSessionCommand s_DebugCommands[] =
     { "watch",    "[NAME]",   "stop when x to t, lastx, i or r5 changes; alone, print them", 0, Debug<&cDebugSession::OnWatch> },
     { "unwatch",  "[NAME]",   "forget a watched number, or all",              0, Debug<&cDebugSession::OnUnwatch> },
     { "step",     "[N]",      "run one line, or N",                           0, Debug<&cDebugSession::OnStep> },
-    { "next",     "",         "run one line; a GSB with all that it calls",   0, Debug<&cDebugSession::OnNext> },
+    { "next",     "[N]",      "run one line, or N; a GSB with all it calls",  0, Debug<&cDebugSession::OnNext> },
     { "until",    "PLACE",    "run to a line or a label",                     0, Debug<&cDebugSession::OnUntil> },
     { "finish",   "",         "run to the end of the subroutine",             0, Debug<&cDebugSession::OnFinish> },
     { "continue", "",         "run on; Ctrl-C halts as R/S does",             0, Debug<&cDebugSession::OnContinue> },
@@ -136,7 +136,6 @@ void cDebugSession::OnProgramChanged()
 
 unsigned cDebugSession::OnPerformed()
 {
-    m_News.clear();
     std::istringstream Reasons(m_Debugger.TakeReason());
     for (std::string Reason; std::getline(Reasons, Reason);)
         m_News.push_back(Reason);
@@ -229,9 +228,13 @@ void cDebugSession::OnStep(const std::string &Argument)
         Ended(m_Debugger.Step(nLines));
 }
 
-void cDebugSession::OnNext(const std::string &)
+void cDebugSession::OnNext(const std::string &Argument)
 {
-    Ended(m_Debugger.StepOver());
+    const uint64_t nLines = CountFrom(Argument);
+    if (nLines == 0)
+        m_Error = "next: how many lines?";
+    else
+        Ended(m_Debugger.StepOver(nLines));
 }
 
 void cDebugSession::OnUntil(const std::string &Argument)

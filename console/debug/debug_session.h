@@ -21,7 +21,6 @@ public:
     const char                                   *Prompt() const override { return "debug> "; }
     std::vector<std::string>                      Rows(size_t nMost) override;
     std::vector<std::string>                      PlainRows() override;
-    std::vector<std::string>                      News() override { return m_News; }
     std::vector<std::span<const cSessionCommand>> Commands() const override;
 
     // --- the commands; Argument is what follows their name
@@ -51,12 +50,11 @@ private:
     std::string              ProgramRow(unsigned nLine);
     void                     Ended(int bDone);
 
-    cDebugger                m_Debugger;
-    std::vector<std::string> m_News;        // why the last run stopped
-    int                      m_bMoved;      // by the last line
-    int                      m_bTravelled;  // by undo or redo
-    unsigned                 m_nLine;       // current after the last line
-    std::string              m_Repeated;    // by an empty line
+    cDebugger   m_Debugger;
+    int         m_bMoved;      // by the last line
+    int         m_bTravelled;  // by undo or redo
+    unsigned    m_nLine;       // current after the last line
+    std::string m_Repeated;    // by an empty line
 };
 
 #endif

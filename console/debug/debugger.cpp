@@ -78,10 +78,10 @@ int cDebugger::Step(uint64_t nLines)
 }
 
 // In a run that only begins, no call is open.
-int cDebugger::StepOver()
+int cDebugger::StepOver(uint64_t nLines)
 {
     const cVorstekState &State = m_pCalculator->m_Engine.State();
-    return Go({0, m_bSuspended ? static_cast<int>(State.m_nReturnDepth) : 0, {}});
+    return Go({nLines, m_bSuspended ? static_cast<int>(State.m_nReturnDepth) : 0, {}, 1});
 }
 
 int cDebugger::RunTo(const cPlace &Place)
@@ -187,11 +187,16 @@ int cDebugger::HasReachedGoal(const cVorstekState &State)
 {
     if (!m_Goal)
         return 0;
-    if (m_Goal->m_nLines > 0 && --m_Goal->m_nLines == 0)
-        return 1;
+    const int nDepth = static_cast<int>(State.m_nReturnDepth);
+    if (m_Goal->m_bOver && nDepth > m_Goal->m_nDepth)
+        return 0;
+    if (m_Goal->m_bOver)
+        m_Goal->m_nDepth = nDepth;
+    if (m_Goal->m_nLines > 0)
+        return --m_Goal->m_nLines == 0;
     if (m_Goal->m_Place && m_Goal->m_Place->IsAt(State.m_nCurLine, State))
         return 1;
-    return static_cast<int>(State.m_nReturnDepth) <= m_Goal->m_nDepth;
+    return nDepth <= m_Goal->m_nDepth;
 }
 
 int cDebugger::StopsAtBreakpoint(const cVorstekState &State)

@@ -41,7 +41,7 @@ public:
     // does. 0 after an error, which the display shows.
     int Continue();
     int Step(uint64_t nLines);
-    int StepOver();  // a GSB with all that it calls is one step
+    int StepOver(uint64_t nLines);  // a GSB with all that it calls is one line
     int RunTo(const cPlace &Place);
     int Finish();  // to the line after the GSB that is open
 
@@ -77,6 +77,7 @@ private:
         uint64_t              m_nLines = 0;   // after so many; 0: never
         int                   m_nDepth = -1;  // with so many open calls, or fewer
         std::optional<cPlace> m_Place;
+        int                   m_bOver = 0;  // counts only lines outside of new calls
     };
     struct cWatch
     {

@@ -13,8 +13,8 @@
 #include "toolkit/utf8.h"
 
 cSession::cSession(const cStreams &Streams)
-    : m_Streams(Streams), m_Host(Streams), m_Calculator(&m_Host), m_bPrinted(0), m_bAnswers(0),
-      m_Lines(&m_Calculator.m_Engine), m_History(&m_Calculator, &m_Host), m_bEnded(0)
+    : m_Streams(Streams), m_Host(Streams), m_Calculator(&m_Host), m_bPrinted(0), m_bPaused(0),
+      m_bAnswers(0), m_Lines(&m_Calculator.m_Engine), m_History(&m_Calculator, &m_Host), m_bEnded(0)
 {
     m_Host.SetEngine(&m_Calculator.m_Engine);
 }
@@ -52,7 +52,7 @@ void cSession::PerformCommand(const cSessionCommand &Row, const std::string &Arg
 }
 
 // Arguments may be anything that was typed: control characters would reach the terminal.
-static std::string Readable(std::string_view Text)
+std::string Readable(std::string_view Text)
 {
     std::string Readable;
     while (!Text.empty())
@@ -70,6 +70,7 @@ void cSession::Perform(const std::string &Typed)
     const std::string  Line = Meant(Typed);
     const cStopSignals Signals(IsTerminal() ? ssNoted : ssEnds);
     m_bPrinted = 0;
+    m_News.clear();
     m_bAnswers = 1;
     m_Error.clear();
 
@@ -89,9 +90,11 @@ void cSession::Perform(const std::string &Typed)
     for (const std::string &Box : m_Host.TakeBoxes())
         m_Error += (m_Error.empty() ? "" : "\n") + Box;
     m_Error              = Readable(m_Error);
-    m_bPrinted           = m_Host.TakePaused() || m_bPrinted;
+    m_bPaused            = m_Host.TakePaused();
     m_bEnded             = m_bEnded || cStopSignals::Caught() == SIGTERM;
     const unsigned nNote = OnPerformed();
+    for (std::string &Row : m_News)
+        Row = Readable(Row);
     if (!pCommand || !pCommand->m_bTravels)
         m_History.Keep(nNote);
 }

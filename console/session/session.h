@@ -29,9 +29,9 @@ public:
     int HasEnded() const { return m_bEnded; }
 
     // 1 if the last line printed something that stays above what is drawn again.
-    int HasPrinted() const { return m_bPrinted; }
+    int HasPrinted() const { return m_bPrinted || m_bPaused; }
 
-    // 1 if the last line may have changed X, and printed nothing instead.
+    // 1 if the last line may have changed X, and no command printed anything instead.
     int HasAnswer() const { return m_bAnswers && !m_bPrinted; }
 
     // What went wrong with the last line, "" for nothing.
@@ -53,7 +53,7 @@ public:
     virtual std::vector<std::string> PlainRows() { return {}; }
 
     // What the last line has brought about beside the stack.
-    virtual std::vector<std::string> News() { return {}; }
+    const std::vector<std::string> &News() const { return m_News; }
 
     // What tab completes: commands and instructions, in their order.
     std::vector<std::string> Words() const;
@@ -97,12 +97,14 @@ protected:
     // What precedes a program line in a list of the program.
     virtual std::string MarkOf(unsigned nLine, const cVorstekState &State) const;
 
-    const cStreams      m_Streams;
-    cSessionHost        m_Host;
-    cHeadlessCalculator m_Calculator;
-    std::string         m_Error;
-    int                 m_bPrinted;
-    int                 m_bAnswers;
+    const cStreams           m_Streams;
+    cSessionHost             m_Host;
+    cHeadlessCalculator      m_Calculator;
+    std::string              m_Error;
+    std::vector<std::string> m_News;
+    int                      m_bPrinted;
+    int                      m_bPaused;  // a PAUSE printed the display
+    int                      m_bAnswers;
 
 private:
     const cSessionCommand *FindCommand(std::string_view Name) const;
@@ -114,6 +116,7 @@ private:
     void SaveAs(const std::string &Name);
     void SavePlot(const cPictureFile &File);
     int  LoadText(const std::string &Listing);
+    void TellLines(const char *szDone, unsigned nLines, const std::string &File);
     int  ReadText(const std::string &Name, std::string *pText);
     void LoadEdited(const std::string &Name);
 

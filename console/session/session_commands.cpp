@@ -21,6 +21,7 @@
 #include "engine/instruction.h"
 #include "engine/vorstek_state.h"
 #include "figure/plot_source.h"
+#include "listing/source_lines.h"
 #include "listing/suggestion.h"
 #include "toolkit/spelling.h"
 
@@ -229,13 +230,31 @@ int cSession::ReadText(const std::string &Name, std::string *pText)
     return 0;
 }
 
+static unsigned CountProgramLines(const std::string &Listing)
+{
+    cSourceReader Reader(Listing);
+    cSourceLine   Line;
+    unsigned      nLines = 0;
+    while (Reader.Next(&Line))
+        nLines = std::max(nLines, Line.m_nProgramLine);
+    return nLines;
+}
+
+// "saved 12 lines in x.txt", for a person.
+void cSession::TellLines(const char *szDone, unsigned nLines, const std::string &File)
+{
+    if (IsTerminal())
+        m_News.push_back(szDone + (" " + std::to_string(nLines)) +
+                         (nLines == 1 ? " line " : " lines ") + File);
+}
+
 void cSession::OnLoad(const std::string &Argument)
 {
     std::string Listing;
     if (Argument.empty() || Argument == kStandardInput)
         m_Error = "which file?";
-    else if (ReadText(Argument, &Listing))
-        LoadAs(Argument, Listing);
+    else if (ReadText(Argument, &Listing) && LoadAs(Argument, Listing))
+        TellLines("loaded", CountProgramLines(Listing), "from " + Argument);
     if (!m_Error.empty())
         m_Error = "load: " + m_Error;
 }
@@ -327,7 +346,10 @@ void cSession::SaveAs(const std::string &Name)
     if (!m_Calculator.m_Engine.SaveProgram(Name.c_str()))
         m_Error = "save: " + UnwritableText(Name, errno);
     else
+    {
         m_Calculator.m_Engine.TakeLoadedProgram(Name.c_str());
+        TellLines("saved", LastUsedLine(State(), m_Calculator.m_Listing), "in " + Name);
+    }
 }
 
 // A file that is not the program's own is not overwritten by mistake.

@@ -108,7 +108,8 @@ class PauseTest(LinuxCase):
         start = time.monotonic()
         result = self.start("debug", name, stdin="continue\n")
         self.assertLess(time.monotonic() - start, 50)
-        self.assertEqual(result.out.count("0.00\n"), 60)
+        self.assertEqual(result.out.splitlines(), 60 * [" 0.00"] +
+                         ["the program has halted", "> 62 R/S", "0.00"])
 
 
 class FolderTest(LinuxCase):

@@ -101,7 +101,7 @@ class SessionTest(TerminalCase):
         terminal.keys("C-c")
         terminal.wait_for("> 12 34", *stack(), ">")
         terminal.line("load program.txt")
-        terminal.wait_for(*stack(), ">")
+        terminal.wait_for(*stack(), "loaded 4 lines from program.txt", ">")
         terminal.run_line("run")
         terminal.keys("C-c")
         screen = terminal.wait(lambda screen: screen[-1] == ">" and "LASTx 1.00  DEG  FIX 2" in screen)
@@ -211,9 +211,20 @@ class SessionTest(TerminalCase):
         self.listing("7", "PAUSE", "1", "+")
         terminal = self.terminal()
         terminal.line("load program.txt")
-        terminal.wait_for(*stack(), ">")
+        terminal.wait_for(*stack(), "loaded 4 lines from program.txt", ">")
         terminal.line("run")
         terminal.wait_for("> run", r" 7\.00", *stack("8.00", last="1.00"), ">")
+
+    def test_save_says_what_it_has_done_and_a_plain_terminal_answers_after_a_pause(self):
+        self.listing("7", "PAUSE", "1", "+", "R/S", "R/S")
+        terminal = self.terminal(environment=["TERM=dumb"])
+        terminal.line("load program.txt")
+        terminal.wait_for("> load program.txt", "loaded 6 lines from program.txt", "0.00", ">")
+        terminal.line("run")
+        terminal.wait_for("> run", r" 7\.00", "8.00", ">")
+        terminal.line("save new.txt")
+        terminal.wait_for("> save new.txt", "saved 4 lines in new.txt", "8.00", ">")
+        self.assertEqual(self.read("new.txt").split(), [b"7", b"PAUSE", b"1", b"+"])
 
     def test_an_editor_changes_the_program(self):
         editor = self.path("editor")

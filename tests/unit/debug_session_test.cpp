@@ -104,6 +104,17 @@ TEST_CASE("next runs a GSB with all that it calls, finish to the line after it")
     CHECK(Rig.Type({"finish"}) == "finish: no call is open");
 }
 
+TEST_CASE("next N counts the lines outside of the calls that they make")
+{
+    cDebugRig Rig(s_szCalls);
+
+    CHECK(Rig.Type({"next 2"}) == "> 03 R/S|");
+    CHECK(Rig.Type({"back 99", "step 2", "next 3"}) == "> 08 RTN|");
+    CHECK(Rig.Type({"next 2"}) == "> 03 R/S|");
+    CHECK(Rig.Type({"back 99", "break 9", "next 5"}) == "break 9|>*09 LBL 2|");
+    CHECK(Rig.Type({"next 0"}) == "next: how many lines?");
+}
+
 TEST_CASE("a run stops at breakpoints and goes on with its calls and its stack lift")
 {
     cDebugRig Rig(s_szCalls);
