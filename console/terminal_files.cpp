@@ -12,6 +12,10 @@
 
 #include "console/commands.h"
 
+// Of the options that are no command's.
+static const char *const kHelpText    = "list the commands, or the options of one";
+static const char *const kVersionText = "print the version";
+
 static std::span<const cOptionRow> OptionsOf(const cCommandRow &Command)
 {
     return Command.m_pOptions ? Command.m_pOptions() : std::span<const cOptionRow>();
@@ -92,33 +96,42 @@ static void PrintZsh()
         std::cout << "    " << Quoted(std::string(Command.m_szName) + ":" + Command.m_szSummary)
                   << "\n";
     std::cout << ")\n"
+                 "local -a options=('--help:"
+              << kHelpText << "' '--version:" << kVersionText
+              << "')\n"
                  "\n"
                  "if (( CURRENT == 2 )); then\n"
-                 "    _describe command commands\n"
+                 "    _describe command commands -- options\n"
                  "    return\n"
                  "fi\n"
                  "local command=$words[2]\n"
                  "(( CURRENT-- ))\n"
                  "shift words\n"
                  "case $command in\n"
-                 "help) _describe command commands ;;\n";
+                 "help) _describe command commands; return ;;\n"
+                 "esac\n"
+                 "case $command in\n";
     for (const cCommandRow &Command : Commands())
     {
-        if (OptionsOf(Command).empty())
-            continue;
-        std::cout << Command.m_szName << ")\n    _arguments '*:file:_files'";
+        std::cout << Command.m_szName << ")\n    _arguments '*:file:_files' \\\n        '--help["
+                  << kHelpText << "]'";
         for (const cOptionRow &Option : OptionsOf(Command))
             std::cout << " \\\n        " << Quoted(ZshOption(Option));
         std::cout << "\n    ;;\n";
     }
-    std::cout << "*) _files ;;\nesac\n";
+    std::cout << "esac\n";
 }
 
 // --- fish
 
 static void PrintFish()
 {
-    std::cout << "# Completions of vorstek-cli for fish.\n\n";
+    std::cout << "# Completions of vorstek-cli for fish.\n\n"
+                 "complete -c vorstek-cli -l help -d "
+              << Quoted(kHelpText)
+              << "\n"
+                 "complete -c vorstek-cli -n __fish_use_subcommand -l version -d "
+              << Quoted(kVersionText) << "\n";
     for (const cCommandRow &Command : Commands())
         std::cout << "complete -c vorstek-cli -n __fish_use_subcommand -f -a " << Command.m_szName
                   << " -d " << Quoted(Command.m_szSummary) << "\n";

@@ -167,6 +167,47 @@ class UsageTest(ConsoleCase):
                             mentions="trace.txt")
 
 
+class DocumentTest(ConsoleCase):
+    """The documents list the options that the program's own help lists."""
+
+    def options(self, command):
+        return set(re.findall(r"^  (--[a-z-]+)", self.start("help", command).out, re.MULTILINE))
+
+    def commands(self):
+        return re.findall(r"^  (\w+)", self.start("help").out, re.MULTILINE)
+
+    @staticmethod
+    def sections(name, heading):
+        """The text below each heading, up to the next one."""
+        with open(os.path.join(REPOSITORY, "docs", name), encoding="utf-8") as file:
+            parts = re.split(heading, file.read(), flags=re.MULTILINE)
+        return dict(zip(parts[1::2], parts[2::2]))
+
+    def assert_documented(self, name, heading):
+        sections = self.sections(name, heading)
+        of_plot = self.options("plot")      # run draws figures too, and refers to plot
+        known = {"--help", "--version"}.union(*map(self.options, self.commands()))
+        for command in self.commands():
+            options = self.options(command)
+            text = sections.get(command, "")
+            named = set(re.findall(r"(?<![\w-])--[a-z-]*[a-z]", text))
+            missing = options - named - (of_plot if command == "run" else set())
+            self.assertEqual(missing, set(), (name, command))
+            self.assertEqual(named - known, set(), (name, command))
+
+    def test_the_text_of_the_program(self):
+        self.assert_documented("console.md", r"^## (\w+)$")
+
+    def test_the_page_of_the_manual(self):
+        self.assert_documented("manual/console.htm", r'^<h2 id="(\w+)"')
+
+    def test_the_manual_page_takes_the_tables(self):
+        sections = self.sections("vorstek-cli.1.in", r"^\.SS (\w+)$")
+        for command in self.commands():
+            if self.options(command):
+                self.assertIn(f"@OPTIONS {command}@", sections[command])
+
+
 class UnwritableOutputTest(LinuxCase):
 
     def setUp(self):

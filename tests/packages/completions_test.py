@@ -59,10 +59,12 @@ class FishTest(unittest.TestCase):
 
     def test_commands(self):
         self.assertEqual(self.complete("vorstek-cli "), COMMANDS)
+        self.assertEqual(self.complete("vorstek-cli --"), {"--help", "--version"})
 
     def test_options(self):
         for command in sorted(COMMANDS):
-            self.assertEqual(self.complete(f"vorstek-cli {command} --"), options_of(command))
+            self.assertEqual(self.complete(f"vorstek-cli {command} --"),
+                             options_of(command) | {"--help"})
 
 
 class ZshTest(unittest.TestCase):
@@ -100,6 +102,12 @@ class ZshTest(unittest.TestCase):
 
     def test_options(self):
         self.send("vorstek-cli run --max\t", "--max-lines=")
+
+    def test_options_without_a_command(self):
+        self.send("vorstek-cli --v\t", "--version ")
+
+    def test_help_of_a_command_without_options(self):
+        self.send("vorstek-cli script --he\t", "--help ")
 
     def test_values(self):
         self.send("vorstek-cli check --str\t", "--strict ")
