@@ -7,7 +7,8 @@ import unittest
 import zipfile
 
 import package_case
-from package_case import ROOT, broken_links, examples, files, package, run, version, wine
+from package_case import (ROOT, broken_links, editor_kits, examples, files, package, run,
+                          version, wine)
 
 PROGRAMS = ("Vorstek.exe", "vorstek-cli.exe")
 HELP_FILES = ("VORSTEK.chm", "cVantor.CHM", "HtmlHelp")
@@ -38,8 +39,8 @@ class ArchiveTest(unittest.TestCase):
         for entry in self.archive.infolist():
             self.assertTrue(entry.filename.startswith(self.top), entry.filename)
 
-    def test_it_holds_programs_examples_help_and_nothing_else(self):
-        kept = examples() | built_help()
+    def test_it_holds_programs_examples_kits_help_and_nothing_else(self):
+        kept = examples() | editor_kits() | built_help()
         for name in ("VORSTEK.chm", "cVantor.CHM", "HtmlHelp/Introduction.htm"):
             self.assertIn(name, kept)
         self.assertEqual(sorted(self.held), sorted([*PROGRAMS, "README.txt", "LICENSE.txt", *kept]))

@@ -49,6 +49,12 @@ def examples():
             for path in folder.rglob("*") if path.is_file() and path.name != "commands.txt"}
 
 
+def editor_kits():
+    folder = ROOT / "editors"
+    return {path.relative_to(ROOT).as_posix(): path.read_bytes()
+            for path in folder.rglob("*") if path.is_file()}
+
+
 def broken_links(held, name):
     """The links of the page with this path that lead to none of the files held."""
     folder = posixpath.dirname(name)
