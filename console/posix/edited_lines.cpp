@@ -53,7 +53,8 @@ private:
 class cEditedLines : public cLineSource
 {
 public:
-    cEditedLines(const std::string &HistoryFile, const std::vector<std::string> &Words);
+    cEditedLines(const std::string &HistoryFile, const std::vector<std::string> &Words,
+                 const std::function<void()> &Resumed);
     ~cEditedLines() override;
     cEditedLines(const cEditedLines &)            = delete;
     cEditedLines &operator=(const cEditedLines &) = delete;
@@ -73,6 +74,7 @@ private:
     const cStopSignals             m_Signals{ssNoted};  // between two lines as well
     const cKeptHistory             m_Kept;
     const std::vector<std::string> m_Words;
+    const std::function<void()>    m_Resumed;
     std::string                    m_Prompt;
     EditLine                      *m_pEdit;
     History                       *m_pHistory;
@@ -115,8 +117,9 @@ int cEditingSignals::WaitForInput()
 
 // Letters beyond ASCII need the user's encoding; numbers are not affected. What the
 // calculator prints is UTF-8: an encoding of single bytes could not show it either.
-cEditedLines::cEditedLines(const std::string &HistoryFile, const std::vector<std::string> &Words)
-    : m_Kept(HistoryFile, kMostHistory), m_Words(Words)
+cEditedLines::cEditedLines(const std::string &HistoryFile, const std::vector<std::string> &Words,
+                           const std::function<void()> &Resumed)
+    : m_Kept(HistoryFile, kMostHistory), m_Words(Words), m_Resumed(Resumed)
 {
     if (!setlocale(LC_CTYPE, "") || MB_CUR_MAX == 1)
         setlocale(LC_CTYPE, "C.UTF-8");
@@ -162,8 +165,11 @@ void cEditedLines::Suspend()
 {
     s_bSuspended = 0;
     el_set(m_pEdit, EL_PREP_TERM, 0);
+    printf("\n");  // the shell writes below the line
+    fflush(stdout);
     raise(SIGSTOP);
     el_set(m_pEdit, EL_PREP_TERM, 1);
+    m_Resumed();
     el_set(m_pEdit, EL_REFRESH);
 }
 
@@ -261,7 +267,8 @@ eTyped cEditedLines::Read(const std::string &Prompt, std::string *pLine)
 }
 
 std::unique_ptr<cLineSource> EditedLines(const std::string              &HistoryFile,
-                                         const std::vector<std::string> &Words)
+                                         const std::vector<std::string> &Words,
+                                         const std::function<void()>    &Resumed)
 {
-    return std::make_unique<cEditedLines>(HistoryFile, Words);
+    return std::make_unique<cEditedLines>(HistoryFile, Words, Resumed);
 }

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -43,6 +44,24 @@ unsigned TerminalHeight()
     if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &Size) != 0 || Size.ws_row == 0)
         return 24;
     return Size.ws_row;
+}
+
+static volatile std::sig_atomic_t s_bStopped;
+
+static void NoteContinuing(int)
+{
+    s_bStopped = 1;
+}
+
+int WasStopped()
+{
+    struct sigaction Action = {};
+    Action.sa_handler       = NoteContinuing;
+    Action.sa_flags         = SA_RESTART;
+    sigaction(SIGCONT, &Action, nullptr);
+    const int bStopped = s_bStopped;
+    s_bStopped         = 0;
+    return bStopped;
 }
 
 // $XDG_STATE_HOME, which has to be absolute, or what stands for it.

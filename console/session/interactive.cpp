@@ -12,11 +12,11 @@
 #include "resources/version.h"
 
 static std::unique_ptr<cLineSource> Lines(const cSession &Session, const cStreams &Streams,
-                                          int bRedraws)
+                                          int bRedraws, const std::function<void()> &Resumed)
 {
     std::unique_ptr<cLineSource> pLines;
     if (bRedraws)
-        pLines = EditedLines(HistoryFile(), Session.Words());
+        pLines = EditedLines(HistoryFile(), Session.Words(), Resumed);
     return pLines ? std::move(pLines) : PlainLines(Streams);
 }
 
@@ -30,9 +30,12 @@ int RunSession(cSession *pSession, const cStreams &Streams)
 {
     const int         bTerminal = IsTerminal();
     const int         bRedraws  = CanRedraw();
-    const auto        pLines    = Lines(*pSession, Streams, bRedraws);
     const std::string Prompt    = bTerminal ? pSession->Prompt() : "";
     cScreen           Screen(Streams, bRedraws);
+    const auto        pLines  = Lines(*pSession, Streams, bRedraws, [&] {
+        Screen.Show(pSession);
+        Streams.m_pOut->flush();
+    });
     int               bFailed = 0;
     if (bTerminal)
         *Streams.m_pOut << "Vorstek " VORSTEK_VERSION ". help says what there is, Ctrl-D ends.\n";

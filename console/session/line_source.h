@@ -3,6 +3,7 @@
 #ifndef CONSOLE_SESSION_LINE_SOURCE_H
 #define CONSOLE_SESSION_LINE_SOURCE_H
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -31,8 +32,10 @@ std::unique_ptr<cLineSource> PlainLines(const cStreams &Streams);
 // Lines that can be edited, with the history of earlier ones, kept in szHistory from
 // one session to the next ("" for none), and completion of Words by the tab key. Null
 // where the program was built without an editing library; then, and where there is
-// no terminal, PlainLines() serves.
+// no terminal, PlainLines() serves. After Ctrl-Z, when the program goes on in the middle
+// of a line, Resumed is called before the line is shown again.
 std::unique_ptr<cLineSource> EditedLines(const std::string              &HistoryFile,
-                                         const std::vector<std::string> &Words);
+                                         const std::vector<std::string> &Words,
+                                         const std::function<void()>    &Resumed);
 
 #endif

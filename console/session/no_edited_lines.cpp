@@ -2,7 +2,8 @@
 
 #include "console/session/line_source.h"
 
-std::unique_ptr<cLineSource> EditedLines(const std::string &, const std::vector<std::string> &)
+std::unique_ptr<cLineSource> EditedLines(const std::string &, const std::vector<std::string> &,
+                                         const std::function<void()> &)
 {
     return nullptr;
 }

@@ -95,6 +95,7 @@ void cScreen::Show(cSession *pSession)
     m_Rows.clear();
     if (!m_bRedraws)
         return;
+    WasStopped();  // whatever was written then is above
     std::ostringstream Text;
     PrintStack(pSession->State(), &Text);
     const std::vector<std::string> Stack  = RowsIn(Text.str());
@@ -126,7 +127,7 @@ void cScreen::Answer(cSession *pSession, const std::string &Typed)
         unsigned nRows = RowsOf(Typed);
         for (const std::string &Row : m_Rows)
             nRows += RowsOf(Row);
-        if (!pSession->HasPrinted())
+        if (!pSession->HasPrinted() && !WasStopped())
             *m_Streams.m_pOut << "\x1b[" << nRows << "A\r\x1b[J";
         Show(pSession);
         return;

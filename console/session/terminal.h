@@ -21,6 +21,10 @@ unsigned TerminalWidth();
 // Lines of the terminal, 24 where nobody knows. It changes as well.
 unsigned TerminalHeight();
 
+// 1 if the program has been stopped since the last call, as by Ctrl-Z: others may have
+// written to the terminal. The first call begins to look; always 0 on Windows.
+int WasStopped();
+
 // Where this user's programs keep such files, made if it is not there:
 // "/home/kim/.local/state/vorstek/history". "" where there is none.
 std::string HistoryFile();

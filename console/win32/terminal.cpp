@@ -27,6 +27,11 @@ int CanRedrawErrors()
     return 0;
 }
 
+int WasStopped()
+{
+    return 0;
+}
+
 unsigned TerminalWidth()
 {
     return 80;

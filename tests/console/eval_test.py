@@ -146,14 +146,23 @@ class EvalTest(ConsoleCase):
 
 
 class SameAsScriptTest(ConsoleCase):
-    """Random words give the same state by eval and as a program that keys run."""
+    """Random words give the same state by eval, by the script's command for words, and as
+    a program that keys run."""
+
+    NAMES = [*map(str, range(10)), *(f".{digit}" for digit in range(10))]
 
     def state_by_eval(self, words):
-        return self.start("eval", "--json", " ".join(words)).events[0]
+        """With the registers that have names, which the lines after the words recall."""
+        lines = [" ".join(words), *("CLX RCL " + name for name in self.NAMES)]
+        state, *recalled = self.start("eval", "--json", stdin="\n".join(lines)).events
+        state["reg"] = [answer["stack"][0]["value"] for answer in recalled]
+        return state
 
-    def state_by_script(self, words):
+    def states_by_script(self, words):
         self.listing(*words, "R/S", name="words.txt")
-        return self.state_after("open words.txt", key_line("R/S"))
+        by_keys, by_words = self.states("open words.txt", key_line("R/S"), "state", "reset",
+                                        "do " + " ".join(words), "state")
+        return by_keys, by_words
 
     def test_random_words(self):
         chance = random.Random(13)
@@ -165,13 +174,15 @@ class SameAsScriptTest(ConsoleCase):
                                     f"{chance.uniform(-100, 100):.6g}",
                                     str(chance.randint(0, 9))))
                      for _ in range(chance.randint(1, 90))]
-            ours, theirs = self.state_by_eval(words), self.state_by_script(words)
-            for key in ("stack", "lastx", "stack_lift", "format", "angle"):
-                self.assertEqual(ours[key], theirs[key], " ".join(words))
+            ours = self.state_by_eval(words)
+            for theirs in self.states_by_script(words):
+                theirs["reg"] = theirs["reg"][:len(self.NAMES)]
+                for key in ("stack", "lastx", "stack_lift", "format", "angle", "reg"):
+                    self.assertEqual(ours[key], theirs[key], (key, " ".join(words)))
+                if "error" in ours:
+                    self.assertEqual(ours["error"], theirs["display"])
             failed += "error" in ours
             done += "error" not in ours
-            if "error" in ours:
-                self.assertEqual(ours["error"], theirs["display"])
         self.assertGreater(done, 3)
         self.assertGreater(failed, 3)
 

@@ -2,11 +2,13 @@
 
 import os
 import re
+import shlex
 import signal
 import time
 
+import console_case
 from console_case import main
-from terminal import TerminalCase, stack, wait_until
+from terminal import Terminal, TerminalCase, stack, wait_until
 
 
 class SessionTest(TerminalCase):
@@ -146,6 +148,39 @@ class SessionTest(TerminalCase):
                     self.assertLess(time.monotonic() - start, 0.9)
                 os.write(terminal, b"CLX 41 2 +\r")
                 self.until(terminal, b"43.00")
+
+    def test_ctrl_z_stops_it_and_fg_brings_the_line_back(self):
+        self.listing("LBL 1", "1", "+", "GTO 1")
+        terminal = Terminal(self.folder, size="200x24", shell=1)
+        self.addCleanup(terminal.close)
+        terminal.wait(lambda screen: screen[-1].startswith("$"))
+        terminal.line("exec 2>&1; clear; " + shlex.join(console_case.command))
+        terminal.wait_for(*stack(), ">")
+        terminal.type("12 34")
+        terminal.keys("Left")
+        terminal.wait_for("> 12 34")
+        time.sleep(0.2)                     # the terminal forgets keys that are not read yet
+        terminal.keys("C-z")
+        terminal.wait(lambda screen: screen[-1].strip() == "$" and "Stopped" in screen[-2])
+        terminal.line("echo 4$((1 + 1))")
+        terminal.wait_for("42", r"\$")
+        terminal.line("fg")
+        terminal.wait_for(*stack(), "> 12 34")
+        terminal.keys("BSpace")
+        terminal.line("5")
+        screen = terminal.wait_for("42", r"\$ fg", ".*vorstek-cli", *stack("54.00", "12.00"), ">")
+        self.assertEqual(sum(row.startswith("X ") for row in screen), 2)
+        terminal.line("load program.txt")
+        terminal.line("run")
+        terminal.wait(lambda screen: screen[-1] == "> run")
+        terminal.keys("C-z")
+        terminal.wait(lambda screen: screen[-1].strip() == "$" and "Stopped" in screen[-2])
+        terminal.line("fg")
+        terminal.wait(lambda screen: "vorstek-cli" in screen[-1])
+        terminal.keys("C-c")
+        terminal.wait(lambda screen: screen[-1] == ">" and re.match(r"X   [1-9]", screen[-2]))
+        terminal.keys("C-d")
+        terminal.wait(lambda screen: screen[-1].strip() == "$")
 
     def test_sigterm_ends_the_session(self):
         terminal = self.terminal()

@@ -29,14 +29,17 @@ def wait_until(is_so):
 class Terminal:
     """A terminal in which the program runs. Waits for what it is asked for."""
 
-    def __init__(self, folder, arguments=(), size="80x24", environment=(), name="first"):
+    def __init__(self, folder, arguments=(), size="80x24", environment=(), name="first",
+                 shell=0):
+        """Or a shell with job control, in which the program can be started."""
         self._socket = os.path.join(folder, name)
         width, height = size.split("x")
         settings = ["env", f"XDG_STATE_HOME={folder}/state", f"HOME={folder}", "LC_ALL=C.UTF-8",
                     "NO_COLOR=", *environment]
         self._tmux("-f", "/dev/null", "new-session", "-d", "-x", width, "-y", height, "-c", folder,
-                   *settings, "sh", "-c", '"$@"; echo "exit code $?"; exec cat', "sh",
-                   *console_case.command, *arguments)
+                   *settings, "PS1=$ ", "sh", *(["-i"] if shell else
+                   ["-c", '"$@"; echo "exit code $?"; exec cat', "sh", *console_case.command,
+                    *arguments]))
 
     def _tmux(self, *arguments):
         return subprocess.run(["tmux", "-S", self._socket, *arguments], check=True,
