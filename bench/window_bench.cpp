@@ -324,12 +324,12 @@ TEST_CASE("a full repaint")
         const char *m_szTarget;
     } s_Rows[] = {
         {"20 sets of 12,800 points repainted", gtPlot, 1, 0, 0.0F, "100 at most"},
-        {"the same, noise", gtPlot, 1, 0, 0.01F, ""},
-        {"the same, dashed", gtPlot, 1, 1, 0.0F, ""},
-        {"the same, 4 pixels wide", gtPlot, 4, 0, 0.0F, ""},
-        {"the same, stairs", gtStairStep, 1, 0, 0.0F, ""},
-        {"the same, markers", gtScatter, 1, 0, 0.0F, ""},
-        {"the same, bars", gtStoop, 1, 0, 0.0F, ""},
+        {"the same, noise", gtPlot, 1, 0, 0.01F, "100 at most"},
+        {"the same, dashed", gtPlot, 1, 1, 0.0F, "100 at most"},
+        {"the same, 4 pixels wide", gtPlot, 4, 0, 0.0F, "100 at most"},
+        {"the same, stairs", gtStairStep, 1, 0, 0.0F, "100 at most"},
+        {"the same, markers", gtScatter, 1, 0, 0.0F, "100 at most"},
+        {"the same, bars", gtStoop, 1, 0, 0.0F, "100 at most"},
     };
     for (const auto &Row : s_Rows)
     {

@@ -39,6 +39,9 @@ public:
     // the area.
     void Cover(int nY, int nLeft, int nRight);
 
+    // Covers the pixel, which is in the area, if nCovered is 1; 0 leaves it as it is.
+    void CoverIf(uint32_t nCovered, int nX, int nY);
+
     // Calls Handle(nY, nLeft, nRight) for each run of covered pixels, nRight not
     // included, from the top down and from the left to the right.
     template <class cHandle> void ForEachRun(cHandle Handle) const;
@@ -74,6 +77,12 @@ inline void cPixelMask::Cover(int nY, int nLeft, int nRight)
         nPixels -= kWordBits - nLow;
     }
     *pWord |= ~uint64_t(0) >> (kWordBits - nPixels) << nLow;
+}
+
+inline void cPixelMask::CoverIf(uint32_t nCovered, int nX, int nY)
+{
+    const unsigned nBit = static_cast<unsigned>(nX - m_Area.m_nLeft + kMargin);
+    Row(nY)[nBit / kWordBits] |= uint64_t(nCovered) << nBit % kWordBits;
 }
 
 // The first bit from nBit on that is 1, after an exclusive or with nInverted; at most

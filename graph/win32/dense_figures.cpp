@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <new>
 
+#include "graph/dashed_line.h"
 #include "graph/segment_rows.h"
 
 // Segments that reach no farther in x and in y are drawn with stamps.
@@ -232,5 +233,33 @@ int cDenseFigures::DrawWideLine(const cPoint *pPoints, size_t nPoints, int nWidt
     for (size_t i = 0; i + 1 < nPoints && !bWithLong; i++)
         if (IsLong(Difference(pPoints[i + 1], pPoints[i])))
             ::Polyline(m_hDc, AsPlatformPoints(pPoints + i), 2);
+    return 1;
+}
+
+// --- dashed lines
+
+// From the first pixel of a line to the right.
+int cDenseFigures::ReadStrokes(uint32_t nStyle, uint32_t *pStrokes)
+{
+    const cGdiPen      Pen(CreatePen(static_cast<int>(nStyle), 1, RGB(255, 255, 255)));
+    const cSelectGuard Selected(m_Pad.Dc(), Pen.Get());
+    const POINT        Line[] = {{0, 0}, {kDashPeriod, 0}};
+    cStamp             Stamp;
+    m_Pad.Clear();
+    ::Polyline(m_Pad.Dc(), Line, 2);
+    if (!m_Pad.Read(&Stamp))
+        return 0;
+    *pStrokes = Stamp.m_Rows[0] << Stamp.m_Offset.m_nX;
+    return 1;
+}
+
+int cDenseFigures::DrawDashedLine(const cPoint *pPoints, size_t nPoints, uint32_t nStyle,
+                                  uint32_t crColour)
+{
+    uint32_t nStrokes = 0;
+    if (!Prepare() || !ReadStrokes(nStyle, &nStrokes))
+        return 0;
+    CoverDashedLine(pPoints, nPoints, nStrokes, &m_Mask);
+    Show(crColour);
     return 1;
 }

@@ -36,8 +36,13 @@ public:
     // points are the same.
     int DrawWideLine(const cPoint *pPoints, size_t nPoints, int nWidth, uint32_t crColour);
 
+    // Draws a line of one pixel in a style of kLineStyles with gaps, as Polyline does;
+    // its pen is selected. 0 as above.
+    int DrawDashedLine(const cPoint *pPoints, size_t nPoints, uint32_t nStyle, uint32_t crColour);
+
 private:
     int  Prepare();
+    int  ReadStrokes(uint32_t nStyle, uint32_t *pStrokes);
     int  ReadPolygon(const cPoint *pPoints, int nCorners, cStamp *pStamp);
     int  LineStamp(cPoint Step, int nWidth, const cStamp **ppStamp);
     int  CoverShort(cPoint At, cPoint Step, int nWidth);

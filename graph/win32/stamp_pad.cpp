@@ -29,6 +29,7 @@ int cStampPad::Create()
         return 0;
     }
     m_pPixels = static_cast<uint32_t *>(pPixels);
+    SetBkMode(m_Dc.Get(), TRANSPARENT);
     SetViewportOrgEx(m_Dc.Get(), kPadCentre, kPadCentre, nullptr);
     return 1;
 }

@@ -418,6 +418,37 @@ TEST_CASE("a wide line whose points are all the same is a dot")
     CHECK(Whole.Picture() == InSteps.Picture());
 }
 
+// Drawn by the platform.
+static void DrawDashed(const std::vector<cPoint> &Points, uint32_t nStyle, const cPaperRig &Rig)
+{
+    const cGdiPen      Pen(CreatePen(static_cast<int>(nStyle), 1, kRed));
+    const cSelectGuard Selected(Rig.Dc(), Pen.Get());
+    SetBkMode(Rig.Dc(), TRANSPARENT);
+    IntersectClipRect(Rig.Dc(), 20, 10, 150, 110);
+    ::Polyline(Rig.Dc(), reinterpret_cast<const POINT *>(Points.data()),
+               static_cast<int>(Points.size()));
+}
+
+TEST_CASE("a dashed line of many points is the platform's to the pixel")
+{
+    for (uint32_t nStyle = 1; nStyle < kStyles; nStyle++)
+        for (const auto &Points :
+             {RandomPlaces(120, nStyle), LoopsAndLeaps(900, nStyle), {101, cPoint{30, 30}}})
+        {
+            CAPTURE(nStyle);
+            CAPTURE(Points.size());
+            cPaperRig ByCanvas(160, 120);
+            cPaperRig ByPlatform(160, 120);
+            DrawDashed(Points, nStyle, ByPlatform);
+            {
+                cGdiCanvas       Canvas(ByCanvas.Dc(), nullptr);
+                const cClipGuard Clip(&Canvas, {20, 10, 150, 110});
+                Canvas.Polyline(Points.data(), Points.size(), {nStyle, 1, kRed});
+            }
+            CHECK(ByCanvas.Picture() == ByPlatform.Picture());
+        }
+}
+
 TEST_CASE("dashed lines keep the background in their gaps, and wide lines have no gaps")
 {
     for (uint32_t nStyle = 0; nStyle < kStyles; nStyle++)
