@@ -103,16 +103,19 @@ static void EndLine(FILE *pFile)
     fputs(kDataFileLineEnd, pFile);
 }
 
-cAsciiDataFile::cAsciiDataFile(cMessageBoxes *pBoxes) : m_pBoxes(pBoxes)
+cAsciiDataFile::cAsciiDataFile(cMessageBoxes *pBoxes) : m_pBoxes(pBoxes), m_bStopped(0)
 {
     Clear();
 }
 
-int cAsciiDataFile::ReadFromFile(const char *szFile)
+int cAsciiDataFile::ReadFromFile(const char *szFile, cReadingWatch *pWatch)
 {
     Clear();
     cShortLineReader Reader;
-    if (Reader.Open(szFile) && Read(&Reader))
+    Reader.SetWatch(pWatch);
+    const int bRead = Reader.Open(szFile) && Read(&Reader) && !Reader.Stopped();
+    m_bStopped      = Reader.Stopped();
+    if (bRead)
         return 1;
     Clear();
     return 0;
@@ -202,13 +205,13 @@ int cAsciiDataFile::Read(cShortLineReader *pReader)
     {
         pText = NextLine(pReader);
         if (!Begins(pText, kSetLabels))
-            return Abort(pReader->LineNumber());
+            return Abort(*pReader);
         if (!ReadLabels(pText + strlen(kSetLabels)))
             return 0;
     }
     for (uint32_t nRow = 0; nRow < m_nRows; nRow++)
         if (!ReadRow(NextLine(pReader), nRow))
-            return Abort(pReader->LineNumber());
+            return Abort(*pReader);
     if (!m_bExplicitX)
     {
         m_fXMin = 0.0F;
@@ -253,7 +256,7 @@ int cAsciiDataFile::CountData(cShortLineReader *pReader, const char *pText)
             return 0;
         m_nRows++;
     }
-    if (m_nRows == 0 || pReader->Failed())
+    if (m_nRows == 0 || pReader->Failed() || pReader->Stopped())
         return 0;
     m_nSets = nColumns - (m_bExplicitX ? 1 : 0);
     return 1;
@@ -332,15 +335,18 @@ int cAsciiDataFile::ReadRow(const char *pText, uint32_t nRow)
     return 1;
 }
 
-// The file has become another one between the passes. Returns 0.
-int cAsciiDataFile::Abort(uint32_t nLine)
+// The file has become another one between the passes, unless the user has had enough.
+// Returns 0.
+int cAsciiDataFile::Abort(const cShortLineReader &Reader)
 {
+    if (Reader.Stopped())
+        return 0;
     char szText[kAbortText];
     snprintf(szText, sizeof szText,
              "ERROR: line %u of the ASCII data file\n"
              "caused cAsciiDataFile::ReadFromFile()\n"
              "to abort.",
-             static_cast<unsigned>(nLine));
+             static_cast<unsigned>(Reader.LineNumber()));
     m_pBoxes->Ask(szText, nullptr, bnOk, icError);
     return 0;
 }

@@ -21,6 +21,7 @@
 
 #include "graph/short_line_reader.h"
 #include "toolkit/message_box.h"
+#include "toolkit/reading_watch.h"
 
 // Title and axis label hold up to 100 characters. An empty text means that there is none.
 const int kDataFileText = 101;
@@ -44,8 +45,12 @@ public:
     // data line or one without the least count of numbers (2 with ExplicitX,
     // else 1), and when memory runs out and the user gives up. A line has at most
     // 99 bytes; a longer one is read as two lines. "1,5 3,8" are four numbers.
-    // The line with the fewest numbers gives the number of columns.
-    int ReadFromFile(const char *szFile);
+    // The line with the fewest numbers gives the number of columns. pWatch may end
+    // the reading, which then has failed, too; null: nothing does.
+    int ReadFromFile(const char *szFile, cReadingWatch *pWatch = nullptr);
+
+    // 1 if the watch has ended the last reading.
+    int IsStopped() const { return m_bStopped; }
 
     // Returns 0 when the file could not be written; then what was there before
     // is unchanged. Numbers have six decimals: 0.0000004 is written as 0.000000.
@@ -106,7 +111,7 @@ private:
     int         ReadLabels(const char *pText);
     int         StoreLabel(cSet *pSet, const char *pText, const char *pEnd);
     int         ReadRow(const char *pText, uint32_t nRow);
-    int         Abort(uint32_t nLine);
+    int         Abort(const cShortLineReader &Reader);
 
     void WriteHeader(FILE *pFile) const;
     void WriteLabels(FILE *pFile) const;
@@ -116,6 +121,7 @@ private:
     int ResizeSets(uint32_t nCapacity);
 
     cMessageBoxes           *m_pBoxes;
+    int                      m_bStopped;
     int                      m_bExplicitX;
     char                     m_szTitle[kDataFileText];
     char                     m_szHorzLabel[kDataFileText];

@@ -22,10 +22,13 @@ static const uint32_t kSetColours[] =
 // clang-format on
 static const uint32_t kColours = sizeof kSetColours / sizeof kSetColours[0];
 
-static int ReadOrReport(cAsciiDataFile *pFile, cMessageBoxes *pBoxes, const char *szFile)
+static int ReadOrReport(cAsciiDataFile *pFile, cMessageBoxes *pBoxes, const char *szFile,
+                        cReadingWatch *pWatch)
 {
-    if (pFile->ReadFromFile(szFile))
+    if (pFile->ReadFromFile(szFile, pWatch))
         return 1;
+    if (pFile->IsStopped())
+        return 0;
     char szText[kMessageText];
     snprintf(szText, sizeof szText, "Could not read the file:\n %s", szFile);
     pBoxes->Ask(szText, nullptr, bnOk, icNone);
@@ -77,10 +80,11 @@ static void ReportIncompatible(cMessageBoxes *pBoxes, uint32_t nWritten, uint32_
     pBoxes->Ask(szText, nullptr, bnOk, icNone);
 }
 
-int OpenGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile)
+int OpenGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile,
+                  cReadingWatch *pWatch)
 {
     cAsciiDataFile File(pBoxes);
-    if (!ReadOrReport(&File, pBoxes, szFile))
+    if (!ReadOrReport(&File, pBoxes, szFile, pWatch))
         return 0;
     pPlot->ClearAll();
     pPlot->SetTitle(File.Title());
@@ -88,10 +92,11 @@ int OpenGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile)
     return AddSets(pPlot, File);
 }
 
-int AppendGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile)
+int AppendGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile,
+                    cReadingWatch *pWatch)
 {
     cAsciiDataFile File(pBoxes);
-    return ReadOrReport(&File, pBoxes, szFile) && AddSets(pPlot, File);
+    return ReadOrReport(&File, pBoxes, szFile, pWatch) && AddSets(pPlot, File);
 }
 
 int SaveGraphFile(const cVantorPlot &Plot, cMessageBoxes *pBoxes, const char *szFile)

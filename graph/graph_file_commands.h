@@ -6,16 +6,20 @@
 
 #include "graph/vantor_plot.h"
 #include "toolkit/message_box.h"
+#include "toolkit/reading_watch.h"
 
 // Replaces data, title and axis label of the plot with those of an ASCII data
 // file; a range that the user has fixed stays. Each set becomes a solid line of
 // width 1, the first red, the second green. Without success the plot is as it
 // was, unless memory ran out and the user gave up while the sets were added.
-int OpenGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile);
+// pWatch may end the reading, without a box; null: nothing does.
+int OpenGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile,
+                  cReadingWatch *pWatch = nullptr);
 
 // Appends the file's sets to those of the plot, coloured by their place in the
 // file as OpenGraphFile does. Title and axis label stay.
-int AppendGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile);
+int AppendGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile,
+                    cReadingWatch *pWatch = nullptr);
 
 // Writes the sets that can share a file with data line 1, and informs the user
 // if those are not all; this counts as success. Returns 0 when there is

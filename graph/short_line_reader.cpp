@@ -13,8 +13,8 @@ static const size_t kMostBytes = kShortLine - 1;  // of a line, newline included
 static const size_t kLookAhead = kMostBytes + 1;
 
 cShortLineReader::cShortLineReader()
-    : m_pFile(nullptr), m_nBlockOffset(0), m_nNext(0), m_nEnd(0), m_nLine(0), m_bAtEnd(0),
-      m_bFailed(0), m_LineStart{0, 0}
+    : m_pFile(nullptr), m_pWatch(nullptr), m_nBlockOffset(0), m_nNext(0), m_nEnd(0), m_nLine(0),
+      m_bAtEnd(0), m_bFailed(0), m_bStopped(0), m_LineStart{0, 0}
 {
     m_szLine[0] = '\0';
 }
@@ -88,6 +88,13 @@ int cShortLineReader::GoBack(const cMark &Mark)
 // Moves the rest of the block to its front and reads on after it.
 void cShortLineReader::Fill()
 {
+    if (m_pWatch && !m_pWatch->GoesOn())
+    {
+        m_nNext    = m_nEnd;
+        m_bAtEnd   = 1;
+        m_bStopped = 1;
+        return;
+    }
     const size_t nLeft = m_nEnd - m_nNext;
     memmove(m_Block, m_Block + m_nNext, nLeft);
     m_nBlockOffset += m_nNext;

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "toolkit/reading_watch.h"
+
 // A line of the file, its newline and a closing zero fit into this many bytes.
 // A longer one is read as two or more lines.
 const size_t kShortLine = 100;
@@ -34,8 +36,11 @@ public:
     // and once.
     int Open(const char *szFile);
 
-    // Reads the next line. Returns 0 at the end of the file, and when the file
-    // cannot be read any further (Failed distinguishes the two).
+    // pWatch may end the reading, and outlives this object; null: nothing does.
+    void SetWatch(cReadingWatch *pWatch) { m_pWatch = pWatch; }
+
+    // Reads the next line. Returns 0 at the end of the file, when the file cannot be
+    // read any further (Failed), and when the watch has ended the reading (Stopped).
     int Next();
 
     // The line read last, without its newline and without a carriage return
@@ -49,6 +54,8 @@ public:
     // 1 when the file could not be read to its end.
     int Failed() const { return m_bFailed; }
 
+    int Stopped() const { return m_bStopped; }
+
     // Where the line read last begins.
     cMark LineStart() const { return m_LineStart; }
 
@@ -59,16 +66,18 @@ public:
 private:
     void Fill();
 
-    FILE    *m_pFile;
-    uint64_t m_nBlockOffset;  // position of the block in the file
-    size_t   m_nNext;         // first byte of the block not yet read
-    size_t   m_nEnd;          // bytes in the block
-    uint32_t m_nLine;
-    int      m_bAtEnd;  // the file has no bytes after the block
-    int      m_bFailed;
-    cMark    m_LineStart;
-    char     m_szLine[kShortLine];
-    char     m_Block[kReadBlock];
+    FILE          *m_pFile;
+    cReadingWatch *m_pWatch;
+    uint64_t       m_nBlockOffset;  // position of the block in the file
+    size_t         m_nNext;         // first byte of the block not yet read
+    size_t         m_nEnd;          // bytes in the block
+    uint32_t       m_nLine;
+    int            m_bAtEnd;  // the file has no bytes after the block
+    int            m_bFailed;
+    int            m_bStopped;
+    cMark          m_LineStart;
+    char           m_szLine[kShortLine];
+    char           m_Block[kReadBlock];
 };
 
 #endif

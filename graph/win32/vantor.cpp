@@ -7,6 +7,7 @@
 #include "graph/win32/vantor_dialogs.h"
 #include "resources/resource.h"
 #include "toolkit/win32/help_viewer.h"
+#include "toolkit/win32/interrupt_watch.h"
 #include "toolkit/win32/menu_items.h"
 #include "toolkit/win32/page_setup.h"
 #include "toolkit/win32/wait_cursor.h"
@@ -234,7 +235,8 @@ void cVantor::OnOpen()
     if (!AskName(fnOpen, szName))
         return;
     const cWaitCursor Wait;
-    if (!OpenGraphFile(&m_Box, m_pBoxes, szName))
+    cInterruptWatch   Watch;
+    if (!OpenGraphFile(&m_Box, m_pBoxes, szName, &Watch))
         return;
     snprintf(m_szFileName, sizeof m_szFileName, "%s", szName);
     ShowFileName();
@@ -246,7 +248,8 @@ void cVantor::OnAppend()
     if (!AskName(fnOpen, szName))
         return;
     const cWaitCursor Wait;
-    AppendGraphFile(&m_Box, m_pBoxes, szName);
+    cInterruptWatch   Watch;
+    AppendGraphFile(&m_Box, m_pBoxes, szName, &Watch);
 }
 
 void cVantor::OnSave()

@@ -365,3 +365,52 @@ TEST_CASE("giving up on memory while a file is read leaves the graph as it was")
     CHECK(Rig.Set(1).m_pY[0] == 1.0F);
     CHECK(Rig.Title() == "My Graph");
 }
+
+// --- a reading that is ended
+
+namespace
+{
+
+// Lets so many blocks be read.
+class cBlocksWatch : public cReadingWatch
+{
+public:
+    explicit cBlocksWatch(int nBlocks) : m_nLeft(nBlocks) {}
+
+    int GoesOn() override { return m_nLeft-- > 0; }
+
+    int m_nLeft;
+};
+
+}  // namespace
+
+TEST_CASE("a reading that is ended changes nothing and shows no box")
+{
+    cGraphRig Rig;
+    REQUIRE(Rig.Open("Title \"before\"\n7\n8\n9\n") == 1);
+    std::string Text;
+    for (int i = 0; i < 50000; i++)
+        Text += "1 2\n";
+    Rig.m_Folder.Write("long.txt", Text);
+    const std::string Name = Rig.m_Folder.Name("long.txt");
+
+    // Two passes of four blocks each, the last of which may be empty.
+    int nEnded = 0;
+    for (int nBlocks = 0;; nBlocks++)
+    {
+        CAPTURE(nBlocks);
+        cBlocksWatch Watch(nBlocks);
+        if (OpenGraphFile(&Rig.m_Plot, &Rig.m_Boxes, Name.c_str(), &Watch))
+            break;
+        cBlocksWatch Again(nBlocks);
+        CHECK(AppendGraphFile(&Rig.m_Plot, &Rig.m_Boxes, Name.c_str(), &Again) == 0);
+        CHECK(Rig.m_Plot.Count() == 1);
+        CHECK(Rig.Set(1).m_nPoints == 3);
+        CHECK(std::string(Rig.m_Plot.Settings().m_szTitle) == "before");
+        nEnded++;
+    }
+    CHECK(nEnded >= 8);
+    CHECK(Rig.m_Plot.Count() == 2);
+    CHECK(Rig.Set(1).m_nPoints == 50000);
+    CHECK(Rig.m_Boxes.m_Boxes.empty());
+}

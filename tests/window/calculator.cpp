@@ -587,7 +587,7 @@ std::string cCalculator::ProposedFileName() const
     return TextOf(FileNameField());
 }
 
-void cCalculator::EnterFileName(const std::string &Name)
+void cCalculator::TypeFileName(const std::string &Name)
 {
     const HWND hField = FileNameField();
     ClickMiddleOf(hField);
@@ -595,6 +595,11 @@ void cCalculator::EnterFileName(const std::string &Name)
     ::HitKey(VK_END, kShift);
     Type(Name);
     REQUIRE(Eventually(Name, [hField] { return TextOf(hField); }) == Name);
+}
+
+void cCalculator::EnterFileName(const std::string &Name)
+{
+    TypeFileName(Name);
     ::HitKey(VK_RETURN);
     Settle();
 }

@@ -226,7 +226,10 @@ public:
     // has closed or asks something.
     void GiveFileName(const std::string &Name);
 
-    // The same for a name with which the dialog stays open.
+    // Types a name into the file dialog; Enter would accept it.
+    void TypeFileName(const std::string &Name);
+
+    // Types a name and accepts it; the dialog may stay open.
     void EnterFileName(const std::string &Name);
 
     // The file name in the dialog's field.

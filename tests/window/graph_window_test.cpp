@@ -84,6 +84,76 @@ TEST_CASE("the graph is shown and hidden with its menu items and its key, and ke
     CHECK(Graph.Count() == 1);
 }
 
+// 200 GB that take no room on the disk and minutes to read: after a row there are only
+// zeros, which are empty lines.
+static void WriteZeros(const std::string &File)
+{
+    const HANDLE hFile =
+        CreateFileA(File.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    REQUIRE(hFile != INVALID_HANDLE_VALUE);
+    DWORD         dwWritten = 0;
+    LARGE_INTEGER Size;
+    Size.QuadPart = 200'000'000'000;
+    CHECK(WriteFile(hFile, "1\n", 2, &dwWritten, nullptr));
+    CHECK(SetFilePointerEx(hFile, Size, nullptr, FILE_BEGIN));
+    CHECK(SetEndOfFile(hFile));
+    CloseHandle(hFile);
+}
+
+// Whether a program has the file open: nobody may delete it then.
+static int IsBeingRead(const std::string &File)
+{
+    const DWORD  dwShare = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const HANDLE hFile =
+        CreateFileA(File.c_str(), DELETE, dwShare, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (hFile != INVALID_HANDLE_VALUE)
+        CloseHandle(hFile);
+    return hFile == INVALID_HANDLE_VALUE;
+}
+
+static void BeginReading(cCalculator *pCalculator, cGraphWindow *pGraph, unsigned nCommand)
+{
+    pGraph->Choose(gmFile, nCommand);
+    pCalculator->TypeFileName(pCalculator->Path("zeros.txt"));
+    HitKey(VK_RETURN);
+    REQUIRE(WaitFor([=] { return IsBeingRead(pCalculator->Folder().Name("zeros.txt")); }));
+}
+
+TEST_CASE("reading a very large data file ends with Escape or when a window is closed")
+{
+    cCalculator  Calculator;
+    cGraphWindow Graph(&Calculator);
+    Graph.Open("diagonal.txt", kDiagonal);
+    const cPicture Drawn = Graph.PhotographPlot();
+    WriteZeros(Calculator.Folder().Name("zeros.txt"));
+
+    BeginReading(&Calculator, &Graph, IDM_GRAPH_OPEN);
+    HitKey('7');
+    HitKey(VK_ESCAPE);
+    CHECK(WaitFor([&] { return !IsBeingRead(Calculator.Folder().Name("zeros.txt")); }));
+    Calculator.Settle();
+    CHECK_FALSE(Calculator.HasDialog());
+    CHECK(Graph.StatusText() == "filename: " + Calculator.Path("diagonal.txt"));
+    CHECK(CountDifferences(Drawn, Graph.PhotographPlot()) == 0);
+
+    BeginReading(&Calculator, &Graph, IDM_GRAPH_APPEND);
+    Click(FramePoint(Graph.Window(), HTCLOSE));
+    CHECK(WaitFor([&] { return !IsWindowVisible(Graph.Window()); }));
+    CHECK_FALSE(Calculator.HasDialog());
+    CHECK(Graph.Count() == 1);
+
+    Calculator.Choose(mnView, IDM_GRAPH);
+    BeginReading(&Calculator, &Graph, IDM_GRAPH_OPEN);
+    HitKey(VK_F4, kAlt);
+    CHECK(WaitFor([&] { return !IsWindowVisible(Graph.Window()); }));
+
+    Calculator.Choose(mnView, IDM_GRAPH);
+    BeginReading(&Calculator, &Graph, IDM_GRAPH_OPEN);
+    PostMessageA(Calculator.Window(), WM_CLOSE, 0, 0);
+    CHECK(WaitFor([&] { return !Calculator.IsRunning(); }));
+    CHECK(Calculator.ExitCode() == 0);
+}
+
 TEST_CASE("a program that draws shows the graph, which a repaint does not change")
 {
     cCalculator Calculator;
