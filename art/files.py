@@ -1,5 +1,6 @@
-"""Writers of the files that the resource compiler takes: BMP and ICO."""
+"""Writers of the files that the resource compiler takes: BMP, PNG and ICO."""
 
+import os
 import struct
 import zlib
 
@@ -42,6 +43,19 @@ def write_true_colour(path, picture):
     write_bmp(path, width, height, 24, [row[:, ::-1].tobytes() for row in picture])
 
 
+def write_scaled(folder, name, scale, picture, entries=None, png=False):
+    """name.bmp at 96 dpi, else a PNG file with the scale in per cent in its
+    name; png: in any case. entries as above or none."""
+    path = os.path.join(folder, name)
+    if png or scale != 1:
+        with open("%s_%d.png" % (path, round(100 * scale)), "wb") as out:
+            out.write(_png(picture, entries))
+    elif entries:
+        write_indexed(path + ".bmp", picture, entries)
+    else:
+        write_true_colour(path + ".bmp", picture)
+
+
 def _icon_dib(picture):
     """A 32-bit image with its one-bit mask, as icons of up to 48 pixels are
     stored. picture: red, green, blue, alpha bytes."""
@@ -56,17 +70,22 @@ def _icon_dib(picture):
     return _dib_header(width, 2 * height, 32, len(colour) + len(mask), 0) + colour + mask
 
 
-def _png(picture):
+def _chunk(kind, data):
+    return (struct.pack(">I", len(data)) + kind + data
+            + struct.pack(">I", zlib.crc32(kind + data)))
+
+
+def _png(picture, entries=None):
+    """The bytes of a PNG file. picture: an array of bytes, one (palette
+    entries), three or four (with alpha) a pixel."""
     height, width = picture.shape[:2]
-
-    def chunk(kind, data):
-        return (struct.pack(">I", len(data)) + kind + data
-                + struct.pack(">I", zlib.crc32(kind + data)))
-
-    rows = b"".join(b"\0" + row.tobytes() for row in picture)
+    colour_type = 3 if entries else {3: 2, 4: 6}[picture.shape[2]]
+    plain = b"".join(b"\0" + row.tobytes() for row in picture)
+    table = b"".join(bytes(entry) for entry in entries or ())
     return (b"\x89PNG\r\n\x1a\n"
-            + chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 6, 0, 0, 0))
-            + chunk(b"IDAT", zlib.compress(rows, 9)) + chunk(b"IEND", b""))
+            + _chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, colour_type, 0, 0, 0))
+            + (_chunk(b"PLTE", table) if entries else b"")
+            + _chunk(b"IDAT", zlib.compress(plain, 9)) + _chunk(b"IEND", b""))
 
 
 def write_ico(path, pictures):

@@ -31,6 +31,16 @@ def _perceived(rgb):
                      200 * (f[:, 1] - f[:, 2])], axis=1)
 
 
+def _packed(pixels):
+    """One number a pixel: sorted much faster than rows of three."""
+    wide = pixels.reshape(-1, 3).astype(np.uint32)
+    return wide[:, 0] << 16 | wide[:, 1] << 8 | wide[:, 2]
+
+
+def _unpacked(numbers):
+    return np.stack([numbers >> 16, numbers >> 8 & 255, numbers & 255], axis=1).astype(np.uint8)
+
+
 def _split(lab, weight, count):
     """Median cut: halves the group with the largest spread until count are
     there; returns their means."""
@@ -67,7 +77,8 @@ def _nearest(points, centres):
 
 def choose(pixels):
     """The 256 palette entries for a list of sRGB pixels (whole numbers)."""
-    colours, counts = np.unique(pixels.reshape(-1, 3), axis=0, return_counts=True)
+    numbers, counts = np.unique(_packed(pixels), return_counts=True)
+    colours = _unpacked(numbers)
     kept = colours.any(axis=1)          # black has its entry already
     colours, counts = colours[kept], counts[kept]
     lab = _perceived(colours)
@@ -94,8 +105,8 @@ def choose(pixels):
 def apply(picture, entries):
     """Entry numbers of a picture of sRGB pixels; no dithering."""
     own = np.array(entries[FIRST_OWN:FIRST_OWN + OWN_COLOURS])
-    flat = picture.reshape(-1, 3)
-    colours, inverse = np.unique(flat, axis=0, return_inverse=True)
+    numbers, inverse = np.unique(_packed(picture), return_inverse=True)
+    colours = _unpacked(numbers)
     indices = FIRST_OWN + _nearest(_perceived(colours), _perceived(own))
     indices[~colours.any(axis=1)] = BLACK
     return indices[inverse].reshape(picture.shape[:2]).astype(np.uint8)
