@@ -1,9 +1,12 @@
-"""Where everything is on the calculator's face, in pixels of the face.
+"""Where everything is on the calculator's face, in units: pixels of the face
+at 96 dpi.
 
 The key rectangles, the switches and the black display field are those that
 the keypad control and the display painting use; the one-pixel irregularities
 are part of them. The check script keeps its own copy of these figures.
 """
+
+import math
 
 FACE_WIDTH = 306
 FACE_HEIGHT = 567
@@ -13,7 +16,7 @@ SWITCH_WIDTH = 36
 SWITCH_HEIGHT = 14
 SWITCH_THUMB = 24
 SWITCH_TRAVEL = SWITCH_WIDTH - SWITCH_THUMB
-SWITCH_FRAMES = 14          # one per thumb position 0..12; the last never shows
+SWITCH_FRAMES = 14          # thumb positions 0 to 12; the last frame repeats 12
 
 # Slide switches: left, top, thumb position at rest, left and right label.
 SWITCHES = (
@@ -26,7 +29,13 @@ SWITCHES = (
 BLACK_FIELD = (40, 36, 270, 94)
 
 # The glass of the display around that field.
-WINDOW = (28, 24, 282, 99)
+WINDOW = (28, 23, 282, 96)
+
+# State lamps in the frame below the glass: left, top, kind. Prefix keys pending,
+# program mode, running program; the last two are above the labels of the switch.
+LAMP_WIDTH, LAMP_HEIGHT = 11, 9
+LAMP_F, LAMP_G, LAMP_PROGRAM, LAMP_RUN = range(4)
+LAMPS = ((43, 95, LAMP_F), (69, 95, LAMP_G), (166, 95, LAMP_PROGRAM), (236, 95, LAMP_RUN))
 
 # Kinds of key cap.
 FUNCTION, DIGIT, OPERATOR, ENTER, GOLD, BLUE = range(6)
@@ -37,14 +46,14 @@ KEYS = (
     (39, 152, 35, FUNCTION, "SST", "FIX", "BST"),
     (87, 152, 35, FUNCTION, "GSB", "SCI", "RTN"),
     (135, 152, 35, FUNCTION, "GTO", "ENG", "LBL"),
-    (182, 152, 35, GOLD, "*f", "", ""),
-    (231, 152, 35, BLUE, "*g", "", ""),
+    (182, 152, 35, GOLD, "f", "", ""),
+    (231, 152, 35, BLUE, "g", "", ""),
 
     (39, 206, 35, FUNCTION, "x<swap>y", "<xbar>", "%"),
     (87, 206, 35, FUNCTION, "R<down>", "s", "i"),
     (135, 205, 35, FUNCTION, "STO", "L.R.", "DSZ"),
     (183, 205, 35, FUNCTION, "RCL", "CL G", "ISZ"),
-    (231, 205, 35, FUNCTION, "<Sigma><plus>", "<Sigma><minus>", "DEL"),
+    (231, 205, 35, FUNCTION, "<Sigma>+", "<Sigma><minus>", "DEL"),
 
     (39, 259, 83, ENTER, "ENTER", "", ""),
     (135, 259, 35, FUNCTION, "CHS", "CL PRGM", "GRD"),
@@ -82,3 +91,18 @@ def key_rect(key):
 def switch_rect(switch):
     left, top = switch[:2]
     return left, top, left + SWITCH_WIDTH, top + SWITCH_HEIGHT
+
+
+def lamp_rect(lamp):
+    left, top = lamp[:2]
+    return left, top, left + LAMP_WIDTH, top + LAMP_HEIGHT
+
+
+def pixels(edge, scale):
+    """The pixel of an edge at a scale, halves rounded up as the window does."""
+    return math.floor(edge * scale + 0.5)
+
+
+def scaled(rect, scale):
+    """A rectangle at a scale: every edge by itself, so that neighbours meet."""
+    return tuple(pixels(edge, scale) for edge in rect)

@@ -144,7 +144,7 @@ def _calculator(side):
 
 def _finished(field, inside, density, side):
     """The picture with its outline as alpha and a soft shadow at its foot."""
-    light = relief.photograph(field) * 1.12
+    light = relief.photograph(field, (side, side)) * 1.12
     cover = np.clip(inside * density + 0.5, 0, 1)
     both = np.concatenate([light * cover[..., None], cover[..., None]], axis=2)
     both = relief.reduced(both, density)

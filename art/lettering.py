@@ -1,15 +1,14 @@
-"""Legends as coverage masks, set glyph by glyph on whole pixels.
+"""Legends as coverage masks: one family of letters for the whole face.
 
-The alphabet "small" (gold, blue and switch legends) is drawn by hand, capitals
-7 pixels high; "key", "enter" and "digit" are hinted outlines with signs drawn
-to match; "shift" holds the letters f and g. The gap between two glyphs follows
-from their shapes, not from advance widths, so that hinting leaves no holes in
-a word.
+At 96 dpi the small alphabets are hinted, so that their stems cover whole
+pixels. Everything larger is smooth: drawn eight times as large and reduced, its
+capitals and its x-height fitted to whole pixels.
 
-Markup: plain characters, <name> for a sign of SIGNS, <sup x> for a raised one.
-A leading "*" sets the legend in the "shift" alphabet.
+Markup: plain characters, <name> for a sign of SIGNS, <sup x> for raised text,
+<root x> for a root, <xbar> for a mean.
 """
 
+import functools
 import os
 import re
 
@@ -20,131 +19,43 @@ import numpy as np
 from PIL import Image, ImageDraw, ImageFont
 
 FONTS = "/usr/share/fonts/truetype/"
-SANS_BOLD = FONTS + "liberation/LiberationSans-Bold.ttf"
 SANS = FONTS + "liberation/LiberationSans-Regular.ttf"
 MONO = FONTS + "liberation/LiberationMono-Regular.ttf"
-SERIF_BOLD_ITALIC = FONTS + "liberation/LiberationSerif-BoldItalic.ttf"
-WIDE_BOLD = FONTS + "dejavu/DejaVuSans-Bold.ttf"
+_CONDENSED = FONTS + "dejavu/DejaVuSansCondensed-Bold.ttf"
+_BOLD = FONTS + "dejavu/DejaVuSans-Bold.ttf"
+_OBLIQUE = FONTS + "dejavu/DejaVuSans-BoldOblique.ttf"
 
-_INK = {" ": 0.0, ".": 0.30, "o": 0.62, "#": 1.0}
-_ROOM = 40                  # canvas of one glyph, baseline in its middle
+_CAPITAL = 0.729            # height of a capital in the family, of the size
+_X_HEIGHT = 0.75            # of a small x, of a capital
+_RAISED = 0.80              # size of raised text, of the legend's
+_FINE = 8
 
-# Rows from the top, "|" between them; ink " .o#" from none to full. A name may
-# end in an underscore and a number: the rows that hang below the baseline.
-_SMALL = {
-    "A": ".###.|#   #|#   #|#####|#   #|#   #|#   #",
-    "B": "####.|#   #|#   #|####.|#   #|#   #|####.",
-    "C": ".###.|#   #|#    |#    |#    |#   #|.###.",
-    "D": "####.|#  .#|#   #|#   #|#   #|#  .#|####.",
-    "E": "####|#   |#   |### |#   |#   |####",
-    "F": "####|#   |#   |### |#   |#   |#   ",
-    "G": ".###.|#   #|#    |#  ##|#   #|#   #|.###.",
-    "I": "#|#|#|#|#|#|#",
-    "K": "#   #|#  #.|#.#. |##.  |#.#. |#  #.|#   #",
-    "L": "#   |#   |#   |#   |#   |#   |####",
-    "M": "#   #|## ##|#o#o#|# # #|#   #|#   #|#   #",
-    "N": "#   #|#o  #|##. #|#.#.#|# .##|#  o#|#   #",
-    "O": ".###.|#   #|#   #|#   #|#   #|#   #|.###.",
-    "P": "####.|#   #|#   #|####.|#    |#    |#    ",
-    "R": "####.|#   #|#   #|####.|#.#. |#  #.|#   #",
-    "S": ".####|#    |#    |.###.|    #|    #|####.",
-    "T": "#####|  #  |  #  |  #  |  #  |  #  |  #  ",
-    "U": "#   #|#   #|#   #|#   #|#   #|#   #|.###.",
-    "X": "#   #|#   #|.#.#.|  #  |.#.#.|#   #|#   #",
-    "Z": "#####|    #|   #.|  #. | #.  |#    |#####",
-    "a": ".##.|   #|.###|#  #|.###",
-    "c": ".###|#   |#   |#   |.###",
-    "e": ".##.|#  #|####|#   |.###",
-    "g_2": ".###|#  #|#  #|#  #|.###|   #|.##.",
-    "i": "#| |#|#|#|#|#",
-    "l": "#|#|#|#|#|#|#",
-    "n": "###.|#  #|#  #|#  #|#  #",
-    "o": ".##.|#  #|#  #|#  #|.##.",
-    "s": ".###|#   |.##.|   #|###.",
-    "t": " # | # |###| # | # | # | o#",
-    "x": "#   #|.#.#.|  #  |.#.#.|#   #",
-    "y_2": "#   #|o   o|.#.#.| o#o | .#. | .o  |.#.  ",
-    "0": ".###.|#   #|#   #|#   #|#   #|#   #|.###.",
-    "1": " #|##| #| #| #| #| #",
-    "2": ".###.|#   #|    #|   #.| .#. |#.   |#####",
-    "/": "   #|  .o|  o.|  # | .o | o. |o.  |#   ",
-    ".": "#",
-    "%": "##   .#|##  .#.|   .#. |  .#.  | .#.   |.#.  ##|#.   ##",
-    "xbar": "#####|     |#   #|.#.#.|  #  |.#.#.|#   #",
-    "Sigma": "#####|#.   |.#.  | .#. |.#.  |#.   |#####",
-    "pi": "######| #  # | #  # | #  # | #  ##",
-    "plus": "  #  |  #  |#####|  #  |  #  |     ",
-    "minus": "#####|     |     |     ",
-    "right": "    #. |    .#.|#######|    .#.|    #. |       ",
-    "le": "   .#| .#o.|#o.  | .#o.|   .#|     |#####",
-    "lt": "   .#| .#o.|#o.  | .#o.|   .#|     ",
-    "gt": "#.   |.o#. |  .o#|.o#. |#.   |     ",
-    "eq": "#####|     |#####|     |     ",
-    "ne": "    #|   o.|#####|  #  |#####|.o   |#    ",
-    "root x": "     #########|    .#        |    o.        |"
-              "#. .#   #   # |.o o.   .#.#. | #.#      #   |"
-              " .#.    .#.#. |  #     #   # ",
-    "sup x": "# #| # |# #",
-    "sup 2": "##.|  #|.#.|#. |###",
-    "sup -1": "    #|   ##|##  #|    #|    #",
+# Font, height of capitals and space between letters in units, and the size in
+# pixels whose hinted letters are that high (0: always smooth).
+_STYLES = {
+    "small": (_CONDENSED, 7, 0.15, 10),
+    "key": (_CONDENSED, 8, 0.25, 11),
+    "enter": (_BOLD, 8, 1.0, 11),
+    "digit": (_BOLD, 10, 0, 0),
+    "shift": (_OBLIQUE, 11, 0, 0),
+    "bezel": (_OBLIQUE, 7, 0, 0),
+    "name": (_CONDENSED, 6, 0.15, 8),
 }
 
-# Signs of the key alphabet, drawn to the weight of its outlines.
-_KEY = {
-    "swap": "    #o  |    .#o |########|        |########| o#.    |  o#    ",
-    "down": "  ##  |  ##  |  ##  |  ##  |######|o####o| o##o ",
-    "Minus": "##########|##########|          |          |          |          ",
-    "Plus": "    ##    |    ##    |    ##    |    ##    |##########|"
-            "##########|    ##    |    ##    |    ##    |    ##    ",
-    "Times": "o#.    .#o|###.  .###|.###..###.| .######. |  .####.  |"
-             "  .####.  | .######. |.###..###.|###.  .###|o#.    .#o",
-    "Divide": "    ##    |   o##o   |    ##    |          |##########|"
-              "##########|          |    ##    |   o##o   |    ##    ",
-    "Point": "o##o|####|####|o##o",
+SIGNS = {
+    "swap": "\u21c4", "down": "\u2193", "right": "\u2192", "Sigma": "\u03a3", "pi": "\u03c0",
+    "minus": "\u2212", "le": "\u2264", "lt": "<", "gt": ">", "eq": "=", "ne": "\u2260",
 }
 
-# Signs that keep two pixels clear on both sides.
-_APART = ("le", "lt", "gt", "eq", "ne", "swap")
-
-# Raised glyphs: rows between the baseline and their foot.
-_RAISED = {"sup x": 5, "sup 2": 4, "sup -1": 3}
-
-# How glyphs are set: the least and the mean clear columns between two, the
-# blank between words, and the coverage from which a pixel counts as ink.
-_FIT = {
-    "small": dict(gap=1, mean=2.0, blank=4, ink=0.2),
-    "key": dict(gap=1, mean=1.7, blank=3, ink=0.35),
-    "enter": dict(gap=2, mean=2.2, blank=4, ink=0.35),
-    "digit": dict(gap=1, mean=1.7, blank=3, ink=0.35),
-    "shift": dict(gap=1, mean=1.7, blank=3, ink=0.35),
+# Signs of the operator keys: rectangles and discs in a square of 10 units,
+# and strokes (from, to) of two units.
+OPERATORS = {
+    "Minus": [("bar", 0, 4, 10, 6)],
+    "Plus": [("bar", 0, 4, 10, 6), ("bar", 4, 0, 6, 10)],
+    "Times": [("stroke", 1, 1, 9, 9), ("stroke", 1, 9, 9, 1)],
+    "Divide": [("bar", 0, 4, 10, 6), ("disc", 5, 1.2, 1.4), ("disc", 5, 8.8, 1.4)],
+    "Point": [("disc", 5, 8, 2)],
 }
-
-_OUTLINES = {
-    "key": (WIDE_BOLD, 9),
-    "enter": (WIDE_BOLD, 10),
-    "digit": (SANS_BOLD, 14),
-    "shift": (SERIF_BOLD_ITALIC, 19),
-}
-
-
-def _drawn(rows, hang=0, lift=0):
-    """A glyph from its rows; its canvas has the baseline at row _ROOM."""
-    lines = rows.split("|")
-    glyph = np.zeros((2 * _ROOM, max(len(line) for line in lines)), np.float32)
-    top = _ROOM + hang - lift - len(lines)
-    for y, line in enumerate(lines):
-        for x, ink in enumerate(line):
-            glyph[top + y, x] = _INK[ink]
-    return glyph
-
-
-def _hand_drawn(table, name):
-    for key, rows in table.items():
-        base, _, hang = key.partition("_")
-        if base == name:
-            return _drawn(rows, int(hang or 0), _RAISED.get(name, 0))
-    return None
-
 
 _font_cache = {}
 
@@ -156,97 +67,118 @@ def font(path, size):
     return _font_cache[path, size]
 
 
-def _outlined(path, size, text):
-    canvas = Image.new("L", (4 * _ROOM, 2 * _ROOM), 0)
-    ImageDraw.Draw(canvas).text((_ROOM, _ROOM), text, font=font(path, size),
-                                fill=255, anchor="ls")
-    ink = np.asarray(canvas, np.float32) / 255
-    columns = np.where(ink.max(axis=0) > 0.08)[0]
-    return ink[:, columns[0]:columns[-1] + 1]
+def _reduced(image, fine):
+    ink = np.asarray(image, np.float32) / 255
+    rows, columns = ink.shape
+    return ink.reshape(rows // fine, fine, columns // fine, fine).mean(axis=(1, 3))
 
 
-def _unhinted(path, size, text):
-    """For letters large enough to do without hinting: keeps their curves."""
-    fine = 8
-    canvas = Image.new("L", (4 * _ROOM * fine, 2 * _ROOM * fine), 0)
-    ImageDraw.Draw(canvas).text((_ROOM * fine, _ROOM * fine), text, fill=255,
-                                font=font(path, size * fine), anchor="ls")
-    ink = np.asarray(canvas, np.float32) / 255
-    ink = ink.reshape(2 * _ROOM, fine, 4 * _ROOM, fine).mean(axis=(1, 3))
-    columns = np.where(ink.max(axis=0) > 0.08)[0]
-    return ink[:, columns[0]:columns[-1] + 1]
+def operator(name, scale):
+    """Coverage of an operator's sign in a square of 10 units."""
+    side = int(round(10 * scale))
+    image = Image.new("L", (side * _FINE, side * _FINE), 0)
+    draw = ImageDraw.Draw(image)
+    unit = side * _FINE / 10
+    for kind, *figures in OPERATORS[name]:
+        if kind == "bar":
+            left, top, right, bottom = (round(f * unit / _FINE) * _FINE for f in figures)
+            draw.rectangle((left, top, right - 1, bottom - 1), fill=255)
+        elif kind == "disc":
+            x, y, radius = (f * unit for f in figures)
+            draw.ellipse((x - radius, y - radius, x + radius - 1, y + radius - 1), fill=255)
+        else:
+            x0, y0, x1, y1 = (f * unit for f in figures)
+            draw.line((x0, y0, x1, y1), fill=255, width=round(2.1 * unit))
+    return _reduced(image, _FINE)
 
 
-def _glyph(alphabet, name):
-    if alphabet != "small":
-        drawn = _hand_drawn(_KEY, name)
-        if drawn is not None:
-            return drawn
-        plain = {"Sigma": "\u03a3", "plus": "+", "xbar": "x"}.get(name, name)
-        path, size = _OUTLINES[alphabet]
-        render = _unhinted if alphabet == "shift" else _outlined
-        return render(path, size, plain)
-    drawn = _hand_drawn(_SMALL, name)
-    if drawn is None:
-        raise KeyError("no glyph for %r" % name)
-    return drawn
+class _Setter:
+    """Sets runs of text beside each other on a canvas, fine samples a pixel."""
+
+    def __init__(self, path, size, space, fine):
+        self.path, self.size, self.space, self.fine = path, size, space, fine
+        self.room = int(1.5 * size) // fine * fine      # above and below the baseline
+        self.canvas = Image.new("L", (int(20 * size) // fine * fine, 2 * self.room), 0)
+        self.draw = ImageDraw.Draw(self.canvas)
+        self.x = float(self.room)
+
+    def text(self, text, size=None, lift=0):
+        face = font(self.path, size or self.size)
+        for char in text:
+            at = self.x if self.fine > 1 else round(self.x)
+            self.draw.text((at, self.room - lift), char, font=face, fill=255, anchor="ls")
+            self.x += self.draw.textlength(char, face) + self.space
+
+    def raised(self, text):
+        """With its top a little above that of the capitals."""
+        if self.fine == 1:
+            self.text(text, round(self.size * _RAISED), 3)
+        else:
+            self.text(text, round(self.size * _RAISED), round(self.size * 0.27))
+
+    def over(self, draw_below, height, lead):
+        """A rule above what draw_below sets, lead to the left of it."""
+        start = self.x
+        draw_below()
+        thick = max(1, round(0.10 * self.size))
+        y = self.room - height
+        self.draw.rectangle((start - lead, y - thick, self.x - self.space - 1, y - 1), fill=255)
+
+    def xbar(self):
+        self.over(lambda: self.text("x"), round(0.66 * self.size), 0)
+
+    def root(self, text):
+        self.text("\u221a")
+        self.x -= self.space
+        self.over(lambda: self.text(text), round(0.80 * self.size) - (self.fine == 1),
+                  round(0.08 * self.size))
 
 
-def _gap(left, right, fit):
-    """Blank columns between two glyphs: rows that face each other closely
-    push apart, open shapes move together, but never below the least gap."""
-    distances = []
-    for row in range(left.shape[0]):
-        a = np.where(left[row] > fit["ink"])[0]
-        b = np.where(right[row] > fit["ink"])[0]
-        if len(a) and len(b):
-            distances.append(left.shape[1] - 1 - a[-1] + b[0])
-        elif len(a) or len(b):
-            distances.append(3)
-    for extra in range(5):
-        moved = np.array(distances) + extra
-        if moved.min() >= fit["gap"] and np.minimum(moved, 3).mean() >= fit["mean"]:
-            return extra
-    return 2
+def _set(setter, markup):
+    for sign, char in re.findall(r"<([^>]+)>|(.)", markup):
+        kind, _, argument = sign.partition(" ")
+        if kind == "sup":
+            setter.raised(argument.replace("-", "\u2212"))
+        elif kind == "root":
+            setter.root(argument)
+        elif kind == "xbar":
+            setter.xbar()
+        elif char == " ":
+            setter.x += round(0.30 * setter.size)
+        else:
+            setter.text(SIGNS[kind] if sign else char)
 
 
-def _words(markup):
-    return re.findall(r"<([^>]+)>|(.)", markup)
+def _fitted(ink, baseline, capital, to_capital):
+    """The rows moved so that x-height and capitals end at whole pixels; rows
+    above and below keep their distance."""
+    x_height, to_x = capital * _X_HEIGHT, round(to_capital * _X_HEIGHT / _FINE) * _FINE
+    above = baseline - np.arange(ink.shape[0]) - 0.5
+    source = np.interp(above, [-baseline, 0, to_x, to_capital, to_capital + baseline],
+                       [-baseline, 0, x_height, capital, capital + baseline])
+    rows = np.clip(baseline - source - 0.5, 0, ink.shape[0] - 1)
+    low = np.floor(rows).astype(int)
+    part = (rows - low)[:, None]
+    return ink[low] * (1 - part) + ink[np.minimum(low + 1, ink.shape[0] - 1)] * part
 
 
-def legend(markup, alphabet="small"):
-    """Coverage mask of a legend and its rows above the baseline."""
-    if markup.startswith("*"):
-        markup, alphabet = markup[1:], "shift"
-    fit = _FIT[alphabet]
-    pieces, x, previous, former = [], 0, None, ""
-    for sign, char in _words(markup):
-        name = sign or char
-        if name == " ":
-            x, previous = x + fit["blank"], None
-            continue
-        glyph = _glyph(alphabet, name)
-        if previous is not None:
-            if name in _APART or former in _APART:
-                x += 2
-            elif name.startswith("sup"):
-                x += 1
-            else:
-                x += _gap(previous, glyph, fit)
-        pieces.append((x, glyph))
-        x, previous, former = x + glyph.shape[1], glyph, name
-    mask = np.zeros((2 * _ROOM, x), np.float32)
-    for left, glyph in pieces:
-        part = mask[:, left:left + glyph.shape[1]]
-        np.maximum(part, glyph, out=part)
-    rows = np.where(mask.max(axis=1) > 0)[0]
-    return mask[rows[0]:rows[-1] + 1], _ROOM - rows[0]
-
-
-def enlarge(mask, scale):
-    """The mask scale times as large, smooth at its edges."""
-    if scale == 1:
-        return mask
-    size = (mask.shape[1] * scale, mask.shape[0] * scale)
-    image = Image.fromarray((mask * 255).astype(np.uint8))
-    return np.asarray(image.resize(size, Image.BICUBIC), np.float32) / 255
+@functools.lru_cache(maxsize=None)
+def legend(markup, style, scale, smooth=False):
+    """Coverage mask of a legend in pixels and its rows above the baseline."""
+    path, capital, space, hinted = _STYLES[style]
+    if scale == 1 and hinted and not smooth:
+        setter = _Setter(path, hinted, round(space), 1)
+        _set(setter, markup)
+        mask, baseline = np.asarray(setter.canvas, np.float32) / 255, setter.room
+    else:
+        pixels = int(capital * scale + 0.5) * _FINE
+        size = round(pixels / _CAPITAL)
+        setter = _Setter(path, size, space * scale * _FINE, _FINE)
+        _set(setter, markup)
+        columns = int(setter.x + size) // _FINE * _FINE
+        ink = np.asarray(setter.canvas.crop((0, 0, columns, 2 * setter.room)), np.float32)
+        mask = _reduced(_fitted(ink, setter.room, size * _CAPITAL, pixels), _FINE)
+        baseline = setter.room // _FINE
+    columns = np.where(mask.max(axis=0) > 0.06)[0]
+    rows = np.where(mask.max(axis=1) > 0.02)[0]
+    return (mask[rows[0]:rows[-1] + 1, columns[0]:columns[-1] + 1], baseline - rows[0])

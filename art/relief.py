@@ -1,20 +1,25 @@
 """A small renderer: a height field with materials, photographed from the front.
 
-Lengths and heights are pixels of the face, x to the right, y down, heights
-towards the eye. Colours are linear inside and become sRGB at the very end.
-Every filter has a finite reach (REACH), so that a detail rendered by itself
-with that much around it equals the same detail of the whole picture.
+Lengths and heights are units, pixels of the face at 96 dpi; x to the right, y
+down, heights towards the eye. Colours are linear inside and become sRGB at the
+very end.
 """
 
 import numpy as np
 
-REACH = 26                      # pixels; shadow and occlusion reach no farther
+_REACH = 24                     # units; shadows reach no farther
 
 # A wide lamp at the upper left: directions towards it, z towards the eye.
-_LAMP = [(-0.36, -0.62, 0.70), (-0.26, -0.66, 0.70), (-0.46, -0.58, 0.67),
-         (-0.34, -0.54, 0.77), (-0.38, -0.70, 0.60)]
+_LAMP = [(-0.40, -0.58, 0.70), (-0.30, -0.62, 0.72), (-0.50, -0.54, 0.68),
+         (-0.37, -0.50, 0.78), (-0.43, -0.66, 0.62)]
 _KEY_LIGHT = 0.66               # share of the lamp on a level surface
 _FILL_LIGHT = 1.0 - _KEY_LIGHT
+
+# The lamp is near: its direction turns by as much over the width of the scene,
+# and its light fades from 1 + _NEAR at the upper left to 1 - _NEAR at the lower
+# right.
+_TURN = 0.17
+_NEAR = (0.19, 0.13)            # across and down
 
 
 def to_linear(srgb):
@@ -48,16 +53,17 @@ def box(x, y, rect, radius):
 
 
 class Field:
-    """Heights and materials of a rectangle of the face, density samples to
-    the pixel. Materials: colour (linear), gloss (strength of the highlight),
-    polish (strength of the mirrored room), glow (light of its own)."""
+    """Heights and materials of a rectangle, density samples to the unit.
+    Materials: colour (linear), gloss (strength of the highlight), polish
+    (strength of the mirrored room), glow (light of its own), shade (share of
+    the light that a drop shadow takes)."""
 
     def __init__(self, rect, density):
         self.rect, self.density = rect, density
         left, top, right, bottom = rect
         step = 1.0 / density
-        xs = (np.arange((right - left) * density) + 0.5) * step + left
-        ys = (np.arange((bottom - top) * density) + 0.5) * step + top
+        xs = (np.arange(round((right - left) * density)) + 0.5) * step + left
+        ys = (np.arange(round((bottom - top) * density)) + 0.5) * step + top
         self.x = xs[None, :].astype(np.float32)
         self.y = ys[:, None].astype(np.float32)
         shape = (len(ys), len(xs))
@@ -66,6 +72,7 @@ class Field:
         self.gloss = np.zeros(shape, np.float32)
         self.polish = np.zeros(shape, np.float32)
         self.glow = np.zeros(shape + (3,), np.float32)
+        self.shade = np.zeros(shape, np.float32)
 
     def window(self, rect):
         """Slices of the samples in rect, or None if it lies elsewhere."""
@@ -88,30 +95,29 @@ class Field:
                 plane[where] += (value - plane[where]) * cover
 
 
-def _shifted(plane, dx, dy):
-    """plane(x + dx, y + dy), the border repeated."""
-    ys = np.clip(np.arange(plane.shape[0]) + dy, 0, plane.shape[0] - 1)
-    xs = np.clip(np.arange(plane.shape[1]) + dx, 0, plane.shape[1] - 1)
-    return plane[ys][:, xs]
-
-
-def _lit_by_lamp(field):
-    """Share of the lamp that each sample sees, 0 to 1."""
+def _lit_by_lamp(field, caster):
+    """Share of the lamp that each sample sees, 0 to 1, past the heights of
+    caster."""
     height, density = field.height, field.density
-    top = float(height.max())
+    top = float(caster.max())
+    room = int((_REACH + 1) * density)
+    wide = np.pad(caster, room, mode="edge")
+    rows, columns = height.shape
     share = np.zeros_like(height)
     for lx, ly, lz in _LAMP:
         level = np.hypot(lx, ly)
         rise = lz / level
         blocked = np.zeros_like(height)
-        reach, t = min(REACH - 2, (top - float(height.min())) / rise + 1), 0.5
+        reach, t = min(_REACH, (top - float(height.min())) / rise + 1), 0.5
         while t < reach:
-            dx = int(round(lx / level * t * density))
-            dy = int(round(ly / level * t * density))
-            over = _shifted(height, dx, dy) - (height + t * rise)
-            np.maximum(blocked, np.clip(over / 0.35, 0, 1), out=blocked)
+            x = room + int(round(lx / level * t * density))
+            y = room + int(round(ly / level * t * density))
+            over = wide[y:y + rows, x:x + columns] - height
+            over -= t * rise
+            over *= 1 / 0.35
+            np.maximum(blocked, over, out=blocked)
             t += 0.3 + 0.06 * t
-        share += 1 - blocked
+        share += 1 - np.minimum(blocked, 1)
     return share / len(_LAMP)
 
 
@@ -137,10 +143,12 @@ def _openness(field):
     step = max(1, field.density // 2)
     coarse = field.height[::step, ::step]
     closed = np.zeros_like(coarse)
-    for reach, strength in ((3, 0.10), (9, 0.075)):
-        closed += np.clip(blurred(coarse, reach) - coarse, 0, None) * strength
+    for reach, strength in ((1.5, 0.10), (4.5, 0.075)):
+        samples = int(round(reach * field.density / step))
+        closed += np.clip(blurred(coarse, samples) - coarse, 0, None) * strength
     full = np.repeat(np.repeat(closed, step, 0), step, 1)
-    return 1 / (1 + 2.2 * full[:field.height.shape[0], :field.height.shape[1]])
+    rows, columns = field.height.shape
+    return 1 / (1 + 2.2 * full[:rows, :columns])
 
 
 def _room(ry, rx):
@@ -148,25 +156,27 @@ def _room(ry, rx):
     return 0.05 + 0.95 * smooth(0.10, 0.66, -0.90 * ry - 0.44 * rx)
 
 
-def photograph(field):
-    """The picture, linear, one value a sample."""
+def photograph(field, size, caster=None):
+    """The picture, linear, one value a sample. size: of the whole scene, in
+    units. caster: the heights that throw shadows, unless all do."""
     slope_y, slope_x = np.gradient(field.height, 1.0 / field.density)
     length = np.sqrt(slope_x ** 2 + slope_y ** 2 + 1)
     nx, ny, nz = -slope_x / length, -slope_y / length, 1 / length
-    lit, open_ = _lit_by_lamp(field), _openness(field)
+    lit = _lit_by_lamp(field, field.height if caster is None else caster)
+    lit *= 1 - field.shade
+    open_ = _openness(field) * (1 - 0.55 * field.shade)
 
     lx, ly, lz = np.array(_LAMP[0]) / np.linalg.norm(_LAMP[0])
     facing = np.clip(nx * lx + ny * ly + nz * lz, 0, None) / lz
-    # The light falls off from the upper left to the lower right.
-    falloff = 1.10 - 0.20 * field.y / 567 - 0.08 * field.x / 306
+    across, down = 2 * field.x / size[0] - 1, 2 * field.y / size[1] - 1
+    falloff = (1 - _NEAR[0] * across) * (1 - _NEAR[1] * down)
     upward = 1 - 0.35 * ny      # the room's light comes rather from above
     light = (_KEY_LIGHT * facing * lit + _FILL_LIGHT * open_ * upward) * falloff
     picture = field.colour * light[..., None]
 
-    half = np.array([lx, ly, lz + 1])
-    half /= np.linalg.norm(half)
-    toward = np.clip(nx * half[0] + ny * half[1] + nz * half[2], 0, 1)
-    shine = field.gloss * toward ** 42 * lit
+    hx, hy, hz = lx - _TURN / 2 * across, ly - _TURN / 2 * down, lz + 1
+    toward = (nx * hx + ny * hy + nz * hz) / np.sqrt(hx ** 2 + hy ** 2 + hz ** 2)
+    shine = field.gloss * np.clip(toward, 0, 1) ** 42 * lit
     mirror = field.polish * _room(2 * nz * ny, 2 * nz * nx) * (0.35 + 0.65 * open_)
     picture += ((shine + mirror) * falloff)[..., None]
     return picture + field.glow

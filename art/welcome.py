@@ -15,11 +15,12 @@ import geometry as g
 import instrument
 import lettering
 import logotype
+import palette
 import relief
 
 WIDTH, HEIGHT = 600, 510
-_FINE = 2                       # drawn this much larger, then reduced
-_SCALE = 2                      # pixels of the drawn face to one of the face
+_FINE = 4                       # the scene is drawn this much larger than at 96 dpi
+_SCALE = 3                      # pixels of the drawn face to a unit
 
 # The camera: the calculator turned on the table, tilted away, seen from afar.
 _SPIN = math.radians(-11)
@@ -85,7 +86,7 @@ def _lit_display(picture):
         font = lettering.font(lettering.MONO, size * _SCALE)
         draw.text((x * _SCALE, y * _SCALE), text, font=font, fill=255)
     lit = np.asarray(mask, np.float32) / 255
-    glow = relief.blurred(lit, 5) * 0.9
+    glow = relief.blurred(lit, 7) * 0.9
     picture += np.clip(glow, 0, 1)[..., None] * np.array([150, 8, 6], np.float32)
     picture += (np.array([255, 52, 40], np.float32) - picture) * lit[..., None]
 
@@ -130,8 +131,8 @@ def _rgba(colour, cover):
     return Image.fromarray(np.clip(np.rint(both), 0, 255).astype(np.uint8), "RGBA")
 
 
-def _calculator(scene):
-    field = instrument.build(instrument.FACE, _SCALE)
+def _calculator(scene, photographs):
+    field, _ = instrument.build(instrument.FACE, _SCALE)
     wall, outline = _side_wall(field)
     lowest = float(field.height.min())
     for z in np.arange(-_THICKNESS, -8.0, 0.75):
@@ -140,7 +141,8 @@ def _calculator(scene):
         shade = 0.62 + 0.5 * part if abs(z + 17) > 0.6 else 0.25
         slice_ = _through_camera(_rgba(wall * shade, outline), z, _SCALE)
         scene.paste(slice_, (0, 0), slice_)
-    colour = instrument.picture(scale=_SCALE)
+    colour = instrument.develop(photographs.take(_SCALE, state=instrument.RELEASED), _SCALE,
+                                grain=False)
     _lit_display(colour)
     highest = float(field.height.max())
     for n in range(_SLICES + 1):
@@ -150,31 +152,45 @@ def _calculator(scene):
         scene.paste(slice_, (0, 0), slice_)
 
 
-def _title(picture):
+def _title(picture, scale):
     """Name and lines, at the final size so that hinting keeps them crisp."""
-    left, top = _NAME_AT
-    unit = 2.5
-    name = logotype.name_mask(WIDTH, HEIGHT, left, top, unit)
+    height, width = picture.shape[:2]
+    left, top = g.scaled(_NAME_AT, scale)
+    name = logotype.name_mask(width, height, left, top, 2.5 * scale)
     picture += (np.array(_TITLE_INK) - picture) * name[..., None]
-    rule = top + 40
-    picture[rule:rule + 2, left:left + 40] = _ACCENT
+    rule = g.scaled((_NAME_AT[0], _NAME_AT[1] + 40, _NAME_AT[0] + 40, _NAME_AT[1] + 42), scale)
+    picture[rule[1]:rule[3], rule[0]:rule[2]] = _ACCENT
     x, y = _TEXT_AT
     for step, (size, path, text) in zip(_LINE_STEPS, _LINES):
         y += step
-        mask = Image.new("L", (WIDTH, HEIGHT), 0)
-        ImageDraw.Draw(mask).text((x, y), text, font=lettering.font(path, size), fill=255)
+        mask = Image.new("L", (width, height), 0)
+        ImageDraw.Draw(mask).text(g.scaled((x, y), scale), text, fill=255,
+                                  font=lettering.font(path, g.pixels(size, scale)))
         cover = np.asarray(mask, np.float32)[..., None] / 255
         picture += (np.array(_TEXT_INK) - picture) * cover
 
 
-def make(folder):
+def scene(photographs):
+    """The picture without its texts, _FINE times as large as at 96 dpi."""
     table = _table()
     _shadow(table)
-    scene = Image.fromarray(np.clip(np.rint(table), 0, 255).astype(np.uint8), "RGB")
-    _calculator(scene)
-    picture = relief.reduced(np.asarray(scene, np.float32), _FINE)
-    noise = np.random.RandomState(10002)
-    picture += 0.6 * noise.standard_normal((HEIGHT, WIDTH, 1))
-    _title(picture)
-    files.write_true_colour(os.path.join(folder, "welcome.bmp"),
-                            np.clip(np.rint(picture), 0, 255).astype(np.uint8))
+    picture = Image.fromarray(np.clip(np.rint(table), 0, 255).astype(np.uint8), "RGB")
+    _calculator(picture, photographs)
+    return picture
+
+
+def make(folder, drawn, scale):
+    """drawn: the scene."""
+    width, height = g.scaled((WIDTH, HEIGHT), scale)
+    picture = np.array(drawn.resize((width, height), Image.BOX if scale == 1 else Image.LANCZOS),
+                       np.float32)
+    if scale == 1:
+        noise = np.random.RandomState(10002)
+        picture += 0.6 * noise.standard_normal((height, width, 1))
+    _title(picture, scale)
+    picture = np.clip(np.rint(picture), 0, 255).astype(np.uint8)
+    if scale == 1:
+        files.write_scaled(folder, "welcome", scale, picture)
+    else:
+        entries = palette.choose(picture)
+        files.write_scaled(folder, "welcome", scale, palette.apply(picture, entries), entries)
