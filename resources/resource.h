@@ -12,9 +12,40 @@
 #define IDB_KEYS 1012
 #define IDB_SWITCHES 1013
 #define IDB_TOOLBAR 1014
+#define IDB_LAMPS 1015
 #define IDB_WELCOME 10002
 #define IDI_VORSTEK 10001
 #define IDI_GRAPH 15550
+
+// The same pictures for higher resolutions, PNG files: at 120, 144, 192 and 288
+// dpi, 1.25 to 3 times as large as those above.
+#define IDP_FACE_125 21250
+#define IDP_KEYS_125 21251
+#define IDP_SWITCHES_125 21252
+#define IDP_TOOLBAR_125 21253
+#define IDP_LAMPS_125 21254
+#define IDP_WELCOME_125 21255
+
+#define IDP_FACE_150 21500
+#define IDP_KEYS_150 21501
+#define IDP_SWITCHES_150 21502
+#define IDP_TOOLBAR_150 21503
+#define IDP_LAMPS_150 21504
+#define IDP_WELCOME_150 21505
+
+#define IDP_FACE_200 22000
+#define IDP_KEYS_200 22001
+#define IDP_SWITCHES_200 22002
+#define IDP_TOOLBAR_200 22003
+#define IDP_LAMPS_200 22004
+#define IDP_WELCOME_200 22005
+
+#define IDP_FACE_300 23000
+#define IDP_KEYS_300 23001
+#define IDP_SWITCHES_300 23002
+#define IDP_TOOLBAR_300 23003
+#define IDP_LAMPS_300 23004
+#define IDP_WELCOME_300 23005
 
 // Child windows of the main window
 #define IDC_TOOLBAR 1001
