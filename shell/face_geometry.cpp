@@ -38,6 +38,14 @@ constexpr cFaceRect kBlankedRect = {kDisplayRect.m_nLeft, kDisplayRect.m_nTop,
                                     kDisplayRect.m_nWidth - kDisplayRect.m_nLeft,
                                     kDisplayRect.m_nHeight - kDisplayRect.m_nTop};
 
+cFaceRect ScaledRect(const cFaceRect &Rect, const cScale &Scale)
+{
+    const int nLeft = Scale.Length(Rect.m_nLeft);
+    const int nTop  = Scale.Length(Rect.m_nTop);
+    return {nLeft, nTop, Scale.Length(Rect.m_nLeft + Rect.m_nWidth) - nLeft,
+            Scale.Length(Rect.m_nTop + Rect.m_nHeight) - nTop};
+}
+
 int ThumbFrame(int nPosition, int nTravel, int nFrames)
 {
     return static_cast<int>(nPosition / ((nTravel + 1.0) / nFrames));

@@ -1,9 +1,11 @@
 // face_geometry.h - positions of keys, slide switches and display on the painted
-// face, in pixels from its top left corner. The irregular positions follow the
-// picture. Portable.
+// face, in pixels from its top left corner, for a screen with 96 dots per inch. The
+// irregular positions follow the picture. Portable.
 
 #ifndef SHELL_FACE_GEOMETRY_H
 #define SHELL_FACE_GEOMETRY_H
+
+#include "toolkit/scale.h"
 
 struct cFaceRect
 {
@@ -12,6 +14,10 @@ struct cFaceRect
     int m_nWidth;
     int m_nHeight;
 };
+
+// The rectangle on a screen of that scale. Its edges are scaled, so rectangles that
+// touch still do; keys of the same width may differ by a pixel.
+cFaceRect ScaledRect(const cFaceRect &Rect, const cScale &Scale);
 
 const int kFaceWidth  = 306;
 const int kFaceHeight = 567;

@@ -4,10 +4,13 @@
 
 cLayoutSize FindClientSize(cWindowParts *pParts)
 {
-    pParts->m_nListingWidth   = std::max(pParts->m_nListingWidth, kLeastListingWidth);
-    pParts->m_nRegistersWidth = std::max(pParts->m_nRegistersWidth, kLeastRegistersWidth);
+    const cScale &Scale     = pParts->m_Scale;
+    pParts->m_nListingWidth = std::max(pParts->m_nListingWidth, Scale.Length(kLeastListingWidth));
+    pParts->m_nRegistersWidth =
+        std::max(pParts->m_nRegistersWidth, Scale.Length(kLeastRegistersWidth));
 
-    cLayoutSize Size = {2 * pParts->m_nEdgeX + kFaceWidth, 2 * pParts->m_nEdgeY + kFaceHeight};
+    cLayoutSize Size = {2 * pParts->m_nEdgeX + Scale.Length(kFaceWidth),
+                        2 * pParts->m_nEdgeY + Scale.Length(kFaceHeight)};
     if (pParts->m_bListing)
         Size.m_nWidth += pParts->m_nListingWidth;
     if (pParts->m_bRegisters)
@@ -22,7 +25,7 @@ static int FindRegistersWidth(const cWindowParts &Parts, int nRest)
 {
     if (!Parts.m_bRegisters)
         return 0;
-    return Parts.m_bListing ? std::min(nRest / 2, kRegistersWidth) : nRest;
+    return Parts.m_bListing ? std::min(nRest / 2, Parts.m_Scale.Length(kRegistersWidth)) : nRest;
 }
 
 int FindLayout(const cWindowParts &Parts, const cLayoutSize &Client, cWindowLayout *pLayout)
@@ -32,17 +35,26 @@ int FindLayout(const cWindowParts &Parts, const cLayoutSize &Client, cWindowLayo
     if (nHeight <= 0 || Client.m_nWidth <= 0)
         return 0;
 
-    const int nKeypad    = std::min(2 * Parts.m_nEdgeX + kFaceWidth, Client.m_nWidth);
+    const int nFaceWidth  = 2 * Parts.m_nEdgeX + Parts.m_Scale.Length(kFaceWidth);
+    const int nFaceHeight = 2 * Parts.m_nEdgeY + Parts.m_Scale.Length(kFaceHeight);
+
+    const int nKeypad    = std::min(nFaceWidth, Client.m_nWidth);
     const int nRest      = Client.m_nWidth - nKeypad;
     const int nRegisters = FindRegistersWidth(Parts, nRest);
     const int nListing   = Parts.m_bListing ? nRest - nRegisters : 0;
-    pLayout->m_Keypad    = {0, nTop, nKeypad, std::min(2 * Parts.m_nEdgeY + kFaceHeight, nHeight)};
+    pLayout->m_Keypad    = {0, nTop, nKeypad, std::min(nFaceHeight, nHeight)};
     pLayout->m_Listing   = {nKeypad, nTop, nListing, nHeight};
     pLayout->m_Registers = {nKeypad + nListing, nTop, nRegisters, nHeight};
     return 1;
 }
 
-int FaceOffset(int nScreenHeight)
+int FaceOffset(int nScreenHeight, const cScale &Scale)
 {
-    return nScreenHeight < kFullFaceScreen ? kLowFaceOffset : 0;
+    return nScreenHeight < Scale.Length(kFullFaceScreen) ? Scale.Length(kLowFaceOffset) : 0;
+}
+
+cScale FittingScale(int nDpi, int nRoom, int nUsualRoom)
+{
+    const int nFitting = static_cast<int>(1LL * nRoom * kUsualDpi / std::max(nUsualRoom, 1));
+    return cScale(std::max(std::min(nDpi, nFitting), kUsualDpi));
 }

@@ -218,7 +218,8 @@ void cButtonArray::PaintSwitch(HDC hDc, unsigned nSwitch, int nPosition)
     int         nStrip = 0;
     for (unsigned i = 0; i < nSwitch; i++)
         nStrip += Width(*m_SwitchRects.At(i));
-    const int nFrame = ThumbFrame(nPosition, Travel(nSwitch), m_nSwitchFrames);
+    const int nFrame =
+        ThumbFrame(m_Scale.Usual(nPosition), m_Scale.Usual(Travel(nSwitch)), m_nSwitchFrames);
     PaintStrip(hDc, Rect, m_hSwitchBitmap, nStrip, nFrame * Height(Rect));
 }
 

@@ -11,6 +11,7 @@
 #include "toolkit/win32/win32.h"
 
 #include "toolkit/pointer_list.h"
+#include "toolkit/scale.h"
 #include "toolkit/win32/base_window.h"
 #include "toolkit/win32/message_table.h"
 #include "toolkit/win32/window_class.h"
@@ -52,6 +53,9 @@ public:
     int AddKey(int nX, int nY, int nWidth, int nHeight);
     int AddSwitch(int nX, int nY, int nWidth, int nHeight, int nThumbWidth, int nStart);
     int AddDisplayRect(int nX, int nY, int nWidth, int nHeight);
+
+    // The scale of the positions; the frames of the switches follow it.
+    void SetScale(const cScale &Scale) { m_Scale = Scale; }
 
 private:
     using cMessageRow = cMessageRowOf<cButtonArray>;
@@ -101,6 +105,7 @@ private:
     cRectList         m_KeyRects;
     HBITMAP           m_hSwitchBitmap;
     int               m_nSwitchFrames;
+    cScale            m_Scale;
     int               m_SwitchPos[kMostSwitches];  // 0 or the full travel
     int               m_SwitchThumbWidth[kMostSwitches];
     int               m_nPressedKey;  // index, -1 for none

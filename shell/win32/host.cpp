@@ -53,8 +53,8 @@ void cVorstek::DrawDisplay(const cDisplay &Display)
         const cDisplayLine &Line = Display.m_Lines[i];
         const cGdiFont     &Font = Line.m_nFont == dfLarge ? m_hLargeFont : m_hSmallFont;
         const cSelectGuard  Selected(Dc.Get(), Font.Get());
-        TextOutA(Dc.Get(), nLeft + Line.m_nLeft, nTop + Line.m_nTop, Line.m_szText,
-                 lstrlenA(Line.m_szText));
+        TextOutA(Dc.Get(), nLeft + m_Scale.Length(Line.m_nLeft), nTop + m_Scale.Length(Line.m_nTop),
+                 Line.m_szText, lstrlenA(Line.m_szText));
     }
 }
 
@@ -64,10 +64,11 @@ void cVorstek::BlankDisplay()
 {
     if (!m_hWnd)
         return;
-    const int nLeft = GetSystemMetrics(SM_CXBORDER) + kBlankedRect.m_nLeft;
-    const int nTop =
-        GetSystemMetrics(SM_CYBORDER) - m_nFaceOffset + HeightOf(m_ToolBar) + kBlankedRect.m_nTop;
-    const RECT Field = {nLeft, nTop, nLeft + kBlankedRect.m_nWidth, nTop + kBlankedRect.m_nHeight};
+    const cFaceRect Blanked = ScaledRect(kBlankedRect, m_Scale);
+    const int       nLeft   = GetSystemMetrics(SM_CXBORDER) + Blanked.m_nLeft;
+    const int       nTop =
+        GetSystemMetrics(SM_CYBORDER) - m_nFaceOffset + HeightOf(m_ToolBar) + Blanked.m_nTop;
+    const RECT      Field = {nLeft, nTop, nLeft + Blanked.m_nWidth, nTop + Blanked.m_nHeight};
     const cWindowDc Dc(m_hWnd);
     FillRect(Dc.Get(), &Field, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
 }

@@ -10,7 +10,7 @@
 #include "resources/resource.h"
 #include "shell/window_layout.h"
 #include "toolkit/win32/gdi.h"
-#include "toolkit/win32/palette_bitmap.h"
+#include "toolkit/win32/screen.h"
 
 static const uint32_t kTextLimit    = 500000;  // characters of a box
 static const int      kBoxPointSize = 90;      // tenths of a point
@@ -19,7 +19,7 @@ static const int      kSmallPoints  = 8;
 
 static const int kLeastWidth       = 318;
 static const int kLeastHeight      = 617;
-static const int kLeastHeightOn600 = 570;
+static const int kLeastHeightOn600 = 570;  // shows all keys
 
 static const int kHighlightImage = 12;  // in the toolbar bitmap
 
@@ -99,7 +99,6 @@ static int IsScreenHighEnough(cMessageBoxes *pBoxes)
 
 int cVorstek::Create()
 {
-    m_nFaceOffset = FaceOffset(GetSystemMetrics(SM_CYSCREEN));
     if (!IsScreenHighEnough(this) || !CreateMainWindow() || !CreateBars() || !CreateBoxes() ||
         !CreateKeypad())
     {
@@ -150,7 +149,32 @@ int cVorstek::CreateMainWindow()
     }
     SetCreated(hWnd);
     m_Boxes.m_hOwner = hWnd;
+    FindScale(ScreenDpi(hWnd));
+    m_nListingWidth   = m_Scale.Length(kListingWidth);
+    m_nRegistersWidth = m_Scale.Length(kRegistersWidth);
     return 1;
+}
+
+// Of the frame around the client area, with caption and menu. The platform cannot
+// calculate it for a screen whose resolution differs from that of the first one.
+static SIZE FrameSize(HWND hWnd)
+{
+    RECT Window = {};
+    RECT Client = {};
+    GetWindowRect(hWnd, &Window);
+    GetClientRect(hWnd, &Client);
+    return {Window.right - Window.left - Client.right, Window.bottom - Window.top - Client.bottom};
+}
+
+// The scale of the window's screen, or a smaller one where some keys would not be on
+// the screen.
+void cVorstek::FindScale(int nDpi)
+{
+    const RECT Work   = WorkArea(m_hWnd);
+    const int  nFrame = FrameSize(m_hWnd).cy;
+    m_Scale           = FittingScale(nDpi, Work.bottom - Work.top - nFrame,
+                                     kLeastHeightOn600 - cScale(nDpi).Usual(nFrame));
+    m_nFaceOffset     = FaceOffset(GetSystemMetrics(SM_CYSCREEN), m_Scale);
 }
 
 static TBBUTTON ToolButton(int nImage, int nCommand)
@@ -203,6 +227,7 @@ int cVorstek::CreateBox(cEditBox *pBox, uint32_t nId)
     if (!pBox->Create(this, 0, 0, 0, 0, ES_NOHIDESEL, nId, 0, 0, kTextLimit))
         return 0;
     pBox->SetReadOnly(1);
+    pBox->SetDpi(m_Scale.Dpi());
     pBox->SetFont("Courier New", kBoxPointSize, kFontFixedPitch);
     HideCaret(pBox->Window());
     pBox->Show();
@@ -215,36 +240,38 @@ int cVorstek::CreateBoxes()
            Start();
 }
 
-// The three pictures share the face's palette.
 int cVorstek::CreateKeypad()
 {
-    cGdiPalette Unused;
-    LoadPaletteBitmap(IDB_FACE, &m_hFaceBitmap, &m_hFacePalette);
-    LoadPaletteBitmap(IDB_KEYS, &m_hKeyBitmap, &Unused);
-    LoadPaletteBitmap(IDB_SWITCHES, &m_hSwitchBitmap, &Unused);
-
-    return m_Keypad.Create(this, 0, 0, 0, 0, m_hFaceBitmap.Get(), m_hFacePalette.Get(), 0,
+    m_Pictures.Load(m_Scale);
+    return m_Keypad.Create(this, 0, 0, 0, 0, m_Pictures.Face(), m_Pictures.Palette(), 0,
                            m_nFaceOffset, 0, 0, WS_VISIBLE, IDC_KEYPAD) &&
            AddKeys() && Listen(kSlotKey, OnKeyEvent) && Listen(kSlotDisplay, OnDisplayUncovered);
 }
 
 int cVorstek::AddKeys()
 {
-    m_Keypad.SetKeyBitmap(m_hKeyBitmap.Get());
-    m_Keypad.SetSwitchBitmap(m_hSwitchBitmap.Get(), kSwitchFrames);
-    for (const cFaceRect &Key : kKeyRects)
+    m_Keypad.SetScale(m_Scale);
+    m_Keypad.SetKeyBitmap(m_Pictures.Keys());
+    m_Keypad.SetSwitchBitmap(m_Pictures.Switches(), kSwitchFrames);
+    for (const cFaceRect &Usual : kKeyRects)
+    {
+        const cFaceRect Key = ScaledRect(Usual, m_Scale);
         if (!m_Keypad.AddKey(Key.m_nLeft, Key.m_nTop - m_nFaceOffset, Key.m_nWidth, Key.m_nHeight))
             return 0;
+    }
     for (int i = 0; i < kFaceSwitches; i++)
     {
-        const cFaceRect &Switch = kSwitchRects[i];
+        const cFaceRect Switch = ScaledRect(kSwitchRects[i], m_Scale);
+        const int       nThumb = m_Scale.Length(kThumbWidth);
         if (!m_Keypad.AddSwitch(Switch.m_nLeft, Switch.m_nTop - m_nFaceOffset, Switch.m_nWidth,
-                                Switch.m_nHeight, kThumbWidth, kSwitchStarts[i]))
+                                Switch.m_nHeight, nThumb,
+                                kSwitchStarts[i] ? Switch.m_nWidth - nThumb : 0))
             return 0;
     }
     // A hidden part of the face reduces the height of the rectangle, too.
-    return m_Keypad.AddDisplayRect(kDisplayRect.m_nLeft, kDisplayRect.m_nTop - m_nFaceOffset,
-                                   kDisplayRect.m_nWidth, kDisplayRect.m_nHeight - m_nFaceOffset);
+    const cFaceRect Display = ScaledRect(kDisplayRect, m_Scale);
+    return m_Keypad.AddDisplayRect(Display.m_nLeft, Display.m_nTop - m_nFaceOffset,
+                                   Display.m_nWidth, Display.m_nHeight - m_nFaceOffset);
 }
 
 int cVorstek::Listen(uint32_t nSlot, cCallbackRec::cMemberCall pfnMember)
@@ -287,19 +314,18 @@ static int HasFace(const cGdiFont &Font, const char *szFace)
     return lstrcmpiA(szFace, szSelected) == 0;
 }
 
-static cGdiFont CreateDisplayFont(int nPointSize)
+static cGdiFont CreateDisplayFont(int nPointSize, int nDpi)
 {
-    const char *const szFace = "Lucida Console";
-    const cWindowDc   Screen(nullptr);
-    const int         nHeight = -MulDiv(nPointSize, GetDeviceCaps(Screen.Get(), LOGPIXELSY), 72);
+    const char *const szFace  = "Lucida Console";
+    const int         nHeight = -MulDiv(nPointSize, nDpi, 72);
     cGdiFont          Font    = CreateFixedFont(szFace, nHeight);
     return HasFace(Font, szFace) ? std::move(Font) : CreateFixedFont("Courier New", nHeight);
 }
 
 void cVorstek::CreateFonts()
 {
-    m_hLargeFont = CreateDisplayFont(kLargePoints);
-    m_hSmallFont = CreateDisplayFont(kSmallPoints);
+    m_hLargeFont = CreateDisplayFont(kLargePoints, m_Scale.Dpi());
+    m_hSmallFont = CreateDisplayFont(kSmallPoints, m_Scale.Dpi());
     m_bFonts     = 1;
     if (!m_hLargeFont || !m_hSmallFont)
         ShowProgramError(kCodeFonts);
@@ -348,6 +374,7 @@ cWindowParts cVorstek::Parts() const
     Parts.m_bRegisters       = m_RegistersBox.IsVisible();
     Parts.m_nListingWidth    = m_nListingWidth;
     Parts.m_nRegistersWidth  = m_nRegistersWidth;
+    Parts.m_Scale            = m_Scale;
     return Parts;
 }
 
@@ -361,6 +388,27 @@ void cVorstek::SizeWithBoxes()
     SizeWindow();
 }
 
+int cVorstek::IsLowestScreen() const
+{
+    return GetSystemMetrics(SM_CYSCREEN) == m_Scale.Length(kLowestScreen);
+}
+
+// An enlarged face is cut at the bottom where it is higher than the screen.
+int cVorstek::LimitHeight(int nHeight) const
+{
+    const RECT Work = WorkArea(m_hWnd);
+    return m_Scale == cScale() ? nHeight : std::min<int>(nHeight, Work.bottom - Work.top);
+}
+
+// An enlarged face is moved up as far as its bottom was below the screen.
+int cVorstek::LimitTop(int nTop, int nHeight) const
+{
+    const RECT Work = WorkArea(m_hWnd);
+    if (m_Scale == cScale())
+        return nTop;
+    return std::max<int>(std::min<int>(nTop, Work.bottom - nHeight), Work.top);
+}
+
 void cVorstek::SizeWindow()
 {
     cWindowParts      Sized  = Parts();
@@ -368,14 +416,14 @@ void cVorstek::SizeWindow()
     m_nListingWidth          = Sized.m_nListingWidth;
     m_nRegistersWidth        = Sized.m_nRegistersWidth;
 
-    RECT Frame = {0, 0, Client.m_nWidth, Client.m_nHeight};
-    RECT Now   = {};
-    AdjustWindowRectEx(&Frame, m_dwStyle, TRUE, 0);
+    const SIZE Frame = FrameSize(m_hWnd);
+    RECT       Now   = {};
     GetWindowRect(m_hWnd, &Now);
-    int nHeight = Frame.bottom - Frame.top;
-    if (GetSystemMetrics(SM_CYSCREEN) == kLowestScreen)
+    int nHeight = LimitHeight(Frame.cy + Client.m_nHeight);
+    if (IsLowestScreen())
         nHeight = Now.bottom - Now.top;
-    MoveWindow(m_hWnd, Now.left, Now.top, Frame.right - Frame.left, nHeight, TRUE);
+    MoveWindow(m_hWnd, Now.left, LimitTop(Now.top, nHeight), Frame.cx + Client.m_nWidth, nHeight,
+               TRUE);
 }
 
 // Moving a read-only box shows its caret again.
@@ -478,7 +526,7 @@ LRESULT cVorstek::OnKillFocus(WPARAM wParam, LPARAM)
 LRESULT cVorstek::OnPaint(WPARAM, LPARAM)
 {
     const cPaintDc      Dc(m_hWnd);
-    const cPaletteGuard Colours(Dc.Get(), m_hFacePalette.Get());
+    const cPaletteGuard Colours(Dc.Get(), m_Pictures.Palette());
     return 0;
 }
 
@@ -505,9 +553,9 @@ LRESULT cVorstek::OnQueryEndSession(WPARAM wParam, LPARAM lParam)
 LRESULT cVorstek::OnGetMinMaxInfo(WPARAM, LPARAM lParam)
 {
     auto *const pInfo       = reinterpret_cast<MINMAXINFO *>(lParam);
-    const int   bLow        = GetSystemMetrics(SM_CYSCREEN) == kLowestScreen;
-    pInfo->ptMinTrackSize.x = kLeastWidth;
-    pInfo->ptMinTrackSize.y = bLow ? kLeastHeightOn600 : kLeastHeight;
+    const int   nLeast      = IsLowestScreen() ? kLeastHeightOn600 : kLeastHeight;
+    pInfo->ptMinTrackSize.x = m_Scale.Length(kLeastWidth);
+    pInfo->ptMinTrackSize.y = LimitHeight(m_Scale.Length(nLeast));
     return 0;
 }
 
@@ -560,20 +608,20 @@ LRESULT cVorstek::OnCtlColor(WPARAM wParam, LPARAM)
 
 LRESULT cVorstek::OnQueryNewPalette(WPARAM, LPARAM)
 {
-    if (!m_hFacePalette)
+    if (!m_Pictures.Palette())
         return 0;
     const cWindowDc     Dc(m_hWnd);
-    const cPaletteGuard Colours(Dc.Get(), m_hFacePalette.Get());
+    const cPaletteGuard Colours(Dc.Get(), m_Pictures.Palette());
     InvalidateRect(m_hWnd, nullptr, TRUE);
     return 1;
 }
 
 LRESULT cVorstek::OnPaletteChanged(WPARAM wParam, LPARAM)
 {
-    if (!m_hFacePalette || reinterpret_cast<HWND>(wParam) == m_hWnd)
+    if (!m_Pictures.Palette() || reinterpret_cast<HWND>(wParam) == m_hWnd)
         return 0;
     const cWindowDc     Dc(m_hWnd);
-    const cPaletteGuard Colours(Dc.Get(), m_hFacePalette.Get());
+    const cPaletteGuard Colours(Dc.Get(), m_Pictures.Palette());
     UpdateColors(Dc.Get());
     return 0;
 }

@@ -11,6 +11,7 @@
 #include "graph/win32/vantor_host.h"
 #include "shell/win32/button_array.h"
 #include "shell/win32/edit_line_box.h"
+#include "shell/win32/face_pictures.h"
 #include "shell/win32/window_host.h"
 #include "toolkit/win32/base_window.h"
 #include "toolkit/win32/command_table.h"
@@ -81,10 +82,14 @@ private:
     int  AddKeys();
     int  Listen(uint32_t nSlot, cCallbackRec::cMemberCall pfnMember);
     void CreateFonts();
+    void FindScale(int nDpi);
 
     // --- layout
     cWindowParts Parts() const;
     static int   HeightOf(const cBaseWindow &Bar);  // 0 while it is hidden
+    int          IsLowestScreen() const;
+    int          LimitHeight(int nHeight) const;
+    int          LimitTop(int nTop, int nHeight) const;
     void         SizeWindow();
     void         SizeWithBoxes();
     void         SizeToBoxes();
@@ -157,22 +162,20 @@ private:
     cButtonArray m_Keypad;
     cVantor      m_Graph;
 
-    int         m_nListingWidth;
-    int         m_nRegistersWidth;
-    int         m_nFaceOffset;  // number of rows of the face hidden on a low screen
-    HACCEL      m_hAccelerators;
-    cGdiBitmap  m_hFaceBitmap;
-    cGdiBitmap  m_hKeyBitmap;
-    cGdiBitmap  m_hSwitchBitmap;
-    cGdiPalette m_hFacePalette;
-    cGdiFont    m_hLargeFont;
-    cGdiFont    m_hSmallFont;
-    int         m_bFonts;         // CreateFonts has been called
-    int         m_bSizeLater;     // boxes were shown or hidden while the window was minimised
-    HWND        m_hHelpWnd;       // null while no help is open
-    DWORD       m_dwLastDrain;    // tick counts in milliseconds: its end,
-    DWORD       m_dwLastRefresh;  // the start of this
-    DWORD       m_dwRefreshTime;  // milliseconds that it took
+    int           m_nListingWidth;
+    int           m_nRegistersWidth;
+    cScale        m_Scale;        // of everything in the client area
+    int           m_nFaceOffset;  // number of rows of the face hidden on a low screen
+    HACCEL        m_hAccelerators;
+    cFacePictures m_Pictures;
+    cGdiFont      m_hLargeFont;
+    cGdiFont      m_hSmallFont;
+    int           m_bFonts;         // CreateFonts has been called
+    int           m_bSizeLater;     // boxes were shown or hidden while the window was minimised
+    HWND          m_hHelpWnd;       // null while no help is open
+    DWORD         m_dwLastDrain;    // tick counts in milliseconds: its end,
+    DWORD         m_dwLastRefresh;  // the start of this
+    DWORD         m_dwRefreshTime;  // milliseconds that it took
 
     cWindowClassShare m_ClassShare;
 };

@@ -63,3 +63,28 @@ TEST_CASE("the thumb of a slide switch runs through the frames 0 to 12")
     CHECK(ThumbFrame(0, 12, kSwitchFrames) == 0);
     CHECK(ThumbFrame(12, 12, kSwitchFrames) == 12);
 }
+
+TEST_CASE("at 96 dots per inch the face has the pixels of its figures")
+{
+    for (const cFaceRect &Key : kKeyRects)
+    {
+        const cFaceRect Scaled = ScaledRect(Key, cScale());
+        CHECK(Scaled.m_nLeft == Key.m_nLeft);
+        CHECK(Scaled.m_nTop == Key.m_nTop);
+        CHECK(Scaled.m_nWidth == Key.m_nWidth);
+        CHECK(Scaled.m_nHeight == Key.m_nHeight);
+    }
+}
+
+TEST_CASE("a key at 120 dots per inch has scaled edges")
+{
+    const cFaceRect First  = ScaledRect(kKeyRects[0], cScale(120));
+    const cFaceRect Fourth = ScaledRect(kKeyRects[3], cScale(120));
+
+    CHECK(First.m_nLeft == 49);
+    CHECK(First.m_nTop == 190);
+    CHECK(First.m_nLeft + First.m_nWidth == 93);
+    CHECK(First.m_nTop + First.m_nHeight == 229);
+    CHECK(Fourth.m_nLeft == 228);
+    CHECK(Fourth.m_nLeft + Fourth.m_nWidth == 271);
+}

@@ -115,3 +115,47 @@ TEST_CASE("screens lower than 768 pixels hide the upper 35 rows of the face")
     CHECK(FaceOffset(768) == 0);
     CHECK(FaceOffset(1024) == 0);
 }
+
+TEST_CASE("on a finer screen face and boxes are larger, edges and bars are as they are")
+{
+    cWindowParts Shown      = Parts(1, 1);
+    Shown.m_Scale           = cScale(144);
+    Shown.m_nListingWidth   = 1;
+    Shown.m_nRegistersWidth = 1;
+    cWindowLayout Layout;
+
+    const cLayoutSize Size = FindClientSize(&Shown);
+    REQUIRE(FindLayout(Shown, {1500, 1000}, &Layout));
+
+    CHECK(Size.m_nWidth == 4 + 459 + 165 + 150);
+    CHECK(Size.m_nHeight == 4 + 851 + 28 + 20);
+    CHECK(IsRect(Layout.m_Keypad, 0, 28, 463, 855));
+    CHECK(Layout.m_Registers.m_nWidth == 315);
+}
+
+TEST_CASE("a finer screen hides rows of the face below 768 rows of its scale")
+{
+    static const struct
+    {
+        int nDpi;
+        int nHeight;
+        int nHidden;
+    } s_Rows[] = {{120, 960, 0}, {120, 959, 44}, {144, 1152, 0}, {144, 1151, 53}, {192, 1535, 70}};
+
+    for (const auto &Row : s_Rows)
+        CHECK(FaceOffset(Row.nHeight, cScale(Row.nDpi)) == Row.nHidden);
+}
+
+TEST_CASE("the calculator is enlarged as far as its keys fit on the screen")
+{
+    static const struct
+    {
+        int nDpi;
+        int nRoom;
+        int nScaledDpi;
+    } s_Rows[] = {{96, 500, 96},   {96, 2000, 96}, {144, 1000, 144}, {144, 750, 144},
+                  {144, 700, 134}, {144, 499, 96}, {288, 1100, 211}};
+
+    for (const auto &Row : s_Rows)
+        CHECK(FittingScale(Row.nDpi, Row.nRoom, 500) == cScale(Row.nScaledDpi));
+}

@@ -10,6 +10,7 @@
 
 #include "toolkit/highlight_scroll.h"
 #include "toolkit/win32/page_setup.h"
+#include "toolkit/win32/screen.h"
 #include "toolkit/win32/system_library.h"
 #include "toolkit/win32/text_printer.h"
 
@@ -65,13 +66,8 @@ private:
 
 }  // namespace
 
-static int ScreenDpi()
-{
-    return GetDeviceCaps(cWindowDc(nullptr).Get(), LOGPIXELSY);
-}
-
 cEditBox::cEditBox(cMessageBoxes *pBoxes)
-    : cBaseWindow(pBoxes), m_LogFont(), m_nPointSize(0),
+    : cBaseWindow(pBoxes), m_LogFont(), m_nPointSize(0), m_nDpi(ScreenDpi(nullptr)),
       m_crText(RGB(0, 0, 0)), m_Margins{kDefaultMargin, kDefaultMargin, kDefaultMargin,
                                         kDefaultMargin},
       m_bLandscape(0), m_bRich(0), m_bPlainTextMode(0), m_bRichScrollOk(0)
@@ -166,7 +162,7 @@ int cEditBox::IsReadOnly() const
 int cEditBox::SetFont(const char *szFace, int nPointSize, unsigned nStyles)
 {
     LOGFONTA LogFont    = {};
-    LogFont.lfHeight    = -MulDiv(nPointSize, ScreenDpi(), kTenthsPerInch);
+    LogFont.lfHeight    = -MulDiv(nPointSize, m_nDpi, kTenthsPerInch);
     LogFont.lfWeight    = nStyles & kFontBold ? FW_BOLD : FW_NORMAL;
     LogFont.lfItalic    = (nStyles & kFontItalic) != 0;
     LogFont.lfUnderline = (nStyles & kFontUnderline) != 0;
@@ -182,6 +178,16 @@ int cEditBox::SetFont(const char *szFace, int nPointSize, unsigned nStyles)
     return 1;
 }
 
+void cEditBox::SetDpi(int nDpi)
+{
+    const int nPointSize = m_nPointSize;
+    LOGFONTA  LogFont    = m_LogFont;
+    LogFont.lfHeight     = -MulDiv(nPointSize, nDpi, kTenthsPerInch);
+    m_nDpi               = nDpi;
+    if (UseFont(LogFont))
+        m_nPointSize = nPointSize;
+}
+
 // Creates and sets a font. The old one is deleted only after the control has the
 // new one.
 int cEditBox::UseFont(const LOGFONTA &LogFont)
@@ -193,7 +199,7 @@ int cEditBox::UseFont(const LOGFONTA &LogFont)
         SendMessageA(m_hWnd, WM_SETFONT, reinterpret_cast<WPARAM>(Font.Get()), TRUE);
     m_hFont      = std::move(Font);
     m_LogFont    = LogFont;
-    m_nPointSize = static_cast<int>(std::abs(LogFont.lfHeight)) * kTenthsPerInch / ScreenDpi();
+    m_nPointSize = static_cast<int>(std::abs(LogFont.lfHeight)) * kTenthsPerInch / m_nDpi;
     return 1;
 }
 

@@ -52,6 +52,10 @@ public:
     // and the font does not change, if no font can be created.
     int SetFont(const char *szFace, int nPointSize, unsigned nStyles);
 
+    // Dots per inch of the screen that shows the box; before, those of the first
+    // screen. The font keeps its size in points.
+    void SetDpi(int nDpi);
+
     const LOGFONTA &FontDescription() const { return m_LogFont; }
     int             PointSize() const { return m_nPointSize; }  // tenths of a point
 
@@ -118,6 +122,7 @@ private:
     cGdiFont     m_hFont;
     LOGFONTA     m_LogFont;     // describes m_hFont
     int          m_nPointSize;  // tenths of a point
+    int          m_nDpi;        // of the screen that shows the box
     COLORREF     m_crText;
     cPageMargins m_Margins;         // thousandths of an inch
     int          m_bLandscape;      // the text is printed along the longer side

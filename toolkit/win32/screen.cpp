@@ -1,0 +1,21 @@
+#include "toolkit/win32/screen.h"
+
+#include "toolkit/win32/gdi.h"
+
+int ScreenDpi(HWND hWnd)
+{
+    // Newer than the platform's other functions.
+    static const auto pfnForWindow =
+        reinterpret_cast<UINT(WINAPI *)(HWND)>(reinterpret_cast<void *>(
+            GetProcAddress(GetModuleHandleA("user32.dll"), "GetDpiForWindow")));
+    const UINT nDpi = hWnd && pfnForWindow ? pfnForWindow(hWnd) : 0;
+    return nDpi ? static_cast<int>(nDpi) : GetDeviceCaps(cWindowDc(nullptr).Get(), LOGPIXELSY);
+}
+
+RECT WorkArea(HWND hWnd)
+{
+    MONITORINFO Monitor = {};
+    Monitor.cbSize      = sizeof Monitor;
+    GetMonitorInfoA(MonitorFromWindow(hWnd, MONITOR_DEFAULTTOPRIMARY), &Monitor);
+    return Monitor.rcWork;
+}
