@@ -6,7 +6,7 @@
 
 #include "graph/vantor_plot.h"
 
-static const int kRasterTick    = 2;   // pixels
+static const int kRasterTick    = 2;   // pixels at 96 dots per inch
 static const int kTicksPerInch  = 20;  // a tick on paper is a twentieth of an inch
 static const int kGapBelowTicks = 3;   // pixels between a tick and its label
 
@@ -38,7 +38,8 @@ static int RightMargin(const cPlotRange &Range, int nHeight, const cPlotCanvas &
 static int BottomMargin(const cPlotLayout &Layout, int bLabel, int nHeight)
 {
     const int nTexts = bLabel ? 2 : 1;
-    return std::min(Layout.m_nTickLength + nTexts * Layout.m_nTextHeight + kGapBelowTicks,
+    return std::min(Layout.m_nTickLength + nTexts * Layout.m_nTextHeight +
+                        Layout.m_Scale.Length(kGapBelowTicks),
                     nHeight / 3);
 }
 
@@ -76,14 +77,15 @@ static double Scale(int nPixels, float fMin, float fMax)
 static void PlacePlot(const cVantorPlot &Plot, const cRect &Rect, const cPlotCanvas &Canvas,
                       cPlotLayout *pLayout)
 {
-    const int bLabel     = Plot.Settings().m_szHorzLabel[0] != '\0';
-    cRect    &Area       = pLayout->m_Plot;
-    Area.m_nLeft         = Rect.m_nLeft + LeftMargin(pLayout->m_Range, Rect.Width(), Canvas);
-    Area.m_nRight        = Rect.m_nRight - RightMargin(pLayout->m_Range, Rect.Height(), Canvas);
-    Area.m_nBottom       = pLayout->m_Legend.m_nTop - BottomMargin(*pLayout, bLabel, Rect.Height());
-    const int nWanted    = pLayout->m_Title.m_nBottom + pLayout->m_nTextHeight / 2;
-    Area.m_nTop          = std::min(nWanted, Area.m_nBottom);
-    pLayout->m_nLabelTop = Area.m_nBottom + pLayout->m_nTickLength + kGapBelowTicks;
+    const int bLabel  = Plot.Settings().m_szHorzLabel[0] != '\0';
+    cRect    &Area    = pLayout->m_Plot;
+    Area.m_nLeft      = Rect.m_nLeft + LeftMargin(pLayout->m_Range, Rect.Width(), Canvas);
+    Area.m_nRight     = Rect.m_nRight - RightMargin(pLayout->m_Range, Rect.Height(), Canvas);
+    Area.m_nBottom    = pLayout->m_Legend.m_nTop - BottomMargin(*pLayout, bLabel, Rect.Height());
+    const int nWanted = pLayout->m_Title.m_nBottom + pLayout->m_nTextHeight / 2;
+    Area.m_nTop       = std::min(nWanted, Area.m_nBottom);
+    pLayout->m_nLabelTop =
+        Area.m_nBottom + pLayout->m_nTickLength + pLayout->m_Scale.Length(kGapBelowTicks);
     const cPlotRange &Range = pLayout->m_Range;
     pLayout->m_dHorzScale   = Scale(Area.Width() - 1, Range.m_fXMin, Range.m_fXMax);
     pLayout->m_dVertScale   = Scale(Area.Height(), Range.m_fYMin, Range.m_fYMax);
@@ -97,12 +99,14 @@ cPlotLayout LayOutPlot(const cVantorPlot &Plot, const cPlotTarget &Target,
     const int    nInchX = Canvas.PixelsPerInchX();
 
     cPlotLayout Layout;
-    Layout.m_nKind           = Target.m_nKind;
-    Layout.m_Range           = Plot.Range();
-    Layout.m_dXMin           = static_cast<double>(Layout.m_Range.m_fXMin);
-    Layout.m_dYMax           = static_cast<double>(Layout.m_Range.m_fYMax);
-    Layout.m_nTextHeight     = Canvas.TextHeight();
-    Layout.m_nTickLength     = Target.m_nKind == ptPrinter ? nInchX / kTicksPerInch : kRasterTick;
+    Layout.m_nKind       = Target.m_nKind;
+    Layout.m_Range       = Plot.Range();
+    Layout.m_dXMin       = static_cast<double>(Layout.m_Range.m_fXMin);
+    Layout.m_dYMax       = static_cast<double>(Layout.m_Range.m_fYMax);
+    Layout.m_nTextHeight = Canvas.TextHeight();
+    Layout.m_Scale       = Target.m_Scale;
+    Layout.m_nTickLength =
+        Target.m_nKind == ptPrinter ? nInchX / kTicksPerInch : Target.m_Scale.Length(kRasterTick);
     Layout.m_nLegendInch     = Target.m_bTurned ? Canvas.PixelsPerInchY() : nInchX;
     Layout.m_Title           = Rect;
     Layout.m_Title.m_nBottom = Rect.m_nTop + (bTitle ? Layout.m_nTextHeight : 0);

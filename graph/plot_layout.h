@@ -10,6 +10,7 @@
 #include "graph/plot_range.h"
 #include "graph/plot_ticks.h"
 #include "graph/vantor_data_set.h"
+#include "toolkit/scale.h"
 
 class cVantorPlot;
 
@@ -33,7 +34,8 @@ struct cPlotTarget
     ePlotTarget m_nKind;
     cRect       m_Rect;
     cLegendList m_LegendList = {1, 0};
-    int         m_bTurned    = 0;  // a drawn legend measures inches along y
+    int         m_bTurned    = 0;         // a drawn legend measures inches along y
+    cScale      m_Scale      = cScale();  // of a screen
 };
 
 // The platform's drawing functions use 16-bit coordinates: a point is drawn at
@@ -73,6 +75,7 @@ struct cPlotLayout
     int         m_nTickLength;
     int         m_nLabelTop;    // of the numbers below the horizontal axis
     int         m_nLegendInch;  // pixels per inch of the drawn legend
+    cScale      m_Scale;        // of markers
 };
 
 // Lays out the plot for the target and the font of the canvas.

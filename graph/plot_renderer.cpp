@@ -191,7 +191,7 @@ void DrawAddedPoint(const cPlotLayout &Layout, const cVantorDataSet &Set, cPlotC
     {
         cPoint        Corners[kMostCorners];
         const int32_t nCorners = MarkerCorners(Set.m_nStyle);
-        StoreMarker(Set.m_nStyle, Layout.PixelOf(Set, Set.m_nPoints - 1), Corners);
+        StoreMarker(Set.m_nStyle, Layout.PixelOf(Set, Set.m_nPoints - 1), Corners, Layout.m_Scale);
         pCanvas->Polygons(Corners, &nCorners, 1, Set.m_crColor);
         return;
     }

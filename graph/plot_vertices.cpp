@@ -73,11 +73,12 @@ int MarkerCorners(uint32_t nStyle)
     return MarkerOf(nStyle).m_nCorners;
 }
 
-cPoint *StoreMarker(uint32_t nStyle, cPoint At, cPoint *pVertices)
+cPoint *StoreMarker(uint32_t nStyle, cPoint At, cPoint *pVertices, const cScale &Scale)
 {
     const cMarker &Marker = MarkerOf(nStyle);
     for (int i = 0; i < Marker.m_nCorners; i++)
-        *pVertices++ = {At.m_nX + Marker.m_Corners[i].m_nX, At.m_nY + Marker.m_Corners[i].m_nY};
+        *pVertices++ = {At.m_nX + Scale.Length(Marker.m_Corners[i].m_nX),
+                        At.m_nY + Scale.Length(Marker.m_Corners[i].m_nY)};
     return pVertices;
 }
 
@@ -154,7 +155,8 @@ size_t StoreMarkerVertices(const cPlotLayout &Layout, const cVantorDataSet &Set,
     size_t        nMarkers = 0;
     for (uint32_t nPoint = 0; nPoint < Set.m_nPoints; nPoint++)
     {
-        cPoint *const pAfter = StoreMarker(Set.m_nStyle, Layout.PixelOf(Set, nPoint), pVertices);
+        cPoint *const pAfter =
+            StoreMarker(Set.m_nStyle, Layout.PixelOf(Set, nPoint), pVertices, Layout.m_Scale);
         if (pTaken && !Pixels.Take(nMarkers))
             continue;
         pVertices = pAfter;

@@ -23,7 +23,7 @@ int IsDrawnAsMarkers(const cVantorDataSet &Set);
 int MarkerCorners(uint32_t nStyle);
 
 // Stores the corners of a marker around At; returns the place after them.
-cPoint *StoreMarker(uint32_t nStyle, cPoint At, cPoint *pVertices);
+cPoint *StoreMarker(uint32_t nStyle, cPoint At, cPoint *pVertices, const cScale &Scale = cScale());
 
 // How many vertices the line of a set has that is not drawn as markers: n for
 // Plot, 2 n - 1 for StairStep, 2 n + 2 for Stoop.

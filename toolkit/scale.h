@@ -13,8 +13,10 @@ const int kUsualDpi = 96;
 class cScale
 {
 public:
+    constexpr cScale() : m_nDpi(kUsualDpi) {}
+
     // Dots per inch of the screen, above 0.
-    explicit constexpr cScale(int nDpi = kUsualDpi) : m_nDpi(nDpi) {}
+    explicit constexpr cScale(int nDpi) : m_nDpi(nDpi) {}
 
     constexpr int  Dpi() const { return m_nDpi; }
     constexpr bool operator==(const cScale &) const = default;

@@ -25,13 +25,34 @@ static int PenStyle(const cPlotPen &Pen)
     return Pen.m_nWidth > 1 ? PS_SOLID : static_cast<int>(Pen.m_nStyle);
 }
 
-static cGdiPen MakePen(const cPlotPen &Pen)
+// Dashes and gaps by pen style, in pixels at 96 dots per inch, as the platform draws
+// them with a pen of one pixel. It has no wider pens with dashes of this length.
+static const struct
 {
-    return cGdiPen(CreatePen(PenStyle(Pen), static_cast<int>(Pen.m_nWidth), Pen.m_crColor));
+    DWORD m_nParts;
+    int   m_Parts[6];
+} s_Dashes[] = {{0, {}}, {2, {18, 6}}, {2, {3, 3}}, {4, {9, 6, 3, 6}}, {6, {9, 3, 3, 3, 3, 3}}};
+static const int kDashStyles = sizeof s_Dashes / sizeof *s_Dashes;
+
+cGdiPen cGdiCanvas::MakePen(const cPlotPen &Pen) const
+{
+    const int nStyle = PenStyle(Pen);
+    const int nWidth = m_Scale.Length(static_cast<int>(Pen.m_nWidth));
+    if (nWidth <= 1 || nStyle <= PS_SOLID || nStyle >= kDashStyles)
+        return cGdiPen(CreatePen(nStyle, nWidth, Pen.m_crColor));
+
+    DWORD Parts[6];
+    for (int i = 0; i < 6; i++)
+        Parts[i] = static_cast<DWORD>(m_Scale.Length(s_Dashes[nStyle].m_Parts[i]));
+    const LOGBRUSH Brush = {BS_SOLID, Pen.m_crColor, 0};
+    return cGdiPen(ExtCreatePen(PS_GEOMETRIC | PS_USERSTYLE | PS_ENDCAP_FLAT,
+                                static_cast<DWORD>(nWidth), &Brush, s_Dashes[nStyle].m_nParts,
+                                Parts));
 }
 
 // The transparent background mode also applies to the gaps of dashed lines.
-cGdiCanvas::cGdiCanvas(HDC hDc, HFONT hFont) : m_hDc(hDc), m_State(hDc)
+cGdiCanvas::cGdiCanvas(HDC hDc, HFONT hFont, const cScale &Scale)
+    : m_hDc(hDc), m_State(hDc), m_Scale(Scale)
 {
     if (hFont)
         SelectObject(m_hDc, hFont);
@@ -103,13 +124,15 @@ void cGdiCanvas::Polyline(const cPoint *pPoints, size_t nPoints, const cPlotPen 
 
 // The time for a wide line grows faster than the number of its vertices; the same
 // holds for polygons. Each pixel of a dashed line takes as long as ten of a solid one.
-// 0 for a solid line of one pixel, or if the line cannot be drawn another way.
+// 0 for a solid line of one pixel and a wide dashed one, or if the line cannot be drawn another way.
 int cGdiCanvas::DrawDenseLine(const cPoint *pPoints, size_t nPoints, const cPlotPen &Pen)
 {
-    if (PenStyle(Pen) != PS_SOLID)
-        return Dense() && m_pDense->DrawDashedLine(pPoints, nPoints, Pen.m_nStyle, Pen.m_crColor);
-    return Pen.m_nWidth > 1 && Dense() &&
-           m_pDense->DrawWideLine(pPoints, nPoints, static_cast<int>(Pen.m_nWidth), Pen.m_crColor);
+    const int nWidth = m_Scale.Length(static_cast<int>(Pen.m_nWidth));
+    if (PenStyle(Pen) == PS_SOLID)
+        return nWidth > 1 && Dense() &&
+               m_pDense->DrawWideLine(pPoints, nPoints, nWidth, Pen.m_crColor);
+    return nWidth <= 1 && Dense() &&
+           m_pDense->DrawDashedLine(pPoints, nPoints, Pen.m_nStyle, Pen.m_crColor);
 }
 
 void cGdiCanvas::Polygons(const cPoint *pPoints, const int32_t *pCounts, size_t nPolygons,

@@ -14,14 +14,16 @@
 
 #include "graph/plot_canvas.h"
 #include "graph/win32/dense_figures.h"
+#include "toolkit/scale.h"
 #include "toolkit/win32/gdi.h"
 
 class cGdiCanvas : public cPlotCanvas
 {
 public:
     // Labels use hFont, which must outlive the canvas, or the selected font for
-    // null. The destructor restores the state of the context.
-    cGdiCanvas(HDC hDc, HFONT hFont);
+    // null. Widths and dashes of pens are scaled, coordinates are not. The destructor
+    // restores the state of the context.
+    cGdiCanvas(HDC hDc, HFONT hFont, const cScale &Scale = cScale());
 
     int  PixelsPerInchX() const override;
     int  PixelsPerInchY() const override;
@@ -38,11 +40,14 @@ public:
     void PopClip() override;
 
 private:
+    cGdiPen MakePen(const cPlotPen &Pen) const;
+
     int Dense();
     int DrawDenseLine(const cPoint *pPoints, size_t nPoints, const cPlotPen &Pen);
 
     HDC                            m_hDc;
     cStateGuard                    m_State;
+    cScale                         m_Scale;
     std::unique_ptr<cDenseFigures> m_pDense;  // made when it is needed
 };
 

@@ -32,7 +32,8 @@ static int DrawPicture(HBITMAP hBitmap, const cVantorBox &Box, int nWidth, int n
 {
     const cMemoryDc    Memory(nullptr);
     const cSelectGuard Selected(Memory.Get(), hBitmap);
-    cGdiCanvas         Canvas(Memory.Get(), Box.Font());
+    const cGdiFont     Font = Box.PictureFont();
+    cGdiCanvas         Canvas(Memory.Get(), Font ? Font.Get() : Box.Font());
     const cRect        Whole = {0, 0, nWidth, nHeight};
     cPlotTarget        Target;
     Target.m_nKind = ptImage;

@@ -10,6 +10,7 @@
 #include "toolkit/win32/interrupt_watch.h"
 #include "toolkit/win32/menu_items.h"
 #include "toolkit/win32/page_setup.h"
+#include "toolkit/win32/screen.h"
 #include "toolkit/win32/wait_cursor.h"
 
 const char *const kNotWhileRunning = "Not allowed while a calculator\n"
@@ -24,6 +25,7 @@ const cVantor::cMessageRow cVantor::s_Messages[] =
     { WM_CREATE,     &cVantor::OnCreate     },
     { WM_CLOSE,      &cVantor::OnClose      },
     { WM_SIZE,       &cVantor::OnSize       },
+    { WM_DPICHANGED, &cVantor::OnDpiChanged },
     { WM_SETFOCUS,   &cVantor::OnSetFocus   },
     { WM_COMMAND,    &cVantor::OnCommand    },
     { WM_MENUSELECT, &cVantor::OnMenuSelect },
@@ -177,6 +179,13 @@ LRESULT cVantor::OnSize(WPARAM wParam, LPARAM)
 {
     if (m_Box.IsCreated() && wParam != SIZE_MINIMIZED)
         LayOut();
+    return 0;
+}
+
+LRESULT cVantor::OnDpiChanged(WPARAM wParam, LPARAM lParam)
+{
+    m_Box.SetDpi(LOWORD(wParam));
+    TakeRect(m_hWnd, *reinterpret_cast<const RECT *>(lParam));
     return 0;
 }
 

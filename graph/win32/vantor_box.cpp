@@ -10,6 +10,7 @@
 #include "graph/win32/gdi_canvas.h"
 #include "resources/resource.h"
 #include "toolkit/win32/menu_items.h"
+#include "toolkit/win32/screen.h"
 
 // clang-format off
 const cVantorBox::cMessageRow cVantorBox::s_Messages[] =
@@ -45,6 +46,7 @@ static const struct
 };
 // clang-format on
 
+// In pixels at 96 dots per inch.
 static const int kBorderBand = 3;  // pixels above the legend where its border can be grabbed
 
 // Pixels from the cross-hair's centre to each end.
@@ -56,11 +58,13 @@ static const int kSampleRight = 48;
 static const int kLabelLeft   = 60;
 static const int kRowSpace    = 2;  // pixels between the texts of two rows
 
+static const int kSystemFontHeight = 16;
+
 cWindowClass cVantorBox::s_Class;
 
 cVantorBox::cVantorBox(cMessageBoxes *pBoxes)
-    : cBaseWindow(pBoxes), cVantorPlot(pBoxes), m_LogFont(), m_nFontTenths(0), m_Legend(pBoxes),
-      m_bDrawn(0), m_bDrawing(0), m_bPaintRequested(0), m_Layout(), m_bLaidOut(0),
+    : cBaseWindow(pBoxes), cVantorPlot(pBoxes), m_bSystemFont(1), m_LogFont(), m_nFontTenths(0),
+      m_Legend(pBoxes), m_bDrawn(0), m_bDrawing(0), m_bPaintRequested(0), m_Layout(), m_bLaidOut(0),
       m_bDraggingLegend(0), m_bReadingOut(0), m_Mouse(), m_bReadoutShown(0), m_Nearest(),
       m_ClassShare(&s_Class)
 {
@@ -87,6 +91,7 @@ int cVantorBox::Create(cBaseWindow *pOwner, const cVantorBoxSettings &Settings, 
         return ReportFailure("ERROR: CreateWindow() failed in cVantorBox::Create()");
     if (!CreateLegend())
         return 0;
+    m_Scale = cScale(ScreenDpi(m_hWnd));
     Apply(Settings);
     return 1;
 }
@@ -98,14 +103,43 @@ HFONT cVantorBox::Font() const
     return m_Font ? m_Font.Get() : static_cast<HFONT>(GetStockObject(SYSTEM_FONT));
 }
 
+// The platform enlarges its stock font only by whole numbers, and not for each screen.
+static LOGFONTA LargeSystemFont(const cScale &Scale)
+{
+    LOGFONTA Large         = {};
+    Large.lfHeight         = Scale.Length(kSystemFontHeight);
+    Large.lfWeight         = FW_BOLD;
+    Large.lfPitchAndFamily = VARIABLE_PITCH | FF_SWISS;
+    snprintf(Large.lfFaceName, sizeof Large.lfFaceName, "Tahoma");
+    return Large;
+}
+
+cGdiFont cVantorBox::ScaledFont(const cScale &Scale) const
+{
+    const cScale First(ScreenDpi(nullptr));
+    if (m_bSystemFont && Scale == cScale() && First == cScale())
+        return cGdiFont();
+    LOGFONTA LogFont = m_bSystemFont ? LargeSystemFont(Scale) : m_LogFont;
+    if (!m_bSystemFont)
+    {
+        LogFont.lfHeight = Scale.From(First, LogFont.lfHeight);
+        LogFont.lfWidth  = Scale.From(First, LogFont.lfWidth);
+    }
+    return cGdiFont(CreateFontIndirectA(&LogFont));
+}
+
 void cVantorBox::MakeFont(const cVantorBoxSettings &Settings)
 {
-    m_Font.Reset(Settings.m_bSystemFont ? nullptr : CreateFontIndirectA(&Settings.m_LogFont));
-    GetObjectA(Font(), sizeof m_LogFont, &m_LogFont);
+    m_bSystemFont = Settings.m_bSystemFont;
+    m_LogFont     = Settings.m_LogFont;
+    m_Font        = ScaledFont(m_Scale);
+    if (m_bSystemFont || !m_Font)
+    {
+        m_bSystemFont = 1;
+        GetObjectA(GetStockObject(SYSTEM_FONT), sizeof m_LogFont, &m_LogFont);
+    }
 
-    const cWindowDc Screen(nullptr);
-    m_nFontTenths =
-        abs(m_LogFont.lfHeight) * kTenthsPerInch / GetDeviceCaps(Screen.Get(), LOGPIXELSY);
+    m_nFontTenths = abs(m_LogFont.lfHeight) * kTenthsPerInch / ScreenDpi(nullptr);
     SendMessageA(m_Legend.Window(), WM_SETFONT, reinterpret_cast<WPARAM>(Font()), TRUE);
     SendMessageA(m_Legend.Window(), LB_SETITEMHEIGHT, 0, RowHeight());
 }
@@ -121,8 +155,15 @@ cVantorBoxSettings cVantorBox::BoxSettings() const
     cVantorBoxSettings Settings;
     static_cast<cVantorPlotSettings &>(Settings) = cVantorPlot::Settings();
     Settings.m_LogFont                           = m_LogFont;
-    Settings.m_bSystemFont                       = !m_Font;
+    Settings.m_bSystemFont                       = m_bSystemFont;
     return Settings;
+}
+
+void cVantorBox::SetDpi(int nDpi)
+{
+    m_Scale = cScale(nDpi);
+    MakeFont(BoxSettings());
+    OnPlotChanged();
 }
 
 // --- changes of the plot
@@ -147,7 +188,7 @@ void cVantorBox::OnPointAdded(uint32_t nLine)
     const cWindowDc       Window(m_hWnd);
     for (const HDC hDc : {m_Buffer.Dc(), Window.Get()})
     {
-        cGdiCanvas Canvas(hDc, nullptr);
+        cGdiCanvas Canvas(hDc, nullptr, m_Scale);
         DrawAddedPoint(m_Layout, Set, &Canvas);
     }
 }
@@ -187,6 +228,7 @@ cPlotTarget cVantorBox::Target() const
     Target.m_nKind      = ptScreen;
     Target.m_Rect       = {0, 0, Client.right, Client.bottom};
     Target.m_LegendList = {RowHeight(), Borders()};
+    Target.m_Scale      = m_Scale;
     return Target;
 }
 
@@ -223,7 +265,7 @@ void cVantorBox::DrawIntoBuffer()
     if (!m_Buffer.Fit(m_hWnd))
         return;
     const cPlotLayout &Present = Layout();
-    cGdiCanvas         Canvas(m_Buffer.Dc(), Font());
+    cGdiCanvas         Canvas(m_Buffer.Dc(), Font(), m_Scale);
     Canvas.FillBox(Target().m_Rect, Settings().m_crBackground);
     m_bDrawing = 1;
     m_bDrawn   = DrawPlot(Present, *this, &Canvas);
@@ -260,7 +302,7 @@ LRESULT cVantorBox::OnEraseBackground(WPARAM, LPARAM)
 LRESULT cVantorBox::OnSize(WPARAM, LPARAM lParam)
 {
     m_bPaintRequested = 0;  // an earlier request does not cover the new size
-    SetClientSize(LOWORD(lParam), HIWORD(lParam));
+    SetClientSize(m_Scale.Usual(LOWORD(lParam)), m_Scale.Usual(HIWORD(lParam)));
     return 0;
 }
 
@@ -279,7 +321,7 @@ int cVantorBox::RowHeight() const
     const cSelectGuard Selected(Dc.Get(), Font());
     TEXTMETRICA        Metrics = {};
     GetTextMetricsA(Dc.Get(), &Metrics);
-    return Metrics.tmHeight + kRowSpace;
+    return Metrics.tmHeight + m_Scale.Length(kRowSpace);
 }
 
 int cVantorBox::Borders() const
@@ -296,7 +338,7 @@ int cVantorBox::IsOnLegendBorder(int y)
     if (!Settings().m_bLegend)
         return 0;
     const int nTop = Layout().m_Legend.m_nTop;
-    return y >= nTop - kBorderBand && y <= nTop;
+    return y >= nTop - m_Scale.Length(kBorderBand) && y <= nTop;
 }
 
 // Every move past the border adds or removes at least one row. The pointer is then
@@ -319,14 +361,15 @@ void cVantorBox::DragLegendBorder(int y)
 }
 
 // A line, or a marker where the points are scattered.
-static void DrawSample(const cVantorDataSet &Set, const cRect &Place, cPlotCanvas *pCanvas)
+static void DrawSample(const cVantorDataSet &Set, const cRect &Place, const cScale &Scale,
+                       cPlotCanvas *pCanvas)
 {
     const int nMiddle = (Place.m_nTop + Place.m_nBottom) / 2;
     if (Set.m_nGraphType == gtScatter)
     {
         cPoint        Corners[kMostCorners];
         const int32_t nCorners = MarkerCorners(Set.m_nStyle);
-        StoreMarker(Set.m_nStyle, {(Place.m_nLeft + Place.m_nRight) / 2, nMiddle}, Corners);
+        StoreMarker(Set.m_nStyle, {(Place.m_nLeft + Place.m_nRight) / 2, nMiddle}, Corners, Scale);
         pCanvas->Polygons(Corners, &nCorners, 1, Set.m_crColor);
         return;
     }
@@ -339,8 +382,8 @@ void cVantorBox::DrawLegendLabel(HDC hDc, const RECT &Row, const char *szLabel, 
 {
     const cSelectGuard Selected(hDc, Font());
     RECT               Room = Row;
-    Room.left += kLabelLeft;
-    Room.top += kRowSpace / 2;
+    Room.left += m_Scale.Length(kLabelLeft);
+    Room.top += m_Scale.Length(kRowSpace / 2);
     SetTextColor(hDc, GetSysColor(bSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
     SetBkMode(hDc, TRANSPARENT);
     DrawTextA(hDc, szLabel, -1, &Room, DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
@@ -355,9 +398,11 @@ void cVantorBox::DrawRow(HDC hDc, int nWidth, int nHeight, uint32_t nLine, int b
     const cVantorDataSet *const pSet = DataSet(nLine);
     if (!pSet)
         return;
-    cGdiCanvas Canvas(hDc, Font());
-    Canvas.FillBox({0, 0, kSampleRight + kSampleSpace, nHeight}, Settings().m_crBackground);
-    DrawSample(*pSet, {kSampleSpace, 0, kSampleRight, nHeight}, &Canvas);
+    const int  nSpace = m_Scale.Length(kSampleSpace);
+    const int  nRight = m_Scale.Length(kSampleRight);
+    cGdiCanvas Canvas(hDc, Font(), m_Scale);
+    Canvas.FillBox({0, 0, nRight + nSpace, nHeight}, Settings().m_crBackground);
+    DrawSample(*pSet, {nSpace, 0, nRight, nHeight}, m_Scale, &Canvas);
     DrawLegendLabel(hDc, Row, pSet->m_pszLabel.get(), bSelected);
 }
 
@@ -474,7 +519,7 @@ void cVantorBox::DrawReadout(HDC hDc)
     FormatValue(static_cast<double>(Set.X(m_Nearest.m_nIndex)), szX);
     FormatValue(static_cast<double>(Set.m_pY[m_Nearest.m_nIndex]), szY);
     snprintf(szText, sizeof szText, "x,y = %s, %s", szX, szY);
-    cGdiCanvas Canvas(hDc, Font());
+    cGdiCanvas Canvas(hDc, Font(), m_Scale);
     DrawTitle(m_Layout, Settings().m_szTitle, Settings().m_crBackground, &Canvas);
     SetBkMode(hDc, OPAQUE);
     SetBkColor(hDc, Settings().m_crBackground);
@@ -487,15 +532,24 @@ void cVantorBox::DrawCrossHair(HDC hDc) const
     const cRect       &Plot = m_Layout.m_Plot;
     const cPoint       At   = m_Nearest.m_Pixel;
     const cStateGuard  State(hDc);
-    const cGdiPen      Pen(CreatePen(PS_SOLID, 1, Settings().m_crAxis));
+    const int          nReach = m_Scale.Length(kCrossHair);
+    const cGdiPen      Pen(CreatePen(PS_SOLID, m_Scale.Length(1), Settings().m_crAxis));
     const cSelectGuard Selected(hDc, Pen.Get());
     IntersectClipRect(hDc, Plot.m_nLeft, Plot.m_nTop, Plot.m_nRight, Plot.m_nBottom);
     SetROP2(hDc, R2_NOTXORPEN);
     // LineTo does not draw the last pixel.
-    MoveToEx(hDc, At.m_nX - kCrossHair, At.m_nY, nullptr);
-    LineTo(hDc, At.m_nX + kCrossHair + 1, At.m_nY);
-    MoveToEx(hDc, At.m_nX, At.m_nY - kCrossHair, nullptr);
-    LineTo(hDc, At.m_nX, At.m_nY + kCrossHair + 1);
+    MoveToEx(hDc, At.m_nX - nReach, At.m_nY, nullptr);
+    LineTo(hDc, At.m_nX + nReach + 1, At.m_nY);
+    MoveToEx(hDc, At.m_nX, At.m_nY - nReach, nullptr);
+    LineTo(hDc, At.m_nX, At.m_nY + nReach + 1);
+}
+
+// All that the cross-hair covers; a wide pen rounds its ends.
+RECT cVantorBox::CrossHairBox() const
+{
+    const cPoint At     = m_Nearest.m_Pixel;
+    const int    nReach = m_Scale.Length(kCrossHair) + m_Scale.Length(1) - 1;
+    return {At.m_nX - nReach, At.m_nY - nReach, At.m_nX + nReach + 1, At.m_nY + nReach + 1};
 }
 
 // Restores the plot under the readout from the buffer.
@@ -503,12 +557,10 @@ void cVantorBox::EraseReadout()
 {
     if (!m_bReadoutShown)
         return;
-    m_bReadoutShown    = 0;
-    const cPoint    At = m_Nearest.m_Pixel;
+    m_bReadoutShown = 0;
     const cWindowDc Dc(m_hWnd);
     m_Buffer.Show(Dc.Get(), TitleStrip());
-    m_Buffer.Show(Dc.Get(), {At.m_nX - kCrossHair, At.m_nY - kCrossHair, At.m_nX + kCrossHair + 1,
-                             At.m_nY + kCrossHair + 1});
+    m_Buffer.Show(Dc.Get(), CrossHairBox());
 }
 
 // --- context menu

@@ -12,6 +12,7 @@
 #include "graph/win32/back_buffer.h"
 #include "graph/win32/graph_export.h"
 #include "graph/win32/graph_print.h"
+#include "toolkit/scale.h"
 #include "toolkit/win32/base_window.h"
 #include "toolkit/win32/gdi.h"
 #include "toolkit/win32/list_box.h"
@@ -54,10 +55,18 @@ public:
     // The positions of everything in the window.
     const cPlotLayout &Layout();
 
-    // The font of the plot, and its size in tenths of a point.
+    // The dots per inch of the screen that shows the window. Everything in it is
+    // drawn in that scale; pictures and pages are not.
+    void          SetDpi(int nDpi);
+    const cScale &Scale() const { return m_Scale; }
+
+    // The font of the plot in the window, and its size in tenths of a point.
     HFONT           Font() const;
     const LOGFONTA &FontDescription() const { return m_LogFont; }
     int             FontTenths() const { return m_nFontTenths; }
+
+    // The same font for a picture, or empty for the stock SYSTEM_FONT.
+    cGdiFont PictureFont() const { return ScaledFont(cScale()); }
 
     // The user's last choices for pictures and for printing.
     cImageChoice *Images() { return &m_Images; }
@@ -93,6 +102,7 @@ private:
 
     // --- painting
     void        MakeFont(const cVantorBoxSettings &Settings);
+    cGdiFont    ScaledFont(const cScale &Scale) const;
     cPlotTarget Target() const;
     void        PlaceLegend();
     void        DrawIntoBuffer();
@@ -111,10 +121,13 @@ private:
     void FindReadout();
     void DrawReadout(HDC hDc);
     void DrawCrossHair(HDC hDc) const;
+    RECT CrossHairBox() const;
     void EraseReadout();
 
-    LOGFONTA          m_LogFont;
-    cGdiFont          m_Font;  // empty: the stock SYSTEM_FONT
+    cScale            m_Scale;
+    int               m_bSystemFont;
+    LOGFONTA          m_LogFont;  // in pixels of the first screen
+    cGdiFont          m_Font;     // empty: the stock SYSTEM_FONT
     int               m_nFontTenths;
     cLegendWindow     m_Legend;  // one row for each data line
     cBackBuffer       m_Buffer;

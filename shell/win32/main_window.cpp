@@ -338,12 +338,14 @@ int cVorstek::CreateGraph()
 {
     RECT Window = {};
     GetWindowRect(m_hWnd, &Window);
-    const int nRoom = std::max(GetSystemMetrics(SM_CXSCREEN) - kGraphWidth, 0);
-    const int nX    = std::clamp<int>(Window.right, 0, nRoom);
-    const int nY    = nX > 0 ? std::max<int>(Window.top, 1) : 0;  // 0: the platform chooses
+    const int nWidth  = m_Scale.Length(kGraphWidth);
+    const int nHeight = m_Scale.Length(kGraphHeight);
+    const int nRoom   = std::max(GetSystemMetrics(SM_CXSCREEN) - nWidth, 0);
+    const int nX      = std::clamp<int>(Window.right, 0, nRoom);
+    const int nY      = nX > 0 ? std::max<int>(Window.top, 1) : 0;  // 0: the platform chooses
 
     const cVantorBoxSettings Settings;
-    if (!m_Graph.Create(Settings, nX, nY, kGraphWidth, kGraphHeight, 1))
+    if (!m_Graph.Create(Settings, nX, nY, nWidth, nHeight, 1))
     {
         PostQuit(0);
         return 0;
@@ -554,7 +556,7 @@ LRESULT cVorstek::OnGetMinMaxInfo(WPARAM, LPARAM lParam)
 {
     auto *const pInfo       = reinterpret_cast<MINMAXINFO *>(lParam);
     const int   nLeast      = IsLowestScreen() ? kLeastHeightOn600 : kLeastHeight;
-    pInfo->ptMinTrackSize.x = m_Scale.Length(kLeastWidth);
+    pInfo->ptMinTrackSize.x = m_Scale.Length(kFaceWidth) + kLeastWidth - kFaceWidth;
     pInfo->ptMinTrackSize.y = LimitHeight(m_Scale.Length(nLeast));
     return 0;
 }

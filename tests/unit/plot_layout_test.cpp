@@ -171,6 +171,22 @@ TEST_CASE("a target without any size is laid out too")
     }
 }
 
+TEST_CASE("ticks and the gap below them grow with the screen's resolution")
+{
+    cLayoutRig  Rig;
+    cPlotTarget Target = {ptScreen, kPicture, Rig.m_LegendList};
+
+    const cPlotLayout Usual = LayOutPlot(Rig.m_Plot, Target, Rig.m_Canvas);
+    Target.m_Scale          = cScale(192);
+    const cPlotLayout Fine  = LayOutPlot(Rig.m_Plot, Target, Rig.m_Canvas);
+
+    CHECK(Usual.m_nTickLength == 2);
+    CHECK(Usual.m_nLabelTop - Usual.m_Plot.m_nBottom == 5);
+    CHECK(Fine.m_nTickLength == 4);
+    CHECK(Fine.m_nLabelTop - Fine.m_Plot.m_nBottom == 10);
+    CHECK(Fine.m_Plot.m_nBottom == Usual.m_Plot.m_nBottom - 5);
+}
+
 TEST_CASE("ticks on paper are a twentieth of an inch long")
 {
     cLayoutRig Rig;

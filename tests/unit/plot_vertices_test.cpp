@@ -147,6 +147,22 @@ TEST_CASE("each style has its marker, a style above 4 the triangle")
     }
 }
 
+TEST_CASE("markers are larger on a finer screen")
+{
+    cPoint      Corners[kMostCorners];
+    cPlotLayout Layout = TenPixels();
+    Layout.m_Scale     = cScale(144);
+
+    cPoint *const pEnd = StoreMarker(3, {100, 200}, Corners, cScale(192));
+
+    CHECK(cPoints(Corners, pEnd) == cPoints{{98, 194}, {102, 194}, {102, 206}, {98, 206}});
+    const cSetRig Rig(kX, kY, gtScatter, 2);
+    cPoints       Vertices(12);
+    StoreMarkerVertices(Layout, Rig.Set(), nullptr, Vertices.data());
+    CHECK(Vertices[0] == cPoint{47, 110});
+    CHECK(Vertices[1] == cPoint{50, 107});
+}
+
 TEST_CASE("the markers of a set follow each other")
 {
     const cSetRig Rig(kX, kY, gtScatter, 2);

@@ -468,6 +468,31 @@ TEST_CASE("dashed lines keep the background in their gaps, and wide lines have n
     }
 }
 
+TEST_CASE("on a finer screen lines are wider and keep their dashes")
+{
+    for (uint32_t nStyle = 0; nStyle < kStyles; nStyle++)
+    {
+        CAPTURE(nStyle);
+        cDrawnSheet  Sheet(200, 10);
+        const cPoint Line[] = {{0, 5}, {200, 5}};
+        cGdiCanvas(Sheet.Dc(), nullptr, cScale(192)).Polyline(Line, 2, {nStyle, 1, kRed});
+
+        int nHigh  = 0;
+        int nFirst = 0;
+        int nGaps  = 0;
+        for (int y = 0; y < 10; y++)
+            nHigh += Sheet.Pixel(2, y) == kRed;
+        while (nFirst < 200 && Sheet.Pixel(nFirst, 5) == kRed)
+            nFirst++;
+        for (int x = 0; x < 200; x++)
+            nGaps += Sheet.Pixel(x, 5) != kRed;
+        static const int s_First[] = {200, 36, 6, 18, 18};
+        CHECK(nHigh == 2);
+        CHECK(std::abs(nFirst - s_First[nStyle]) <= 1);
+        CHECK((nGaps > 30) == (nStyle != 0));
+    }
+}
+
 TEST_CASE("a clip excludes its right column and bottom row, and nested clips intersect")
 {
     cPaperRig  Rig(8, 6);

@@ -223,6 +223,35 @@ TEST_CASE("while a program runs, a graph refuses commands that would change it")
     CHECK(Rig.m_Graph.Count() == 0);
 }
 
+TEST_CASE("a graph that comes to a finer screen draws everything larger")
+{
+    cGraphRig         Rig;
+    cVantorBox *const pBox   = Rig.m_Graph.Box();
+    const cPlotLayout Usual  = pBox->Layout();
+    const int         nTicks = static_cast<int>(Usual.m_Range.m_nHorzTicks);
+    const RECT        Wanted = {5, 7, 1285, 967};
+
+    SendMessageA(Rig.m_Graph.Window(), WM_DPICHANGED, MAKEWPARAM(192, 192),
+                 reinterpret_cast<LPARAM>(&Wanted));
+
+    const cPlotLayout Fine   = pBox->Layout();
+    RECT              Window = {};
+    GetWindowRect(Rig.m_Graph.Window(), &Window);
+    CHECK(EqualRect(&Window, &Wanted));
+    CHECK(Fine.m_nTickLength == 2 * Usual.m_nTickLength);
+    CHECK(std::abs(Fine.m_nTextHeight - 2 * Usual.m_nTextHeight) <= 2);
+    pBox->AutoRange();
+    CHECK(static_cast<int>(pBox->Layout().m_Range.m_nHorzTicks) == nTicks);
+
+    // A picture or a page does not depend on the screen.
+    const cGdiFont Font = pBox->PictureFont();
+    CHECK(!Font);
+    CHECK(pBox->BoxSettings().m_bSystemFont);
+    SendMessageA(Rig.m_Graph.Window(), WM_DPICHANGED, MAKEWPARAM(96, 96),
+                 reinterpret_cast<LPARAM>(&Wanted));
+    CHECK(pBox->Layout().m_nTextHeight == Usual.m_nTextHeight);
+}
+
 TEST_CASE("the plot is never erased before it is painted")
 {
     cGraphRig Rig;

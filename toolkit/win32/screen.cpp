@@ -12,6 +12,12 @@ int ScreenDpi(HWND hWnd)
     return nDpi ? static_cast<int>(nDpi) : GetDeviceCaps(cWindowDc(nullptr).Get(), LOGPIXELSY);
 }
 
+void TakeRect(HWND hWnd, const RECT &Rect)
+{
+    SetWindowPos(hWnd, nullptr, Rect.left, Rect.top, Rect.right - Rect.left, Rect.bottom - Rect.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 RECT WorkArea(HWND hWnd)
 {
     MONITORINFO Monitor = {};

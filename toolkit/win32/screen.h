@@ -9,6 +9,9 @@
 // Dots per inch of the screen that shows the window, or of the first screen for null.
 int ScreenDpi(HWND hWnd);
 
+// Moves a window to where the platform wants it after WM_DPICHANGED.
+void TakeRect(HWND hWnd, const RECT &Rect);
+
 // The part of the window's screen that is not covered by the taskbar.
 RECT WorkArea(HWND hWnd);
 
