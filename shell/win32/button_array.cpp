@@ -12,6 +12,7 @@ const cButtonArray::cMessageRow cButtonArray::s_Messages[] =
     { WM_DESTROY,        &cButtonArray::OnDestroy        },
     { WM_CLOSE,          &cButtonArray::OnClose          },
     { WM_SIZE,           &cButtonArray::OnSize           },
+    { WM_ERASEBKGND,     &cButtonArray::OnEraseBackground },
     { WM_PAINT,          &cButtonArray::OnPaint          },
     { WM_COMMAND,        &cButtonArray::OnCommand        },
     { WM_CTLCOLORSTATIC, &cButtonArray::OnCtlColorStatic },
@@ -227,6 +228,7 @@ void cButtonArray::PaintPart(HDC hDc, const RECT &Part)
 {
     const cPaletteGuard Colours(hDc, m_hPalette);
     RECT                Common;
+    FillRect(hDc, &Part, reinterpret_cast<HBRUSH>(GetClassLongPtrA(m_hWnd, GCLP_HBRBACKGROUND)));
     PaintFace(hDc);
     for (unsigned i = 0; i < m_KeyRects.Count(); i++)
         if (IntersectRect(&Common, m_KeyRects.At(i), &Part))
@@ -236,23 +238,39 @@ void cButtonArray::PaintPart(HDC hDc, const RECT &Part)
             PaintSwitch(hDc, i, m_SwitchPos[i]);
 }
 
-// The display is drawn on top of the finished face.
+// Painting covers everything; erasing the background would only flicker.
+LRESULT cButtonArray::OnEraseBackground(WPARAM, LPARAM)
+{
+    return 1;
+}
+
+// The display is drawn on top of the finished face, so that it is never seen without
+// its text.
 LRESULT cButtonArray::OnPaint(WPARAM, LPARAM)
 {
-    RECT Part = {};
-    {
-        const cPaintDc Dc(m_hWnd);
-        Part = Dc.Part();
-        PaintPart(Dc.Get(), Part);
-    }
-    RECT Common;
+    const cPaintDc     Dc(m_hWnd);
+    const RECT        &Part = Dc.Part();
+    const cMemoryDc    Memory(Dc.Get());
+    const cGdiBitmap   Bitmap(CreateCompatibleBitmap(Dc.Get(), Width(Part), Height(Part)));
+    const cSelectGuard Selected(Memory.Get(), Bitmap.Get());
+    SetViewportOrgEx(Memory.Get(), -Part.left, -Part.top, nullptr);
+    PaintPart(Memory.Get(), Part);
+    FireDisplay(Memory.Get(), Part);
+    BitBlt(Dc.Get(), Part.left, Part.top, Width(Part), Height(Part), Memory.Get(), Part.left,
+           Part.top, SRCCOPY);
+    return 0;
+}
+
+void cButtonArray::FireDisplay(HDC hDc, const RECT &Part)
+{
+    cDisplayPart Display = {};
+    Display.m_hDc        = hDc;
     for (unsigned i = 0; i < m_DisplayRects.Count(); i++)
-        if (IntersectRect(&Common, m_DisplayRects.At(i), &Part))
+        if (IntersectRect(&Display, m_DisplayRects.At(i), &Part))
         {
-            Fire(kSlotDisplay, &Common);
+            Fire(kSlotDisplay, &Display);
             break;
         }
-    return 0;
 }
 
 // Index of the first rectangle that contains the point, -1 for none.

@@ -2,8 +2,8 @@
 // switches to drag, and display rectangles that another object draws. It does not
 // know what the keys mean and plays no sounds.
 //
-// Slot 0 fires with a cKeyEvent. Slot 1 fires with the RECT of a display rectangle
-// that has to be redrawn.
+// Slot 0 fires with a cKeyEvent. Slot 1 fires with a cDisplayPart that has to be
+// redrawn.
 
 #ifndef SHELL_WIN32_BUTTON_ARRAY_H
 #define SHELL_WIN32_BUTTON_ARRAY_H
@@ -25,6 +25,13 @@ struct cKeyEvent
 {
     uint32_t nKey;   // from 1; keys in the order of AddKey, then switches
     uint32_t bDown;  // 1 pressed, or a switch moved to the right; 0 released
+};
+
+// Part of a display rectangle. The face has been drawn there, in memory; what the
+// listener draws on top of it appears on the screen together with it.
+struct cDisplayPart : RECT
+{
+    HDC m_hDc;  // in coordinates of the client area
 };
 
 class cButtonArray : public cBaseWindow
@@ -68,6 +75,7 @@ private:
     LRESULT OnDestroy(WPARAM wParam, LPARAM lParam);
     LRESULT OnClose(WPARAM wParam, LPARAM lParam);
     LRESULT OnSize(WPARAM wParam, LPARAM lParam);
+    LRESULT OnEraseBackground(WPARAM wParam, LPARAM lParam);
     LRESULT OnPaint(WPARAM wParam, LPARAM lParam);
     LRESULT OnCommand(WPARAM wParam, LPARAM lParam);
     LRESULT OnCtlColorStatic(WPARAM wParam, LPARAM lParam);
@@ -82,6 +90,7 @@ private:
     RECT ThumbRect(unsigned nSwitch) const;
     int  Travel(unsigned nSwitch) const;
     void PaintPart(HDC hDc, const RECT &Part);
+    void FireDisplay(HDC hDc, const RECT &Part);
     void PaintFace(HDC hDc);
     void PaintKey(HDC hDc, unsigned nKey, int bPressed);
     void PaintSwitch(HDC hDc, unsigned nSwitch, int nPosition);

@@ -35,42 +35,109 @@ void cVorstek::StartSound(unsigned nId)
     PlayProgramSound(nId);
 }
 
-// For a font that could not be created the platform uses another one. A run may
-// outlive the window for a moment; without a window the texts would be drawn on
-// the screen.
-void cVorstek::DrawDisplay(const cDisplay &Display)
+// The rectangle that the text of a line covers, its background included.
+RECT cVorstek::LineRect(const cDisplayLine &Line, POINT Face) const
 {
-    if (!m_hWnd || !m_bFonts)
-        return;
-    const int       nLeft = GetSystemMetrics(SM_CXEDGE);
-    const int       nTop  = GetSystemMetrics(SM_CYEDGE) - m_nFaceOffset + HeightOf(m_ToolBar);
-    const cWindowDc Dc(m_hWnd);
-    SetTextColor(Dc.Get(), kLit);
-    SetBkColor(Dc.Get(), kUnlit);
-    SetBkMode(Dc.Get(), OPAQUE);
+    const cWindowDc    Screen(nullptr);
+    const cSelectGuard Selected(Screen.Get(), LineFont(Line));
+    SIZE               Size = {};
+    GetTextExtentPoint32A(Screen.Get(), Line.m_szText, lstrlenA(Line.m_szText), &Size);
+    const LONG nLeft = Face.x + m_Scale.Length(Line.m_nLeft);
+    const LONG nTop  = Face.y + m_Scale.Length(Line.m_nTop);
+    return {nLeft, nTop, nLeft + Size.cx, nTop + Size.cy};
+}
+
+HFONT cVorstek::LineFont(const cDisplayLine &Line) const
+{
+    return Line.m_nFont == dfLarge ? m_hLargeFont.Get() : m_hSmallFont.Get();
+}
+
+// For a font that could not be created the platform uses another one.
+void cVorstek::DrawLines(HDC hDc, const cDisplay &Display, POINT Face) const
+{
+    SetTextColor(hDc, kLit);
+    SetBkColor(hDc, kUnlit);
+    SetBkMode(hDc, OPAQUE);
     for (int i = 0; i < Display.m_nLines; i++)
     {
         const cDisplayLine &Line = Display.m_Lines[i];
-        const cGdiFont     &Font = Line.m_nFont == dfLarge ? m_hLargeFont : m_hSmallFont;
-        const cSelectGuard  Selected(Dc.Get(), Font.Get());
-        TextOutA(Dc.Get(), nLeft + m_Scale.Length(Line.m_nLeft), nTop + m_Scale.Length(Line.m_nTop),
+        const cSelectGuard  Selected(hDc, LineFont(Line));
+        TextOutA(hDc, Face.x + m_Scale.Length(Line.m_nLeft), Face.y + m_Scale.Length(Line.m_nTop),
                  Line.m_szText, lstrlenA(Line.m_szText));
     }
 }
 
+static void FillBlack(HDC hDc, const RECT &Rect)
+{
+    FillRect(hDc, &Rect, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+}
+
+static void CopyRect(HDC hTo, HDC hFrom, const RECT &Rect)
+{
+    BitBlt(hTo, Rect.left, Rect.top, Rect.right - Rect.left, Rect.bottom - Rect.top, hFrom,
+           Rect.left, Rect.top, SRCCOPY);
+}
+
+// Draws in memory first: a text that changes many times a second must not be seen half
+// drawn, nor the display without its text. What is around the texts stays.
+void cVorstek::ShowLines(const cDisplay &Display, POINT Face) const
+{
+    RECT Lines[kDisplayLines];
+    RECT All = m_bBlanked ? BlankedRect(Face) : RECT{};
+    for (int i = 0; i < Display.m_nLines; i++)
+    {
+        Lines[i] = LineRect(Display.m_Lines[i], Face);
+        UnionRect(&All, &All, &Lines[i]);
+    }
+
+    const cWindowDc  Dc(m_hWnd);
+    const cMemoryDc  Memory(Dc.Get());
+    const cGdiBitmap Bitmap(
+        CreateCompatibleBitmap(Dc.Get(), All.right - All.left, All.bottom - All.top));
+    const cSelectGuard Selected(Memory.Get(), Bitmap.Get());
+    SetViewportOrgEx(Memory.Get(), -All.left, -All.top, nullptr);
+    FillBlack(Memory.Get(), All);
+    DrawLines(Memory.Get(), Display, Face);
+    if (m_bBlanked)
+        CopyRect(Dc.Get(), Memory.Get(), BlankedRect(Face));
+    for (int i = 0; i < Display.m_nLines; i++)
+        CopyRect(Dc.Get(), Memory.Get(), Lines[i]);
+}
+
+// A run may outlive the window for a moment; without a window the texts would be drawn
+// on the screen. While the face is painted, the texts go into its memory as well: only
+// a part of them may be painted with it.
+void cVorstek::DrawDisplay(const cDisplay &Display)
+{
+    if (!m_hWnd || !m_bFonts)
+        return;
+    const POINT OnKeypad = {0, -m_nFaceOffset};
+    const POINT OnWindow = {GetSystemMetrics(SM_CXEDGE),
+                            GetSystemMetrics(SM_CYEDGE) - m_nFaceOffset + HeightOf(m_ToolBar)};
+    if (m_hDisplayDc && m_bBlanked)
+        FillBlack(m_hDisplayDc, BlankedRect(OnKeypad));
+    if (m_hDisplayDc)
+        DrawLines(m_hDisplayDc, Display, OnKeypad);
+    ShowLines(Display, OnWindow);
+    m_bBlanked = 0;
+}
+
 // Deliberately offset by the border metrics, unlike the texts: this decides what a
-// longer layout leaves visible.
+// longer layout leaves visible. Face is the origin of the texts.
+RECT cVorstek::BlankedRect(POINT Face) const
+{
+    const cFaceRect Blanked = ScaledRect(kBlankedRect, m_Scale);
+    const LONG      nLeft =
+        Face.x - GetSystemMetrics(SM_CXEDGE) + GetSystemMetrics(SM_CXBORDER) + Blanked.m_nLeft;
+    const LONG nTop =
+        Face.y - GetSystemMetrics(SM_CYEDGE) + GetSystemMetrics(SM_CYBORDER) + Blanked.m_nTop;
+    return {nLeft, nTop, nLeft + Blanked.m_nWidth, nTop + Blanked.m_nHeight};
+}
+
+// The engine always draws another layout afterwards.
 void cVorstek::BlankDisplay()
 {
-    if (!m_hWnd)
-        return;
-    const cFaceRect Blanked = ScaledRect(kBlankedRect, m_Scale);
-    const int       nLeft   = GetSystemMetrics(SM_CXBORDER) + Blanked.m_nLeft;
-    const int       nTop =
-        GetSystemMetrics(SM_CYBORDER) - m_nFaceOffset + HeightOf(m_ToolBar) + Blanked.m_nTop;
-    const RECT      Field = {nLeft, nTop, nLeft + Blanked.m_nWidth, nTop + Blanked.m_nHeight};
-    const cWindowDc Dc(m_hWnd);
-    FillRect(Dc.Get(), &Field, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+    m_bBlanked = 1;
 }
 
 eAnswer cVorstek::Ask(const char *szText, const char *szCaption, eButtons nButtons, eIcon nIcon)

@@ -62,8 +62,9 @@ cVorstek::cVorstek()
       m_StatusBar(this), m_ListingBox(this), m_RegistersBox(this), m_ListingLines(&m_ListingBox),
       m_RegistersLines(&m_RegistersBox), m_Keypad(this), m_Graph(this, this),
       m_nListingWidth(kListingWidth), m_nRegistersWidth(kRegistersWidth), m_nFaceOffset(0),
-      m_hAccelerators(nullptr), m_bFonts(0), m_bSizeLater(0), m_hHelpWnd(nullptr), m_dwLastDrain(0),
-      m_dwLastRefresh(0), m_dwRefreshTime(0), m_ClassShare(&s_Class)
+      m_hAccelerators(nullptr), m_hDisplayDc(nullptr), m_bBlanked(0), m_bFonts(0), m_bSizeLater(0),
+      m_hHelpWnd(nullptr), m_dwLastDrain(0), m_dwLastRefresh(0), m_dwRefreshTime(0),
+      m_ClassShare(&s_Class)
 {
     m_dwStyle   = WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX;
     m_dwExStyle = WS_EX_CONTROLPARENT;
@@ -292,9 +293,12 @@ void cVorstek::OnKeyEvent(void *pTarget, cCallbackObj *, void *pArgument, uintpt
     static_cast<cVorstek *>(pTarget)->OnCalcKey(Event.nKey, static_cast<int>(Event.bDown));
 }
 
-void cVorstek::OnDisplayUncovered(void *pTarget, cCallbackObj *, void *, uintptr_t)
+void cVorstek::OnDisplayUncovered(void *pTarget, cCallbackObj *, void *pArgument, uintptr_t)
 {
-    static_cast<cVorstek *>(pTarget)->PaintDisplay();
+    auto *const pCalculator   = static_cast<cVorstek *>(pTarget);
+    pCalculator->m_hDisplayDc = static_cast<const cDisplayPart *>(pArgument)->m_hDc;
+    pCalculator->PaintDisplay();
+    pCalculator->m_hDisplayDc = nullptr;
 }
 
 static cGdiFont CreateFixedFont(const char *szFace, int nHeight)

@@ -22,6 +22,7 @@
 #include "toolkit/win32/tool_bar.h"
 #include "toolkit/win32/window_class.h"
 
+struct cDisplayLine;
 struct cWindowParts;
 
 // The host is the first base: the other bases keep a pointer to its boxes.
@@ -147,6 +148,13 @@ private:
     void OnHelp();
     void OnAbout();
 
+    // --- display; Face is the origin of its texts
+    HFONT LineFont(const cDisplayLine &Line) const;
+    RECT  LineRect(const cDisplayLine &Line, POINT Face) const;
+    RECT  BlankedRect(POINT Face) const;
+    void  DrawLines(HDC hDc, const cDisplay &Display, POINT Face) const;
+    void  ShowLines(const cDisplay &Display, POINT Face) const;
+
     int  DrainEvery(DWORD dwPeriod);  // milliseconds
     int  DispatchWaiting();
     void CheckGraph(int bShown);
@@ -170,6 +178,8 @@ private:
     cFacePictures m_Pictures;
     cGdiFont      m_hLargeFont;
     cGdiFont      m_hSmallFont;
+    HDC           m_hDisplayDc;     // the face's, in memory, while it is painted
+    int           m_bBlanked;       // the display is blanked together with its next text
     int           m_bFonts;         // CreateFonts has been called
     int           m_bSizeLater;     // boxes were shown or hidden while the window was minimised
     HWND          m_hHelpWnd;       // null while no help is open

@@ -99,7 +99,7 @@ struct cEmptyRig : cFrameRig
         });
         Listen(kSlotDisplay, [](cCallbackObj *, void *pArgument, uintptr_t dwRig) {
             reinterpret_cast<cEmptyRig *>(dwRig)->m_Uncovered.push_back(
-                RectText(*static_cast<const RECT *>(pArgument)));
+                RectText(*static_cast<const cDisplayPart *>(pArgument)));
         });
     }
 
@@ -409,17 +409,20 @@ TEST_CASE("the uncovered part of the first display rectangle is reported, and no
     CHECK(Rig.TakeEvents().empty());
 }
 
-TEST_CASE("the face is painted before the display is drawn")
+TEST_CASE("the face and the display on top of it appear together")
 {
     cKeypadRig Rig;
     REQUIRE(Rig.m_Keypad.AddDisplayRect(20, 5, 100, 20) == 1);
     auto *const pRecord = new cCallbackRec;
     pRecord->nSlot      = kSlotDisplay;
-    pRecord->pfnStatic  = [](cCallbackObj *pKeypad, void *, uintptr_t) {
+    pRecord->pfnStatic  = [](cCallbackObj *pKeypad, void *pArgument, uintptr_t) {
         const HWND      hWnd = static_cast<cButtonArray *>(pKeypad)->Window();
+        const HDC       hDc  = static_cast<const cDisplayPart *>(pArgument)->m_hDc;
         const cWindowDc Dc(hWnd);
-        CHECK(GetPixel(Dc.Get(), 30, 10) == RGB(30, 10, kFaceMark));
+        CHECK(GetPixel(hDc, 30, 10) == RGB(30, 10, kFaceMark));
+        CHECK(GetPixel(Dc.Get(), 30, 10) == RGB(0, 0, 0));
         CHECK_FALSE(GetUpdateRect(hWnd, nullptr, FALSE));
+        SetPixelV(hDc, 31, 10, RGB(255, 0, 0));
     };
     REQUIRE(Rig.m_Keypad.Register(pRecord) == 1);
     {
@@ -427,9 +430,29 @@ TEST_CASE("the face is painted before the display is drawn")
         PatBlt(Dc.Get(), 0, 0, 200, 120, BLACKNESS);
     }
 
-    Rig.Paint();
+    Rig.Paint({15, 3, 60, 70});
 
     CHECK(Rig.m_Uncovered.size() == 1);
+    CHECK(Rig.Shown(30, 10) == "face 30,10");
+    const cWindowDc Dc(Rig.m_Keypad.Window());
+    CHECK(GetPixel(Dc.Get(), 31, 10) == RGB(255, 0, 0));
+    CHECK(GetPixel(Dc.Get(), 14, 10) == RGB(0, 0, 0));
+}
+
+TEST_CASE("the ground is never erased before the face is painted")
+{
+    cKeypadRig Rig;
+    {
+        const cWindowDc Dc(Rig.m_Keypad.Window());
+        PatBlt(Dc.Get(), 0, 0, 200, 120, BLACKNESS);
+        CHECK(Rig.Send(WM_ERASEBKGND, reinterpret_cast<WPARAM>(Dc.Get())) == 1);
+        CHECK(GetPixel(Dc.Get(), 195, 115) == RGB(0, 0, 0));
+    }
+
+    Rig.Paint();
+
+    const cWindowDc Dc(Rig.m_Keypad.Window());
+    CHECK(GetPixel(Dc.Get(), 195, 115) == RGB(255, 255, 255));
 }
 
 TEST_CASE("minimising does not make a keypad forget its size")
