@@ -2,6 +2,7 @@
 
 #include "toolkit/win32/tool_bar.h"
 
+#include <cstdlib>
 #include <memory>
 #include <string>
 
@@ -10,6 +11,8 @@
 #include "resources/resource.h"
 #include "tests/win32/resources/test_resources.h"
 #include "tests/win32/test_frame.h"
+#include "toolkit/win32/gdi.h"
+#include "toolkit/win32/tool_images.h"
 
 static const int kComboId    = 1310;
 static const int kComboWidth = 90;
@@ -154,6 +157,86 @@ TEST_CASE("a toolbar covers the top edge of its owner")
     CHECK(Bar.right == Frame.right);
     CHECK(Bar.bottom > 15);
     CHECK(Bar.bottom < 50);
+}
+
+static SIZE ButtonSize(const cToolBar &Bar)
+{
+    const auto nSize = static_cast<DWORD>(SendMessageA(Bar.Window(), TB_GETBUTTONSIZE, 0, 0));
+    return {LOWORD(nSize), HIWORD(nSize)};
+}
+
+static SIZE ImageSize(const cToolBar &Bar)
+{
+    int nWidth  = 0;
+    int nHeight = 0;
+    ImageList_GetIconSize(
+        reinterpret_cast<HIMAGELIST>(SendMessageA(Bar.Window(), TB_GETIMAGELIST, 0, 0)), &nWidth,
+        &nHeight);
+    return {nWidth, nHeight};
+}
+
+TEST_CASE("a toolbar is enlarged for a finer screen and becomes as small again")
+{
+    cToolRig   Rig;
+    const SIZE Usual = ButtonSize(Rig.m_Bar);
+    CHECK(ImageSize(Rig.m_Bar).cx == 16);
+
+    Rig.m_Bar.SetScale(cScale(192), nullptr);
+    const SIZE Fine = ButtonSize(Rig.m_Bar);
+    CHECK(ImageSize(Rig.m_Bar).cx == 32);
+    CHECK(ImageSize(Rig.m_Bar).cy == 30);
+    CHECK(Fine.cx == 2 * Usual.cx);
+    CHECK(Fine.cy == 2 * Usual.cy);
+    RECT Separator = {};
+    SendMessageA(Rig.m_Bar.Window(), TB_GETITEMRECT, 2, reinterpret_cast<LPARAM>(&Separator));
+    CHECK(Separator.right - Separator.left == 2 * 8);
+
+    Rig.m_Bar.SetScale(cScale(), nullptr);
+    CHECK(ImageSize(Rig.m_Bar).cx == 16);
+    CHECK(ButtonSize(Rig.m_Bar).cx == Usual.cx);
+    CHECK(ButtonSize(Rig.m_Bar).cy == Usual.cy);
+}
+
+TEST_CASE("the images of a strip are drawn on the toolbar's ground")
+{
+    // Three images of 2 by 2 pixels: one green, one half transparent green, one empty.
+    BITMAPINFO Info           = {};
+    Info.bmiHeader.biSize     = sizeof Info.bmiHeader;
+    Info.bmiHeader.biWidth    = 6;
+    Info.bmiHeader.biHeight   = 2;
+    Info.bmiHeader.biPlanes   = 1;
+    Info.bmiHeader.biBitCount = 32;
+    DWORD           *pPixels  = nullptr;
+    const cGdiBitmap Strip(CreateDIBSection(nullptr, &Info, DIB_RGB_COLORS,
+                                            reinterpret_cast<void **>(&pPixels), nullptr, 0));
+    for (int i = 0; i < 12; i++)
+        pPixels[i] = i % 6 < 2 ? 0xFF00FF00 : i % 6 < 4 ? 0x80008000 : 0;
+    const cImageList Usual(ImageList_Create(1, 1, ILC_COLOR24 | ILC_MASK, 3, 0));
+    const cGdiBitmap Dots(CreateCompatibleBitmap(cWindowDc(nullptr).Get(), 3, 1));
+    REQUIRE(ImageList_Add(Usual.Get(), Dots.Get(), nullptr) == 0);
+
+    const cImageList Scaled = ScaledToolImages(Usual.Get(), 0, Strip.Get(), {3, 3});
+
+    REQUIRE(ImageList_GetImageCount(Scaled.Get()) == 3);
+    const COLORREF crFace  = GetSysColor(COLOR_BTNFACE);
+    const COLORREF Drawn[] = {
+        RGB(0, 255, 0),
+        RGB(GetRValue(crFace) / 2, (255 + GetGValue(crFace)) / 2, GetBValue(crFace) / 2),
+        RGB(1, 2, 3)};
+    for (int i = 0; i < 3; i++)
+    {
+        CAPTURE(i);
+        const cMemoryDc    Dc(nullptr);
+        const cGdiBitmap   Bitmap(CreateCompatibleBitmap(cWindowDc(nullptr).Get(), 3, 3));
+        const cSelectGuard Selected(Dc.Get(), Bitmap.Get());
+        for (int k = 0; k < 9; k++)
+            SetPixelV(Dc.Get(), k % 3, k / 3, RGB(1, 2, 3));
+        ImageList_Draw(Scaled.Get(), i, Dc.Get(), 0, 0, ILD_TRANSPARENT);
+        const COLORREF crSeen = GetPixel(Dc.Get(), 1, 1);
+        CHECK(std::abs(GetRValue(crSeen) - GetRValue(Drawn[i])) <= 2);
+        CHECK(std::abs(GetGValue(crSeen) - GetGValue(Drawn[i])) <= 2);
+        CHECK(std::abs(GetBValue(crSeen) - GetBValue(Drawn[i])) <= 2);
+    }
 }
 
 TEST_CASE("the tip of a button is the string with the id of its command")

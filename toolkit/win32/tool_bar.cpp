@@ -1,12 +1,17 @@
 #include "toolkit/win32/tool_bar.h"
 
 #include <new>
+#include <utility>
 
 #include "resources/resource.h"
 
 static const int kComboListHeight = 200;  // pixels, of the drop-down list
 
-cToolBar::cToolBar(cMessageBoxes *pBoxes) : cBaseWindow(pBoxes), m_nImageBase(0)
+static const int kSeparatorWidth = 8;  // pixels; the platform's, too
+
+cToolBar::cToolBar(cMessageBoxes *pBoxes)
+    : cBaseWindow(pBoxes), m_nImageBase(0), m_hUsualImages(nullptr), m_dwUsualPadding(0),
+      m_dwUsualButton(0)
 {
     m_dwStyle = WS_CHILD | TBSTYLE_TOOLTIPS;
 }
@@ -55,6 +60,49 @@ int cToolBar::AddButtons(const TBBUTTON *pButtons, int nButtons)
             return 0;
     }
     return 1;
+}
+
+// A toolbar that has never been scaled is left as the platform made it.
+void cToolBar::SetScale(const cScale &Scale, HBITMAP hStrip)
+{
+    if (!m_hUsualImages && Scale == cScale())
+        return;
+    if (!m_hUsualImages)
+    {
+        m_hUsualImages = reinterpret_cast<HIMAGELIST>(SendMessageA(m_hWnd, TB_GETIMAGELIST, 0, 0));
+        m_dwUsualPadding = static_cast<DWORD>(SendMessageA(m_hWnd, TB_GETPADDING, 0, 0));
+        m_dwUsualButton  = static_cast<DWORD>(SendMessageA(m_hWnd, TB_GETBUTTONSIZE, 0, 0));
+    }
+    const int  nWidth  = Scale.Length(kToolImageWidth);
+    const int  nHeight = Scale.Length(kToolImageHeight);
+    cImageList Scaled;
+    if (!(Scale == cScale()))
+        Scaled = ScaledToolImages(m_hUsualImages, kStandardImages, hStrip, {nWidth, nHeight});
+    SendMessageA(
+        m_hWnd, TB_SETPADDING, 0,
+        MAKELPARAM(Scale.Length(LOWORD(m_dwUsualPadding)), Scale.Length(HIWORD(m_dwUsualPadding))));
+    SendMessageA(m_hWnd, TB_SETIMAGELIST, 0,
+                 reinterpret_cast<LPARAM>(Scaled ? Scaled.Get() : m_hUsualImages));
+    SendMessageA(
+        m_hWnd, TB_SETBUTTONSIZE, 0,
+        MAKELPARAM(Scale.Length(LOWORD(m_dwUsualButton)), Scale.Length(HIWORD(m_dwUsualButton))));
+    m_ScaledImages = std::move(Scaled);
+    ScaleSeparators(Scale);
+}
+
+void cToolBar::ScaleSeparators(const cScale &Scale)
+{
+    TBBUTTON Button = {};
+    for (WPARAM i = 0; SendMessageA(m_hWnd, TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&Button));
+         i++)
+    {
+        TBBUTTONINFOA Info = {};
+        Info.cbSize        = sizeof Info;
+        Info.dwMask        = TBIF_SIZE | TBIF_BYINDEX;
+        Info.cx            = static_cast<WORD>(Scale.Length(kSeparatorWidth));
+        if (Button.fsStyle & BTNS_SEP)
+            SendMessageA(m_hWnd, TB_SETBUTTONINFOA, i, reinterpret_cast<LPARAM>(&Info));
+    }
 }
 
 void cToolBar::AutoSize()

@@ -8,8 +8,10 @@
 
 #include <memory>
 
+#include "toolkit/scale.h"
 #include "toolkit/win32/base_window.h"
 #include "toolkit/win32/combo_box.h"
+#include "toolkit/win32/tool_images.h"
 
 const int kToolImageWidth  = 16;  // pixels, of an image and of a button
 const int kToolImageHeight = 15;
@@ -39,6 +41,12 @@ public:
     // from 15 on, after the standard images.
     int GetImageBase() const { return m_nImageBase; }
 
+    // Enlarges images, buttons and separators for a screen. Call it after all images
+    // and buttons have been added; it can be called again. hStrip has the images of
+    // AddBitmap for a screen like that, with premultiplied transparency, null to
+    // stretch those of AddBitmap.
+    void SetScale(const cScale &Scale, HBITMAP hStrip);
+
     // Moves to the top edge of the owner, in the owner's width.
     void AutoSize();
 
@@ -52,10 +60,15 @@ public:
 private:
     int  AddButtons(const TBBUTTON *pButtons, int nButtons);
     int  CreateComboBox(int nIndex);
+    void ScaleSeparators(const cScale &Scale);
     void AddTool(HWND hTool) const;
     int  IsComboBoxTool(UINT_PTR nTool) const;
 
     int                        m_nImageBase;
+    HIMAGELIST                 m_hUsualImages;    // the toolbar's own; null until SetScale
+    cImageList                 m_ScaledImages;    // empty at the usual scale
+    DWORD                      m_dwUsualPadding;  // width and height, packed
+    DWORD                      m_dwUsualButton;
     std::unique_ptr<cComboBox> m_ComboBox;
 };
 
