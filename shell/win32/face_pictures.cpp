@@ -1,10 +1,13 @@
 #include "shell/win32/face_pictures.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "resources/resource.h"
 #include "shell/face_geometry.h"
+#include "shell/win32/drawn_pictures.h"
 #include "toolkit/win32/palette_bitmap.h"
+#include "toolkit/win32/scaled_bitmap.h"
 
 // An image of the strip at nLeft, in row nRow. All images of a column have its size.
 static RECT ImageRect(int nLeft, int nRow, const cFaceRect &Shown)
@@ -13,38 +16,18 @@ static RECT ImageRect(int nLeft, int nRow, const cFaceRect &Shown)
     return {nLeft, nTop, nLeft + Shown.m_nWidth, nTop + Shown.m_nHeight};
 }
 
-static void Stretch(HDC hTo, const RECT &To, HDC hFrom, const RECT &From)
-{
-    SetStretchBltMode(hTo, HALFTONE);
-    SetBrushOrgEx(hTo, 0, 0, nullptr);
-    StretchBlt(hTo, To.left, To.top, To.right - To.left, To.bottom - To.top, hFrom, From.left,
-               From.top, From.right - From.left, From.bottom - From.top, SRCCOPY);
-}
-
 static cGdiBitmap CreateShown(int nWidth, int nHeight)
 {
     return cGdiBitmap(CreateCompatibleBitmap(cWindowDc(nullptr).Get(), nWidth, nHeight));
 }
 
-static cGdiBitmap ScaleFace(HBITMAP hDrawn, const cScale &Drawn, const cScale &Scale)
-{
-    const RECT From = {0, 0, Drawn.Length(kFaceWidth), Drawn.Length(kFaceHeight)};
-    const RECT To   = {0, 0, Scale.Length(kFaceWidth), Scale.Length(kFaceHeight)};
-    cGdiBitmap Shown(CreateShown(To.right, To.bottom));
-
-    const cMemoryDc    FromDc(nullptr);
-    const cMemoryDc    ToDc(nullptr);
-    const cSelectGuard FromBitmap(FromDc.Get(), hDrawn);
-    const cSelectGuard ToBitmap(ToDc.Get(), Shown.Get());
-    Stretch(ToDc.Get(), To, FromDc.Get(), From);
-    return Shown;
-}
-
 // Scales each image of a strip by itself, so that it has exactly the pixels of its
 // rectangle on the face.
-static cGdiBitmap ScaleStrip(HBITMAP hDrawn, const cScale &Drawn, const cScale &Scale,
-                             const cFaceRect *pRects, int nRects, int nRows)
+static cGdiBitmap ScaleStrip(cDrawnPicture Drawn, const cScale &Scale, const cFaceRect *pRects,
+                             int nRects, int nRows)
 {
+    if (Drawn.m_Scale == Scale)
+        return std::move(Drawn.m_Bitmap);
     int nWidth  = 0;
     int nHeight = 0;
     for (int i = 0; i < nRects; i++)
@@ -56,21 +39,45 @@ static cGdiBitmap ScaleStrip(HBITMAP hDrawn, const cScale &Drawn, const cScale &
 
     const cMemoryDc    FromDc(nullptr);
     const cMemoryDc    ToDc(nullptr);
-    const cSelectGuard FromBitmap(FromDc.Get(), hDrawn);
+    const cSelectGuard FromBitmap(FromDc.Get(), Drawn.m_Bitmap.Get());
     const cSelectGuard ToBitmap(ToDc.Get(), Shown.Get());
     int                nFromX = 0;
     int                nToX   = 0;
     for (int i = 0; i < nRects; i++)
     {
-        const cFaceRect From = ScaledRect(pRects[i], Drawn);
+        const cFaceRect From = ScaledRect(pRects[i], Drawn.m_Scale);
         const cFaceRect To   = ScaledRect(pRects[i], Scale);
         for (int nRow = 0; nRow < nRows; nRow++)
-            Stretch(ToDc.Get(), ImageRect(nToX, nRow, To), FromDc.Get(),
-                    ImageRect(nFromX, nRow, From));
+            StretchPart(ToDc.Get(), ImageRect(nToX, nRow, To), FromDc.Get(),
+                        ImageRect(nFromX, nRow, From));
         nFromX += From.m_nWidth;
         nToX += To.m_nWidth;
     }
     return Shown;
+}
+
+static cGdiBitmap ScaleFace(cDrawnPicture Drawn, const cScale &Scale)
+{
+    if (Drawn.m_Scale == Scale)
+        return std::move(Drawn.m_Bitmap);
+    return ScaledBitmap(Drawn.m_Bitmap.Get(), Scale.Length(kFaceWidth), Scale.Length(kFaceHeight));
+}
+
+// A released key drawn over the face changes nothing, however both are scaled.
+static void CopyReleasedKeys(HBITMAP hFace, HBITMAP hKeys, const cScale &Scale)
+{
+    const cMemoryDc    Face(nullptr);
+    const cMemoryDc    Keys(nullptr);
+    const cSelectGuard FaceBitmap(Face.Get(), hFace);
+    const cSelectGuard KeysBitmap(Keys.Get(), hKeys);
+    int                nX = 0;
+    for (const cFaceRect &Usual : kKeyRects)
+    {
+        const cFaceRect Key = ScaledRect(Usual, Scale);
+        BitBlt(Keys.Get(), nX, 0, Key.m_nWidth, Key.m_nHeight, Face.Get(), Key.m_nLeft, Key.m_nTop,
+               SRCCOPY);
+        nX += Key.m_nWidth;
+    }
 }
 
 void cFacePictures::Load(const cScale &Scale)
@@ -82,9 +89,9 @@ void cFacePictures::Load(const cScale &Scale)
     if (Scale == cScale())
         return;
 
-    const cScale Drawn;
-    m_Face = ScaleFace(m_Face.Get(), Drawn, Scale);
-    m_Keys = ScaleStrip(m_Keys.Get(), Drawn, Scale, kKeyRects, kFaceKeys, 2);
-    m_Switches =
-        ScaleStrip(m_Switches.Get(), Drawn, Scale, kSwitchRects, kFaceSwitches, kSwitchFrames);
+    m_Face     = ScaleFace(LoadDrawnPicture(piFace, Scale), Scale);
+    m_Keys     = ScaleStrip(LoadDrawnPicture(piKeys, Scale), Scale, kKeyRects, kFaceKeys, 2);
+    m_Switches = ScaleStrip(LoadDrawnPicture(piSwitches, Scale), Scale, kSwitchRects, kFaceSwitches,
+                            kSwitchFrames);
+    CopyReleasedKeys(m_Face.Get(), m_Keys.Get(), Scale);
 }

@@ -8,6 +8,7 @@
 
 #include "engine/vorstek_state.h"
 #include "resources/resource.h"
+#include "shell/win32/drawn_pictures.h"
 #include "shell/window_layout.h"
 #include "toolkit/win32/gdi.h"
 #include "toolkit/win32/screen.h"
@@ -201,6 +202,12 @@ static int CountToolImages(cMessageBoxes *pBoxes)
     return Info.bmWidth / kToolImageWidth;
 }
 
+void cVorstek::ScaleToolBar()
+{
+    const cDrawnPicture Strip = LoadDrawnPicture(piToolBar, m_Scale);
+    m_ToolBar.SetScale(m_Scale, Strip.m_Scale == cScale() ? nullptr : Strip.m_Bitmap.Get());
+}
+
 int cVorstek::CreateBars()
 {
     const TBBUTTON Buttons[] = {
@@ -213,6 +220,7 @@ int cVorstek::CreateBars()
         return 0;
     const TBBUTTON More[] = {ToolButton(0, 0), ToolButton(kHighlightImage, IDM_REPAIR_HIGHLIGHT)};
     m_ToolBar.AddBitmap(IDB_TOOLBAR, CountToolImages(this), More, 2);
+    ScaleToolBar();
     m_ToolBar.Show();
     EnableCommand(IDM_REPAIR_HIGHLIGHT, 0);
 

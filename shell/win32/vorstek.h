@@ -76,6 +76,7 @@ private:
     // --- creation, step by step
     int  CreateMainWindow();
     int  CreateBars();
+    void ScaleToolBar();
     int  CreateBoxes();
     int  CreateBox(cEditBox *pBox, uint32_t nId);
     int  CreateKeypad();
