@@ -124,7 +124,8 @@ void cGdiCanvas::Polyline(const cPoint *pPoints, size_t nPoints, const cPlotPen 
 
 // The time for a wide line grows faster than the number of its vertices; the same
 // holds for polygons. Each pixel of a dashed line takes as long as ten of a solid one.
-// 0 for a solid line of one pixel and a wide dashed one, or if the line cannot be drawn another way.
+// 0 for a solid line of one pixel and a wide dashed one, or if the line cannot be drawn
+// another way.
 int cGdiCanvas::DrawDenseLine(const cPoint *pPoints, size_t nPoints, const cPlotPen &Pen)
 {
     const int nWidth = m_Scale.Length(static_cast<int>(Pen.m_nWidth));
