@@ -17,8 +17,7 @@ markup:
                          follows f or g. <kbd class="pc"> is a PC key.
   <pre class="keys">     one line per row: KEYS | DISPLAY | NOTE. DISPLAY is what
                          the calculator shows after these keys.
-  <pre class="card">     one line per key: KEY | MEANING | GOLD | MEANING | BLUE |
-                         MEANING. An empty line starts a new row of keys.
+  <pre class="card">     is filled with all keys from shell/key_names.cpp
   data-index="A; B"      index words for an element that has an id
 
 A file .contents lists the pages of a help file. An indented page belongs to
@@ -34,6 +33,7 @@ import shutil
 import sys
 
 SOURCES = pathlib.Path(__file__).resolve().parent / "manual"
+KEY_NAMES = SOURCES.parents[1] / "shell" / "key_names.cpp"
 PAGES = "HtmlHelp"              # folder of the pages, also inside the help files
 INDEX_PAGE = "word-index.html"  # only for browsers; topics of help files are .htm
 
@@ -62,7 +62,7 @@ class Page:
 
     def __init__(self, name):
         self.name = name
-        self.source = with_ids((SOURCES / name).read_text(encoding="utf-8"))
+        self.source = with_card(with_ids((SOURCES / name).read_text(encoding="utf-8")))
         self.title = plain(re.search("<title>(.*?)</title>", self.source, re.S).group(1))
 
     def address(self):
@@ -102,6 +102,31 @@ def with_ids(source):
         slug = re.sub(r"[^a-z0-9]+", "-", plain(match.group(2)).lower()).strip("-")
         return f'<{match.group(1)} id="{slug}">{match.group(2)}</{match.group(1)}>'
     return re.sub(r"<(h[23])>(.*?)</\1>", add, source)
+
+
+def key_rows():
+    """The table of the keys: for each, legend and meaning of its three functions. None
+    between two rows of the face."""
+    table = KEY_NAMES.read_text(encoding="utf-8")
+    true_test = re.search(r'kTrueTest = ("[^"]*")', table).group(1)
+    table = re.search(r"kKeyNames\[kFaceKeys\] =\n\{\n(.*?)\n\};", table, re.S).group(1)
+    for line in table.replace("kTrueTest", true_test).split("\n"):
+        texts = re.findall(r'"([^"]*)"', line)
+        yield (texts[1:3], texts[4:6], texts[7:9]) if texts else None
+
+
+def with_card(source):
+    """The card as one line per key: KEY | MEANING | GOLD | MEANING | BLUE | MEANING. An
+    empty line starts a new row of keys."""
+    def cells(functions):
+        for legend, meaning in functions:
+            yield html.escape(legend).replace(" ", "_")
+            yield re.sub(r"\b([dr])\b", r"<i>\1</i>", html.escape(meaning))
+
+    def fill(match):
+        lines = [" | ".join(cells(row)) if row else "" for row in key_rows()]
+        return match.group(1) + "\n" + "\n".join(lines) + "\n" + match.group(2)
+    return re.sub(r'(<pre class="card">)(</pre>)', fill, source)
 
 
 def read_contents(name):

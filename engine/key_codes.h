@@ -24,4 +24,8 @@ struct cKeySequence
 
 cKeySequence FindKeys(std::string_view Name);
 
+// The key that a character of the PC keyboard presses: 11, ENTER, for '\r'. 0 for
+// none.
+unsigned KeyOfCharacter(char cChar);
+
 #endif

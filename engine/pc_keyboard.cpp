@@ -1,6 +1,7 @@
 // pc_keyboard.cpp - characters typed on the PC keyboard.
 
 #include "engine/calculator.h"
+#include "engine/key_codes.h"
 #include "engine/keystrokes.h"
 #include "resources/calculator_ids.h"
 
@@ -21,15 +22,23 @@ static const struct
 };
 // clang-format on
 
-void OnChar(cCalculator &c, char cChar)
+unsigned KeyOfCharacter(char cChar)
 {
     for (const auto &Row : s_Characters)
         if (Row.m_cChar == cChar)
-        {
-            OnCalcKey(c, Row.m_nKeyCode, 1);
-            OnCalcKey(c, Row.m_nKeyCode, 0);
-            return;
-        }
+            return Row.m_nKeyCode;
+    return 0;
+}
+
+void OnChar(cCalculator &c, char cChar)
+{
+    const unsigned nKeyCode = KeyOfCharacter(cChar);
+    if (nKeyCode)
+    {
+        OnCalcKey(c, nKeyCode, 1);
+        OnCalcKey(c, nKeyCode, 0);
+        return;
+    }
     if (cChar != kEscape || !c.m_bProgramRunning)
     {
         c.PlayRejectSound();
