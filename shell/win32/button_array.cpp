@@ -19,6 +19,7 @@ const cButtonArray::cMessageRow cButtonArray::s_Messages[] =
     { WM_MOUSEMOVE,      &cButtonArray::OnMouseMove      },
     { WM_LBUTTONDOWN,    &cButtonArray::OnLButtonDown    },
     { WM_LBUTTONUP,      &cButtonArray::OnLButtonUp      },
+    { WM_TIMER,          &cButtonArray::OnTimer          },
 };
 // clang-format on
 
@@ -29,7 +30,7 @@ cButtonArray::cButtonArray(cMessageBoxes *pBoxes)
       m_nFaceHeight(0), m_nClientWidth(0), m_nClientHeight(0), m_hKeyBitmap(nullptr),
       m_hSwitchBitmap(nullptr), m_nSwitchFrames(0), m_SwitchPos{}, m_SwitchThumbWidth{},
       m_nPressedKey(-1), m_nGrabDX(0), m_nGrabDY(0), m_nDraggedSwitch(-1), m_hPalette(nullptr),
-      m_ClassShare(&s_Class)
+      m_nRing(0), m_nFlashed(0), m_ClassShare(&s_Class)
 {
     m_dwStyle   = WS_CHILD | WS_TABSTOP;
     m_dwExStyle = WS_EX_CLIENTEDGE | WS_EX_NOPARENTNOTIFY;
@@ -236,6 +237,7 @@ void cButtonArray::PaintPart(HDC hDc, const RECT &Part)
     for (unsigned i = 0; i < m_SwitchRects.Count(); i++)
         if (IntersectRect(&Common, m_SwitchRects.At(i), &Part))
             PaintSwitch(hDc, i, m_SwitchPos[i]);
+    PaintRing(hDc);
 }
 
 // Painting covers everything; erasing the background would only flicker.
@@ -306,6 +308,8 @@ void cButtonArray::DrawKey(unsigned nKey, int bPressed)
     const cWindowDc     Dc(m_hWnd);
     const cPaletteGuard Colours(Dc.Get(), m_hPalette);
     PaintKey(Dc.Get(), nKey, bPressed);
+    if (m_nRing == nKey + 1)
+        PaintRing(Dc.Get());
 }
 
 void cButtonArray::FireKey(unsigned nKey, int bDown)
@@ -316,6 +320,8 @@ void cButtonArray::FireKey(unsigned nKey, int bDown)
 
 LRESULT cButtonArray::OnLButtonDown(WPARAM, LPARAM lParam)
 {
+    SetRing(0);
+    EndFlash();
     const POINT At   = PointOf(lParam);
     const int   nKey = FindRect(m_KeyRects, At);
     if (nKey >= 0)

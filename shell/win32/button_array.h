@@ -64,6 +64,25 @@ public:
     // The scale of the positions; the frames of the switches follow it.
     void SetScale(const cScale &Scale) { m_Scale = Scale; }
 
+    // --- for the PC keyboard and its users. Codes are those of cKeyEvent.
+
+    unsigned CountCodes() const { return m_KeyRects.Count() + m_SwitchRects.Count(); }
+    int      IsSwitch(unsigned nCode) const { return nCode > m_KeyRects.Count(); }
+    int      IsRight(unsigned nCode) const;  // whether the switch is at its right end
+    RECT     RectOf(unsigned nCode) const;   // in pixels of the client area
+
+    // Presses and releases a key, or moves a switch to its other end.
+    void Press(unsigned nCode);
+
+    // Shows a key pressed for a moment, without an event. 0 and the code of a switch
+    // only end that of another key.
+    void Flash(unsigned nCode);
+
+    // Puts a frame round a key or switch, which then has the focus for programs that
+    // ask; 0 for none. A click with the mouse removes it.
+    void     SetRing(unsigned nCode);
+    unsigned Ring() const { return m_nRing; }
+
 private:
     using cMessageRow = cMessageRowOf<cButtonArray>;
     using cRectList   = cPointerList<RECT>;
@@ -82,6 +101,7 @@ private:
     LRESULT OnMouseMove(WPARAM wParam, LPARAM lParam);
     LRESULT OnLButtonDown(WPARAM wParam, LPARAM lParam);
     LRESULT OnLButtonUp(WPARAM wParam, LPARAM lParam);
+    LRESULT OnTimer(WPARAM wParam, LPARAM lParam);
 
     int  AddRect(cRectList *pList, int nX, int nY, int nWidth, int nHeight);
     void DeleteRects(cRectList *pList);
@@ -96,6 +116,11 @@ private:
     void PaintSwitch(HDC hDc, unsigned nSwitch, int nPosition);
     void PaintStrip(HDC hDc, const RECT &Rect, HBITMAP hStrip, int nStripX, int nStripY);
     void DrawKey(unsigned nKey, int bPressed);
+    RECT RingRect() const;
+    int  RingWidth() const;
+    void PaintRing(HDC hDc);
+    void InvalidateRing();
+    void EndFlash();
     void FireKey(unsigned nKey, int bDown);
     void CheckPressedKey(const char *szFailure);
     void ReleaseKey();
@@ -124,6 +149,8 @@ private:
     cRectList         m_SwitchRects;
     cRectList         m_DisplayRects;
     HPALETTE          m_hPalette;
+    unsigned          m_nRing;     // code, 0 for none
+    unsigned          m_nFlashed;  // code of the key that is shown pressed, 0 for none
     cWindowClassShare m_ClassShare;
 };
 

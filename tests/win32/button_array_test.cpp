@@ -761,3 +761,95 @@ TEST_CASE("labels in a keypad are grey on white")
     CHECK(GetTextColor(Dc.Get()) == RGB(128, 128, 128));
     CHECK(GetBkColor(Dc.Get()) == RGB(255, 255, 255));
 }
+
+// --- the PC keyboard
+
+TEST_CASE("the ring is round one key or switch, within and outside its edge")
+{
+    cKeypadRig Rig;
+
+    Rig.m_Keypad.SetRing(2);
+    UpdateWindow(Rig.m_Keypad.Window());
+    CHECK(Rig.m_Keypad.Ring() == 2);
+    CHECK(Rig.Shown(70, 58) == "face 70,58");
+    CHECK(Rig.Shown(70, 59) == "white");
+    CHECK(Rig.Shown(70, 60) == "white");
+    CHECK(Rig.Shown(70, 61) == "key 50,1");
+    CHECK(Rig.Shown(90, 70) == "white");
+
+    Rig.m_Keypad.SetRing(kFirstSwitch);
+    UpdateWindow(Rig.m_Keypad.Window());
+    CHECK(Rig.Shown(70, 59) == "face 70,59");
+    CHECK(Rig.Shown(70, 60) == "key 50,0");
+    CHECK(Rig.Shown(30, 29) == "white");
+
+    Rig.m_Keypad.SetRing(0);
+    UpdateWindow(Rig.m_Keypad.Window());
+    CHECK(Rig.Shown(30, 29) == "face 30,29");
+    CHECK(Rig.TakeEvents().empty());
+}
+
+TEST_CASE("the ring stays on a key that is pressed, and goes when the mouse is used")
+{
+    cKeypadRig Rig;
+    Rig.m_Keypad.SetRing(2);
+    UpdateWindow(Rig.m_Keypad.Window());
+
+    Rig.m_Keypad.Press(2);
+    CHECK(Rig.Shown(70, 60) == "white");
+    CHECK(Rig.Shown(70, 70) == "key 50,30");
+
+    Rig.Press(150, 20);
+    UpdateWindow(Rig.m_Keypad.Window());
+    CHECK(Rig.m_Keypad.Ring() == 0);
+    CHECK(Rig.Shown(70, 59) == "face 70,59");
+}
+
+TEST_CASE("a key pressed by the keyboard is pressed and released, and shows it for a moment")
+{
+    cKeypadRig Rig;
+
+    Rig.m_Keypad.Press(2);
+    CHECK(Rig.TakeEvents() == cEvents{{2, 1}, {2, 0}});
+    CHECK(Rig.Shown(50, 60) == "key 30,20");
+    CHECK_FALSE(Rig.HasMouse());
+
+    Rig.m_Keypad.Press(1);
+    CHECK(Rig.TakeEvents() == cEvents{{1, 1}, {1, 0}});
+    CHECK(Rig.Shown(50, 60) == "key 30,0");
+    CHECK(Rig.Shown(10, 60) == "key 0,12");
+
+    Sleep(150);
+    HandleWaitingMessages();
+    CHECK(Rig.Shown(10, 60) == "key 0,0");
+    CHECK(Rig.TakeEvents().empty());
+}
+
+TEST_CASE("a key that the mouse holds stays pressed when its moment is over")
+{
+    cKeypadRig Rig;
+    Rig.m_Keypad.Flash(2);
+
+    Rig.Press(50, 60);
+    Rig.m_Keypad.Flash(0);
+
+    CHECK(Rig.Shown(50, 60) == "key 30,20");
+    Rig.Release(50, 60);
+    CHECK(Rig.Shown(50, 60) == "key 30,0");
+}
+
+TEST_CASE("a switch pressed by the keyboard moves to its other end")
+{
+    cKeypadRig Rig;
+    CHECK(Rig.m_Keypad.IsRight(kFirstSwitch) == 0);
+    CHECK(Rig.m_Keypad.IsRight(kSecondSwitch) == 1);
+
+    Rig.m_Keypad.Press(kFirstSwitch);
+    Rig.m_Keypad.Press(kSecondSwitch);
+    UpdateWindow(Rig.m_Keypad.Window());
+
+    CHECK(Rig.TakeEvents() == cEvents{{kFirstSwitch, 1}, {kSecondSwitch, 0}});
+    CHECK(Rig.m_Keypad.IsRight(kFirstSwitch) == 1);
+    CHECK(Rig.Shown(10, 30) == "switch 0,168");
+    CHECK(Rig.Shown(60, 30) == "switch 36,0");
+}
