@@ -43,7 +43,9 @@ const cVorstek::cMessageRow cVorstek::s_Messages[] =
     { WM_GETMINMAXINFO,   &cVorstek::OnGetMinMaxInfo   },
     { WM_DISPLAYCHANGE,   &cVorstek::OnDisplayChange   },
     { WM_NOTIFY,          &cVorstek::OnNotify          },
+    { WM_KEYDOWN,         &cVorstek::OnKeyDown         },
     { WM_CHAR,            &cVorstek::OnCharacter       },
+    { WM_PARENTNOTIFY,    &cVorstek::OnParentNotify    },
     { WM_COMMAND,         &cVorstek::OnCommand         },
     { WM_SYSCOMMAND,      &cVorstek::OnSysCommand      },
     { WM_INITMENUPOPUP,   &cVorstek::OnInitMenuPopup   },
@@ -62,6 +64,7 @@ cVorstek::cVorstek()
     : cBaseWindow(this), cVorstekEngine(this, &m_ListingLines, &m_RegistersLines), m_ToolBar(this),
       m_StatusBar(this), m_ListingBox(this), m_RegistersBox(this), m_ListingLines(&m_ListingBox),
       m_RegistersLines(&m_RegistersBox), m_Keypad(this), m_Graph(this, this),
+      m_Panes(&m_Keypad, &m_ListingBox, &m_RegistersBox, &m_ToolBar), m_nKeyDown(0),
       m_nListingWidth(kListingWidth), m_nRegistersWidth(kRegistersWidth), m_nFaceOffset(0),
       m_hAccelerators(nullptr), m_hDisplayDc(nullptr), m_bBlanked(0), m_bFonts(0), m_bSizeLater(0),
       m_hHelpWnd(nullptr), m_dwLastDrain(0), m_dwLastRefresh(0), m_dwRefreshTime(0),
@@ -585,12 +588,6 @@ LRESULT cVorstek::OnNotify(WPARAM wParam, LPARAM lParam)
     if (pNotice->code != TTN_NEEDTEXTA || pNotice->hwndFrom != m_ToolBar.GetToolTipWindow())
         return DefWindowProcA(m_hWnd, WM_NOTIFY, wParam, lParam);
     m_ToolBar.OnToolTipText(reinterpret_cast<NMTTDISPINFOA *>(lParam));
-    return 0;
-}
-
-LRESULT cVorstek::OnCharacter(WPARAM wParam, LPARAM)
-{
-    OnChar(static_cast<char>(wParam));
     return 0;
 }
 

@@ -12,6 +12,7 @@
 #include "shell/win32/button_array.h"
 #include "shell/win32/edit_line_box.h"
 #include "shell/win32/face_pictures.h"
+#include "shell/win32/pane_focus.h"
 #include "shell/win32/window_host.h"
 #include "toolkit/win32/base_window.h"
 #include "toolkit/win32/command_table.h"
@@ -117,6 +118,8 @@ private:
     LRESULT OnGetMinMaxInfo(WPARAM wParam, LPARAM lParam);
     LRESULT OnDisplayChange(WPARAM wParam, LPARAM lParam);
     LRESULT OnNotify(WPARAM wParam, LPARAM lParam);
+    LRESULT OnKeyDown(WPARAM wParam, LPARAM lParam);
+    LRESULT OnParentNotify(WPARAM wParam, LPARAM lParam);
     LRESULT OnCharacter(WPARAM wParam, LPARAM lParam);
     LRESULT OnCommand(WPARAM wParam, LPARAM lParam);
     LRESULT OnSysCommand(WPARAM wParam, LPARAM lParam);
@@ -158,6 +161,7 @@ private:
 
     int  DrainEvery(DWORD dwPeriod);  // milliseconds
     int  DispatchWaiting();
+    void PressKeys(const cKeySequence &Keys);
     void CheckGraph(int bShown);
     void ToggleBar(cBaseWindow *pBar, unsigned nCommand);
     void EnableEditCommands(HMENU hMenu);
@@ -170,6 +174,8 @@ private:
     cEditLineBox m_RegistersLines;
     cButtonArray m_Keypad;
     cVantor      m_Graph;
+    cPaneFocus   m_Panes;
+    unsigned     m_nKeyDown;  // virtual key, until its character has come; 0 for none
 
     int           m_nListingWidth;
     int           m_nRegistersWidth;
