@@ -105,21 +105,21 @@ def with_ids(source):
 
 
 def key_rows():
-    """The table of the keys: for each, legend and meaning of its three functions. None
-    between two rows of the face."""
+    """The table of the keys: for each, legend, meaning and PC key of its three
+    functions. None between two rows of the face."""
     table = KEY_NAMES.read_text(encoding="utf-8")
     true_test = re.search(r'kTrueTest = ("[^"]*")', table).group(1)
     table = re.search(r"kKeyNames\[kFaceKeys\] =\n\{\n(.*?)\n\};", table, re.S).group(1)
     for line in table.replace("kTrueTest", true_test).split("\n"):
         texts = re.findall(r'"([^"]*)"', line)
-        yield (texts[1:3], texts[4:6], texts[7:9]) if texts else None
+        yield (texts[1:4], texts[4:7], texts[7:10]) if texts else None
 
 
 def with_card(source):
     """The card as one line per key: KEY | MEANING | GOLD | MEANING | BLUE | MEANING. An
     empty line starts a new row of keys."""
     def cells(functions):
-        for legend, meaning in functions:
+        for legend, meaning, _ in functions:
             yield html.escape(legend).replace(" ", "_")
             yield re.sub(r"\b([dr])\b", r"<i>\1</i>", html.escape(meaning))
 

@@ -174,6 +174,22 @@ class CardTest(unittest.TestCase):
             self.assertTrue(all(row[column + 1] for row in rows if row[column]))
 
 
+class PcKeysTest(unittest.TestCase):
+
+    def test_the_page_of_the_face_lists_the_function_keys(self):
+        keys = {}
+        for row in filter(None, make_manual.key_rows()):
+            for shift, (legend, _, key) in zip(("", "f ", "g "), row):
+                if re.fullmatch(r"F\d+", key):
+                    keys[key] = f"<kbd>{shift}{legend}</kbd>"
+        keys |= {"F11": "moves the switch <kbd>X</kbd> <kbd>STACK</kbd>",
+                 "F12": "moves the switch <kbd>PRGM</kbd> <kbd>RUN</kbd>"}
+
+        source = make_manual.Page("face.htm").source
+        listed = re.findall(r'<tr><td><kbd class="pc">(F\d+)</kbd></td><td>(.*?)</td></tr>', source)
+        self.assertEqual(dict(listed), keys)
+
+
 class GeneratedPagesTest(WebCase):
 
     @classmethod
