@@ -4,6 +4,8 @@
 #include <charconv>
 #include <limits>
 
+#include "toolkit/floating_chars.h"
+
 static int IsDigit(char c)
 {
     return c >= '0' && c <= '9';
@@ -103,7 +105,7 @@ int ParseDecimal(const char *szText, double *pdValue)
     const int         bMinus = *szText == '-';
     const char *const pFirst = szText + (IsSign(*szText) ? 1 : 0);
     double            dValue = 0.0;
-    if (std::from_chars(pFirst, pEnd, dValue).ec == std::errc::result_out_of_range)
+    if (FloatingFromChars(pFirst, pEnd, dValue).ec == std::errc::result_out_of_range)
         dValue = IsTooLarge(pFirst, pEnd) ? std::numeric_limits<double>::infinity() : 0.0;
     *pdValue = bMinus ? -dValue : dValue;
     return *pEnd == 0;

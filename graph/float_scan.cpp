@@ -1,8 +1,9 @@
 #include "graph/float_scan.h"
 
 #include <cfloat>
-#include <charconv>
 #include <system_error>
+
+#include "toolkit/floating_chars.h"
 
 // Far above any exponent that decides between too large and too small, and far
 // below what an int can hold.
@@ -113,7 +114,7 @@ const char *ReadFloat(const char *szText, float *pValue)
     if (*pStart == '+' || *pStart == '-')
         pStart++;
     float fAbs = 0.0F;
-    if (std::from_chars(pStart, pEnd, fAbs).ec == std::errc::result_out_of_range)
+    if (FloatingFromChars(pStart, pEnd, fAbs).ec == std::errc::result_out_of_range)
         fAbs = IsLarge(pStart) ? FLT_MAX : 0.0F;
     *pValue = bNegative ? -fAbs : fAbs;
     return pEnd;

@@ -7,6 +7,7 @@
 
 #include "graph/extent.h"
 #include "graph/vantor_data_set.h"
+#include "toolkit/floating_chars.h"
 
 static const double kOutwards = 1.0005;  // for the bound farther from zero
 static const double kInwards  = 0.9995;
@@ -54,7 +55,7 @@ static double RoundByText(double dValue)
     const auto Written =
         std::to_chars(szText, szText + sizeof szText, dValue, std::chars_format::scientific, 2);
     double dRounded = dValue;
-    std::from_chars(szText, Written.ptr, dRounded);
+    FloatingFromChars(szText, Written.ptr, dRounded);
     return dRounded;
 }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cfloat>
-#include <charconv>
 #include <cstdint>
 #include <limits>
 #include <string>
@@ -10,6 +9,7 @@
 #include <system_error>
 
 #include "graph/float_scan.h"
+#include "toolkit/floating_chars.h"
 
 // Powers of ten that a double holds exactly.
 static const double s_ExactPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
@@ -67,7 +67,7 @@ static double Convert(std::string Text, char cPoint)
 {
     std::replace(Text.begin(), Text.end(), cPoint, '.');
     double dValue = 0.0;
-    if (std::from_chars(Text.data(), Text.data() + Text.size(), dValue).ec !=
+    if (FloatingFromChars(Text.data(), Text.data() + Text.size(), dValue).ec !=
         std::errc::result_out_of_range)
         return dValue;
     // What a double cannot hold, a float cannot: it tells too large from too small.
