@@ -1,14 +1,13 @@
 #include "console/run_host.h"
 
 #include <algorithm>
-#include <chrono>
 #include <ostream>
-#include <thread>
 
 #include "console/input_file.h"
 #include "console/run_options.h"
 #include "console/state_report.h"
 #include "console/stop_signal.h"
+#include "toolkit/sleep.h"
 
 cRunHost::cRunHost(const cRunOptions &Options, const cStreams &Streams)
     : m_Options(Options), m_Streams(Streams), m_pEngine(nullptr), m_bLoading(0), m_bSaving(0),
@@ -55,7 +54,7 @@ void cRunHost::Pause(unsigned nMilliseconds)
     if (!*m_Streams.m_pOut)
         m_pEngine->HaltProgram();
     else if (m_Options.m_bRealtime)
-        std::this_thread::sleep_for(std::chrono::milliseconds(nMilliseconds));
+        SleepFor(nMilliseconds);
 }
 
 int cRunHost::Load(const std::string &Listing)

@@ -1,5 +1,7 @@
 // debug_command.cpp - vorstek-cli debug: runs a program step by step.
 
+#include <ostream>
+
 #include "console/commands.h"
 #include "console/debug/debug_session.h"
 #include "console/input_text.h"

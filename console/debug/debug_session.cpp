@@ -267,7 +267,7 @@ void cDebugSession::OnBack(const std::string &Argument)
         m_Error = "back: how many lines?";
         return;
     }
-    const size_t nDone = m_Debugger.Back(nLines);
+    const uint64_t nDone = m_Debugger.Back(nLines);
     if (nDone == 0)
         m_Error = "back: no line that ran is left";
     else if (nDone < nLines)

@@ -94,9 +94,9 @@ int cDebugger::Finish()
     return Go({0, static_cast<int>(m_pCalculator->m_Engine.State().m_nReturnDepth) - 1, {}});
 }
 
-size_t cDebugger::Back(size_t nLines)
+uint64_t cDebugger::Back(uint64_t nLines)
 {
-    size_t nDone = 0;
+    uint64_t nDone = 0;
     m_Lines.Keep();
     for (; nDone < nLines; nDone++)
     {

@@ -47,7 +47,7 @@ public:
 
     // Takes back lines that have been executed, the last one first, with what has been
     // typed between them. Returns how many; kMostUndo are kept.
-    size_t Back(size_t nLines);
+    uint64_t Back(uint64_t nLines);
 
     // --- what happened
     // How often each line has been executed and not been taken back.

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
 #include <ostream>
 #include <sstream>
@@ -23,6 +22,7 @@
 #include "figure/plot_source.h"
 #include "listing/source_lines.h"
 #include "listing/suggestion.h"
+#include "toolkit/disk_file.h"
 #include "toolkit/spelling.h"
 
 template <void (cSession::*pOperation)(const std::string &)>
@@ -299,11 +299,10 @@ void cSession::OnList(const std::string &)
 // A text that cannot be loaded is kept: its mistakes are corrected there.
 void cSession::LoadEdited(const std::string &Name)
 {
-    std::error_code Ignored;
-    std::string     Listing;
+    std::string Listing;
     if (ReadText(Name, &Listing) && LoadText(Listing))
     {
-        std::filesystem::remove(Name, Ignored);
+        RemoveDiskFile(Name.c_str());
         return;
     }
     m_Rejected = Name;
@@ -312,8 +311,7 @@ void cSession::LoadEdited(const std::string &Name)
 
 void cSession::OnEdit(const std::string &)
 {
-    std::error_code   Ignored;
-    const int         bAgain = !m_Rejected.empty() && std::filesystem::exists(m_Rejected, Ignored);
+    const int         bAgain = !m_Rejected.empty() && KindOfFile(m_Rejected.c_str()) != fkNone;
     const std::string Name   = bAgain ? m_Rejected : ScratchFile();
     m_bPrinted               = 1;
     if (Name.empty() || (!bAgain && !m_Calculator.m_Engine.SaveProgram(Name.c_str())))
@@ -323,7 +321,7 @@ void cSession::OnEdit(const std::string &)
     else
         m_Error = "edit: the editor failed, see VISUAL or EDITOR";
     if (!bAgain && !Name.empty())
-        std::filesystem::remove(Name, Ignored);
+        RemoveDiskFile(Name.c_str());
 }
 
 void cSession::OnRun(const std::string &Argument)
@@ -357,10 +355,9 @@ void cSession::OnSave(const std::string &Argument)
 {
     const std::string Own  = State().m_szFileName;
     const std::string Name = Argument.empty() ? Own : Argument;
-    std::error_code   Ignored;
     if (Name.empty())
         m_Error = "save: which file?";
-    else if (Name != Own && std::filesystem::exists(Name, Ignored))
+    else if (Name != Own && KindOfFile(Name.c_str()) != fkNone)
         m_Error = "save: '" + Name + "' exists already; save! " + Name + " replaces it";
     else
         SaveAs(Name);

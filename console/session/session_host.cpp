@@ -2,15 +2,15 @@
 
 #include <chrono>
 #include <ostream>
-#include <thread>
 #include <utility>
 
 #include "console/session/terminal.h"
 #include "console/state_report.h"
 #include "console/stop_signal.h"
+#include "toolkit/sleep.h"
 
 // Between two looks at the signals.
-static const std::chrono::milliseconds kPauseLook(20);
+static const unsigned kPauseLook = 20;  // milliseconds
 
 cSessionHost::cSessionHost(const cStreams &Streams)
     : m_Streams(Streams), m_pEngine(nullptr), m_bPaused(0)
@@ -39,7 +39,7 @@ void cSessionHost::Pause(unsigned nMilliseconds)
     *m_Streams.m_pOut << DisplayedText(m_pEngine) << std::endl;
     m_bPaused = 1;
     while (IsTerminal() && !cStopSignals::Caught() && cClock::now() < End)
-        std::this_thread::sleep_for(kPauseLook);
+        SleepFor(kPauseLook);
     if (cStopSignals::Caught())
         m_pEngine->HaltProgram();
 }

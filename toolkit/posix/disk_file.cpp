@@ -2,12 +2,13 @@
 
 #include <cerrno>
 #include <climits>
-#include <cstdlib>
 #include <cstring>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include "toolkit/posix/real_name.h"
 
 static const int kMostLinks = 40;  // in a row, the system's own limit
 
@@ -54,9 +55,9 @@ static std::string Enter(const std::string &Folder, const std::string &Name)
         return Folder;
     if (Name == "..")
         return Folder.substr(0, Folder.rfind('/') == std::string::npos ? 0 : Folder.rfind('/'));
-    char              szReal[PATH_MAX];
     const std::string Entered = Folder + "/" + Name;
-    return realpath(Entered.c_str(), szReal) ? szReal : Entered;
+    const std::string Real    = RealName(Entered);
+    return Real.empty() ? Entered : Real;
 }
 
 static std::string WholeName(const char *szName)
@@ -187,21 +188,6 @@ FILE *BinaryStandardOutput()
 FILE *BinaryStandardInput()
 {
     return stdin;
-}
-
-FILE *OpenNamelessFile()
-{
-    const char *const szFolder = getenv("TMPDIR");
-    std::string       Name     = szFolder && *szFolder ? szFolder : "/tmp";
-    Name += "/vorstek-XXXXXX";
-    const int nFile = mkostemp(Name.data(), O_CLOEXEC);
-    if (nFile < 0)
-        return nullptr;
-    unlink(Name.c_str());
-    FILE *const pFile = fdopen(nFile, "w+b");
-    if (!pFile)
-        close(nFile);
-    return pFile;
 }
 
 const char *DefaultLogName()
