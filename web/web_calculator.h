@@ -75,6 +75,26 @@ private:
     int OnKeep(const cRequest &Request, std::string *pValue);
     int OnRestore(const cRequest &Request, std::string *pValue);
 
+    // graph
+    int OnView(const cRequest &Request, std::string *pValue);
+    int OnShowGraph(const cRequest &Request, std::string *pValue);
+    int OnReadout(const cRequest &Request, std::string *pValue);
+    int OnGraphSvg(const cRequest &Request, std::string *pValue);
+    int OnOpenGraph(const cRequest &Request, std::string *pValue);
+    int OnAppendGraph(const cRequest &Request, std::string *pValue);
+    int OnSaveGraph(const cRequest &Request, std::string *pValue);
+    int OnSetGraph(const cRequest &Request, std::string *pValue);
+    int OnGraphTitle(const cRequest &Request, std::string *pValue);
+    int OnGraphGrid(const cRequest &Request, std::string *pValue);
+    int OnGraphLegend(const cRequest &Request, std::string *pValue);
+    int OnAutoRange(const cRequest &Request, std::string *pValue);
+    int OnClearGraph(const cRequest &Request, std::string *pValue);
+    int OnFormatLine(const cRequest &Request, std::string *pValue);
+    int OnDeleteLine(const cRequest &Request, std::string *pValue);
+    int OnLinePoints(const cRequest &Request, std::string *pValue);
+    int OnAddLine(const cRequest &Request, std::string *pValue);
+    int OnReplacePoints(const cRequest &Request, std::string *pValue);
+
     std::string ListingText();
 
     cWebHost       m_Host;
