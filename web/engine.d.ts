@@ -90,6 +90,22 @@ export interface GraphLine {
     points: number;
 }
 
+/** How a line is drawn; without a label it keeps its own. */
+export interface LineFormat {
+    label: string;
+    type: number;
+    colour: number;
+    width: number;
+    style: number;
+    multiplier: number;  // of an existing line
+    offset: number;
+}
+
+export interface LinePoints {
+    text: string;
+    withX: boolean;
+}
+
 export interface GraphSettings {
     title: string;      // up to 100 characters, as the label
     label: string;      // of the horizontal axis
@@ -250,11 +266,12 @@ export declare class Engine {
     autoRange(): Promise<boolean>;
     clearGraph(): Promise<boolean>;
     /** Lines count from 1. */
-    formatLine(line: number, format: Omit<GraphLine, "points">): Promise<boolean>;
+    formatLine(line: number, format: LineFormat): Promise<boolean>;
     deleteLine(line: number): Promise<boolean>;
-    linePoints(line: number): Promise<{ x: Value[] | null; y: Value[] }>;
-    addLine(x: number[] | null, y: number[], format: Omit<GraphLine, "points">): Promise<boolean>;
-    replacePoints(line: number, x: number[] | null, y: number[]): Promise<boolean>;
+    /** The points as a text to edit, one a line: "1.5 , 2" with x values, "2" without. */
+    linePoints(line: number): Promise<LinePoints | null>;
+    addLine(points: LinePoints, format: LineFormat): Promise<boolean>;
+    replacePoints(line: number, points: LinePoints): Promise<boolean>;
 
     /** Ends the worker. */
     close(): void;
