@@ -143,6 +143,7 @@ class InterruptTest(LinuxCase):
         process.send_signal(signal.SIGINT)
         self.assertEqual(process.stdout.readline(), b"interrupted\n")
         self.assertRegex(process.stdout.readline(), rb"^> 0[2-5] ")
+        self.assertRegex(process.stdout.readline(), rb"^[0-9.]+\n$")
         output = process.communicate(b"step\n", TIMEOUT)[0]
         self.assertRegex(output, rb"^> 0[2-5] .*\n[0-9.]+\n$")
         self.assertEqual(process.returncode, 0)
