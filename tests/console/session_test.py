@@ -100,6 +100,7 @@ class SessionTest(TerminalCase):
         self.listing("LBL 1", "1", "+", "GTO 1")
         terminal = self.terminal()
         terminal.type("12 34")
+        terminal.wait_for("> 12 34")        # Ctrl-C discards keys that are not read yet
         terminal.keys("C-c")
         terminal.wait_for("> 12 34", *stack(), ">")
         terminal.line("load program.txt")
@@ -158,8 +159,7 @@ class SessionTest(TerminalCase):
         terminal.wait_for(*stack(), ">")
         terminal.type("12 34")
         terminal.keys("Left")
-        terminal.wait_for("> 12 34")
-        time.sleep(0.2)                     # the terminal forgets keys that are not read yet
+        wait_until(lambda: terminal.column() == len("> 12 3"))  # Ctrl-Z discards unread keys
         terminal.keys("C-z")
         terminal.wait(lambda screen: screen[-1].strip() == "$" and "Stopped" in screen[-2])
         terminal.line("echo 4$((1 + 1))")

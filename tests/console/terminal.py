@@ -82,6 +82,10 @@ class Terminal:
         with open(name, "rb", buffering=0) as tty:
             wait_until(lambda: os.get_terminal_size(tty.fileno()) == (width, height))
 
+    def column(self):
+        """Of the cursor, from 0."""
+        return int(self._tmux("display-message", "-p", "#{cursor_x}"))
+
     def screen(self):
         """Its rows, without those that are empty at the end."""
         return self._tmux("capture-pane", "-p").rstrip("\n").split("\n")
