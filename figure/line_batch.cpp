@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "figure/line_tracer.h"
+#include "figure/marker_cover.h"
 #include "figure/marker_grid.h"
 
 // Of all lines of a pass, 8 bytes each.
@@ -106,8 +107,10 @@ public:
         : m_Paper(Paper), m_nType(Look.m_nType), m_bMarkers(HasMarkers(Look, Extent)),
           m_dSpacing(Extent.m_dSpacing), m_Clipper(Around(Paper.m_Frame), &m_Store)
     {
-        if (m_bMarkers)
-            m_Grid = std::make_unique<cMarkerGrid>(Paper.m_Frame);
+        if (!m_bMarkers)
+            return;
+        m_Grid  = std::make_unique<cMarkerGrid>(Paper.m_Frame);
+        m_Cover = std::make_unique<cMarkerCover>(Paper.m_Frame, Look.m_Marker);
     }
 
     void Take(double dX, double dY)
@@ -122,7 +125,7 @@ public:
         const cSpot Spot = {m_Paper.m_X.Position(dX), m_Paper.m_Y.Position(dY)};
         if (!m_bMarkers)
             AddSpot(dX, Spot);
-        else if (m_Grid->Take(Spot))
+        else if (m_Grid->Take(Spot) && m_Cover->Add(Spot))
             m_Store.Vertex(Spot, 1);
     }
 
@@ -174,18 +177,19 @@ private:
         m_Clipper.LineTo({dX, m_Paper.m_dBase});
     }
 
-    const cPaper                &m_Paper;
-    uint32_t                     m_nType;
-    int                          m_bMarkers;
-    double                       m_dSpacing;          // of the line's end
-    int                          m_bPart        = 0;  // has begun
-    int                          m_bFormer      = 0;  // and has two points
-    double                       m_dFormerX     = 0.0;
-    double                       m_dPartSpacing = 0.0;
-    cSpot                        m_Former       = {};
-    cVertexStore                 m_Store;
-    cLineClipper                 m_Clipper;
-    std::unique_ptr<cMarkerGrid> m_Grid;  // null for a line without markers
+    const cPaper                 &m_Paper;
+    uint32_t                      m_nType;
+    int                           m_bMarkers;
+    double                        m_dSpacing;          // of the line's end
+    int                           m_bPart        = 0;  // has begun
+    int                           m_bFormer      = 0;  // and has two points
+    double                        m_dFormerX     = 0.0;
+    double                        m_dPartSpacing = 0.0;
+    cSpot                         m_Former       = {};
+    cVertexStore                  m_Store;
+    cLineClipper                  m_Clipper;
+    std::unique_ptr<cMarkerGrid>  m_Grid;  // null for a line without markers, as is m_Cover
+    std::unique_ptr<cMarkerCover> m_Cover;
 };
 
 class cLineBatch : public cPointSink
@@ -195,8 +199,8 @@ public:
                const cFigureExtents &Extents, size_t nFirst, cFigureCanvas *pCanvas)
         : m_Figure(Figure), m_Texts(Texts), m_nFirst(nFirst), m_pCanvas(pCanvas)
     {
-        // A grid has 16 bits for each pixel of the frame.
-        const double dGrid = Paper.m_Frame.Width() * Paper.m_Frame.Height() * 2.0 + 1.0;
+        // Grid and cover have 16 bits and one for each pixel of the frame.
+        const double dGrid = Paper.m_Frame.Width() * Paper.m_Frame.Height() * 17.0 / 8.0 + 1.0;
         const auto   nMost = static_cast<size_t>(std::max(kMostGridBytes / dGrid, 1.0));
         const size_t nEnd  = std::min(Extents.m_Lines.size(), nFirst + nMost);
         for (size_t nLine = nFirst; nLine < nEnd; nLine++)
