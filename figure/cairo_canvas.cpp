@@ -20,6 +20,9 @@ static const double kTurn = 6.283185307179586;
 // its length.
 static const size_t kMostPathPoints = 500;
 
+// The same of a PDF file, where each path also takes memory until the end.
+static const int kMostPathMarkers = 100;
+
 static cairo_status_t WriteToFile(void *pFile, const unsigned char *pBytes, unsigned nBytes)
 {
     const size_t nWritten = fwrite(pBytes, 1, nBytes, static_cast<FILE *>(pFile));
@@ -52,7 +55,7 @@ public:
     void   EndLine() override { DrawPath(); }
     void   BeginMarkers(const cMarkerLook &Look) override;
     void   Marker(const cSpot &Spot) override;
-    void   EndMarkers() override {}
+    void   EndMarkers() override;
     void   Text(const cSpot &At, eTextAnchor nAnchor, int bTurned, const cFigureText &Text,
                 const cTextStyle &Style) override;
 
@@ -67,12 +70,13 @@ private:
     cairo_t         *m_pCairo;
     ePictureFormat   m_nFormat;
     FILE            *m_pFile;
-    cStroke          m_Stroke      = {};
-    cMarkerLook      m_Marker      = {};
-    cSpot            m_At          = {};
-    size_t           m_nPathPoints = 0;
-    double           m_dDrawn      = 0.0;  // length of the line's part, before the path
-    double           m_dPath       = 0.0;  // length of the path
+    cStroke          m_Stroke       = {};
+    cMarkerLook      m_Marker       = {};
+    cSpot            m_At           = {};
+    size_t           m_nPathPoints  = 0;
+    int              m_nPathMarkers = 0;
+    double           m_dDrawn       = 0.0;  // length of the line's part, before the path
+    double           m_dPath        = 0.0;  // length of the path
 };
 
 }  // namespace
@@ -107,6 +111,8 @@ void cCairoCanvas::Begin(const cFigureAbout &About)
                                    CleanText(About.m_Title).c_str());
     cairo_pdf_surface_set_metadata(m_pSurface, CAIRO_PDF_METADATA_SUBJECT,
                                    CleanText(About.m_Description).c_str());
+    // Else the time is in it, and the same figure is never the same file.
+    cairo_pdf_surface_set_metadata(m_pSurface, CAIRO_PDF_METADATA_CREATE_DATE, "");
 }
 
 int cCairoCanvas::End()
@@ -228,13 +234,22 @@ void cCairoCanvas::BeginMarkers(const cMarkerLook &Look)
 
 void cCairoCanvas::Marker(const cSpot &Spot)
 {
+    cairo_new_sub_path(m_pCairo);
     const double                 dSize   = m_Marker.m_dSize;
     const std::span<const cSpot> Corners = CornersOfMarker(m_Marker.m_nShape);
     for (const cSpot &Corner : Corners)
         cairo_line_to(m_pCairo, Spot.m_dX + Corner.m_dX * dSize, Spot.m_dY + Corner.m_dY * dSize);
     if (Corners.empty())
         cairo_arc(m_pCairo, Spot.m_dX, Spot.m_dY, dSize / 2, 0.0, kTurn);
+    cairo_close_path(m_pCairo);
+    if (++m_nPathMarkers == (m_nFormat == pfPdf ? kMostPathMarkers : 1))
+        EndMarkers();
+}
+
+void cCairoCanvas::EndMarkers()
+{
     cairo_fill(m_pCairo);
+    m_nPathMarkers = 0;
 }
 
 void cCairoCanvas::Text(const cSpot &At, eTextAnchor nAnchor, int bTurned, const cFigureText &Text,

@@ -274,6 +274,13 @@ class ForeignReadersTest(FigureCase, LinuxCase):
         for word in ("Free fall", "seconds", "height", "speed", "0.5"):
             self.assertIn(word, text)
 
+    def test_the_same_figure_is_the_same_file(self):
+        self.plot(to="out.pdf")
+        self.assertNotIn("Date", self.tool("pdfinfo", "out.pdf"))
+        for name in ("svg", "png", "pdf"):
+            first = self.plot("--format", name, to="-").raw_out
+            self.assertEqual(self.plot("--format", name, to="-").raw_out, first)
+
     def test_standard_output_in_any_format(self):
         for name, magic in (("png", b"\x89PNG\r\n\x1a\n"), ("pdf", b"%PDF-"), ("svg", b"<?xml")):
             self.assertTrue(self.plot("--format", name, to="-").raw_out.startswith(magic))
