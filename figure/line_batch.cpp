@@ -59,11 +59,12 @@ public:
                                 static_cast<int32_t>(std::lround(Spot.m_dY * 100.0)) * 2 + bMove});
     }
 
-    // Draws what there is; what follows is drawn at once.
-    void StartDrawing(int bMarkers, cFigureCanvas *pCanvas)
+    // Draws what there is; what follows is drawn at once. The stroke has the
+    // width 0 for markers.
+    void StartDrawing(const cStroke &Stroke, cFigureCanvas *pCanvas)
     {
-        m_bMarkers = bMarkers;
-        m_pCanvas  = pCanvas;
+        m_Stroke  = Stroke;
+        m_pCanvas = pCanvas;
         for (const cStored &Stored : m_Stored)
         {
             const int     bMove = Stored.m_nYAndMove & 1;
@@ -72,6 +73,8 @@ public:
         }
         m_Stored.clear();
     }
+
+    void FinishDrawing() { EndPart(); }
 
     int    IsDrawing() const { return m_pCanvas != nullptr; }
     size_t Count() const { return m_Stored.size(); }
@@ -86,17 +89,53 @@ private:
 
     void Draw(const cSpot &Spot, int bMove)
     {
-        if (m_bMarkers)
+        if (m_Stroke.m_dWidth == 0.0)
+        {
             m_pCanvas->Marker(Spot);
-        else if (bMove)
+            return;
+        }
+        if (bMove)
+        {
+            EndPart();
             m_pCanvas->MoveTo(Spot);
+            m_Start = Spot;
+        }
         else
             m_pCanvas->LineTo(Spot);
+        m_bDot = bMove || (m_bDot && Spot.m_dX == m_Start.m_dX && Spot.m_dY == m_Start.m_dY);
+    }
+
+    // A point between two gaps would only be as long as the line is wide. Strokes side
+    // by side make a dot twice as wide; none is longer than the shortest dash.
+    void EndPart()
+    {
+        const double dHalf = m_Stroke.m_dWidth / 2.0;
+        for (int nRow = -1; nRow <= 1 && m_bDot; nRow++)
+        {
+            const double dY = m_Start.m_dY + nRow * dHalf;
+            if (m_Stroke.m_Dashes.empty())
+                DrawStroke(-dHalf, dHalf, dY);
+            else
+            {
+                DrawStroke(-2.0 * dHalf, 0.0, dY);
+                DrawStroke(0.0, 2.0 * dHalf, dY);
+            }
+        }
+        m_bDot = 0;
+    }
+
+    // From and to places right of the start.
+    void DrawStroke(double dFrom, double dTo, double dY)
+    {
+        m_pCanvas->MoveTo({m_Start.m_dX + dFrom, dY});
+        m_pCanvas->LineTo({m_Start.m_dX + dTo, dY});
     }
 
     std::deque<cStored> m_Stored;
-    cFigureCanvas      *m_pCanvas  = nullptr;
-    int                 m_bMarkers = 0;
+    cFigureCanvas      *m_pCanvas = nullptr;
+    cStroke             m_Stroke  = {};
+    cSpot               m_Start   = {};  // of the part
+    int                 m_bDot    = 0;   // the part has not moved from there
 };
 
 // A data line on its way from points to vertices.
@@ -255,11 +294,12 @@ private:
             m_pCanvas->BeginMarkers(Look.m_Marker);
         else
             m_pCanvas->BeginLine(Look.m_Stroke);
-        Pen.Store()->StartDrawing(Pen.IsMarkers(), m_pCanvas);
+        Pen.Store()->StartDrawing(Pen.IsMarkers() ? cStroke() : Look.m_Stroke, m_pCanvas);
     }
 
     void EndLine(size_t nPen)
     {
+        m_Pens[nPen].Store()->FinishDrawing();
         if (m_Pens[nPen].IsMarkers())
             m_pCanvas->EndMarkers();
         else

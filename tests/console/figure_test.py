@@ -178,6 +178,12 @@ class SvgTest(FigureCase):
         self.plot("--xrange", "0.2:0.8")
         self.assertNotIn("no data in this range", self.texts())
 
+    def test_a_point_between_gaps_is_a_dot(self):
+        self.plot(data="1\n2\nnan\n3\nnan\n4\n1\n")
+        self.assertEqual(re.findall(r"h[-.\d]+", self.curve().get("d")), ["h0"] + 3 * ["h1.5"])
+        self.plot("--style", "dot", data="1\n2\nnan\n3\nnan\n4\n1\n")
+        self.assertEqual(re.findall(r"h[-.\d]+", self.curve().get("d")), ["h0"] + 6 * ["h1.5"])
+
     def test_texts_of_any_bytes(self):
         self.plot(data=b'Title "\xff\xc3\xa4\x01<"\nSetLabels "\xe4&" , "b"\n1 , 2\n2 , 3\n')
         self.assertIn("\ufffd\u00e4\ufffd<", self.texts())
