@@ -8,6 +8,9 @@
 // be some doubles.
 static const double kLeastRange = 1e-13;
 
+// Nor is half of it narrower than this: the pixels of one unit would be infinite.
+static const double kLeastHalf = 1e-300;
+
 // Part of a single value that is visible on both sides of it.
 static const double kAroundValue = 0.1;
 
@@ -32,9 +35,9 @@ static double Limited(double dValue)
 static void PadLinear(double dMargin, double *pdMin, double *pdMax)
 {
     const double dMost = std::max(std::fabs(*pdMin), std::fabs(*pdMax));
-    if (*pdMax / 2 - *pdMin / 2 <= kLeastRange * dMost)
+    if (*pdMax / 2 - *pdMin / 2 <= std::max(kLeastRange * dMost, kLeastHalf))
     {
-        const double dAround = dMost > 0.0 ? std::max(kAroundValue * dMost, DBL_MIN) : 1.0;
+        const double dAround = dMost > 0.0 ? std::max(kAroundValue * dMost, 2 * kLeastHalf) : 1.0;
         *pdMin               = Limited(*pdMin - dAround);
         *pdMax               = Limited(*pdMax + dAround);
         return;
@@ -66,6 +69,11 @@ static cValueExtent WithBounds(const cRangeWish &Wish, cValueExtent Data)
     return Wish.m_bLog ? cValueExtent{1.0, 10.0} : cValueExtent{0.0, 1.0};
 }
 
+static int IsNothing(double dFrom, double dTo, int bLog)
+{
+    return dFrom == dTo || (!bLog && std::fabs(dTo / 2 - dFrom / 2) <= kLeastHalf);
+}
+
 cAxisRange ChooseRange(const cRangeWish &Wish, const cValueExtent &Data, double dMargin)
 {
     const cValueExtent Values  = WithBounds(Wish, Data);
@@ -76,7 +84,7 @@ cAxisRange ChooseRange(const cRangeWish &Wish, const cValueExtent &Data, double 
 
     cAxisRange Range = {Wish.m_dFrom.value_or(dMin), Wish.m_dTo.value_or(dMax), Wish.m_bLog};
     // A range of nothing shows what is around it.
-    if (Wish.m_dFrom && Wish.m_dTo && *Wish.m_dFrom == *Wish.m_dTo)
+    if (Wish.m_dFrom && Wish.m_dTo && IsNothing(*Wish.m_dFrom, *Wish.m_dTo, Wish.m_bLog))
         Range = {dMin, dMax, Wish.m_bLog};
     return Range;
 }

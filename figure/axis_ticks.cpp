@@ -1,6 +1,7 @@
 #include "figure/axis_ticks.h"
 
 #include <algorithm>
+#include <cfloat>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -218,8 +219,8 @@ class cLogTicks
 {
 public:
     cLogTicks(double dLeast, double dMost, uint32_t nWanted)
-        : m_dLeast(dLeast * (1 - 1e-12)), m_dMost(dMost * (1 + 1e-12)), m_nWanted(nWanted),
-          m_nFirst(FloorLog10(dLeast)), m_nLast(FloorLog10(dMost) + 1)
+        : m_dLeast(dLeast * (1 - 1e-12)), m_dMost(std::min(dMost * (1 + 1e-12), DBL_MAX)),
+          m_nWanted(nWanted), m_nFirst(FloorLog10(dLeast)), m_nLast(FloorLog10(dMost) + 1)
     {
     }
 

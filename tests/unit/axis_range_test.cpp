@@ -34,6 +34,16 @@ TEST_CASE("bounds that the user sets are kept, the other ones follow the data")
     CHECK(Backwards.m_dTo == 30.0);
 }
 
+TEST_CASE("bounds with next to nothing between them show what is around them")
+{
+    cRangeWish Wish;
+    Wish.m_dFrom           = 1e-320;
+    Wish.m_dTo             = 2e-320;
+    const cAxisRange Range = ChooseRange(Wish, {}, 0.05);
+    CHECK(Range.m_dFrom < -1e-301);
+    CHECK(Range.m_dTo > 1e-301);
+}
+
 TEST_CASE("a range has a length whatever the data")
 {
     static const struct
@@ -42,7 +52,8 @@ TEST_CASE("a range has a length whatever the data")
         double m_dMax;
     } s_Rows[] = {{7.0, 7.0},       {0.0, 0.0},          {-3.0, -3.0},       {1.0, 1.0 + 1e-15},
                   {-1e308, 1e308},  {-DBL_MAX, DBL_MAX}, {DBL_MAX, DBL_MAX}, {DBL_MIN, DBL_MIN},
-                  {5e-324, 5e-324}, {1e30, 1e30 + 1e20}, {-1e-300, 1e-300}};
+                  {5e-324, 5e-324}, {1e30, 1e30 + 1e20}, {-1e-300, 1e-300},  {5e-324, 1e-323},
+                  {1e-307, 2e-307}, {-1e-310, 0.0}};
     for (const auto &Row : s_Rows)
     {
         CAPTURE(Row.m_dMin);
@@ -53,6 +64,7 @@ TEST_CASE("a range has a length whatever the data")
         CHECK(Range.m_dFrom < Range.m_dTo);
         CHECK(Range.m_dFrom <= Row.m_dMin);
         CHECK(Range.m_dTo >= Row.m_dMax);
+        CHECK(std::isfinite(cAxisScale(Range, 0.0, 16383.0).Position(Row.m_dMax)));
     }
 }
 

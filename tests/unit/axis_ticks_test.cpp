@@ -110,3 +110,15 @@ TEST_CASE("decimal texts have all zeros and a true minus")
     CHECK(DecimalValue(-5, 22) == -5e22);
     CHECK(DecimalValue(3, -320) == doctest::Approx(3e-320));
 }
+
+TEST_CASE("ticks of the largest numbers are numbers")
+{
+    for (const int bLog : {0, 1})
+        for (const double dFrom : {1e300, 3e307, 9e307})
+            for (const cAxisTick &Tick : FindTicks({dFrom, DBL_MAX, bLog}, 6).m_Ticks)
+            {
+                CAPTURE(dFrom);
+                CHECK(Tick.m_dValue >= dFrom);
+                CHECK(Tick.m_dValue <= DBL_MAX);
+            }
+}
