@@ -23,5 +23,5 @@ set(implementation ${PROJECT_BINARY_DIR}/doctest/doctest.cpp)
 file(CONFIGURE OUTPUT ${implementation} CONTENT
     "#define DOCTEST_CONFIG_IMPLEMENT\n#include <doctest/doctest.h>\n" @ONLY)
 add_library(doctest STATIC EXCLUDE_FROM_ALL ${implementation})
-target_compile_options(doctest PRIVATE -O0 -g1)
+target_compile_options(doctest PRIVATE -O0 -g1 -U_FORTIFY_SOURCE)
 target_include_directories(doctest SYSTEM PUBLIC ${PROJECT_BINARY_DIR}/doctest)

@@ -53,8 +53,8 @@ static int ParseGifArguments(const std::vector<std::string> &Arguments, cGifArgu
         *pError = "gif needs two file names, a BMP file and a GIF file";
         return 0;
     }
-    pParsed->m_Bmp = Names[0];
-    pParsed->m_Gif = Names[1];
+    pParsed->m_Bmp = Names.front();
+    pParsed->m_Gif = Names.back();
     return 1;
 }
 

@@ -206,7 +206,9 @@ public:
 
     // Shows the box that formatting dValue now would show. All numbers but the
     // very smallest and largest format without one, whatever the display mode.
-    void ReportUnformattable(double dValue)
+    // Each line of a running program comes here: the array for the text, and the
+    // compiler's guard of it, stay in the rare case's own function.
+    [[gnu::always_inline]] void ReportUnformattable(double dValue)
     {
         const double dMagnitude = std::fabs(dValue);
         if (!((dMagnitude > 1e-98 && dMagnitude < 1e99) || dValue == 0.0))
@@ -250,10 +252,10 @@ public:
     int      m_bListingComplete;  // the listing box had room for the complete file
 
 private:
-    int                    IsXKeyed() const { return m_szEntry[0] && !m_bProgramMode; }
-    void                   FormatRegisterLine(unsigned nLine, char *szText, size_t nSize);
-    [[gnu::cold]] void     ReportRepairs(double dValue);
-    [[gnu::cold]] unsigned RepairLine(unsigned nLine);
+    int  IsXKeyed() const { return m_szEntry[0] && !m_bProgramMode; }
+    void FormatRegisterLine(unsigned nLine, char *szText, size_t nSize);
+    [[gnu::cold, gnu::noinline]] void ReportRepairs(double dValue);
+    [[gnu::cold]] unsigned            RepairLine(unsigned nLine);
 
     cNumberTexts m_NumberTexts;
 
