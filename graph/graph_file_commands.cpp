@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "graph/ascii_data_file.h"
+#include "graph/read_back.h"
 
 static const int kMessageText = 4608;  // a file name and the words around it
 
@@ -80,6 +81,19 @@ static void ReportIncompatible(cMessageBoxes *pBoxes, uint32_t nWritten, uint32_
     pBoxes->Ask(szText, nullptr, bnOk, icNone);
 }
 
+static void ReportUnreadable(cMessageBoxes *pBoxes, const char *szProblem, const char *szFile)
+{
+    char szText[kMessageText];
+    snprintf(szText, sizeof szText,
+             "The file was written:\n"
+             "  %s\n"
+             "\n"
+             "When it is opened, it will differ from the\n"
+             "graph: %s.",
+             szFile, szProblem);
+    pBoxes->Ask(szText, nullptr, bnOk, icNone);
+}
+
 int OpenGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFile,
                   cReadingWatch *pWatch)
 {
@@ -118,5 +132,7 @@ int SaveGraphFile(const cVantorPlot &Plot, cMessageBoxes *pBoxes, const char *sz
     }
     if (File.SetCount() < Plot.Count())
         ReportIncompatible(pBoxes, File.SetCount(), Plot.Count(), szFile);
+    if (const char *const szProblem = ReadBackProblem(File))
+        ReportUnreadable(pBoxes, szProblem, szFile);
     return 1;
 }

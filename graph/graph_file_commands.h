@@ -22,8 +22,8 @@ int AppendGraphFile(cVantorPlot *pPlot, cMessageBoxes *pBoxes, const char *szFil
                     cReadingWatch *pWatch = nullptr);
 
 // Writes the sets that can share a file with data line 1, and informs the user
-// if those are not all; this counts as success. Returns 0 when there is
-// no data, when the file cannot be written (the old one stays), and when memory
+// if those are not all, and if the file will not be read as it was written (a line of
+// it is too long, say); both count as success. Returns 0 when there is no data, when the file cannot be written (the old one stays), and when memory
 // ran out and the user gave up.
 int SaveGraphFile(const cVantorPlot &Plot, cMessageBoxes *pBoxes, const char *szFile);
 

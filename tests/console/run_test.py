@@ -359,6 +359,15 @@ class GraphFileTest(ConsoleCase):
                           "1 of the 2 data sets were written to the file:"])
         self.run_listing(lines, "--graph", "graph.svg", "--max-lines", "9", code=3)
 
+    def test_a_data_file_that_will_not_be_read_as_it_was_written_is_an_error(self):
+        lines = [line for n in range(1, 7) for line in (str(n), "SetG", "5", "ENTER", "1", "SumG")]
+        result = self.run_listing(("ClearG", *lines), "--graph", "graph.txt", code=1)
+        self.assertEqual(result.err, "The file was written:\n  graph.txt\n\n"
+                                     "When it is opened, it will differ from the\n"
+                                     "graph: the labels of the data lines are too long together.\n")
+        self.assertTrue(self.read_text("graph.txt").startswith("ExplicitX\n"))
+        self.run_listing(("ClearG", *lines[:-6]), "--graph", "graph.txt")
+
     def test_points_in_json_read_back_to_the_same_floats(self):
         values = [0.1, 1 / 3, 1e-30, 3.4e38, 16777217, -2.5e-7, 1e99]
         registers = [word for n, value in enumerate(values) for word in ("--reg", f"{n}={value!r}")]

@@ -179,6 +179,20 @@ TEST_CASE("Append adds the sets after the others and keeps title and axis label"
     CHECK(Rig.Set(3).m_crColor == 0x00FF00);
 }
 
+TEST_CASE("Save says that a file will not be read as it was written")
+{
+    cGraphRig Rig;
+    for (int nSet = 0; nSet < 6; nSet++)
+        Rig.AddY({1, 2});
+
+    CHECK(Rig.Save() == 1);
+
+    CHECK(Rig.Box() == "The file was written:\n  " + Rig.m_Folder.Name("saved.txt") +
+                           "\n\n"
+                           "When it is opened, it will differ from the\n"
+                           "graph: the labels of the data lines are too long together.");
+}
+
 TEST_CASE("a file that cannot be read leaves the graph as it was")
 {
     for (const int bOpen : {true, false})
