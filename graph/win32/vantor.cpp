@@ -185,6 +185,7 @@ LRESULT cVantor::OnSize(WPARAM wParam, LPARAM)
 LRESULT cVantor::OnDpiChanged(WPARAM wParam, LPARAM lParam)
 {
     m_Box.SetDpi(LOWORD(wParam));
+    m_StatusBar.SetDpi(LOWORD(wParam));
     TakeRect(m_hWnd, *reinterpret_cast<const RECT *>(lParam));
     return 0;
 }

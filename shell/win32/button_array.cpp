@@ -63,17 +63,39 @@ int cButtonArray::Create(cBaseWindow *pOwner, int nX, int nY, int nWidth, int nH
     if (!m_ClassShare.Acquire(Class))
         return ReportFailure("ERROR: RegisterClass() failed in cButtonArray::Create()");
 
+    SetFace(hFaceBitmap, hPalette, nSourceX, nSourceY, nFaceWidth, nFaceHeight);
+    if (!CreateChild(pOwner, dwStyle, nX, nY, nWidth, nHeight, nId, this))
+        return ReportFailure("ERROR: CreateWindow() failed in cButtonArray::Create()");
+    return 1;
+}
+
+void cButtonArray::SetFace(HBITMAP hFaceBitmap, HPALETTE hPalette, int nSourceX, int nSourceY,
+                           int nWidth, int nHeight)
+{
     BITMAP Face = {};
     GetObjectA(hFaceBitmap, sizeof Face, &Face);
     m_hFaceBitmap = hFaceBitmap;
     m_hPalette    = hPalette;
     m_nFaceSrcX   = nSourceX;
     m_nFaceSrcY   = nSourceY;
-    m_nFaceWidth  = nFaceWidth ? nFaceWidth : Face.bmWidth;
-    m_nFaceHeight = nFaceHeight ? nFaceHeight : Face.bmHeight;
-    if (!CreateChild(pOwner, dwStyle, nX, nY, nWidth, nHeight, nId, this))
-        return ReportFailure("ERROR: CreateWindow() failed in cButtonArray::Create()");
-    return 1;
+    m_nFaceWidth  = nWidth ? nWidth : Face.bmWidth;
+    m_nFaceHeight = nHeight ? nHeight : Face.bmHeight;
+}
+
+void cButtonArray::Restart(HBITMAP hFaceBitmap, HPALETTE hPalette, int nSourceX, int nSourceY)
+{
+    if (m_nPressedKey >= 0)
+        ReleaseKey();
+    if (m_nDraggedSwitch >= 0)
+        EndDrag();
+    EndFlash();
+    DeleteRects(&m_KeyRects);
+    DeleteRects(&m_SwitchRects);
+    DeleteRects(&m_DisplayRects);
+    m_hKeyBitmap    = nullptr;
+    m_hSwitchBitmap = nullptr;
+    SetFace(hFaceBitmap, hPalette, nSourceX, nSourceY, 0, 0);
+    InvalidateRect(m_hWnd, nullptr, TRUE);
 }
 
 int cButtonArray::SetKeyBitmap(HBITMAP hBitmap)
@@ -108,8 +130,12 @@ int cButtonArray::AddRect(cRectList *pList, int nX, int nY, int nWidth, int nHei
 
 void cButtonArray::DeleteRects(cRectList *pList)
 {
-    for (unsigned i = 0; i < pList->Count(); i++)
-        delete pList->At(i);
+    while (pList->Count() > 0)
+    {
+        RECT *const pRect = pList->At(pList->Count() - 1);
+        pList->Remove(pRect);
+        delete pRect;
+    }
 }
 
 int cButtonArray::AddKey(int nX, int nY, int nWidth, int nHeight)

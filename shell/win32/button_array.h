@@ -64,6 +64,10 @@ public:
     // The scale of the positions; the frames of the switches follow it.
     void SetScale(const cScale &Scale) { m_Scale = Scale; }
 
+    // Forgets keys, switches, display rectangles and pictures, for others to be added,
+    // and shows another face. Before that it releases a pressed key.
+    void Restart(HBITMAP hFaceBitmap, HPALETTE hPalette, int nSourceX, int nSourceY);
+
     // --- for the PC keyboard and its users. Codes are those of cKeyEvent.
 
     unsigned CountCodes() const { return m_KeyRects.Count() + m_SwitchRects.Count(); }
@@ -105,6 +109,8 @@ private:
 
     int  AddRect(cRectList *pList, int nX, int nY, int nWidth, int nHeight);
     void DeleteRects(cRectList *pList);
+    void SetFace(HBITMAP hFaceBitmap, HPALETTE hPalette, int nSourceX, int nSourceY, int nWidth,
+                 int nHeight);
     int  FindRect(const cRectList &List, POINT At) const;
     int  FindThumb(POINT At) const;
     RECT ThumbRect(unsigned nSwitch) const;

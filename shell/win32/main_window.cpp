@@ -35,6 +35,7 @@ const cVorstek::cMessageRow cVorstek::s_Messages[] =
     { WM_CREATE,          &cVorstek::OnCreate          },
     { WM_DESTROY,         &cVorstek::OnDestroy         },
     { WM_SIZE,            &cVorstek::OnSize            },
+    { WM_DPICHANGED,      &cVorstek::OnDpiChanged      },
     { WM_SETFOCUS,        &cVorstek::OnSetFocus        },
     { WM_KILLFOCUS,       &cVorstek::OnKillFocus       },
     { WM_PAINT,           &cVorstek::OnPaint           },
@@ -257,10 +258,12 @@ int cVorstek::CreateKeypad()
     m_Pictures.Load(m_Scale);
     return m_Keypad.Create(this, 0, 0, 0, 0, m_Pictures.Face(), m_Pictures.Palette(), 0,
                            m_nFaceOffset, 0, 0, WS_VISIBLE, IDC_KEYPAD) &&
-           AddKeys() && Listen(kSlotKey, OnKeyEvent) && Listen(kSlotDisplay, OnDisplayUncovered);
+           AddKeys(kSwitchStarts) && Listen(kSlotKey, OnKeyEvent) &&
+           Listen(kSlotDisplay, OnDisplayUncovered);
 }
 
-int cVorstek::AddKeys()
+// pStarts as kSwitchStarts.
+int cVorstek::AddKeys(const int *pStarts)
 {
     m_Keypad.SetScale(m_Scale);
     m_Keypad.SetKeyBitmap(m_Pictures.Keys());
@@ -277,13 +280,25 @@ int cVorstek::AddKeys()
         const int       nThumb = m_Scale.Length(kThumbWidth);
         if (!m_Keypad.AddSwitch(Switch.m_nLeft, Switch.m_nTop - m_nFaceOffset, Switch.m_nWidth,
                                 Switch.m_nHeight, nThumb,
-                                kSwitchStarts[i] ? Switch.m_nWidth - nThumb : 0))
+                                pStarts[i] ? Switch.m_nWidth - nThumb : 0))
             return 0;
     }
     // A hidden part of the face reduces the height of the rectangle, too.
     const cFaceRect Display = ScaledRect(kDisplayRect, m_Scale);
     return m_Keypad.AddDisplayRect(Display.m_nLeft, Display.m_nTop - m_nFaceOffset,
                                    Display.m_nWidth, Display.m_nHeight - m_nFaceOffset);
+}
+
+// The former pictures are needed until the keypad shows the new ones.
+void cVorstek::ChangeFace()
+{
+    const cFacePictures Former = std::move(m_Pictures);
+    int                 Starts[kFaceSwitches];
+    for (int i = 0; i < kFaceSwitches; i++)
+        Starts[i] = m_Keypad.IsRight(kFaceKeys + 1U + static_cast<unsigned>(i));
+    m_Pictures.Load(m_Scale);
+    m_Keypad.Restart(m_Pictures.Face(), m_Pictures.Palette(), 0, m_nFaceOffset);
+    AddKeys(Starts);
 }
 
 int cVorstek::Listen(uint32_t nSlot, cCallbackRec::cMemberCall pfnMember)
@@ -521,6 +536,42 @@ LRESULT cVorstek::OnSize(WPARAM wParam, LPARAM lParam)
         SizeToBoxes();
     else
         LayOut(LOWORD(lParam), HIWORD(lParam));
+    return 0;
+}
+
+// 1 if the client area has the size that SizeWindow gives it.
+int cVorstek::IsFitted() const
+{
+    cWindowParts      Sized  = Parts();
+    const cLayoutSize Wanted = FindClientSize(&Sized);
+    RECT              Client = {};
+    GetClientRect(m_hWnd, &Client);
+    return Client.right == Wanted.m_nWidth && Client.bottom == Wanted.m_nHeight;
+}
+
+// The window comes to a screen with another resolution. Where the user has not changed
+// its size, it gets the size that fits exactly.
+LRESULT cVorstek::OnDpiChanged(WPARAM wParam, LPARAM lParam)
+{
+    const cScale Former     = m_Scale;
+    const int    bFitted    = IsFitted();
+    const int    nListing   = m_nListingWidth;
+    const int    nRegisters = m_nRegistersWidth;
+    TakeRect(m_hWnd, *reinterpret_cast<const RECT *>(lParam));
+    FindScale(LOWORD(wParam));
+    m_nListingWidth   = m_Scale.From(Former, nListing);
+    m_nRegistersWidth = m_Scale.From(Former, nRegisters);
+    ScaleToolBar();
+    m_StatusBar.SetDpi(m_Scale.Dpi());
+    m_ListingBox.SetDpi(m_Scale.Dpi());
+    m_RegistersBox.SetDpi(m_Scale.Dpi());
+    CreateFonts();
+    ChangeFace();
+    if (bFitted)
+        SizeToBoxes();
+    else
+        LayOutAgain();
+    InvalidateRect(m_hWnd, nullptr, TRUE);
     return 0;
 }
 

@@ -82,7 +82,8 @@ private:
     int  CreateBox(cEditBox *pBox, uint32_t nId);
     int  CreateKeypad();
     int  CreateGraph();
-    int  AddKeys();
+    int  AddKeys(const int *pStarts);
+    void ChangeFace();
     int  Listen(uint32_t nSlot, cCallbackRec::cMemberCall pfnMember);
     void CreateFonts();
     void FindScale(int nDpi);
@@ -90,6 +91,7 @@ private:
     // --- layout
     cWindowParts Parts() const;
     static int   HeightOf(const cBaseWindow &Bar);  // 0 while it is hidden
+    int          IsFitted() const;
     int          IsLowestScreen() const;
     int          LimitHeight(int nHeight) const;
     int          LimitTop(int nTop, int nHeight) const;
@@ -110,6 +112,7 @@ private:
     LRESULT OnCreate(WPARAM wParam, LPARAM lParam);
     LRESULT OnDestroy(WPARAM wParam, LPARAM lParam);
     LRESULT OnSize(WPARAM wParam, LPARAM lParam);
+    LRESULT OnDpiChanged(WPARAM wParam, LPARAM lParam);
     LRESULT OnSetFocus(WPARAM wParam, LPARAM lParam);
     LRESULT OnKillFocus(WPARAM wParam, LPARAM lParam);
     LRESULT OnPaint(WPARAM wParam, LPARAM lParam);

@@ -2,14 +2,31 @@
 
 #include "toolkit/win32/gdi.h"
 
+// A function of user32 that old platforms do not have; null there.
+template <class cCall> static cCall FindCall(const char *szName)
+{
+    const FARPROC pfnFound = GetProcAddress(GetModuleHandleA("user32.dll"), szName);
+    return reinterpret_cast<cCall>(reinterpret_cast<void *>(pfnFound));
+}
+
 int ScreenDpi(HWND hWnd)
 {
-    // Newer than the platform's other functions.
-    static const auto pfnForWindow =
-        reinterpret_cast<UINT(WINAPI *)(HWND)>(reinterpret_cast<void *>(
-            GetProcAddress(GetModuleHandleA("user32.dll"), "GetDpiForWindow")));
-    const UINT nDpi = hWnd && pfnForWindow ? pfnForWindow(hWnd) : 0;
+    static const auto pfnForWindow = FindCall<UINT(WINAPI *)(HWND)>("GetDpiForWindow");
+    const UINT        nDpi         = hWnd && pfnForWindow ? pfnForWindow(hWnd) : 0;
     return nDpi ? static_cast<int>(nDpi) : GetDeviceCaps(cWindowDc(nullptr).Get(), LOGPIXELSY);
+}
+
+int FindStatusFont(int nDpi, LOGFONTW *pLogFont)
+{
+    static const auto pfnForDpi =
+        FindCall<BOOL(WINAPI *)(UINT, UINT, void *, UINT, UINT)>("SystemParametersInfoForDpi");
+    NONCLIENTMETRICSW Metrics = {};
+    Metrics.cbSize            = sizeof Metrics;
+    if (!pfnForDpi ||
+        !pfnForDpi(SPI_GETNONCLIENTMETRICS, sizeof Metrics, &Metrics, 0, static_cast<UINT>(nDpi)))
+        return 0;
+    *pLogFont = Metrics.lfStatusFont;
+    return 1;
 }
 
 void TakeRect(HWND hWnd, const RECT &Rect)

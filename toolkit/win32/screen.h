@@ -9,6 +9,10 @@
 // Dots per inch of the screen that shows the window, or of the first screen for null.
 int ScreenDpi(HWND hWnd);
 
+// The font of status bars on a screen with nDpi dots per inch. 0 where the platform
+// does not know it.
+int FindStatusFont(int nDpi, LOGFONTW *pLogFont);
+
 // Moves a window to where the platform wants it after WM_DPICHANGED.
 void TakeRect(HWND hWnd, const RECT &Rect);
 

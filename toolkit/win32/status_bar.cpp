@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cstdarg>
 #include <cstdio>
+#include <utility>
 
 #include "toolkit/win32/progress_bar.h"
+#include "toolkit/win32/screen.h"
 
 static const UINT kMenuClosed = 0xFFFF;
 static const int  kMostParts  = 256;  // the platform's limit
@@ -47,6 +49,17 @@ int cStatusBar::SetText(int nPart, const char *szFormat, ...)
     va_end(pArguments);
     return SendMessageA(m_hWnd, SB_SETTEXTA, static_cast<WPARAM>(nPart),
                         reinterpret_cast<LPARAM>(szText)) != 0;
+}
+
+// The old font is deleted only after the control has the new one.
+void cStatusBar::SetDpi(int nDpi)
+{
+    LOGFONTW LogFont = {};
+    if (!FindStatusFont(nDpi, &LogFont))
+        return;
+    cGdiFont Font(CreateFontIndirectW(&LogFont));
+    SendMessageA(m_hWnd, WM_SETFONT, reinterpret_cast<WPARAM>(Font.Get()), TRUE);
+    m_Font = std::move(Font);
 }
 
 void cStatusBar::OnMenuSelect(UINT nItem, UINT nFlags, HMENU hMenu)

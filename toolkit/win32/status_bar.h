@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "toolkit/win32/base_window.h"
+#include "toolkit/win32/gdi.h"
 
 class cProgressBar;
 
@@ -35,6 +36,10 @@ public:
     int SetText(int nPart, const char *szFormat, ...)
         __attribute__((format(__MINGW_PRINTF_FORMAT, 3, 4)));
 
+    // Uses the platform's font for status bars on a screen with nDpi dots per inch,
+    // where it knows that.
+    void SetDpi(int nDpi);
+
     // For WM_MENUSELECT: shows the string resource with the id of the item, or
     // nothing for pop-ups, separators and the system menu. nFlags 0xFFFF without
     // a menu means that the menu was closed; the parts are shown again.
@@ -54,6 +59,7 @@ private:
     int  LastPartLeft() const;
 
     std::unique_ptr<cProgressBar> m_pProgressBar;
+    cGdiFont                      m_Font;  // empty until SetDpi: the control's own
 };
 
 #endif
