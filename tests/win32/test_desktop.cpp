@@ -17,8 +17,17 @@ static void CloseHandles(const PROCESS_INFORMATION &Process)
     CloseHandle(Process.hProcess);
 }
 
-cTestDesktop::cTestDesktop(int nWidth, int nHeight) : m_Explorer()
+// Also the usual resolution is written: an earlier test may have left another one.
+static void SetResolution(DWORD nDpi)
 {
+    if (IsWine())
+        RegSetKeyValueA(HKEY_CURRENT_USER, "Control Panel\\Desktop", "LogPixels", REG_DWORD, &nDpi,
+                        sizeof nDpi);
+}
+
+cTestDesktop::cTestDesktop(int nWidth, int nHeight, int nDpi) : m_Explorer()
+{
+    SetResolution(static_cast<DWORD>(nDpi));
     snprintf(m_szName, sizeof m_szName, "%s%lu", kNameStart, GetCurrentProcessId());
     char szCommand[120];
     snprintf(szCommand, sizeof szCommand, "explorer.exe /desktop=%s,%dx%d", m_szName, nWidth,
@@ -38,6 +47,15 @@ cTestDesktop::~cTestDesktop()
     TerminateProcess(m_Explorer.hProcess, 0);
     WaitForSingleObject(m_Explorer.hProcess, kTimeout);
     CloseHandles(m_Explorer);
+}
+
+void cTestDesktop::SeePixels()
+{
+    const FARPROC pfnSet =
+        GetProcAddress(GetModuleHandleA("user32.dll"), "SetProcessDpiAwarenessContext");
+    if (pfnSet)
+        reinterpret_cast<BOOL(WINAPI *)(HANDLE)>(reinterpret_cast<void *>(pfnSet))(
+            reinterpret_cast<HANDLE>(-4));  // per monitor, version 2
 }
 
 int cTestDesktop::IsEntered()

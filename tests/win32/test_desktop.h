@@ -10,8 +10,9 @@
 class cTestDesktop
 {
 public:
-    // Creates a desktop of this size, on which windows have frames.
-    cTestDesktop(int nWidth, int nHeight);
+    // Creates a desktop of this size, on which windows have frames. Under Wine, programs
+    // that start from now on find the resolution nDpi, in dots per inch.
+    cTestDesktop(int nWidth, int nHeight, int nDpi = 96);
 
     // Closes the desktop with everything on it.
     ~cTestDesktop();
@@ -25,6 +26,9 @@ public:
     // Starts this program again with the same arguments, on the desktop: a running
     // program cannot change its desktop. Returns its exit code.
     int RunThisProgram() const;
+
+    // Makes this program see the pixels of the screen as they are, in any resolution.
+    static void SeePixels();
 
     // The name for STARTUPINFO: "vorstek-tests-120".
     const char *Name() const { return m_szName; }

@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "resources/resource.h"
-#include "shell/face_geometry.h"
+#include "shell/window_layout.h"
 #include "tests/window/face_reader.h"
 #include "tests/window/input.h"
 #include "tests/window/menus.h"
@@ -108,10 +108,11 @@ static void LinkOrCopy(const std::string &From, const std::string &To)
         std::filesystem::copy_file(From, To);
 }
 
-cCalculator::cCalculator(int bStayAtWelcome)
-    : m_hWnd(nullptr),
-      m_nFaceOffset(GetSystemMetrics(SM_CYSCREEN) < kFullFaceScreen ? kLowFaceOffset : 0)
+cCalculator::cCalculator(int bStayAtWelcome) : m_hWnd(nullptr), m_nFaceOffset(0)
 {
+    const HDC hScreen = GetDC(nullptr);
+    SetScale(cScale(GetDeviceCaps(hScreen, LOGPIXELSY)));
+    ReleaseDC(nullptr, hScreen);
     LinkOrCopy(VORSTEK_PROGRAM, m_Folder.Name("Vorstek.exe"));
     std::string  Program = Path("Vorstek.exe");
     STARTUPINFOA Startup = {};
@@ -191,7 +192,7 @@ void cCalculator::SettlePaint() const
 
 POINT cCalculator::OnFace(int x, int y) const
 {
-    POINT Point = {x, y - m_nFaceOffset};
+    POINT Point = {m_Scale.Length(x), m_Scale.Length(y) - m_nFaceOffset};
     ClientToScreen(Keypad(), &Point);
     return Point;
 }
@@ -236,16 +237,36 @@ void cCalculator::Slide(eSwitch nSwitch, int bRight)
     Settle();
 }
 
+void cCalculator::SetScale(const cScale &Scale)
+{
+    m_Scale       = Scale;
+    m_nFaceOffset = FaceOffset(GetSystemMetrics(SM_CYSCREEN), Scale);
+    m_pLarge      = std::make_unique<cFaceReader>(ffLarge, Scale.Dpi());
+    m_pSmall      = std::make_unique<cFaceReader>(ffSmall, Scale.Dpi());
+}
+
+void cCalculator::SetFittedScale()
+{
+    int nDpi = kUsualDpi;
+    while (cScale(nDpi).Length(kFaceWidth) < ClientOf(Keypad()).right)
+        nDpi++;
+    SetScale(cScale(nDpi));
+}
+
+void cCalculator::ChangeResolution(int nDpi)
+{
+    m_Probe.AskWindow(m_hWnd, pbResolution, static_cast<UINT>(m_Scale.Dpi() << 16 | nDpi));
+    SetScale(cScale(nDpi));
+    SettlePaint();
+}
+
 std::string cCalculator::Read(int bSmall, int nLeft, int nTop, int nLength) const
 {
-    static const cFaceReader s_Large(ffLarge);
-    static const cFaceReader s_Small(ffSmall);
-
     // Positions of texts count from inside the keypad's edge.
     const RECT Face = RectOf(Keypad());
-    const int  x    = GetSystemMetrics(SM_CXEDGE) + nLeft;
-    const int  y    = GetSystemMetrics(SM_CYEDGE) - m_nFaceOffset + nTop;
-    return (bSmall ? s_Small : s_Large).Read(cPicture::OfScreen(Face), x, y, nLength);
+    const int  x    = GetSystemMetrics(SM_CXEDGE) + m_Scale.Length(nLeft);
+    const int  y    = GetSystemMetrics(SM_CYEDGE) - m_nFaceOffset + m_Scale.Length(nTop);
+    return (bSmall ? m_pSmall : m_pLarge)->Read(cPicture::OfScreen(Face), x, y, nLength);
 }
 
 int cCalculator::Reads(int bSmall, int nLeft, int nTop, int nLength, const std::string &Text) const

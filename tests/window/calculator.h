@@ -11,15 +11,18 @@
 #include "toolkit/win32/win32.h"
 
 #include <initializer_list>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "resources/resource.h"
 #include "tests/unit/scratch_folder.h"
+#include "tests/window/face_reader.h"
 #include "tests/window/picture.h"
 #include "tests/window/probe_link.h"
 #include "tests/window/shared_rig.h"
+#include "toolkit/scale.h"
 
 // A message box as it appears on the screen.
 struct cSeenBox
@@ -117,6 +120,15 @@ public:
     HWND StatusBar() const { return Child(STATUSCLASSNAMEA, IDC_STATUSBAR); }
 
     // --- the face
+
+    // The scale of the screen, in which positions on the face are turned into pixels.
+    const cScale &Scale() const { return m_Scale; }
+
+    // On a screen that is too low for its scale, takes that of the keypad's width.
+    void SetFittedScale();
+
+    // Tells the program that its window came to a screen with nDpi dots per inch.
+    void ChangeResolution(int nDpi);
 
     // Screen position of a point of the unshifted face.
     POINT OnFace(int x, int y) const;
@@ -262,6 +274,7 @@ public:
     std::string Path(const std::string &File) const;
 
 private:
+    void SetScale(const cScale &Scale);
     void ClickWelcomeOk();
     HWND FocusedWindow() const;
     HWND FileNameField() const;
@@ -273,7 +286,11 @@ private:
     cOwnedProcess  m_Process;
     HWND           m_hWnd;
     cProbeLink     m_Probe;
+    cScale         m_Scale;
     int            m_nFaceOffset;
+
+    std::unique_ptr<cFaceReader> m_pLarge;
+    std::unique_ptr<cFaceReader> m_pSmall;
 };
 
 #endif

@@ -7,9 +7,9 @@ static const char     kLastCharacter   = '~';
 static const int      kSegmentPoints[] = {12, 8};
 static const COLORREF kLit             = RGB(255, 0, 0);
 
-static HFONT CreateFaceFont(const cWindowDc &Screen, const char *szFace, eFaceFont nFont)
+static HFONT CreateFaceFont(const char *szFace, eFaceFont nFont, int nDpi)
 {
-    const int nHeight = -MulDiv(kSegmentPoints[nFont], GetDeviceCaps(Screen.Get(), LOGPIXELSY), 72);
+    const int nHeight = -MulDiv(kSegmentPoints[nFont], nDpi, 72);
     return CreateFontA(nHeight, 0, 0, 0, FW_NORMAL, 0, 0, 0, ANSI_CHARSET, OUT_DEFAULT_PRECIS,
                        CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN, szFace);
 }
@@ -27,11 +27,11 @@ static int IsInstalled(const cWindowDc &Screen, const char *szFace)
     return bFound;
 }
 
-cFaceReader::cFaceReader(eFaceFont nFont) : m_nWidth(0)
+cFaceReader::cFaceReader(eFaceFont nFont, int nDpi) : m_nWidth(0)
 {
     const cWindowDc Screen(nullptr);
     const char *szFace = IsInstalled(Screen, "Lucida Console") ? "Lucida Console" : "Courier New";
-    const cGdiFont     Font(CreateFaceFont(Screen, szFace, nFont));
+    const cGdiFont     Font(CreateFaceFont(szFace, nFont, nDpi));
     const cSelectGuard Selected(Screen.Get(), Font.Get());
     SIZE               Cell = {};
     GetTextExtentPoint32A(Screen.Get(), "M", 1, &Cell);

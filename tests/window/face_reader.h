@@ -20,7 +20,8 @@ enum eFaceFont
 class cFaceReader
 {
 public:
-    explicit cFaceReader(eFaceFont nFont);
+    // The font on a screen with nDpi dots per inch.
+    cFaceReader(eFaceFont nFont, int nDpi);
 
     // The text of nLength characters at (x, y) of the picture, with '?' for everything
     // that is not exactly one character on black.

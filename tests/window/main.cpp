@@ -1,5 +1,6 @@
 // The test program's main(). It takes the options of doctest, which --help
-// lists, and --screen=800x599, which sets the size of the desktop.
+// lists, --screen=800x599, which sets the size of the desktop, and --dpi=144, which
+// sets its resolution.
 
 #include "toolkit/win32/win32.h"
 
@@ -46,11 +47,16 @@ int main(int nArguments, char **pszArguments)
 {
     int nWidth  = 1280;
     int nHeight = 1024;
+    int nDpi    = 96;
     for (int i = 1; i < nArguments; i++)
+    {
         sscanf(pszArguments[i], "--screen=%dx%d", &nWidth, &nHeight);
+        sscanf(pszArguments[i], "--dpi=%d", &nDpi);
+    }
+    cTestDesktop::SeePixels();
     if (!cTestDesktop::IsEntered())
     {
-        const cTestDesktop Desktop(nWidth, nHeight);
+        const cTestDesktop Desktop(nWidth, nHeight, nDpi);
         return Desktop.RunThisProgram();
     }
     // A window that opened under the pointer would receive mouse moves.

@@ -170,6 +170,16 @@ static void EndWelcome(HWND hWelcome)
         SendMessageA(hWelcome, WM_TIMER, IDT_WELCOME, 0);
 }
 
+// The platform suggests a place in proportion, with the same upper left corner.
+static void ChangeResolution(HWND hWnd, int nFormer, UINT nDpi)
+{
+    RECT Place = {};
+    GetWindowRect(hWnd, &Place);
+    Place.right  = Place.left + MulDiv(Place.right - Place.left, static_cast<int>(nDpi), nFormer);
+    Place.bottom = Place.top + MulDiv(Place.bottom - Place.top, static_cast<int>(nDpi), nFormer);
+    SendMessageA(hWnd, WM_DPICHANGED, MAKEWPARAM(nDpi, nDpi), reinterpret_cast<LPARAM>(&Place));
+}
+
 static HMENU MenuOf(HWND hWnd)
 {
     const auto hPopup = reinterpret_cast<HMENU>(SendMessageA(hWnd, MN_GETHMENU, 0, 0));
@@ -235,6 +245,9 @@ static void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
         break;
     case pbEndWelcome:
         EndWelcome(hWnd);
+        break;
+    case pbResolution:
+        ChangeResolution(hWnd, HIWORD(nId), LOWORD(nId));
         break;
     case pbDiskRoom:
         LeaveRoomOnDisk(nId);

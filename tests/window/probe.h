@@ -43,6 +43,8 @@ enum eProbe
     pbStatusText,  // m_szText: of the status bar's only part
     pbObjects,     // m_nValue: GDI objects, m_nMore: user objects, such as windows and menus
     pbEndWelcome,  // ends the two seconds during which the welcome box disables OK
+    pbResolution,  // the window comes to a screen with other dots per inch; lParam the
+                   // new ones, in its upper half the former ones
     pbDiskRoom,    // the disk is full after lParam more bytes
     pbReadOnly,    // no file can be created
     pbNoDibs,      // the screen has no device-independent bitmaps
