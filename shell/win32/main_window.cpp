@@ -559,18 +559,17 @@ LRESULT cVorstek::OnDpiChanged(WPARAM wParam, LPARAM lParam)
     const int    nRegisters = m_nRegistersWidth;
     TakeRect(m_hWnd, *reinterpret_cast<const RECT *>(lParam));
     FindScale(LOWORD(wParam));
-    m_nListingWidth   = m_Scale.From(Former, nListing);
-    m_nRegistersWidth = m_Scale.From(Former, nRegisters);
     ScaleToolBar();
     m_StatusBar.SetDpi(m_Scale.Dpi());
     m_ListingBox.SetDpi(m_Scale.Dpi());
     m_RegistersBox.SetDpi(m_Scale.Dpi());
     CreateFonts();
     ChangeFace();
+    LayOutAgain();  // bars get their new heights
+    m_nListingWidth   = m_Scale.From(Former, nListing);
+    m_nRegistersWidth = m_Scale.From(Former, nRegisters);
     if (bFitted)
         SizeToBoxes();
-    else
-        LayOutAgain();
     InvalidateRect(m_hWnd, nullptr, TRUE);
     return 0;
 }

@@ -90,6 +90,17 @@ static void FitPicture(HWND hDialog, cGdiBitmap *pScaled)
                  Window.bottom - Window.top + nDown, SWP_NOMOVE | SWP_NOZORDER);
 }
 
+// The area in which dialogs are centred may be larger than what can be seen.
+static void MoveOntoScreen(HWND hDialog)
+{
+    const RECT Work   = WorkArea(hDialog);
+    RECT       Window = {};
+    GetWindowRect(hDialog, &Window);
+    const LONG nTop = std::max(Work.bottom - (Window.bottom - Window.top), Work.top);
+    if (Window.top > nTop)
+        SetWindowPos(hDialog, nullptr, Window.left, nTop, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+}
+
 static INT_PTR CALLBACK WelcomeProc(HWND hDialog, UINT nMessage, WPARAM wParam, LPARAM lParam)
 {
     switch (nMessage)
@@ -97,6 +108,7 @@ static INT_PTR CALLBACK WelcomeProc(HWND hDialog, UINT nMessage, WPARAM wParam, 
     case WM_INITDIALOG:
         FitPicture(hDialog, reinterpret_cast<cGdiBitmap *>(lParam));
         CenterWindow(hDialog);
+        MoveOntoScreen(hDialog);
         SetTimer(hDialog, IDT_WELCOME, kWelcomeTime, nullptr);
         return TRUE;
     case WM_TIMER:

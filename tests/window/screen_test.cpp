@@ -3,6 +3,8 @@
 
 #include "tests/window/calculator.h"
 
+#include <cstdlib>
+
 #include <doctest/doctest.h>
 
 #include "tests/window/graph_window.h"
@@ -55,6 +57,52 @@ static void CheckFaceFrom(cCalculator &Calculator, int nFirst, int nOther,
     CheckWorking(Calculator);
     Calculator.PhotographScreen().Save(Picture);
     CHECK(DraggedSmall(Calculator) == std::pair<int, int>(318, 617));
+}
+
+TEST_CASE("the welcome box fits on a screen of 640 by 480 and is closed there" *
+          doctest::test_suite("640x480") * doctest::skip(IsScreenOther(640, 480)))
+{
+    cCalculator Calculator(1);
+    const HWND  hWelcome = Calculator.Welcome();
+    const RECT  Welcome  = RectOf(hWelcome);
+    const RECT  Ok       = RectIn(hWelcome, GetDlgItem(hWelcome, IDOK));
+    const RECT  Picture  = RectIn(hWelcome, FindWindowExA(hWelcome, nullptr, "STATIC", nullptr));
+    Calculator.PhotographScreen().Save("screen-480");
+
+    CHECK(Welcome.left >= 0);
+    CHECK(Welcome.top >= 0);
+    CHECK(Welcome.right <= 640);
+    CHECK(Welcome.bottom <= 480);
+    CHECK(Picture.bottom > 380);
+    CHECK(std::abs(Picture.right * 510 - Picture.bottom * 600) <= 600);
+    CHECK(Ok.top >= Picture.bottom);
+    CHECK(Ok.bottom <= ClientOf(hWelcome).bottom);
+    Calculator.PassWelcomeToDialog();
+    Calculator.Click("OK");
+    CHECK(Calculator.ExitCode() == 0);
+}
+
+TEST_CASE("on a low screen of high resolution the face is as large as all keys fit" *
+          doctest::test_suite("1366x768") * doctest::skip(IsScreenOther(1366, 768)))
+{
+    cCalculator Calculator;
+    const RECT  Window = RectOf(Calculator.Window());
+    const RECT  Keypad = ClientOf(Calculator.Keypad());
+    Calculator.SetFittedScale();
+    Calculator.PhotographScreen().Save("screen-768-fine");
+
+    CHECK(Calculator.Scale().Dpi() > 110);
+    CHECK(Calculator.Scale().Dpi() < 144);
+    CHECK(Keypad.right == Calculator.Scale().Length(306));
+    CHECK(Window.top >= 0);
+    CHECK(Window.bottom <= 768);
+    POINT Lowest = Calculator.OnKey(kKeyRunStop);
+    ScreenToClient(Calculator.Keypad(), &Lowest);
+    CHECK(Lowest.y + Calculator.Scale().Length(16) <= Keypad.bottom);
+    CheckSum(Calculator);
+    Calculator.HitKey(kKeyRunStop);
+    Calculator.Settle();
+    CHECK_FALSE(Calculator.HasDialog());
 }
 
 TEST_CASE("a screen of 599 rows is refused" * doctest::test_suite("800x599") *
