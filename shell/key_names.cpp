@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "engine/key_codes.h"
+
 static const char *const kTrueTest = "next line only if true";
 
 // The manual reads these rows, so a row is one line and a text one literal or

@@ -8,8 +8,9 @@
 
 #include <cstddef>
 
-#include "engine/key_codes.h"
 #include "shell/face_geometry.h"
+
+struct cKeySequence;
 
 // One function of a key. All texts are "" for a key that has none in this colour.
 struct cKeyFunction

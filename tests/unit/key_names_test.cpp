@@ -6,6 +6,8 @@
 
 #include <doctest/doctest.h>
 
+#include "engine/key_codes.h"
+
 static std::string Tip(unsigned nCode)
 {
     char szText[kKeyTip];
