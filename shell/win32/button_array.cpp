@@ -20,6 +20,7 @@ const cButtonArray::cMessageRow cButtonArray::s_Messages[] =
     { WM_LBUTTONDOWN,    &cButtonArray::OnLButtonDown    },
     { WM_LBUTTONUP,      &cButtonArray::OnLButtonUp      },
     { WM_TIMER,          &cButtonArray::OnTimer          },
+    { kPressMessage,     &cButtonArray::OnPress          },
 };
 // clang-format on
 
@@ -443,6 +444,8 @@ void cButtonArray::MoveSwitch(unsigned nSwitch, int nPosition)
         return;
     m_SwitchPos[nSwitch] = bRight ? nTravel : 0;
     FireKey(m_KeyRects.Count() + nSwitch, bRight);
+    NotifyWinEvent(EVENT_OBJECT_STATECHANGE, m_hWnd, OBJID_CLIENT,
+                   static_cast<LONG>(m_KeyRects.Count() + nSwitch + 1));
 }
 
 // The thumb stays where it was dropped until the next paint.

@@ -21,6 +21,9 @@ const uint32_t kSlotDisplay = 1;
 
 const unsigned kMostSwitches = 10;
 
+// Posted, with the code of a key or switch, it presses that as the PC keyboard does.
+const UINT kPressMessage = WM_APP;
+
 struct cKeyEvent
 {
     uint32_t nKey;   // from 1; keys in the order of AddKey, then switches
@@ -74,6 +77,7 @@ public:
     int      IsSwitch(unsigned nCode) const { return nCode > m_KeyRects.Count(); }
     int      IsRight(unsigned nCode) const;  // whether the switch is at its right end
     RECT     RectOf(unsigned nCode) const;   // in pixels of the client area
+    RECT     DisplayRect() const { return *m_DisplayRects.At(0); }
 
     // Presses and releases a key, or moves a switch to its other end.
     void Press(unsigned nCode);
@@ -106,6 +110,7 @@ private:
     LRESULT OnLButtonDown(WPARAM wParam, LPARAM lParam);
     LRESULT OnLButtonUp(WPARAM wParam, LPARAM lParam);
     LRESULT OnTimer(WPARAM wParam, LPARAM lParam);
+    LRESULT OnPress(WPARAM wParam, LPARAM lParam);
 
     int  AddRect(cRectList *pList, int nX, int nY, int nWidth, int nHeight);
     void DeleteRects(cRectList *pList);

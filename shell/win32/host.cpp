@@ -111,6 +111,7 @@ void cVorstek::DrawDisplay(const cDisplay &Display)
 {
     if (!m_hWnd || !m_bFonts)
         return;
+    m_Accessibility.SetDisplay(Display, !IsRunning());
     const POINT OnKeypad = {0, -m_nFaceOffset};
     const POINT OnWindow = {GetSystemMetrics(SM_CXEDGE),
                             GetSystemMetrics(SM_CYEDGE) - m_nFaceOffset + HeightOf(m_ToolBar)};

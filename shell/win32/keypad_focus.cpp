@@ -71,6 +71,14 @@ LRESULT cButtonArray::OnTimer(WPARAM wParam, LPARAM lParam)
     return 0;
 }
 
+// While a dialog is open, nothing is pressed behind it.
+LRESULT cButtonArray::OnPress(WPARAM wParam, LPARAM)
+{
+    if (wParam >= 1 && wParam <= CountCodes() && IsWindowEnabled(GetParent(m_hWnd)))
+        Press(static_cast<unsigned>(wParam));
+    return 0;
+}
+
 void cButtonArray::SetRing(unsigned nCode)
 {
     if (nCode == m_nRing)

@@ -235,8 +235,11 @@ int cVorstek::CreateBars()
     return 1;
 }
 
-int cVorstek::CreateBox(cEditBox *pBox, uint32_t nId)
+// A screen reader takes the text before a box for its name, also one that is hidden.
+int cVorstek::CreateBox(cEditBox *pBox, uint32_t nId, const char *szName)
 {
+    CreateWindowExA(0, "STATIC", szName, WS_CHILD, 0, 0, 0, 0, m_hWnd, nullptr, ProgramInstance(),
+                    nullptr);
     if (!pBox->Create(this, 0, 0, 0, 0, ES_NOHIDESEL, nId, 0, 0, kTextLimit))
         return 0;
     pBox->SetReadOnly(1);
@@ -249,8 +252,8 @@ int cVorstek::CreateBox(cEditBox *pBox, uint32_t nId)
 
 int cVorstek::CreateBoxes()
 {
-    return CreateBox(&m_ListingBox, IDC_LISTING) && CreateBox(&m_RegistersBox, IDC_REGISTERS) &&
-           Start();
+    return CreateBox(&m_ListingBox, IDC_LISTING, "program listing") &&
+           CreateBox(&m_RegistersBox, IDC_REGISTERS, "registers") && Start();
 }
 
 int cVorstek::CreateKeypad()
@@ -258,8 +261,15 @@ int cVorstek::CreateKeypad()
     m_Pictures.Load(m_Scale);
     return m_Keypad.Create(this, 0, 0, 0, 0, m_Pictures.Face(), m_Pictures.Palette(), 0,
                            m_nFaceOffset, 0, 0, WS_VISIBLE, IDC_KEYPAD) &&
-           AddKeys(kSwitchStarts) && Listen(kSlotKey, OnKeyEvent) &&
-           Listen(kSlotDisplay, OnDisplayUncovered);
+           AddKeys(kSwitchStarts) && Listen(kSlotKey, OnKeyEvent) && Listen(kSlotDisplay, OnDisplayUncovered) &&
+           DescribeKeypad();
+}
+
+// Without this the calculator still works.
+int cVorstek::DescribeKeypad()
+{
+    m_Accessibility.Create(&m_Keypad);
+    return 1;
 }
 
 // pStarts as kSwitchStarts.

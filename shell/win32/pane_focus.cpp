@@ -13,9 +13,12 @@ cPaneFocus::cPaneFocus(cButtonArray *pKeypad, cEditBox *pListing, cEditBox *pReg
 {
 }
 
+// A screen reader may have framed a key.
 ePane cPaneFocus::Pane() const
 {
-    return m_nPane != pnNone && IsShown(m_nPane) ? m_nPane : pnNone;
+    if (m_pKeypad->Ring())
+        return pnKeypad;
+    return m_nPane != pnKeypad && IsShown(m_nPane) ? m_nPane : pnNone;
 }
 
 int cPaneFocus::IsShown(ePane nPane) const
@@ -23,7 +26,7 @@ int cPaneFocus::IsShown(ePane nPane) const
     switch (nPane)
     {
     case pnKeypad:
-        return m_nPane != pnKeypad || m_pKeypad->Ring() != 0;
+        return 1;
     case pnListing:
         return m_pListing->IsVisible();
     case pnRegisters:
@@ -113,7 +116,7 @@ int cPaneFocus::Move(eDirection nDirection)
         Enter(pnKeypad);
         return 1;
     case pnKeypad:
-        m_nKey = NeighbourOf(m_nKey, nDirection);
+        m_nKey = NeighbourOf(m_pKeypad->Ring(), nDirection);
         m_pKeypad->SetRing(m_nKey);
         return 1;
     case pnToolBar:

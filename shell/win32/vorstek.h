@@ -12,6 +12,7 @@
 #include "shell/win32/button_array.h"
 #include "shell/win32/edit_line_box.h"
 #include "shell/win32/face_pictures.h"
+#include "shell/win32/keypad_accessibility.h"
 #include "shell/win32/pane_focus.h"
 #include "shell/win32/window_host.h"
 #include "toolkit/win32/base_window.h"
@@ -79,11 +80,12 @@ private:
     int  CreateBars();
     void ScaleToolBar();
     int  CreateBoxes();
-    int  CreateBox(cEditBox *pBox, uint32_t nId);
+    int  CreateBox(cEditBox *pBox, uint32_t nId, const char *szName);
     int  CreateKeypad();
     int  CreateGraph();
     int  AddKeys(const int *pStarts);
     void ChangeFace();
+    int  DescribeKeypad();
     int  Listen(uint32_t nSlot, cCallbackRec::cMemberCall pfnMember);
     void CreateFonts();
     void FindScale(int nDpi);
@@ -178,7 +180,10 @@ private:
     cButtonArray m_Keypad;
     cVantor      m_Graph;
     cPaneFocus   m_Panes;
-    unsigned     m_nKeyDown;  // virtual key, until its character has come; 0 for none
+
+    cKeypadAccessibility m_Accessibility;
+
+    unsigned m_nKeyDown;  // virtual key, until its character has come; 0 for none
 
     int           m_nListingWidth;
     int           m_nRegistersWidth;
