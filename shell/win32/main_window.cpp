@@ -65,7 +65,7 @@ cVorstek::cVorstek()
     : cBaseWindow(this), cVorstekEngine(this, &m_ListingLines, &m_RegistersLines), m_ToolBar(this),
       m_StatusBar(this), m_ListingBox(this), m_RegistersBox(this), m_ListingLines(&m_ListingBox),
       m_RegistersLines(&m_RegistersBox), m_Keypad(this), m_Graph(this, this),
-      m_Panes(&m_Keypad, &m_ListingBox, &m_RegistersBox, &m_ToolBar), m_nKeyDown(0),
+      m_Panes(&m_Keypad, &m_ListingBox, &m_RegistersBox, &m_ToolBar), m_Tips(this), m_nKeyDown(0),
       m_nListingWidth(kListingWidth), m_nRegistersWidth(kRegistersWidth), m_nFaceOffset(0),
       m_hAccelerators(nullptr), m_hDisplayDc(nullptr), m_bBlanked(0), m_bFonts(0), m_bSizeLater(0),
       m_hHelpWnd(nullptr), m_dwLastDrain(0), m_dwLastRefresh(0), m_dwRefreshTime(0),
@@ -265,9 +265,10 @@ int cVorstek::CreateKeypad()
            DescribeKeypad();
 }
 
-// Without this the calculator still works.
+// Without these the calculator still works.
 int cVorstek::DescribeKeypad()
 {
+    m_Tips.Create(&m_Keypad, &m_StatusBar);
     m_Accessibility.Create(&m_Keypad);
     return 1;
 }
@@ -644,10 +645,14 @@ LRESULT cVorstek::OnDisplayChange(WPARAM, LPARAM)
 
 LRESULT cVorstek::OnNotify(WPARAM wParam, LPARAM lParam)
 {
-    auto *const pNotice = reinterpret_cast<NMHDR *>(lParam);
-    if (pNotice->code != TTN_NEEDTEXTA || pNotice->hwndFrom != m_ToolBar.GetToolTipWindow())
+    auto *const pNotice  = reinterpret_cast<NMHDR *>(lParam);
+    auto *const pRequest = reinterpret_cast<NMTTDISPINFOA *>(lParam);
+    if (pNotice->code == TTN_NEEDTEXTA && pNotice->hwndFrom == m_Tips.Window())
+        m_Tips.OnTipText(pRequest);
+    else if (pNotice->code == TTN_NEEDTEXTA && pNotice->hwndFrom == m_ToolBar.GetToolTipWindow())
+        m_ToolBar.OnToolTipText(pRequest);
+    else
         return DefWindowProcA(m_hWnd, WM_NOTIFY, wParam, lParam);
-    m_ToolBar.OnToolTipText(reinterpret_cast<NMTTDISPINFOA *>(lParam));
     return 0;
 }
 

@@ -13,6 +13,7 @@
 #include "shell/win32/edit_line_box.h"
 #include "shell/win32/face_pictures.h"
 #include "shell/win32/keypad_accessibility.h"
+#include "shell/win32/keypad_tooltips.h"
 #include "shell/win32/pane_focus.h"
 #include "shell/win32/window_host.h"
 #include "toolkit/win32/base_window.h"
@@ -181,6 +182,7 @@ private:
     cVantor      m_Graph;
     cPaneFocus   m_Panes;
 
+    cKeypadTooltips      m_Tips;
     cKeypadAccessibility m_Accessibility;
 
     unsigned m_nKeyDown;  // virtual key, until its character has come; 0 for none
