@@ -420,13 +420,20 @@ void cCalculator::ClickButton(unsigned nId)
     Settle();
 }
 
+static HWND FindToolTip(DWORD dwProcess)
+{
+    return FindWindowOf(dwProcess, [](HWND hWnd) { return ClassOf(hWnd) == TOOLTIPS_CLASSA; });
+}
+
 std::string cCalculator::ToolTip() const
 {
-    const HWND hTip = WaitFor([this] {
-        return FindWindowOf(m_Process.dwProcessId,
-                            [](HWND hWnd) { return ClassOf(hWnd) == TOOLTIPS_CLASSA; });
-    });
+    const HWND hTip = WaitFor([this] { return FindToolTip(m_Process.dwProcessId); });
     return hTip ? TextOf(hTip) : "";
+}
+
+int cCalculator::HasToolTip() const
+{
+    return FindToolTip(m_Process.dwProcessId) != nullptr;
 }
 
 // --- boxes and dialogs

@@ -187,6 +187,9 @@ public:
     // Waits for a tooltip; empty if none appears.
     std::string ToolTip() const;
 
+    // Whether one is shown at this moment.
+    int HasToolTip() const;
+
     // --- boxes and dialogs
 
     // Waits for a dialog or message box and returns the topmost one; null if none

@@ -54,6 +54,7 @@ static int Shows(const cCalculator &Calculator, const cField &Field, std::string
 // Whether a repaint changes nothing: no part of an earlier text is left.
 static int IsFresh(const cCalculator &Calculator)
 {
+    Sleep(200);  // until the key that was typed last is up again
     const cPicture Before = PhotographFace(Calculator);
     Repaint(Calculator);
     return LooksLike(Calculator, Before);
