@@ -4,6 +4,8 @@ import os
 import struct
 import zlib
 
+import numpy as np
+
 
 def _dib_header(width, height, bits, image_size, colours):
     return struct.pack("<IiiHHIIiiII", 40, width, height, 1, bits, 0, image_size,
@@ -80,12 +82,30 @@ def _png(picture, entries=None):
     entries), three or four (with alpha) a pixel."""
     height, width = picture.shape[:2]
     colour_type = 3 if entries else {3: 2, 4: 6}[picture.shape[2]]
-    plain = b"".join(b"\0" + row.tobytes() for row in picture)
+    rows = _rows(picture) if entries else _differences(picture)
     table = b"".join(bytes(entry) for entry in entries or ())
     return (b"\x89PNG\r\n\x1a\n"
             + _chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, colour_type, 0, 0, 0))
             + (_chunk(b"PLTE", table) if entries else b"")
-            + _chunk(b"IDAT", zlib.compress(plain, 9)) + _chunk(b"IEND", b""))
+            + _chunk(b"IDAT", zlib.compress(rows, 9)) + _chunk(b"IEND", b""))
+
+
+def _rows(picture):
+    return b"".join(b"\0" + row.tobytes() for row in picture)
+
+
+def _differences(picture):
+    """Rows as differences from the pixel to the left or above, whichever are
+    smaller: gradients pack well so."""
+    rows, before = [], np.zeros_like(picture[0])
+    for row in picture:
+        left = row.copy()
+        left[1:] -= row[:-1]
+        above = row - before
+        rows.append(min((b"\1" + left.tobytes(), left), (b"\2" + above.tobytes(), above),
+                        key=lambda pair: np.abs(pair[1].view(np.int8).astype(int)).sum())[0])
+        before = row
+    return b"".join(rows)
 
 
 def write_ico(path, pictures):

@@ -29,7 +29,7 @@ SWITCHES = (
 BLACK_FIELD = (40, 36, 270, 94)
 
 # The glass of the display around that field.
-WINDOW = (28, 23, 282, 96)
+WINDOW = (28, 23, 282, 95)
 
 # State lamps in the frame below the glass: left, top, kind. Prefix keys pending,
 # program mode, running program; the last two are above the labels of the switch.

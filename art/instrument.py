@@ -14,10 +14,10 @@ RELEASED, PRESSED = 0, 1
 # sRGB colours of the materials.
 _CASE = (64, 66, 71)
 _HOOD = (40, 41, 45)
-_PLATE = (60, 62, 67)
+_PLATE = (58, 60, 65)
 _WELL = (17, 17, 19)
-_METAL = (150, 151, 154)
-_ENGRAVED = (22, 22, 25)
+_METAL = (158, 159, 162)
+_ENGRAVED = (16, 16, 19)
 _THUMB = (158, 159, 163)
 _SLOT = (18, 18, 20)
 # The frame's colour beside a menu bar, as most systems have it.
@@ -25,7 +25,7 @@ _OUTSIDE = (240, 240, 240)
 
 _CAP_COLOUR = {
     g.FUNCTION: (58, 61, 68),
-    g.OPERATOR: (80, 85, 94),
+    g.OPERATOR: (74, 79, 88),
     g.DIGIT: (222, 217, 204),
     g.ENTER: (158, 42, 34),
     g.GOLD: (222, 160, 44),
@@ -34,8 +34,8 @@ _CAP_COLOUR = {
 _WHITE_INK = (250, 249, 244)
 _BLACK_INK = (20, 20, 22)
 _GOLD_INK = (248, 204, 104)
-_BLUE_INK = (156, 205, 255)
-_DARK_BLUE_INK = (6, 30, 122)
+_BLUE_INK = (164, 210, 255)
+_DARK_BLUE_INK = (4, 26, 112)
 
 _CAP_INK = {
     g.FUNCTION: _WHITE_INK, g.OPERATOR: _WHITE_INK, g.ENTER: _WHITE_INK,
@@ -62,13 +62,13 @@ _LENS = {
 }
 _LIT = {
     g.LAMP_F: (255, 190, 60), g.LAMP_G: (110, 180, 255),
-    g.LAMP_PROGRAM: (255, 96, 64), g.LAMP_RUN: (96, 240, 130),
+    g.LAMP_PROGRAM: (255, 110, 80), g.LAMP_RUN: (96, 240, 130),
 }
 _LAMP_RADIUS = 2.3
 _LAMP_LETTERS = {g.LAMP_F: ("f", _GOLD_INK), g.LAMP_G: ("g", _BLUE_INK)}
 
-_HOOD_RECT = (13, 11, 293, 104)
-_PLATE_RECT = (13, 104, 293, 513)
+_HOOD_RECT = (13, 11, 293, 105)
+_PLATE_RECT = (13, 105, 293, 513)
 _NAME_RECT = (22, 522, 284, 550)
 _GROOVE_Y = 130                 # engraved line below the switches
 _DIVIDER_X = 154                # and a short one between their labels
@@ -80,8 +80,9 @@ _WELL_LEVEL = -6.0
 _CAP_TOP = 6.4                  # of a released key, above the plate
 _SINK = 3.0                     # travel of a pressed key
 _PRESSED_SHIFT = (1, 2)         # units that a pressed key moves right and down
-_PRESSED_LIGHT = 0.60           # of the light on a released one
-_PRESSED_INK = 0.84
+_FRONT_SHIFT = (1, 1)           # its front foreshortens as it sinks
+_PRESSED_LIGHT = 0.54           # of the light on a released one
+_PRESSED_INK = 0.80
 
 # Room around a cap in the rectangle of its key: left, top, right, bottom. Its
 # shadow falls to the lower right.
@@ -112,10 +113,11 @@ def _hood(field):
     x, y = field.x, field.y
     whole = (slice(None), slice(None))
     ring = -box(x, y, _HOOD_RECT, 9)
-    field.height += 2.2 * smooth(0, 3.2, ring)
+    # Steeper at its foot, where the lamps are close.
+    field.height += 2.2 * smooth(0, 3.2 - 1.4 * smooth(92, 100, y), ring)
     field.paint(whole, smooth(-0.2, 0.4, ring), _HOOD, gloss=0.16, polish=0.09)
     glass = -box(x, y, g.WINDOW, 5)
-    depth = smooth(-2.4, 0, glass)
+    depth = smooth(-2.4 + 1.0 * smooth(85, 95, y), 0, glass)
     field.height += (-3.6 - field.height) * depth
     field.paint(whole, smooth(-0.3, 0.3, glass), (0, 0, 0), gloss=0, polish=0)
 
@@ -150,7 +152,7 @@ def _lamps(field, lit):
         part -= 0.8 * ring
         part += lens * 0.9 * (1 - (away / _LAMP_RADIUS) ** 2)
         field.paint(where, ring * 0.8, _WELL, gloss=0, polish=0)
-        field.paint(where, lens, _LENS[kind], gloss=0.5, polish=0.10)
+        field.paint(where, lens, _LENS[kind], gloss=0.15, polish=0.04)
         if kind in lit:
             core = lens * (0.75 + 0.25 * smooth(_LAMP_RADIUS, 0.4, away))
             halo = 0.22 * smooth(4.4, _LAMP_RADIUS - 0.4, away) * (1 - lens)
@@ -213,8 +215,9 @@ def _recess(field, rect):
 def _cap_rect(key, state):
     left, top, right, bottom = g.key_rect(key)
     x, y = _PRESSED_SHIFT if state == PRESSED else (0, 0)
+    front = _FRONT_SHIFT[1] if state == PRESSED else 0
     return (left + _MARGIN[0] + x, top + _MARGIN[1] + y,
-            right - _MARGIN[2] + x, bottom - _MARGIN[3] + y)
+            right - _MARGIN[2] + x, bottom - _MARGIN[3] + front)
 
 
 def _drop_shadow(field, key):
@@ -373,7 +376,7 @@ def _print_key(printer, key, state):
     if blue:
         ink = _DARK_BLUE_INK if kind == g.DIGIT else _BLUE_INK
         printer.centred(blue, "small", centre, top + _FRONT_BASELINE,
-                        np.multiply(ink, dim), move)
+                        np.multiply(ink, dim), _FRONT_SHIFT if pressed else move)
 
 
 def letter(picture, origin, scale, state=RELEASED, smooth_letters=False):
@@ -386,8 +389,8 @@ def letter(picture, origin, scale, state=RELEASED, smooth_letters=False):
             printer.centred(gold, "small", centre, top - 4, _GOLD_INK)
         _print_key(printer, key, state)
     for left, top, _, off, on in g.SWITCHES:
-        printer.beside(off, "small", left - _LABEL_GAP, top + 11, _WHITE_INK, True)
-        printer.beside(on, "small", left + g.SWITCH_WIDTH + _LABEL_GAP, top + 11,
+        printer.beside(off, "name", left - _LABEL_GAP, top + 11, _WHITE_INK, True)
+        printer.beside(on, "name", left + g.SWITCH_WIDTH + _LABEL_GAP, top + 11,
                        _WHITE_INK, False)
     for left, top, kind in g.LAMPS:
         if kind in _LAMP_LETTERS:

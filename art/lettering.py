@@ -29,6 +29,7 @@ _CAPITAL = 0.729            # height of a capital in the family, of the size
 _X_HEIGHT = 0.75            # of a small x, of a capital
 _RAISED = 0.80              # size of raised text, of the legend's
 _FINE = 8
+_FIRMNESS = 0.80            # exponent of the coverage below 144 dpi: firmer edges
 
 # Font, height of capitals and space between letters in units, and the size in
 # pixels whose hinted letters are that high (0: always smooth).
@@ -38,7 +39,7 @@ _STYLES = {
     "enter": (_BOLD, 8, 1.0, 11),
     "digit": (_BOLD, 10, 0, 0),
     "shift": (_OBLIQUE, 11, 0, 0),
-    "bezel": (_OBLIQUE, 7, 0, 0),
+    "bezel": (_OBLIQUE, 6, 0, 0),
     "name": (_CONDENSED, 6, 0.15, 8),
 }
 
@@ -46,6 +47,17 @@ SIGNS = {
     "swap": "\u21c4", "down": "\u2193", "right": "\u2192", "Sigma": "\u03a3", "pi": "\u03c0",
     "minus": "\u2212", "le": "\u2264", "lt": "<", "gt": ">", "eq": "=", "ne": "\u2260",
 }
+
+# Hinting spoils these signs: rows from the top, the last on the baseline; ink
+# " .o#" from none to full.
+_HINTED_SIGNS = {
+    "ne": "    #o|    #.|######|  #o  |######|.#    |o#    ",
+    "swap": "     o# |########|     o# |        | #o     |########| #o     ",
+}
+_INK = {" ": 0, ".": 80, "o": 170, "#": 255}
+
+# Signs with clear space on both sides, of the size.
+_APART = {"swap": 0.14}
 
 # Signs of the operator keys: rectangles and discs in a square of 10 units,
 # and strokes (from, to) of two units.
@@ -109,6 +121,22 @@ class _Setter:
             self.draw.text((at, self.room - lift), char, font=face, fill=255, anchor="ls")
             self.x += self.draw.textlength(char, face) + self.space
 
+    def drawn(self, rows):
+        lines = rows.split("|")
+        self.x += 1
+        for y, line in enumerate(lines, self.room - len(lines)):
+            for x, ink in enumerate(line, round(self.x)):
+                self.canvas.putpixel((x, y), _INK[ink])
+        self.x += len(lines[0]) + 1
+
+    def sign(self, name):
+        self.x += _APART.get(name, 0) * self.size
+        if self.fine == 1 and name in _HINTED_SIGNS:
+            self.drawn(_HINTED_SIGNS[name])
+        else:
+            self.text(SIGNS[name])
+        self.x += _APART.get(name, 0) * self.size
+
     def raised(self, text):
         """With its top a little above that of the capitals."""
         if self.fine == 1:
@@ -145,8 +173,10 @@ def _set(setter, markup):
             setter.xbar()
         elif char == " ":
             setter.x += round(0.30 * setter.size)
+        elif sign:
+            setter.sign(kind)
         else:
-            setter.text(SIGNS[kind] if sign else char)
+            setter.text(char)
 
 
 def _fitted(ink, baseline, capital, to_capital):
@@ -179,6 +209,8 @@ def legend(markup, style, scale, smooth=False):
         ink = np.asarray(setter.canvas.crop((0, 0, columns, 2 * setter.room)), np.float32)
         mask = _reduced(_fitted(ink, setter.room, size * _CAPITAL, pixels), _FINE)
         baseline = setter.room // _FINE
+    if scale < 1.5:
+        mask = mask ** _FIRMNESS
     columns = np.where(mask.max(axis=0) > 0.06)[0]
     rows = np.where(mask.max(axis=1) > 0.02)[0]
     return (mask[rows[0]:rows[-1] + 1, columns[0]:columns[-1] + 1], baseline - rows[0])

@@ -19,7 +19,7 @@ _FILL_LIGHT = 1.0 - _KEY_LIGHT
 # and its light fades from 1 + _NEAR at the upper left to 1 - _NEAR at the lower
 # right.
 _TURN = 0.17
-_NEAR = (0.19, 0.13)            # across and down
+_NEAR = (0.25, 0.13)            # across and down
 
 
 def to_linear(srgb):

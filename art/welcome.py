@@ -15,7 +15,6 @@ import geometry as g
 import instrument
 import lettering
 import logotype
-import palette
 import relief
 
 WIDTH, HEIGHT = 600, 510
@@ -32,8 +31,8 @@ _CENTRE = (178.0, 247.0)        # where the middle of the face lands
 _THICKNESS = 30                 # of the case, down to the table
 _SLICES = 40
 
-_NAME_AT = (338, 96)
-_TEXT_AT = (338, 148)
+_NAME_AT = (334, 96)
+_TEXT_AT = (334, 148)
 _ACCENT = (178, 44, 34)
 _TITLE_INK = (38, 40, 45)
 _TEXT_INK = (62, 65, 72)
@@ -189,8 +188,4 @@ def make(folder, drawn, scale):
         picture += 0.6 * noise.standard_normal((height, width, 1))
     _title(picture, scale)
     picture = np.clip(np.rint(picture), 0, 255).astype(np.uint8)
-    if scale == 1:
-        files.write_scaled(folder, "welcome", scale, picture)
-    else:
-        entries = palette.choose(picture)
-        files.write_scaled(folder, "welcome", scale, palette.apply(picture, entries), entries)
+    files.write_scaled(folder, "welcome", scale, picture)
