@@ -20,8 +20,8 @@ _METAL = (158, 159, 162)
 _ENGRAVED = (16, 16, 19)
 _THUMB = (158, 159, 163)
 _SLOT = (18, 18, 20)
-# The frame's colour beside a menu bar, as most systems have it.
-_OUTSIDE = (240, 240, 240)
+# Beside the menu bar, which is white or, on newer systems, (240, 240, 240).
+_OUTSIDE = (248, 248, 248)
 
 _CAP_COLOUR = {
     g.FUNCTION: (58, 61, 68),
