@@ -110,10 +110,23 @@ static void ComposeNormal(cCalculator &c, cDisplay *pDisplay)
     AddLine(pDisplay, dfSmall, kTextLeft, kBottomTop, kBottomCharacters, szText);
 }
 
+static unsigned LampBit(eLamp nLamp, int bLit)
+{
+    return bLit ? 1U << nLamp : 0U;
+}
+
+static unsigned ComposeLamps(const cCalculator &c)
+{
+    const int bKeys = HasPendingKeys(c);
+    return LampBit(laF, bKeys && EndsWith(c, "f ")) | LampBit(laG, bKeys && EndsWith(c, "g ")) |
+           LampBit(laProgram, c.m_bProgramMode) | LampBit(laRunning, c.m_bProgramRunning);
+}
+
 void cCalculator::ComposeDisplay(cDisplay *pDisplay)
 {
     SettleTexts();
     pDisplay->m_nLines = 0;
+    pDisplay->m_nLamps = ComposeLamps(*this);
     if (m_bProgramMode)
         ComposeProgram(*this, pDisplay);
     else if (m_bShowStack)

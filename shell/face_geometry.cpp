@@ -30,6 +30,11 @@ const cFaceRect kKeyRects[kFaceKeys] =
 const cFaceRect kSwitchRects[kFaceSwitches] = { { 78, 106, 36, 14 }, { 190, 106, 36, 14 } };
 const int       kSwitchStarts[kFaceSwitches] = { 0, 12 };
 
+const cFaceRect kLampRects[kFaceLamps] =
+{
+    { 46, 95, 11, 9 }, { 72, 95, 11, 9 }, { 166, 95, 11, 9 }, { 236, 95, 11, 9 },
+};
+
 constexpr cFaceRect kDisplayRect = { 44, 40, 260, 92 };
 // clang-format on
 

@@ -1,4 +1,4 @@
-// face_geometry.h - positions of keys, slide switches and display on the painted
+// face_geometry.h - positions of keys, slide switches, lamps and display on the painted
 // face, in pixels from its top left corner, for a screen with 96 dots per inch. The
 // irregular positions follow the picture. Portable.
 
@@ -36,6 +36,10 @@ extern const cFaceRect kSwitchRects[kFaceSwitches];
 extern const int       kSwitchStarts[kFaceSwitches];  // 0 left, 12 right
 const int              kThumbWidth   = 24;
 const int              kSwitchFrames = 14;
+
+// The lamps, in the order of eLamp, below the display.
+const int              kFaceLamps = 4;
+extern const cFaceRect kLampRects[kFaceLamps];
 
 // The display, which is repainted when any part of it is uncovered.
 extern const cFaceRect kDisplayRect;

@@ -264,6 +264,7 @@ void cButtonArray::PaintPart(HDC hDc, const RECT &Part)
     for (unsigned i = 0; i < m_SwitchRects.Count(); i++)
         if (IntersectRect(&Common, m_SwitchRects.At(i), &Part))
             PaintSwitch(hDc, i, m_SwitchPos[i]);
+    m_Lamps.Paint(hDc);
     PaintRing(hDc);
 }
 

@@ -10,6 +10,7 @@
 
 #include "toolkit/win32/win32.h"
 
+#include "shell/win32/lamps.h"
 #include "toolkit/pointer_list.h"
 #include "toolkit/scale.h"
 #include "toolkit/win32/base_window.h"
@@ -66,6 +67,9 @@ public:
 
     // The scale of the positions; the frames of the switches follow it.
     void SetScale(const cScale &Scale) { m_Scale = Scale; }
+
+    // Drawn with the face.
+    cLamps &Lamps() { return m_Lamps; }
 
     // Forgets keys, switches, display rectangles and pictures, for others to be added,
     // and shows another face. Before that it releases a pressed key.
@@ -159,6 +163,7 @@ private:
     int               m_nDraggedSwitch;  // index, -1 for none
     cRectList         m_SwitchRects;
     cRectList         m_DisplayRects;
+    cLamps            m_Lamps;
     HPALETTE          m_hPalette;
     unsigned          m_nRing;     // code, 0 for none
     unsigned          m_nFlashed;  // code of the key that is shown pressed, 0 for none

@@ -86,6 +86,7 @@ void cFacePictures::Load(const cScale &Scale)
     LoadPaletteBitmap(IDB_FACE, &m_Face, &m_Palette);
     LoadPaletteBitmap(IDB_KEYS, &m_Keys, &Unused);
     LoadPaletteBitmap(IDB_SWITCHES, &m_Switches, &Unused);
+    LoadPaletteBitmap(IDB_LAMPS, &m_Lamps, &Unused);
     if (Scale == cScale())
         return;
 
@@ -93,5 +94,6 @@ void cFacePictures::Load(const cScale &Scale)
     m_Keys     = ScaleStrip(LoadDrawnPicture(piKeys, Scale), Scale, kKeyRects, kFaceKeys, 2);
     m_Switches = ScaleStrip(LoadDrawnPicture(piSwitches, Scale), Scale, kSwitchRects, kFaceSwitches,
                             kSwitchFrames);
+    m_Lamps    = ScaleStrip(LoadDrawnPicture(piLamps, Scale), Scale, kLampRects, kFaceLamps, 1);
     CopyReleasedKeys(m_Face.Get(), m_Keys.Get(), Scale);
 }

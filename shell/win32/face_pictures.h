@@ -1,4 +1,4 @@
-// face_pictures.h - the pictures of the face, its keys and its slide switches for a
+// face_pictures.h - the pictures of the face, its keys, slide switches and lamps for a
 // screen of any resolution.
 
 #ifndef SHELL_WIN32_FACE_PICTURES_H
@@ -22,12 +22,14 @@ public:
     HBITMAP  Face() const { return m_Face.Get(); }
     HBITMAP  Keys() const { return m_Keys.Get(); }
     HBITMAP  Switches() const { return m_Switches.Get(); }
+    HBITMAP  Lamps() const { return m_Lamps.Get(); }      // lit
     HPALETTE Palette() const { return m_Palette.Get(); }  // the face's; the strips share it
 
 private:
     cGdiBitmap  m_Face;
     cGdiBitmap  m_Keys;
     cGdiBitmap  m_Switches;
+    cGdiBitmap  m_Lamps;
     cGdiPalette m_Palette;
 };
 

@@ -120,6 +120,7 @@ void cVorstek::DrawDisplay(const cDisplay &Display)
     if (m_hDisplayDc)
         DrawLines(m_hDisplayDc, Display, OnKeypad);
     ShowLines(Display, OnWindow);
+    m_Keypad.Lamps().Show(m_Keypad.Window(), Display.m_nLamps);
     m_bBlanked = 0;
 }
 

@@ -278,6 +278,7 @@ int cVorstek::AddKeys(const int *pStarts)
 {
     m_Keypad.SetScale(m_Scale);
     m_Keypad.SetKeyBitmap(m_Pictures.Keys());
+    m_Keypad.Lamps().SetPictures(m_Pictures, m_Scale, m_nFaceOffset);
     m_Keypad.SetSwitchBitmap(m_Pictures.Switches(), kSwitchFrames);
     for (const cFaceRect &Usual : kKeyRects)
     {

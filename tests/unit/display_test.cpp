@@ -331,3 +331,39 @@ TEST_CASE("a change of layout blanks before and paints after")
     CHECK(Rig.m_Host.m_nBlanks == 4);
     CHECK_TEXT(LinesOf(Rig.m_Host.m_Drawn)[0], "large 59,66 | 0.00               |");
 }
+
+TEST_CASE("lamps show a pending f or g, program mode and a run")
+{
+    const unsigned nF = 1U << laF, nG = 1U << laG, nProgram = 1U << laProgram;
+    static const struct
+    {
+        const char *m_szKeystrokes;
+        int         m_bProgramMode;
+        int         m_bRunning;
+        unsigned    m_nLamps;
+    } s_Rows[] = {
+        {"", 0, 0, 0},
+        {"f ", 0, 0, nF},
+        {"g ", 0, 0, nG},
+        {"GTO f ", 0, 0, nF},
+        {"RCL g ", 1, 0, nG | nProgram},
+        {"STO ", 0, 0, 0},
+        {"EWFDK", 0, 0, 0},
+        {"", 1, 0, nProgram},
+        {"", 0, 1, 1U << laRunning},
+    };
+
+    for (const auto &Row : s_Rows)
+    {
+        CAPTURE(Row.m_szKeystrokes);
+        cCalculatorRig Rig;
+        SetKeystrokes(&Rig, Row.m_szKeystrokes);
+        Rig.m_Engine.Raw().m_bProgramMode    = Row.m_bProgramMode;
+        Rig.m_Engine.Raw().m_bProgramRunning = Row.m_bRunning;
+
+        cDisplay Display;
+        Rig.m_Engine.ComposeDisplay(&Display);
+
+        CHECK(Display.m_nLamps == Row.m_nLamps);
+    }
+}

@@ -36,6 +36,18 @@ TEST_CASE("keys and switches lie on the face and do not overlap")
     }
 }
 
+// The longest texts end at row 93.
+TEST_CASE("the lamps are below the display's texts and above the switches")
+{
+    for (int i = 0; i < kFaceLamps; i++)
+    {
+        const cFaceRect &Lamp = kLampRects[i];
+        CHECK(Lamp.m_nTop > 93);
+        CHECK(Lamp.m_nTop + Lamp.m_nHeight <= kSwitchRects[0].m_nTop);
+        CHECK((i == 0 || Lamp.m_nLeft > kLampRects[i - 1].m_nLeft + Lamp.m_nWidth));
+    }
+}
+
 TEST_CASE("keys are numbered row by row, from the left to the right")
 {
     for (int i = 1; i < kFaceKeys; i++)

@@ -326,6 +326,23 @@ TEST_CASE("four commands are grey while a program runs")
     }
 }
 
+TEST_CASE("the lamp of a run is lit while the program runs and goes out with its end")
+{
+    cCalculatorRig Rig;
+    Rig.Load(kEndless);
+    unsigned nLit = 0;
+    At(&Rig, 3, [&] {
+        Rig.m_Engine.PaintDisplay();
+        nLit = Rig.m_Host.m_Drawn.m_nLamps;
+        Rig.m_Engine.HaltProgram();
+    });
+
+    Rig.Type("R/S");
+
+    CHECK(nLit == 1U << laRunning);
+    CHECK(Rig.m_Host.m_Drawn.m_nLamps == 0);
+}
+
 TEST_CASE("a single step leaves the commands as they are")
 {
     cCalculatorRig Rig;

@@ -27,10 +27,11 @@ static RECT PartOfFace(const cFaceRect &Part)
     return Rect;
 }
 
-// The texts of the display, whose own rectangle reaches down to the switches.
-static const cFaceRect kTexts = {44, 40, 260, 60};
+// The texts of the display, whose own rectangle reaches down to the switches, and the
+// lamps below them.
+static const cFaceRect kTexts = {44, 40, 260, 64};
 
-// The smallest rectangle outside the texts in which two pictures of the keypad
+// The smallest rectangle outside texts and lamps in which two pictures of the keypad
 // differ; empty if they do not.
 static RECT DifferenceOf(const cPicture &One, const cPicture &Other)
 {
