@@ -6,6 +6,7 @@
 ;   REMOVALS   file of instructions that delete just that
 ;   SIZE       of STAGE, in kilobytes
 ;   ICON       of installer and uninstaller
+;   PICTURES   folder with its pictures
 ;   OUTPUT     the installer
 ;
 ; Like the programs it is a 64-bit program. It installs for one user, without
@@ -47,6 +48,10 @@ VIAddVersionKey "LegalCopyright" "Copyright (c) 2026 The Vorstek authors"
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
+!define MUI_HEADERIMAGE
+!define MUI_HEADERIMAGE_RIGHT
+!define MUI_HEADERIMAGE_BITMAP "${PICTURES}/installer_header.bmp"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${PICTURES}/installer.bmp"
 !define MUI_FINISHPAGE_RUN "$INSTDIR\Vorstek.exe"
 !define MUI_FINISHPAGE_NOAUTOCLOSE
 
