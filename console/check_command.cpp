@@ -31,14 +31,24 @@ static int CheckFile(const std::string &FileName, const cCheckOptions &Options,
     return nExitCode;
 }
 
+// *pOptions has what was read, an error or not.
+static int CheckFiles(const std::vector<std::string> &Arguments, const cStreams &Streams,
+                      cCheckOptions *pOptions)
+{
+    std::string Error;
+    if (!ParseCheckOptions(Arguments, pOptions, &Error))
+        return ReportUsage(Streams, Error);
+    int nExitCode = kExitDone;
+    for (const std::string &FileName : pOptions->m_Files)
+        nExitCode = std::max(nExitCode, CheckFile(FileName, *pOptions, Streams));
+    return nExitCode;
+}
+
 int CheckCommand(const std::vector<std::string> &Arguments, const cStreams &Streams)
 {
     cCheckOptions Options;
-    std::string   Error;
-    if (!ParseCheckOptions(Arguments, &Options, &Error))
-        return ReportUsage(Streams, Error);
-    int nExitCode = kExitDone;
-    for (const std::string &FileName : Options.m_Files)
-        nExitCode = std::max(nExitCode, CheckFile(FileName, Options, Streams));
+    const int     nExitCode = CheckFiles(Arguments, Streams, &Options);
+    if (Options.m_bWait)
+        WaitAtEnd(Streams);
     return nExitCode;
 }

@@ -30,6 +30,8 @@ static const cOptionRow s_CheckRows[] =
       "print each finding as a JSON object" },
     { "--name", "FILE", "a file name", TakeText<cCheckOptions, &cCheckOptions::m_Name>,
       "name of standard input in the findings" },
+    { "--wait", nullptr, nullptr, SetFlag<cCheckOptions, &cCheckOptions::m_bWait>,
+      "in a terminal, wait for a key at the end" },
 };
 // clang-format on
 

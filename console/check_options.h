@@ -17,6 +17,7 @@ struct cCheckOptions
     std::set<std::string>    m_Ignored;           // names of warnings
     int                      m_bStrict = 0;
     int                      m_bJson   = 0;
+    int                      m_bWait   = 0;
 };
 
 std::span<const cOptionRow> CheckOptionRows();

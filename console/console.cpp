@@ -17,6 +17,15 @@ int ReportUsage(const cStreams &Streams, const std::string &Text)
     return kExitUsage;
 }
 
+void WaitAtEnd(const cStreams &Streams)
+{
+    if (!IsTerminal())
+        return;
+    *Streams.m_pOut << "\nPress a key to close." << std::flush;
+    WaitForKey();
+    *Streams.m_pOut << "\n";
+}
+
 // Anywhere in the command line, because you may think of it late; a file of this
 // name needs "--" before it.
 static int AsksForHelp(const std::vector<std::string> &Arguments)

@@ -28,4 +28,8 @@ int RunConsole(int nArguments, const char *const *ppArguments, const cStreams &S
 // Prints "vorstek-cli: " and the text as one line; returns kExitUsage.
 int ReportUsage(const cStreams &Streams, const std::string &Text);
 
+// Asks in a terminal for a key and waits for it: what was printed is read before a
+// window that was opened for the command closes.
+void WaitAtEnd(const cStreams &Streams);
+
 #endif

@@ -164,11 +164,10 @@ static int Worse(int nRun, int nSaved)
     return nRun;
 }
 
-int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Streams)
+static int RunProgram(const cRunOptions &Options, const cStreams &Streams)
 {
-    cRunOptions Options;
     std::string Error;
-    if (!ParseRunOptions(Arguments, &Options, &Error) || !AreFilesApart(Options, &Error))
+    if (!AreFilesApart(Options, &Error))
         return ReportUsage(Streams, Error);
 
     cRunHost              Host(Options, Streams);
@@ -199,4 +198,16 @@ int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Stream
         return nExitCode;  // a program that was cut short may have drawn nothing
     const int nSaved = SaveGraph(&Host, Options, Streams);
     return Worse(nExitCode, nSaved);
+}
+
+int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Streams)
+{
+    cRunOptions Options;
+    std::string Error;
+    const int   nExitCode = ParseRunOptions(Arguments, &Options, &Error)
+                                ? RunProgram(Options, Streams)
+                                : ReportUsage(Streams, Error);
+    if (Options.m_bWait)
+        WaitAtEnd(Streams);
+    return nExitCode;
 }

@@ -100,6 +100,8 @@ static const cOptionRow s_RunRows[] =
       "ran and its share of the time" },
     { "--realtime", nullptr, nullptr, SetFlag<cRunOptions, &cRunOptions::m_bRealtime>,
       "let PAUSE wait for one second" },
+    { "--wait", nullptr, nullptr, SetFlag<cRunOptions, &cRunOptions::m_bWait>,
+      "in a terminal, wait for a key at the end" },
 };
 // clang-format on
 

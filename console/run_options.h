@@ -29,6 +29,7 @@ struct cRunOptions
     int                                      m_bJson       = 0;
     int                                      m_bProfile    = 0;
     int                                      m_bRealtime   = 0;
+    int                                      m_bWait       = 0;
 };
 
 std::span<const cOptionRow> RunOptionRows();

@@ -211,14 +211,15 @@ Section "Vorstek" SectionProgram
 SectionEnd
 
 ; The calculator's window takes no file from its command line, so listings are
-; run and checked in the console. Double clicks stay with the editor.
+; run and checked in the console. Double clicks stay with the editor. The program is
+; started without a shell, which would expand %NAME% in the name of a file.
 Section /o "Explorer entries" SectionListings
     WriteRegStr HKCU "${RUN_VERB}" "" "Run as Vorstek program"
     WriteRegStr HKCU "${RUN_VERB}" "Icon" "$INSTDIR\Vorstek.exe"
-    WriteRegStr HKCU "${RUN_VERB}\command" "" '"$SYSDIR\cmd.exe" /k ""$INSTDIR\vorstek-cli.exe" run "%1""'
+    WriteRegStr HKCU "${RUN_VERB}\command" "" '"$INSTDIR\vorstek-cli.exe" run --wait -- "%1"'
     WriteRegStr HKCU "${CHECK_VERB}" "" "Check as Vorstek program"
     WriteRegStr HKCU "${CHECK_VERB}" "Icon" "$INSTDIR\Vorstek.exe"
-    WriteRegStr HKCU "${CHECK_VERB}\command" "" '"$SYSDIR\cmd.exe" /k ""$INSTDIR\vorstek-cli.exe" check "%1""'
+    WriteRegStr HKCU "${CHECK_VERB}\command" "" '"$INSTDIR\vorstek-cli.exe" check --wait -- "%1"'
     !insertmacro TELL_EXPLORER
 SectionEnd
 

@@ -2,6 +2,7 @@
 
 #include <sys/ioctl.h>
 #include <sys/stat.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -62,6 +63,23 @@ int WasStopped()
     const int bStopped = s_bStopped;
     s_bStopped         = 0;
     return bStopped;
+}
+
+// Any key answers at once, unseen. What was typed before is none.
+void WaitForKey()
+{
+    termios Former;
+    if (!IsTerminal() || tcgetattr(STDIN_FILENO, &Former) != 0)
+        return;
+    termios Single = Former;
+    Single.c_lflag &= ~static_cast<tcflag_t>(ICANON | ECHO);
+    Single.c_cc[VMIN]  = 1;
+    Single.c_cc[VTIME] = 0;
+    tcsetattr(STDIN_FILENO, TCSAFLUSH, &Single);
+    char       cKey;
+    const auto nRead = read(STDIN_FILENO, &cKey, 1);
+    static_cast<void>(nRead);  // the end of the terminal is an answer too
+    tcsetattr(STDIN_FILENO, TCSANOW, &Former);
 }
 
 // $XDG_STATE_HOME, which has to be absolute, or what stands for it.

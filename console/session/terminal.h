@@ -25,6 +25,10 @@ unsigned TerminalHeight();
 // written to the terminal. The first call begins to look; always 0 on Windows.
 int WasStopped();
 
+// Waits until a key is pressed, so that a window which closes with the program can be
+// read. Returns at once where nobody types.
+void WaitForKey();
+
 // Where this user's programs keep such files, made if it is not there:
 // "/home/kim/.local/state/vorstek/history". "" where there is none.
 std::string HistoryFile();

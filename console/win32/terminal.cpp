@@ -42,6 +42,21 @@ unsigned TerminalHeight()
     return 24;
 }
 
+// A key that is let go, or held such as Shift, is none. What was typed before is none.
+void WaitForKey()
+{
+    if (!IsTerminal())
+        return;
+    const HANDLE hInput = GetStdHandle(STD_INPUT_HANDLE);
+    FlushConsoleInputBuffer(hInput);
+    INPUT_RECORD Record;
+    DWORD        nRead;
+    while (ReadConsoleInputA(hInput, &Record, 1, &nRead))
+        if (Record.EventType == KEY_EVENT && Record.Event.KeyEvent.bKeyDown &&
+            Record.Event.KeyEvent.uChar.AsciiChar != 0)
+            return;
+}
+
 std::string HistoryFile()
 {
     return "";

@@ -4,11 +4,12 @@ import os
 import re
 import shlex
 import signal
+import subprocess
 import time
 
 import console_case
 from console_case import main
-from terminal import Terminal, TerminalCase, stack, wait_until
+from terminal import PATIENCE, Terminal, TerminalCase, stack, wait_until
 
 
 class SessionTest(TerminalCase):
@@ -310,6 +311,37 @@ class SessionTest(TerminalCase):
 
     def test_the_dialogues_of_the_manual_are_what_a_plain_terminal_shows(self):
         self.assert_dialogues("dialogue")
+
+
+class WaitTest(TerminalCase):
+    """run and check in a window that closes with them."""
+
+    PROMPT = "Press a key to close."
+
+    def assert_ended_by_a_key(self, *arguments, code, shown):
+        with self.program_in_terminal("xterm", arguments) as (process, terminal):
+            self.assertIn(shown, self.greeting)
+            with self.assertRaises(subprocess.TimeoutExpired):
+                process.wait(0.2)
+            os.write(terminal, b"q")
+            self.assertEqual(self.until(terminal, None), b"\r\n")
+            self.assertEqual(process.wait(PATIENCE), code)
+
+    def test_a_key_ends_a_command_that_waits(self):
+        self.write("program.txt", "3\n0\n1/x\nR/S\n")
+        self.assert_ended_by_a_key("run", "--wait", "--", "program.txt", code=1,
+                                   shown=b"Error: divide by 0")
+        self.assert_ended_by_a_key("check", "--wait", "--", "program.txt", code=0, shown=b"")
+
+    def test_what_is_wrong_with_the_arguments_can_be_read_too(self):
+        self.assert_ended_by_a_key("run", "--wait", "--", "missing.txt", code=2,
+                                   shown=b"missing.txt")
+        self.assert_ended_by_a_key("check", "--wait", "--odd", code=2, shown=b"--odd")
+
+    def test_nothing_waits_without_a_terminal(self):
+        self.write("program.txt", "3\nR/S\n")
+        self.assertEqual(self.start("check", "--wait", "program.txt").out, "")
+        self.assertNotIn("Press", self.start("run", "--wait", "program.txt").out)
 
 
 if __name__ == "__main__":

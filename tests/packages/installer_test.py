@@ -176,7 +176,7 @@ class InstallerTest(unittest.TestCase):
                 self.assertEqual(values(lines, VERBS + verb)["@"], f"{verb} as Vorstek program")
                 self.assertEqual(
                     values(lines, VERBS + verb + "\\command")["@"],
-                    f'"C:\\windows\\system32\\cmd.exe" /k ""{cli}" {command} "%1""')
+                    f'"{cli}" {command} --wait -- "%1"')
         self.uninstall()
         self.assert_nothing_left()
 
