@@ -1,5 +1,6 @@
 #include "graph/points_text.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <new>
@@ -24,12 +25,19 @@ struct cXy
 
 }  // namespace
 
-// White space before a number may be the end of the line: such a number is one
-// of the next line. Returns null then, and where there is no number.
+// As ReadFloat has it.
+static int IsSpace(char c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+// White space before a number may be the end of the line: such a number is one of
+// the next line. Returns null then, and where there is no number. Looks no further than
+// the line: blank lines below it may be many.
 static const char *ReadWithin(const char *pText, const char *pEnd, float *pValue)
 {
-    const char *pAfter = ReadFloat(pText, pValue);
-    return pAfter && pAfter <= pEnd ? pAfter : nullptr;
+    pText = std::find_if_not(pText, pEnd, IsSpace);
+    return pText < pEnd ? ReadFloat(pText, pValue) : nullptr;
 }
 
 static int ReadY(const char *pText, const char *pEnd, cXy *pPoint)

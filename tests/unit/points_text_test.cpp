@@ -1,6 +1,7 @@
 #include "graph/points_text.h"
 
 #include <cfloat>
+#include <chrono>
 #include <string>
 
 #include <doctest/doctest.h>
@@ -99,6 +100,23 @@ TEST_CASE("a line of x,y data counts when a comma stands between two numbers")
         CAPTURE(Row.szText);
         CHECK(Read(Row.szText, 1) == Row.szPoints);
     }
+}
+
+TEST_CASE("each line of a text is looked at once, blank or not")
+{
+    const int   nLines = 500000;
+    std::string Text   = "7 , 8\n";
+    for (int i = 0; i < nLines; i++)
+        Text += i % 2 ? "\r\n" : "5 , \r\n";
+    Text += "9 , 1\n";
+    const auto Begin = std::chrono::steady_clock::now();
+
+    CHECK(Read(Text.c_str(), 1) == "7:8 9:1 ");
+    CHECK(Read((std::string(nLines, '\n') + "3").c_str(), 0) == "3 ");
+    CHECK(Read((std::string(nLines, '\n') + "3,4").c_str(), 1) == "3:4 ");
+
+    // A hundredth of a second; minutes if each line looked through those below it.
+    CHECK(std::chrono::steady_clock::now() - Begin < std::chrono::seconds(10));
 }
 
 TEST_CASE("numbers beyond a float are entered as the largest one")
