@@ -7,6 +7,7 @@ import { askFileName, askOptions, askQuestion, askShared, chooseExample, showDia
 import { Display, spokenDisplay } from "./display.js";
 import { Face } from "./face.js";
 import { acceptDrops, chooseFile, saveFile } from "./files.js";
+import { GraphPane } from "./graph.js";
 import { Keyboard } from "./keyboard.js";
 import { linkOf, listingBytes, programOfLink, storedState, storeState } from "./kept.js";
 import { Menus } from "./menus.js";
@@ -51,6 +52,7 @@ export class Calculator {
             askFile: ({ dialog, name }) => this.askFile(dialog, name),
         });
         this.engine = engine;
+        this.graph = new GraphPane(find(".pane.graph"), engine);
         this.keyboard = new Keyboard(engine, this.face, (command) => this.perform(command));
         engine.on("sound", (sound) => this.sounds.play(sound.name));
         engine.on("trace", ({ text }) => this.trace.add(text));
@@ -94,6 +96,10 @@ export class Calculator {
             this.registers.show(registers);
             this.menus.setChecked("registers", registers.shown);
         }
+        if (state.graph) {
+            this.graph?.setState(state.graph);
+            this.menus.setChecked("graph", state.graph.shown);
+        }
         if (options) {
             this.trace.setOn(options.trace);
         }
@@ -110,9 +116,12 @@ export class Calculator {
     }
 
     layPanes() {
-        const panes = find(".panes");
-        const any = [...panes.children].some((pane) => !(/** @type {HTMLElement} */ (pane).hidden));
-        /** @type {HTMLElement} */ (panes).hidden = !any;
+        const panes = /** @type {HTMLElement} */ (find(".panes"));
+        const shown = panes.querySelectorAll(":scope > .pane:not([hidden])");
+        const besideEachOther = panes.querySelectorAll(":scope > .pane:not(.graph, [hidden])").length;
+        const any = shown.length > 0;
+        panes.hidden = !any;
+        panes.style.setProperty("--columns", String(Math.max(1, besideEachOther)));
         this.face.setBesidePanes(any);
     }
 

@@ -12,6 +12,7 @@ export class LinePane {
         this.list = /** @type {HTMLElement} */ (element.querySelector(".lines"));
         /** @type {string[]} */
         this.lines = [];
+        new ResizeObserver(() => this.revealMark()).observe(this.list);
     }
 
     /** @param {Box} box */
@@ -38,18 +39,16 @@ export class LinePane {
             item?.classList.add("here");
             item?.setAttribute("aria-current", "true");
         }
-        if (item) {
-            this.reveal(item);
-        }
+        this.revealMark();
     }
 
-    /**
-     * In the box only: the page does not move.
-     *
-     * @param {HTMLElement} item
-     */
-    reveal(item) {
+    /** In the box only: the page does not move. */
+    revealMark() {
         const { list } = this;
+        const item = /** @type {HTMLElement | null} */ (list.querySelector(".here"));
+        if (!item) {
+            return;
+        }
         const top = item.offsetTop - list.offsetTop;
         if (top < list.scrollTop) {
             list.scrollTop = top;
