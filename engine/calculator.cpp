@@ -26,13 +26,18 @@ cCalculator::cCalculator(cVorstekHost *pHost, cLineBox *pListing, cLineBox *pReg
 }
 
 // During a run the views lag behind, which must not be visible beside a box.
-eAnswer cCalculator::AskUser(const char *szText, eButtons nButtons, eIcon nIcon,
-                             const char *szCaption)
+void cCalculator::PrepareBox()
 {
     if (m_bProgramRunning)
         RefreshViews();
     m_Trace.Flush();
     Interrupt();
+}
+
+eAnswer cCalculator::AskUser(const char *szText, eButtons nButtons, eIcon nIcon,
+                             const char *szCaption)
+{
+    PrepareBox();
     return m_pHost->Ask(szText, szCaption, nButtons, nIcon);
 }
 
@@ -40,7 +45,8 @@ void cCalculator::ShowProgramError(unsigned nCode)
 {
     char szText[32];
     snprintf(szText, sizeof szText, "Program Error Code #%03u", nCode);
-    AskUser(szText, bnOk, icNone);
+    PrepareBox();
+    m_pHost->Inform(szText);
 }
 
 int cCalculator::ShowUserError(const char *szText)

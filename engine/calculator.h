@@ -252,6 +252,7 @@ public:
     int      m_bListingComplete;  // the listing box had room for the complete file
 
 private:
+    void PrepareBox();
     int  IsXKeyed() const { return m_szEntry[0] && !m_bProgramMode; }
     void FormatRegisterLine(unsigned nLine, char *szText, size_t nSize);
     [[gnu::cold, gnu::noinline]] void ReportRepairs(double dValue);

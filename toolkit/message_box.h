@@ -47,6 +47,10 @@ public:
         Ask(szText, szCaption, bnOk, icError);
     }
 
+    // Reports something in a box with OK, which may also appear a moment later: after the
+    // present line of a program, or at the end of the operation.
+    virtual void Inform(const char *szText) { Ask(szText, nullptr, bnOk, icNone); }
+
     // Asks the application to end: the message loop returns nExitCode once the
     // current operation is finished.
     virtual void PostQuit(int nExitCode) = 0;

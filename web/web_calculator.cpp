@@ -106,6 +106,7 @@ void cWebCalculator::Perform(const cRequest &Request)
     for (const cRequestRow &Row : s_Requests)
         if (Request.m_Name == Row.m_szName && (Row.m_bWhileRunning || !m_Engine.IsRunning()))
             bDone = (this->*Row.m_pHandler)(Request, &Value);
+    m_Host.ShowInformed();
     Publish();
     if (Request.m_Id == "0")
         return;
@@ -138,6 +139,7 @@ cWebCalculator::cWebCalculator() : m_Engine(&m_Host, &m_Listing, &m_Registers)
     m_pTrace          = fopencookie(&m_Trace, "w", {nullptr, KeepTrace, nullptr, nullptr});
     m_Host.m_pPublish = [this] { Publish(); };
     m_Host.m_pServe   = [this] { Serve(); };
+    m_Host.m_pIsInRun = [this] { return m_Engine.IsInRun(); };
     m_Engine.SetTraceStream(m_pTrace);
 }
 

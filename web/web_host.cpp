@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
+#include <utility>
 
 #include "console/json.h"
 #include "graph/vantor_data_set.h"
@@ -53,12 +54,40 @@ static std::string ReplyTo(const std::string &Json)
 
 cWebHost::cWebHost()
     : m_Plot(this), m_bListingShown(0), m_bRegistersShown(0), m_bGraphShown(0), m_PublishTime(0),
-      m_bQuit(0)
+      m_nPause(0), m_bDraining(0), m_bQuit(0)
 {
 }
 
-// An answer that the box does not offer counts as Cancel, or OK where that is all.
+// The only boxes of a line with another answer than OK ask whether to try again when
+// memory is short. There is nothing that a user of the page could close meanwhile.
 eAnswer cWebHost::Ask(const char *szText, const char *szCaption, eButtons nButtons, eIcon nIcon)
+{
+    if (!IsInLine())
+    {
+        ShowInformed();
+        return AskNow(szText, szCaption, nButtons, nIcon);
+    }
+    m_Informed.push_back({szText, szCaption ? szCaption : kCaption, nIcon});
+    return nButtons == bnOk ? anOk : anCancel;
+}
+
+void cWebHost::Inform(const char *szText)
+{
+    m_Informed.push_back({szText, kCaption, icNone});
+}
+
+void cWebHost::ShowInformed()
+{
+    while (!m_Informed.empty())
+    {
+        const cBox Box = m_Informed.front();
+        m_Informed.pop_front();
+        AskNow(Box.m_Text.c_str(), Box.m_Caption.c_str(), bnOk, Box.m_nIcon);
+    }
+}
+
+// An answer that the box does not offer counts as Cancel, or OK where that is all.
+eAnswer cWebHost::AskNow(const char *szText, const char *szCaption, eButtons nButtons, eIcon nIcon)
 {
     m_pPublish();
     std::string Json;
@@ -108,11 +137,15 @@ void cWebHost::BlankDisplay() {}
 
 unsigned cWebHost::DrainMessages(unsigned)
 {
-    if (cClock::now() - m_LastDrain < kDrainPeriod)
+    const unsigned nPause = std::exchange(m_nPause, 0);
+    if (nPause == 0 && m_Informed.empty() && cClock::now() - m_LastDrain < kDrainPeriod)
         return kLinesPerLook;
+    m_bDraining = 1;
+    ShowInformed();
     PublishInRun();
-    WaitInWorker(0);
+    WaitInWorker(nPause);
     m_pServe();
+    m_bDraining = 0;
     m_LastDrain = cClock::now();
     return m_bQuit ? 0 : kLinesPerLook;
 }
@@ -138,26 +171,23 @@ void cWebHost::Pause(unsigned nMilliseconds)
         Object.Number("milliseconds", nMilliseconds);
     }
     Post(Json);
-    WaitInWorker(nMilliseconds);
-    m_LastDrain = {};
+    if (IsInLine())
+        m_nPause = nMilliseconds;
+    else
+        WaitInWorker(nMilliseconds);
 }
 
 int cWebHost::AskFileName(eFileDialog nDialog, char *szName, size_t nSize)
 {
-    std::string Name;
-    std::swap(Name, m_ChosenFile);
-    if (Name.empty())
+    m_pPublish();
+    std::string Json;
     {
-        m_pPublish();
-        std::string Json;
-        {
-            cJsonList Object(&Json, '{', '}');
-            Object.Text("type", "askFile");
-            Object.Text("dialog", nDialog == fdOpen ? "open" : "save");
-            Object.Text("name", szName);
-        }
-        Name = ReplyTo(Json);
+        cJsonList Object(&Json, '{', '}');
+        Object.Text("type", "askFile");
+        Object.Text("dialog", nDialog == fdOpen ? "open" : "save");
+        Object.Text("name", szName);
     }
+    const std::string Name = ReplyTo(Json);
     if (Name.empty() || Name.size() >= nSize)
         return 0;
     snprintf(szName, nSize, "%s", Name.c_str());

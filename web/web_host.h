@@ -1,10 +1,15 @@
 // web_host.h - the calculator's surroundings in a browser: events for the page, and
 // questions that the page answers. README.md explains the order of things.
+//
+// A program line cannot wait: the loop that runs the lines is the part of the module
+// that cannot be suspended. Boxes and the PAUSE of a line wait in the drain that
+// follows it.
 
 #ifndef WEB_WEB_HOST_H
 #define WEB_WEB_HOST_H
 
 #include <chrono>
+#include <deque>
 #include <functional>
 #include <set>
 #include <string>
@@ -18,6 +23,7 @@ public:
     cWebHost();
 
     eAnswer Ask(const char *szText, const char *szCaption, eButtons nButtons, eIcon nIcon) override;
+    void    Inform(const char *szText) override;
     void    PostQuit(int nExitCode) override;
     void    StartSound(unsigned nId) override;
     void    DrawDisplay(const cDisplay &Display) override;
@@ -34,13 +40,15 @@ public:
     unsigned CountDataSets() override;
     int      AddGraphPoint(unsigned nLine, double dX, double dY) override;
 
-    // The next question for a file is answered with this name, without the page.
-    void ChooseFile(const std::string &Name) { m_ChosenFile = Name; }
+    // Shows what Inform() was given, and the boxes that a program line could not wait
+    // for. Called where the module can be suspended.
+    void ShowInformed();
 
-    // Set once, before the first call: publishes what has changed, and handles the
-    // requests that wait, as long as a program runs.
-    std::function<void()> m_pPublish;
-    std::function<void()> m_pServe;
+    // Set once, before the first call: publishes what has changed; handles the requests
+    // that wait, as long as a program runs; says whether one runs.
+    std::function<void()> m_pPublish = [] {};
+    std::function<void()> m_pServe   = [] {};
+    std::function<int()>  m_pIsInRun = [] { return 0; };
 
     cPicturePlot       m_Plot;
     std::set<unsigned> m_Disabled;  // commands
@@ -52,12 +60,23 @@ public:
 private:
     typedef std::chrono::steady_clock cClock;
 
-    void PublishInRun();
+    struct cBox
+    {
+        std::string m_Text;
+        std::string m_Caption;
+        eIcon       m_nIcon;
+    };
+
+    int     IsInLine() const { return !m_bDraining && m_pIsInRun(); }
+    eAnswer AskNow(const char *szText, const char *szCaption, eButtons nButtons, eIcon nIcon);
+    void    PublishInRun();
 
     cClock::time_point m_LastDrain;
     cClock::time_point m_LastPublished;
     cClock::duration   m_PublishTime;  // of the last one
-    std::string        m_ChosenFile;
+    std::deque<cBox>   m_Informed;
+    unsigned           m_nPause;     // milliseconds, to be waited for after the line
+    int                m_bDraining;  // requests are handled during a run
     int                m_bQuit;
 };
 
