@@ -4,12 +4,10 @@
 #ifndef SHELL_WIN32_KEYPAD_TOOLTIPS_H
 #define SHELL_WIN32_KEYPAD_TOOLTIPS_H
 
+#include "toolkit/win32/status_bar.h"
 #include "toolkit/win32/win32.h"
 
-#include "toolkit/win32/status_bar.h"
-
 class cButtonArray;
-
 class cVorstekEngine;
 
 class cKeypadTooltips

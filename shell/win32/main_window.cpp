@@ -261,8 +261,8 @@ int cVorstek::CreateKeypad()
     m_Pictures.Load(m_Scale);
     return m_Keypad.Create(this, 0, 0, 0, 0, m_Pictures.Face(), m_Pictures.Palette(), 0,
                            m_nFaceOffset, 0, 0, WS_VISIBLE, IDC_KEYPAD) &&
-           AddKeys(kSwitchStarts) && Listen(kSlotKey, OnKeyEvent) && Listen(kSlotDisplay, OnDisplayUncovered) &&
-           DescribeKeypad();
+           AddKeys(kSwitchStarts) && Listen(kSlotKey, OnKeyEvent) &&
+           Listen(kSlotDisplay, OnDisplayUncovered) && DescribeKeypad();
 }
 
 // Without these the calculator still works.

@@ -205,7 +205,7 @@ static int Hears(const LONG *pChild, LONG nExpected)
     });
 }
 
-TEST_CASE("who listens is told of a new text on the display, a moved switch and the ring")
+TEST_CASE("who listens hears of a new text on the display, a moved switch and the ring")
 {
     cNamesRig &Rig       = Shared<cNamesRig>();
     DWORD      dwProcess = 0;
