@@ -139,7 +139,11 @@ void cVantorBox::MakeFont(const cVantorBoxSettings &Settings)
         GetObjectA(GetStockObject(SYSTEM_FONT), sizeof m_LogFont, &m_LogFont);
     }
 
-    m_nFontTenths = abs(m_LogFont.lfHeight) * kTenthsPerInch / ScreenDpi(nullptr);
+    // A page has the stock font in the size of 96 dots per inch.
+    const cScale First(ScreenDpi(nullptr));
+    const int    nHeight = m_bSystemFont && !(First == cScale()) ? First.Length(kSystemFontHeight)
+                                                                 : abs(m_LogFont.lfHeight);
+    m_nFontTenths        = nHeight * kTenthsPerInch / First.Dpi();
     SendMessageA(m_Legend.Window(), WM_SETFONT, reinterpret_cast<WPARAM>(Font()), TRUE);
     SendMessageA(m_Legend.Window(), LB_SETITEMHEIGHT, 0, RowHeight());
 }
