@@ -1,7 +1,5 @@
 #include "toolkit/win32/png_resource.h"
 
-#include <wincodec.h>
-
 static const int kPixelBytes = 4;
 
 namespace

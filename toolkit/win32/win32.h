@@ -17,6 +17,7 @@
 #include <mmsystem.h>
 #include <richedit.h>
 #include <shellapi.h>
+#include <wincodec.h>
 
 // The macro would rename cCallbackObj::GetClassName, but only in the files that
 // include <windows.h>.
