@@ -17,9 +17,9 @@ const unsigned kRegisterSumY2 = 14;
 const unsigned kRegisterSumXY = 15;
 
 const unsigned kReturnLevels   = 3;
-const int      kDisplayVisible = 20;  // characters that the display shows
-const int      kKeystrokesText = 11;  // pending keys, 10 characters
-const int      kFileNameText   = 1024;
+const int      kDisplayVisible = 20;    // characters that the display shows
+const int      kKeystrokesText = 11;    // pending keys, 10 characters
+const int      kFileNameText   = 4096;  // what systems take, closing zero included
 
 const int kAngleRad = 0;
 const int kAngleDeg = 1;

@@ -232,6 +232,25 @@ class GraphTest(ConsoleCase):
         self.assertEqual(box["text"], f"Could not write the file:\n {name}")
 
 
+class LongNameTest(LinuxCase):
+    """The system takes paths of up to 4095 bytes, in names of up to 255."""
+
+    def test_files_deep_in_folders_are_opened_and_saved(self):
+        deep = self.folder
+        while len(deep) < 3800:
+            deep += "/" + 200 * "d"
+            os.mkdir(deep)
+        name = os.path.join(deep, "program.txt")
+        with open(name, "w", encoding="ascii") as file:
+            file.write("LBL 1\n7\n")
+        state = self.state_after(f"open {name}", f"save {deep}/again.txt")
+        self.assertEqual(state["file"], f"{deep}/again.txt")
+        self.assertEqual(state["program"][1:3], ["LBL 1", "7"])
+        with open(f"{deep}/again.txt", encoding="ascii") as file:
+            self.assertEqual(file.read().split(), ["LBL", "1", "7"])
+        self.assertEqual(self.start("run", name).code, 0)
+
+
 class FullDiskTest(LinuxCase):
     """A disk that takes no more leaves the old file as it was."""
 

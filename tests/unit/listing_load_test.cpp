@@ -601,8 +601,8 @@ TEST_CASE("a name that the calculator has no room for is not opened")
 {
     cLoadRig Rig;
     Rig.m_Folder.Write("program.txt", "CLX\n");
-    const std::string Name = Repeated("./", 510) + Rig.m_Folder.Name("program.txt");
-    REQUIRE(Name.size() >= 1024);
+    const std::string Name = Repeated("./", 2046) + Rig.m_Folder.Name("program.txt");
+    REQUIRE(Name.size() >= 4096);
 
     for (const std::string &Long : {Name, std::string(100000, 'x')})
     {
