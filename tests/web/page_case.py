@@ -1,0 +1,158 @@
+"""What the tests of the page share: a server for its folder, one Chromium, and what a
+person does with the page.
+
+    python3 page_test.py FOLDER CONSOLE [unittest options]
+
+FOLDER has vorstek.html and all that it fetches; CONSOLE is the console program, which
+says what is right. Debian package: chromium."""
+
+import functools
+import http.server
+import json
+import pathlib
+import subprocess
+import sys
+import tempfile
+import threading
+import unittest
+
+from chromium import Chromium
+
+HERE = pathlib.Path(__file__).resolve().parent
+EXAMPLES = HERE.parents[1] / "examples"
+TIMEOUT = 60
+
+folder = None
+console = None
+
+
+class _Files(http.server.SimpleHTTPRequestHandler):
+
+    extensions_map = {".html": "text/html", ".css": "text/css", ".js": "text/javascript",
+                      ".wasm": "application/wasm", ".png": "image/png", ".wav": "audio/wav",
+                      ".json": "application/json", "": "application/octet-stream"}
+
+    def log_message(self, *_):
+        pass
+
+
+class Seen:
+    """The page when nothing happens any more."""
+
+    def __init__(self, found):
+        head, _, self.program = found["kept"].partition("\nlisting\n")
+        values = dict(line.split(" ", 1) for line in head.splitlines()[1:])
+        self.name = values.pop("file")
+        self.numbers = {name: float(value) for name, value in values.items()}
+        self.display = found["display"]
+        self.listing = found["listing"]
+        self.registers = found["registers"]
+
+
+class PageCase(unittest.TestCase):
+    """A test begins with a calculator that keeps nothing from the one before."""
+
+    @classmethod
+    def setUpClass(cls):
+        handler = functools.partial(_Files, directory=folder)
+        server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), handler)
+        threading.Thread(target=server.serve_forever, daemon=True).start()
+        cls.addClassCleanup(server.server_close)
+        cls.addClassCleanup(server.shutdown)
+        cls.address = f"http://127.0.0.1:{server.server_port}/vorstek.html"
+        cls.browser = Chromium().__enter__()
+        cls.addClassCleanup(cls.browser.__exit__, None, None, None)
+        cls.add_script((HERE / "page_hands.js").read_text(encoding="utf-8"))
+
+    @classmethod
+    def add_script(cls, source):
+        return cls.browser.send("Page.addScriptToEvaluateOnNewDocument", source=source)["identifier"]
+
+    maxDiff = 4000
+
+    def setUp(self):
+        self.size(1280, 800)
+        self.open()
+
+    def tearDown(self):
+        self.assertEqual(self.run_script("hands.errors"), [])
+
+    # --- the page
+
+    def open(self, fragment="", keeps=False):
+        """Another document, even if only the fragment differs."""
+        if not keeps:
+            self.browser.open(self.address.replace("vorstek.html", "sounds/"))
+            self.run_script("localStorage.clear()")
+        else:
+            self.browser.open("about:blank")
+        self.browser.open(self.address + fragment)
+        self.run_script("hands.started")
+
+    def size(self, width, height, density=1, scheme="light", mobile=False):
+        self.browser.send("Emulation.setDeviceMetricsOverride", width=width, height=height,
+                          deviceScaleFactor=density, mobile=mobile)
+        self.browser.send("Emulation.setEmulatedMedia",
+                          features=[{"name": "prefers-color-scheme", "value": scheme}])
+
+    def run_script(self, script):
+        """With the rights of a click: to open a file, to play a sound."""
+        result = self.browser.send("Runtime.evaluate", expression=script, awaitPromise=True,
+                                   returnByValue=True, userGesture=True)
+        self.assertNotIn("exceptionDetails", result, script)
+        return result["result"].get("value")
+
+    def call(self, name, *arguments):
+        return self.run_script(f"hands.{name}({', '.join(map(json.dumps, arguments))})")
+
+    def settled(self, *answers):
+        """Boxes that open are answered in turn, "ok" by default."""
+        return Seen(self.call("settle", answers))
+
+    def boxes(self):
+        """The texts of the boxes since the last call."""
+        return self.run_script("hands.boxes.splice(0)")
+
+    def press(self, *codes):
+        for code in codes:
+            self.call("tap", code)
+        return self.settled()
+
+    def choose(self, command):
+        """An item of a menu."""
+        self.run_script(f"document.querySelector('[data-command={command}]').click()")
+
+    def point(self, selector):
+        """The middle of an element in the window."""
+        return self.call("middle", selector)
+
+    def count(self, selector):
+        return self.run_script(f"document.querySelectorAll({json.dumps(selector)}).length")
+
+    # --- the console
+
+    def script(self, *lines):
+        """The events of the console's command script."""
+        with tempfile.TemporaryDirectory(prefix="vorstek-") as where:
+            done = subprocess.run([console, "script"], input="\n".join(lines) + "\n", cwd=where,
+                                  capture_output=True, check=True, text=True, timeout=TIMEOUT)
+        return [json.loads(line) for line in done.stdout.splitlines()]
+
+    def assert_same(self, seen, state):
+        """The page's calculator and a state of the console."""
+        levels = dict(zip("xyzt", (level["value"] for level in state["stack"])))
+        registers = {f"reg.{n}": value for n, value in enumerate(state["reg"])}
+        values = {**levels, **registers, "lastx": state["lastx"], "line": state["line"],
+                  "modified": state["modified"]}
+        # Infinities are not kept.
+        expected = {name: value for name, value in values.items() if not isinstance(value, str)}
+        self.assertEqual({name: seen.numbers.get(name) for name in expected}, expected)
+        self.assertEqual(seen.listing, state["listing"])
+        self.assertEqual(seen.registers, state["registers"])
+        self.assertIn(state["display"].strip(), seen.display)
+
+
+def main():
+    global folder, console
+    folder, console = (str(pathlib.Path(name).resolve()) for name in sys.argv[1:3])
+    unittest.main(module="__main__", argv=[sys.argv[0], *sys.argv[3:]])
