@@ -21,8 +21,12 @@ static size_t NumberText(float fValue)
 {
     size_t       nDigits = 1;
     const double dAbs    = std::fabs(static_cast<double>(fValue));
-    for (double dPower = kBase; dAbs >= dPower; dPower *= kBase)
+    double       dPower  = kBase;
+    while (dAbs >= dPower)
+    {
+        dPower *= kBase;
         nDigits++;
+    }
     return (std::signbit(fValue) ? 1U : 0U) + nDigits + kDecimalsText;
 }
 

@@ -19,7 +19,8 @@ struct cKeyDistance
     int m_nGap;      // pixels between the two, sideways; negative as far as they overlap
     int m_nCentres;  // between their middles, sideways, in half pixels
 
-    auto operator<=>(const cKeyDistance &) const = default;
+    // clang-tidy sees a 0 in what the compiler makes of this.
+    auto operator<=>(const cKeyDistance &) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
 }  // namespace

@@ -166,7 +166,7 @@ void cEditedLines::Suspend()
     s_bSuspended = 0;
     el_set(m_pEdit, EL_PREP_TERM, 0);
     printf("\n");  // the shell writes below the line
-    fflush(stdout);
+    static_cast<void>(fflush(stdout));
     raise(SIGSTOP);
     el_set(m_pEdit, EL_PREP_TERM, 1);
     m_Resumed();

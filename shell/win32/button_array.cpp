@@ -446,7 +446,7 @@ void cButtonArray::MoveSwitch(unsigned nSwitch, int nPosition)
     m_SwitchPos[nSwitch] = bRight ? nTravel : 0;
     FireKey(m_KeyRects.Count() + nSwitch, bRight);
     NotifyWinEvent(EVENT_OBJECT_STATECHANGE, m_hWnd, OBJID_CLIENT,
-                   static_cast<LONG>(m_KeyRects.Count() + nSwitch + 1));
+                   static_cast<LONG>(m_KeyRects.Count() + nSwitch) + 1);
 }
 
 // The thumb stays where it was dropped until the next paint.

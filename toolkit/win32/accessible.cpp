@@ -17,17 +17,16 @@ BSTR AccessibleText(const char *szText)
 }
 
 // The library is loaded when the first screen reader asks: most users have none.
-template <class cCall> static cCall FindCall(const char *szName)
+static HMODULE Library()
 {
     static const HMODULE s_hLibrary = LoadSystemLibrary("oleacc.dll");
-    return s_hLibrary ? reinterpret_cast<cCall>(
-                            reinterpret_cast<void *>(GetProcAddress(s_hLibrary, szName)))
-                      : nullptr;
+    return s_hLibrary;
 }
 
 LRESULT AnswerGetObject(WPARAM wParam, IAccessible *pObject)
 {
-    static const auto s_pfnAnswer = FindCall<cLresultFromObject>("LresultFromObject");
+    static const auto s_pfnAnswer =
+        FindFunction<cLresultFromObject>(Library(), "LresultFromObject");
     // The reference is to this thread, which needs an apartment for it.
     static const HRESULT s_nApartment = CoInitialize(nullptr);
     if (!s_pfnAnswer || FAILED(s_nApartment))
@@ -37,11 +36,12 @@ LRESULT AnswerGetObject(WPARAM wParam, IAccessible *pObject)
 
 HRESULT ObjectOfWindow(HWND hWnd, IDispatch **ppObject)
 {
-    static const auto s_pfnFind = FindCall<cObjectFromWindow>("AccessibleObjectFromWindow");
-    void             *pObject   = nullptr;
-    const HRESULT     nResult   = s_pfnFind ? s_pfnFind(hWnd, static_cast<DWORD>(OBJID_WINDOW),
-                                                        __uuidof(IAccessible), &pObject)
-                                            : E_NOTIMPL;
-    *ppObject                   = static_cast<IAccessible *>(pObject);
+    static const auto s_pfnFind =
+        FindFunction<cObjectFromWindow>(Library(), "AccessibleObjectFromWindow");
+    void         *pObject = nullptr;
+    const HRESULT nResult = s_pfnFind ? s_pfnFind(hWnd, static_cast<DWORD>(OBJID_WINDOW),
+                                                  __uuidof(IAccessible), &pObject)
+                                      : E_NOTIMPL;
+    *ppObject             = static_cast<IAccessible *>(pObject);
     return nResult;
 }

@@ -40,8 +40,7 @@ static HWND OpenHelp(const char *szFile, UINT nCommand, const char *szTopic)
     static HMODULE s_hViewer = LoadViewer();
     if (!s_hViewer)
         return nullptr;
-    const auto pfnHtmlHelp = reinterpret_cast<cHtmlHelp>(
-        reinterpret_cast<void *>(GetProcAddress(s_hViewer, "HtmlHelpA")));
+    const auto pfnHtmlHelp = FindFunction<cHtmlHelp>(s_hViewer, "HtmlHelpA");
     if (!pfnHtmlHelp)
         return nullptr;
     char szPath[MAX_PATH];

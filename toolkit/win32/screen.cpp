@@ -1,25 +1,26 @@
 #include "toolkit/win32/screen.h"
 
 #include "toolkit/win32/gdi.h"
+#include "toolkit/win32/system_library.h"
 
-// A function of user32 that old platforms do not have; null there.
-template <class cCall> static cCall FindCall(const char *szName)
+// Old platforms lack some of its functions.
+static HMODULE UserLibrary()
 {
-    const FARPROC pfnFound = GetProcAddress(GetModuleHandleA("user32.dll"), szName);
-    return reinterpret_cast<cCall>(reinterpret_cast<void *>(pfnFound));
+    return GetModuleHandleA("user32.dll");
 }
 
 int ScreenDpi(HWND hWnd)
 {
-    static const auto pfnForWindow = FindCall<UINT(WINAPI *)(HWND)>("GetDpiForWindow");
-    const UINT        nDpi         = hWnd && pfnForWindow ? pfnForWindow(hWnd) : 0;
+    static const auto pfnForWindow =
+        FindFunction<UINT(WINAPI *)(HWND)>(UserLibrary(), "GetDpiForWindow");
+    const UINT nDpi = hWnd && pfnForWindow ? pfnForWindow(hWnd) : 0;
     return nDpi ? static_cast<int>(nDpi) : GetDeviceCaps(cWindowDc(nullptr).Get(), LOGPIXELSY);
 }
 
 int FindStatusFont(int nDpi, LOGFONTW *pLogFont)
 {
-    static const auto pfnForDpi =
-        FindCall<BOOL(WINAPI *)(UINT, UINT, void *, UINT, UINT)>("SystemParametersInfoForDpi");
+    static const auto pfnForDpi = FindFunction<BOOL(WINAPI *)(UINT, UINT, void *, UINT, UINT)>(
+        UserLibrary(), "SystemParametersInfoForDpi");
     NONCLIENTMETRICSW Metrics = {};
     Metrics.cbSize            = sizeof Metrics;
     if (!pfnForDpi ||

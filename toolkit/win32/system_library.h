@@ -12,7 +12,15 @@ inline HMODULE LoadSystemLibrary(const char *szName)
     return LoadLibraryExA(szName, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
 }
 
-// The same for the libraries that the platform loads for its own purposes, from now on.
+// A function of such a library; null if it, or the library, is not there.
+template <class cCall> cCall FindFunction(HMODULE hLibrary, const char *szName)
+{
+    const FARPROC pfnFound = hLibrary ? GetProcAddress(hLibrary, szName) : nullptr;
+    return reinterpret_cast<cCall>(reinterpret_cast<void *>(pfnFound));
+}
+
+// Libraries that the platform loads for its own purposes come from there too, from now
+// on.
 inline void LoadFromSystemOnly()
 {
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
