@@ -46,6 +46,7 @@ DESERVED = {
     "LBL 0\nLBL 1": "2 unused-label",
     "LBL 1\nCLX\nRTN\n\nGSB 1": "5 unreachable",
     "LBL 1\nGTO 9": "2 missing-label",
+    "LBL 1\nSTO 3\nGSB 2\nDSZ\nR/S\nGTO 1\n1/x\nLBL 2\nSumG\nRTN": "7 unreachable",
     "LBL 1\nLBL 2\nLBL 3": "2 unused-label, 3 unused-label",
     "LBL 1\r\nGSB 1\r": "2 deep-calls",
     "R/S\nGSB 1": "2 missing-label",

@@ -188,7 +188,9 @@ class MakeTest(VimCase):
             [name, 3, 0, "E", 'illegal number: only a comment may follow 3, not "4"'],
             [name, 4, 0, "E", 'unrecognized instr mnemonic "sto": did you mean STO?']])
         self.assertEqual([row[1] for row in listed], [finding["line"] for finding in reported])
-        self.assertEqual(listed[-1], [name, 103, 0, "E", "Program memory overflow"])
+        self.assertEqual(listed[-1], [
+            name, 103, 0, "E",
+            'Program memory overflow "ENTER": a program has at most 98 lines'])
 
     def test_a_sound_listing(self):
         name = self.write("a.vorstek", "LBL 1\nsin\nRTN\n")

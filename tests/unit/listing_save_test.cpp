@@ -278,7 +278,7 @@ TEST_CASE("a folder's name, an empty one and those that there is no room for are
 {
     cSaveRig    Rig;
     std::string Long;
-    while (Long.size() < 1024)
+    while (Long.size() < sizeof Rig.State().m_szFileName)
         Long += "./";
     Long += Rig.m_Folder.Name("a.txt");
     for (const std::string &Name :
