@@ -62,7 +62,11 @@ const hands = {
     },
 
     async until(condition) {
+        const end = performance.now() + 30000;
         while (!condition()) {
+            if (performance.now() > end) {
+                throw new Error(`not within 30 s: ${condition}`);
+            }
             await hands.later(2);
         }
     },
@@ -70,17 +74,51 @@ const hands = {
     /** Waits until there is such an element. */
     async find(selector) {
         await hands.until(() => document.querySelector(selector));
-        return document.querySelector(selector);
+    },
+
+    untilTitle: (start) => hands.until(() => document.title.startsWith(start)),
+
+    untilAskedForFile: () => hands.until(() => document.getElementById("chooser").onchange),
+
+    async untilKept() {
+        const { kept } = await hands.settle([]);
+        await hands.until(() => localStorage.getItem("vorstek") === kept);
     },
 
     async chooseExample(name) {
-        (await hands.find(`#examples[open] [value="${name}"]`)).click();
-        await hands.until(() => document.title.startsWith(name));
+        const choice = `#examples[open] [value="${name}"]`;
+        await hands.find(choice);
+        document.querySelector(choice).click();
+        await hands.untilTitle(name);
     },
 
     middle(selector) {
         const { left, top, width, height } = document.querySelector(selector).getBoundingClientRect();
         return [left + width / 2, top + height / 2];
+    },
+
+    /** The keys that the arrow keys reach from one of them. */
+    reached(start) {
+        const reached = new Set([start]);
+        for (const code of reached) {
+            for (const key of ["ArrowLeft", "ArrowRight", "ArrowUp", "ArrowDown"]) {
+                const from = document.querySelector(`[data-code="${code}"]`);
+                from.focus();
+                from.dispatchEvent(new KeyboardEvent("keydown", { key, bubbles: true }));
+                reached.add(Number(document.activeElement.dataset.code));
+            }
+        }
+        return [...reached];
+    },
+
+    /** Codes of the keys and switches that a pointer finds where they are seen. */
+    buttonsInReach() {
+        const buttons = [...document.querySelectorAll("[data-code]")];
+        const found = buttons.filter((button) => {
+            const { left, top, width, height } = button.getBoundingClientRect();
+            return document.elementFromPoint(left + width / 2, top + height / 2) === button;
+        });
+        return found.map((button) => Number(button.dataset.code)).sort((a, b) => a - b);
     },
 
     drop(name, text, selector) {

@@ -32,7 +32,7 @@ export class Keyboard {
         this.command = command;
         /** @type {Map<string, number>} code by function key */
         this.held = new Map();
-        this.stepsBack = false;
+        this.afterG = false;
         addEventListener("keydown", (event) => this.onDown(event));
         addEventListener("keyup", (event) => this.onUp(event.key));
         addEventListener("blur", () => {
@@ -104,25 +104,27 @@ export class Keyboard {
         }
     }
 
-    /** @param {boolean} repeated */
-    stepBack(repeated) {
-        if (!repeated) {
-            this.stepsBack = true;
-            this.face.tap(KEY_G);
+    /**
+     * A g that only halts a run or clears an error is not followed by SST. What the
+     * calculator has made of it is known when it answers the question after it.
+     *
+     * @param {boolean} repeated
+     */
+    async stepBack(repeated) {
+        if (repeated) {
+            return;
+        }
+        this.face.tap(KEY_G);
+        await this.engine.listingText();
+        if (this.afterG) {
+            this.face.tap(KEY_SST);
         }
     }
 
-    /**
-     * A g that only halts a run or clears an error is not followed by SST.
-     *
-     * @param {Modes | undefined} modes
-     */
+    /** @param {Modes | undefined} modes */
     onState(modes) {
-        if (this.stepsBack && modes && !modes.running) {
-            this.stepsBack = false;
-            if (modes.keystrokes.endsWith("g ")) {
-                this.face.tap(KEY_SST);
-            }
+        if (modes) {
+            this.afterG = !modes.running && modes.keystrokes.endsWith("g ");
         }
     }
 
