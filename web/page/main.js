@@ -3,3 +3,8 @@
 import { Calculator } from "./calculator.js";
 
 new Calculator().start();
+
+// The page as one file needs nothing beside it, and has no manifest.
+if (document.querySelector("link[rel=manifest]") && "serviceWorker" in navigator) {
+    addEventListener("load", () => navigator.serviceWorker.register("service_worker.js"));
+}
