@@ -121,7 +121,6 @@ TEST_CASE("a line that is not meant so is explained")
         {"2 3 + undo", "column 7: undo: a command is alone in its line"},
         {"help lsit", "no help on 'lsit', did you mean list?"},
         {"help \x1b[2J", "no help on '<U+001B>[2J'"},
-        {"load \x1b[2J", "load: cannot read '<U+001B>[2J': no such file"},
     };
     cSessionRig Rig;
     for (const auto &Row : s_Rows)
@@ -129,6 +128,9 @@ TEST_CASE("a line that is not meant so is explained")
         Rig.Type({Row.szTyped});
         CHECK(Rig.m_Session.Error() == Row.szError);
     }
+    // The reason is the system's: one says that there is none, another nothing.
+    Rig.Type({"load \x1b[2J"});
+    CHECK(Rig.m_Session.Error().rfind("load: cannot read '<U+001B>[2J'", 0) == 0);
     CHECK_FALSE(Rig.m_Session.HasEnded());
 }
 
