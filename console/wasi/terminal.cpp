@@ -28,6 +28,13 @@ unsigned TerminalHeight()
     return 24;
 }
 
+int WasStopped()
+{
+    return 0;
+}
+
+void WaitForKey() {}
+
 std::string HistoryFile()
 {
     return "";

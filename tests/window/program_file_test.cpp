@@ -67,7 +67,8 @@ TEST_CASE("the properties of both programs show product and version")
     }
 }
 
-TEST_CASE("the manifest asks for modern controls, the user's own rights and a scaled screen")
+TEST_CASE(
+    "the manifest asks for modern controls, the user's own rights and screens of any resolution")
 {
     const cProgramFile Program;
     const std::string  Manifest =
@@ -76,8 +77,8 @@ TEST_CASE("the manifest asks for modern controls, the user's own rights and a sc
     CHECK(Has(Manifest, "type=\"win32\" name=\"Vorstek\" version=\"2.0.0.0\""));
     CHECK(Has(Manifest, "name=\"Microsoft.Windows.Common-Controls\" version=\"6.0.0.0\""));
     CHECK(Has(Manifest, "level=\"asInvoker\" uiAccess=\"false\""));
-    CHECK(Has(Manifest, ">unaware</dpiAwareness>"));
-    CHECK(Has(Manifest, ">true</gdiScaling>"));
+    CHECK(Has(Manifest, ">true</dpiAware>"));
+    CHECK(Has(Manifest, ">PerMonitorV2</dpiAwareness>"));
     // Windows 10 and later
     CHECK(Has(Manifest, "<supportedOS Id=\"{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}\"/>"));
     CHECK_FALSE(Has(Manifest, "activeCodePage xmlns"));

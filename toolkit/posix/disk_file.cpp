@@ -136,9 +136,7 @@ std::string FollowLinks(const char *szName)
 
 static int IsInDeviceFolder(const std::string &Name)
 {
-    char              szReal[PATH_MAX];
-    const std::string Beside = BesideFile(Name.c_str(), ".");
-    const std::string Folder = realpath(Beside.c_str(), szReal) ? std::string(szReal) + "/" : "";
+    const std::string Folder = RealName(BesideFile(Name.c_str(), ".")) + "/";
     return Folder.starts_with("/proc/") ||
            (Folder.starts_with("/dev/") && !Folder.starts_with("/dev/shm/"));
 }
