@@ -152,7 +152,7 @@ TEST_CASE("while a dialog of the graph is open the calculator is disabled and st
         Calculator.Settle();
         CHECK(Graph.Count() == 2);
         Graph.Escape();
-        CHECK(IsWindowEnabled(Calculator.Window()));
+        CHECK(Eventually(TRUE, [&] { return IsWindowEnabled(Calculator.Window()); }) == TRUE);
     }
     Calculator.HitKey(kKeyRunStop);
     CHECK(Eventually(0, [&] { return Graph.Count(); }) == 0);
