@@ -102,18 +102,25 @@ TEST_CASE("a line of x,y data counts when a comma stands between two numbers")
     }
 }
 
+// With the sanitizer's strict checks each function of the C library that gets a part of
+// the text reads all that follows, which would take minutes here.
+#ifdef VORSTEK_STRICT_STRINGS
+static const int kManyLines = 2000;
+#else
+static const int kManyLines = 500000;
+#endif
+
 TEST_CASE("each line of a text is looked at once, blank or not")
 {
-    const int   nLines = 500000;
-    std::string Text   = "7 , 8\n";
-    for (int i = 0; i < nLines; i++)
+    std::string Text = "7 , 8\n";
+    for (int i = 0; i < kManyLines; i++)
         Text += i % 2 ? "\r\n" : "5 , \r\n";
     Text += "9 , 1\n";
     const auto Begin = std::chrono::steady_clock::now();
 
     CHECK(Read(Text.c_str(), 1) == "7:8 9:1 ");
-    CHECK(Read((std::string(nLines, '\n') + "3").c_str(), 0) == "3 ");
-    CHECK(Read((std::string(nLines, '\n') + "3,4").c_str(), 1) == "3:4 ");
+    CHECK(Read((std::string(kManyLines, '\n') + "3").c_str(), 0) == "3 ");
+    CHECK(Read((std::string(kManyLines, '\n') + "3,4").c_str(), 1) == "3:4 ");
 
     // A hundredth of a second; minutes if each line looked through those below it.
     CHECK(std::chrono::steady_clock::now() - Begin < std::chrono::seconds(10));

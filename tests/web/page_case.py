@@ -14,6 +14,7 @@ import subprocess
 import sys
 import tempfile
 import threading
+import time
 import unittest
 
 from chromium import Chromium
@@ -102,6 +103,16 @@ class PageCase(unittest.TestCase):
 
     def call(self, name, *arguments):
         return self.run_script(f"hands.{name}({', '.join(map(json.dumps, arguments))})")
+
+    def eventually(self, expected, name, *arguments):
+        """What a call answers as soon as it is that, or after some seconds: a window
+        that has changed its size is laid out a little later."""
+        for _ in range(50):
+            answer = self.call(name, *arguments)
+            if answer == expected:
+                break
+            time.sleep(0.1)
+        return answer
 
     def settled(self, *answers):
         """Boxes that open are answered in turn, "ok" by default."""
