@@ -41,7 +41,7 @@ def largest_icon():
 
 
 def service_worker(files):
-    """It is another one whenever a file has changed, so that browsers fetch them anew."""
+    """It is another one whenever a file has changed, so that browsers fetch them again."""
     text = (HERE / SERVICE_WORKER).read_text(encoding="utf-8")
     digest = hashlib.sha256(text.encode())
     for content in files.values():

@@ -238,8 +238,8 @@ int cVorstek::CreateBars()
 // A screen reader takes the text before a box for its name, also one that is hidden.
 int cVorstek::CreateBox(cEditBox *pBox, uint32_t nId, const char *szName)
 {
-    CreateWindowExA(0, "STATIC", szName, WS_CHILD, 0, 0, 0, 0, m_hWnd, nullptr, ProgramInstance(),
-                    nullptr);
+    static_cast<void>(CreateWindowExA(0, "STATIC", szName, WS_CHILD, 0, 0, 0, 0, m_hWnd, nullptr,
+                                      ProgramInstance(), nullptr));
     if (!pBox->Create(this, 0, 0, 0, 0, ES_NOHIDESEL, nId, 0, 0, kTextLimit))
         return 0;
     pBox->SetReadOnly(1);
