@@ -1,5 +1,6 @@
 # shellcheck shell=sh
-# Sourced by ./run and ./test: installs the packages that they need.
+# Sourced by ./run and ./test: installs the packages that they need, and keeps what
+# the compilers make.
 
 # install_missing PACKAGE...
 # Installs those of the Debian packages that are not there yet, and nothing
@@ -59,4 +60,15 @@ apt_get()
     tail -n 20 "$apt_log" >&2
     rm -f "$apt_log"
     return 1
+}
+
+# use_compiler_cache ROOT
+# What was compiled once, in this folder or another, comes from ccache's store. A
+# folder's own path makes no difference there; nor does the time of a header that
+# others are precompiled with.
+use_compiler_cache()
+{
+    command -v ccache >/dev/null || return 0
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache
+    export CCACHE_BASEDIR="$1" CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
 }
