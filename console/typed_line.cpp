@@ -3,8 +3,6 @@
 #include "console/state_report.h"
 #include "console/typed_words.h"
 #include "engine/vorstek_engine.h"
-#include "listing/source_lines.h"
-#include "listing/suggestion.h"
 #include "toolkit/finding.h"
 
 std::string cTypedError::Message() const
@@ -13,17 +11,6 @@ std::string cTypedError::Message() const
 }
 
 cTypedLines::cTypedLines(cVorstekEngine *pEngine) : m_pEngine(pEngine), m_nSteps(0) {}
-
-static std::string WhyRefused(const cTypedStep &Step)
-{
-    if (Step.m_Parsed.m_nKind == llBadOperand)
-        return WhatItTakes(*Step.m_Parsed.m_pInstruction);
-    if (Step.m_Word.size() > kLongestWord)
-        return "longer than " + std::to_string(kLongestWord) + " characters";
-    const std::string Suggestion = SuggestWord(Step.m_Word);
-    const std::string Text       = "neither an instruction nor a number";
-    return Suggestion.empty() ? Text : Text + ", did you mean " + Suggestion + "?";
-}
 
 static int IsUnknown(const cTypedStep &Step)
 {
@@ -51,8 +38,8 @@ int cTypedLines::Perform(std::string_view Line, cTypedError *pError)
         const int bAccepted = IsAccepted(Step);
         if (bAccepted && m_pEngine->Perform(Step.m_Parsed))
             continue;
-        *pError = {bAccepted ? DisplayedText(m_pEngine) : WhyRefused(Step), Shown(Step.m_Word),
-                   Step.m_nColumn, IsUnknown(Step)};
+        *pError = {bAccepted ? DisplayedText(m_pEngine) : WhyRefused(m_Vocabulary, Step),
+                   Shown(Step.m_Word), Step.m_nColumn, IsUnknown(Step)};
         return 0;
     }
     return 1;

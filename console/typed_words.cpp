@@ -6,6 +6,7 @@
 #include "engine/instruction.h"
 #include "engine/mnemonic_map.h"
 #include "listing/source_lines.h"
+#include "listing/suggestion.h"
 #include "toolkit/utf8.h"
 
 static const char *const kBeforeWord = " \t\r\n";
@@ -65,19 +66,46 @@ static void ParseNumber(std::string_view Word, cListingLine *pParsed)
         pParsed->m_nKind = llBadMnemonic;
 }
 
-int cTypedWords::Next(cTypedStep *pStep)
+// Takes "CL REG" as one word.
+void cTypedWords::TakeWord(cTypedStep *pStep)
 {
-    const std::string_view Word = PeekWord();
-    if (Word.empty())
-        return 0;
-    pStep->m_Word = Word;
+    const std::string_view First = PeekWord();
+    pStep->m_Word                = First;
     m_nColumn += CountCharacters(m_Line.substr(m_nCounted, m_nAt - m_nCounted));
     m_nCounted       = m_nAt;
     pStep->m_nColumn = m_nColumn;
-    m_nAt += Word.size();
-    if (const cInstruction *const pInstruction = m_Vocabulary.Find(Word))
+    m_nAt += First.size();
+    if (!m_Vocabulary.BeginsPair(First))
+        return;
+    const std::string_view Second = PeekWord();
+    const std::string      Both   = m_Vocabulary.Joined(First, Second);
+    if (Both.empty())
+        return;
+    pStep->m_Word = Both;
+    m_nAt += Second.size();
+}
+
+int cTypedWords::Next(cTypedStep *pStep)
+{
+    if (PeekWord().empty())
+        return 0;
+    TakeWord(pStep);
+    if (const cInstruction *const pInstruction = m_Vocabulary.Find(pStep->m_Word))
         ParseInstruction(*pInstruction, &pStep->m_Parsed);
     else
-        ParseNumber(Word, &pStep->m_Parsed);
+        ParseNumber(pStep->m_Word, &pStep->m_Parsed);
     return 1;
+}
+
+std::string WhyRefused(const cVocabulary &Vocabulary, const cTypedStep &Step)
+{
+    if (Step.m_Parsed.m_nKind == llBadOperand)
+        return WhatItTakes(*Step.m_Parsed.m_pInstruction);
+    if (Step.m_Word.size() > kLongestWord)
+        return "longer than " + std::to_string(kLongestWord) + " characters";
+    if (Vocabulary.FindKey(Step.m_Word))
+        return "a key, but neither an instruction nor a number";
+    const std::string Suggestion = SuggestWord(Step.m_Word);
+    const std::string Text       = "neither an instruction nor a number";
+    return Suggestion.empty() ? Text : Text + ", did you mean " + Suggestion + "?";
 }

@@ -14,10 +14,15 @@ class cVocabulary;
 
 struct cTypedStep
 {
-    cListingLine m_Parsed;   // llBadOperand also if the instruction rejects the operand
-    std::string  m_Word;     // the instruction or number as typed, without the operand
-    size_t       m_nColumn;  // of its first character, from 1; a tab is one
+    cListingLine m_Parsed;  // llBadOperand also if the instruction rejects the operand
+    std::string  m_Word;    // the instruction or number, without the operand: as typed, but
+                            // for one blank in "CL REG"
+    size_t m_nColumn;       // of its first character, from 1; a tab is one
 };
+
+// Why a step is neither an instruction with its operand nor a number, for messages:
+// "neither an instruction nor a number, did you mean sqrt?"
+std::string WhyRefused(const cVocabulary &Vocabulary, const cTypedStep &Step);
 
 class cTypedWords
 {
@@ -30,6 +35,7 @@ public:
 
 private:
     std::string_view PeekWord();
+    void             TakeWord(cTypedStep *pStep);
     void             ParseInstruction(const cInstruction &Instruction, cListingLine *pParsed);
 
     const cVocabulary &m_Vocabulary;

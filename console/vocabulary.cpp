@@ -1,71 +1,78 @@
 #include "console/vocabulary.h"
 
+#include <algorithm>
+
 #include "engine/instruction.h"
-
-namespace
-{
-
-struct cSpelling
-{
-    const char *m_szWord;
-    const char *m_szMnemonic;
-};
-
-}  // namespace
-
-static const cSpelling kSpellings[] = {
-    {"x̄", "Mean"},        {"s", "StdDev"},      {"L.R.", "LR"},       {"Σ-", "Sum-"},
-    {"Σ−", "Sum-"},       {"Σ+", "Sum+"},       {"x↔y", "x<>y"},      {"x⇄y", "x<>y"},
-    {"swap", "x<>y"},     {"x≷y", "x<>y"},      {"R↓", "Rolldown"},   {"Rdn", "Rolldown"},
-    {"STO−", "STO-"},     {"STO×", "STO*"},     {"STO÷", "STO/"},     {"STO− i", "STO- i"},
-    {"STO× i", "STO* i"}, {"STO÷ i", "STO/ i"}, {"RCLΣ+", "RCLSum+"}, {"ClearΣ", "ClearSum"},
-    {"+/-", "CHS"},       {"±", "CHS"},         {"GRAD", "GRD"},      {"→R", "->R"},
-    {"→P", "->P"},        {"→H.MS", "->H.MS"},  {"→H", "->H"},        {"->HMS", "->H.MS"},
-    {"→HMS", "->H.MS"},   {"−", "-"},           {"×", "*"},           {"·", "*"},
-    {"÷", "/"},           {"eˣ", "e^x"},        {"exp", "e^x"},       {"10ˣ", "10^x"},
-    {"yˣ", "y^x"},        {"^", "y^x"},         {"x²", "x^2"},        {"√", "sqrt"},
-    {"√x", "sqrt"},       {"sin⁻¹", "sin^-1"},  {"cos⁻¹", "cos^-1"},  {"tan⁻¹", "tan^-1"},
-    {"asin", "sin^-1"},   {"acos", "cos^-1"},   {"atan", "tan^-1"},   {"π", "pi"},
-    {"log10", "log"},     {"recip", "1/x"},     {"x≤y", "x<=y"},      {"x≠y", "x!=y"},
-    {"x≠0", "x!=0"},
-};
+#include "listing/spellings.h"
+#include "toolkit/spelling.h"
 
 size_t cVocabulary::cHash::operator()(std::string_view Word) const
 {
     return std::hash<std::string_view>()(Word);
 }
 
-// Letters beyond ASCII keep their case.
-static std::string Fold(std::string_view Word)
-{
-    std::string Folded(Word);
-    for (char &c : Folded)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-    return Folded;
-}
-
 cVocabulary::cVocabulary()
 {
     for (const cInstruction &Instruction : Instructions())
-        Add(Instruction.m_szMnemonic, &Instruction);
-    for (const cSpelling &Spelling : kSpellings)
-        Add(Spelling.m_szWord, m_Words.find(Spelling.m_szMnemonic)->second);
+        Add(Instruction.m_szMnemonic, {&Instruction, nullptr});
+    for (const cSpelling &Spelling : Spellings())
+        AddSpelling(Spelling.m_szWord, Spelling.m_nKind == spKey
+                                           ? cMeaning{nullptr, Spelling.m_szMeans}
+                                           : m_Words.find(Spelling.m_szMeans)->second);
 }
 
-void cVocabulary::Add(std::string_view Word, const cInstruction *pInstruction)
+void cVocabulary::Add(std::string_view Word, const cMeaning &Meaning)
 {
-    m_Words.emplace(Word, pInstruction);
-    const auto [Folded, bNew] = m_Folded.emplace(Fold(Word), pInstruction);
-    if (!bNew && Folded->second != pInstruction)
-        Folded->second = nullptr;
+    m_Words.emplace(Word, Meaning);
+    const auto [Folded, bNew] = m_Folded.emplace(FoldedSpelling(Word), Meaning);
+    if (!bNew && Folded->second.m_pInstruction != Meaning.m_pInstruction)
+        Folded->second = {nullptr, nullptr};
 }
 
-const cInstruction *cVocabulary::Find(std::string_view Word) const
+// Also without its blank.
+void cVocabulary::AddSpelling(std::string_view Word, const cMeaning &Meaning)
+{
+    const size_t nBlank = Word.find(' ');
+    Add(Word, Meaning);
+    if (nBlank == std::string_view::npos)
+        return;
+    const std::string First(Word.substr(0, nBlank));
+    Add(First + std::string(Word.substr(nBlank + 1)), Meaning);
+    m_Pairs.push_back(FoldedSpelling(Word));
+    if (!BeginsPair(First))
+        m_Firsts.push_back(First);
+}
+
+cVocabulary::cMeaning cVocabulary::Meaning(std::string_view Word) const
 {
     const auto Exact = m_Words.find(Word);
     if (Exact != m_Words.end())
         return Exact->second;
-    const auto Folded = m_Folded.find(Fold(Word));
-    return Folded == m_Folded.end() ? nullptr : Folded->second;
+    const auto Folded = m_Folded.find(FoldedSpelling(Word));
+    return Folded == m_Folded.end() ? cMeaning{nullptr, nullptr} : Folded->second;
+}
+
+const cInstruction *cVocabulary::Find(std::string_view Word) const
+{
+    return Meaning(Word).m_pInstruction;
+}
+
+const char *cVocabulary::FindKey(std::string_view Word) const
+{
+    return Meaning(Word).m_szKey;
+}
+
+int cVocabulary::BeginsPair(std::string_view First) const
+{
+    return std::any_of(m_Firsts.begin(), m_Firsts.end(), [First](const std::string &Known) {
+        return EqualIgnoringCase(First, Known);
+    });
+}
+
+std::string cVocabulary::Joined(std::string_view First, std::string_view Second) const
+{
+    if (Second.empty() || !BeginsPair(First))
+        return "";
+    std::string Both = std::string(First) + " " + std::string(Second);
+    return std::count(m_Pairs.begin(), m_Pairs.end(), FoldedSpelling(Both)) ? Both : "";
 }

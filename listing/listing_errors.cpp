@@ -20,10 +20,12 @@ static std::string LoaderText(const cSourceLine &Line)
     return Text.substr(0, Text.find(" on line "));
 }
 
-static void FindWordError(const cSourceLine &Line, std::string_view Word, cFindings *pFindings)
+static void FindWordError(const cSourceLine &Line, const cLineWords &Words, cFindings *pFindings)
 {
+    const std::string_view Word = Words.m_Words[0];
+    const std::string      Pair = SuggestForPair(Word, Words.m_Words[1]);
     pFindings->AddError(Line, Word, kWordError, LoaderText(Line) + " " + QuotedWord(Word),
-                        SuggestWord(Word));
+                        Pair.empty() ? SuggestWord(Word) : Pair);
 }
 
 static void FindNumberError(const cSourceLine &Line, const cLineWords &Words, cFindings *pFindings)
@@ -45,15 +47,17 @@ static void FindOperandError(const cSourceLine &Line, const cLineWords &Words, c
         pFindings->AddError(Line, Words.m_Words[0], kOperandError, Text + Takes, "");
         return;
     }
-    if (Words.m_nWords > 2 && Instruction.m_nOperand != opNone)
+    const std::string Pair = SuggestForPair(Words.m_Words[0], Words.m_Words[1]);
+    if (Words.m_nWords > 2 && Instruction.m_nOperand != opNone && Pair.empty())
     {
         pFindings->AddError(
             Line, Words.m_Words[2], kOperandError,
             Text + ": only a comment may follow, not " + QuotedWord(Words.m_Words[2]), "");
         return;
     }
-    const std::string Suggestion = SuggestOperand(Instruction, Words.m_Words[1]);
-    const std::string Named      = Text + " " + QuotedWord(Words.m_Words[1]);
+    const std::string Suggestion =
+        Pair.empty() ? SuggestOperand(Instruction, Words.m_Words[1]) : Pair;
+    const std::string Named = Text + " " + QuotedWord(Words.m_Words[1]);
     pFindings->AddError(Line, Words.m_Words[1], kOperandError,
                         Suggestion.empty() ? Named + Takes : Named, Suggestion);
 }
@@ -67,7 +71,7 @@ void FindErrors(const cSourceLine &Line, cFindings *pFindings)
                                 ": a program has at most " + std::to_string(kLastLine) + " lines",
                             "");
     else if (Line.m_Parsed.m_nKind == llBadMnemonic)
-        FindWordError(Line, Words.m_Words[0], pFindings);
+        FindWordError(Line, Words, pFindings);
     else if (Line.m_Parsed.m_nKind == llBadNumber)
         FindNumberError(Line, Words, pFindings);
     else if (Line.m_Parsed.m_nKind == llBadOperand)

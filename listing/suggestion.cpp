@@ -10,6 +10,7 @@
 #include "engine/mnemonic_map.h"
 #include "listing/plain_spelling.h"
 #include "listing/source_lines.h"
+#include "listing/spellings.h"
 #include "toolkit/spelling.h"
 
 // Longer than any word that one of three mistakes could make of a mnemonic; so
@@ -39,6 +40,21 @@ static std::string KnownMnemonic(std::string_view Word)
     for (const std::string_view Mnemonic : MnemonicWords())
         if (EqualIgnoringCase(Word, Mnemonic))
             return std::string(Mnemonic);
+    return "";
+}
+
+// What the word is on a key or another calculator.
+static std::string KnownSpelling(std::string_view Word)
+{
+    const std::string Folded = FoldedSpelling(Word);
+    for (const cSpelling &Spelling : Spellings())
+    {
+        const std::string Known = FoldedSpelling(Spelling.m_szWord);
+        std::string       Whole = Known;
+        Whole.erase(std::remove(Whole.begin(), Whole.end(), ' '), Whole.end());
+        if (Spelling.m_nKind != spKey && (Folded == Known || Folded == Whole))
+            return Spelling.m_szMeans;
+    }
     return "";
 }
 
@@ -72,22 +88,35 @@ static std::string Nearest(std::string_view Word)
     return nNearest < 0 ? "" : std::string(MnemonicWords()[static_cast<size_t>(nNearest)]);
 }
 
+static int HasControls(std::string_view Word)
+{
+    return std::any_of(Word.begin(), Word.end(),
+                       [](unsigned char c) { return c < ' ' || c == 0x7F; });
+}
+
 std::string SuggestWord(std::string_view Word)
 {
-    if (Word.size() > kLongestMisspelling)
+    if (Word.size() > kLongestMisspelling || HasControls(Word))
         return "";
     std::string Plain = PlainSpelling(Word);
     if (Plain.empty())
         return "";
     if (IsNumber(Plain))
         return Plain;
-    for (const auto pSuggest : {KnownMnemonic, Separated, Nearest})
+    for (const auto pSuggest : {KnownMnemonic, KnownSpelling, Separated, Nearest})
     {
         std::string Suggestion = pSuggest(Plain);
         if (!Suggestion.empty())
             return Suggestion;
     }
     return WithPoint(Plain);
+}
+
+std::string SuggestForPair(std::string_view First, std::string_view Second)
+{
+    if (First.size() + Second.size() > kLongestMisspelling)
+        return "";
+    return KnownSpelling(std::string(First) + " " + std::string(Second));
 }
 
 // "5" for "05", ".5" for "15": registers from 10 on have a point. Empty for a

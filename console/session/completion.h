@@ -14,7 +14,8 @@ struct cCompletion
 
 // Line is what stands left of the cursor. Its last word is completed to one of Words, in
 // upper or lower case, after "load" and "save" to the name of a file. A word that is the
-// only one gets a blank.
+// only one gets a blank. Words with a blank, such as "CL REG", complete a line that has
+// the first half of them.
 cCompletion FindCompletion(const std::string &Line, const std::vector<std::string> &Words);
 
 #endif

@@ -55,7 +55,7 @@ public:
     // What the last line has brought about beside the stack.
     const std::vector<std::string> &News() const { return m_News; }
 
-    // What tab completes: commands and instructions, in their order.
+    // What tab completes: commands, instructions, and what is printed on keys for them.
     std::vector<std::string> Words() const;
 
     // Its commands. Of two with the same name the first one counts.

@@ -21,6 +21,7 @@
 #include "engine/vorstek_state.h"
 #include "figure/plot_source.h"
 #include "listing/source_lines.h"
+#include "listing/spellings.h"
 #include "listing/suggestion.h"
 #include "toolkit/disk_file.h"
 #include "toolkit/spelling.h"
@@ -80,6 +81,15 @@ const cSessionCommand *cSession::FindCommandLike(std::string_view Word) const
     return nNear < 0 ? nullptr : FindCommand(Words[static_cast<size_t>(nNear)]);
 }
 
+// What is printed on a key, other than a letter or a sign.
+static int IsTyped(const cSpelling &Spelling)
+{
+    const std::string_view Word = Spelling.m_szWord;
+    return Spelling.m_nKind == spLegend && Word.size() > 1 &&
+           (Word.find(' ') != std::string_view::npos ||
+            std::all_of(Word.begin(), Word.end(), [](char c) { return c > ' ' && c <= '~'; }));
+}
+
 std::vector<std::string> cSession::Words() const
 {
     std::vector<std::string> Words;
@@ -88,6 +98,9 @@ std::vector<std::string> cSession::Words() const
             Words.emplace_back(Row.m_szName);
     for (const cInstruction &Instruction : Instructions())
         Words.emplace_back(Instruction.m_szMnemonic);
+    for (const cSpelling &Spelling : Spellings())
+        if (IsTyped(Spelling))
+            Words.emplace_back(Spelling.m_szWord);
     return Words;
 }
 

@@ -71,6 +71,25 @@ class EvalTest(ConsoleCase):
                 ("2 sto 0 8 STO i 0 rcl I", "8.0000"), ("2 sto .10 3 sto× .10 rcl .10", "6.0000")):
             self.assert_value(line, expected)
 
+    def test_what_is_printed_on_the_keys_in_two_words(self):
+        for line, expected in (
+                ("7 STO 3 CL REG RCL 3", "0.0000"), ("7 STO 3 clreg RCL 3", "0.0000"),
+                ("4 2 Σ+ CL Σ 1 2 Σ+", "1.0000"), ("4 2 Σ+ cl sum 1 2 Σ+", "1.0000"),
+                ("4 2 Σ+ CLSum 1 2 Σ+", "1.0000"), ("4 2 Σ+ CLσ 1 2 Σ+", "1.0000"),
+                ("4 2 Σ+ x-bar", "2.0000"), ("4 2 Σ+ X̄", "2.0000"), ("9 sqrt CLx LAST x", "9.0000"),
+                ("4 2 Σ+ RCL Σ+", "2.0000"), ("4 2 Σ+ rcl sum+", "2.0000"),
+                ("3 4 STO 5 STO + 5 RCL 5", "8.0000"), ("3 4 STO 5 STO × 5 RCL 5", "16.0000"),
+                ("1 2 SUM G CL G", "2.0000"), ("1 SET G", "1.0000"), ("1 setg", "1.0000")):
+            self.assert_value(line, expected)
+
+    def test_keys_that_are_no_instruction(self):
+        for word in ("CL PRGM", "clprgm", "SST", "bst", "EEX", "DEL", "f"):
+            self.assertEqual(self.evaluate("1 " + word, code=1,
+                                           err=f"column 3: {word}: a key, but neither an "
+                                               "instruction nor a number\n"), "")
+        self.assertEqual(self.evaluate("1 CL FOO", code=1, err="column 3: CL: neither an "
+                                       "instruction nor a number\n"), "")
+
     def test_every_instruction_in_either_case(self):
         # Each line begins from the same state.
         start = "ClearREG 5 5 + 1 2 3 0 STO 0 DEG FIX 2 "
@@ -113,6 +132,7 @@ class EvalTest(ConsoleCase):
                 ("GTO 5", "column 1: GTO: Error: no such label"),
                 ("123456789012345678", "column 1: 123456789012345678: "
                                        "longer than 17 characters"),
+                ("+\x7f", "column 1: +<U+007F>: neither an instruction nor a number"),
                 ("\x1b[31m", "column 1: <U+001B>[31m: neither an instruction nor a number")):
             with self.subTest(line=line):
                 self.assertEqual(self.evaluate(line, code=1, err=error + "\n"), "")

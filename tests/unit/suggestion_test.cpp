@@ -72,6 +72,11 @@ TEST_CASE("a word that the loader rejects has a suggestion if it is near to one 
         { "12345678901234567890", ""         },
         { "1e",                   ""         },
         { "\uFEFF",               ""         },
+        { "swap",                 "x<>y"     },
+        { "CLSum",                "ClearSum" },
+        { "\u221Ax",              "sqrt"     },
+        { "+\x01",                ""         },
+        { "sin\x7F",              ""         },
     };
     // clang-format on
     for (const auto &Row : s_Rows)
@@ -79,6 +84,11 @@ TEST_CASE("a word that the loader rejects has a suggestion if it is near to one 
         CAPTURE_TEXT(Row.szWord);
         CHECK_TEXT(SuggestWord(Row.szWord), Row.szSuggestion);
     }
+    CHECK_TEXT(SuggestWord(std::string_view("+\0", 2)), "");
+    CHECK_TEXT(SuggestForPair("cl", "\u03A3"), "ClearSum");
+    CHECK_TEXT(SuggestForPair("STO", "+"), "STO+");
+    CHECK_TEXT(SuggestForPair("CL", "PRGM"), "");
+    CHECK_TEXT(SuggestForPair("CL", ""), "");
     CHECK_TEXT(SuggestWord(std::string(500, 'x')), "");
     std::string Long = "sin";
     while (Long.size() + 3 <= 24)
