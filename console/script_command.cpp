@@ -11,22 +11,26 @@
 #include "console/commands.h"
 #include "console/input_text.h"
 #include "console/json.h"
+#include "console/key_words.h"
 #include "console/script_host.h"
 #include "console/state_report.h"
 #include "console/typed_words.h"
 #include "console/vocabulary.h"
-#include "engine/instruction.h"
 #include "engine/key_codes.h"
 #include "engine/vorstek_state.h"
 #include "graph/graph_file_commands.h"
+#include "toolkit/finding.h"
 
 class cScript
 {
 public:
-    explicit cScript(std::ostream *pOut);
+    explicit cScript(const cStreams &Streams);
 
     // Executes a line; 0 if it is not a command.
     int Perform(const std::string &Line);
+
+    // What is wrong with a word of the last line, for a person; "" if the event says all.
+    const std::string &Why() const { return m_Why; }
 
     void ReportBad(unsigned nLine, const std::string &Text);
 
@@ -55,13 +59,13 @@ private:
     int OnPress(const std::string &Rest);
     int OnDo(const std::string &Rest);
 
-    int  TakeKeys(const std::string &Name, std::vector<unsigned> *pKeys) const;
     void Press(const std::vector<unsigned> &Keys);
     int  DeliverNow(const std::string &Command);
     void Restart();
 
     const cVocabulary                    m_Vocabulary;
-    std::ostream                        *m_pOut;
+    const cStreams                       m_Streams;
+    std::string                          m_Why;
     std::unique_ptr<cScriptHost>         m_pHost;
     std::unique_ptr<cHeadlessCalculator> m_pCalculator;
 };
@@ -146,7 +150,7 @@ static int ParseEvents(const std::string &Command, std::vector<cScriptEvent> *pE
     return 1;
 }
 
-cScript::cScript(std::ostream *pOut) : m_pOut(pOut)
+cScript::cScript(const cStreams &Streams) : m_Streams(Streams)
 {
     Restart();
 }
@@ -155,7 +159,7 @@ cScript::cScript(std::ostream *pOut) : m_pOut(pOut)
 void cScript::Restart()
 {
     m_pCalculator.reset();
-    m_pHost            = std::make_unique<cScriptHost>(m_pOut);
+    m_pHost            = std::make_unique<cScriptHost>(m_Streams.m_pOut);
     m_pCalculator      = std::make_unique<cHeadlessCalculator>(m_pHost.get());
     m_pHost->m_pEngine = &m_pCalculator->m_Engine;
 }
@@ -164,6 +168,7 @@ int cScript::Perform(const std::string &Line)
 {
     std::string Word;
     std::string Rest;
+    m_Why.clear();
     SplitCommand(Line, &Word, &Rest);
     for (const cCommand &Row : s_Commands)
         if (Word == Row.m_szName)
@@ -225,30 +230,11 @@ void cScript::Press(const std::vector<unsigned> &Keys)
     }
 }
 
-static void AddKeys(const cKeySequence &Keys, std::vector<unsigned> *pKeys)
-{
-    pKeys->insert(pKeys->end(), Keys.m_nKeys, Keys.m_nKeys + Keys.m_nCount);
-}
-
-// "sin", "STO", or the digits and points of "12.5", a key each.
-int cScript::TakeKeys(const std::string &Name, std::vector<unsigned> *pKeys) const
-{
-    const cInstruction *const pInstruction = m_Vocabulary.Find(Name);
-    const cKeySequence        Keys = FindKeys(pInstruction ? pInstruction->m_szMnemonic : Name);
-    AddKeys(Keys, pKeys);
-    if (Keys.m_nCount > 0)
-        return 1;
-    for (const char c : Name)
-        AddKeys(FindKeys({&c, 1}), pKeys);
-    return Name.find_first_not_of("0123456789.") == std::string::npos;
-}
-
 int cScript::OnPress(const std::string &Rest)
 {
     std::vector<unsigned> Keys;
-    for (const std::string &Name : SplitWords(Rest))
-        if (!TakeKeys(Name, &Keys))
-            return 0;
+    if (!FindKeysOfLine(m_Vocabulary, Rest, &Keys, &m_Why))
+        return 0;
     Press(Keys);
     return !Keys.empty();
 }
@@ -262,7 +248,10 @@ int cScript::OnDo(const std::string &Rest)
     while (Words.Next(&Step))
     {
         if (Step.m_Parsed.m_nKind != llInstruction && Step.m_Parsed.m_nKind != llNumber)
+        {
+            m_Why = QuotedWord(Step.m_Word) + ": " + WhyRefused(m_Vocabulary, Step);
             return 0;
+        }
         Steps.push_back(Step.m_Parsed);
     }
     m_pHost->Perform(Steps);
@@ -416,7 +405,7 @@ int cScript::OnState(const std::string &Rest)
 // Continues while output can be written; InputName is for the message.
 static int RunScript(std::istream *pIn, const std::string &InputName, const cStreams &Streams)
 {
-    cScript     Script(Streams.m_pOut);
+    cScript     Script(Streams);
     int         nExitCode = kExitDone;
     std::string Line;
     for (unsigned nLine = 1; *Streams.m_pOut && std::getline(*pIn, Line); nLine++)
@@ -426,6 +415,8 @@ static int RunScript(std::istream *pIn, const std::string &InputName, const cStr
         if (Line.starts_with('#') || TrimBlanks(Line).empty() || Script.Perform(Line))
             continue;
         Script.ReportBad(nLine, Line);
+        if (!Script.Why().empty())
+            *Streams.m_pErr << "line " << nLine << ": " << Script.Why() << "\n";
         nExitCode = kExitUsage;
     }
     if (pIn->bad())

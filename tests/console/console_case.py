@@ -142,11 +142,10 @@ class ConsoleCase(unittest.TestCase):
     def run_listing(self, lines, *arguments, code=0):
         return self.run_program(self.listing(*lines), *arguments, code=code)
 
-    def script(self, *lines, code=0):
-        """vorstek-cli script with these lines; returns the events. Nothing
-        goes to standard error."""
+    def script(self, *lines, code=0, err=""):
+        """vorstek-cli script with these lines; returns the events."""
         result = self.start("script", stdin="".join(line + "\n" for line in lines))
-        self.assertEqual((result.code, result.err), (code, ""))
+        self.assertEqual((result.code, result.err), (code, err))
         return result.events
 
     def states(self, *lines, code=0):

@@ -376,16 +376,25 @@ class WordsTest(ConsoleCase):
                             ("12.5", ("1", "2", ".", "5")), ("STO .3", ("STO", ".", "3")),
                             ("STO + 4", ("STO", "+", "4")), ("RCL i", ("RCL", "g", "Rolldown")),
                             ("EEX 5 CHS", ("EEX", "5", "CHS")), ("GTO . 0 5", ("GTO", ".", "0", "5")),
-                            ("BST", ("g", "SST")), ("π", ("g", ".")), ("pause", ("f", "R/S"))):
+                            ("BST", ("g", "SST")), ("π", ("g", ".")), ("pause", ("f", "R/S")),
+                            ("cl reg CLΣ", ("f", "EEX", "f", "CLX")), ("LAST x", ("f", ".")),
+                            ("RCL Σ+", ("RCL", "Sum+")), ("RCLSum+", ("RCL", "Sum+")),
+                            ("STO+ .5", ("STO", "+", ".", "5")), ("CL PRGM", ("f", "CHS"))):
             self.assertEqual(self.script("press " + names, "state"),
                              self.script(key_line(*keys), "state"), names)
 
     def test_every_instruction_with_a_key(self):
         for name in PLAIN:
-            if name.endswith(" i") or name in ("RCLSum+", "->H", "->H.MS"):
+            if name in ("->H", "->H.MS"):
                 continue
             state = self.state_after("do 3 2", "press " + name)
             self.assertEqual(state["last_op"], name)
+
+    def test_an_instruction_without_a_key_is_bad_with_the_reason(self):
+        for name in ("->H", "->H.MS"):
+            bad, = self.script("press " + name, code=2,
+                               err=f'line 1: "{name}" has no key; do {name} performs it\n')
+            self.assertEqual(bad, {"event": "bad", "line": 1, "text": "press " + name})
 
     def test_instructions_are_performed(self):
         state = self.state_after("do 2 3 + STO+ .3 √x")
@@ -400,8 +409,14 @@ class WordsTest(ConsoleCase):
         self.assertEqual((state["display"], state["stack"][1]["value"]), ("Error: divide by 0", 5))
 
     def test_nothing_is_done_of_a_bad_line(self):
-        for line in ("do", "do 5 entr", "do 5 STO", "press", "press 5 foo", "press STO5", "do ; 5"):
-            bad, state = self.script(line, "state x", code=2)
+        for line, why in (
+                ("do", ""), ("do ; 5", ""), ("press", ""),
+                ("do 5 entr", '"entr": neither an instruction nor a number, did you mean ENTER?'),
+                ("do 5 STO", '"STO": STO takes a register, 0 to 9 or .0 to .10, or i'),
+                ("do 5 CL PRGM", '"CL PRGM": a key, but neither an instruction nor a number'),
+                ("press 5 foo", '"foo" is on no key'),
+                ("press STO5", '"STO5" is on no key, did you mean STO 5?')):
+            bad, state = self.script(line, "state x", code=2, err=why and f"line 1: {why}\n")
             self.assertEqual(bad, {"event": "bad", "line": 1, "text": line})
             self.assertEqual(state["x"]["value"], 0)
 
