@@ -60,7 +60,7 @@ cCalls::cCalls(const cSourceProgram &Program)
 // level.
 void cCalls::FindBodies(const cProgramFlow &Flow)
 {
-    m_Bodies[0] = CallsIn(Flow, Flow.Reach(Flow.Entries()));
+    m_Bodies[0] = CallsIn(Flow, Flow.Reach(Flow.Entries(), Flow.Unknown()));
     for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
         if (m_Bodies[0][nLine])
             m_Subroutines.set(Flow.Line(nLine).m_nTarget);
@@ -184,6 +184,8 @@ void cDeepCalls::FollowStraight(unsigned nLine)
 
 void FindCallWarnings(const cSourceProgram &Program, cFindings *pFindings)
 {
+    if (Program.MayHaveLabel() || Program.MayHaveJump())
+        return;
     cDeepCalls     DeepCalls(Program, pFindings);
     const cLineSet Entries = Program.Flow().Entries();
     DeepCalls.FollowChains();

@@ -61,8 +61,10 @@ static void FindFallsOff(const cSourceProgram &Program, cFindings *pFindings)
 
 void FindFlowWarnings(const cSourceProgram &Program, cFindings *pFindings)
 {
-    const cLineSet Reached = Program.Flow().Reach(Program.Flow().Entries());
-    if (!Program.Flow().IsIndirect())
-        FindUnreachable(Program, Reached, pFindings);
-    FindFallsOff(Program, pFindings);
+    // A line that might be a label is reached, and what follows it.
+    const cLineSet Entries = Program.Flow().Entries() | Program.Flow().Unknown();
+    if (!Program.Flow().IsIndirect() && !Program.MayHaveJump())
+        FindUnreachable(Program, Program.Flow().Reach(Entries), pFindings);
+    if (!Program.HasErrors())
+        FindFallsOff(Program, pFindings);
 }

@@ -7,6 +7,8 @@
 
 static void FindMissing(const cSourceProgram &Program, cFindings *pFindings)
 {
+    if (Program.MayHaveLabel())
+        return;
     for (unsigned nLine = 1; nLine <= Program.CountLines(); nLine++)
     {
         const cFlowLine &Flow = Program.Flow().Line(nLine);
@@ -32,39 +34,51 @@ static void FindDuplicates(const cSourceProgram &Program, cFindings *pFindings)
     }
 }
 
-// A label in line 1 is where R/S starts.
-static int IsRunInto(const cProgramFlow &Flow, const cLineSet &Reached, unsigned nLine)
+// Nothing runs into the line after it.
+static int Ends(eFlow nFlow)
 {
-    if (nLine == 1 || !Reached[nLine - 1])
-        return 0;
-    const eFlow nBefore = Flow.Line(nLine - 1).m_nFlow;
-    return nBefore == flNext || nBefore == flSkip || nBefore == flCall;
+    return nFlow == flGoto || nFlow == flGotoIndirect || nFlow == flReturn || nFlow == flStop;
 }
 
+// An unknown line may be a RTN.
 static int EndsWithReturn(const cProgramFlow &Flow, unsigned nLine)
 {
     const cLineSet Reached = Flow.ReachInLevel(nLine);
     for (unsigned nEnd = 1; nEnd <= kLastLine; nEnd++)
-        if (Reached[nEnd] && Flow.Line(nEnd).m_nFlow == flReturn)
+        if (Reached[nEnd] &&
+            (Flow.Line(nEnd).m_nFlow == flReturn || Flow.Line(nEnd).m_nFlow == flUnknown))
             return 1;
     return 0;
+}
+
+// A rejected line may also be taken out.
+static int IsFirst(const cProgramFlow &Flow, unsigned nLine)
+{
+    unsigned nFirst = 1;
+    while (Flow.Line(nFirst).m_nFlow == flUnknown)
+        nFirst++;
+    return nLine <= nFirst;
+}
+
+// A label in line 1 is where R/S starts. One that the program runs into may be the
+// entry of a subroutine that begins with what is above it.
+static int MayBeStarted(const cSourceProgram &Program, unsigned nLine)
+{
+    const cProgramFlow &Flow = Program.Flow();
+    return IsFirst(Flow, nLine) || Program.NamedLabels()[Flow.Line(nLine).m_nOperand] ||
+           (!Ends(Flow.Line(nLine - 1).m_nFlow) && EndsWithReturn(Flow, nLine));
 }
 
 static void FindUnused(const cSourceProgram &Program, cFindings *pFindings)
 {
     const cProgramFlow &Flow    = Program.Flow();
     const cLineSet      Targets = Flow.Targets();
-    const cLineSet      Reached = Flow.Reach(Flow.Entries());
-    if (Flow.IsIndirect())
+    if (Flow.IsIndirect() || Program.MayHaveJump())
         return;
     for (unsigned nLine = 1; nLine <= Program.CountLines(); nLine++)
-    {
-        const unsigned nLabel = Flow.Line(nLine).m_nOperand;
-        if (Flow.Line(nLine).m_bLabel && !Targets[nLine] && !Program.NamedLabels()[nLabel] &&
-            IsRunInto(Flow, Reached, nLine) && !EndsWithReturn(Flow, nLine))
+        if (Flow.Line(nLine).m_bLabel && !Targets[nLine] && !MayBeStarted(Program, nLine))
             pFindings->Warn(wnUnusedLabel, Program.Line(nLine), Program.Word(nLine),
-                            {std::to_string(nLabel)});
-    }
+                            {std::to_string(Flow.Line(nLine).m_nOperand)});
 }
 
 void FindLabelWarnings(const cSourceProgram &Program, cFindings *pFindings)

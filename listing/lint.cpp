@@ -12,7 +12,6 @@ std::vector<cFinding> LintListing(std::string_view Text)
     cSourceProgram Program;
     cSourceReader  Reader(Text);
     cSourceLine    Line;
-    int            bRejected   = 0;
     int            bStartsLine = 1;
     while (!Findings.IsFull() && Reader.Next(&Line))
     {
@@ -20,11 +19,10 @@ std::vector<cFinding> LintListing(std::string_view Text)
         FindTextWarnings(Line, bStartsLine, &Findings);
         FindNumberWarnings(Line, &Findings);
         Program.Add(Line);
-        bRejected   = bRejected || (Line.m_nProgramLine == 0 && Line.m_Parsed.m_nKind != llComment);
         bStartsLine = !Line.m_bSplit;
     }
     Program.Finish();
-    if (!bRejected)
+    if (Program.IsComplete() && !Findings.IsFull())
     {
         FindLabelWarnings(Program, &Findings);
         FindFlowWarnings(Program, &Findings);

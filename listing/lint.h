@@ -8,9 +8,9 @@
 
 #include "listing/findings.h"
 
-// The findings by lines. Errors are what the loader rejects. Labels and the ways
-// of a run are examined only if there are none: with a line missing it is another
-// program. Nothing is read after the line with one error too many.
+// The findings by lines. Errors are what the loader rejects. Of labels and the ways of
+// a run, then, only that is reported which is so whatever those lines were meant to be.
+// Nothing is read after the line with one error too many.
 std::vector<cFinding> LintListing(std::string_view Text);
 
 // Only what the loader rejects.

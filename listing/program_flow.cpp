@@ -21,7 +21,7 @@ static const struct
 };
 // clang-format on
 
-static eFlow FlowOf(const cInstruction &Instruction)
+eFlow FlowOf(const cInstruction &Instruction)
 {
     if (Instruction.m_nRole == rlSkip)
         return flSkip;
@@ -43,9 +43,9 @@ cProgramFlow::cProgramFlow()
     m_Lines.fill({flStop, 0, 0, 0});
 }
 
-void cProgramFlow::SetLine(const cSourceLine &Line)
+void cProgramFlow::SetLine(unsigned nLine, const cSourceLine &Line)
 {
-    cFlowLine                &Flow         = m_Lines[Line.m_nProgramLine];
+    cFlowLine                &Flow         = m_Lines[nLine];
     const cInstruction *const pInstruction = Line.m_Parsed.m_pInstruction;
     Flow.m_nFlow                           = pInstruction ? FlowOf(*pInstruction) : flNext;
     Flow.m_bLabel                          = pInstruction && pInstruction->m_nRole == rlLabel;
@@ -92,6 +92,14 @@ cLineSet cProgramFlow::Targets() const
     return Targets;
 }
 
+cLineSet cProgramFlow::Unknown() const
+{
+    cLineSet Unknown;
+    for (unsigned nLine = 1; nLine <= kLastLine; nLine++)
+        Unknown[nLine] = m_Lines[nLine].m_nFlow == flUnknown;
+    return Unknown;
+}
+
 cLineSet cProgramFlow::Entries() const
 {
     cLineSet Entries;
@@ -111,10 +119,11 @@ cLineSet cProgramFlow::After(unsigned nLine, int bInLevel) const
     if (Flow.m_nTarget && (Flow.m_nFlow == flGoto || !bInLevel))
         After.set(Flow.m_nTarget);
     const int bEnds = (Flow.m_nFlow == flGoto && Flow.m_nTarget) || Flow.m_nFlow == flReturn ||
-                      Flow.m_nFlow == flGotoIndirect || (Flow.m_nFlow == flStop && bInLevel);
+                      Flow.m_nFlow == flGotoIndirect ||
+                      ((Flow.m_nFlow == flStop || Flow.m_nFlow == flUnknown) && bInLevel);
     if (!bEnds)
         After.set(NextLine(nLine));
-    if (Flow.m_nFlow == flSkip)
+    if (Flow.m_nFlow == flSkip || (Flow.m_nFlow == flUnknown && !bInLevel))
         After.set(NextLine(NextLine(nLine)));
     return After;
 }

@@ -13,6 +13,7 @@
 
 #include "engine/program_line.h"
 
+struct cInstruction;
 struct cSourceLine;
 
 enum eFlow
@@ -24,7 +25,8 @@ enum eFlow
     flCall,          // at a label, later in the next line
     flCallIndirect,  // anywhere, later in the next line
     flReturn,        // after the call; or the run ends
-    flStop           // ends the run; the next one continues in the next line
+    flStop,          // ends the run; the next one continues in the next line
+    flUnknown        // a line that the loader rejects: flNext, flSkip, flReturn or flStop
 };
 
 struct cFlowLine
@@ -37,13 +39,19 @@ struct cFlowLine
 
 typedef std::bitset<kProgramLines> cLineSet;
 
+eFlow FlowOf(const cInstruction &Instruction);
+
 class cProgramFlow
 {
 public:
     // An empty program: every line is R/S.
     cProgramFlow();
 
-    void SetLine(const cSourceLine &Line);
+    // Line is an instruction or a number.
+    void SetLine(unsigned nLine, const cSourceLine &Line);
+
+    // Not known what was meant, but no label and no jump.
+    void SetUnknown(unsigned nLine) { m_Lines[nLine].m_nFlow = flUnknown; }
 
     // Finds the targets; once, when all lines are set.
     void Connect();
@@ -56,6 +64,9 @@ public:
     // Lines that some GTO or GSB finds.
     cLineSet Targets() const;
 
+    // Lines that the loader rejects.
+    cLineSet Unknown() const;
+
     // Lines that begin a run: line 1 and the labels.
     cLineSet Entries() const;
 
@@ -64,7 +75,7 @@ public:
     cLineSet Reach(const cLineSet &From, const cLineSet &Ends = {}) const;
 
     // The same from one line within one level of subroutines: calls return at
-    // once, and a run that halts does not continue.
+    // once, and a run that halts, or comes to an unknown line, does not continue.
     cLineSet ReachInLevel(unsigned nFrom) const;
 
     // Jumps to labels that are missing, and calls that never return: nothing

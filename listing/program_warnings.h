@@ -1,4 +1,5 @@
-// program_warnings.h - what is odd in a program whose lines are all accepted.
+// program_warnings.h - what is odd in a program, whatever its rejected lines were meant
+// to be.
 
 #ifndef LISTING_PROGRAM_WARNINGS_H
 #define LISTING_PROGRAM_WARNINGS_H
@@ -8,13 +9,14 @@ class cFindings;
 
 // Jumps to labels that are missing; labels that are given twice or never used.
 //
-// A label without a jump to it may be there for the keys GSB and its digit. So
-// it counts as unused only if nothing speaks for that: the line before it runs
-// into it, what begins there does not end with RTN, and no comment names it.
+// A label without a jump to it may be there for the keys GSB and its digit, which a
+// comment should say. Without one, it counts as used only in line 1, and where the
+// program runs into it and what begins there ends with RTN.
 void FindLabelWarnings(const cSourceProgram &Program, cFindings *pFindings);
 
 // Lines that nothing reaches, and a run that continues in line 1 after the last
-// line. With a jump through i, any line may be reached.
+// line, which is not known of a program with rejected lines. With a jump through i, any
+// line may be reached.
 void FindFlowWarnings(const cSourceProgram &Program, cFindings *pFindings);
 
 // Subroutines that call one another deeper than the calculator can return, and

@@ -1,5 +1,6 @@
-// source_program.h - a listing without errors as a program: its lines, how a run
-// goes through them, and what the comments say of labels.
+// source_program.h - a listing as a program: its lines, how a run goes through them,
+// and what the comments say of labels. A line that the loader rejects counts as one
+// of the program, which it will be as soon as it has been corrected.
 
 #ifndef LISTING_SOURCE_PROGRAM_H
 #define LISTING_SOURCE_PROGRAM_H
@@ -15,7 +16,9 @@
 class cSourceProgram
 {
 public:
-    cSourceProgram() : m_Lines{}, m_nLines(0) {}
+    cSourceProgram() : m_Lines{}, m_nLines(0), m_bComplete(1), m_bErrors(0), m_bLabel(0), m_bJump(0)
+    {
+    }
 
     // All lines of the listing in their order.
     void Add(const cSourceLine &Line);
@@ -30,12 +33,26 @@ public:
     // The first word of a program line, the place of findings.
     std::string_view Word(unsigned nLine) const;
 
+    // 1 if it has room for all lines of the listing. Else nothing is known of it.
+    int IsComplete() const { return m_bComplete; }
+
+    // 1 if the loader rejects some line; if such a line might be a label, GTO or GSB.
+    int HasErrors() const { return m_bErrors; }
+    int MayHaveLabel() const { return m_bLabel; }
+    int MayHaveJump() const { return m_bJump; }
+
     // Labels that a comment names as a place to start.
     const std::bitset<kLabels> &NamedLabels() const { return m_NamedLabels; }
 
 private:
+    void AddRejected(const cSourceLine &Line);
+
     std::array<cSourceLine, kProgramLines> m_Lines;  // from 1
     unsigned                               m_nLines;
+    int                                    m_bComplete;
+    int                                    m_bErrors;
+    int                                    m_bLabel;
+    int                                    m_bJump;
     cProgramFlow                           m_Flow;
     std::bitset<kLabels>                   m_NamedLabels;
 };

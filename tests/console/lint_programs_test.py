@@ -29,7 +29,7 @@ DESERVED = {
     "1\nCHS\nx<>y\nSTO 0\n+\nx=0\nx<0\nDSZ\nISZ\nR/S\nRTN\nx<=y": "12 unreachable",
     "1\nLBL 0\n2\nRTN\n3": "5 unreachable",
     "1\nLBL 2\nSTO 4": "2 unused-label",
-    "1\nR/S\nLBL 3\n2\nR/S\nLBL 3\n3": "6 duplicate-label",
+    "1\nR/S\nLBL 3\n2\nR/S\nLBL 3\n3": "3 unused-label, 6 duplicate-label, 6 unused-label",
     "1/x\nGTO 1": "2 missing-label",
     "2\n3\nLBL 1\n5": "3 unused-label",
     "; a\nx<>y\n; b\nCLX\n; c\nLBL 5": "6 unused-label",

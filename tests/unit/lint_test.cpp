@@ -95,12 +95,13 @@ TEST_CASE("after a thousand warnings of a kind, one more says so and others foll
     CHECK(LintListing(Repeated(1000, Hidden)).size() == 1000);
 
     std::vector<cFinding> Findings = LintListing(Repeated(3000, Hidden) + "GTO 1\nx\n");
-    REQUIRE(Findings.size() == 1002);
+    REQUIRE(Findings.size() == 1003);
     CHECK_TEXT(Findings[999].m_Text, "a NUL byte hides the rest of the line");
     CHECK(Findings[1000].m_nLine == 1001);
     CHECK_TEXT(Findings[1000].m_szName, "nul-byte");
     CHECK_TEXT(Findings[1000].m_Text, "too many warnings like this one; more are not reported");
-    CHECK(Findings[1001].m_nSeverity == svError);
+    CHECK_TEXT(Findings[1001].m_szName, "missing-label");
+    CHECK(Findings[1002].m_nSeverity == svError);
 
     Findings = LintListing(Repeated(3000, Hidden) + "GTO 1\n");
     REQUIRE(Findings.size() == 1002);
@@ -207,8 +208,8 @@ TEST_CASE("a jump to a label that is not there is reported")
 TEST_CASE("a label that is given again is reported with the line of the former")
 {
     CHECK_TEXT(WarningNames("LBL 1\nR/S\n LBL 1\nR/S\nLBL 1\n"),
-               "3:2 duplicate-label, 5:1 duplicate-label");
-    CHECK_TEXT(WarningText("; comment\nLBL 1\nR/S\nLBL 1\n"),
+               "3:2 duplicate-label, 3:2 unused-label, 5:1 duplicate-label, 5:1 unused-label");
+    CHECK_TEXT(WarningText("; comment: GSB 1\nLBL 1\nR/S\nLBL 1\n"),
                "LBL 1 is already in line 2; a jump goes to the next one after it, then from the "
                "top");
 }
@@ -225,10 +226,12 @@ TEST_CASE("a label is unused if no jump finds it and nothing makes it a place to
         { { "1", "LBL 7", "2", "GSB i" },          "" },
         { { "1", "LBL 7", "2", "RTN" },            "" },  // may be called from the keyboard
         { { "1", "LBL 7", "x=0", "RTN", "2" },     "" },
-        { { "1", "LBL 7", "GTO 8", "LBL 9", "R/S", "LBL 8", "RTN" }, "" },
-        { { "1", "R/S", "LBL 7", "2" },            "" },  // nothing runs into it
-        { { "1", "RTN", "LBL 7", "2" },            "" },
-        { { "LBL 1", "GTO 1", "LBL 7", "2" },      "" },
+        { { "1", "LBL 7", "GTO 8", "LBL 9", "R/S", "LBL 8", "RTN" }, "4:1 unused-label" },
+        { { "1", "R/S", "LBL 7", "2" },            "3:1 unused-label" },  // nothing runs into it
+        { { "1", "RTN", "LBL 7", "2" },            "3:1 unused-label" },
+        { { "1", "RTN", "LBL 7", "2", "RTN" },     "3:1 unused-label" },
+        { { "LBL 1", "GTO 1", "LBL 7", "2" },      "3:1 unused-label" },
+        { { "1", "R/S", "; GSB 7", "LBL 7", "2" }, "" },
         { { "x=0", "LBL 7", "2" },                 "2:1 unused-label" },
         { { "GSB 1", "LBL 7", "R/S", "LBL 1" },    "2:1 unused-label" },
         { { "; then GSB 7.", "1", "LBL 7", "2" },  "" },
@@ -239,7 +242,7 @@ TEST_CASE("a label is unused if no jump finds it and nothing makes it a place to
         { { "; labels 5 and 7", "1", "LBL 7" },    "" },
         { { "; 7", "1", "LBL 7" },                 "3:1 unused-label" },
         { { "LBL 1", "LBL 1", "GTO 1" },           "2:1 duplicate-label, 2:1 unused-label" },
-        { { "LBL 1", "R/S", "LBL 1", "GTO 1" },    "3:1 duplicate-label" },
+        { { "LBL 1", "R/S", "LBL 1", "GTO 1" },    "3:1 duplicate-label, 3:1 unused-label" },
     };
     // clang-format on
     for (const auto &Row : s_Rows)
@@ -248,9 +251,51 @@ TEST_CASE("a label is unused if no jump finds it and nothing makes it a place to
         CAPTURE(Text);
         CHECK_TEXT(WarningNames(Text), Row.szWarnings);
     }
-    CHECK_TEXT(WarningText("1\nLBL 7\n2\n"), "no GTO or GSB goes to LBL 7");
+    CHECK_TEXT(WarningText("1\nLBL 7\n2\n"),
+               "no GTO or GSB goes to LBL 7, and no comment names it");
     CHECK_TEXT(WarningNames(std::string_view("1\nLBL 7 \0; GSB 7\n2\n", 19)),
                "2:7 nul-byte, 2:1 unused-label");
+}
+
+TEST_CASE("beside rejected lines, what is so whatever they were meant to be is reported")
+{
+    // clang-format off
+    static const struct { std::vector<std::string> Lines; const char *szWarnings; } s_Rows[] =
+    {
+        { { "entr", "GTO 5" },                       "2:1 missing-label" },
+        { { "foo", "GTO 5" },                        "2:1 missing-label" },
+        { { "foo 5", "GTO 5" },                      "" },  // might be LBL 5
+        { { "lbl5", "GTO 5" },                       "" },
+        { { "LBL 1", "GTO 2", "5", "lbl 2" },        "" },
+        { { "LBL 12", "GTO 5" },                     "" },
+        { { "STO 12", "GTO 5" },                     "2:1 missing-label" },
+        { { "3 4", "GTO 5" },                        "2:1 missing-label" },
+        { { "foo", "LBL 5", "R/S", "LBL 5" },        "4:1 duplicate-label, 4:1 unused-label" },
+        { { "foo 5", "LBL 5", "R/S", "LBL 5" },      "4:1 duplicate-label" },
+        { { "entr", "LBL 7", "2" },                  "" },  // the first, without that line
+        { { "1", "entr", "LBL 7", "2" },             "3:1 unused-label" },
+        { { "1", "entr", "LBL 7", "2", "RTN" },      "" },
+        { { "1", "LBL 7", "2", "rtn" },              "" },  // may be called
+        { { "1", "LBL 7", "2", "gto x" },            "" },
+        { { "LBL 1", "GTO 1", "2", "entr" },         "3:1 unreachable" },
+        { { "LBL 1", "GTO 1", "entr", "3", "4" },    "" },  // might be a label
+        { { "LBL 1", "GTO 1", "2", "GTO x" },        "" },
+        { { "GSB 1", "R/S", "LBL 1", "GSB 2", "RTN", "LBL 2", "GSB 3", "RTN", "LBL 3", "GSB 4",
+            "RTN", "LBL 4", "RTN", "entr" },         "10:1 deep-calls" },
+        { { "GSB 1", "R/S", "LBL 1", "GSB 2", "RTN", "LBL 2", "rtn", "GSB 3", "RTN", "LBL 3",
+            "GSB 4", "RTN", "LBL 4", "RTN" },        "" },
+    };
+    // clang-format on
+    for (const auto &Row : s_Rows)
+    {
+        const std::string Text = Listing(Row.Lines);
+        CAPTURE(Text);
+        CHECK_TEXT(WarningNames(Text), Row.szWarnings);
+    }
+    const std::string Full = Listing(std::vector<std::string>(kLastLine - 1, "1"));
+    CHECK_TEXT(WarningNames(Full + "GTO 5\n"), "98:1 missing-label");
+    CHECK_TEXT(WarningNames(Full + "GTO 5\nentr\n"), "");
+    CHECK_TEXT(WarningNames("entr\n" + Full), "");
 }
 
 TEST_CASE("lines after a jump are unreachable up to the next label")
@@ -259,7 +304,7 @@ TEST_CASE("lines after a jump are unreachable up to the next label")
     static const struct { std::vector<std::string> Lines; const char *szWarnings; } s_Rows[] =
     {
         { { "LBL 1", "GTO 1", "2", "3" },             "3:1 unreachable" },
-        { { "LBL 1", "GTO 1", "; c", "2", "LBL 3" },  "4:1 unreachable" },
+        { { "LBL 1", "GTO 1", "; c", "2", "LBL 3" },  "4:1 unreachable, 5:1 unused-label" },
         { { "LBL 1", "x=0", "GTO 1", "2" },           "" },
         { { "LBL 1", "DSZ", "GTO 1", "2" },           "" },
         { { "LBL 1", "x=0", "2", "GTO 1", "3" },      "5:1 unreachable" },
@@ -285,7 +330,7 @@ TEST_CASE("lines after a jump are unreachable up to the next label")
     CHECK_TEXT(WarningText("LBL 1\nGTO 1\n2\n"), "nothing reaches this line");
     CHECK_TEXT(WarningText("LBL 1\nGTO 1\n2\n3\n"), "nothing reaches this line and the next");
     CHECK_TEXT(WarningText("LBL 1\nGTO 1\n2\n3\n4\n"), "nothing reaches this line and the next 2");
-    CHECK_TEXT(WarningText("LBL 1\nGTO 1\n2\n3\nLBL 2\n"),
+    CHECK_TEXT(WarningText("LBL 1\nGTO 1\n2\n3\nLBL 2 ; GSB 2\n"),
                "nothing reaches this line and the next");
     CHECK_TEXT(WarningText("LBL 1\nRTN\n2\n"),
                "nothing but R/S after a run that RTN has ended reaches this line");
@@ -411,7 +456,7 @@ TEST_CASE("calls deeper than three levels are reported at the fourth")
         // a circle that nothing ends
         { { "LBL 1", "5", "GSB 1", "RTN" },                                   "3:1 deep-calls" },
         { { "LBL 1", "GSB 2", "RTN", "LBL 2", "GSB 1", "RTN" }, "2:1 deep-calls, 5:1 deep-calls" },
-        { { "LBL 1", "GTO 2", "LBL 3", "RTN", "LBL 2", "GSB 1", "RTN" },      "6:1 deep-calls" },
+        { { "LBL 1", "GTO 2", "LBL 3", "RTN", "LBL 2", "GSB 1", "RTN" }, "3:1 unused-label, 6:1 deep-calls" },
         { { "LBL 1", "GSB 2", "GSB 1", "RTN", "LBL 2", "RTN" },               "2:1 deep-calls" },
         // the same subroutine one after another
         { { "GSB 1", "GSB 1", "GSB 1", "GSB 1", "GSB 1", "R/S", "LBL 1", "RTN" }, "" },
@@ -429,11 +474,4 @@ TEST_CASE("calls deeper than three levels are reported at the fourth")
     CHECK_TEXT(WarningText("LBL 1\nGSB 1\n"),
                "GSB 1, GSB 1, GSB 1, GSB 1: the fourth call in a chain ends with "
                "\"Error: subr overflow\"");
-}
-
-TEST_CASE("labels and flow are left alone in a listing with errors")
-{
-    CHECK_TEXT(WarningNames("LBL 1\nGTO 2\n5\nlbl 2\n"), "");
-    CHECK_TEXT(WarningNames("lbl 2\nLBL 1\nGTO 2\n5\n"), "");
-    CHECK_TEXT(WarningNames("LBL 1\nGTO 2\n5\nLBL 2\n"), "3:1 unreachable");
 }
