@@ -21,15 +21,20 @@ static int StartsLike(const std::string &Word, const std::string &Start)
                       [](unsigned char a, unsigned char b) { return tolower(a) == tolower(b); });
 }
 
-// Those with a blank, or those without, that begin with Start.
-static std::vector<std::string> WordsLike(const std::string &Start, int bBlank,
+// "CL REG"; "STO i" is a word with its operand.
+static int IsPair(const std::string &Word)
+{
+    return Word.find(' ') != std::string::npos && !Word.ends_with(" i");
+}
+
+// Pairs, or other words, that begin with Start.
+static std::vector<std::string> WordsLike(const std::string &Start, int bPairs,
                                           const std::vector<std::string> &Words)
 {
     std::vector<std::string> Found;
     std::copy_if(Words.begin(), Words.end(), std::back_inserter(Found),
-                 [&Start, bBlank](const std::string &Word) {
-                     return (Word.find(' ') != std::string::npos) == bBlank &&
-                            StartsLike(Word, Start);
+                 [&Start, bPairs](const std::string &Word) {
+                     return IsPair(Word) == bPairs && StartsLike(Word, Start);
                  });
     return Found;
 }

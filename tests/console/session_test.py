@@ -97,6 +97,14 @@ class SessionTest(TerminalCase):
         terminal.wait(lambda screen: any("STO+  STO+ i" in row for row in screen)
                       and screen[-1] == "> ST")
 
+    def test_tab_completes_what_is_printed_on_the_keys(self):
+        terminal = self.terminal()
+        terminal.type("7 STO 3 cl r")
+        terminal.keys("Tab")
+        terminal.wait(lambda screen: screen[-1] == "> 7 STO 3 cl rEG")
+        terminal.line("rcl 3")
+        terminal.wait_for(*stack("0.00", "7.00"), ">")
+
     def test_ctrl_c_forgets_the_line_and_halts_a_program(self):
         self.listing("LBL 1", "1", "+", "GTO 1")
         terminal = self.terminal()

@@ -21,19 +21,21 @@ TEST_CASE("every instruction has help from the manual")
 
 TEST_CASE("tab completes what is printed on the keys in two words")
 {
-    const std::vector<std::string> Words = {"CLX",    "ClearREG", "LASTx",  "SetG", "CL G",
-                                            "CL REG", "CL Σ",     "LAST x", "SET G"};
+    const std::vector<std::string> Words = {"CLX",  "ClearREG", "LASTx", "SetG", "CL G", "CL REG",
+                                            "CL Σ", "LAST x",   "SET G", "STO",  "STO i"};
 
     CHECK(FindCompletion("2 CL R", Words).m_Insert == "EG ");
-    CHECK(FindCompletion("cl s", Words).m_Choices == std::vector<std::string>{"SetG"});
+    CHECK(FindCompletion("cl se", Words).m_Choices == std::vector<std::string>{"SetG"});
     CHECK(FindCompletion("CL ", Words).m_Choices ==
           std::vector<std::string>{"CL G", "CL REG", "CL Σ"});
     CHECK(FindCompletion("CL ", Words).m_Insert.empty());
     CHECK(FindCompletion("CL", Words).m_Choices == std::vector<std::string>{"CLX", "ClearREG"});
     CHECK(FindCompletion("LAST", Words).m_Insert == "x ");
     CHECK(FindCompletion("set ", Words).m_Insert == "G ");
-    CHECK(FindCompletion("set  ", Words).m_Choices.size() == 4);
-    CHECK(FindCompletion(" ", Words).m_Choices.size() == 4);
+    CHECK(FindCompletion("STO", Words).m_Choices == std::vector<std::string>{"STO", "STO i"});
+    CHECK(FindCompletion("STO i", Words).m_Choices.empty());
+    CHECK(FindCompletion("set  ", Words).m_Choices.size() == 6);
+    CHECK(FindCompletion(" ", Words).m_Choices.size() == 6);
     CHECK(FindCompletion("load CL R", Words).m_Choices.empty());
 }
 
