@@ -59,13 +59,8 @@ static int RunOption(const std::string &Name, const cStreams &Streams)
 
 static int FindAndRun(const std::vector<std::string> &Arguments, const cStreams &Streams)
 {
-    if (Arguments.empty() && IsTerminal())
-        return RunInteractive(Streams);
     if (Arguments.empty())
-    {
-        PrintUsage(Streams.m_pErr);
-        return kExitUsage;
-    }
+        return RunInteractive(Streams);
     const std::vector<std::string> Rest(Arguments.begin() + 1, Arguments.end());
     const cCommandRow *const       pRow = FindCommand(Arguments[0]);
     if (!pRow)

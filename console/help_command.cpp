@@ -38,7 +38,7 @@ static void PrintRow(const std::string &Name, std::string Text, size_t nWidth, s
 void PrintUsage(std::ostream *pOut)
 {
     *pOut << "usage: vorstek-cli COMMAND [arguments] [options]\n"
-             "       vorstek-cli                      in a terminal: the calculator\n\n";
+             "       vorstek-cli                      the calculator, line by line\n\n";
     size_t nWidth = 0;
     for (const cCommandRow &Row : Commands())
         nWidth = std::max(nWidth, SynopsisOf(Row).size());

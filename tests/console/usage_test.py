@@ -8,6 +8,7 @@ import shutil
 import subprocess
 import time
 
+import console_case
 from console_case import REPOSITORY, ConsoleCase, LinuxCase, key_line, main
 
 
@@ -26,8 +27,27 @@ class UsageTest(ConsoleCase):
 
     def test_no_command(self):
         result = self.start()
-        self.assertEqual((result.code, result.out), (2, ""))
-        self.assertNotEqual(result.err, "")
+        self.assertEqual((result.code, result.out, result.err), (0, "", ""))
+
+    def test_lines_of_a_pipe_are_answered_without_a_command(self):
+        self.listing("x^2", name="square.txt")
+        result = self.start(stdin="2 3 +\n\n1 0 /\r\n; nothing\nload square.txt\n7\nrun\nfrob")
+        self.assertEqual(result.out, "5.00\n0.00\n7.00\n49.00\n")
+        self.assertEqual(result.err, "column 5: /: Error: divide by 0\n"
+                                     "column 1: frob: neither an instruction nor a number\n")
+        self.assertEqual(result.code, 1)
+        result = self.start(stdin="2 3 +\nquit\n4\n")
+        self.assertEqual((result.code, result.out, result.err), (0, "5.00\n", ""))
+
+    def test_each_line_of_a_pipe_is_answered_before_the_next(self):
+        with subprocess.Popen(console_case.command, cwd=self.folder, stdin=subprocess.PIPE,
+                              stdout=subprocess.PIPE) as process:
+            for line, expected in ((b"2 3\n", b"3.00"), (b"*\n", b"6.00")):
+                process.stdin.write(line)
+                process.stdin.flush()
+                self.assertEqual(process.stdout.readline().rstrip(), expected)
+            process.stdin.close()
+            self.assertEqual(process.wait(console_case.TIMEOUT), 0)
 
     def test_unknown_commands(self):
         for arguments in (["walk"], ["Run", "program.txt"], ["program.txt"], [""]):
