@@ -125,18 +125,30 @@ static std::string PlaceOf(const cRunOptions &Options, const cVorstekEngine &Eng
     return Name + ":" + std::to_string(Line.m_nListingLine) + ": " + szStep + ": ";
 }
 
+// " (program line 07)" unless the line of the listing has the same number.
+static std::string ProgramLineText(const cVorstekEngine &Engine, const cVorstekState &State)
+{
+    const unsigned nLine = State.m_nCurLine;
+    if (Engine.RunNumber() == 0 || State.m_Program[nLine].m_nListingLine == nLine)
+        return "";
+    char szText[32];
+    snprintf(szText, sizeof szText, " (program line %02u)", nLine);
+    return szText;
+}
+
 // Says how a run ended; returns the exit code.
 static int ReportEnd(int bDone, const cRunOptions &Options, const cRunHost &Host,
                      cVorstekEngine *pEngine, const cStreams &Streams)
 {
     const int         nSignal = cStopSignals::Caught();
     const std::string Place   = PlaceOf(Options, *pEngine, pEngine->State());
+    const std::string Line    = ProgramLineText(*pEngine, pEngine->State());
     if (!bDone)
-        *Streams.m_pErr << Place << DisplayedText(pEngine) << "\n";
+        *Streams.m_pErr << Place << DisplayedText(pEngine) << Line << "\n";
     else if (nSignal)
-        *Streams.m_pErr << Place << "interrupted\n";
+        *Streams.m_pErr << Place << "interrupted" << Line << "\n";
     else if (Host.IsHalted())
-        *Streams.m_pErr << Place << "halted by --max-lines\n";
+        *Streams.m_pErr << Place << "halted by --max-lines" << Line << "\n";
     if (!bDone)
         return kExitError;
     if (nSignal)

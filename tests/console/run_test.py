@@ -107,7 +107,10 @@ class OutputTest(ConsoleCase):
 
     def test_an_error_is_placed_by_the_line_of_the_file(self):
         result = self.run_listing(("; title", "", "0", "  ; why", "1/x ; here"), code=1)
-        self.assertEqual(result.err, "program.txt:5: 1/x: Error: divide by 0\n")
+        self.assertEqual(result.err, "program.txt:5: 1/x: Error: divide by 0 (program line 02)\n")
+        result = self.run_listing(("; title", "LBL 3", "GTO 3"), "--max-lines", "3", code=3)
+        self.assertEqual(result.err,
+                         "program.txt:3: GTO 3: halted by --max-lines (program line 02)\n")
         result = self.start("run", "-", stdin="0\n1/x\n")
         self.assertEqual((result.code, result.err), (1, "<stdin>:2: 1/x: Error: divide by 0\n"))
 
