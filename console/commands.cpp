@@ -21,7 +21,8 @@ static const cCommandRow s_Commands[] =
     { "debug", "PROGRAM.txt", "run a program step by step",
       "The calculator in the terminal with the program loaded: breakpoints, single\n"
       "steps forwards and backwards, watched registers. help lists its commands. They\n"
-      "may come from a file or a pipe, a line each.\n",
+      "may come from a file or a pipe, a line each. - is a program on standard input,\n"
+      "in a terminal.\n",
       nullptr, DebugCommand },
     { "check", "PROGRAM.txt...", "check programs without running them",
       "Reports what the loader rejects, and warns of what is probably a mistake. - is\n"

@@ -19,6 +19,7 @@
 #include "engine/key_codes.h"
 #include "engine/vorstek_state.h"
 #include "graph/graph_file_commands.h"
+#include "toolkit/disk_file.h"
 #include "toolkit/finding.h"
 
 class cScript
@@ -294,6 +295,8 @@ int cScript::OnOpen(const std::string &Rest)
         return 0;
     if (m_pCalculator->m_Engine.LoadProgram(Name.c_str()))
         m_pCalculator->m_Engine.TakeLoadedProgram(Name.c_str());
+    else if (const eFileKind nKind = KindOfFile(Name.c_str()); nKind == fkPipe || nKind == fkDevice)
+        static_cast<void>(IsRegularInput(Name, m_Streams));  // the box does not say why
     return 1;
 }
 

@@ -1,11 +1,13 @@
 #include "console/session/terminal.h"
 
+#include <fcntl.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <termios.h>
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -13,6 +15,24 @@
 int IsTerminal()
 {
     return isatty(STDIN_FILENO) && isatty(STDOUT_FILENO);
+}
+
+static const char *const kTerminal = "/dev/tty";
+
+int CanReadTerminal()
+{
+    return isatty(STDOUT_FILENO) && access(kTerminal, R_OK) == 0;
+}
+
+int UseTerminal()
+{
+    const int nTerminal = open(kTerminal, O_RDWR | O_CLOEXEC);
+    if (nTerminal < 0)
+        return 0;
+    const int bUsed = dup2(nTerminal, STDIN_FILENO) == STDIN_FILENO;
+    close(nTerminal);
+    clearerr(stdin);
+    return bUsed;
 }
 
 static int KnowsSequences()

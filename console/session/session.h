@@ -91,7 +91,8 @@ protected:
     virtual unsigned OnPerformed() { return 0; }
     virtual void     OnTravelled(unsigned /*nNote*/) {}
 
-    // Loads the program that was read from a file of this name. 0 with an error.
+    // Loads the program that was read from a file of this name, or from standard input.
+    // 0 with an error.
     int LoadAs(const std::string &Name, const std::string &Listing);
 
     // What precedes a program line in a list of the program.

@@ -225,10 +225,11 @@ int cSession::LoadAs(const std::string &Name, const std::string &Listing)
 {
     if (!LoadText(Listing))
     {
-        m_Error = Name + ": " + m_Error;
+        m_Error = (Name == kStandardInput ? "<stdin>" : Name) + ": " + m_Error;
         return 0;
     }
-    m_Calculator.m_Engine.TakeLoadedProgram(Name.c_str());
+    if (Name != kStandardInput)
+        m_Calculator.m_Engine.TakeLoadedProgram(Name.c_str());
     return 1;
 }
 
@@ -322,8 +323,14 @@ void cSession::LoadEdited(const std::string &Name)
     m_Error    = "edit: " + m_Error + "\nedit opens your text again; it is in " + Name;
 }
 
+// An editor would take what follows in a script for its keys.
 void cSession::OnEdit(const std::string &)
 {
+    if (!IsTerminal())
+    {
+        m_Error = "edit: an editor needs a terminal";
+        return;
+    }
     const int         bAgain = !m_Rejected.empty() && KindOfFile(m_Rejected.c_str()) != fkNone;
     const std::string Name   = bAgain ? m_Rejected : ScratchFile();
     m_bPrinted               = 1;

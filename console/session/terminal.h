@@ -8,6 +8,13 @@
 // 1 if a person types standard input and reads standard output.
 int IsTerminal();
 
+// 1 if standard output is a terminal from which a person's lines can be read, even where
+// standard input is a file or a pipe; 0 on Windows where it is not the terminal.
+int CanReadTerminal();
+
+// Makes that terminal standard input; 0 if it cannot.
+int UseTerminal();
+
 // 1 if the cursor can be moved back over earlier lines: not with TERM=dumb, as screen
 // readers and editors set it, nor in a console of Windows.
 int CanRedraw();

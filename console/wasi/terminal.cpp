@@ -7,6 +7,16 @@ int IsTerminal()
     return isatty(STDIN_FILENO) && isatty(STDOUT_FILENO);
 }
 
+int CanReadTerminal()
+{
+    return IsTerminal();
+}
+
+int UseTerminal()
+{
+    return IsTerminal();
+}
+
 // Nothing is known of the terminal but that it is one.
 int CanRedraw()
 {

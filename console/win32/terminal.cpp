@@ -16,6 +16,16 @@ int IsTerminal()
     return IsConsole(STD_INPUT_HANDLE) && IsConsole(STD_OUTPUT_HANDLE);
 }
 
+int CanReadTerminal()
+{
+    return IsTerminal();
+}
+
+int UseTerminal()
+{
+    return IsTerminal();
+}
+
 // The console edits lines itself and keeps their history.
 int CanRedraw()
 {

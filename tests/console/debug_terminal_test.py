@@ -1,7 +1,10 @@
 """vorstek-cli debug in a terminal: the program above the stack."""
 
+import shlex
+
+import console_case
 from console_case import main
-from terminal import TerminalCase, stack
+from terminal import Terminal, TerminalCase, stack
 
 # Counts register 0 down from 3.
 COUNTDOWN = ("3", "STO 0", "LBL 1 ; again", "DSZ", "GTO 1", "9")
@@ -47,6 +50,20 @@ class DebugTerminalTest(TerminalCase):
         terminal.line("break 5")
         terminal.wait_for("> 03 LBL 1 ; again", "  04 DSZ", r" \*05 GTO 1", "r0 = 3",
                           *stack("3.00"), "debug>")
+
+    def test_a_program_from_a_pipe_gets_its_commands_from_the_terminal(self):
+        self.listing(*COUNTDOWN)
+        terminal = Terminal(self.folder, shell=1)
+        self.addCleanup(terminal.close)
+        for name in ("-", "/dev/stdin"):
+            terminal.wait(lambda screen: screen[-1].startswith("$"))
+            terminal.line("clear; cat program.txt | "
+                          f"{shlex.join(console_case.command)} debug {name}")
+            terminal.wait_for("  04 DSZ", *stack(), "debug>")
+            terminal.line("step 2")
+            terminal.wait_for("> 03 LBL 1 ; again", "  04 DSZ", "  05 GTO 1", *stack("3.00"),
+                              "debug>")
+            terminal.line("quit")
 
     def test_ctrl_c_stops_the_program_and_continue_goes_on(self):
         terminal = self.debugger("LBL 1", "1", "+", "GTO 1")

@@ -85,12 +85,19 @@ class DebugTest(ConsoleCase):
         self.listing("ENTER")
         for arguments, reason in (((), "debug needs one program"),
                                   (("program.txt", "program.txt"), "debug needs one program"),
-                                  (("-",), "the program has to be a file"),
+                                  (("-",), "debug reads its commands from standard input where "
+                                           "there is no terminal; the program has to be a file, "
+                                           "not standard input\n"),
                                   (("--x", "program.txt"), "unknown option")):
             with self.subTest(arguments):
                 result = self.start("debug", *arguments, stdin="1\n")
                 self.assertEqual((result.code, result.out), (2, ""))
                 self.assertIn(reason, result.err)
+
+    def test_edit_needs_a_terminal(self):
+        result = self.debug("edit", "1 2 +", code=1)
+        self.assertEqual((result.out, result.err),
+                         ("3.00\n", "edit: an editor needs a terminal\n"))
 
     def test_a_changed_program_is_saved_and_debugged_on(self):
         self.listing("4", "CHS", name="other.txt")

@@ -232,6 +232,15 @@ class GraphTest(ConsoleCase):
         self.assertEqual(box["text"], f"Could not write the file:\n {name}")
 
 
+class PipeTest(LinuxCase):
+
+    def test_a_pipe_is_no_program_and_the_reason_is_told(self):
+        box, state = self.script("open /dev/stdin", "state line", err="vorstek-cli: cannot read "
+                                 "'/dev/stdin': not a regular file\n")
+        self.assertEqual((box["text"], state["line"]),
+                         ("ERROR: couldn't open the file '/dev/stdin' for reading", 0))
+
+
 class LongNameTest(LinuxCase):
     """The system takes paths of up to 4095 bytes, in names of up to 255."""
 
