@@ -20,10 +20,9 @@ static const cCommandRow s_Commands[] =
       RunOptionRows, RunCommand },
     { "debug", "PROGRAM.txt", "run a program step by step",
       "The calculator in the terminal with the program loaded: breakpoints, single\n"
-      "steps forwards and backwards, watched registers. help lists its commands. They\n"
-      "may come from a file or a pipe, a line each. - is a program on standard input,\n"
-      "in a terminal.\n",
-      nullptr, DebugCommand },
+      "steps forwards and backwards, watched registers. Its commands may come from a\n"
+      "file or a pipe, a line each. - is a program on standard input, in a terminal.\n",
+      nullptr, DebugCommand, DebugHelpRows },
     { "check", "PROGRAM.txt...", "check programs without running them",
       "Reports what the loader rejects, and warns of what is probably a mistake. - is\n"
       "standard input.\n",
@@ -33,8 +32,9 @@ static const cCommandRow s_Commands[] =
       "input, written to standard output.\n",
       FmtOptionRows, FmtCommand },
     { "script", "[FILE]", "press keys, print events as JSON",
-      "Reads commands from the file or from standard input, one in a line.\n",
-      nullptr, ScriptCommand },
+      "Reads commands from the file or from standard input, one in a line, and writes\n"
+      "what happens as JSON objects, one in a line.\n",
+      nullptr, ScriptCommand, ScriptHelpRows },
     { "plot", "DATA.txt... PICTURE", "draw data files",
       "Draws the data lines of data files and other tables as an SVG, PNG or PDF\n"
       "picture. - is standard input, or standard output.\n",

@@ -12,6 +12,14 @@
 #include "console/console.h"
 #include "console/option_table.h"
 
+// A command that is read by a command of vorstek-cli.
+struct cHelpRow
+{
+    const char *m_szName;
+    const char *m_szArguments;  // "" for none
+    const char *m_szSummary;
+};
+
 struct cCommandRow
 {
     const char *m_szName;
@@ -22,6 +30,8 @@ struct cCommandRow
 
     // Arguments are those after the command's name. Returns the exit code.
     int (*m_pRun)(const std::vector<std::string> &Arguments, const cStreams &Streams);
+
+    std::vector<cHelpRow> (*m_pHelpRows)() = nullptr;  // the commands that it reads; null: none
 };
 
 std::span<const cCommandRow> Commands();
@@ -42,6 +52,9 @@ int ScriptCommand(const std::vector<std::string> &Arguments, const cStreams &Str
 int PlotCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
 int GifCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
 int HelpCommand(const std::vector<std::string> &Arguments, const cStreams &Streams);
+
+std::vector<cHelpRow> DebugHelpRows();
+std::vector<cHelpRow> ScriptHelpRows();
 
 std::span<const cOptionRow> FmtOptionRows();
 std::span<const cOptionRow> GifOptionRows();

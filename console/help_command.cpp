@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "console/commands.h"
 #include "console/help.h"
@@ -10,9 +13,14 @@ static const char *const kExitCodes =
     "exit code: 0 done, 1 the calculator reported an error, 2 wrong usage or file,\n"
     "           3 halted by --max-lines, 130 by Ctrl-C, 143 by SIGTERM\n";
 
+static std::string Synopsis(const char *szName, const char *szArguments)
+{
+    return *szArguments ? std::string(szName) + " " + szArguments : szName;
+}
+
 static std::string SynopsisOf(const cCommandRow &Row)
 {
-    return *Row.m_szArguments ? std::string(Row.m_szName) + " " + Row.m_szArguments : Row.m_szName;
+    return Synopsis(Row.m_szName, Row.m_szArguments);
 }
 
 static std::string OptionText(const cOptionRow &Row)
@@ -49,19 +57,35 @@ void PrintUsage(std::ostream *pOut)
         << kExitCodes;
 }
 
+static void PrintRows(const char                                             *szTitle,
+                      const std::vector<std::pair<std::string, std::string>> &Rows,
+                      std::ostream                                           *pOut)
+{
+    size_t nWidth = 0;
+    for (const auto &[Name, Text] : Rows)
+        nWidth = std::max(nWidth, Name.size());
+    if (!Rows.empty())
+        *pOut << "\n" << szTitle << ":\n";
+    for (const auto &[Name, Text] : Rows)
+        PrintRow(Name, Text, nWidth, pOut);
+}
+
 void PrintCommandHelp(const cCommandRow &Row, std::ostream *pOut)
 {
     *pOut << "usage: vorstek-cli " << SynopsisOf(Row) << (Row.m_pOptions ? " [options]" : "")
           << "\n\n"
           << Row.m_szText;
-    if (!Row.m_pOptions)
-        return;
-    size_t nWidth = 0;
-    for (const cOptionRow &Option : Row.m_pOptions())
-        nWidth = std::max(nWidth, OptionText(Option).size());
-    *pOut << "\noptions:\n";
-    for (const cOptionRow &Option : Row.m_pOptions())
-        PrintRow(OptionText(Option), Option.m_szHelp, nWidth, pOut);
+    std::vector<std::pair<std::string, std::string>> Rows;
+    if (Row.m_pHelpRows)
+        for (const cHelpRow &Command : Row.m_pHelpRows())
+            Rows.emplace_back(Synopsis(Command.m_szName, Command.m_szArguments),
+                              Command.m_szSummary);
+    PrintRows("commands", Rows, pOut);
+    Rows.clear();
+    if (Row.m_pOptions)
+        for (const cOptionRow &Option : Row.m_pOptions())
+            Rows.emplace_back(OptionText(Option), Option.m_szHelp);
+    PrintRows("options", Rows, pOut);
 }
 
 int HelpCommand(const std::vector<std::string> &Arguments, const cStreams &Streams)

@@ -27,6 +27,9 @@ class cScript
 public:
     explicit cScript(const cStreams &Streams);
 
+    // The commands with what they do.
+    static std::vector<cHelpRow> HelpRows();
+
     // Executes a line; 0 if it is not a command.
     int Perform(const std::string &Line);
 
@@ -40,6 +43,8 @@ private:
     struct cCommand
     {
         const char *m_szName;
+        const char *m_szArguments;  // "N", as help names them; "" for none
+        const char *m_szSummary;
         int (cScript::*m_pPerform)(const std::string &Rest);
     };
     static const cCommand s_Commands[];
@@ -71,13 +76,39 @@ private:
     std::unique_ptr<cHeadlessCalculator> m_pCalculator;
 };
 
-const cScript::cCommand cScript::s_Commands[] = {
-    {"down", &cScript::OnDown},   {"up", &cScript::OnUp},         {"key", &cScript::OnKey},
-    {"text", &cScript::OnText},   {"answer", &cScript::OnAnswer}, {"open", &cScript::OnOpen},
-    {"save", &cScript::OnSave},   {"option", &cScript::OnOption}, {"limit", &cScript::OnLimit},
-    {"at", &cScript::OnAt},       {"graph", &cScript::OnGraph},   {"reset", &cScript::OnReset},
-    {"state", &cScript::OnState}, {"press", &cScript::OnPress},   {"do", &cScript::OnDo},
+// clang-format off
+const cScript::cCommand cScript::s_Commands[] =
+{
+    { "down",   "N",              "press key N, 1 to 32", &cScript::OnDown },
+    { "up",     "N",              "release it",                                       &cScript::OnUp },
+    { "key",    "N...",           "press and release each key",                       &cScript::OnKey },
+    { "text",   "CHARS",          "type on the PC keyboard; \\r Enter, \\e Escape", &cScript::OnText },
+    { "answer", "NAME...",        "answer the next boxes: ok cancel yes no retry",    &cScript::OnAnswer },
+    { "open",   "FILE",           "load a listing",                                   &cScript::OnOpen },
+    { "save",   "FILE",           "save the listing",                                 &cScript::OnSave },
+    { "option", "NAME on|off",    "sound, trace, keep-listing or keep-registers",     &cScript::OnOption },
+    { "limit",  "N",              "press key 30 when a run has executed N lines",     &cScript::OnLimit },
+    { "at",     "N EVENT",        "down, up or text after N lines of the next run",   &cScript::OnAt },
+    { "graph",  "open|append|save FILE", "a data file of the graph",                  &cScript::OnGraph },
+    { "reset",  "",               "start with a new calculator",                      &cScript::OnReset },
+    { "state",  "[PART...]",      "write the state, or parts such as x and reg.5",    &cScript::OnState },
+    { "press",  "NAME...",        "press the keys for what is printed on them",       &cScript::OnPress },
+    { "do",     "WORDS",          "perform instructions and numbers as eval does",    &cScript::OnDo },
 };
+// clang-format on
+
+std::vector<cHelpRow> cScript::HelpRows()
+{
+    std::vector<cHelpRow> Rows;
+    for (const cCommand &Row : s_Commands)
+        Rows.push_back({Row.m_szName, Row.m_szArguments, Row.m_szSummary});
+    return Rows;
+}
+
+std::vector<cHelpRow> ScriptHelpRows()
+{
+    return cScript::HelpRows();
+}
 
 // The first word, and what follows it after one blank.
 static void SplitCommand(const std::string &Line, std::string *pWord, std::string *pRest)

@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "console/arguments.h"
+#include "console/commands.h"
 #include "console/input_text.h"
 #include "console/session/session_commands.h"
 #include "console/state_report.h"
@@ -34,6 +35,16 @@ static const cSessionCommand s_DebugCommands[] =
     { "counts",   "",         "print the program with how often each line ran", 0, Debug<&cDebugSession::OnCounts> },
 };
 // clang-format on
+
+// Those that are beside the session's own come first, as its help has them.
+std::vector<cHelpRow> DebugHelpRows()
+{
+    std::vector<cHelpRow> Rows;
+    for (const auto Table : {std::span<const cSessionCommand>(s_DebugCommands), SessionCommands()})
+        for (const cSessionCommand &Row : Table)
+            Rows.push_back({Row.m_szName, Row.m_szArgument, Row.m_szSummary});
+    return Rows;
+}
 
 cDebugSession::cDebugSession(const cStreams &Streams)
     : cSession(Streams), m_Debugger(&m_Calculator, &m_Host), m_bMoved(0), m_bTravelled(0),

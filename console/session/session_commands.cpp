@@ -39,7 +39,7 @@ static const cSessionCommand s_SessionCommands[] =
     { "load",      "FILE",    "load a program",                              0, Do<&cSession::OnLoad> },
     { "list",      "",        "print the program; '>' is the current line",  0, Do<&cSession::OnList> },
     { "edit",      "",        "change the program in your editor",           0, Do<&cSession::OnEdit> },
-    { "run",       "[LABEL]", "run the program from its current line or a label; Ctrl-C halts it", 0, Do<&cSession::OnRun> },
+    { "run",       "[LABEL]", "run the program from its current line or a label", 0, Do<&cSession::OnRun> },
     { "save",      "[FILE]",  "save the program",                            0, Do<&cSession::OnSave> },
     { "save!",     "FILE",    "save the program in place of another file",   0, Do<&cSession::OnReplace> },
     { "plot",      "[FILE]",  "draw what programs have drawn into graph.svg or FILE", 0, Do<&cSession::OnPlot> },

@@ -148,9 +148,36 @@ class UsageTest(ConsoleCase):
                          r"(?m)^  --max-lines N +halt after N executed lines$")
         self.assert_refused("help", "run", "eval", mentions="help takes at most one command")
 
+    @staticmethod
+    def documented(*sections):
+        """What docs/console.md has in the first column of a section's first table, in
+        its order: "down N"."""
+        with open(os.path.join(REPOSITORY, "docs", "console.md"), encoding="utf-8") as file:
+            text = file.read()
+        found = []
+        for section in sections:
+            table = re.search(rf"^## {section}\n.*?^\|---\|---\|\n(.*?)\n\n", text, re.S | re.M)[1]
+            for row in table.splitlines():
+                cell = re.match(r"\| (.*?) (?<!\\)\| ", row)[1]
+                found += [form.replace("\\|", "|") for form in re.findall("`(.*?)`", cell)]
+        return found
+
+    def commands_in_help(self, name):
+        text = self.start("help", name).out.partition("\ncommands:\n")[2]
+        return [re.match(r"  (.*?)(?:  |$)", line)[1] for line in text.splitlines()]
+
+    def test_help_has_the_commands_of_scripts_and_of_the_debugger(self):
+        script = self.commands_in_help("script")
+        self.assertEqual(script, self.documented("script"))
+        self.assertEqual(len(script), 15)
+        debug = [form.split()[0] for form in self.commands_in_help("debug")]
+        documented = [form.split()[0] for form in self.documented("debug",
+                                                                  "The calculator in a terminal")]
+        self.assertEqual(sorted(debug), sorted({*documented, "save!"}))
+
     def test_help_fits_a_terminal(self):
         texts = [self.start("help").out, *(self.start("help", command).out for command in
-                                            ("eval", "run", "check", "fmt", "plot", "gif"))]
+                                            ("eval", "run", "debug", "check", "fmt", "script", "plot", "gif"))]
         for line in "".join(texts).splitlines():
             self.assertLessEqual(len(line), 80, line)
 
