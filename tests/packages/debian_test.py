@@ -93,6 +93,17 @@ class DebianTest(unittest.TestCase):
         changes = gzip.decompress(self.held[DOCS + "changelog.gz"]).decode()
         self.assertTrue(changes.startswith(f"vorstek-cli ({version()}) "), changes[:80])
 
+    def test_it_depends_on_the_libraries_that_it_was_built_with(self):
+        depends = run("dpkg-deb", "--field", self.deb, "Depends").stdout.decode()
+        dynamic = run("readelf", "--dynamic", self.root / "root/usr/bin/vorstek-cli").stdout.decode()
+        libraries = re.findall(r"\(NEEDED\).*\[(.*)\]", dynamic)
+        for header, library, name in (("cairo/cairo-pdf.h", "libcairo.so.2", "libcairo2"),
+                                      ("histedit.h", "libedit.so.2", "libedit2")):
+            with self.subTest(name=name):
+                installed = pathlib.Path("/usr/include", header).exists()
+                self.assertEqual(library in libraries, installed)
+                self.assertEqual(bool(re.search(rf"\b{name} \(>= ", depends)), installed, depends)
+
     def test_sums_of_its_files_are_right(self):
         lines = (self.root / "control/md5sums").read_text().splitlines()
         self.assertEqual(sorted(lines), sorted(
