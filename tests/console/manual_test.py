@@ -1,5 +1,5 @@
-"""The examples of the manual: keystrokes, listings, data files and terminal
-sessions give the results that the pages show."""
+"""The examples of the manual and of the README: keystrokes, listings, data files and
+terminal sessions give the results that the pages show."""
 
 import os
 import re
@@ -205,6 +205,23 @@ class TextTest(ManualCase):
                         count += 1
         self.assertGreater(count, 10)
 
+    def test_sessions_of_the_readme(self):
+        with open(os.path.join(REPOSITORY, "README.md"), encoding="utf-8") as file:
+            blocks = re.findall(r"^```console\n(.*?)^```$", file.read(), re.S | re.M)
+        commands = [command for block in blocks for command in self.commands(block)]
+        self.assertGreater(len(commands), 4)
+        self.assertEqual(commands[0][0].split()[:2], ["vorstek-cli", "eval"])
+        for command, printed in commands:
+            with self.subTest(command=command):
+                out, _ = self.perform(command, 0)
+                self.assert_prints(out, printed)
+
+    def test_the_readme_begins_with_eval_and_the_terminal(self):
+        with open(os.path.join(REPOSITORY, "README.md"), encoding="utf-8") as file:
+            first = "".join(file.readlines()[:20])
+        self.assertIn("$ vorstek-cli eval ", first)
+        self.assertEqual(re.findall(r"!\[.*?\]\((.*?)\)", first)[0], "docs/pictures/terminal.png")
+
     def test_names_of_the_state(self):
         page = next(page for page in ALL_PAGES if page.name == "console.htm")
         at = next(number for number, element in enumerate(page.elements)
@@ -229,6 +246,10 @@ class TextTest(ManualCase):
             return f"{code}", 0
         if program == "cat":
             return self.read_text(arguments[0]).rstrip("\n"), 0
+        if program == "printf":
+            self.assertEqual(arguments[1], ">")
+            self.write(arguments[2], arguments[0].replace("\\n", "\n"))
+            return "", 0
         self.assertEqual(program, "vorstek-cli")
         result = self.start(*arguments)
         return (result.out + result.err).rstrip("\n"), result.code
