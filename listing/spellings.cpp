@@ -5,7 +5,7 @@
 #include "listing/plain_spelling.h"
 
 // clang-format off
-static const cSpelling s_Spellings[] =
+static const cSpelling s_KnownWords[] =
 {
     { "CL G",    "ClearG",   spLegend },
     { "CL REG",  "ClearREG", spLegend },
@@ -55,7 +55,7 @@ static const cSpelling s_Spellings[] =
 
 std::span<const cSpelling> Spellings()
 {
-    return s_Spellings;
+    return s_KnownWords;
 }
 
 static int IsAscii(std::string_view Word)
