@@ -108,6 +108,14 @@ class DebugTest(ConsoleCase):
         self.assertEqual(self.read("new.txt"), b"4\r\nCHS\r\n")
 
 
+class InputTest(LinuxCase):
+
+    def test_standard_input_under_another_name_is_no_program_either(self):
+        result = self.start("debug", "/dev/stdin", stdin="1\n")
+        self.assertEqual((result.code, result.out), (2, ""))
+        self.assertTrue(result.err.endswith("has to be a file, not '/dev/stdin'\n"), result.err)
+
+
 class PauseTest(LinuxCase):
 
     def test_pause_does_not_wait_without_a_terminal(self):
