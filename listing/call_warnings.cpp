@@ -184,7 +184,7 @@ void cDeepCalls::FollowStraight(unsigned nLine)
 
 void FindCallWarnings(const cSourceProgram &Program, cFindings *pFindings)
 {
-    if (Program.MayHaveLabel() || Program.MayHaveJump())
+    if (Program.PossibleLabels().any() || Program.PossibleJumps().any())
         return;
     cDeepCalls     DeepCalls(Program, pFindings);
     const cLineSet Entries = Program.Flow().Entries();

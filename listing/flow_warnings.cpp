@@ -63,7 +63,7 @@ void FindFlowWarnings(const cSourceProgram &Program, cFindings *pFindings)
 {
     // A line that might be a label is reached, and what follows it.
     const cLineSet Entries = Program.Flow().Entries() | Program.Flow().Unknown();
-    if (!Program.Flow().IsIndirect() && !Program.MayHaveJump())
+    if (!Program.Flow().IsIndirect() && !Program.MayBeIndirect())
         FindUnreachable(Program, Program.Flow().Reach(Entries), pFindings);
     if (!Program.HasErrors())
         FindFallsOff(Program, pFindings);

@@ -7,12 +7,11 @@
 
 static void FindMissing(const cSourceProgram &Program, cFindings *pFindings)
 {
-    if (Program.MayHaveLabel())
-        return;
     for (unsigned nLine = 1; nLine <= Program.CountLines(); nLine++)
     {
         const cFlowLine &Flow = Program.Flow().Line(nLine);
-        if ((Flow.m_nFlow == flGoto || Flow.m_nFlow == flCall) && !Flow.m_nTarget)
+        if ((Flow.m_nFlow == flGoto || Flow.m_nFlow == flCall) && !Flow.m_nTarget &&
+            !Program.PossibleLabels()[Flow.m_nOperand])
             pFindings->Warn(wnMissingLabel, Program.Line(nLine), Program.Word(nLine),
                             {std::to_string(Flow.m_nOperand)});
     }
@@ -64,8 +63,10 @@ static int IsFirst(const cProgramFlow &Flow, unsigned nLine)
 // entry of a subroutine that begins with what is above it.
 static int MayBeStarted(const cSourceProgram &Program, unsigned nLine)
 {
-    const cProgramFlow &Flow = Program.Flow();
-    return IsFirst(Flow, nLine) || Program.NamedLabels()[Flow.Line(nLine).m_nOperand] ||
+    const cProgramFlow &Flow   = Program.Flow();
+    const unsigned      nLabel = Flow.Line(nLine).m_nOperand;
+    return IsFirst(Flow, nLine) || Program.NamedLabels()[nLabel] ||
+           Program.PossibleJumps()[nLabel] ||
            (!Ends(Flow.Line(nLine - 1).m_nFlow) && EndsWithReturn(Flow, nLine));
 }
 
@@ -73,7 +74,7 @@ static void FindUnused(const cSourceProgram &Program, cFindings *pFindings)
 {
     const cProgramFlow &Flow    = Program.Flow();
     const cLineSet      Targets = Flow.Targets();
-    if (Flow.IsIndirect() || Program.MayHaveJump())
+    if (Flow.IsIndirect() || Program.MayBeIndirect())
         return;
     for (unsigned nLine = 1; nLine <= Program.CountLines(); nLine++)
         if (Flow.Line(nLine).m_bLabel && !Targets[nLine] && !MayBeStarted(Program, nLine))

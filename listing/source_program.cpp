@@ -1,5 +1,7 @@
 #include "listing/source_program.h"
 
+#include <algorithm>
+
 #include "engine/instruction.h"
 #include "engine/mnemonic_map.h"
 #include "listing/named_labels.h"
@@ -33,23 +35,42 @@ static const cInstruction *Meant(const cLineWords &Words)
     return pWritten ? pWritten : Mnemonics().Find(FirstWord(SuggestWord(Word)).c_str());
 }
 
+static const std::string_view kLabelDigits = "0123456789";
+
 // Labels and jumps have an operand, in a word of its own or not. Numbers have none.
-static int MayHaveOperand(const cLineWords &Words)
+static std::string_view OperandOf(const cLineWords &Words)
 {
     const std::string_view Word = Words.m_Words[0];
-    return Word.find_first_of("0123456789.+-") != 0 &&
-           (Words.m_nWords > 1 || Word.find_first_of("0123456789") != std::string_view::npos);
+    if (Word.find_first_of("0123456789.+-") == 0)
+        return "";
+    return Words.m_nWords > 1
+               ? Words.m_Words[1]
+               : Word.substr(std::min(Word.find_first_of(kLabelDigits), Word.size()));
+}
+
+// The label of "lbl5", any for "LBL 12" or "LBL x".
+static std::bitset<kLabels> LabelsOf(std::string_view Operand)
+{
+    std::bitset<kLabels> Labels;
+    const size_t         nLabel = Operand.size() == 1 ? kLabelDigits.find(Operand[0]) : kLabels;
+    return nLabel < kLabels ? Labels.set(nLabel) : Labels.set();
 }
 
 void cSourceProgram::AddRejected(const cSourceLine &Line)
 {
-    const cLineWords          Words  = WordsOf(Line.m_Text);
-    const cInstruction *const pMeant = Meant(Words);
-    const eFlow               nFlow  = pMeant ? FlowOf(*pMeant) : flNext;
-    const int bAny = !pMeant && Line.m_Parsed.m_nKind == llBadMnemonic && MayHaveOperand(Words);
-    m_bErrors      = 1;
-    m_bLabel       = m_bLabel || bAny || (pMeant && pMeant->m_nRole == rlLabel);
-    m_bJump        = m_bJump || bAny || nFlow == flGoto || nFlow == flCall;
+    const cLineWords           Words    = WordsOf(Line.m_Text);
+    const cInstruction *const  pMeant   = Meant(Words);
+    const eFlow                nFlow    = pMeant ? FlowOf(*pMeant) : flNext;
+    const std::string_view     Operand  = OperandOf(Words);
+    const std::bitset<kLabels> Possible = LabelsOf(Operand);
+    const int bAny   = !pMeant && Line.m_Parsed.m_nKind == llBadMnemonic && !Operand.empty();
+    const int bJumps = bAny || nFlow == flGoto || nFlow == flCall;
+    m_bErrors        = 1;
+    m_bIndirect      = m_bIndirect || (bJumps && Possible.all());
+    if (bAny || (pMeant && pMeant->m_nRole == rlLabel))
+        m_PossibleLabels |= Possible;
+    if (bJumps)
+        m_PossibleJumps |= Possible;
     m_Flow.SetUnknown(m_nLines);
 }
 

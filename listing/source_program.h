@@ -16,9 +16,7 @@
 class cSourceProgram
 {
 public:
-    cSourceProgram() : m_Lines{}, m_nLines(0), m_bComplete(1), m_bErrors(0), m_bLabel(0), m_bJump(0)
-    {
-    }
+    cSourceProgram() : m_Lines{}, m_nLines(0), m_bComplete(1), m_bErrors(0), m_bIndirect(0) {}
 
     // All lines of the listing in their order.
     void Add(const cSourceLine &Line);
@@ -36,10 +34,14 @@ public:
     // 1 if it has room for all lines of the listing. Else nothing is known of it.
     int IsComplete() const { return m_bComplete; }
 
-    // 1 if the loader rejects some line; if such a line might be a label, GTO or GSB.
+    // 1 if the loader rejects some line.
     int HasErrors() const { return m_bErrors; }
-    int MayHaveLabel() const { return m_bLabel; }
-    int MayHaveJump() const { return m_bJump; }
+
+    // The labels that such lines might be, and those that they might jump to; 1 if one
+    // might be a jump through i.
+    const std::bitset<kLabels> &PossibleLabels() const { return m_PossibleLabels; }
+    const std::bitset<kLabels> &PossibleJumps() const { return m_PossibleJumps; }
+    int                         MayBeIndirect() const { return m_bIndirect; }
 
     // Labels that a comment names as a place to start.
     const std::bitset<kLabels> &NamedLabels() const { return m_NamedLabels; }
@@ -51,8 +53,9 @@ private:
     unsigned                               m_nLines;
     int                                    m_bComplete;
     int                                    m_bErrors;
-    int                                    m_bLabel;
-    int                                    m_bJump;
+    int                                    m_bIndirect;
+    std::bitset<kLabels>                   m_PossibleLabels;
+    std::bitset<kLabels>                   m_PossibleJumps;
     cProgramFlow                           m_Flow;
     std::bitset<kLabels>                   m_NamedLabels;
 };

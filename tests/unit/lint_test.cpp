@@ -266,6 +266,13 @@ TEST_CASE("beside rejected lines, what is so whatever they were meant to be is r
         { { "foo", "GTO 5" },                        "2:1 missing-label" },
         { { "foo 5", "GTO 5" },                      "" },  // might be LBL 5
         { { "lbl5", "GTO 5" },                       "" },
+        { { "lbl5", "GTO 6" },                       "2:1 missing-label" },
+        { { "\uFEFFLBL 1", "GTO 1", "GTO 5" },       "1:1 byte-order-mark, 3:1 missing-label" },
+        { { "foo 5", "GTO 6", "foo 66" },            "" },
+        { { "LBL 1", "R/S", "LBL 7", "2", "gto 1" }, "3:1 unused-label" },
+        { { "LBL 1", "R/S", "LBL 7", "2", "gto 7" }, "" },
+        { { "LBL 1", "R/S", "LBL 7", "2", "gto i" }, "" },
+        { { "LBL 1", "GTO 1", "2", "gto 1" },        "3:1 unreachable" },
         { { "LBL 1", "GTO 2", "5", "lbl 2" },        "" },
         { { "LBL 12", "GTO 5" },                     "" },
         { { "STO 12", "GTO 5" },                     "2:1 missing-label" },
