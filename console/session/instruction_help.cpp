@@ -30,14 +30,14 @@ static void QuoteErrors(std::string *pHtml)
     }
 }
 
-// Keys, which a frame shows there, are set apart. A superscript keeps its meaning as
-// "10^x".
+// Keys, which a frame shows there, are set apart; "CL_REG" is one key. A superscript
+// keeps its meaning as "10^x".
 static std::string PlainText(const std::string &Html)
 {
     static const std::pair<const char *, const char *> s_Elements[]   = {{"\u2003", "   "},
                                                                          {"<sup>", "^"}};
     static const std::pair<const char *, const char *> s_Characters[] = {
-        {"&lt;", "<"}, {"&gt;", ">"}, {"&nbsp;", " "}, {"&amp;", "&"}};
+        {"&lt;", "<"}, {"&gt;", ">"}, {"&nbsp;", " "}, {"&amp;", "&"}, {"_", " "}};
     std::string Text = Html;
     QuoteErrors(&Text);
     for (const auto &[szFrom, szTo] : s_Elements)

@@ -191,8 +191,10 @@ void cSession::OnHelp(const std::string &Argument)
     {
         const cSessionCommand *const pLike      = FindCommandLike(Argument);
         const std::string            Suggestion = pLike ? pLike->m_szName : SuggestWord(First);
-        m_Error                                 = "no help on '" + Argument + "'" +
-                  (Suggestion.empty() ? "" : ", did you mean " + Suggestion + "?");
+        m_Error =
+            "no help on '" + Argument + "'" +
+            (Suggestion.empty() || Suggestion == Argument ? ""
+                                                          : ", did you mean " + Suggestion + "?");
     }
 }
 

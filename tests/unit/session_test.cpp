@@ -119,6 +119,7 @@ TEST_CASE("a line that is not meant so is explained")
         {"?", "column 1: ?: neither an instruction nor a number, did you mean help?"},
         {"sqr", "column 1: sqr: neither an instruction nor a number, did you mean sqrt?"},
         {"2 3 + undo", "column 7: undo: a command is alone in its line"},
+        {"help 3", "no help on '3'"},
         {"help lsit", "no help on 'lsit', did you mean list?"},
         {"help \x1b[2J", "no help on '<U+001B>[2J'"},
     };

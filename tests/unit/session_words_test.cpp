@@ -17,6 +17,7 @@ TEST_CASE("every instruction has help from the manual")
     }
     CHECK(InstructionHelp("sqrt") == "f √x   X ← square root of X; LASTx ← X\n"
                                      "\"Error: sqrt of x < 0\" X is negative.\n");
+    CHECK(InstructionHelp("ClearREG") == "f CL REG   all thirty registers ← 0\n");
 }
 
 TEST_CASE("tab completes what is printed on the keys in two words")
