@@ -61,6 +61,8 @@ static int FindAndRun(const std::vector<std::string> &Arguments, const cStreams 
 {
     if (Arguments.empty())
         return RunInteractive(Streams);
+    if (Arguments[0] == kEndOfOptions)
+        return FindAndRun({Arguments.begin() + 1, Arguments.end()}, Streams);
     const std::vector<std::string> Rest(Arguments.begin() + 1, Arguments.end());
     const cCommandRow *const       pRow = FindCommand(Arguments[0]);
     if (!pRow)

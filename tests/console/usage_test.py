@@ -126,6 +126,7 @@ class UsageTest(ConsoleCase):
         for command in ("run", "check"):
             self.assert_refused(command, "--")
         self.assertEqual(self.start("script", "--").code, 0)
+        self.assertEqual(self.start("--", "run", "program.txt").out.splitlines()[-1], "X   5.00")
 
     def test_help(self):
         usage = self.start("--help")
