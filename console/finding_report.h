@@ -10,7 +10,7 @@
 
 // Without a line end:
 //     draw.txt:3: Error: unrecognized instr mnemonic "enter": did you mean ENTER?
-//     draw.txt:7:1: warning: no GTO or GSB goes to LBL 4 [unused-label]
+//     draw.txt:7:1: warning: nothing reaches this line [unreachable]
 std::string FindingText(const std::string &FileName, const cFinding &Finding);
 
 // One object, without a line end.
