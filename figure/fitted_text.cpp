@@ -29,10 +29,13 @@ static size_t FindBreak(const cFigureCanvas &Canvas, const std::string &Text,
                         const cTextStyle &Style, double dWidth)
 {
     size_t nBreak = std::string::npos;
-    for (size_t nBlank = Text.find(' '); nBlank != std::string::npos;
+    for (size_t nBlank = Text.find(' ', 1); nBlank != std::string::npos;
          nBlank        = Text.find(' ', nBlank + 1))
-        if (nBlank > 0 && Fits(Canvas, Text.substr(0, nBlank), Style, dWidth))
-            nBreak = nBlank;
+    {
+        if (!Fits(Canvas, Text.substr(0, nBlank), Style, dWidth))
+            break;  // nor does a longer one
+        nBreak = nBlank;
+    }
     return nBreak;
 }
 
