@@ -345,6 +345,36 @@ int ChoosePicture(const cFigureOptions &Options, const std::string &Name, cPictu
     return 1;
 }
 
+// "the legend and the title"; "" if nothing is left out.
+static std::string NamesOf(const cLeftOut &LeftOut)
+{
+    std::vector<std::string> Names;
+    if (LeftOut.m_bLegend)
+        Names.emplace_back("the legend");
+    if (LeftOut.m_bTitle)
+        Names.emplace_back("the title");
+    if (LeftOut.m_bLabels)
+        Names.emplace_back("the labels of the axes");
+    if (LeftOut.m_bNumbers)
+        Names.emplace_back("the numbers");
+    std::string Text;
+    for (size_t nName = 0; nName < Names.size(); nName++)
+        Text += (nName == 0 ? "" : nName + 1 == Names.size() ? " and " : ", ") + Names[nName];
+    return Text;
+}
+
+static void ReportNotes(const cFigureNotes &Notes, const cFigure &Figure, const cStreams &Streams)
+{
+    if (Notes.m_nWithoutPlace > 0)
+        *Streams.m_pErr << "vorstek-cli: " << Notes.m_nWithoutPlace
+                        << (Notes.m_nWithoutPlace == 1 ? " point is" : " points are")
+                        << " not drawn: a logarithmic axis begins above 0\n";
+    const std::string LeftOut = NamesOf(Notes.m_LeftOut);
+    if (!LeftOut.empty())
+        *Streams.m_pErr << "vorstek-cli: there is no room for " << LeftOut << " in "
+                        << Figure.m_nWidth << "x" << Figure.m_nHeight << " pixels\n";
+}
+
 // nError is errno after saving.
 static int ReportSaving(eSaving nSaving, int nError, const cPictureFile &File,
                         const cStreams &Streams)
@@ -369,10 +399,8 @@ int SaveFigurePicture(const cFigureOptions &Options, const cPictureFile &File,
     cFigureNotes  Notes;
     const eSaving nSaving = SaveFigure(Options.m_Figure, pSource, File, &Notes);
     const int     nError  = errno;
-    if (nSaving == svDone && Notes.m_nWithoutPlace > 0)
-        *Streams.m_pErr << "vorstek-cli: " << Notes.m_nWithoutPlace
-                        << (Notes.m_nWithoutPlace == 1 ? " point is" : " points are")
-                        << " not drawn: a logarithmic axis begins above 0\n";
+    if (nSaving == svDone)
+        ReportNotes(Notes, Options.m_Figure, Streams);
     return ReportSaving(nSaving, nError, File, Streams);
 }
 

@@ -4,7 +4,6 @@
 #include <cstdio>
 
 #include "figure/figure_extents.h"
-#include "figure/figure_layout.h"
 #include "figure/line_batch.h"
 
 static const double kFrameWidth = 1.0;
@@ -225,6 +224,7 @@ eDrawing DrawFigure(const cFigure &Figure, cPointSource *pSource, cFigureCanvas 
     const cFigureTexts  Texts  = TextsOfFigure(Figure, *pSource);
     const cFigureLayout Layout = LayOutFigure(Figure, Texts, Extents, *pCanvas);
     pNotes->m_nWithoutPlace    = Extents.m_nWithoutPlace;
+    pNotes->m_LeftOut          = Layout.m_LeftOut;
 
     pCanvas->Begin({Texts.m_Title, Describe(Texts, Extents),
                     Figure.m_bDark ? DarkStyle(Figure, Extents.m_Lines.size()) : ""});

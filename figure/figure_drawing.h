@@ -7,12 +7,14 @@
 
 #include "figure/figure.h"
 #include "figure/figure_canvas.h"
+#include "figure/figure_layout.h"
 #include "figure/point_source.h"
 
 // What the user should know about a figure that has been drawn.
 struct cFigureNotes
 {
     uint64_t m_nWithoutPlace = 0;  // points that are not above 0, on a logarithmic axis
+    cLeftOut m_LeftOut;
 };
 
 enum eDrawing

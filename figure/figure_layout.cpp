@@ -3,15 +3,19 @@
 #include <algorithm>
 #include <cmath>
 
+#include "figure/figure_legend.h"
 #include "figure/fitted_text.h"
 
 // Pixels.
-static const double kEdge       = 10.0;  // around everything
-static const double kGap        = 5.0;
-static const double kTickSize   = 12.0;
-static const double kLabelSize  = 13.0;
-static const double kTitleSize  = 15.0;
-static const double kLegendSize = 12.0;
+static const double kEdge      = 10.0;  // around everything
+static const double kThinEdge  = 1.0;   // around a frame without texts
+static const double kGap       = 5.0;
+static const double kTickSize  = 12.0;
+static const double kLabelSize = 13.0;
+static const double kTitleSize = 15.0;
+
+// From a tick's label to the edge of the figure.
+static const double kLeastEdge = 2.0;
 
 // In parts of a text's size: a line's height, the height of its capitals, and what
 // is below its base line.
@@ -38,14 +42,9 @@ static const double kYMargin = 0.05;
 static const double kLeastFrameWidth  = 80.0;
 static const double kLeastFrameHeight = 50.0;
 
-static const size_t kMostTitleLines = 3;
-static const size_t kMostLabelLines = 2;
-
-static const size_t kMostLegendRows  = 2;    // above the frame; more are beside it
-static const double kLegendPart      = 0.4;  // of the width, if beside the frame
-static const double kLegendRowHeight = 18.0;
-static const double kBetweenEntries  = 20.0;
-static const double kSampleGap       = 6.0;  // from the sample to its text
+static const size_t kMostLegendRows = 2;     // above the frame; more are beside it
+static const double kLegendPart     = 0.4;   // of the figure's width or height, at most
+static const double kLegendMargin   = 20.0;  // between frame and legend, if that is beside it
 
 static const double kFactorGap = 7.0;  // between frame and factor
 
@@ -70,38 +69,72 @@ static cAxisRange RangeOfY(const cFigure &Figure, const cFigureExtents &Extents)
 namespace
 {
 
-// What is left out where it would leave no room for the curves.
-enum eOmission
+enum eLegendPlace
 {
-    omNothing,
-    omLegend,
-    omTitle,
-    omLabels,
-    omTicks
+    lpNone,
+    lpSuited,  // above the frame, or beside it if it has many rows
+    lpAbove
+};
+
+// What the texts may take of the figure.
+struct cArrangement
+{
+    size_t       m_nTitleLines;
+    size_t       m_nLabelLines;  // of each axis
+    eLegendPlace m_nLegend;
+    int          m_bNumbers;  // ticks with their labels
+};
+
+// What ticks and their labels take, in pixels.
+struct cTickNeeds
+{
+    int IsWithin(const cTickNeeds &Room) const
+    {
+        return m_bXFactorLine <= Room.m_bXFactorLine && m_dXFactor <= Room.m_dXFactor &&
+               m_dYFactor <= Room.m_dYFactor && m_dYLabels <= Room.m_dYLabels &&
+               m_dBefore <= Room.m_dBefore && m_dBehind <= Room.m_dBehind;
+    }
+    void Widen(const cTickNeeds &Other)
+    {
+        m_bXFactorLine = std::max(m_bXFactorLine, Other.m_bXFactorLine);
+        m_dXFactor     = std::max(m_dXFactor, Other.m_dXFactor);
+        m_dYFactor     = std::max(m_dYFactor, Other.m_dYFactor);
+        m_dYLabels     = std::max(m_dYLabels, Other.m_dYLabels);
+        m_dBefore      = std::max(m_dBefore, Other.m_dBefore);
+        m_dBehind      = std::max(m_dBehind, Other.m_dBehind);
+    }
+
+    int    m_bXFactorLine = 0;    // the factor is below the ticks' labels
+    double m_dXFactor     = 0.0;  // widths; 0: there is none
+    double m_dYFactor     = 0.0;
+    double m_dYLabels     = 0.0;  // the widest of the vertical axis
+    double m_dBefore      = 0.0;  // of the labels below the frame, to its left
+    double m_dBehind      = 0.0;  // and to its right
 };
 
 class cFigureLayouter
 {
 public:
     cFigureLayouter(const cFigure &Figure, const cFigureTexts &Texts, const cFigureExtents &Extents,
-                    const cFigureCanvas &Canvas, eOmission nOmitted);
+                    const cFigureCanvas &Canvas, const cArrangement &Arranged);
 
     // 0 if there is too little room.
     int LayOut(cFigureLayout *pLayout);
 
 private:
-    int  IsLegendShown() const;
-    void FindMargins();
-    void FindTicksOf(cFigureLayout *pLayout);
-    int  NeedsFactorLine(const cFigureText &Factor) const;
-    void Adjust(const cFigureLayout &Layout);
-    void PlaceTitle(cFigureLayout *pLayout) const;
-    void PlaceLabels(cFigureLayout *pLayout) const;
-    void PlaceTickLabels(cFigureLayout *pLayout) const;
-    void PlaceFactors(cFigureLayout *pLayout) const;
-    void PlaceLegend(cFigureLayout *pLayout) const;
-    void PlaceLegendAbove(cFigureLayout *pLayout) const;
-    void PlaceLegendBeside(cFigureLayout *pLayout) const;
+    void       WrapTexts();
+    int        IsLegendWanted() const;
+    int        FindMargins();
+    int        HasRoom() const;
+    void       FindTicksOf(cFigureLayout *pLayout);
+    int        NeedsFactorLine(const cFigureText &Factor) const;
+    cTickNeeds NeedsOf(const cFigureLayout &Layout) const;
+    int        Place(cFigureLayout *pLayout) const;
+    void       ListLeftOut(cFigureLayout *pLayout) const;
+    void       PlaceTitle(cFigureLayout *pLayout) const;
+    void       PlaceLabels(cFigureLayout *pLayout) const;
+    void       PlaceTickLabels(cFigureLayout *pLayout) const;
+    void       PlaceFactors(cFigureLayout *pLayout) const;
 
     cAxisTicks FitTicks(const cAxisRange &Range, uint32_t nWanted, const cAxisScale &Scale,
                         double dPixels, int bVertical) const;
@@ -113,130 +146,130 @@ private:
         return m_Canvas.TextWidth(Text, StyleOf(dSize));
     }
     double WidestLabel(const cAxisTicks &Ticks) const;
-    double EntryWidth(size_t nLine) const;
-    size_t CountLegendRows() const;
     double LegendTop() const;
+    double XLabelTop() const;
     double Centered(double dMiddle, double dWidth) const;
 
     const cFigure           &m_Figure;
     const cFigureTexts      &m_Texts;
     const cFigureCanvas     &m_Canvas;
-    eOmission                m_nOmitted;
+    const cArrangement      &m_Arranged;
     cAxisRange               m_XRange;
     cAxisRange               m_YRange;
     int                      m_bNumbers;  // the axes have any
+    cFigureLegend            m_Legend;
     int                      m_bLegend;
-    int                      m_bBeside;           // the legend is to the right of the frame
-    int                      m_bXFactorLine = 0;  // below the ticks' labels
-    int                      m_bYFactor     = 0;
-    double                   m_dLegendText  = 0.0;   // the width of its longest text
-    double                   m_dTickLabels  = 30.0;  // the width of the vertical axis's
-    double                   m_dOverhang    = 0.0;   // of the last label beyond the frame
+    int                      m_bBeside;  // the legend is to the right of the frame
+    cTickNeeds               m_Needs;
     std::vector<std::string> m_TitleLines;
     std::vector<std::string> m_XLines;
     std::vector<std::string> m_YLines;
-    std::vector<std::string> m_Labels;  // of the legend
     cFigureBox               m_Frame = {};
 };
 
 cFigureLayouter::cFigureLayouter(const cFigure &Figure, const cFigureTexts &Texts,
                                  const cFigureExtents &Extents, const cFigureCanvas &Canvas,
-                                 eOmission nOmitted)
-    : m_Figure(Figure), m_Texts(Texts), m_Canvas(Canvas), m_nOmitted(nOmitted),
+                                 const cArrangement &Arranged)
+    : m_Figure(Figure), m_Texts(Texts), m_Canvas(Canvas), m_Arranged(Arranged),
       m_XRange(ChooseRange(Figure.m_X.m_Range, Extents.m_X, kXMargin)),
-      m_YRange(RangeOfY(Figure, Extents)), m_bNumbers(nOmitted < omTicks), m_bLegend(0),
-      m_bBeside(0)
+      m_YRange(RangeOfY(Figure, Extents)), m_bNumbers(Arranged.m_bNumbers),
+      m_Legend(Canvas, Texts.m_LineLabels),
+      m_bLegend(Arranged.m_nLegend != lpNone && IsLegendWanted()), m_bBeside(0)
 {
     const cRangeWish &X = Figure.m_X.m_Range;
     const cRangeWish &Y = Figure.m_Y.m_Range;
     if (Extents.m_X.IsEmpty() && !(X.m_dFrom && X.m_dTo) && !(Y.m_dFrom && Y.m_dTo))
         m_bNumbers = 0;  // 0 to 1 would be invented
-    m_bLegend = IsLegendShown();
-
-    const double dWidth = Figure.m_nWidth - 2 * kEdge;
-    if (nOmitted < omTitle)
-        m_TitleLines =
-            WrapText(Canvas, Texts.m_Title, StyleOf(kTitleSize, 1), dWidth, kMostTitleLines);
-    if (nOmitted < omLabels)
-    {
-        m_XLines = WrapText(Canvas, Texts.m_XLabel, StyleOf(kLabelSize), dWidth, kMostLabelLines);
-        m_YLines = WrapText(Canvas, Texts.m_YLabel, StyleOf(kLabelSize),
-                            Figure.m_nHeight - 2 * kEdge, kMostLabelLines);
-    }
-    if (!m_bLegend)
-        return;
-    m_Labels  = Texts.m_LineLabels;
-    m_bBeside = CountLegendRows() > kMostLegendRows;
-    for (std::string &Label : m_Labels)
-    {
-        const double dMost =
-            (m_bBeside ? kLegendPart * Figure.m_nWidth : dWidth) - kSampleLength - kSampleGap;
-        Label         = FitText(Canvas, Label, StyleOf(kLegendSize), dMost);
-        m_dLegendText = std::max(m_dLegendText, WidthOf({{Label}}, kLegendSize));
-    }
+    WrapTexts();
+    const double dLeast = m_Figure.m_nWidth - 6 * kEdge;  // of a frame with short numbers
+    if (m_bLegend && m_Arranged.m_nLegend == lpSuited)
+        m_bBeside = !m_Legend.ArrangeRows(dLeast, kMostLegendRows) || m_Legend.IsCut();
 }
 
-int cFigureLayouter::IsLegendShown() const
+// A label of the vertical axis is between the title and the other axis's label, which
+// may begin to the left of the frame.
+void cFigureLayouter::WrapTexts()
 {
-    if (m_nOmitted >= omLegend || m_Texts.m_LineLabels.empty() || m_Figure.m_nLegend == lwHidden)
+    const double dWidth = m_Figure.m_nWidth - 2 * kEdge;
+    if (m_Arranged.m_nTitleLines > 0)
+        m_TitleLines = WrapText(m_Canvas, m_Texts.m_Title, StyleOf(kTitleSize, 1), dWidth,
+                                m_Arranged.m_nTitleLines);
+    if (m_Arranged.m_nLabelLines == 0)
+        return;
+    m_XLines =
+        WrapText(m_Canvas, m_Texts.m_XLabel, StyleOf(kLabelSize), dWidth, m_Arranged.m_nLabelLines);
+    m_YLines = WrapText(m_Canvas, m_Texts.m_YLabel, StyleOf(kLabelSize), XLabelTop() - LegendTop(),
+                        m_Arranged.m_nLabelLines);
+}
+
+int cFigureLayouter::IsLegendWanted() const
+{
+    if (m_Texts.m_LineLabels.empty() || m_Figure.m_nLegend == lwHidden)
         return 0;
     return m_Figure.m_nLegend == lwShown || m_Texts.m_LineLabels.size() > 1;
 }
 
-double cFigureLayouter::EntryWidth(size_t nLine) const
-{
-    return kSampleLength + kSampleGap + WidthOf({{m_Labels[nLine]}}, kLegendSize);
-}
-
-// Of a legend above the frame.
-size_t cFigureLayouter::CountLegendRows() const
-{
-    const double dMost = m_Figure.m_nWidth - kEdge - std::max(m_Frame.m_dLeft, 5 * kEdge);
-    size_t       nRows = 1;
-    double       dUsed = 0.0;
-    for (size_t nLine = 0; nLine < m_Labels.size(); nLine++)
-    {
-        const double dEntry = EntryWidth(nLine);
-        if (dUsed > 0.0 && dUsed + dEntry > dMost)
-        {
-            nRows++;
-            dUsed = 0.0;
-        }
-        dUsed += dEntry + kBetweenEntries;
-    }
-    return nRows;
-}
-
+// Below the title.
 double cFigureLayouter::LegendTop() const
 {
     const double dTitle = static_cast<double>(m_TitleLines.size()) * kTitleSize * kLineHeight;
     return kEdge + dTitle + (m_TitleLines.empty() ? 0.0 : kGap);
 }
 
-// The frame, as far as the texts around it are known.
-void cFigureLayouter::FindMargins()
+double cFigureLayouter::XLabelTop() const
 {
-    const double dLabelLine = kLabelSize * kLineHeight;
-    const double dTickLine  = m_bNumbers ? kTickLength + kGap + kTickSize * kCapitals + kGap : 0.0;
-    const double dXLabel    = static_cast<double>(m_XLines.size()) * dLabelLine;
-    const double dXFactor   = m_bXFactorLine ? dLabelLine : 0.0;
-    const double dYLabel    = static_cast<double>(m_YLines.size()) * dLabelLine;
-    const double dEdge      = m_nOmitted < omTicks ? kEdge : 1.0;
+    return m_Figure.m_nHeight - kEdge -
+           static_cast<double>(m_XLines.size()) * kLabelSize * kLineHeight;
+}
 
-    double dTop = m_TitleLines.empty() ? dEdge : LegendTop() + kGap / 2;
-    if (m_bLegend && !m_bBeside)
-        dTop = LegendTop() + static_cast<double>(CountLegendRows()) * kLegendRowHeight + kGap;
-    if (m_bYFactor)
-        dTop += kTickSize * kLineHeight;
-    double dRight = m_Figure.m_nWidth - std::max(dEdge, m_dOverhang + 2.0);
-    if (m_bBeside)
-        dRight = std::min(dRight, m_Figure.m_nWidth - kEdge - m_dLegendText - kSampleGap -
-                                      kSampleLength - 2 * kEdge);
-    const double dTicks = m_bNumbers ? kTickLength + kGap + m_dTickLabels : 0.0;
+// The frame, as far as the texts around it are known. Returns 0 if there is no room
+// for the legend.
+int cFigureLayouter::FindMargins()
+{
+    const double dEdge   = m_Arranged.m_bNumbers ? kEdge : kThinEdge;
+    const double dYLabel = static_cast<double>(m_YLines.size()) * kLabelSize * kLineHeight;
+    const double dTexts  = dYLabel > 0.0 ? dEdge + dYLabel + kGap : dEdge;
+    const double dTicks  = m_bNumbers ? kTickLength + kGap + m_Needs.m_dYLabels : 0.0;
+    const double dBefore =
+        m_bNumbers ? (dYLabel > 0.0 ? dTexts : kLeastEdge) + m_Needs.m_dBefore : 0.0;
     // In the middle of pixels, so that the frame's lines are sharp.
-    m_Frame = {std::round(dEdge + dYLabel + (dYLabel > 0.0 ? kGap : 0.0) + dTicks) + 0.5,
-               std::round(dTop) + 0.5, std::round(dRight) - 0.5,
-               std::round(m_Figure.m_nHeight - dEdge - dXLabel - dXFactor - dTickLine) - 0.5};
+    m_Frame.m_dLeft = std::round(std::max(dTexts + dTicks, dBefore)) + 0.5;
+
+    const double dTickLine = m_bNumbers ? kTickLength + kGap + kTickSize * kCapitals + kGap : 0.0;
+    const double dXFactor  = m_Needs.m_bXFactorLine ? kLabelSize * kLineHeight : 0.0;
+    m_Frame.m_dBottom      = std::round(XLabelTop() + kEdge - dEdge - dXFactor - dTickLine) - 0.5;
+
+    const auto nMostRows = static_cast<size_t>(kLegendPart * m_Figure.m_nHeight / kLegendRowHeight);
+    double     dTop      = m_TitleLines.empty() ? dEdge : LegendTop() + kGap / 2;
+    if (m_bLegend && !m_bBeside)
+    {
+        if (!m_Legend.ArrangeRows(m_Figure.m_nWidth - kEdge - m_Frame.m_dLeft, nMostRows))
+            return 0;
+        dTop = LegendTop() + static_cast<double>(m_Legend.Rows()) * kLegendRowHeight + kGap;
+    }
+    if (m_Needs.m_dYFactor > 0.0)
+        dTop += kTickSize * kLineHeight;
+    m_Frame.m_dTop = std::round(dTop) + 0.5;
+
+    double dRight = m_Figure.m_nWidth - std::max(dEdge, m_Needs.m_dBehind + kLeastEdge);
+    if (m_bLegend && m_bBeside)
+    {
+        const double dRows = std::max(m_Frame.Height(), 0.0) / kLegendRowHeight;
+        if (!m_Legend.ArrangeColumn(kLegendPart * m_Figure.m_nWidth, static_cast<size_t>(dRows)))
+            return 0;
+        dRight = std::min(dRight, m_Figure.m_nWidth - kEdge - m_Legend.Width() - kLegendMargin);
+    }
+    m_Frame.m_dRight = std::round(dRight) - 0.5;
+    return 1;
+}
+
+// A figure without texts always has; its frame may be as small as a pixel.
+int cFigureLayouter::HasRoom() const
+{
+    return !m_Arranged.m_bNumbers ||
+           (m_Frame.Width() >=
+                std::max({kLeastFrameWidth, m_Needs.m_dXFactor, m_Needs.m_dYFactor}) &&
+            m_Frame.Height() >= kLeastFrameHeight);
 }
 
 double cFigureLayouter::WidestLabel(const cAxisTicks &Ticks) const
@@ -325,44 +358,72 @@ int cFigureLayouter::NeedsFactorLine(const cFigureText &Factor) const
     return dEnd + kBesideLabel > m_Frame.m_dRight - WidthOf(Factor, kTickSize);
 }
 
-// What the ticks need, for the next try.
-void cFigureLayouter::Adjust(const cFigureLayout &Layout)
+cTickNeeds cFigureLayouter::NeedsOf(const cFigureLayout &Layout) const
 {
-    m_bXFactorLine = NeedsFactorLine(Layout.m_XTicks.m_Factor);
-    m_bYFactor     = !Layout.m_YTicks.m_Factor.empty();
-    m_dTickLabels  = WidestLabel(Layout.m_YTicks);
-    m_dOverhang    = 0.0;
+    cTickNeeds Needs;
+    Needs.m_bXFactorLine = NeedsFactorLine(Layout.m_XTicks.m_Factor);
+    Needs.m_dXFactor     = WidthOf(Layout.m_XTicks.m_Factor, kTickSize);
+    Needs.m_dYFactor     = WidthOf(Layout.m_YTicks.m_Factor, kTickSize);
+    Needs.m_dYLabels     = WidestLabel(Layout.m_YTicks);
     for (const cAxisTick &Tick : Layout.m_XTicks.m_Ticks)
-        m_dOverhang =
-            std::max(m_dOverhang, Layout.m_XScale.Position(Tick.m_dValue) +
-                                      WidthOf(Tick.m_Label, kTickSize) / 2 - m_Frame.m_dRight);
+    {
+        const double dAt   = Layout.m_XScale.Position(Tick.m_dValue);
+        const double dHalf = WidthOf(Tick.m_Label, kTickSize) / 2;
+        Needs.m_dBefore    = std::max(Needs.m_dBefore, m_Frame.m_dLeft - (dAt - dHalf));
+        Needs.m_dBehind    = std::max(Needs.m_dBehind, dAt + dHalf - m_Frame.m_dRight);
+    }
+    return Needs;
 }
 
+// Each try knows the labels of the one before. Room for some ticks may be room for
+// others, and so on; from some try on it only grows.
 int cFigureLayouter::LayOut(cFigureLayout *pLayout)
 {
-    static const int s_nTries = 4;  // each knows the labels of the one before
+    static const int s_nTries     = 4;
+    static const int s_nMostTries = 8;
 
-    for (int nTry = 0; nTry < s_nTries; nTry++)
+    m_Needs.m_dYLabels = 30.0;
+    for (int nTry = 1; nTry <= s_nMostTries; nTry++)
     {
         *pLayout = {};
-        FindMargins();
-        const int bRoom =
-            m_Frame.Width() >= kLeastFrameWidth && m_Frame.Height() >= kLeastFrameHeight;
-        if (!bRoom && m_nOmitted < omTicks)
+        if (!FindMargins() || !HasRoom())
             return 0;
         m_Frame.m_dRight  = std::max(m_Frame.m_dRight, m_Frame.m_dLeft + 1.0);
         m_Frame.m_dBottom = std::max(m_Frame.m_dBottom, m_Frame.m_dTop + 1.0);
         FindTicksOf(pLayout);
-        if (nTry + 1 < s_nTries)
-            Adjust(*pLayout);
+        const cTickNeeds Needs = NeedsOf(*pLayout);
+        if (nTry >= s_nTries && Needs.IsWithin(m_Needs))
+            return Place(pLayout);
+        if (nTry >= s_nTries)
+            m_Needs.Widen(Needs);
+        else
+            m_Needs = Needs;
     }
+    return 0;
+}
+
+int cFigureLayouter::Place(cFigureLayout *pLayout) const
+{
     PlaceTitle(pLayout);
     PlaceLabels(pLayout);
     PlaceTickLabels(pLayout);
     PlaceFactors(pLayout);
-    if (m_bLegend)
-        PlaceLegend(pLayout);
+    if (m_bLegend && m_bBeside)
+        m_Legend.Place({m_Frame.m_dRight + kLegendMargin, m_Frame.m_dTop}, pLayout);
+    else if (m_bLegend)
+        m_Legend.Place({m_Frame.m_dLeft, LegendTop()}, pLayout);
+    ListLeftOut(pLayout);
     return 1;
+}
+
+void cFigureLayouter::ListLeftOut(cFigureLayout *pLayout) const
+{
+    const int bLabels = !m_Texts.m_XLabel.empty() || !m_Texts.m_YLabel.empty();
+
+    pLayout->m_LeftOut.m_bLegend  = IsLegendWanted() && !m_bLegend;
+    pLayout->m_LeftOut.m_bTitle   = !m_Texts.m_Title.empty() && m_TitleLines.empty();
+    pLayout->m_LeftOut.m_bLabels  = bLabels && m_XLines.empty() && m_YLines.empty();
+    pLayout->m_LeftOut.m_bNumbers = !m_Arranged.m_bNumbers;
 }
 
 // The middle of a text that is centred at dMiddle, if it fits there, and is within
@@ -404,9 +465,9 @@ void cFigureLayouter::PlaceLabels(cFigureLayout *pLayout) const
     double dBaseX = kEdge + kLabelSize * kCapitals + 1.0;
     for (const std::string &Line : m_YLines)
     {
-        const double dHalf   = kEdge / 2 + WidthOf({{Line}}, kLabelSize) / 2;
+        const double dHalf   = WidthOf({{Line}}, kLabelSize) / 2;
         const double dMiddle = (m_Frame.m_dTop + m_Frame.m_dBottom) / 2;
-        const double dAt     = std::max(std::min(dMiddle, m_Figure.m_nHeight - dHalf), dHalf);
+        const double dAt = std::max(std::min(dMiddle, XLabelTop() - dHalf), LegendTop() + dHalf);
         pLayout->m_AxisTexts.push_back({{dBaseX, dAt}, taMiddle, 1, {{Line}}, Style});
         dBaseX += dLine;
     }
@@ -438,7 +499,7 @@ void cFigureLayouter::PlaceTickLabels(cFigureLayout *pLayout) const
 void cFigureLayouter::PlaceFactors(cFigureLayout *pLayout) const
 {
     const cTextStyle Style = StyleOf(kTickSize);
-    if (m_bYFactor && !pLayout->m_YTicks.m_Factor.empty())
+    if (!pLayout->m_YTicks.m_Factor.empty())
         pLayout->m_AxisTexts.push_back({{m_Frame.m_dLeft, m_Frame.m_dTop - kFactorGap},
                                         taStart,
                                         0,
@@ -451,71 +512,21 @@ void cFigureLayouter::PlaceFactors(cFigureLayout *pLayout) const
             {{m_Frame.m_dRight, dBase}, taEnd, 0, pLayout->m_XTicks.m_Factor, Style});
 }
 
-void cFigureLayouter::PlaceLegend(cFigureLayout *pLayout) const
-{
-    if (m_bBeside)
-        PlaceLegendBeside(pLayout);
-    else
-        PlaceLegendAbove(pLayout);
-}
-
-void cFigureLayouter::PlaceLegendAbove(cFigureLayout *pLayout) const
-{
-    const cTextStyle Style   = StyleOf(kLegendSize);
-    double           dX      = m_Frame.m_dLeft;
-    double           dMiddle = LegendTop() + kLegendRowHeight / 2;
-    for (size_t nLine = 0; nLine < m_Labels.size(); nLine++)
-    {
-        const double dEntry = EntryWidth(nLine);
-        if (dX > m_Frame.m_dLeft && dX + dEntry > m_Figure.m_nWidth - kEdge)
-        {
-            dX = m_Frame.m_dLeft;
-            dMiddle += kLegendRowHeight;
-        }
-        const cSpot At = {dX + kSampleLength + kSampleGap, dMiddle + kLegendSize * kCapitals / 2};
-        pLayout->m_Legend.push_back(
-            {nLine, {dX, dMiddle}, {At, taStart, 0, {{m_Labels[nLine]}}, Style}});
-        dX += dEntry + kBetweenEntries;
-    }
-}
-
-// What does not fit is counted.
-void cFigureLayouter::PlaceLegendBeside(cFigureLayout *pLayout) const
-{
-    const cTextStyle Style = StyleOf(kLegendSize);
-    const auto       nRoom = static_cast<size_t>(m_Frame.Height() / kLegendRowHeight);
-    const size_t     nAll  = m_Labels.size();
-    const size_t     nRows = nAll <= nRoom ? nAll : nRoom - 1;
-    const double     dX    = m_Frame.m_dRight + 2 * kEdge;
-    for (size_t nLine = 0; nLine < nRows; nLine++)
-    {
-        const double dMiddle =
-            m_Frame.m_dTop + (static_cast<double>(nLine) + 0.5) * kLegendRowHeight;
-        const cSpot At = {dX + kSampleLength + kSampleGap, dMiddle + kLegendSize * kCapitals / 2};
-        pLayout->m_Legend.push_back(
-            {nLine, {dX, dMiddle}, {At, taStart, 0, {{m_Labels[nLine]}}, Style}});
-    }
-    if (nRows == nAll)
-        return;
-    const double dBase = m_Frame.m_dTop + (static_cast<double>(nRows) + 0.5) * kLegendRowHeight +
-                         kLegendSize * kCapitals / 2;
-    pLayout->m_AxisTexts.push_back({{dX + kSampleLength + kSampleGap, dBase},
-                                    taStart,
-                                    0,
-                                    {{"and " + std::to_string(nAll - nRows) + " more"}},
-                                    Style});
-}
-
 }  // namespace
 
 cFigureLayout LayOutFigure(const cFigure &Figure, const cFigureTexts &Texts,
                            const cFigureExtents &Extents, const cFigureCanvas &Canvas)
 {
-    static const eOmission s_Tried[] = {omNothing, omLegend, omTitle, omLabels, omTicks};
+    // The last one always fits.
+    static const cArrangement s_Tried[] = {
+        {3, 2, lpSuited, 1}, {3, 2, lpAbove, 1}, {1, 1, lpSuited, 1}, {1, 1, lpAbove, 1},
+        {3, 2, lpNone, 1},   {1, 1, lpNone, 1},  {0, 2, lpNone, 1},   {0, 1, lpNone, 1},
+        {0, 0, lpNone, 1},   {0, 0, lpNone, 0},
+    };
 
     cFigureLayout Layout;
-    for (const eOmission nOmitted : s_Tried)
-        if (cFigureLayouter(Figure, Texts, Extents, Canvas, nOmitted).LayOut(&Layout))
+    for (const cArrangement &Arranged : s_Tried)
+        if (cFigureLayouter(Figure, Texts, Extents, Canvas, Arranged).LayOut(&Layout))
             break;
     return Layout;
 }

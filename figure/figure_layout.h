@@ -30,6 +30,15 @@ struct cLegendEntry
     cPlacedText m_Text;
 };
 
+// What there is no room for. A legend may also say how many lines it leaves out.
+struct cLeftOut
+{
+    int m_bLegend  = 0;
+    int m_bTitle   = 0;
+    int m_bLabels  = 0;  // of the axes
+    int m_bNumbers = 0;
+};
+
 struct cFigureLayout
 {
     cFigureBox                m_Frame;
@@ -40,6 +49,7 @@ struct cFigureLayout
     std::vector<cPlacedText>  m_Titles;
     std::vector<cPlacedText>  m_AxisTexts;
     std::vector<cLegendEntry> m_Legend;
+    cLeftOut                  m_LeftOut;
 };
 
 // Pixels.
@@ -47,8 +57,9 @@ const double kTickLength      = 5.0;
 const double kShortTickLength = 3.0;
 const double kSampleLength    = 26.0;
 
-// Texts that would leave no room for the curves are left out: first the legend, then
-// the title, the labels of the axes, and the ticks.
+// Texts that would leave no room for the curves become shorter, the legend moves above
+// the frame, and what has no room then is left out: first the legend, then the title,
+// the labels of the axes, and the ticks.
 cFigureLayout LayOutFigure(const cFigure &Figure, const cFigureTexts &Texts,
                            const cFigureExtents &Extents, const cFigureCanvas &Canvas);
 

@@ -1,5 +1,6 @@
 // figure_log.h - a canvas for tests that keeps what is drawn of a figure. All
-// characters of its font are half as wide as the text's size.
+// characters of its font are equally wide, half as wide as the text's size unless a
+// test wants another font.
 
 #ifndef TESTS_UNIT_FIGURE_LOG_H
 #define TESTS_UNIT_FIGURE_LOG_H
@@ -55,8 +56,8 @@ public:
     {
         double dWidth = 0.0;
         for (const cTextRun &Run : Text)
-            dWidth += static_cast<double>(LengthInCharacters(CleanText(Run.m_Text))) * 0.5 *
-                      Style.m_dSize * (Run.m_bRaised ? kRaisedSize : 1.0);
+            dWidth += static_cast<double>(LengthInCharacters(CleanText(Run.m_Text))) *
+                      m_dCharacter * Style.m_dSize * (Run.m_bRaised ? kRaisedSize : 1.0);
         return dWidth;
     }
 
@@ -114,9 +115,10 @@ public:
     }
 
     cFigureAbout             m_About;
-    int                      m_bEnd      = 1;  // what End returns
-    int                      m_nPolygons = 0;
-    std::vector<std::string> m_Groups;  // open ones
+    int                      m_bEnd       = 1;  // what End returns
+    int                      m_nPolygons  = 0;
+    double                   m_dCharacter = 0.5;  // its width, in parts of a text's size
+    std::vector<std::string> m_Groups;            // open ones
     std::vector<std::string> m_Titles;
     std::vector<cFigureBox>  m_Clips;
     std::vector<cLogText>    m_Texts;
