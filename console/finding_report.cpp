@@ -4,7 +4,9 @@
 
 std::string FindingText(const std::string &FileName, const cFinding &Finding)
 {
-    std::string Text = FileName + ":" + std::to_string(Finding.m_nLine) + ":";
+    std::string Text = FileName + ":";
+    if (Finding.m_nLine > 0)
+        Text += std::to_string(Finding.m_nLine) + ":";
     if (Finding.m_nSeverity == svWarning)
         return Text + std::to_string(Finding.m_nColumn) + ": warning: " + Finding.m_Text + " [" +
                Finding.m_szName + "]";

@@ -11,6 +11,7 @@
 // Without a line end:
 //     draw.txt:3: Error: unrecognized instr mnemonic "enter": did you mean ENTER?
 //     draw.txt:7:1: warning: nothing reaches this line [unreachable]
+//     empty.txt: Error: the file ends without a row of numbers
 std::string FindingText(const std::string &FileName, const cFinding &Finding);
 
 // One object, without a line end.

@@ -28,7 +28,7 @@ struct cFinding
 {
     eSeverity   m_nSeverity;
     const char *m_szName;      // "missing-label"; of errors "operand" and the like
-    unsigned    m_nLine;       // from 1
+    unsigned    m_nLine;       // from 1; 0: the file has none
     unsigned    m_nColumn;     // of the word in question: characters, from 1
     std::string m_Text;        // Error: unrecognized instr mnemonic "enter"
     std::string m_Suggestion;  // for the word, "ENTER"; empty if there is none

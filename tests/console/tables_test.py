@@ -114,6 +114,9 @@ class FindingTest(TableCase):
         self.assert_refused("good.txt", "bad.txt", err='bad.txt:3: Error: no number in "end 5"\n')
         self.assert_refused("-", stdin="no numbers\n",
                             err="<stdin>:1: Error: the file ends without a row of numbers\n")
+        self.write("empty.txt", "")
+        self.assert_refused("empty.txt",
+                            err="empty.txt: Error: the file ends without a row of numbers\n")
         self.assert_refused("good.txt", "--columns", "1,7",
                             err="good.txt:2: Error: there is no column 7: the first row has 3\n")
 
