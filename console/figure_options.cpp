@@ -73,6 +73,7 @@ static cChosenLook *LookFor(cFigureOptions *pOptions, const std::string &Value, 
         return &pFigure->m_Look;
     if (!ParseWholeNumber(Value.substr(0, nColon), &nLine) || nLine < 1 || nLine > kMostLineNumber)
         return nullptr;
+    pOptions->m_LineOptions.push_back({static_cast<size_t>(nLine - 1), Value});
     return &pFigure->m_LineLooks[static_cast<size_t>(nLine - 1)];
 }
 
@@ -301,6 +302,33 @@ const cFigureOptionRow kFigureRows[kFigureOptions] =
       "are without it" },
 };
 // clang-format on
+
+int TakeFigureOption(const cFigureOptionRow &Row, const std::string &Value,
+                     cFigureOptions *pOptions)
+{
+    const size_t nFormer = pOptions->m_LineOptions.size();
+    if (pOptions->m_FirstOption.empty())
+        pOptions->m_FirstOption = Row.m_szName;
+    const int bTaken = Row.m_pTake(pOptions, Value);
+    for (size_t nOption = nFormer; nOption < pOptions->m_LineOptions.size(); nOption++)
+        pOptions->m_LineOptions[nOption].m_Text.insert(0, std::string(Row.m_szName) + " ");
+    return bTaken;
+}
+
+int ReportMissingLines(const cFigureOptions &Options, size_t nLines, const cStreams &Streams)
+{
+    int bAny = 0;
+    for (const cLineOption &Option : Options.m_LineOptions)
+    {
+        if (Option.m_nLine < nLines)
+            continue;
+        ReportUsage(Streams, Option.m_Text + " is not used: there " +
+                                 (nLines == 1 ? "is 1 data line"
+                                              : "are " + std::to_string(nLines) + " data lines"));
+        bAny = 1;
+    }
+    return bAny;
+}
 
 // Of an axis.
 static std::string WhyNotLogarithmic(const cRangeWish &Range, const char *szOption)

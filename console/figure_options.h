@@ -18,6 +18,13 @@
 // functions; no picture is larger.
 const int kMostPictureSize = 16383;
 
+// One for a single data line.
+struct cLineOption
+{
+    size_t      m_nLine;  // from 0
+    std::string m_Text;   // "--style 2:dash"
+};
+
 struct cFigureOptions
 {
     cFigure                       m_Figure;
@@ -26,6 +33,7 @@ struct cFigureOptions
     int                           m_bWindow = 0;  // as a window draws it
     int                           m_bNice   = 0;  // and round ticks nevertheless
     std::string                   m_FirstOption;  // of these that was given; "" for none
+    std::vector<cLineOption>      m_LineOptions;  // in their order
 };
 
 // Takes an option's value for the figure of a command's options.
@@ -43,13 +51,15 @@ struct cFigureOptionRow
 const int                     kFigureOptions = 22;
 extern const cFigureOptionRow kFigureRows[kFigureOptions];
 
+// As the row's m_pTake.
+int TakeFigureOption(const cFigureOptionRow &Row, const std::string &Value,
+                     cFigureOptions *pOptions);
+
 template <class cOptions, int nRow>
 int TakeFigureValue(void *pOptions, const std::string &Value, std::string *)
 {
-    cFigureOptions *const pPicture = &static_cast<cOptions *>(pOptions)->m_Picture;
-    if (pPicture->m_FirstOption.empty())
-        pPicture->m_FirstOption = kFigureRows[nRow].m_szName;
-    return kFigureRows[nRow].m_pTake(pPicture, Value);
+    return TakeFigureOption(kFigureRows[nRow], Value,
+                            &static_cast<cOptions *>(pOptions)->m_Picture);
 }
 
 // Appends the options' rows for a command whose options have a cFigureOptions
@@ -70,6 +80,10 @@ template <class cOptions, int nRow = 0> void AppendFigureRows(std::vector<cOptio
 // drawn.
 int ChoosePicture(const cFigureOptions &Options, const std::string &Name, cPictureFile *pFile,
                   std::string *pError);
+
+// Warns, on standard error, of options for a data line that is not one of nLines.
+// Returns 1 if there are any.
+int ReportMissingLines(const cFigureOptions &Options, size_t nLines, const cStreams &Streams);
 
 // Saves the figure; returns the exit code. An error and what the user should know go
 // to standard error. Without --window only.

@@ -25,6 +25,9 @@ static int PlotTables(const cPlotOptions &Options, const cPictureFile &File,
     const int   nExitCode = Tables.Load(Options.m_DataFiles);
     if (nExitCode != kExitDone)
         return nExitCode;
+    if (ReportMissingLines(Options.m_Picture, Tables.Lines(), Streams) &&
+        Options.m_Tables.m_bStrict)
+        return RefuseStrictly(Streams);
     return SaveFigurePicture(Options.m_Picture, File, &Tables, Streams);
 }
 
@@ -40,6 +43,7 @@ static int PlotWindow(const cPlotOptions &Options, const cPictureFile &File,
         return kExitUsage;
     if (!OpenGraphFile(&Plot, &Boxes, Name.c_str()))
         return ReportUsage(Streams, "cannot read '" + Name + "'");
+    static_cast<void>(ReportMissingLines(Options.m_Picture, Plot.Count(), Streams));
     return SaveWindowPicture(Options.m_Picture, File, &Plot, Streams);
 }
 

@@ -82,6 +82,7 @@ static int ReportTraceLoss(const cRunOptions &Options, eLogLoss nLoss, const cSt
 
 static int SavePicture(cRunHost *pHost, const cRunOptions &Options, const cStreams &Streams)
 {
+    static_cast<void>(ReportMissingLines(Options.m_Picture, pHost->m_Plot.Count(), Streams));
     if (Options.m_Picture.m_bWindow)
         return SaveWindowPicture(Options.m_Picture, Options.m_PictureFile, &pHost->m_Plot, Streams);
     cPlotSource Source(pHost->m_Plot);

@@ -44,9 +44,12 @@ int cTableInput::Load(const std::vector<std::string> &Names)
         ReportFailure();
         return kExitUsage;
     }
-    if (!bFindings || !m_Options.m_bStrict)
-        return kExitDone;
-    ReportUsage(m_Streams, "nothing was drawn, because of --strict");
+    return bFindings && m_Options.m_bStrict ? RefuseStrictly(m_Streams) : kExitDone;
+}
+
+int RefuseStrictly(const cStreams &Streams)
+{
+    ReportUsage(Streams, "nothing was drawn, because of --strict");
     return kExitError;
 }
 

@@ -13,6 +13,9 @@
 #include "figure/point_source.h"
 #include "tables/table_points.h"
 
+// Says that nothing was drawn, because a warning is an error; returns kExitError.
+int RefuseStrictly(const cStreams &Streams);
+
 class cTableInput : public cPointSource
 {
 public:

@@ -139,6 +139,18 @@ class SvgTest(FigureCase):
         self.assertEqual(second.get("stroke-width"), "3")
         self.assertEqual(second.get("stroke-dasharray"), "3.6 5.4")
 
+    def test_a_look_for_a_line_that_is_not_there_is_reported(self):
+        for window in ((), ("--window",)):
+            result = self.plot("--width", "2:3", "--style", "9:dash", "--type", "3:plot", *window)
+            self.assertEqual(result.err,
+                             "vorstek-cli: --style 9:dash is not used: there are 2 data lines\n"
+                             "vorstek-cli: --type 3:plot is not used: there are 2 data lines\n")
+        self.write("out.svg", "old")
+        result = self.plot("--width", "2:3", "--strict", data="1\n2\n", code=1)
+        self.assertEqual(result.err, "vorstek-cli: --width 2:3 is not used: there is 1 data line\n"
+                                     "vorstek-cli: nothing was drawn, because of --strict\n")
+        self.assertEqual(self.read("out.svg"), b"old")
+
     def test_each_type_has_its_vertices(self):
         for kind, count in (("plot", 3), ("stairstep", 6), ("stoop", 9)):
             self.plot("--type", kind, data="1\n5\n3\n2\n")
