@@ -121,6 +121,14 @@ static int IsPlotText(const std::string &Value)
     return Value.size() < kPlotText;
 }
 
+void NameFigure(const std::vector<std::string> &Sources, cFigureOptions *pOptions)
+{
+    std::string *const pName = &pOptions->m_Figure.m_Name;
+    for (const std::string &Source : Sources)
+        if (Source != kStandardInput)
+            *pName += (pName->empty() ? "" : ", ") + NameWithoutFolder(Source);
+}
+
 static int TakeTitle(cFigureOptions *pOptions, const std::string &Value)
 {
     pOptions->m_Figure.m_Title = Value;
@@ -436,7 +444,8 @@ int SaveWindowPicture(const cFigureOptions &Options, const cPictureFile &File, c
                       const cStreams &Streams)
 {
     ApplyToWindow(Options, pPlot);
-    const cFigure &Figure  = Options.m_Figure;
-    const eSaving  nSaving = SaveWindowFigure(*pPlot, Figure.m_nWidth, Figure.m_nHeight, File);
+    const cFigure &Figure = Options.m_Figure;
+    const eSaving  nSaving =
+        SaveWindowFigure(*pPlot, Figure.m_nWidth, Figure.m_nHeight, File, Figure.m_Name);
     return ReportSaving(nSaving, errno, File, Streams);
 }

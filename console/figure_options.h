@@ -81,6 +81,9 @@ template <class cOptions, int nRow = 0> void AppendFigureRows(std::vector<cOptio
 int ChoosePicture(const cFigureOptions &Options, const std::string &Name, cPictureFile *pFile,
                   std::string *pError);
 
+// Calls the figure after the files that its points come from, without their folders.
+void NameFigure(const std::vector<std::string> &Sources, cFigureOptions *pOptions);
+
 // Warns, on standard error, of options for a data line that is not one of nLines.
 // Returns 1 if there are any.
 int ReportMissingLines(const cFigureOptions &Options, size_t nLines, const cStreams &Streams);

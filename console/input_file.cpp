@@ -21,6 +21,11 @@ std::string ShownOutput(const std::string &Name)
     return Name == kStandardOutput ? "standard output" : "'" + Name + "'";
 }
 
+std::string NameWithoutFolder(const std::string &Name)
+{
+    return Name.substr(Name.find_last_of("/\\") + 1);
+}
+
 int RefuseInput(const cStreams &Streams, const std::string &Name, const std::string &Why)
 {
     ReportUsage(Streams, "cannot read " + ShownInput(Name) + (Why.empty() ? "" : ": ") + Why);

@@ -28,6 +28,9 @@ const uint64_t kAnyLength     = std::numeric_limits<uint64_t>::max();
 std::string ShownInput(const std::string &Name);
 std::string ShownOutput(const std::string &Name);
 
+// "fall.txt" for "data/fall.txt".
+std::string NameWithoutFolder(const std::string &Name);
+
 // Prints why an input cannot be read, "" if nobody knows, on standard error:
 //     vorstek-cli: cannot read 'draw.txt': no such file
 // Returns 0.

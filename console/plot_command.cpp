@@ -57,6 +57,7 @@ int PlotCommand(const std::vector<std::string> &Arguments, const cStreams &Strea
         return ReportUsage(Streams, Error);
     if (!IsNoInput(Options.m_PictureFile, Options.m_DataFiles, Streams))
         return kExitUsage;
+    NameFigure(Options.m_DataFiles, &Options.m_Picture);
     return Options.m_Picture.m_bWindow ? PlotWindow(Options, File, Streams)
                                        : PlotTables(Options, File, Streams);
 }

@@ -148,5 +148,6 @@ int ParseRunOptions(const std::vector<std::string> &Arguments, cRunOptions *pOpt
         *pError = "unexpected argument '" + Words[1] + "': run takes one program";
     else
         pOptions->m_Program = Words[0];
+    NameFigure({pOptions->m_Program}, &pOptions->m_Picture);
     return pError->empty() && ChooseGraph(pOptions, pError);
 }

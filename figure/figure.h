@@ -43,6 +43,7 @@ struct cFigure
     int                           m_nWidth  = kPlotWidth;  // pixels
     int                           m_nHeight = kPlotHeight;
     std::optional<std::string>    m_Title;  // default: the source's
+    std::string                   m_Name;   // of the source, for those who cannot see it
     cAxisWish                     m_X;
     cAxisWish                     m_Y;
     int                           m_bGrid    = 0;

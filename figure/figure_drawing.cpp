@@ -3,13 +3,14 @@
 #include <cmath>
 #include <cstdio>
 
+#include "figure/figure_about.h"
 #include "figure/figure_extents.h"
 #include "figure/line_batch.h"
 
 static const double kFrameWidth = 1.0;
 static const double kGridWidth  = 1.0;
 static const double kNoDataSize = 15.0;
-static const int    kMostNumber = 32;
+static const int    kColourText = 32;
 
 // The part of a line's width that a curve along the frame needs outside of it.
 static const double kBeyondFrame = 0.5;
@@ -165,34 +166,9 @@ static int DrawLines(const cFigure &Figure, const cFigureLayout &Layout, const c
     return bRead;
 }
 
-static std::string ShortNumber(double dValue)
-{
-    char szText[kMostNumber];
-    snprintf(szText, sizeof szText, "%.6g", dValue);
-    return szText;
-}
-
-static std::string Counted(uint64_t nCount, const char *szOf)
-{
-    return std::to_string(nCount) + " " + szOf + (nCount == 1 ? "" : "s");
-}
-
-// For those who cannot see it.
-static std::string Describe(const cFigureTexts &Texts, const cFigureExtents &Extents)
-{
-    std::string Text = Counted(Texts.m_LineLabels.size(), "data line") + ", " +
-                       Counted(Extents.m_nPoints, "point") + ".";
-    if (!Extents.m_X.IsEmpty())
-        Text += " " + (Texts.m_XLabel.empty() ? "x" : Texts.m_XLabel) + " from " +
-                ShortNumber(Extents.m_X.m_dMin) + " to " + ShortNumber(Extents.m_X.m_dMax) + ", " +
-                (Texts.m_YLabel.empty() ? "y" : Texts.m_YLabel) + " from " +
-                ShortNumber(Extents.m_Y.m_dMin) + " to " + ShortNumber(Extents.m_Y.m_dMax) + ".";
-    return Text;
-}
-
 static std::string Rule(const std::string &Selector, const char *szProperty, uint32_t crColour)
 {
-    char szColour[kMostNumber];
+    char szColour[kColourText];
     snprintf(szColour, sizeof szColour, "#%02x%02x%02x", crColour & 0xFF, crColour >> 8 & 0xFF,
              crColour >> 16 & 0xFF);
     return Selector + " {" + szProperty + ": " + szColour + "}\n";
@@ -226,8 +202,10 @@ eDrawing DrawFigure(const cFigure &Figure, cPointSource *pSource, cFigureCanvas 
     pNotes->m_nWithoutPlace    = Extents.m_nWithoutPlace;
     pNotes->m_LeftOut          = Layout.m_LeftOut;
 
-    pCanvas->Begin({Texts.m_Title, Describe(Texts, Extents),
-                    Figure.m_bDark ? DarkStyle(Figure, Extents.m_Lines.size()) : ""});
+    cFigureAbout About = AboutFigure(Figure, *pSource, Texts, Extents);
+    if (Figure.m_bDark)
+        About.m_DarkStyle = DarkStyle(Figure, Extents.m_Lines.size());
+    pCanvas->Begin(About);
     DrawGround(Figure, pCanvas);
     DrawTitles(Layout, pCanvas);
     DrawLegend(Figure, Layout, Extents, pCanvas);

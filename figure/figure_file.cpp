@@ -1,5 +1,7 @@
 #include "figure/figure_file.h"
 
+#include "figure/figure_about.h"
+#include "figure/plot_source.h"
 #include "figure/window_canvas.h"
 #include "graph/plot_renderer.h"
 #include "graph/svg_canvas.h"
@@ -53,34 +55,50 @@ static int DrawWindow(const cVantorPlot &Plot, const cRect &Picture, cPlotCanvas
 }
 
 // At its natural size an SVG picture has the pixels of a window.
-static int DrawWindowAsSvg(const cVantorPlot &Plot, const cRect &Picture, FILE *pFile)
+static int DrawWindowAsSvg(const cVantorPlot &Plot, const cRect &Picture, const cFigureAbout &About,
+                           FILE *pFile)
 {
-    cSvgCanvas Canvas(pFile, Picture.m_nRight, Picture.m_nBottom);
+    cSvgCanvas Canvas(pFile, Picture.m_nRight, Picture.m_nBottom, About.m_Title,
+                      About.m_Description);
     const int  bDrawn = DrawWindow(Plot, Picture, &Canvas);
     Canvas.End();
     return bDrawn;
 }
 
-static int DrawWindowOn(const cVantorPlot &Plot, const cRect &Picture, cFigureCanvas *pCanvas)
+static int DrawWindowOn(const cVantorPlot &Plot, const cRect &Picture, const cFigureAbout &About,
+                        cFigureCanvas *pCanvas)
 {
     cWindowCanvas Window(pCanvas);
-    pCanvas->Begin({Plot.Settings().m_szTitle, "", ""});
+    pCanvas->Begin(About);
     const int bDrawn = DrawWindow(Plot, Picture, &Window);
     return pCanvas->End() && bDrawn;
 }
 
-eSaving SaveWindowFigure(const cVantorPlot &Plot, int nWidth, int nHeight, const cPictureFile &File)
+// The same that a figure of these data lines says.
+static cFigureAbout AboutPlot(const cVantorPlot &Plot, const std::string &SourceName)
+{
+    cPlotSource    Source(Plot);
+    cFigure        Figure;
+    cFigureExtents Extents;
+    Figure.m_Name = SourceName;
+    static_cast<void>(FindExtents(Figure, &Source, &Extents));  // a plot is always read
+    return AboutFigure(Figure, Source, TextsOfFigure(Figure, Source), Extents);
+}
+
+eSaving SaveWindowFigure(const cVantorPlot &Plot, int nWidth, int nHeight, const cPictureFile &File,
+                         const std::string &SourceName)
 {
     cPictureOutput Output;
     if (!Output.Open(File.m_Name))
         return svUnwritable;
-    const cRect Picture = {0, 0, nWidth, nHeight};
-    int         bDrawn;
+    const cRect        Picture = {0, 0, nWidth, nHeight};
+    const cFigureAbout About   = AboutPlot(Plot, SourceName);
+    int                bDrawn;
     if (File.m_nFormat == pfSvg && File.m_dScale == 1.0)
-        bDrawn = DrawWindowAsSvg(Plot, Picture, Output.Stream());
+        bDrawn = DrawWindowAsSvg(Plot, Picture, About, Output.Stream());
     else
         bDrawn = DrawWindowOn(
-            Plot, Picture,
+            Plot, Picture, About,
             MakeCanvas(File.m_nFormat, Output.Stream(), nWidth, nHeight, File.m_dScale).get());
     if (!bDrawn)
         return svTooLarge;

@@ -33,8 +33,8 @@ enum eSaving
 eSaving SaveFigure(const cFigure &Figure, cPointSource *pSource, const cPictureFile &File,
                    cFigureNotes *pNotes);
 
-// The same of a plot, as a window shows it.
-eSaving SaveWindowFigure(const cVantorPlot &Plot, int nWidth, int nHeight,
-                         const cPictureFile &File);
+// The same of a plot, as a window shows it. SourceName is a figure's m_Name.
+eSaving SaveWindowFigure(const cVantorPlot &Plot, int nWidth, int nHeight, const cPictureFile &File,
+                         const std::string &SourceName = "");
 
 #endif

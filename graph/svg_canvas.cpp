@@ -31,13 +31,21 @@ static const char *Escaped(std::string_view Character)
     return bControl || bForbidden ? kReplacementCharacter : nullptr;
 }
 
-cSvgCanvas::cSvgCanvas(FILE *pFile, int nWidth, int nHeight) : m_pFile(pFile), m_nClips(0)
+cSvgCanvas::cSvgCanvas(FILE *pFile, int nWidth, int nHeight, std::string_view Title,
+                       std::string_view Description)
+    : m_pFile(pFile), m_nClips(0)
 {
     fprintf(m_pFile,
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
             "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"%d\" height=\"%d\" "
-            "viewBox=\"0 0 %d %d\" font-family=\"%s\" font-size=\"%d\" xml:space=\"preserve\">\n",
-            nWidth, nHeight, nWidth, nHeight, kSvgFontFamily, kSvgFontSize);
+            "viewBox=\"0 0 %d %d\"%s font-family=\"%s\" font-size=\"%d\" "
+            "xml:space=\"preserve\">\n",
+            nWidth, nHeight, nWidth, nHeight, Title.empty() ? "" : " role=\"img\"", kSvgFontFamily,
+            kSvgFontSize);
+    if (Title.empty())
+        return;
+    WriteElement("title", Title);
+    WriteElement("desc", Description);
 }
 
 void cSvgCanvas::End()
@@ -195,6 +203,13 @@ void cSvgCanvas::WriteColour(const char *szName, uint32_t crColour)
 {
     fprintf(m_pFile, " %s=\"#%02x%02x%02x\"", szName, crColour & 0xFF, crColour >> 8 & 0xFF,
             crColour >> 16 & 0xFF);
+}
+
+void cSvgCanvas::WriteElement(const char *szName, std::string_view Text)
+{
+    fprintf(m_pFile, "<%s>", szName);
+    WriteText(Text);
+    fprintf(m_pFile, "</%s>\n", szName);
 }
 
 void cSvgCanvas::WriteText(std::string_view Text)

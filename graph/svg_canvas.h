@@ -18,8 +18,11 @@ class cSvgCanvas : public cPlotCanvas
 {
 public:
     // Writes to pFile, open in binary mode, from the start of the file. The
-    // picture's size is in pixels. The caller checks for write errors.
-    cSvgCanvas(FILE *pFile, int nWidth, int nHeight);
+    // picture's size is in pixels. With a title, UTF-8 of any bytes, the file is a
+    // picture of its own for those who cannot see it; without one, a part of a page
+    // that says what it is. The caller checks for write errors.
+    cSvgCanvas(FILE *pFile, int nWidth, int nHeight, std::string_view Title = {},
+               std::string_view Description = {});
 
     // Writes the end of the file. Called last.
     void End();
@@ -45,6 +48,7 @@ private:
     void WriteLine(const cPoint *pPoints, size_t nPoints);
     void WritePen(const cPlotPen &Pen);
     void WriteColour(const char *szName, uint32_t crColour);
+    void WriteElement(const char *szName, std::string_view Text);
     void WriteText(std::string_view Text);
 
     FILE *m_pFile;

@@ -72,6 +72,21 @@ class SvgTest(FigureCase):
             self.assertIn(text, texts)
         self.assertEqual(self.group("line line-2").find(SVG + "text").text, "speed")
 
+    def test_a_figure_without_a_title_is_called_after_labels_or_files(self):
+        os.mkdir(self.path("folder"))
+        self.write("folder/fall.txt", "0 , 1\n2 , 3\n")
+        for options in ((), ("--window",)):
+            self.start("plot", "folder/fall.txt", "out.svg", *options)
+            self.assertEqual(self.root().find(SVG + "title").text, "fall.txt")
+            self.assertEqual(self.root().get("role"), "img")
+            self.assertIn("2 data lines, 4 points", self.root().find(SVG + "desc").text)
+        self.plot("--title", "")
+        self.assertEqual(self.root().find(SVG + "title").text, "height, speed over seconds")
+        self.start("plot", "-", "out.svg", stdin="1\n2\n")
+        self.assertEqual(self.root().find(SVG + "title").text, "Plot")
+        self.run_listing(("3", "SumG"), "--graph", "out.svg", "--title", "", "--xlabel", "")
+        self.assertEqual(self.root().find(SVG + "title").text, "program.txt")
+
     def test_a_sine_is_smooth_to_hundredths_of_a_pixel(self):
         self.plot(data="1 , 2\n3 , 5\n2 , 7\n")
         path = self.curve().get("d")

@@ -151,6 +151,59 @@ TEST_CASE("those who cannot see the figure get its title and its numbers")
     CHECK(Log.m_About.m_DarkStyle.empty());
 }
 
+TEST_CASE("a figure without a title is called after its labels, or its source")
+{
+    cFigure     Figure;
+    cTestPoints Source(5, {{0, 0, 1}});
+    CHECK(LogOf(Figure, Source).m_About.m_Title == "Plot");
+    Figure.m_Name = "fall.txt";
+    CHECK(LogOf(Figure, Source).m_About.m_Title == "fall.txt");
+    Source.m_Labels = {"", "height"};
+    CHECK(LogOf(Figure, Source).m_About.m_Title == "height and 4 more");
+    Source.m_Labels = {"height", "speed", "way", "time", "mass"};
+    Source.m_XLabel = "seconds";
+    CHECK(LogOf(Figure, Source).m_About.m_Title == "height, speed, way and 2 more over seconds");
+    Source.m_nLines = 2;
+    CHECK(LogOf(Figure, Source).m_About.m_Title == "height, speed over seconds");
+    Figure.m_Y.m_Label = "metres";
+    CHECK(LogOf(Figure, Source).m_About.m_Title == "metres over seconds");
+    CHECK(LogOf(Figure, Source).TextOf("metres over seconds") == nullptr);
+    Figure.m_Y.m_Label = std::string(200, 'm');
+    CHECK(LogOf(Figure, Source).m_About.m_Title == std::string(100, 'm') + "…");
+}
+
+TEST_CASE("the description has as many digits as the range needs")
+{
+    static const struct
+    {
+        double      m_dFrom;
+        double      m_dTo;
+        const char *m_szText;
+    } s_Rows[] = {
+        {-0.99957, 0.99998, "x from -1 to 1"},
+        {1e-17, 3.14159265, "x from 0 to 3.14"},
+        {1234.5678, 8765.4321, "x from 1235 to 8765"},
+        {1700000000, 1700086400, "x from 1700000000 to 1700086400"},
+        {0.1000000015, 0.2, "x from 0.1 to 0.2"},
+        {1, 1 + 2e-13, "x from 1 to 1.0000000000002"},
+        {-2e-12, 3.14e-12, "x from -2e-12 to 3.14e-12"},
+        {-1e300, 1.5e300, "x from -1e+300 to 1.5e+300"},
+        {-1.7e308, 1.7e308, "x from -1.7e+308 to 1.7e+308"},
+        {2.5, 2.5, "x from 2.5 to 2.5"},
+    };
+    for (const auto &Row : s_Rows)
+    {
+        const cFigureLog Log = LogOf({}, {1, {{0, Row.m_dFrom, 0}, {0, Row.m_dTo, 1}}});
+        CAPTURE(Log.m_About.m_Description);
+        CHECK(Log.m_About.m_Description.find(std::string(" ") + Row.m_szText + ",") !=
+              std::string::npos);
+    }
+    cFigure Figure;
+    Figure.m_X.m_Range.m_bLog = 1;
+    const cFigureLog Log      = LogOf(Figure, {1, {{0, 0.00123456, 0}, {0, 1e6, 1}}});
+    CHECK(Log.m_About.m_Description.find("x from 0.00123 to 1e+06") != std::string::npos);
+}
+
 TEST_CASE("dark pages have colours for each line, on request")
 {
     cFigure Figure;

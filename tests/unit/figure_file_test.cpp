@@ -85,6 +85,9 @@ TEST_CASE("a window's picture has the plot on its background, and the legend")
     const std::string Text = Rig.m_Folder.Read("plot.svg");
     CHECK(HasPiece(Text, "width=\"300\" height=\"200\" viewBox=\"0 0 300 200\""));
     CHECK(HasPiece(Text, "<rect x=\"0\" y=\"0\" width=\"300\" height=\"200\" fill=\"#010203\"/>"));
+    CHECK(HasPiece(Text,
+                   "<title>My Graph</title>\n<desc>1 data line, 3 points. x axis from 0 to 2, "
+                   "y from 0 to 4.</desc>\n"));
     CHECK(HasPiece(Text, ">My Graph</text>"));
     CHECK(HasPiece(Text, ">x axis</text>"));
     CHECK(HasPiece(Text, ">data line # 1</text>"));

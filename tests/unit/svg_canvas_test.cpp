@@ -56,6 +56,21 @@ TEST_CASE("a picture without anything in it is head and end")
     CHECK(Written([](cSvgCanvas *) {}).empty());
 }
 
+TEST_CASE("a picture with a title is one for those who cannot see it")
+{
+    const cScratchFolder Folder;
+    {
+        const std::unique_ptr<FILE, int (*)(FILE *)> pFile(
+            fopen(Folder.Name("canvas.svg").c_str(), "wb"), fclose);
+        REQUIRE(pFile);
+        cSvgCanvas(pFile.get(), 64, 48, "a<b\xFF", "2 points & more").End();
+    }
+    const std::string Text = Folder.Read("canvas.svg");
+    CHECK(Text.find(" viewBox=\"0 0 64 48\" role=\"img\" font-family") != std::string::npos);
+    CHECK(Text.ends_with(">\n<title>a&lt;b\xEF\xBF\xBD</title>\n"
+                         "<desc>2 points &amp; more</desc>\n</svg>\n"));
+}
+
 TEST_CASE("a line along an axis covers its pixels and ends before its last one")
 {
     CHECK(WrittenLine({{2, 7}, {12, 7}}) == "<path d=\"M2 7.5H12" + kSolid);
