@@ -68,7 +68,7 @@ static int TakeOption(const cOptionRow &Row, cGivenOption Given,
 }
 
 static int ReadOption(std::span<const cOptionRow> Rows, const std::vector<std::string> &Arguments,
-                      size_t *pnAt, void *pOptions, std::string *pError)
+                      size_t *pnAt, void *pOptions, std::string *pError, std::string *pUnknown)
 {
     const cGivenOption Given = SplitOption(Arguments[*pnAt]);
     const auto         Row   = std::find_if(Rows.begin(), Rows.end(), [&](const cOptionRow &Known) {
@@ -77,6 +77,8 @@ static int ReadOption(std::span<const cOptionRow> Rows, const std::vector<std::s
     if (Row != Rows.end())
         return TakeOption(*Row, Given, Arguments, pnAt, pOptions, pError);
     *pError = UnknownOption(Rows, Given.m_Name);
+    if (pUnknown)
+        *pUnknown = Given.m_Name;
     return 0;
 }
 
@@ -90,7 +92,8 @@ static int LacksDash(std::span<const cOptionRow> Rows, const std::string &Word)
 }
 
 int ReadOptions(std::span<const cOptionRow> Rows, const std::vector<std::string> &Arguments,
-                void *pOptions, std::vector<std::string> *pWords, std::string *pError)
+                void *pOptions, std::vector<std::string> *pWords, std::string *pError,
+                std::string *pUnknown)
 {
     int bOptions = 1;
     for (size_t nAt = 0; nAt < Arguments.size(); nAt++)
@@ -105,7 +108,7 @@ int ReadOptions(std::span<const cOptionRow> Rows, const std::vector<std::string>
         }
         else if (!bOptions || !Word.starts_with("--"))
             pWords->push_back(Word);
-        else if (!ReadOption(Rows, Arguments, &nAt, pOptions, pError))
+        else if (!ReadOption(Rows, Arguments, &nAt, pOptions, pError, pUnknown))
             return 0;
     }
     return 1;

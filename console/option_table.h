@@ -27,9 +27,11 @@ const char *const kEndOfOptions = "--";
 
 // Reads "--x 5", "--x=5" and "--json"; the words that do not begin with "--", and
 // all after kEndOfOptions, go to *pWords. 0, with a one-line error, if an option is
-// unknown or its value is missing or invalid.
+// unknown or its value is missing or invalid. *pUnknown (null: not wanted) becomes the
+// name of an unknown option.
 int ReadOptions(std::span<const cOptionRow> Rows, const std::vector<std::string> &Arguments,
-                void *pOptions, std::vector<std::string> *pWords, std::string *pError);
+                void *pOptions, std::vector<std::string> *pWords, std::string *pError,
+                std::string *pUnknown = nullptr);
 
 // ", did you mean run?" for the word of Words that Word resembles; "" if there is
 // none.

@@ -7,6 +7,7 @@
 
 #include "console/commands.h"
 #include "console/file_reason.h"
+#include "console/input_file.h"
 #include "console/input_text.h"
 #include "console/json.h"
 #include "console/profile_report.h"
@@ -94,7 +95,8 @@ static int SaveGraph(cRunHost *pHost, const cRunOptions &Options, const cStreams
 {
     const std::string &Name = Options.m_GraphFile;
     if (pHost->m_Plot.Count() == 0)
-        return ReportUsage(Streams, "'" + Name + "' was not written: the program drew nothing");
+        return ReportUsage(Streams,
+                           ShownOutput(Name) + " was not written: the program drew nothing");
     if (!Options.m_bGraphAsData)
         return SavePicture(pHost, Options, Streams);
     pHost->BeginSaving();
@@ -217,9 +219,11 @@ int RunCommand(const std::vector<std::string> &Arguments, const cStreams &Stream
 {
     cRunOptions Options;
     std::string Error;
-    const int   nExitCode = ParseRunOptions(Arguments, &Options, &Error)
-                                ? RunProgram(Options, Streams)
-                                : ReportUsage(Streams, Error);
+    const int   bParsed = ParseRunOptions(Arguments, &Options, &Error);
+    cStreams    Printed = Streams;
+    if (Options.m_GraphFile == kStandardOutput)
+        Printed.m_pOut = Streams.m_pErr;  // standard output is the picture's
+    const int nExitCode = bParsed ? RunProgram(Options, Printed) : ReportUsage(Streams, Error);
     if (Options.m_bWait)
         WaitAtEnd(Streams);
     return nExitCode;

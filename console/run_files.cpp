@@ -26,6 +26,11 @@ static int HasTraceFile(const cRunOptions &Options)
     return !Options.m_TraceFile.empty() && Options.m_TraceFile != kStandardOutput;
 }
 
+static int HasGraphFile(const cRunOptions &Options)
+{
+    return !Options.m_GraphFile.empty() && Options.m_GraphFile != kStandardOutput;
+}
+
 static std::vector<cNamedFile> FilesOf(const cRunOptions &Options)
 {
     std::vector<cNamedFile> Files;
@@ -38,7 +43,7 @@ static std::vector<cNamedFile> FilesOf(const cRunOptions &Options)
         Files.push_back({"--trace", Options.m_TraceFile});
         Files.push_back({"the backup of --trace", szBackup});
     }
-    if (!Options.m_GraphFile.empty())
+    if (HasGraphFile(Options))
         Files.push_back({"--graph", Options.m_GraphFile});
     return Files;
 }
@@ -101,7 +106,7 @@ int AreFilesWritable(const cRunOptions &Options, std::string *pError)
         *pError = WhyNotTraced(Options.m_TraceFile);
     if (HasTraceFile(Options) && pError->empty())
         *pError = WhyNotBackedUp(Options.m_TraceFile);
-    if (pError->empty() && !Options.m_GraphFile.empty() && !IsGraphWritable(Options.m_GraphFile))
+    if (pError->empty() && HasGraphFile(Options) && !IsGraphWritable(Options.m_GraphFile))
         *pError = UnwritableText(Options.m_GraphFile, errno);
     return pError->empty();
 }

@@ -1,6 +1,10 @@
 #include "console/run_options.h"
 
+#include <algorithm>
+
 #include "console/arguments.h"
+#include "console/input_file.h"
+#include "console/table_options.h"
 #include "engine/vorstek_state.h"
 #include "toolkit/dbg_file.h"
 
@@ -58,7 +62,7 @@ static int TakeGraphFile(cRunOptions *pOptions, const std::string &Value)
 {
     pOptions->m_GraphFile    = Value;
     pOptions->m_bGraphAsData = Value.ends_with(".txt") || Value.ends_with(".TXT");
-    return !Value.empty() && Value != kPictureToOutput;
+    return !Value.empty();
 }
 
 // clang-format off
@@ -84,11 +88,14 @@ static const cOptionRow s_RunRows[] =
       "how long the trace may become before it begins\n"
       "again, 1 unless given; the former part is kept\n"
       "as FILE_older" },
-    { "--graph", "FILE", "a file name that ends in .txt, .svg, .png or .pdf",
+    { "--graph", "FILE", "a file name that ends in .txt, .svg, .png or .pdf, or -",
       Take<cRunOptions, TakeGraphFile>,
       "write the points that the program drew: FILE.txt\n"
       "as a data file; FILE.svg, FILE.png and FILE.pdf\n"
-      "as a picture, which the options below are about" },
+      "as a picture, which the options below are about;\n"
+      "- is the picture on standard output, and what is\n"
+      "printed then goes to standard error. No data file\n"
+      "is read: --columns and the like are for plot" },
     { "--max-lines", "N", "a number of lines above 0", Take<cRunOptions, TakeMaxLines>,
       "halt after N executed lines" },
     { "--registers", nullptr, nullptr, SetFlag<cRunOptions, &cRunOptions::m_bRegisters>,
@@ -118,6 +125,16 @@ std::span<const cOptionRow> RunOptionRows()
     return s_Rows;
 }
 
+// "" or why an option of plot is none of run.
+static std::string WhyOnlyOfPlot(const std::string &Name)
+{
+    const int bTable = std::any_of(std::begin(kTableRows), std::end(kTableRows),
+                                   [&Name](const auto &Row) { return Name == Row.m_szName; });
+    return bTable ? Name + " is about data files, which plot reads; run --graph draws the points " +
+                        "of its program"
+                  : "";
+}
+
 // 1, or 0 with a one-line error.
 static int ChooseGraph(cRunOptions *pOptions, std::string *pError)
 {
@@ -128,11 +145,13 @@ static int ChooseGraph(cRunOptions *pOptions, std::string *pError)
             *pError = Picture.m_FirstOption + " is about a picture, such as --graph FILE.svg draws";
         return pError->empty();
     }
-    if (!Picture.m_nFormat && !FormatOfName(pOptions->m_GraphFile))
-    {
-        *pError = "--graph needs a file name that ends in .txt, .svg, .png or .pdf";
+    const int bOutput = pOptions->m_GraphFile == kPictureToOutput;
+    if (!bOutput && !Picture.m_nFormat && !FormatOfName(pOptions->m_GraphFile))
+        *pError = "--graph needs a file name that ends in .txt, .svg, .png or .pdf, or -";
+    else if (bOutput && pOptions->m_TraceFile == kStandardOutput)
+        *pError = "--trace and --graph cannot both be standard output";
+    if (!pError->empty())
         return 0;
-    }
     return ChoosePicture(Picture, pOptions->m_GraphFile, &pOptions->m_PictureFile, pError);
 }
 
@@ -140,8 +159,13 @@ int ParseRunOptions(const std::vector<std::string> &Arguments, cRunOptions *pOpt
                     std::string *pError)
 {
     std::vector<std::string> Words;
-    if (!ReadOptions(RunOptionRows(), Arguments, pOptions, &Words, pError))
+    std::string              Unknown;
+    if (!ReadOptions(RunOptionRows(), Arguments, pOptions, &Words, pError, &Unknown))
+    {
+        const std::string Why = WhyOnlyOfPlot(Unknown);
+        *pError               = Why.empty() ? *pError : Why;
         return 0;
+    }
     if (Words.empty() || Words[0].empty())
         *pError = "run needs the file name of a program";
     else if (Words.size() > 1)

@@ -365,6 +365,31 @@ class RunTest(FigureCase):
             self.assertRegex(result.err, r"\Avorstek-cli: --\w+ is about a picture[^\n]*\n\Z")
             self.assertEqual(result.out, "")
 
+    def test_a_picture_on_standard_output(self):
+        name = self.listing(*self.DRAW)
+        self.run_program(name, "--graph", "out.svg")
+        printed = self.run_program(name).out
+        for options in ((), ("--json",), ("--registers", "--profile")):
+            result = self.run_program(name, "--graph", "-", *options)
+            self.assertEqual(result.raw_out, self.read("out.svg"))
+            self.assertIn('"stack"' if "--json" in options else printed, result.err)
+        self.assertNotIn("-", os.listdir(self.folder))
+
+        result = self.run_program(self.listing("3"), "--graph", "-", code=2)
+        self.assertEqual(result.out, "")
+        self.assertIn("standard output was not written: the program drew nothing", result.err)
+        result = self.run_program(name, "--graph", "-", "--trace", "-", code=2)
+        self.assertEqual(result.err,
+                         "vorstek-cli: --trace and --graph cannot both be standard output\n")
+
+    def test_options_about_data_files_are_refused_with_the_reason(self):
+        name = self.listing(*self.DRAW)
+        for option in ("--columns=1,2", "--skip=1", "--separator=;", "--decimal-comma", "--strict"):
+            result = self.run_program(name, "--graph", "out.svg", option, code=2)
+            self.assertEqual(result.err, f"vorstek-cli: {option.split('=')[0]} is about data files, "
+                                         "which plot reads; run --graph draws the points of its "
+                                         "program\n")
+
     def test_the_format_may_be_an_option(self):
         self.run_listing(self.DRAW, "--graph", "out", "--format", "svg")
         self.root("out")

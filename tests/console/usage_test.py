@@ -207,7 +207,7 @@ class UsageTest(ConsoleCase):
                          "--reg", "0=1E5", "--reg", "29=-7", "--label", "0", code=1)
 
     def test_a_graph_file_of_no_known_kind(self):
-        for name in ("graph", "graph.gif", "graph.txt.gif", "-", ""):
+        for name in ("graph", "graph.gif", "graph.txt.gif", ""):
             self.assert_refused("run", "program.txt", "--graph", name)
 
     def test_a_trace_file_that_cannot_be_written(self):
