@@ -9,6 +9,7 @@ static const int kOtherWidth = 1139;  // a digit's
 
 static const unsigned kFirstAscii  = 0x20;
 static const unsigned kFirstLatin1 = 0xA0;
+static const unsigned kFirstBeyond = 0x100;
 
 // clang-format off
 static const int kAsciiWidths[] =  // from the blank to "~"
@@ -32,6 +33,54 @@ static const int kLatin1Widths[] =  // from the no-break space to U+00FF
 };
 // clang-format on
 
+namespace
+{
+
+struct cWidthRange
+{
+    unsigned m_nFirst;
+    unsigned m_nLast;
+    int      m_nWidth;
+};
+
+}  // namespace
+
+// Letters that are wider than a digit on the whole, and characters of other fonts that
+// fill a square.
+static const cWidthRange kRangeWidths[] = {
+    {0x0391, 0x03AB, 1479},            // Greek capitals
+    {0x0400, 0x042F, 1593},            // Cyrillic ones
+    {0x0430, 0x045F, 1251},            // and small ones
+    {0x1100, 0x115F, kUnitsPerEm},     // Korean
+    {0x2014, 0x2014, kUnitsPerEm},     // the dash
+    {0x2026, 0x2026, kUnitsPerEm},     // the ellipsis
+    {0x2E80, 0xA4CF, kUnitsPerEm},     // Chinese, Japanese
+    {0xAC00, 0xD7A3, kUnitsPerEm},     // Korean
+    {0xF900, 0xFAFF, kUnitsPerEm},     // Chinese
+    {0xFE30, 0xFE6F, kUnitsPerEm},     // their signs
+    {0xFF01, 0xFF60, kUnitsPerEm},     // wide forms of others
+    {0xFFE0, 0xFFE6, kUnitsPerEm},     // and of signs
+    {0xFFFD, 0xFFFD, kUnitsPerEm},     // in place of what is no character
+    {0x1F300, 0x1FAFF, kUnitsPerEm},   // pictures
+    {0x20000, 0x3FFFD, kUnitsPerEm}};  // Chinese
+
+static int WidthInRanges(unsigned nCode)
+{
+    for (const cWidthRange &Range : kRangeWidths)
+        if (nCode >= Range.m_nFirst && nCode <= Range.m_nLast)
+            return Range.m_nWidth;
+    return kOtherWidth;
+}
+
+// The code of a character of 2 to 4 bytes.
+static unsigned CodeOf(std::string_view Character)
+{
+    unsigned nCode = static_cast<unsigned char>(Character[0]) & (0xFFU >> (Character.size() + 1));
+    for (const char c : Character.substr(1))
+        nCode = nCode << 6 | (static_cast<unsigned char>(c) & 0x3F);
+    return nCode;
+}
+
 template <int nCount>
 static int WidthOf(const int (&Widths)[nCount], unsigned nFirst, unsigned nCode)
 {
@@ -44,10 +93,11 @@ static int CharacterWidth(std::string_view Text, size_t nLength)
     const unsigned nLead = static_cast<unsigned char>(Text[0]);
     if (nLength == 1)
         return WidthOf(kAsciiWidths, kFirstAscii, nLead);
-    if (nLength != 2)
+    if (nLength == 0)
         return kOtherWidth;
-    const unsigned nNext = static_cast<unsigned char>(Text[1]);
-    return WidthOf(kLatin1Widths, kFirstLatin1, (nLead & 0x1F) << 6 | (nNext & 0x3F));
+    const unsigned nCode = CodeOf(Text.substr(0, nLength));
+    return nCode < kFirstBeyond ? WidthOf(kLatin1Widths, kFirstLatin1, nCode)
+                                : WidthInRanges(nCode);
 }
 
 static int64_t WidthInUnits(std::string_view Text)

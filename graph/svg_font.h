@@ -16,8 +16,9 @@ const int kSvgTextHeight = 16;  // of a line
 const int kSvgAscent     = 13;  // from the top of a line to its base line
 
 // The width of a text in UTF-8, rounded to whole pixels: "M" is 12 wide, "-2.5"
-// 24. Characters beyond Latin-1, and invalid bytes, count as wide
-// as a digit.
+// 24. Characters beyond Latin-1 have a common width for each script, at least that of
+// a digit; those of Chinese, Japanese and Korean fill a square. Invalid bytes count as
+// wide as a digit.
 int SvgTextWidth(const char *szText);
 
 // The same, not rounded, in parts of the size of the font: "M" is 0.833 wide.

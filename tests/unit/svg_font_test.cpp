@@ -22,6 +22,12 @@ TEST_CASE("texts are as wide as the advance widths of their characters")
         { "\xC2\x80",          8 },   // no character of the table
         { "\xE2\x82\xAC",      8 },
         { "\xFF\xFF",         16 },   // two bytes that are none
+        { "\xE6\x97\xA5",     14 },   // a square
+        { "\xED\x95\x9C",     14 },
+        { "\xF0\x9F\x98\x80", 14 },
+        { "\xE2\x80\xA6",     14 },   // an ellipsis
+        { "\xD0\x96",         11 },   // a Cyrillic capital
+        { "\xCF\x80",          8 },   // pi
     };
     // clang-format on
     for (const auto &Row : s_Rows)
