@@ -1,6 +1,7 @@
 """vorstek-cli plot: what it reads, from where, and what it says about it."""
 
 import os
+import re
 import threading
 
 from console_case import ConsoleCase, LinuxCase, main
@@ -16,10 +17,11 @@ class TableCase(ConsoleCase):
         return result
 
     def picture(self, *arguments, err="", **options):
-        """The picture that these arguments draw, and what is said about them."""
+        """The picture that these arguments draw, without its name, which may be that of the
+        data file, and what is said about them."""
         result = self.plot(*arguments, "made.svg", **options)
         self.assertEqual(result.err, err)
-        return self.read("made.svg")
+        return re.sub(rb"<title>[^<]*</title>\n(?=<desc>)", b"", self.read("made.svg"))
 
     def picture_of(self, text):
         self.write("plain.txt", text)
