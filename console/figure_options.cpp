@@ -8,6 +8,7 @@
 #include "console/arguments.h"
 #include "console/file_reason.h"
 #include "console/input_file.h"
+#include "console/table_input.h"
 #include "console/window_picture.h"
 
 // What there is to choose for a data line.
@@ -419,6 +420,8 @@ static int ReportSaving(eSaving nSaving, int nError, const cPictureFile &File,
     {
     case svDone:
         return kExitDone;
+    case svIncomplete:
+        return RefuseStrictly(Streams);
     case svUnreadable:
         return kExitUsage;  // the source has said why
     case svTooLarge:
@@ -435,7 +438,7 @@ int SaveFigurePicture(const cFigureOptions &Options, const cPictureFile &File,
     cFigureNotes  Notes;
     const eSaving nSaving = SaveFigure(Options.m_Figure, pSource, File, &Notes);
     const int     nError  = errno;
-    if (nSaving == svDone)
+    if (nSaving == svDone || nSaving == svIncomplete)
         ReportNotes(Notes, Options.m_Figure, Streams);
     return ReportSaving(nSaving, nError, File, Streams);
 }

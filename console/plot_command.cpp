@@ -58,6 +58,7 @@ int PlotCommand(const std::vector<std::string> &Arguments, const cStreams &Strea
     if (!IsNoInput(Options.m_PictureFile, Options.m_DataFiles, Streams))
         return kExitUsage;
     NameFigure(Options.m_DataFiles, &Options.m_Picture);
+    Options.m_Picture.m_Figure.m_bStrict = Options.m_Tables.m_bStrict;
     return Options.m_Picture.m_bWindow ? PlotWindow(Options, File, Streams)
                                        : PlotTables(Options, File, Streams);
 }

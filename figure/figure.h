@@ -46,8 +46,9 @@ struct cFigure
     std::string                   m_Name;   // of the source, for those who cannot see it
     cAxisWish                     m_X;
     cAxisWish                     m_Y;
-    int                           m_bGrid    = 0;
-    eLegendWish                   m_nLegend  = lwAuto;
+    int                           m_bGrid   = 0;
+    int                           m_bStrict = 0;  // nothing is drawn unless every point has a place
+    eLegendWish                   m_nLegend = lwAuto;
     const cPalette               *m_pPalette = &DefaultPalette();
     int                           m_bDark    = 0;  // SVG: suit dark pages, too
     cChosenLook                   m_Look;          // of all data lines

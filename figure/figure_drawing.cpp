@@ -137,7 +137,9 @@ static void DrawNoData(const cFigureExtents &Extents, const cFigureLayout &Layou
     const cFigureBox &Frame  = Layout.m_Frame;
     const cSpot       Middle = {(Frame.m_dLeft + Frame.m_dRight) / 2,
                                 (Frame.m_dTop + Frame.m_dBottom + kNoDataSize * 0.7) / 2};
-    const cFigureText Text   = {{Extents.m_nPoints > 0 ? "no data in this range" : "no data"}};
+    const cFigureText Text   = {{Extents.m_nPoints > 0         ? "no data in this range"
+                                 : Extents.m_nWithoutPlace > 0 ? "no data above 0"
+                                                               : "no data"}};
     const cTextStyle  Style  = {kNoDataSize, 0, kInk.m_crLight};
     if (pCanvas->TextWidth(Text, Style) > Frame.Width() || kNoDataSize > Frame.Height())
         return;
@@ -197,9 +199,11 @@ eDrawing DrawFigure(const cFigure &Figure, cPointSource *pSource, cFigureCanvas 
     cFigureExtents Extents;
     if (!FindExtents(Figure, pSource, &Extents))
         return drUnreadable;
+    pNotes->m_nWithoutPlace = Extents.m_nWithoutPlace;
+    if (Figure.m_bStrict && Extents.m_nWithoutPlace > 0)
+        return drIncomplete;
     const cFigureTexts  Texts  = TextsOfFigure(Figure, *pSource);
     const cFigureLayout Layout = LayOutFigure(Figure, Texts, Extents, *pCanvas);
-    pNotes->m_nWithoutPlace    = Extents.m_nWithoutPlace;
     pNotes->m_LeftOut          = Layout.m_LeftOut;
 
     cFigureAbout About = AboutFigure(Figure, *pSource, Texts, Extents);

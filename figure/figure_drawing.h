@@ -21,7 +21,8 @@ enum eDrawing
 {
     drDone,
     drUnreadable,  // the source could not be read
-    drTooLarge     // there is not enough memory for the picture
+    drTooLarge,    // there is not enough memory for the picture
+    drIncomplete   // a strict figure would lack points; nothing has been drawn
 };
 
 // Draws all of the figure, from Begin to End of the canvas. A figure without visible

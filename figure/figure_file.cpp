@@ -33,7 +33,7 @@ private:
 eSaving SaveFigure(const cFigure &Figure, cPointSource *pSource, const cPictureFile &File,
                    cFigureNotes *pNotes)
 {
-    static const eSaving s_Outcomes[] = {svDone, svUnreadable, svTooLarge};
+    static const eSaving s_Outcomes[] = {svDone, svUnreadable, svTooLarge, svIncomplete};
 
     cPictureOutput Output;
     if (!Output.Open(File.m_Name))

@@ -25,6 +25,7 @@ enum eSaving
     svDone,
     svUnreadable,  // the source could not be read
     svTooLarge,    // there is not enough memory for the picture
+    svIncomplete,  // a strict figure would lack points
     svUnwritable   // the file could not be written
 };
 

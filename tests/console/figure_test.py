@@ -141,9 +141,16 @@ class SvgTest(FigureCase):
         steps = re.findall(r"-?(?:\d+\.?\d*|\.\d+)", self.curve().get("d"))[2:]
         self.assertAlmostEqual(float(steps[0]), float(steps[2]), delta=0.02)
 
-        result = self.plot("--log", "y", data="ExplicitX\n1 , -1\n2 , 0\n3 , 5\n")
-        self.assertEqual(result.err, "vorstek-cli: 2 points are not drawn: a logarithmic axis "
-                                     "begins above 0\n")
+        rows = "ExplicitX\n1 , -1\n2 , 0\n3 , 5\n"
+        missing = "vorstek-cli: 2 points are not drawn: a logarithmic axis begins above 0\n"
+        self.assertEqual(self.plot("--log", "y", data=rows).err, missing)
+        self.write("out.svg", "old")
+        self.assertEqual(self.plot("--log", "y", "--strict", data=rows, code=1).err,
+                         missing + "vorstek-cli: nothing was drawn, because of --strict\n")
+        self.assertEqual(self.read("out.svg"), b"old")
+        self.plot("--log", "x", "--strict", data=rows)
+        self.plot("--log", "y", data="-1\n-2\n")
+        self.assertEqual(self.texts(), ["no data above 0"])
 
     def test_looks_of_all_lines_and_of_one(self):
         self.plot("--width", "3", "--style", "2:dot", "--type", "1:scatter",
