@@ -10,20 +10,20 @@ static const size_t kMostNameLength = 100;  // characters
 static const int    kRangeDigits    = 3;    // of the length of a range
 static const int    kMostDecimals   = 9;
 static const double kMostFixed      = 1e15;
-static const int    kMostDigits     = 17;
-static const int    kNumberText     = 40;
+static const int    kMostPrecision  = 17;
+static const int    kRangeText      = 40;
 
 // Of a logarithmic axis, whose parts are as long as their values.
 static std::string SignificantNumber(double dValue, int nDigits)
 {
-    char szText[kNumberText];
+    char szText[kRangeText];
     snprintf(szText, sizeof szText, "%.*g", nDigits, dValue);
     return szText;
 }
 
 static std::string FixedNumber(double dValue, int nDecimals)
 {
-    char szText[kNumberText];
+    char szText[kRangeText];
     snprintf(szText, sizeof szText, "%.*f", nDecimals, dValue);
     std::string Text = szText;
     if (nDecimals > 0)
@@ -50,9 +50,9 @@ static std::string NumberOf(double dValue, const cValueExtent &Range)
     if (std::fabs(dValue) < kMostFixed && nLast >= -kMostDecimals)
         return FixedNumber(dValue, nLast < 0 ? -nLast : 0);
     const int nDigits = DecimalExponent(std::fabs(dValue)) - nLast + 1;
-    return SignificantNumber(dValue, nDigits < 1             ? 1
-                                     : nDigits > kMostDigits ? kMostDigits
-                                                             : nDigits);
+    return SignificantNumber(dValue, nDigits < 1                ? 1
+                                     : nDigits > kMostPrecision ? kMostPrecision
+                                                                : nDigits);
 }
 
 static std::string RangeText(const std::string &Label, const char *szOtherwise,
