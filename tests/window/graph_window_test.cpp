@@ -111,12 +111,24 @@ static int IsBeingRead(const std::string &File)
     return hFile == INVALID_HANDLE_VALUE;
 }
 
+static HCURSOR ShownCursor()
+{
+    CURSORINFO Info = {};
+    Info.cbSize     = sizeof Info;
+    REQUIRE(GetCursorInfo(&Info));
+    return Info.hCursor;
+}
+
+// Returns while the file is being read, which another cursor than the dialog's shows. All
+// that another program can know of a cursor is whether it is still the same.
 static void BeginReading(cCalculator *pCalculator, cGraphWindow *pGraph, unsigned nCommand)
 {
     pGraph->Choose(gmFile, nCommand);
     pCalculator->TypeFileName(pCalculator->Path("zeros.txt"));
+    const HCURSOR hAsking = ShownCursor();
     HitKey(VK_RETURN);
     REQUIRE(WaitFor([=] { return IsBeingRead(pCalculator->Folder().Name("zeros.txt")); }));
+    CHECK(ShownCursor() != hAsking);
 }
 
 TEST_CASE("reading a very large data file ends with Escape or when a window is closed")
@@ -128,10 +140,12 @@ TEST_CASE("reading a very large data file ends with Escape or when a window is c
     WriteZeros(Calculator.Folder().Name("zeros.txt"));
 
     BeginReading(&Calculator, &Graph, IDM_GRAPH_OPEN);
+    const HCURSOR hReading = ShownCursor();
     HitKey('7');
     HitKey(VK_ESCAPE);
     CHECK(WaitFor([&] { return !IsBeingRead(Calculator.Folder().Name("zeros.txt")); }));
     Calculator.Settle();
+    CHECK(WaitFor([=] { return ShownCursor() != hReading; }));
     CHECK_FALSE(Calculator.HasDialog());
     CHECK(Graph.StatusText() == "filename: " + Calculator.Path("diagonal.txt"));
     CHECK(CountDifferences(Drawn, Graph.PhotographPlot()) == 0);
