@@ -19,6 +19,10 @@ static std::string ReasonText(int nError, const char *szMissing)
         return "a part of its path is not a directory";
     case ENAMETOOLONG:
         return "its name is too long";
+    case EINVAL:
+        return "not a valid file name";
+    case ENODEV:
+        return "the name of a device";
     case ELOOP:
         return "too many links";
     case EROFS:

@@ -54,6 +54,8 @@ static std::string WhyNotTraced(const std::string &Name)
 {
     const char *const szName = Name.c_str();
     const eFileKind   nKind  = KindOfFile(szName);
+    if (const int nError = ErrorOfName(szName))
+        return UnwritableText(Name, nError);
     if (IsBelowDevices(szName) || nKind == fkDevice || nKind == fkPipe)
         return "cannot write '" + Name + "': not a regular file";
     for (FILE *const pStream : {stdin, stdout, stderr})

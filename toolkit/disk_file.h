@@ -35,6 +35,10 @@ int IsBelowDevices(const char *szName);
 // 1 for a folder, or a link to one.
 int IsFolder(const char *szName);
 
+// 0, or the errno of a name that the platform gives to no file. On Windows: EINVAL for
+// "a?b.txt", ENODEV for "NUL.txt", which is a device in every folder.
+int ErrorOfName(const char *szName);
+
 // 1 if there is an entry of this name, a link that leads nowhere included.
 int IsNameTaken(const char *szName);
 

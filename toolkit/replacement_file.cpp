@@ -39,6 +39,11 @@ int cReplacementFile::Open(const char *szFileName, const char *szMode)
     m_Target                   = FollowLinks(szFileName);
     const char *const szTarget = m_Target.c_str();
     const eFileKind   nKind    = m_Target.empty() ? fkOther : KindOfFile(szTarget);
+    if (const int nError = ErrorOfName(szTarget))
+    {
+        errno = nError;
+        return 0;
+    }
     if (nKind == fkDevice)
         m_pFile = m_pDevice = OpenDiskFile(szTarget, szMode);
     else if (nKind == fkNone || (nKind == fkRegular && MayWrite(szTarget)))

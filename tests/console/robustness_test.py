@@ -7,7 +7,7 @@ import time
 
 import console_case
 from bitmap import bmp_file
-from console_case import LITTLE_DISK, ConsoleCase, LinuxCase, main
+from console_case import LITTLE_DISK, ConsoleCase, LinuxCase, WindowsCase, main
 from vocabulary import DIGIT, PLAIN, REGISTER
 
 EVENTS = {"sound", "box", "pause", "state", "error", "bad"}
@@ -328,6 +328,43 @@ class SpecialFileTest(LinuxCase):
             self.assertEqual(self.assert_quick("check", name).code, 2)
             commands = f"open {name}\ngraph open {name}\nsave {name}/x\ngraph save {name}/x\n"
             self.assertEqual(len(self.assert_quick("script", stdin=commands).events), 4)
+
+
+class WindowsNameTest(WindowsCase):
+    """Names that Windows gives to no file, or to a file of another name."""
+
+    def test_a_name_that_no_file_can_have_is_refused_before_the_run(self):
+        self.listing("5", "SumG", name="program.txt")
+        os.mkdir(self.path("folder"))
+        for option, name, why in (("--graph", "a?b.txt", "not a valid file name"),
+                                  ("--trace", "a*b.txt", "not a valid file name"),
+                                  ("--graph", "data:b.txt", "not a valid file name"),
+                                  ("--graph", "NUL.txt", "the name of a device"),
+                                  ("--trace", "folder/nul.txt", "the name of a device"),
+                                  ("--trace", "COM1", "the name of a device")):
+            result = self.start("run", "program.txt", option, name)
+            self.assertEqual((result.code, result.out, result.err),
+                             (2, "", f"vorstek-cli: cannot write '{name}': {why}\n"))
+        self.assertEqual(sorted(os.listdir(self.folder)), ["folder", "program.txt"])
+
+    def test_other_commands_refuse_it_too(self):
+        self.write("data.txt", "1\n2\n")
+        result = self.start("plot", "data.txt", "a?b.svg")
+        self.assertEqual((result.code, result.err),
+                         (2, "vorstek-cli: cannot write 'a?b.svg': not a valid file name\n"))
+        self.assertEqual([box["text"] for box in self.boxes("save COM1", "save a|b.txt")],
+                         ["Could not write the file:\n COM1",
+                          "Could not write the file:\n a|b.txt"])
+        self.assertEqual(os.listdir(self.folder), ["data.txt"])
+
+    def test_blanks_and_points_at_the_end_are_not_part_of_the_name(self):
+        self.listing("5", "SumG", name="program.txt")
+        self.run_program("program.txt", "--trace", "log.txt. ")
+        self.assertEqual(sorted(os.listdir(self.folder)), ["log.txt", "program.txt"])
+        result = self.start("run", "program.txt", "--trace", "program.txt.")
+        self.assertEqual((result.code, result.err),
+                         (2, "vorstek-cli: PROGRAM and --trace are the same file "
+                             "'program.txt.'\n"))
 
 
 if __name__ == "__main__":

@@ -114,7 +114,7 @@ class TextTest(ConsoleCase):
                          [REJECT, CLICK, REJECT, REJECT])
 
 
-class NameTest(LinuxCase):
+class ByteNameTest(LinuxCase):
     """A file name is bytes that mean what their writer likes."""
 
     NAMES = (b"caf\xc3\xa9.txt", b"\xff\xfe.txt", b"\xe2\x82\xac \xe2\x82.txt")
@@ -142,7 +142,7 @@ class NameTest(LinuxCase):
 class NameTest(ConsoleCase):
     """File names are UTF-8, in arguments and in scripts."""
 
-    NAME = "Gr\u00fc\u00dfe \u03a3 \u221a\u4e2d.txt"
+    NAME = "Gr\u00fc\u00dfe \u03a3 \u221a\u4e2d\U0001f600.txt"
 
     def test_in_a_script(self):
         self.script("do 5 STO 1", "up 32", "do 7 STO 3", f"save {self.NAME}")

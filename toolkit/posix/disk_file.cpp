@@ -30,6 +30,12 @@ int IsFolder(const char *szName)
     return stat(szName, &Status) == 0 && S_ISDIR(Status.st_mode);
 }
 
+// Names are bytes here; whether a file system takes them is found out by trying.
+int ErrorOfName(const char *)
+{
+    return 0;
+}
+
 int IsNameTaken(const char *szName)
 {
     struct stat Status;

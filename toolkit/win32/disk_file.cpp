@@ -1,7 +1,9 @@
 #include "toolkit/disk_file.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <cwchar>
 
 #include <fcntl.h>
 #include <io.h>
@@ -45,6 +47,25 @@ eFileKind KindOfFile(const char *szName)
 int IsBelowDevices(const char *)
 {
     return 0;
+}
+
+static int IsRefused(wchar_t c)
+{
+    return c < L' ' || wcschr(L"<>\"|?*:", c) != nullptr;
+}
+
+// The system itself finds out about devices, and about blanks and points at the end of a
+// name, which it ignores.
+int ErrorOfName(const char *szName)
+{
+    std::wstring Whole = WholeWideName(szName);
+    if (Whole.starts_with(L"\\\\.\\"))
+        return ENODEV;
+    if (Whole.starts_with(L"\\\\?\\"))
+        Whole.erase(0, 4);
+    if (Whole.find(L':') == 1)
+        Whole.erase(0, 2);  // the drive
+    return Whole.empty() || std::any_of(Whole.begin(), Whole.end(), IsRefused) ? EINVAL : 0;
 }
 
 int IsNameTaken(const char *szName)
