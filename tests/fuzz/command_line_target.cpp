@@ -1,16 +1,18 @@
 // command_line_target.cpp - the input's lines up to an empty one are the arguments of
 // the console program; the rest is standard input and the content of the files
-// "a.txt" and "a.bmp". Nothing leaves the scratch folder, no run is long. "debug" is
-// left out: its session waits for a person, starts editors and runs without an end.
+// "a.txt" and "a.bmp"; "b.txt" is a program. Nothing leaves the scratch folder, no run is
+// long: a timer interrupts those of "debug", as Ctrl-C does.
 // With --json as the first argument of a command, what it prints is strict JSON.
 
 #include <algorithm>
+#include <optional>
 #include <sstream>
 
 #include "console/console.h"
 #include "tests/fuzz/fuzz_target.h"
 #include "tests/fuzz/script_text.h"
 #include "tests/fuzz/strict_json.h"
+#include "tests/fuzz/typed_text.h"
 
 static const size_t kMostArguments = 20;
 
@@ -37,6 +39,13 @@ static std::vector<std::string> TakeArguments(std::string_view *pInput)
     return Arguments;
 }
 
+static std::string TameInput(const std::string &Command, std::string_view Input)
+{
+    if (Command == "script")
+        return TameScript(Input);
+    return Command == "debug" ? TameLines(Input) : std::string(Input);
+}
+
 // The last option of a name counts.
 static void LimitRun(std::vector<std::string> *pArguments)
 {
@@ -54,23 +63,28 @@ static int PrintsJson(const std::vector<std::string> &Arguments)
 void FuzzCommandLine(std::string_view Input)
 {
     std::vector<std::string> Arguments = TakeArguments(&Input);
-    if (Arguments.empty() || Arguments[0] == "debug")
+    if (Arguments.empty())
         return;
     if (Arguments[0] == "run")
         LimitRun(&Arguments);
     const cScratchFolder Scratch;
-    const std::string    Text = Arguments[0] == "script" ? TameScript(Input) : std::string(Input);
+    const std::string    Text = TameInput(Arguments[0], Input);
     WriteScratch("a.txt", Text);
     WriteScratch("a.bmp", Text);
+    WriteScratch("b.txt", "LBL 1\n7\nSumG\nGTO 1\n");
     std::istringstream In(Text);
     std::ostringstream Out;
     std::ostringstream Err;
 
+    std::optional<cRunTimer>  Timer;
     std::vector<const char *> Words;
     for (const std::string &Argument : Arguments)
         Words.push_back(Argument.c_str());
+    if (Arguments[0] == "debug")
+        Timer.emplace();
     const int nExitCode =
         RunConsole(static_cast<int>(Words.size()), Words.data(), {&In, &Out, &Err});
+    Timer.reset();
 
     FUZZ_CHECK(nExitCode >= kExitDone && nExitCode <= kExitHalted);
     FUZZ_CHECK(nExitCode == kExitDone || !Out.str().empty() || !Err.str().empty());

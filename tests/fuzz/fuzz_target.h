@@ -13,6 +13,7 @@ void FuzzCheck(std::string_view Input);
 void FuzzCommandLine(std::string_view Input);
 void FuzzDataFile(std::string_view Input);
 void FuzzEval(std::string_view Input);
+void FuzzFigure(std::string_view Input);
 void FuzzFormat(std::string_view Input);
 void FuzzKeys(std::string_view Input);
 void FuzzListing(std::string_view Input);

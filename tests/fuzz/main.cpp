@@ -29,6 +29,7 @@ static const cFuzzTarget s_Targets[] =
     { "command_line", FuzzCommandLine },
     { "data_file",    FuzzDataFile    },
     { "eval",         FuzzEval        },
+    { "figure",       FuzzFigure      },
     { "format",       FuzzFormat      },
     { "keys",         FuzzKeys        },
     { "listing",      FuzzListing     },

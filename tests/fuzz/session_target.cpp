@@ -2,17 +2,14 @@
 // that are typed in the debugger. What undo takes back, redo restores. Editors are not
 // started, nothing pauses, and a timer interrupts long runs as Ctrl-C does.
 
-#include <algorithm>
-#include <csignal>
 #include <set>
 #include <sstream>
-#include <sys/time.h>
 
-#include "console/arguments.h"
 #include "console/debug/debug_session.h"
 #include "console/json.h"
 #include "console/state_report.h"
 #include "tests/fuzz/fuzz_target.h"
+#include "tests/fuzz/typed_text.h"
 
 namespace
 {
@@ -33,9 +30,6 @@ public:
 
 }  // namespace
 
-static const int    kRunMicroseconds = 3000;  // of a line's runs
-static const size_t kMostTypedLines  = 60;
-
 std::string cSeenSession::Seen()
 {
     std::string Json;
@@ -50,45 +44,14 @@ std::string cSeenSession::Seen()
     return Json;
 }
 
-// While the session performs a line, it has a handler of its own for Ctrl-C; else the
-// signal would end the process.
-static void OnTimer(int)
-{
-    struct sigaction Present;
-    if (sigaction(SIGINT, nullptr, &Present) == 0 && Present.sa_handler != SIG_DFL)
-        raise(SIGINT);
-}
-
-static void SetTimer(int nMicroseconds)
-{
-    std::signal(SIGVTALRM, OnTimer);
-    const itimerval Once = {{0, 0}, {0, nMicroseconds}};
-    setitimer(ITIMER_VIRTUAL, &Once, nullptr);
-}
-
-// A pause sleeps for a second where there is a terminal.
-static std::string WithoutPauses(std::string_view Text)
-{
-    static const std::string_view s_Pause = "pause";
-    std::string                   Awake(Text);
-    const auto                    IsSame = [](char a, char b) { return (a | 0x20) == b; };
-    for (auto At = Awake.begin(); At != Awake.end();)
-    {
-        At = std::search(At, Awake.end(), s_Pause.begin(), s_Pause.end(), IsSame);
-        if (At != Awake.end())
-            *At++ = '-';
-    }
-    return Awake;
-}
-
 static void Type(const std::string &Line, cSeenSession *pSession)
 {
-    const std::vector<std::string> Words = SplitWords(Line);
-    if (!Words.empty() && Words[0] == "edit")
+    if (StartsEditor(Line))
         return;
-    SetTimer(kRunMicroseconds);
-    pSession->Perform(Line);
-    SetTimer(0);
+    {
+        const cRunTimer Timer;
+        pSession->Perform(Line);
+    }
     pSession->Rows(24);
     pSession->PlainRows();
     pSession->News();
