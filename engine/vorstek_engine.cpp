@@ -5,6 +5,7 @@
 #include "engine/keystrokes.h"
 #include "engine/listing_files.h"
 #include "engine/number_entry.h"
+#include "engine/number_transfer.h"
 #include "engine/options.h"
 #include "engine/program_memory.h"
 #include "engine/program_run.h"
@@ -64,6 +65,11 @@ int cVorstekEngine::Perform(const cStep &Step)
 int cVorstekEngine::EnterCharacter(char cKey)
 {
     return ::EnterCharacter(*m_pCalculator, cKey);
+}
+
+int cVorstekEngine::EnterNumber(const char *szText)
+{
+    return EnterTransferred(*m_pCalculator, szText);
 }
 
 int cVorstekEngine::SetStackLevel(unsigned nLevel, double dValue)

@@ -74,6 +74,10 @@ public:
     // Number entry: '0' to '9', '.' or 'e'. Always returns 1.
     int EnterCharacter(char cKey);
 
+    // A number that comes as a text, "-2.5e-07", as from a clipboard; 0 and a box if it
+    // is none. See number_transfer.h.
+    int EnterNumber(const char *szText);
+
     // Sets a level (0 X to 3 T) or a register, as a number line would set X.
     int SetStackLevel(unsigned nLevel, double dValue);
     int SetRegister(unsigned nRegister, double dValue);
