@@ -58,6 +58,11 @@
 #define IDR_MENU 1008
 #define IDR_ACCELERATORS 1009
 
+// Menu of the display
+#define IDR_DISPLAY_MENU 1010
+#define IDM_COPY_X 211
+#define IDM_PASTE_NUMBER 212
+
 // Dialogs
 #define IDD_ABOUT 3001
 #define IDD_OPTIONS 3003

@@ -29,6 +29,8 @@ constexpr cVorstek::cCommandRow cVorstek::s_Commands[] =
     { IDM_DELETE,           1, &cVorstek::OnDelete          },
     { IDM_SELECT_ALL,       1, &cVorstek::OnSelectAll       },
     { IDM_REPAIR_HIGHLIGHT, 1, &cVorstek::OnRepairHighlight },
+    { IDM_COPY_X,           1, &cVorstek::OnCopyX           },
+    { IDM_PASTE_NUMBER,     1, &cVorstek::OnPasteNumber     },
     { IDM_TOOLBAR,          1, &cVorstek::OnToggleToolBar   },
     { IDM_STATUS_BAR,       1, &cVorstek::OnToggleStatusBar },
     { IDM_GRAPH,            1, &cVorstek::OnToggleGraph     },

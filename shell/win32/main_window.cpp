@@ -49,6 +49,7 @@ const cVorstek::cMessageRow cVorstek::s_Messages[] =
     { WM_PARENTNOTIFY,    &cVorstek::OnParentNotify    },
     { WM_COMMAND,         &cVorstek::OnCommand         },
     { WM_SYSCOMMAND,      &cVorstek::OnSysCommand      },
+    { WM_CONTEXTMENU,     &cVorstek::OnContextMenu     },
     { WM_INITMENUPOPUP,   &cVorstek::OnInitMenuPopup   },
     { WM_MENUSELECT,      &cVorstek::OnMenuSelect      },
     { WM_CTLCOLOREDIT,    &cVorstek::OnCtlColor        },

@@ -129,6 +129,7 @@ private:
     LRESULT OnCharacter(WPARAM wParam, LPARAM lParam);
     LRESULT OnCommand(WPARAM wParam, LPARAM lParam);
     LRESULT OnSysCommand(WPARAM wParam, LPARAM lParam);
+    LRESULT OnContextMenu(WPARAM wParam, LPARAM lParam);
     LRESULT OnInitMenuPopup(WPARAM wParam, LPARAM lParam);
     LRESULT OnMenuSelect(WPARAM wParam, LPARAM lParam);
     LRESULT OnCtlColor(WPARAM wParam, LPARAM lParam);
@@ -151,6 +152,8 @@ private:
     void OnDelete();
     void OnSelectAll();
     void OnRepairHighlight();
+    void OnCopyX();
+    void OnPasteNumber();
     void OnToggleToolBar();
     void OnToggleStatusBar();
     void OnToggleGraph();
