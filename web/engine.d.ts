@@ -55,9 +55,18 @@ export interface File {
     status: string;     // the status bar's text
 }
 
+/** Those below the display that are lit. */
+export interface Lamps {
+    f: boolean;         // f is pending
+    g: boolean;
+    program: boolean;   // program mode
+    run: boolean;       // a program is running
+}
+
 /** What has changed since the last state; the first one is complete. */
 export interface State {
     display?: DisplayLine[];
+    lamps?: Lamps;
     listing?: Box;
     registers?: Box;
     stack?: Level[];
@@ -201,6 +210,7 @@ export interface EngineEvents {
     picture: GraphPicture;    // the graph has changed, or view() was called
     trace: { text: string };  // lines of a running program, while tracing is on
     saved: { name: string; bytes: Uint8Array };  // the page hands it to the user
+    kept: { text: Kept };     // after each change; of a run, when it has ended
     quit: Record<string, never>;        // the calculator asks to be closed
     failed: { text: string };  // the engine is gone: out of memory, or an error of its own
 }
@@ -217,8 +227,12 @@ export interface EngineHandlers {
 export type Kept = string;
 
 export declare class Engine {
-    /** Starts the calculator in a worker. wasm is the compiled module, or its bytes. */
-    constructor(worker: Worker, wasm: WebAssembly.Module | ArrayBuffer, handlers: EngineHandlers);
+    /**
+     * Starts the calculator in a worker. wasm is the compiled module, or its bytes. What is
+     * asked for before it has come waits.
+     */
+    constructor(worker: Worker, wasm: Promise<WebAssembly.Module | ArrayBuffer>,
+        handlers: EngineHandlers);
 
     on<Name extends keyof EngineEvents>(name: Name, handler: (event: EngineEvents[Name]) => void): void;
 
@@ -244,7 +258,6 @@ export declare class Engine {
     /** Performs words of a listing, as "script"'s command do: "2 3 + STO 5". */
     perform(words: string): Promise<boolean>;
 
-    keep(): Promise<Kept>;
     restore(kept: Kept): Promise<boolean>;
 
     /** From now on pictures of this size are sent; 0 by 0: none. */

@@ -35,7 +35,7 @@ function formatWords(line, format) {
 export class Engine {
     /**
      * @param {Worker} worker
-     * @param {WebAssembly.Module | ArrayBuffer} wasm
+     * @param {Promise<WebAssembly.Module | ArrayBuffer>} wasm
      * @param {EngineHandlers} handlers
      */
     constructor(worker, wasm, handlers) {
@@ -48,7 +48,8 @@ export class Engine {
         this.lastId = 0;
         worker.onmessage = (message) => this.receive(message.data);
         worker.onerror = (error) => this.receive({ type: "failed", text: error.message });
-        worker.postMessage({ type: "start", wasm });
+        wasm.then((module) => worker.postMessage({ type: "start", wasm: module }))
+            .catch((error) => this.receive({ type: "failed", text: String(error) }));
     }
 
     /**
@@ -199,11 +200,6 @@ export class Engine {
     /** @param {string} words */
     perform(words) {
         return this.succeeds("perform", words);
-    }
-
-    /** @returns {Promise<string>} */
-    keep() {
-        return this.valueOf("keep", "");
     }
 
     /** @param {string} kept */

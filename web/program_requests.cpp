@@ -137,7 +137,7 @@ static const char *const s_Levels[] = {"x", "y", "z", "t"};
 
 // Lines of a name and a number; the program's name; then the listing. Numbers that are
 // not finite are left out, and are 0 afterwards.
-int cWebCalculator::OnKeep(const cRequest &, std::string *pValue)
+std::string cWebCalculator::KeptText()
 {
     const cVorstekState &State    = m_Engine.State();
     const double         Levels[] = {State.m_dX, State.m_dY, State.m_dZ, State.m_dT};
@@ -157,14 +157,13 @@ int cWebCalculator::OnKeep(const cRequest &, std::string *pValue)
     for (size_t n = 0; n < std::size(s_Levels); n++)
         AddLine(&Text, s_Levels[n], Levels[n]);
     Text += std::string("file ") + State.m_szFileName + "\nlisting\n" + ListingText();
-    AppendJsonText(pValue, Text);
-    return 1;
+    return Text;
 }
 
 namespace
 {
 
-// What OnKeep() wrote, by name.
+// What KeptText() wrote, by name.
 struct cKept
 {
     std::map<std::string, double> m_Numbers;

@@ -5,7 +5,6 @@
 #include "console/json.h"
 #include "engine/display.h"
 #include "engine/memory_line_box.h"
-#include "engine/vorstek_engine.h"
 #include "engine/vorstek_state.h"
 #include "graph/vantor_plot.h"
 #include "resources/calculator_ids.h"
@@ -61,10 +60,8 @@ std::string FaceJson()
 
 // --- the calculator
 
-std::string DisplayJson(cVorstekEngine *pEngine)
+std::string DisplayJson(const cDisplay &Display)
 {
-    cDisplay Display;
-    pEngine->ComposeDisplay(&Display);
     std::string Json;
     {
         cJsonList Lines(&Json, '[', ']');
@@ -77,6 +74,22 @@ std::string DisplayJson(cVorstekEngine *pEngine)
             Object.Number("left", Line.m_nLeft);
             Object.Number("top", Line.m_nTop);
         }
+    }
+    return Json;
+}
+
+std::string LampsJson(const cDisplay &Display)
+{
+    static const struct
+    {
+        const char *m_szName;
+        eLamp       m_nLamp;
+    } s_Lamps[] = {{"f", laF}, {"g", laG}, {"program", laProgram}, {"run", laRunning}};
+    std::string Json;
+    {
+        cJsonList Object(&Json, '{', '}');
+        for (const auto &Lamp : s_Lamps)
+            PutBoolean(&Object, Lamp.m_szName, (Display.m_nLamps >> Lamp.m_nLamp & 1U) != 0);
     }
     return Json;
 }

@@ -9,11 +9,12 @@
 class cLineBox;
 class cMemoryLineBox;
 class cVantorPlot;
-class cVorstekEngine;
+struct cDisplay;
 struct cVorstekState;
 
 std::string FaceJson();
-std::string DisplayJson(cVorstekEngine *pEngine);
+std::string DisplayJson(const cDisplay &Display);
+std::string LampsJson(const cDisplay &Display);
 std::string BoxJson(const cMemoryLineBox &Box, int bShown);
 std::string StackJson(const cVorstekState &State);
 std::string RegistersJson(const cVorstekState &State);

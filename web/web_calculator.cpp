@@ -5,6 +5,7 @@
 
 #include "console/json.h"
 #include "engine/decimal.h"
+#include "engine/display.h"
 #include "engine/vorstek_state.h"
 #include "graph/vantor_data_set.h"
 #include "web/state_parts.h"
@@ -25,7 +26,6 @@ const cWebCalculator::cRequestRow cWebCalculator::s_Requests[] =
     { "options",       0, &cWebCalculator::OnOptions       },
     { "listing",       1, &cWebCalculator::OnListing       },
     { "perform",       0, &cWebCalculator::OnPerform       },
-    { "keep",          0, &cWebCalculator::OnKeep          },
     { "restore",       0, &cWebCalculator::OnRestore       },
     { "view",          1, &cWebCalculator::OnView          },
     { "showGraph",     1, &cWebCalculator::OnShowGraph     },
@@ -108,6 +108,7 @@ void cWebCalculator::Perform(const cRequest &Request)
             bDone = (this->*Row.m_pHandler)(Request, &Value);
     m_Host.ShowInformed();
     Publish();
+    PublishKept();
     if (Request.m_Id == "0")
         return;
     std::string Json = R"({"type":"done","id":)" + Request.m_Id + R"(,"ok":)";
@@ -134,7 +135,7 @@ static ssize_t KeepTrace(void *pText, const char *pBuffer, size_t nSize)
     return static_cast<ssize_t>(nSize);
 }
 
-cWebCalculator::cWebCalculator() : m_Engine(&m_Host, &m_Listing, &m_Registers)
+cWebCalculator::cWebCalculator() : m_Engine(&m_Host, &m_Listing, &m_Registers), m_bKeptStale(0)
 {
     m_pTrace          = fopencookie(&m_Trace, "w", {nullptr, KeepTrace, nullptr, nullptr});
     m_Host.m_pPublish = [this] { Publish(); };
@@ -172,9 +173,12 @@ void cWebCalculator::Publish()
 {
     m_Engine.RefreshViews();
     const cVorstekState &State = m_Engine.State();
+    cDisplay             Display;
+    m_Engine.ComposeDisplay(&Display);
 
     const std::pair<const char *, std::string> Parts[] = {
-        {"display", DisplayJson(&m_Engine)},
+        {"display", DisplayJson(Display)},
+        {"lamps", LampsJson(Display)},
         {"listing", BoxJson(m_Listing, m_Host.m_bListingShown)},
         {"registers", BoxJson(m_Registers, m_Host.m_bRegistersShown)},
         {"stack", StackJson(State)},
@@ -196,6 +200,23 @@ void cWebCalculator::Publish()
     m_Host.m_Plot.Publish();
     if (Changed.empty())
         return;
+    m_bKeptStale            = 1;
     const std::string Event = "{\"type\":\"state\"" + Changed + "}";
     PostEvent(Event.data(), Event.size());
+}
+
+// After each request that has changed something, so that the page can be closed at any
+// time. A run is kept when it has ended.
+void cWebCalculator::PublishKept()
+{
+    if (!m_bKeptStale || m_Engine.IsRunning())
+        return;
+    m_bKeptStale = 0;
+    std::string Json;
+    {
+        cJsonList Object(&Json, '{', '}');
+        Object.Text("type", "kept");
+        Object.Text("text", KeptText());
+    }
+    PostEvent(Json.data(), Json.size());
 }

@@ -58,6 +58,7 @@ private:
 
     void Publish();
     void PublishTrace();
+    void PublishKept();
 
     // keys and program
     int OnKey(const cRequest &Request, std::string *pValue);
@@ -72,7 +73,6 @@ private:
     int OnOptions(const cRequest &Request, std::string *pValue);
     int OnListing(const cRequest &Request, std::string *pValue);
     int OnPerform(const cRequest &Request, std::string *pValue);
-    int OnKeep(const cRequest &Request, std::string *pValue);
     int OnRestore(const cRequest &Request, std::string *pValue);
 
     // graph
@@ -96,6 +96,7 @@ private:
     int OnReplacePoints(const cRequest &Request, std::string *pValue);
 
     std::string ListingText();
+    std::string KeptText();
 
     cWebHost       m_Host;
     cMemoryLineBox m_Listing;
@@ -104,7 +105,8 @@ private:
 
     std::string                        m_Trace;  // written since it was sent last
     FILE                              *m_pTrace;
-    std::map<std::string, std::string> m_Published;  // JSON by part of the state
+    std::map<std::string, std::string> m_Published;   // JSON by part of the state
+    int                                m_bKeptStale;  // the state has changed since then
 };
 
 #endif

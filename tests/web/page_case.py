@@ -1,15 +1,21 @@
 """What the tests of the page share: a server for its folder, one Chromium, and what a
 person does with the page.
 
-    python3 page_test.py FOLDER CONSOLE [unittest options]
+    python3 page_test.py PAGE CONSOLE [unittest options]
 
-FOLDER has vorstek.html and all that it fetches; CONSOLE is the console program, which
-says what is right. Debian package: chromium."""
+PAGE is a folder with vorstek.html and all that it fetches, or the one file that needs
+no server; CONSOLE is the console program, which says what is right. A module that the
+environment variable VORSTEK_WASM names takes the place of the folder's own. Debian
+package: chromium."""
 
+import base64
 import functools
 import http.server
 import json
+import os
 import pathlib
+import re
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -20,10 +26,14 @@ import unittest
 from chromium import Chromium
 
 HERE = pathlib.Path(__file__).resolve().parent
-EXAMPLES = HERE.parents[1] / "examples"
+ROOT = HERE.parents[1]
+EXAMPLES = ROOT / "examples"
 TIMEOUT = 60
+DOWNLOAD_TIME = 20      # seconds
 
-folder = None
+PROGRAM = "; Doubles X\r\nLBL 0\r\n2\r\n*\r\n"
+
+page = None
 console = None
 
 
@@ -32,6 +42,10 @@ class _Files(http.server.SimpleHTTPRequestHandler):
     extensions_map = {".html": "text/html", ".css": "text/css", ".js": "text/javascript",
                       ".wasm": "application/wasm", ".png": "image/png", ".wav": "audio/wav",
                       ".json": "application/json", "": "application/octet-stream"}
+
+    def translate_path(self, path):
+        name = super().translate_path(path)
+        return os.environ.get("VORSTEK_WASM", name) if name.endswith(".wasm") else name
 
     def log_message(self, *_):
         pass
@@ -55,15 +69,19 @@ class PageCase(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls):
-        handler = functools.partial(_Files, directory=folder)
+        cls.address = page.as_uri() if page.is_file() else cls.serve()
+        cls.browser = Chromium().__enter__()
+        cls.addClassCleanup(cls.browser.__exit__, None, None, None)
+        cls.add_script((HERE / "page_hands.js").read_text(encoding="utf-8"))
+
+    @classmethod
+    def serve(cls):
+        handler = functools.partial(_Files, directory=page)
         server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), handler)
         threading.Thread(target=server.serve_forever, daemon=True).start()
         cls.addClassCleanup(server.server_close)
         cls.addClassCleanup(server.shutdown)
-        cls.address = f"http://127.0.0.1:{server.server_port}/vorstek.html"
-        cls.browser = Chromium().__enter__()
-        cls.addClassCleanup(cls.browser.__exit__, None, None, None)
-        cls.add_script((HERE / "page_hands.js").read_text(encoding="utf-8"))
+        return f"http://127.0.0.1:{server.server_port}/vorstek.html"
 
     @classmethod
     def add_script(cls, source):
@@ -80,11 +98,11 @@ class PageCase(unittest.TestCase):
 
     def open(self, fragment="", keeps=False):
         """Another document, even if only the fragment differs."""
+        self.browser.open("about:blank")
         if not keeps:
-            self.browser.open(self.address.replace("vorstek.html", "sounds/"))
-            self.run_script("localStorage.clear()")
-        else:
-            self.browser.open("about:blank")
+            origin = re.match("file://|[^/]+//[^/]+", self.address)[0]
+            self.browser.send("Storage.clearDataForOrigin", origin=origin,
+                              storageTypes="local_storage")
         self.browser.open(self.address + fragment)
         self.run_script("hands.started")
 
@@ -135,6 +153,20 @@ class PageCase(unittest.TestCase):
         """The middle of an element in the window."""
         return self.call("middle", selector)
 
+    def mouse(self, kind, at, pointer="mouse"):
+        self.browser.send("Input.dispatchMouseEvent", type=kind, x=at[0], y=at[1], button="left",
+                          buttons=0 if kind == "mouseReleased" else 1, clickCount=1,
+                          pointerType=pointer)
+
+    def click(self, selector, pointer="mouse"):
+        at = self.point(selector)
+        self.mouse("mousePressed", at, pointer)
+        self.mouse("mouseReleased", at, pointer)
+
+    def touch(self, kind, *points):
+        self.browser.send("Input.dispatchTouchEvent", type=kind,
+                          touchPoints=[{"x": x, "y": y, "id": n} for n, (x, y) in points])
+
     def count(self, selector):
         return self.run_script(f"document.querySelectorAll({json.dumps(selector)}).length")
 
@@ -143,8 +175,11 @@ class PageCase(unittest.TestCase):
     def script(self, *lines):
         """The events of the console's command script."""
         with tempfile.TemporaryDirectory(prefix="vorstek-") as where:
-            done = subprocess.run([console, "script"], input="\n".join(lines) + "\n", cwd=where,
-                                  capture_output=True, check=True, text=True, timeout=TIMEOUT)
+            return self.script_in(where, *lines)
+
+    def script_in(self, where, *lines):
+        done = subprocess.run([console, "script"], input="\n".join(lines) + "\n", cwd=where,
+                              capture_output=True, check=True, text=True, timeout=TIMEOUT)
         return [json.loads(line) for line in done.stdout.splitlines()]
 
     def assert_same(self, seen, state):
@@ -162,7 +197,42 @@ class PageCase(unittest.TestCase):
         self.assertIn(state["display"].strip(), seen.display)
 
 
+class FilesCase(PageCase):
+    """Files go to and come from a folder of the test."""
+
+    def setUp(self):
+        super().setUp()
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="vorstek-"))
+        self.addCleanup(shutil.rmtree, self.folder)
+        self.browser.send("Page.setDownloadBehavior", behavior="allow",
+                          downloadPath=str(self.folder))
+
+    def open_program(self, text=PROGRAM, name="double.txt"):
+        self.call("drop", name, text, "body")
+        self.call("untilTitle", name)
+
+    def name_file(self, name):
+        """The answer to the dialog that asks for a file's name."""
+        self.call("find", "#file-name[open]")
+        self.run_script(f"document.querySelector('#file-name input').value = {name!r}; "
+                        "document.querySelector('#file-name [value=ok]').click()")
+
+    def saved(self, name):
+        """The bytes of a file that the page hands out."""
+        end = time.monotonic() + DOWNLOAD_TIME
+        while not (self.folder / name).exists():
+            self.assertLess(time.monotonic(), end, f"{name} has not been saved")
+            time.sleep(0.02)
+        return (self.folder / name).read_bytes()
+
+    def printed(self):
+        """The text of the page on paper."""
+        data = self.browser.send("Page.printToPDF")["data"]
+        return subprocess.run(["pdftotext", "-layout", "-", "-"], input=base64.b64decode(data),
+                              capture_output=True, check=True).stdout.decode()
+
+
 def main():
-    global folder, console
-    folder, console = (str(pathlib.Path(name).resolve()) for name in sys.argv[1:3])
+    global page, console
+    page, console = (pathlib.Path(name).resolve() for name in sys.argv[1:3])
     unittest.main(module="__main__", argv=[sys.argv[0], *sys.argv[3:]])

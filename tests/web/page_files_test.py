@@ -1,49 +1,15 @@
 """Files, reloads and links of the page, friendly and hostile ones."""
 
-import pathlib
-import shutil
-import tempfile
-import time
 import urllib.parse
 
 import page_case
-from page_case import EXAMPLES, PageCase
+from page_case import EXAMPLES, PROGRAM, FilesCase
 
 ONE, TWO, ENTER, RUN_STOP = 24, 25, 11, 30
-PROGRAM = "; Doubles X\r\nLBL 0\r\n2\r\n*\r\n"
 DATA = (EXAMPLES / "data" / "fall.txt").read_text(encoding="latin-1")
-DOWNLOAD_TIME = 20      # seconds
-
-
-class FilesCase(PageCase):
-
-    def setUp(self):
-        super().setUp()
-        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="vorstek-"))
-        self.addCleanup(shutil.rmtree, self.folder)
-        self.browser.send("Page.setDownloadBehavior", behavior="allow",
-                          downloadPath=str(self.folder))
-
-    def open_program(self, text=PROGRAM, name="double.txt"):
-        self.call("drop", name, text, "body")
-        self.call("untilTitle", name)
-
-    def saved(self, name):
-        """The bytes of a file that the page hands out."""
-        end = time.monotonic() + DOWNLOAD_TIME
-        while not (self.folder / name).exists():
-            self.assertLess(time.monotonic(), end, f"{name} has not been saved")
-            time.sleep(0.02)
-        return (self.folder / name).read_bytes()
 
 
 class FilesTest(FilesCase):
-
-    def name_file(self, name):
-        """The answer to the dialog that asks for a file's name."""
-        self.call("find", "#file-name[open]")
-        self.run_script(f"document.querySelector('#file-name input').value = {name!r}; "
-                        "document.querySelector('#file-name [value=ok]').click()")
 
     def console_saves(self, *lines):
         """What the console writes as "out.txt"."""
@@ -95,18 +61,28 @@ class FilesTest(FilesCase):
 
 class ReloadTest(FilesCase):
 
-    def reload(self):
-        self.call("untilKept")
-        self.open(keeps=True)
-
     def test_program_registers_and_stack_survive(self):
         self.open_program()
         before = self.press(ONE, TWO, ENTER, 8, TWO)
-        self.reload()
+        self.open(keeps=True)
         after = self.settled()
         self.assertEqual((after.numbers, after.name, after.program, after.listing),
                          (before.numbers, before.name, before.program, before.listing))
         self.assertEqual(after.numbers["reg.2"], 12)
+
+    def test_the_display_is_filled_before_the_calculator_is_there(self):
+        for shown, keys in (("0.00", ()), ("12.00", (ONE, TWO, ENTER))):
+            self.press(*keys)
+            self.open(keeps=True)
+            with self.subTest(shown=shown):
+                self.assertEqual(self.run_script("hands.atFirst").partition(";")[0], shown)
+
+    def test_keys_that_come_early_are_not_lost(self):
+        script = self.add_script("addEventListener('DOMContentLoaded', () => hands.tap(24))")
+        self.addCleanup(self.browser.send, "Page.removeScriptToEvaluateOnNewDocument",
+                        identifier=script)
+        self.open(keeps=True)
+        self.assertEqual(self.settled().numbers["x"], 1)
 
     def test_what_is_kept_may_be_spoilt(self):
         for kept in ("x", "vorstek 1\nline 1e999\nfile \nlisting\n\0", "\ud800" * 1000):
@@ -174,6 +150,7 @@ class LinkTest(FilesCase):
                 seen = self.settled()
                 self.assertIn(text, " ".join(self.boxes()))
                 self.assertEqual((seen.name, seen.listing[1]), ("", "01 R/S"))
+                self.assertNotIn("#", self.run_script("location.href"))
 
 
 if __name__ == "__main__":

@@ -22,19 +22,6 @@ def button(code):
 
 class InputCase(PageCase):
 
-    def mouse(self, kind, at):
-        self.browser.send("Input.dispatchMouseEvent", type=kind, x=at[0], y=at[1], button="left",
-                          buttons=0 if kind == "mouseReleased" else 1, clickCount=1)
-
-    def click(self, selector):
-        at = self.point(selector)
-        self.mouse("mousePressed", at)
-        self.mouse("mouseReleased", at)
-
-    def touch(self, kind, *points):
-        self.browser.send("Input.dispatchTouchEvent", type=kind,
-                          touchPoints=[{"x": x, "y": y, "id": n} for n, (x, y) in points])
-
     def type(self, key, text=""):
         for kind in ("keyDown", "keyUp"):
             self.browser.send("Input.dispatchKeyEvent", type=kind, key=key, code=key,
@@ -85,6 +72,13 @@ class MouseTest(InputCase):
         self.assertNotIn("Z", self.settled().display)
         self.mouse("mouseReleased", (x - 30, y))
         self.assertEqual(self.count(f'{button(STACK_SWITCH)}[aria-checked="false"]'), 1)
+
+    def test_lamps_show_the_prefix_and_the_mode(self):
+        for codes, lit in (((), []), ((F,), ["f"]), ((G,), ["g"]), ((ENTER,), []),
+                           ((RUN_SWITCH,), ["program"]), ((F,), ["f", "program"])):
+            self.press(*codes)
+            with self.subTest(keys=codes):
+                self.assertEqual(self.call("lit"), lit)
 
     def test_a_run_is_alive_and_any_key_halts_it(self):
         self.call("drop", "endless.txt", ENDLESS, "body")

@@ -4,20 +4,20 @@ import { Engine } from "../engine.js";
 import { assetBytes, assetWorker } from "./assets.js";
 import { askFileName, askOptions, askQuestion, askShared, chooseExample, showDialog, showLink,
     tell } from "./dialogs.js";
-import { Display, spokenDisplay } from "./display.js";
+import { Display, FIRST_DISPLAY, spokenDisplay } from "./display.js";
 import { Face } from "./face.js";
 import { acceptDrops, chooseFile, saveFile } from "./files.js";
 import { GraphPane } from "./graph.js";
 import { Keyboard } from "./keyboard.js";
-import { linkOf, listingBytes, programOfLink, storedState, storeState } from "./kept.js";
+import { hasProgram, linkOf, listingBytes, programOfLink, storedDisplay, storedState,
+    storeState } from "./kept.js";
 import { Menus } from "./menus.js";
 import { LinePane, TracePane } from "./panes.js";
 import { Sounds } from "./sounds.js";
 
+/** @typedef {import("../engine").DisplayLine} DisplayLine */
 /** @typedef {import("../engine").State} State */
 /** @typedef {import("../engine").ChosenFile} ChosenFile */
-
-const KEEP_DELAY = 300;         // milliseconds after the last change
 
 /**
  * @template {Element} T
@@ -34,7 +34,7 @@ export class Calculator {
         this.engine = null;
         /** @type {State} */
         this.state = {};
-        this.keepTimer = 0;
+        this.shows = false;     // what the calculator says; until then what it will say
         this.face = new Face(find("main .face"), (code, down) => this.engine?.key(code, down));
         this.display = new Display(find(".display"));
         this.sounds = new Sounds();
@@ -44,10 +44,12 @@ export class Calculator {
         this.trace = new TracePane(find(".pane.trace"));
         this.face.onLayout = () => this.display.setScale(this.face.unit * devicePixelRatio);
         this.face.onLayout();
+        this.showDisplay(storedDisplay() ?? FIRST_DISPLAY);
     }
 
     async start() {
-        const engine = new Engine(assetWorker(), await assetBytes("vorstek.wasm"), {
+        // Keys that come before the module has started wait in the worker.
+        const engine = new Engine(assetWorker(), assetBytes("vorstek.wasm"), {
             ask: askQuestion,
             askFile: ({ dialog, name }) => this.askFile(dialog, name),
         });
@@ -59,13 +61,15 @@ export class Calculator {
         engine.on("saved", ({ name, bytes }) => saveFile(name, bytes, "text/plain"));
         engine.on("failed", ({ text }) => this.fail(text));
         engine.on("state", (state) => this.onState(state));
-        const stored = storedState();
-        if (stored && !(await engine.restore(stored))) {
-            storeState("");
-        }
-        this.keeps = true;
+        engine.on("kept", ({ text }) => storeState(text, this.state));
         acceptDrops((file, target) => this.openDropped(file, target), tell);
         addEventListener("hashchange", () => this.openLink());
+        const stored = storedState();
+        if (stored) {
+            await engine.restore(stored);
+        }
+        this.shows = true;
+        this.onState(this.state);
         await this.openLink();
     }
 
@@ -77,13 +81,24 @@ export class Calculator {
 
     // --- what the calculator shows
 
+    /** @param {DisplayLine[]} lines */
+    showDisplay(lines) {
+        this.display.setLines(lines);
+        find("#display-text").textContent = spokenDisplay(lines);
+    }
+
     /** @param {State} state */
     onState(state) {
         Object.assign(this.state, state);
-        const { display, modes, listing, registers, options, disabled, file } = state;
+        if (!this.shows) {
+            return;
+        }
+        const { display, lamps, modes, listing, registers, options, disabled, file } = state;
         if (display) {
-            this.display.setLines(display);
-            find("#display-text").textContent = spokenDisplay(display);
+            this.showDisplay(display);
+        }
+        if (lamps) {
+            this.face.setLamps(lamps);
         }
         if (modes) {
             this.face.setModes(modes);
@@ -112,7 +127,6 @@ export class Calculator {
         }
         this.layPanes();
         this.keyboard?.onState(modes);
-        this.keepSoon();
     }
 
     layPanes() {
@@ -123,22 +137,6 @@ export class Calculator {
         panes.hidden = !any;
         panes.style.setProperty("--columns", String(Math.max(1, besideEachOther)));
         this.face.setBesidePanes(any);
-    }
-
-    // --- what survives
-
-    keepSoon() {
-        clearTimeout(this.keepTimer);
-        if (this.keeps && !this.state.modes?.running) {
-            this.keepTimer = setTimeout(() => this.keep(), KEEP_DELAY);
-        }
-    }
-
-    async keep() {
-        const text = await this.engine?.keep();
-        if (text) {
-            storeState(text);
-        }
     }
 
     // --- files
@@ -175,13 +173,13 @@ export class Calculator {
 
     async openLink() {
         try {
-            const program = programOfLink(location.hash);
-            if (!program) {
-                return;
-            }
+            const { hash } = location;
             // A reload shows what the user did with the program, not the program again.
-            history.replaceState(null, "", location.href.replace(/#.*$/s, ""));
-            if (await askShared(program.listing)) {
+            if (hasProgram(hash)) {
+                history.replaceState(null, "", location.href.replace(/#.*$/s, ""));
+            }
+            const program = programOfLink(hash);
+            if (program && await askShared(program.listing)) {
                 const { name, listing } = program;
                 await this.engine?.open({ name, bytes: listingBytes(listing) });
             }

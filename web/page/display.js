@@ -41,6 +41,17 @@ const PLACES = {
 /** A line's words before its number, as of the stack, and its number. */
 const NUMBER = /^([XYZT] {2})?([ +-]?\d[\d.]*(?:e[+-]\d+)?)( *)$/;
 
+/**
+ * What the calculator shows when it starts.
+ *
+ * @type {DisplayLine[]}
+ */
+export const FIRST_DISPLAY = [
+    { text: " 0.00", font: "large", left: 59, top: 66 },
+    { text: "deg", font: "small", left: 234, top: 40 },
+    { text: "LastOp:", font: "small", left: 50, top: 42 },
+];
+
 /** @param {DisplayLine[]} lines */
 export function spokenDisplay(lines) {
     return lines.map((line) => line.text.trim()).filter(Boolean).join("; ");

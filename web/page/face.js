@@ -1,6 +1,7 @@
 // face.js - the picture of the calculator with its keys and slide switches: real buttons
 // that mouse, pen and several fingers press and release, and the keyboard too.
 
+/** @typedef {import("../engine").Lamps} Lamps */
 /** @typedef {import("../engine").Modes} Modes */
 
 const FACE_WIDTH = 306;     // pixels, as the picture at its own size
@@ -73,6 +74,9 @@ export class Face {
         this.drag = null;
         /** @type {() => void} */
         this.onLayout = () => {};
+        for (const part of element.querySelectorAll("[data-place]")) {
+            this.place(/** @type {HTMLElement} */ (part));
+        }
         for (const button of element.querySelectorAll("button")) {
             this.addButton(button);
         }
@@ -84,13 +88,21 @@ export class Face {
         addEventListener("blur", () => this.releaseAll());
     }
 
+    /**
+     * In pixels of the face: where it is, and where its pictures begin in their strip.
+     *
+     * @param {HTMLElement} element
+     */
+    place(element) {
+        const [left, top, width, height, strip] = (element.dataset.place ?? "").split(" ");
+        for (const [name, value] of Object.entries({ left, top, width, height, strip })) {
+            element.style.setProperty(`--${name}`, value);
+        }
+    }
+
     /** @param {HTMLButtonElement} button */
     addButton(button) {
         const code = Number(button.dataset.code);
-        const [left, top, width, height, strip] = (button.dataset.place ?? "").split(" ");
-        for (const [name, value] of Object.entries({ left, top, width, height, strip })) {
-            button.style.setProperty(`--${name}`, value);
-        }
         this.buttons.set(code, button);
         button.addEventListener("pointerdown", (event) => this.onPointerDown(event, code));
         for (const name of /** @type {const} */ (["pointerup", "pointercancel", "lostpointercapture"])) {
@@ -237,6 +249,13 @@ export class Face {
         this.buttons.get(code)?.setAttribute("aria-checked", String(right));
     }
 
+    /** @param {Lamps} lamps */
+    setLamps(lamps) {
+        for (const [name, lit] of Object.entries(lamps)) {
+            this.element.querySelector(`[data-lamp=${name}]`)?.classList.toggle("lit", lit);
+        }
+    }
+
     /** @param {number} code */
     slide(code) {
         const right = !this.isRight(code);
@@ -252,12 +271,6 @@ export class Face {
      * @param {Modes} modes
      */
     setModes(modes) {
-        const { keystrokes, programMode, running } = modes;
-        const lit = { f: keystrokes.endsWith("f "), g: keystrokes.endsWith("g "),
-            program: programMode, run: running };
-        for (const [name, on] of Object.entries(lit)) {
-            this.element.querySelector(`[data-lamp=${name}]`)?.classList.toggle("lit", on);
-        }
         if (!modes.running) {
             this.setSwitch(STACK_SWITCH, modes.stackView);
             this.setSwitch(RUN_SWITCH, !modes.programMode);

@@ -1,7 +1,11 @@
 // kept.js - what survives a reload, and programs that come as a link. Storage may be
 // missing, full or forbidden: the calculator works without it.
 
+/** @typedef {import("../engine").DisplayLine} DisplayLine */
+/** @typedef {import("../engine").State} State */
+
 const STORAGE_NAME = "vorstek";
+const DISPLAY_NAME = "vorstek display";
 const MOST_LISTING = 60000;     // characters of a program in a link
 const MOST_NAME = 80;
 
@@ -13,17 +17,39 @@ export function storedState() {
     }
 }
 
-/** @param {string} text */
-export function storeState(text) {
+/** @param {any} line */
+function isDisplayLine({ text, font, left, top }) {
+    return typeof text === "string" && (font === "large" || font === "small")
+        && Number.isFinite(left) && Number.isFinite(top);
+}
+
+/**
+ * What the display shows after the next start, before the calculator says it itself.
+ *
+ * @returns {DisplayLine[] | null}
+ */
+export function storedDisplay() {
     try {
-        if (text) {
-            localStorage.setItem(STORAGE_NAME, text);
-        } else {
-            localStorage.removeItem(STORAGE_NAME);
-        }
-        return true;
+        const lines = JSON.parse(localStorage.getItem(DISPLAY_NAME) ?? "");
+        return lines.every(isDisplayLine) ? lines : null;
     } catch {
-        return false;
+        return null;
+    }
+}
+
+/**
+ * @param {string} text
+ * @param {State} state that it comes from
+ */
+export function storeState(text, { display, modes }) {
+    try {
+        localStorage.setItem(STORAGE_NAME, text);
+        // The next start is in run mode with the switch of the stack at rest.
+        if (!modes?.programMode && !modes?.stackView) {
+            localStorage.setItem(DISPLAY_NAME, JSON.stringify(display));
+        }
+    } catch {
+        // The calculator works without it.
     }
 }
 
@@ -36,6 +62,11 @@ export function storeState(text) {
 export function linkOf(listing, name) {
     const fields = new URLSearchParams({ listing, ...(name && { name }) });
     return `${location.href.replace(/#.*$/s, "")}#${fields}`;
+}
+
+/** @param {string} fragment with its "#" */
+export function hasProgram(fragment) {
+    return new URLSearchParams(fragment.slice(1)).has("listing");
 }
 
 /**

@@ -33,6 +33,8 @@ LARGER = {"2": "200", "3": "300"}   # scale: ending of the file's name
 UPPER_HALF = 295        # pixels
 FIRST_LOWER_KEY = 15
 
+LAMPS = ("f", "g", "program", "run")    # in the order of eLamp
+
 LEGENDS = {"x-bar": "x̄", "*": "×", "/": "÷", "-": "−", "x<>y": "x⇄y"}
 
 
@@ -121,13 +123,26 @@ def switch_button(code, texts, rect, index):
             f'title="{html.escape(title)}"></button>')
 
 
-def face_buttons():
-    """The buttons of the upper and of the lower half."""
+def lamp(name, rect, strip):
+    places = f'data-place="{" ".join(map(str, rect))} {strip}"'
+    return f'<span class="lamp" data-lamp="{name}" {places}></span>'
+
+
+def lamps(geometry):
+    strip = 0
+    for name, rect in zip(LAMPS, rectangles(geometry, "kLampRects"), strict=True):
+        yield lamp(name, rect, strip)
+        strip += rect[2]
+
+
+def face_parts():
+    """Lamps and buttons of the upper half, buttons of the lower one."""
     names = KEY_NAMES.read_text(encoding="utf-8")
     geometry = GEOMETRY.read_text(encoding="utf-8")
     keys = rectangles(geometry, "kKeyRects")
     switches = rectangles(geometry, "kSwitchRects")
-    upper = [switch_button(31 + index, texts, switches[index], index)
+    upper = [*lamps(geometry)]
+    upper += [switch_button(31 + index, texts, switches[index], index)
              for index, texts in enumerate(rows_of(names, "kSwitchNames"))]
     lower = []
     strip = 0
@@ -163,7 +178,7 @@ def main(output):
     scripts.mkdir(parents=True, exist_ok=True)
     for path in [*HERE.glob("*.js"), *HERE.glob("*.css")]:
         shutil.copyfile(path, scripts / path.name)
-    upper, lower = face_buttons()
+    upper, lower = face_parts()
     page = (HERE / "template.html").read_text(encoding="utf-8")
     for mark, lines in (("upper", upper), ("lower", lower), ("card", card_rows())):
         page = page.replace(f"<!-- {mark} -->", "\n".join(lines))
