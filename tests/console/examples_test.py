@@ -92,7 +92,7 @@ class ExampleCase(ConsoleCase):
     def assert_stops_with(self, text, **options):
         """The program ends with this error on the display."""
         result = self.result(code=1, **options)
-        self.assertRegex(result.err, rf"\A\w+\.txt:\d+: \S.*: {re.escape(text)}\n\Z")
+        self.assertRegex(result.err, rf"\A\w+\.txt:\d+: \S.*: {re.escape(text)} \(program line \d\d\)\n\Z")
         self.assertEqual(result.state["display"], text)
 
     def session(self, *lines):
