@@ -1,5 +1,8 @@
-"""The programs as built are hard to exploit: hardening_test.py PROGRAM...
+"""The programs as built are hard to exploit:
 
+    hardening_test.py PROGRAM... -- COMMAND...
+
+COMMAND starts a program that writes past the end of an array.
 Reads each program's headers and what it calls: a program for Linux as readelf shows
 it, one for Windows by the layout of its headers."""
 
@@ -11,6 +14,7 @@ import sys
 import unittest
 
 PROGRAMS = []
+OVERRUN = []
 
 # Bits of DllCharacteristics.
 HIGH_ENTROPY = 0x0020
@@ -77,6 +81,12 @@ class Case(unittest.TestCase):
                 check(program)
 
 
+    def check_overrun(self):
+        done = subprocess.run(OVERRUN, capture_output=True, check=False)
+        self.assertIn(CANARY_TEXT, done.stderr)
+        self.assertNotEqual(done.returncode, 0)
+
+
 class LinuxTest(Case):
 
     def test_code_is_loaded_at_any_address(self):
@@ -106,6 +116,9 @@ class LinuxTest(Case):
             for name in ("__stack_chk_fail", "__snprintf_chk", r"\w*__glibcxx_assert_fail\w*"):
                 self.assertRegex(symbols, rf"\bUND {name}@")
         self.for_each(check)
+
+    def test_an_overrun_ends_the_program(self):
+        self.check_overrun()
 
     # The program as a whole is marked only where the C library's start files are too.
     def test_functions_that_are_called_by_address_are_marked(self):
@@ -146,11 +159,17 @@ class WindowsTest(Case):
             self.assertIn(ASSERTION_TEXT, data)
         self.for_each(check)
 
+    def test_an_overrun_ends_the_program(self):
+        self.check_overrun()
+
 
 def main():
-    PROGRAMS.extend(sys.argv[1:])
-    if not PROGRAMS:
-        sys.exit(f"usage: {sys.argv[0]} PROGRAM...")
+    arguments = sys.argv[1:]
+    if "--" not in arguments[1:-1]:
+        sys.exit(f"usage: {sys.argv[0]} PROGRAM... -- COMMAND...")
+    dashes = arguments.index("--")
+    PROGRAMS.extend(arguments[:dashes])
+    OVERRUN.extend(arguments[dashes + 1:])
     kind = WindowsTest if PROGRAMS[0].endswith(".exe") else LinuxTest
     suite = unittest.defaultTestLoader.loadTestsFromTestCase(kind)
     done = unittest.TextTestRunner(verbosity=2).run(suite)
