@@ -19,14 +19,21 @@ int IsTerminal()
 
 static const char *const kTerminal = "/dev/tty";
 
+static int OpenTerminal()
+{
+    return open(kTerminal, O_RDWR | O_CLOEXEC);
+}
+
+// The file is there even for a process that no terminal belongs to.
 int CanReadTerminal()
 {
-    return isatty(STDOUT_FILENO) && access(kTerminal, R_OK) == 0;
+    const int nTerminal = isatty(STDOUT_FILENO) ? OpenTerminal() : -1;
+    return nTerminal >= 0 && close(nTerminal) == 0;
 }
 
 int UseTerminal()
 {
-    const int nTerminal = open(kTerminal, O_RDWR | O_CLOEXEC);
+    const int nTerminal = OpenTerminal();
     if (nTerminal < 0)
         return 0;
     const int bUsed = dup2(nTerminal, STDIN_FILENO) == STDIN_FILENO;

@@ -64,6 +64,9 @@ class DebugTerminalTest(TerminalCase):
             terminal.wait_for("> 03 LBL 1 ; again", "  04 DSZ", "  05 GTO 1", *stack("3.00"),
                               "debug>")
             terminal.line("quit")
+        terminal.wait(lambda screen: screen[-1].startswith("$"))
+        terminal.line(f"clear; setsid -w {shlex.join(console_case.command)} debug - < program.txt")
+        terminal.wait(lambda screen: "standard input where there is no" in screen[0])
 
     def test_ctrl_c_stops_the_program_and_continue_goes_on(self):
         terminal = self.debugger("LBL 1", "1", "+", "GTO 1")
