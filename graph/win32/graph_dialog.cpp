@@ -10,6 +10,7 @@
 #include "toolkit/retry_alloc.h"
 #include "toolkit/win32/center_window.h"
 #include "toolkit/win32/gdi.h"
+#include "toolkit/win32/memory_guard.h"
 #include "toolkit/win32/modal_guard.h"
 
 void cGraphDialog::Run(int nTemplate)
@@ -33,7 +34,9 @@ INT_PTR CALLBACK cGraphDialog::DialogProc(HWND hDialog, UINT nMessage, WPARAM wP
         return TRUE;
     }
     auto *const pDialog = reinterpret_cast<cGraphDialog *>(GetWindowLongPtrA(hDialog, DWLP_USER));
-    return pDialog ? pDialog->OnMessage(nMessage, wParam, lParam) : FALSE;
+    if (!pDialog)
+        return FALSE;
+    return EndWithoutMemory([&] { return pDialog->OnMessage(nMessage, wParam, lParam); });
 }
 
 INT_PTR cGraphDialog::OnMessage(UINT nMessage, WPARAM wParam, LPARAM lParam)

@@ -1,8 +1,15 @@
 #include "tests/window/faults.h"
 
+#include <cstdlib>
+#include <cstring>
+
+#include "toolkit/retry_alloc.h"
+
 namespace
 {
 
+using cMalloc        = void *(__cdecl *)(size_t);
+using cRealloc       = void *(__cdecl *)(void *, size_t);
 using cWriteFile     = BOOL(WINAPI *)(HANDLE, LPCVOID, DWORD, LPDWORD, LPOVERLAPPED);
 using cCreateFileA   = decltype(&CreateFileA);
 using cCreateFileW   = decltype(&CreateFileW);
@@ -16,8 +23,15 @@ static cCreateFileA   s_pfnCreateFileA   = nullptr;
 static cCreateFileW   s_pfnCreateFileW   = nullptr;
 static cGetDeviceCaps s_pfnGetDeviceCaps = nullptr;
 static cCreateBitmap  s_pfnCreateBitmap  = nullptr;
-static DWORD          s_nRoom            = 0;
-static int            s_nColumns         = 0;
+static cMalloc        s_pfnMalloc        = nullptr;
+static cRealloc       s_pfnRealloc       = nullptr;
+static DWORD          s_dwThread         = 0;
+static int            s_nFailing         = 0;
+static int            s_nGivenAnswer     = 0;
+static cMemoryCounts  s_Counts           = {};
+static char           s_szGivenFile[MAX_PATH];
+static DWORD          s_nRoom    = 0;
+static int            s_nColumns = 0;
 
 // Redirects all calls of the module from one function to another.
 static void ReplaceCall(HMODULE hModule, FARPROC pfnFormer, FARPROC pfnNew)
@@ -156,4 +170,67 @@ void LeaveRoomForBitmaps(int nColumns)
 void RefuseFonts()
 {
     ReplaceCalls("gdi32.dll", "CreateFontIndirectA", AsAny(&NoFont));
+}
+
+// --- memory
+
+static int MustFail()
+{
+    return GetCurrentThreadId() == s_dwThread && ++s_Counts.m_nAllocations == s_nFailing;
+}
+
+static void *__cdecl MallocButOne(size_t nSize)
+{
+    return MustFail() ? nullptr : s_pfnMalloc(nSize);
+}
+
+static void *__cdecl ReallocButOne(void *pOld, size_t nSize)
+{
+    return MustFail() ? nullptr : s_pfnRealloc(pOld, nSize);
+}
+
+static int WINAPI AnsweredBox(HWND, LPCSTR szText, LPCSTR, UINT nType)
+{
+    if (strcmp(szText, kMemoryFailureText) != 0)
+        return (nType & MB_TYPEMASK) == MB_YESNOCANCEL ? IDNO : IDOK;
+    s_Counts.m_nBoxes++;
+    return s_nGivenAnswer;
+}
+
+static void WINAPI CountedQuit(int)
+{
+    s_Counts.m_nQuits++;
+}
+
+static BOOL WINAPI GivenFile(LPOPENFILENAMEA pDialog)
+{
+    strncpy(pDialog->lpstrFile, s_szGivenFile, pDialog->nMaxFile - 1);
+    pDialog->lpstrFile[pDialog->nMaxFile - 1] = 0;
+    return TRUE;
+}
+
+void FailAllocation(int nFailing, eGivenAnswer nAnswer)
+{
+    s_nFailing     = nFailing;
+    s_nGivenAnswer = nAnswer == gaRetry ? IDRETRY : IDCANCEL;
+    s_Counts       = {};
+    if (s_pfnMalloc)
+        return;
+    s_dwThread   = GetCurrentThreadId();
+    s_pfnMalloc  = As<cMalloc>(ReplaceCalls("msvcrt.dll", "malloc", AsAny(&MallocButOne)));
+    s_pfnRealloc = As<cRealloc>(ReplaceCalls("msvcrt.dll", "realloc", AsAny(&ReallocButOne)));
+    ReplaceCalls("user32.dll", "MessageBoxA", AsAny(&AnsweredBox));
+    ReplaceCalls("user32.dll", "PostQuitMessage", AsAny(&CountedQuit));
+}
+
+cMemoryCounts CountAllocations()
+{
+    return s_Counts;
+}
+
+void AnswerFileDialogs(const char *szName)
+{
+    strncpy(s_szGivenFile, szName, sizeof s_szGivenFile - 1);
+    ReplaceCalls("comdlg32.dll", "GetOpenFileNameA", AsAny(&GivenFile));
+    ReplaceCalls("comdlg32.dll", "GetSaveFileNameA", AsAny(&GivenFile));
 }

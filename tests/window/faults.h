@@ -22,4 +22,30 @@ void LeaveRoomForBitmaps(int nColumns);
 // No font can be made.
 void RefuseFonts();
 
+// --- memory
+
+enum eGivenAnswer
+{
+    gaRetry,
+    gaCancel
+};
+
+struct cMemoryCounts
+{
+    int m_nAllocations;
+    int m_nBoxes;  // that offered to try again
+    int m_nQuits;  // posted
+};
+
+// From here on, allocation nFailing (from 1; 0: none) fails that this thread of the
+// program makes. Boxes are not shown: that about memory gets the answer, others OK or No.
+// Quitting is only counted.
+void FailAllocation(int nFailing, eGivenAnswer nAnswer);
+
+// Since the last call of that.
+cMemoryCounts CountAllocations();
+
+// File dialogs are not shown; they answer with this name.
+void AnswerFileDialogs(const char *szName);
+
 #endif

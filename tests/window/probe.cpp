@@ -186,6 +186,14 @@ static HMENU MenuOf(HWND hWnd)
     return hPopup ? hPopup : GetMenu(hWnd);
 }
 
+static void TellMemoryCounts(cProbeAnswer *pAnswer)
+{
+    const cMemoryCounts Counts = CountAllocations();
+    pAnswer->m_nValue          = Counts.m_nAllocations;
+    pAnswer->m_nMore           = Counts.m_nBoxes;
+    pAnswer->m_nState          = Counts.m_nQuits;
+}
+
 static void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
 {
     const HMENU hMenu = MenuOf(hWnd);
@@ -263,6 +271,19 @@ static void Answer(HWND hWnd, eProbe nProbe, UINT nId, cProbeAnswer *pAnswer)
         break;
     case pbNoFonts:
         RefuseFonts();
+        break;
+    case pbMemoryRetry:
+        FailAllocation(static_cast<int>(nId), gaRetry);
+        break;
+    case pbMemoryCancel:
+        FailAllocation(static_cast<int>(nId), gaCancel);
+        break;
+    case pbMemoryCounts:
+        TellMemoryCounts(pAnswer);
+        break;
+    case pbGiveFile:
+        GlobalGetAtomNameA(static_cast<ATOM>(nId), pAnswer->m_szText, sizeof pAnswer->m_szText);
+        AnswerFileDialogs(pAnswer->m_szText);
         break;
     }
 }

@@ -19,6 +19,8 @@
 
 #include <cstddef>
 
+#include "toolkit/win32/memory_guard.h"
+
 // One row; a class names it by "using cMessageRow = cMessageRowOf<cKeypad>;".
 template <class cWindow> struct cMessageRowOf
 {
@@ -27,7 +29,7 @@ template <class cWindow> struct cMessageRowOf
 };
 
 // Finds the object of the window, calls the handler of the message and returns
-// its result. Messages without a row, and all messages before WM_CREATE, go to
+// its result, or 0 if memory ran out. Messages without a row, and all messages before WM_CREATE, go to
 // DefWindowProcA. Call this after the definition of the table, so that its size
 // is known.
 //
@@ -56,7 +58,7 @@ LRESULT HandleMessage(const cMessageRowOf<cWindow> (&Rows)[nRows], HWND hWnd, UI
 
     for (const cMessageRowOf<cWindow> &Row : Rows)
         if (Row.m_nMessage == nMessage)
-            return (pWindow->*Row.m_pfnHandler)(wParam, lParam);
+            return EndWithoutMemory([&] { return (pWindow->*Row.m_pfnHandler)(wParam, lParam); });
     return DefWindowProcA(hWnd, nMessage, wParam, lParam);
 }
 
