@@ -67,6 +67,8 @@ public:
     void SetProgramMode(int bOn);
     void RunToEnd();
     void CreatePicture(unsigned nCommand, const std::string &File);
+    void EnterPoints();
+    void ChangeResolution();
     void ResizeGraph();
     void Write(const std::string &File, const std::string &Content)
     {
@@ -79,6 +81,7 @@ private:
         return cProbeLink::Current()->Ask(nProbe, nId);
     }
     void        Reset();
+    void        AcceptDialog(unsigned nCommand, const std::function<void(HWND)> &Fill);
     void        GiveFile(const std::string &File);
     void        ChooseFile(HWND hFrame, unsigned nCommand, const std::string &File);
     std::string Files();
@@ -170,17 +173,39 @@ void cMemoryRig::RunToEnd()
     REQUIRE(HasHalted(m_Calculator));
 }
 
-// Without memory there may be no dialog for the size, or there is one nevertheless.
-void cMemoryRig::CreatePicture(unsigned nCommand, const std::string &File)
+// Without memory there may be no dialog, or there is one nevertheless.
+void cMemoryRig::AcceptDialog(unsigned nCommand, const std::function<void(HWND)> &Fill)
 {
-    GiveFile(File);
     PostMessageA(m_Graph.Window(), WM_COMMAND, nCommand, 0);
     REQUIRE(WaitFor([&] { return m_Calculator.HasDialog() || Ask(pbMemoryCounts).m_nState; }));
     m_Calculator.Settle();
     if (m_Calculator.HasDialog())
+    {
+        Fill(m_Calculator.Dialog());
         PostMessageA(m_Calculator.Dialog(), WM_COMMAND, IDOK, 0);
+    }
     REQUIRE(m_Calculator.HasNoDialog());
     m_Calculator.Settle();
+}
+
+void cMemoryRig::CreatePicture(unsigned nCommand, const std::string &File)
+{
+    GiveFile(File);
+    AcceptDialog(nCommand, [](HWND) {});
+}
+
+void cMemoryRig::EnterPoints()
+{
+    AcceptDialog(IDM_ENTER_Y, [](HWND hDialog) {
+        SendDlgItemMessageA(hDialog, IDC_NEW_POINTS, WM_SETTEXT, 0,
+                            reinterpret_cast<LPARAM>("7\r\n8\r\n9\r\n"));
+    });
+}
+
+void cMemoryRig::ChangeResolution()
+{
+    m_Calculator.ChangeResolution(144);
+    m_Calculator.ChangeResolution(96);
 }
 
 // The plot is drawn again only if its size changes.
@@ -271,6 +296,8 @@ static std::vector<cOperation> OperationsOf(cMemoryRig *p)
         {"paint", Nothing, [=] { p->ResizeGraph(); }},
         {"bitmap", Nothing, [=] { p->CreatePicture(IDM_CREATE_BMP, "picture.bmp"); }},
         {"GIF", Nothing, [=] { p->CreatePicture(IDM_CREATE_GIF, "picture.gif"); }, 1},
+        {"enter points", Nothing, [=] { p->EnterPoints(); }},
+        {"resolution", Nothing, [=] { p->ChangeResolution(); }},
     };
 }
 
