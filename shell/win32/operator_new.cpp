@@ -45,3 +45,23 @@ void *operator new[](size_t nSize, const std::nothrow_t &) noexcept
 {
     return Allocate(nSize);
 }
+
+void operator delete(void *pMemory) noexcept
+{
+    free(pMemory);
+}
+
+void operator delete[](void *pMemory) noexcept
+{
+    free(pMemory);
+}
+
+void operator delete(void *pMemory, size_t) noexcept
+{
+    free(pMemory);
+}
+
+void operator delete[](void *pMemory, size_t) noexcept
+{
+    free(pMemory);
+}
