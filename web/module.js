@@ -6,15 +6,13 @@ import { MemoryDisk } from "./wasi.js";
 const UNWINDING = 1;
 const REWINDING = 2;
 
+const turns = new MessageChannel();
+
 /** Lets other events of this thread be handled, those that wait already included. */
 function oneTurn() {
     return new Promise((resolve) => {
-        const channel = new MessageChannel();
-        channel.port1.onmessage = () => {
-            channel.port1.close();
-            resolve(0);
-        };
-        channel.port2.postMessage(0);
+        turns.port1.onmessage = () => resolve(0);
+        turns.port2.postMessage(0);
     });
 }
 

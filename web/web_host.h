@@ -67,15 +67,18 @@ private:
         eIcon       m_nIcon;
     };
 
-    int     IsInLine() const { return !m_bDraining && m_pIsInRun(); }
-    eAnswer AskNow(const char *szText, const char *szCaption, eButtons nButtons, eIcon nIcon);
-    void    PublishInRun();
+    int      IsInLine() const { return !m_bDraining && m_pIsInRun(); }
+    eAnswer  AskNow(const char *szText, const char *szCaption, eButtons nButtons, eIcon nIcon);
+    void     PublishInRun();
+    unsigned LinesUntilLook(unsigned nDone, cClock::duration Time);
 
+    cClock::time_point m_LastLook;  // at the clock
     cClock::time_point m_LastDrain;
     cClock::time_point m_LastPublished;
     cClock::duration   m_PublishTime;  // of the last one
     std::deque<cBox>   m_Informed;
     unsigned           m_nPause;     // milliseconds, to be waited for after the line
+    unsigned           m_nPace;      // index in the numbers of lines between two looks
     int                m_bDraining;  // requests are handled during a run
     int                m_bQuit;
 };

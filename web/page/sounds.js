@@ -3,6 +3,8 @@
 
 import { assetBytes } from "./assets.js";
 
+const KEY_CLICK = "key_click";
+
 export class Sounds {
     constructor() {
         /** @type {AudioContext | null} */
@@ -11,17 +13,23 @@ export class Sounds {
         this.buffers = new Map();
         /** @type {AudioBufferSourceNode | null} */
         this.playing = null;
+        // Reaching the sound device takes longer than a key may: before the first one.
+        addEventListener("load", () => setTimeout(() => this.prepare()), { once: true });
         for (const name of ["pointerdown", "keydown"]) {
             addEventListener(name, () => this.wake(), { capture: true, passive: true });
         }
     }
 
-    wake() {
-        if (typeof AudioContext === "undefined") {
-            return;
+    prepare() {
+        if (typeof AudioContext !== "undefined" && !this.context) {
+            this.context = new AudioContext({ latencyHint: 0 });
+            this.buffer(this.context, KEY_CLICK).catch(() => this.buffers.delete(KEY_CLICK));
         }
-        this.context ??= new AudioContext();
-        if (this.context.state === "suspended") {
+    }
+
+    wake() {
+        this.prepare();
+        if (this.context?.state === "suspended") {
             this.context.resume().catch(() => {});
         }
     }
