@@ -7,7 +7,7 @@ import subprocess
 from console_case import KEYS, TIMEOUT, ConsoleCase, main
 from same_numbers_test import Keys
 
-SCRIPTS = 2000
+SCRIPTS = 2000 if "VORSTEK_THOROUGH" in os.environ else 300
 MOST_EVENTS = 60
 
 STACK_VIEW = 31
