@@ -7,7 +7,7 @@ import unittest
 import zipfile
 
 import package_case
-from package_case import (ROOT, broken_links, editor_kits, examples, files, package, run,
+from package_case import (PAGE, ROOT, broken_links, editor_kits, examples, files, package, run,
                           version, wine)
 
 PROGRAMS = ("Vorstek.exe", "vorstek-cli.exe")
@@ -40,7 +40,7 @@ class ArchiveTest(unittest.TestCase):
             self.assertTrue(entry.filename.startswith(self.top), entry.filename)
 
     def test_it_holds_programs_examples_kits_help_and_nothing_else(self):
-        kept = examples() | editor_kits() | built_help()
+        kept = examples() | editor_kits() | built_help() | {PAGE.name: PAGE.read_bytes()}
         for name in ("VORSTEK.chm", "cVantor.CHM", "HtmlHelp/Introduction.htm"):
             self.assertIn(name, kept)
         self.assertEqual(sorted(self.held), sorted([*PROGRAMS, "README.txt", "LICENSE.txt", *kept]))

@@ -10,10 +10,10 @@ import tempfile
 import unittest
 
 import package_case
-from package_case import ROOT, broken_links, examples, files, package, run, version
+from package_case import PAGE, ROOT, broken_links, examples, files, package, run, version
 
 DOCS = "usr/share/doc/vorstek-cli/"
-PAGE = "usr/share/man/man1/vorstek-cli.1.gz"
+MANUAL = "usr/share/man/man1/vorstek-cli.1.gz"
 
 
 class DebianTest(unittest.TestCase):
@@ -37,7 +37,7 @@ class DebianTest(unittest.TestCase):
     def manual(self):
         """The text of the manual page."""
         page = self.root / "page.1"
-        page.write_bytes(gzip.decompress(self.held[PAGE]))
+        page.write_bytes(gzip.decompress(self.held[MANUAL]))
         done = run("mandoc", "-T", "utf8", "-O", "width=200", page)
         return re.sub(".\b", "", done.stdout.decode())
 
@@ -47,12 +47,13 @@ class DebianTest(unittest.TestCase):
             held = files(ROOT / "editors" / kit)
             self.assertGreaterEqual(len(held), 4)
             kept |= {folder + name: data for name, data in held.items()}
+        kept[DOCS + PAGE.name] = PAGE.read_bytes()
         papers = [DOCS + name for name in ("changelog.gz", "console.md", "copyright", "LICENSE")]
         completions = ["usr/share/bash-completion/completions/vorstek-cli",
                        "usr/share/zsh/vendor-completions/_vorstek-cli",
                        "usr/share/fish/vendor_completions.d/vorstek-cli.fish"]
         self.assertEqual(sorted(self.held),
-                         sorted(["usr/bin/vorstek-cli", PAGE, *completions, *papers, *kept]))
+                         sorted(["usr/bin/vorstek-cli", MANUAL, *completions, *papers, *kept]))
         for name, data in kept.items():
             self.assertEqual(self.held[name], data, name)
 
@@ -123,7 +124,7 @@ class DebianTest(unittest.TestCase):
 
     def test_two_readers_have_no_complaint_about_the_manual(self):
         page = self.root / "page.1"
-        page.write_bytes(gzip.decompress(self.held[PAGE]))
+        page.write_bytes(gzip.decompress(self.held[MANUAL]))
         for command in (("mandoc", "-T", "lint", "-W", "style"),
                         ("man", "--warnings", "--local-file")):
             done = run(*command, page)

@@ -10,6 +10,7 @@ import tempfile
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
+PAGE = ROOT / "build" / "web" / "vorstek.html"
 TIMEOUT = 240
 ARGUMENTS = []      # after the folder
 
