@@ -28,7 +28,7 @@ function fileName(name) {
  * @param {LineFormat} format
  */
 function formatWords(line, format) {
-    const { type, colour, width, style, multiplier, offset } = format;
+    const {type, colour, width, style, multiplier, offset} = format;
     return [line, type, colour, width, style, multiplier, offset].join(" ");
 }
 
@@ -47,9 +47,9 @@ export class Engine {
         this.waiting = new Map();
         this.lastId = 0;
         worker.onmessage = (message) => this.receive(message.data);
-        worker.onerror = (error) => this.receive({ type: "failed", text: error.message });
-        wasm.then((module) => worker.postMessage({ type: "start", wasm: module }))
-            .catch((error) => this.receive({ type: "failed", text: String(error) }));
+        worker.onerror = (error) => this.receive({type: "failed", text: error.message});
+        wasm.then((module) => worker.postMessage({type: "start", wasm: module}))
+            .catch((error) => this.receive({type: "failed", text: String(error)}));
     }
 
     /**
@@ -62,7 +62,7 @@ export class Engine {
 
     /** @param {any} event */
     receive(event) {
-        const { type, ...fields } = event;
+        const {type, ...fields} = event;
         if (type === "done") {
             this.waiting.get(event.id)?.(event);
             this.waiting.delete(event.id);
@@ -83,7 +83,7 @@ export class Engine {
     /** @param {Promise<string>} answer */
     async reply(answer) {
         const text = await answer.catch(() => "cancel");
-        this.worker.postMessage({ type: "reply", text });
+        this.worker.postMessage({type: "reply", text});
     }
 
     /** @param {Promise<ChosenFile | null>} chosen */
@@ -93,14 +93,14 @@ export class Engine {
         this.worker.postMessage({
             type: "reply",
             text: name,
-            file: file?.bytes && { name, bytes: file.bytes },
+            file: file?.bytes && {name, bytes: file.bytes},
         });
     }
 
     /** Nothing more comes from the worker. */
     giveUp() {
         for (const resolve of this.waiting.values()) {
-            resolve({ ok: false });
+            resolve({ok: false});
         }
         this.waiting.clear();
     }
@@ -111,7 +111,7 @@ export class Engine {
      * @param {string} words
      */
     tell(words) {
-        this.worker.postMessage({ type: "request", text: `0 ${words}` });
+        this.worker.postMessage({type: "request", text: `0 ${words}`});
     }
 
     /**
@@ -125,7 +125,7 @@ export class Engine {
         this.worker.postMessage({
             type: "request",
             text: `${id} ${words}\n${body}`,
-            file: file?.bytes && { name: body, bytes: file.bytes },
+            file: file?.bytes && {name: body, bytes: file.bytes},
         });
         return new Promise((resolve) => this.waiting.set(id, resolve));
     }
@@ -182,7 +182,7 @@ export class Engine {
     }
 
     /** @param {Options} options */
-    setOptions({ keepListing, keepRegisters, trace, soundOff }) {
+    setOptions({keepListing, keepRegisters, trace, soundOff}) {
         const words = [keepListing, keepRegisters, trace, soundOff].map(bit).join(" ");
         return this.succeeds(`options ${words}`);
     }
@@ -257,12 +257,14 @@ export class Engine {
 
     /** @param {GraphSettings} settings */
     setGraph(settings) {
-        const { xTicks, yTicks, xMin, xMax, yMin, yMax, xGrid, yGrid, legend } = settings;
-        const { axisColour, textColour, background } = settings;
-        const words = [xTicks, yTicks, xMin, xMax, yMin, yMax, bit(xGrid), bit(yGrid), bit(legend),
-            axisColour, textColour, background].join(" ");
-        return this.succeeds(`setGraph ${words}`,
-            `${oneLine(settings.title)}\n${oneLine(settings.label)}`);
+        const {xTicks, yTicks, xMin, xMax, yMin, yMax, xGrid, yGrid, legend} = settings;
+        const {axisColour, textColour, background} = settings;
+        const words = [
+            xTicks, yTicks, xMin, xMax, yMin, yMax, bit(xGrid), bit(yGrid), bit(legend), axisColour,
+            textColour, background
+        ].join(" ");
+        return this.succeeds(
+            `setGraph ${words}`, `${oneLine(settings.title)}\n${oneLine(settings.label)}`);
     }
 
     /**
@@ -319,16 +321,16 @@ export class Engine {
      * @param {LinePoints} points
      * @param {LineFormat} format
      */
-    addLine({ text, withX }, format) {
-        return this.succeeds(`addLine ${formatWords(bit(withX), format)}`,
-            `${oneLine(format.label)}\n${text}`);
+    addLine({text, withX}, format) {
+        return this.succeeds(
+            `addLine ${formatWords(bit(withX), format)}`, `${oneLine(format.label)}\n${text}`);
     }
 
     /**
      * @param {number} line
      * @param {LinePoints} points
      */
-    replacePoints(line, { text, withX }) {
+    replacePoints(line, {text, withX}) {
         return this.succeeds(`replacePoints ${line} ${bit(withX)}`, text);
     }
 

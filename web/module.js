@@ -1,6 +1,6 @@
 // module.js - runs vorstek.wasm: lets it suspend itself and keeps its requests.
 
-import { MemoryDisk } from "./wasi.js";
+import {MemoryDisk} from "./wasi.js";
 
 // Of asyncify: what the module is doing, beside running normally.
 const UNWINDING = 1;
@@ -33,10 +33,10 @@ export class CalculatorModule {
         /** @type {((reply: string) => void) | null} */
         this.answer = null;
         this.reply = new Uint8Array();
-        this.busy = true; // until it has started
+        this.busy = true;  // until it has started
         /** @type {Promise<number>} */
         this.pending = Promise.resolve(0);
-        this.result = 0; // of the call that was suspended
+        this.result = 0;  // of the call that was suspended
         /** @type {any} */
         this.exports = null;
         this.failed = false;
@@ -97,7 +97,7 @@ export class CalculatorModule {
         } catch (error) {
             if (!this.failed) {
                 this.failed = true;
-                this.post({ type: "failed", text: String(error) });
+                this.post({type: "failed", text: String(error)});
             }
         }
         this.busy = this.failed;
@@ -137,7 +137,7 @@ export class CalculatorModule {
     saved(name, bytes) {
         if (!name.startsWith("~")) {
             this.disk.remove(name);
-            this.post({ type: "saved", name, bytes }, [bytes.buffer]);
+            this.post({type: "saved", name, bytes}, [bytes.buffer]);
         }
     }
 
@@ -168,12 +168,12 @@ export class CalculatorModule {
                 /** @type {number} */ count,
                 /** @type {number} */ texts,
                 /** @type {number} */ length,
-            ) => {
+                ) => {
                 const memory = this.exports.memory.buffer;
                 const operations = new Int32Array(memory, numbers, count).slice();
                 const list = this.textAt(texts, length).split("\0").slice(0, -1);
-                this.post({ type: "picture", width, height, operations, texts: list },
-                    [operations.buffer]);
+                this.post(
+                    {type: "picture", width, height, operations, texts: list}, [operations.buffer]);
             },
             wait: (/** @type {number} */ milliseconds) =>
                 this.suspend(() => (milliseconds > 0 ? later(milliseconds) : oneTurn())),

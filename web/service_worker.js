@@ -11,7 +11,7 @@ const scope = /** @type {any} */ (self);
 /** Past the browser's other cache, which may hold files of several versions. */
 async function fetchAll() {
     const cache = await caches.open(CACHE);
-    await cache.addAll(FILES.map((file) => new Request(file, { cache: "reload" })));
+    await cache.addAll(FILES.map((file) => new Request(file, {cache: "reload"})));
 }
 
 async function removeOthers() {
@@ -25,7 +25,7 @@ async function removeOthers() {
 /** @param {Request} request */
 async function answerTo(request) {
     const cache = await caches.open(CACHE);
-    return (await cache.match(request, { ignoreSearch: true })) ?? fetch(request);
+    return (await cache.match(request, {ignoreSearch: true})) ?? fetch(request);
 }
 
 scope.addEventListener("install", (/** @type {any} */ event) => event.waitUntil(fetchAll()));

@@ -47,7 +47,7 @@ export class MemoryDisk {
      */
     put(name, bytes) {
         const copy = new Uint8Array(bytes);
-        this.files.set(name, { name, bytes: copy, length: copy.length, number: this.nextNumber++ });
+        this.files.set(name, {name, bytes: copy, length: copy.length, number: this.nextNumber++});
     }
 
     /** @param {string} name */
@@ -80,7 +80,7 @@ export class MemoryDisk {
         if (number === ROOT) {
             return FOLDER;
         }
-        return this.opened.has(number) ? REGULAR : 2; // a terminal: standard streams
+        return this.opened.has(number) ? REGULAR : 2;  // a terminal: standard streams
     }
 
     /**
@@ -178,7 +178,7 @@ export class MemoryDisk {
         while (this.opened.has(number)) {
             number++;
         }
-        this.opened.set(number, { file, at: 0, append: (flags & APPEND) !== 0 });
+        this.opened.set(number, {file, at: 0, append: (flags & APPEND) !== 0});
         this.view().setUint32(result, number, true);
         return SUCCESS;
     }
@@ -226,15 +226,16 @@ export class MemoryDisk {
                 /** @type {number} */ clock,
                 /** @type {bigint} */ precision,
                 /** @type {number} */ result,
-            ) => {
+                ) => {
                 const milliseconds = clock === 0 ? Date.now() : performance.now();
                 this.view().setBigUint64(result, BigInt(Math.round(milliseconds * 1e6)), true);
                 return SUCCESS;
             },
-            fd_close: (/** @type {number} */ number) => (this.opened.delete(number) ? SUCCESS : BADF),
+            fd_close: (/** @type {number} */ number) =>
+                (this.opened.delete(number) ? SUCCESS : BADF),
             fd_fdstat_get: (/** @type {number} */ number, /** @type {number} */ result) => {
                 this.bytesAt(result, 24).fill(0);
-                this.bytesAt(result + 8, 16).fill(255); // all rights
+                this.bytesAt(result + 8, 16).fill(255);  // all rights
                 this.view().setUint8(result, this.flags(number));
                 return number <= ROOT || this.opened.has(number) ? SUCCESS : BADF;
             },
@@ -256,7 +257,7 @@ export class MemoryDisk {
                 return number === ROOT ? SUCCESS : BADF;
             },
             fd_prestat_dir_name: (/** @type {number} */ number, /** @type {number} */ name) => {
-                this.bytesAt(name, 1)[0] = 47; // "/"
+                this.bytesAt(name, 1)[0] = 47;  // "/"
                 return number === ROOT ? SUCCESS : BADF;
             },
             fd_read: (
@@ -264,9 +265,10 @@ export class MemoryDisk {
                 /** @type {number} */ list,
                 /** @type {number} */ count,
                 /** @type {number} */ result,
-            ) => {
+                ) => {
                 const open = this.opened.get(number);
-                const read = open ? this.forBuffers(list, count, (part) => this.read(open, part)) : 0;
+                const read =
+                    open ? this.forBuffers(list, count, (part) => this.read(open, part)) : 0;
                 this.view().setUint32(result, read, true);
                 return SUCCESS;
             },
@@ -275,14 +277,14 @@ export class MemoryDisk {
                 /** @type {bigint} */ offset,
                 /** @type {number} */ from,
                 /** @type {number} */ result,
-            ) => this.seek(number, offset, from, result),
+                ) => this.seek(number, offset, from, result),
             fd_sync: () => SUCCESS,
             fd_write: (
                 /** @type {number} */ number,
                 /** @type {number} */ list,
                 /** @type {number} */ count,
                 /** @type {number} */ result,
-            ) => {
+                ) => {
                 const open = this.opened.get(number);
                 const each = (/** @type {Uint8Array} */ part) =>
                     open ? this.write(open, part) : part.length;
@@ -295,7 +297,7 @@ export class MemoryDisk {
                 /** @type {number} */ name,
                 /** @type {number} */ length,
                 /** @type {number} */ result,
-            ) => {
+                ) => {
                 const path = this.nameAt(name, length);
                 const file = this.files.get(path) ?? null;
                 this.writeStatus(result, file);
@@ -311,7 +313,7 @@ export class MemoryDisk {
                 /** @type {bigint} */ inherited,
                 /** @type {number} */ flags,
                 /** @type {number} */ result,
-            ) => this.open(this.nameAt(name, length), how, flags, result),
+                ) => this.open(this.nameAt(name, length), how, flags, result),
             path_readlink: () => INVAL,
             path_rename: (
                 /** @type {number} */ folder,
@@ -320,12 +322,12 @@ export class MemoryDisk {
                 /** @type {number} */ other,
                 /** @type {number} */ to,
                 /** @type {number} */ toLength,
-            ) => this.rename(this.nameAt(name, length), this.nameAt(to, toLength)),
+                ) => this.rename(this.nameAt(name, length), this.nameAt(to, toLength)),
             path_unlink_file: (
                 /** @type {number} */ folder,
                 /** @type {number} */ name,
                 /** @type {number} */ length,
-            ) => (this.files.delete(this.nameAt(name, length)) ? SUCCESS : NOENT),
+                ) => (this.files.delete(this.nameAt(name, length)) ? SUCCESS : NOENT),
             proc_exit: (/** @type {number} */ code) => {
                 throw new ProgramExit(code);
             },

@@ -10,11 +10,11 @@ const hands = {
     atFirst: "",    // what the display showed before there was a calculator
     played: [],     // how long the sounds are, in milliseconds
     requests: new Map(),
-    lastRequest: 1000000,   // the page's own requests have smaller numbers
+    lastRequest: 1000000,  // the page's own requests have smaller numbers
 
     ask(text) {
         const id = ++hands.lastRequest;
-        hands.worker.postMessage({ type: "request", text: `${id} ${text}\n` });
+        hands.worker.postMessage({type: "request", text: `${id} ${text}\n`});
         return new Promise((resolve) => hands.requests.set(id, resolve));
     },
 
@@ -32,10 +32,15 @@ const hands = {
     },
 
     see() {
-        const texts = (selector) =>
-            [...document.querySelectorAll(selector)].map((item) => item.textContent);
+        const texts =
+            (selector) => [...document.querySelectorAll(selector)].map((item) => item.textContent);
         const [display] = texts("#display-text");
-        return { kept: hands.kept, display, listing: texts(".listing li"), registers: texts(".registers li") };
+        return {
+            kept: hands.kept,
+            display,
+            listing: texts(".listing li"),
+            registers: texts(".registers li")
+        };
     },
 
     async settle(answers) {
@@ -93,15 +98,15 @@ const hands = {
     },
 
     middle(selector) {
-        const { left, top, width, height } = document.querySelector(selector).getBoundingClientRect();
+        const {left, top, width, height} = document.querySelector(selector).getBoundingClientRect();
         return [left + width / 2, top + height / 2];
     },
 
     /** Presses a button of a dialog; returns when the page has done what it means. */
     async close(name, button) {
         const dialog = document.getElementById(name);
-        const closed = new Promise((resolve) =>
-            dialog.addEventListener("close", () => setTimeout(resolve), { once: true }));
+        const closed = new Promise(
+            (resolve) => dialog.addEventListener("close", () => setTimeout(resolve), {once: true}));
         dialog.querySelector(`[value=${button}]`).click();
         await closed;
     },
@@ -111,7 +116,7 @@ const hands = {
         for (const [name, value] of Object.entries(values)) {
             const field = document.querySelector(`#${dialog} [name=${name}]`);
             field[field.type === "checkbox" ? "checked" : "value"] = value;
-            field.dispatchEvent(new Event("change", { bubbles: true }));
+            field.dispatchEvent(new Event("change", {bubbles: true}));
         }
     },
 
@@ -132,8 +137,8 @@ const hands = {
 
     filled(dialog) {
         const fields = [...document.querySelectorAll(`#${dialog} [name]`)];
-        return Object.fromEntries(fields.map((field) =>
-            [field.name, field.type === "checkbox" ? field.checked : field.value]));
+        return Object.fromEntries(fields.map(
+            (field) => [field.name, field.type === "checkbox" ? field.checked : field.value]));
     },
 
     lit: () => [...document.querySelectorAll(".lamp.lit")].map((lamp) => lamp.dataset.lamp),
@@ -149,7 +154,7 @@ const hands = {
     pixels: (selector) => hands.coloursOf(document.querySelector(selector)),
 
     coloursOf(canvas) {
-        const { data } = canvas.getContext("2d").getImageData(0, 0, canvas.width, canvas.height);
+        const {data} = canvas.getContext("2d").getImageData(0, 0, canvas.width, canvas.height);
         const counts = new Map();
         for (let at = 0; at < data.length; at += 4) {
             const colour = data.slice(at, at + 3).join();
@@ -163,7 +168,7 @@ const hands = {
         const picture = await createImageBitmap(new Blob([bytes]));
         const canvas = new OffscreenCanvas(picture.width, picture.height);
         canvas.getContext("2d").drawImage(picture, 0, 0);
-        return { size: [picture.width, picture.height], colours: hands.coloursOf(canvas) };
+        return {size: [picture.width, picture.height], colours: hands.coloursOf(canvas)};
     },
 
     /** The keys that the arrow keys reach from one of them. */
@@ -173,7 +178,7 @@ const hands = {
             for (const key of ["ArrowLeft", "ArrowRight", "ArrowUp", "ArrowDown"]) {
                 const from = document.querySelector(`[data-code="${code}"]`);
                 from.focus();
-                from.dispatchEvent(new KeyboardEvent("keydown", { key, bubbles: true }));
+                from.dispatchEvent(new KeyboardEvent("keydown", {key, bubbles: true}));
                 reached.add(Number(document.activeElement.dataset.code));
             }
         }
@@ -184,7 +189,7 @@ const hands = {
     buttonsInReach() {
         const buttons = [...document.querySelectorAll("[data-code]")];
         const found = buttons.filter((button) => {
-            const { left, top, width, height } = button.getBoundingClientRect();
+            const {left, top, width, height} = button.getBoundingClientRect();
             return document.elementFromPoint(left + width / 2, top + height / 2) === button;
         });
         return found.map((button) => Number(button.dataset.code)).sort((a, b) => a - b);
@@ -194,7 +199,7 @@ const hands = {
         const data = new DataTransfer();
         data.items.add(new File([text], name));
         document.querySelector(selector).dispatchEvent(
-            new DragEvent("drop", { dataTransfer: data, bubbles: true, cancelable: true }));
+            new DragEvent("drop", {dataTransfer: data, bubbles: true, cancelable: true}));
     },
 };
 
@@ -205,7 +210,7 @@ addEventListener("error", (event) => hands.errors.push(event.message));
 addEventListener("unhandledrejection", (event) => hands.errors.push(String(event.reason)));
 
 const startSound = AudioBufferSourceNode.prototype.start;
-AudioBufferSourceNode.prototype.start = function (...parts) {
+AudioBufferSourceNode.prototype.start = function(...parts) {
     hands.played.push(Math.round(1000 * this.buffer.duration));
     return startSound.apply(this, parts);
 };
@@ -215,11 +220,11 @@ hands.started = new Promise((resolve) => {
         constructor(...parts) {
             super(...parts);
             hands.worker = this;
-            this.addEventListener("message", ({ data }) => {
+            this.addEventListener("message", ({data}) => {
                 if (data.type === "done") {
                     hands.requests.get(data.id)?.(data.value ?? "");
                 } else if (data.type === "state") {
-                    setTimeout(resolve);    // after the page has shown it
+                    setTimeout(resolve);  // after the page has shown it
                 } else if (data.type === "kept") {
                     hands.kept = data.text;
                 } else if (data.type === "picture") {

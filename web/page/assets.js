@@ -34,7 +34,7 @@ export async function assetBytes(path) {
 export function assetWorker() {
     const bytes = embedded("worker.js");
     if (!bytes) {
-        return new Worker("worker.js", { type: "module" });
+        return new Worker("worker.js", {type: "module"});
     }
-    return new Worker(URL.createObjectURL(new Blob([bytes], { type: "text/javascript" })));
+    return new Worker(URL.createObjectURL(new Blob([bytes], {type: "text/javascript"})));
 }

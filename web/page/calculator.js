@@ -1,19 +1,34 @@
 // calculator.js - the commands of the page, and what the calculator says to it.
 
-import { Engine } from "../engine.js";
-import { assetBytes, assetWorker } from "./assets.js";
-import { askFileName, askOptions, askQuestion, askShared, chooseExample, showDialog, showLink,
-    tell } from "./dialogs.js";
-import { Display, FIRST_DISPLAY, spokenDisplay } from "./display.js";
-import { Face } from "./face.js";
-import { acceptDrops, chooseFile, saveFile } from "./files.js";
-import { GraphPane } from "./graph.js";
-import { Keyboard } from "./keyboard.js";
-import { hasProgram, linkOf, listingBytes, programOfLink, storedDisplay, storedState,
-    storeState } from "./kept.js";
-import { Menus } from "./menus.js";
-import { LinePane, TracePane } from "./panes.js";
-import { Sounds } from "./sounds.js";
+import {Engine} from "../engine.js";
+import {assetBytes, assetWorker} from "./assets.js";
+import {
+    askFileName,
+    askOptions,
+    askQuestion,
+    askShared,
+    chooseExample,
+    showDialog,
+    showLink,
+    tell
+} from "./dialogs.js";
+import {Display, FIRST_DISPLAY, spokenDisplay} from "./display.js";
+import {Face} from "./face.js";
+import {acceptDrops, chooseFile, saveFile} from "./files.js";
+import {GraphPane} from "./graph.js";
+import {Keyboard} from "./keyboard.js";
+import {
+    hasProgram,
+    linkOf,
+    listingBytes,
+    programOfLink,
+    storedDisplay,
+    storedState,
+    storeState
+} from "./kept.js";
+import {Menus} from "./menus.js";
+import {LinePane, TracePane} from "./panes.js";
+import {Sounds} from "./sounds.js";
 
 /** @typedef {import("../engine").DisplayLine} DisplayLine */
 /** @typedef {import("../engine").State} State */
@@ -34,7 +49,7 @@ export class Calculator {
         this.engine = null;
         /** @type {State} */
         this.state = {};
-        this.shows = false;     // what the calculator says; until then what it will say
+        this.shows = false;  // what the calculator says; until then what it will say
         this.face = new Face(find("main .face"), (code, down) => this.engine?.key(code, down));
         this.display = new Display(find(".display"));
         this.sounds = new Sounds();
@@ -51,17 +66,17 @@ export class Calculator {
         // Keys that come before the module has started wait in the worker.
         const engine = new Engine(assetWorker(), assetBytes("vorstek.wasm"), {
             ask: askQuestion,
-            askFile: ({ dialog, name }) => this.askFile(dialog, name),
+            askFile: ({dialog, name}) => this.askFile(dialog, name),
         });
         this.engine = engine;
         this.graph = new GraphPane(find(".pane.graph"), engine);
         this.keyboard = new Keyboard(engine, this.face, (command) => this.perform(command));
         engine.on("sound", (sound) => this.sounds.play(sound.name));
-        engine.on("trace", ({ text }) => this.trace.add(text));
-        engine.on("saved", ({ name, bytes }) => saveFile(name, bytes, "text/plain"));
-        engine.on("failed", ({ text }) => this.fail(text));
+        engine.on("trace", ({text}) => this.trace.add(text));
+        engine.on("saved", ({name, bytes}) => saveFile(name, bytes, "text/plain"));
+        engine.on("failed", ({text}) => this.fail(text));
         engine.on("state", (state) => this.onState(state));
-        engine.on("kept", ({ text }) => storeState(text, this.state));
+        engine.on("kept", ({text}) => storeState(text, this.state));
         acceptDrops((file, target) => this.openDropped(file, target), tell);
         addEventListener("hashchange", () => this.openLink());
         const stored = storedState();
@@ -93,7 +108,7 @@ export class Calculator {
         if (!this.shows) {
             return;
         }
-        const { display, lamps, modes, listing, registers, options, disabled, file } = state;
+        const {display, lamps, modes, listing, registers, options, disabled, file} = state;
         if (display) {
             this.showDisplay(display);
         }
@@ -132,7 +147,8 @@ export class Calculator {
     layPanes() {
         const panes = /** @type {HTMLElement} */ (find(".panes"));
         const shown = panes.querySelectorAll(":scope > .pane:not([hidden])");
-        const besideEachOther = panes.querySelectorAll(":scope > .pane:not(.graph, [hidden])").length;
+        const besideEachOther =
+            panes.querySelectorAll(":scope > .pane:not(.graph, [hidden])").length;
         const any = shown.length > 0;
         panes.hidden = !any;
         panes.style.setProperty("--columns", String(Math.max(1, besideEachOther)));
@@ -149,7 +165,7 @@ export class Calculator {
     async askFile(dialog, name) {
         if (dialog === "save") {
             const chosen = await askFileName(name);
-            return chosen ? { name: chosen } : null;
+            return chosen ? {name: chosen} : null;
         }
         try {
             return await chooseFile();
@@ -173,15 +189,15 @@ export class Calculator {
 
     async openLink() {
         try {
-            const { hash } = location;
+            const {hash} = location;
             // A reload shows what the user did with the program, not the program again.
             if (hasProgram(hash)) {
                 history.replaceState(null, "", location.href.replace(/#.*$/s, ""));
             }
             const program = programOfLink(hash);
             if (program && await askShared(program.listing)) {
-                const { name, listing } = program;
-                await this.engine?.open({ name, bytes: listingBytes(listing) });
+                const {name, listing} = program;
+                await this.engine?.open({name, bytes: listingBytes(listing)});
             }
         } catch (error) {
             await tell(error instanceof Error ? error.message : String(error));
@@ -193,7 +209,7 @@ export class Calculator {
     /** @param {string} command of a menu or a key */
     perform(command) {
         const engine = this.engine;
-        const { options, graph, file } = this.state;
+        const {options, graph, file} = this.state;
         if (!engine || !options || document.querySelector("dialog[open]")) {
             return;
         }
@@ -209,8 +225,8 @@ export class Calculator {
             saveTrace: () => saveFile("TRACELOG.TXT", this.trace.text, "text/plain"),
             print: () => this.print(),
             graph: () => engine.showGraph(!graph?.shown),
-            listing: () => engine.setOptions({ ...options, keepListing: !options.keepListing }),
-            registers: () => engine.setOptions({ ...options, keepRegisters: !options.keepRegisters }),
+            listing: () => engine.setOptions({...options, keepListing: !options.keepListing}),
+            registers: () => engine.setOptions({...options, keepRegisters: !options.keepRegisters}),
             options: async () => {
                 const chosen = await askOptions(options);
                 return chosen && engine.setOptions(chosen);
@@ -228,7 +244,7 @@ export class Calculator {
         const name = await chooseExample(examples);
         const example = examples.find((one) => one.name === name);
         if (example) {
-            await this.engine?.open({ name, bytes: listingBytes(example.text) });
+            await this.engine?.open({name, bytes: listingBytes(example.text)});
         }
     }
 

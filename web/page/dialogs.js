@@ -31,7 +31,7 @@ export function showDialog(id) {
     dialog.returnValue = "";
     dialog.showModal();
     return new Promise((resolve) => {
-        dialog.addEventListener("close", () => resolve(dialog.returnValue), { once: true });
+        dialog.addEventListener("close", () => resolve(dialog.returnValue), {once: true});
     });
 }
 
@@ -39,7 +39,7 @@ export function showDialog(id) {
  * @param {Question} question
  * @returns {Promise<Answer>}
  */
-export async function askQuestion({ text, caption, buttons, icon }) {
+export async function askQuestion({text, caption, buttons, icon}) {
     const dialog = dialogNamed("question");
     const rows = BUTTONS[buttons];
     /** @type {HTMLElement} */ (dialog.querySelector("h2")).textContent = caption || "Vorstek";
@@ -61,7 +61,7 @@ export async function askQuestion({ text, caption, buttons, icon }) {
  * @param {string} text
  */
 export function tell(text) {
-    return askQuestion({ text, caption: "Vorstek", buttons: "ok", icon: "error" });
+    return askQuestion({text, caption: "Vorstek", buttons: "ok", icon: "error"});
 }
 
 /**
@@ -110,7 +110,7 @@ export async function askOptions(options) {
  */
 export async function chooseExample(examples) {
     const list = /** @type {HTMLElement} */ (dialogNamed("examples").querySelector(".choices"));
-    list.replaceChildren(...examples.map(({ name, title }) => {
+    list.replaceChildren(...examples.map(({name, title}) => {
         const item = document.createElement("li");
         const button = document.createElement("button");
         const small = document.createElement("small");

@@ -2,7 +2,7 @@
 
 /** @typedef {import("../engine").DisplayLine} DisplayLine */
 
-const LEFT = 44;            // of the canvas on the face, as in page.css
+const LEFT = 44;  // of the canvas on the face, as in page.css
 const TOP = 36;
 const WIDTH = 218;
 const HEIGHT = 58;
@@ -12,8 +12,14 @@ const UNLIT = "rgb(255 40 30 / 7%)";
 const GLOW = "rgb(255 40 20 / 80%)";
 
 /** Size of a character's cell, in pixels of the face; digits of a large line are higher. */
-const CELLS = { large: { width: 10, height: 16 }, small: { width: 6, height: 11 } };
-const DIGITS = { large: { width: 10.4, height: 20 }, small: { width: 6, height: 10 } };
+const CELLS = {
+    large: {width: 10, height: 16},
+    small: {width: 6, height: 11}
+};
+const DIGITS = {
+    large: {width: 10.4, height: 20},
+    small: {width: 6, height: 10}
+};
 
 /**
  * Segments of a character: a top, b and c right, d bottom, e and f left, g middle,
@@ -22,9 +28,20 @@ const DIGITS = { large: { width: 10.4, height: 20 }, small: { width: 6, height: 
  * @type {Record<string, string>}
  */
 const SEGMENTS = {
-    "0": "abcdef", "1": "bc", "2": "abged", "3": "abgcd", "4": "fgbc", "5": "afgcd",
-    "6": "afgedc", "7": "abc", "8": "abcdefg", "9": "abcdfg", "-": "g", "+": "gv",
-    "e": "adefg", " ": "",
+    "0": "abcdef",
+    "1": "bc",
+    "2": "abged",
+    "3": "abgcd",
+    "4": "fgbc",
+    "5": "afgcd",
+    "6": "afgedc",
+    "7": "abc",
+    "8": "abcdefg",
+    "9": "abcdfg",
+    "-": "g",
+    "+": "gv",
+    "e": "adefg",
+    " ": "",
 };
 
 /**
@@ -33,9 +50,14 @@ const SEGMENTS = {
  * @type {Record<string, number[]>}
  */
 const PLACES = {
-    a: [0.2, 0.06, 0.86, 0.06], b: [0.89, 0.1, 0.85, 0.46], c: [0.84, 0.54, 0.8, 0.9],
-    d: [0.11, 0.94, 0.77, 0.94], e: [0.12, 0.54, 0.08, 0.9], f: [0.17, 0.1, 0.13, 0.46],
-    g: [0.16, 0.5, 0.81, 0.5], v: [0.5, 0.3, 0.46, 0.7],
+    a: [0.2, 0.06, 0.86, 0.06],
+    b: [0.89, 0.1, 0.85, 0.46],
+    c: [0.84, 0.54, 0.8, 0.9],
+    d: [0.11, 0.94, 0.77, 0.94],
+    e: [0.12, 0.54, 0.08, 0.9],
+    f: [0.17, 0.1, 0.13, 0.46],
+    g: [0.16, 0.5, 0.81, 0.5],
+    v: [0.5, 0.3, 0.46, 0.7],
 };
 
 /** A line's words before its number, as of the stack, and its number. */
@@ -47,9 +69,9 @@ const NUMBER = /^([XYZT] {2})?([ +-]?\d[\d.]*(?:e[+-]\d+)?)( *)$/;
  * @type {DisplayLine[]}
  */
 export const FIRST_DISPLAY = [
-    { text: " 0.00", font: "large", left: 59, top: 66 },
-    { text: "deg", font: "small", left: 234, top: 40 },
-    { text: "LastOp:", font: "small", left: 50, top: 42 },
+    {text: " 0.00", font: "large", left: 59, top: 66},
+    {text: "deg", font: "small", left: 234, top: 40},
+    {text: "LastOp:", font: "small", left: 50, top: 42},
 ];
 
 /** @param {DisplayLine[]} lines */
@@ -82,7 +104,7 @@ export class Display {
     }
 
     draw() {
-        const { context, scale } = this;
+        const {context, scale} = this;
         context.setTransform(scale, 0, 0, scale, -LEFT * scale, -TOP * scale);
         context.clearRect(LEFT, TOP, WIDTH, HEIGHT);
         context.shadowColor = GLOW;
@@ -92,7 +114,7 @@ export class Display {
     }
 
     /** @param {DisplayLine} line */
-    drawLine({ text, font, left, top }) {
+    drawLine({text, font, left, top}) {
         const cell = CELLS[font];
         const number = NUMBER.exec(text);
         const word = number ? number[1] ?? "" : text;
@@ -119,7 +141,7 @@ export class Display {
      * @param {number} top
      */
     drawWord(word, font, left, top) {
-        const { context } = this;
+        const {context} = this;
         const cell = CELLS[font];
         context.font = `${font === "large" ? "bold " : ""}${cell.width / 0.602}px ` +
             `"Liberation Mono", "DejaVu Sans Mono", ui-monospace, Menlo, Consolas, monospace`;
@@ -135,8 +157,8 @@ export class Display {
      * @param {"large" | "small"} font
      */
     drawPoint(left, top, font) {
-        const { context } = this;
-        const { width, height } = DIGITS[font];
+        const {context} = this;
+        const {width, height} = DIGITS[font];
         context.fillStyle = LIT;
         context.shadowBlur = this.scale * 3;
         context.beginPath();
@@ -151,8 +173,8 @@ export class Display {
      * @param {"large" | "small"} font
      */
     drawDigit(character, left, top, font) {
-        const { context } = this;
-        const { width, height } = DIGITS[font];
+        const {context} = this;
+        const {width, height} = DIGITS[font];
         const lit = SEGMENTS[character] ?? "";
         const thin = font === "small";
         context.lineWidth = width * (thin ? 0.14 : 0.16);

@@ -4,28 +4,28 @@
 /** @typedef {import("../engine").Lamps} Lamps */
 /** @typedef {import("../engine").Modes} Modes */
 
-const FACE_WIDTH = 306;     // pixels, as the picture at its own size
+const FACE_WIDTH = 306;  // pixels, as the picture at its own size
 const FACE_HEIGHT = 567;
-const UPPER_HALF = 295;     // of the height; the lower half has the rest
-const SWITCH_TRAVEL = 12;   // pixels of the thumb; also the last frame of its picture
-const SLIDE_TIME = 90;      // milliseconds
-const CLICK_TIME = 100;     // a key that is pressed without a pointer stays down as long
-const VIBRATION = 8;        // milliseconds
-const BAR_HEIGHT = 36;      // above the face, as in page.css
+const UPPER_HALF = 295;    // of the height; the lower half has the rest
+const SWITCH_TRAVEL = 12;  // pixels of the thumb; also the last frame of its picture
+const SLIDE_TIME = 90;     // milliseconds
+const CLICK_TIME = 100;    // a key that is pressed without a pointer stays down as long
+const VIBRATION = 8;       // milliseconds
+const BAR_HEIGHT = 36;     // above the face, as in page.css
 const MARGIN = 8;
 
 const STACK_SWITCH = 31;
 const RUN_SWITCH = 32;
 
-const FIRST_FOCUS = 11;     // ENTER
+const FIRST_FOCUS = 11;  // ENTER
 
-const ARROWS = new Map([["ArrowLeft", [-1, 0]], ["ArrowRight", [1, 0]], ["ArrowUp", [0, -1]],
-    ["ArrowDown", [0, 1]]]);
+const ARROWS = new Map(
+    [["ArrowLeft", [-1, 0]], ["ArrowRight", [1, 0]], ["ArrowUp", [0, -1]], ["ArrowDown", [0, 1]]]);
 
 /** @param {HTMLElement} element */
 function middle(element) {
-    const { left, top, width, height } = element.getBoundingClientRect();
-    return { x: left + width / 2, y: top + height / 2 };
+    const {left, top, width, height} = element.getBoundingClientRect();
+    return {x: left + width / 2, y: top + height / 2};
 }
 
 /**
@@ -41,7 +41,7 @@ export function faceSize(width, height, besidePanes) {
     const stacked = Math.min(across / FACE_WIDTH, room / FACE_HEIGHT);
     const beside = Math.min((width - 2 * MARGIN) / (2 * FACE_WIDTH), room / UPPER_HALF);
     const sideBySide = stacked < 0.85 && beside > stacked;
-    return { unit: Math.max(0.5, Math.min(2.5, sideBySide ? beside : stacked)), sideBySide };
+    return {unit: Math.max(0.5, Math.min(2.5, sideBySide ? beside : stacked)), sideBySide};
 }
 
 /**
@@ -95,7 +95,7 @@ export class Face {
      */
     place(element) {
         const [left, top, width, height, strip] = (element.dataset.place ?? "").split(" ");
-        for (const [name, value] of Object.entries({ left, top, width, height, strip })) {
+        for (const [name, value] of Object.entries({left, top, width, height, strip})) {
             element.style.setProperty(`--${name}`, value);
         }
     }
@@ -105,7 +105,8 @@ export class Face {
         const code = Number(button.dataset.code);
         this.buttons.set(code, button);
         button.addEventListener("pointerdown", (event) => this.onPointerDown(event, code));
-        for (const name of /** @type {const} */ (["pointerup", "pointercancel", "lostpointercapture"])) {
+        for (const name of /** @type {const} */ (
+                 ["pointerup", "pointercancel", "lostpointercapture"])) {
             button.addEventListener(name, (event) => this.onPointerUp(event));
         }
         button.addEventListener("pointermove", (event) => this.onPointerMove(event));
@@ -135,7 +136,7 @@ export class Face {
         navigator.vibrate?.(VIBRATION);
         if (code >= STACK_SWITCH) {
             const frame = this.frames.get(code) ?? 0;
-            this.drag = { code, pointer: event.pointerId, x: event.clientX, frame, moved: false };
+            this.drag = {code, pointer: event.pointerId, x: event.clientX, frame, moved: false};
             return;
         }
         this.held.set(event.pointerId, code);
@@ -373,7 +374,7 @@ export class Face {
     /** Fits the face into the window. */
     lay() {
         const root = document.documentElement;
-        const { unit, sideBySide } = faceSize(innerWidth, innerHeight, this.besidePanes);
+        const {unit, sideBySide} = faceSize(innerWidth, innerHeight, this.besidePanes);
         const even = evenUnit(unit, devicePixelRatio);
         const needed = even * devicePixelRatio;
         this.unit = even;

@@ -12,7 +12,7 @@ async function read(file) {
     if (file.size > MOST_BYTES) {
         throw new Error(`${file.name} is too large: more than 16 MB`);
     }
-    return { name: file.name, bytes: new Uint8Array(await file.arrayBuffer()) };
+    return {name: file.name, bytes: new Uint8Array(await file.arrayBuffer())};
 }
 
 /**
@@ -28,7 +28,7 @@ export function chooseFile() {
             const file = input.files?.[0];
             resolve(file ? read(file) : null);
         };
-        input.addEventListener("cancel", () => resolve(null), { once: true });
+        input.addEventListener("cancel", () => resolve(null), {once: true});
         try {
             input.showPicker();
         } catch (error) {
@@ -46,7 +46,7 @@ export function chooseFile() {
  */
 export function saveFile(name, content, type) {
     const link = document.createElement("a");
-    link.href = URL.createObjectURL(new Blob([content], { type }));
+    link.href = URL.createObjectURL(new Blob([content], {type}));
     link.download = name;
     document.body.append(link);
     link.click();

@@ -1,10 +1,10 @@
 // graph.js - the graph beside the face: its picture, the readout of points, its files.
 
-import { askLine, askNewPoints, askPlot, askPoints } from "./graph_dialogs.js";
-import { askFileName, tell } from "./dialogs.js";
-import { chooseFile, saveFile } from "./files.js";
-import { Menus } from "./menus.js";
-import { paintPicture } from "./plot_painter.js";
+import {askLine, askNewPoints, askPlot, askPoints} from "./graph_dialogs.js";
+import {askFileName, tell} from "./dialogs.js";
+import {chooseFile, saveFile} from "./files.js";
+import {Menus} from "./menus.js";
+import {paintPicture} from "./plot_painter.js";
 
 /** @typedef {import("../engine").Engine} Engine */
 /** @typedef {import("../engine").GraphPicture} GraphPicture */
@@ -12,10 +12,12 @@ import { paintPicture } from "./plot_painter.js";
 /** @typedef {import("../engine").Readout} Readout */
 
 const PNG_SCALE = 2;
-const STEP = 8;             // pixels that an arrow key moves the readout
+const STEP = 8;  // pixels that an arrow key moves the readout
 
-const ARROWS = new Map([["ArrowLeft", [-STEP, 0]], ["ArrowRight", [STEP, 0]], ["ArrowUp", [0, -STEP]],
-    ["ArrowDown", [0, STEP]]]);
+const ARROWS = new Map([
+    ["ArrowLeft", [-STEP, 0]], ["ArrowRight", [STEP, 0]], ["ArrowUp", [0, -STEP]],
+    ["ArrowDown", [0, STEP]]
+]);
 
 /**
  * Six significant digits as "%.6g" has them: 0.25, 1e+06, -1.5e-05.
@@ -52,9 +54,9 @@ export class GraphPane {
         this.picture = null;
         /** @type {GraphState | null} */
         this.state = null;
-        this.at = { x: -1, y: -1 };     // of the readout; outside while there is none
+        this.at = {x: -1, y: -1};  // of the readout; outside while there is none
         this.asks = false;
-        this.asked = "";                // size of the picture
+        this.asked = "";  // size of the picture
         engine.on("picture", (picture) => this.show(picture));
         new ResizeObserver(() => this.fit()).observe(this.frame);
         this.listen();
@@ -62,7 +64,7 @@ export class GraphPane {
 
     /** @param {GraphState} state */
     setState(state) {
-        const { shown, settings, userRange, points, lines } = state;
+        const {shown, settings, userRange, points, lines} = state;
         this.state = state;
         this.element.hidden = !shown;
         this.menus.setChecked("autoRange", !userRange);
@@ -77,7 +79,7 @@ export class GraphPane {
     // --- the picture
 
     fit() {
-        const { clientWidth, clientHeight } = this.frame;
+        const {clientWidth, clientHeight} = this.frame;
         const shown = !this.element.hidden;
         const size = shown ? `${clientWidth} ${clientHeight}` : "0 0";
         if (size !== this.asked) {
@@ -100,7 +102,7 @@ export class GraphPane {
     // --- readout
 
     listen() {
-        const { canvas } = this;
+        const {canvas} = this;
         canvas.addEventListener("pointerdown", (event) => {
             if (event.isTrusted) {
                 canvas.setPointerCapture(event.pointerId);
@@ -119,8 +121,8 @@ export class GraphPane {
             const way = ARROWS.get(event.key);
             if (way && this.picture) {
                 event.preventDefault();
-                const { width, height } = this.picture;
-                const from = this.at.x < 0 ? { x: width / 2, y: height / 2 } : this.at;
+                const {width, height} = this.picture;
+                const from = this.at.x < 0 ? {x: width / 2, y: height / 2} : this.at;
                 this.readAt(Math.min(width - 1, Math.max(0, from.x + way[0])),
                     Math.min(height - 1, Math.max(0, from.y + way[1])));
             }
@@ -132,7 +134,7 @@ export class GraphPane {
      * @param {number} y
      */
     async readAt(x, y) {
-        this.at = { x, y };
+        this.at = {x, y};
         if (this.asks) {
             return;
         }
@@ -153,7 +155,7 @@ export class GraphPane {
         if (readout) {
             this.mark.style.left = `${readout.left}px`;
             this.mark.style.top = `${readout.top}px`;
-            this.text.textContent = 
+            this.text.textContent =
                 `${readout.label} x,y = ${valueText(readout.x)}, ${valueText(readout.y)}`.trim();
         } else {
             this.text.textContent = "";
@@ -161,7 +163,7 @@ export class GraphPane {
     }
 
     endReadout() {
-        this.at = { x: -1, y: -1 };
+        this.at = {x: -1, y: -1};
         this.showReadout(null);
     }
 
@@ -169,11 +171,11 @@ export class GraphPane {
 
     /** @param {string} command */
     async perform(command) {
-        const { engine, state } = this;
+        const {engine, state} = this;
         if (!state) {
             return;
         }
-        const { settings } = state;
+        const {settings} = state;
         const grid = !(settings.xGrid || settings.yGrid);
         /** @type {Record<string, () => any>} */
         const commands = {
@@ -218,13 +220,13 @@ export class GraphPane {
     }
 
     size() {
-        const { width = 640, height = 480 } = this.picture ?? {};
-        return { width, height };
+        const {width = 640, height = 480} = this.picture ?? {};
+        return {width, height};
     }
 
     /** @param {string} name */
     async saveSvg(name) {
-        const { width, height } = this.size();
+        const {width, height} = this.size();
         saveFile(name, await this.engine.graphSvg(width, height), "image/svg+xml");
     }
 

@@ -1,7 +1,7 @@
 // graph_dialogs.js - the dialogs of the graph: plot, line, points.
 
-import { dialogNamed, showDialog, tell } from "./dialogs.js";
-import { colourText } from "./plot_painter.js";
+import {dialogNamed, showDialog, tell} from "./dialogs.js";
+import {colourText} from "./plot_painter.js";
 
 /** @typedef {import("../engine").Engine} Engine */
 /** @typedef {import("../engine").GraphLine} GraphLine */
@@ -107,8 +107,15 @@ function nameStyles(fields) {
 function formatOf(fields) {
     const [type, width, style, multiplier, offset] =
         LINE_NUMBERS.map((name) => Number(fields[name].value));
-    return { label: fields["label"].value, colour: colourNumber(fields["colour"].value), type, width,
-        style, multiplier, offset };
+    return {
+        label: fields["label"].value,
+        colour: colourNumber(fields["colour"].value),
+        type,
+        width,
+        style,
+        multiplier,
+        offset
+    };
 }
 
 /**
@@ -145,7 +152,8 @@ export async function askPoints(engine, lines) {
     fields["line"].onchange = show;
     await show();
     if ((await showDialog("points")) === "ok") {
-        await engine.replacePoints(Number(fields["line"].value), { text: fields["text"].value, withX });
+        await engine.replacePoints(
+            Number(fields["line"].value), {text: fields["text"].value, withX});
     }
 }
 
@@ -165,12 +173,19 @@ function showPointsDialog(caption, choosesLine) {
  */
 export async function askNewPoints(engine, withX) {
     const fields = fieldsOf("points");
-    showPointsDialog(withX ? "Enter one point on each line, as x,y:"
-        : "Enter one y value on each line:", false);
+    showPointsDialog(
+        withX ? "Enter one point on each line, as x,y:" : "Enter one y value on each line:", false);
     fields["text"].value = "";
     if ((await showDialog("points")) !== "ok") {
         return;
     }
-    await engine.addLine({ text: fields["text"].value, withX },
-        { label: "manually added", type: 0, colour: 0, width: 1, style: 0, multiplier: 1, offset: 0 });
+    await engine.addLine({text: fields["text"].value, withX}, {
+        label: "manually added",
+        type: 0,
+        colour: 0,
+        width: 1,
+        style: 0,
+        multiplier: 1,
+        offset: 0
+    });
 }

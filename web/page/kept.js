@@ -6,7 +6,7 @@
 
 const STORAGE_NAME = "vorstek";
 const DISPLAY_NAME = "vorstek display";
-const MOST_LISTING = 60000;     // characters of a program in a link
+const MOST_LISTING = 60000;  // characters of a program in a link
 const MOST_NAME = 80;
 
 export function storedState() {
@@ -18,7 +18,7 @@ export function storedState() {
 }
 
 /** @param {any} line */
-function isDisplayLine({ text, font, left, top }) {
+function isDisplayLine({text, font, left, top}) {
     return typeof text === "string" && (font === "large" || font === "small")
         && Number.isFinite(left) && Number.isFinite(top);
 }
@@ -41,7 +41,7 @@ export function storedDisplay() {
  * @param {string} text
  * @param {State} state that it comes from
  */
-export function storeState(text, { display, modes }) {
+export function storeState(text, {display, modes}) {
     try {
         localStorage.setItem(STORAGE_NAME, text);
         // The next start is in run mode with the switch of the stack at rest.
@@ -60,7 +60,7 @@ export function storeState(text, { display, modes }) {
  * @param {string} name
  */
 export function linkOf(listing, name) {
-    const fields = new URLSearchParams({ listing, ...(name && { name }) });
+    const fields = new URLSearchParams({listing, ...(name && {name})});
     return `${location.href.replace(/#.*$/s, "")}#${fields}`;
 }
 
@@ -91,7 +91,7 @@ export function programOfLink(fragment) {
     if (name.length > MOST_NAME || !/^[\w .()-]+$/.test(name) || name.startsWith(".")) {
         throw new Error("The name of the program in this link is not a file name.");
     }
-    return { listing, name };
+    return {listing, name};
 }
 
 /**

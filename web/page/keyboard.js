@@ -8,13 +8,17 @@ const KEY_G = 5;
 const KEY_SST = 1;
 
 /** Keys and switches that function keys press while they are held; F9 is g, then SST. */
-const FUNCTION_KEYS = new Map([["F2", 4], ["F3", KEY_G], ["F4", 8], ["F5", 30], ["F7", 9],
-    ["F8", KEY_SST], ["F11", 31], ["F12", 32]]);
+const FUNCTION_KEYS = new Map([
+    ["F2", 4], ["F3", KEY_G], ["F4", 8], ["F5", 30], ["F7", 9], ["F8", KEY_SST], ["F11", 31],
+    ["F12", 32]
+]);
 
 /** What the engine presses for a character, so that the face can show it. */
-const CHARACTER_KEYS = new Map([["\r", 11], ["e", 13], ["-", 15], ["7", 16], ["8", 17], ["9", 18],
-    ["+", 19], ["4", 20], ["5", 21], ["6", 22], ["*", 23], ["1", 24], ["2", 25], ["3", 26],
-    ["/", 27], ["0", 28], [".", 29]]);
+const CHARACTER_KEYS = new Map([
+    ["\r", 11], ["e", 13], ["-", 15], ["7", 16], ["8", 17], ["9", 18], ["+", 19], ["4", 20],
+    ["5", 21], ["6", 22], ["*", 23], ["1", 24], ["2", 25], ["3", 26], ["/", 27], ["0", 28],
+    [".", 29]
+]);
 
 const COMMANDS = new Map([["o", "open"], ["s", "save"], ["p", "print"]]);
 
@@ -49,9 +53,9 @@ export class Keyboard {
             || document.querySelector("dialog[open]")) {
             return;
         }
-        const used = event.ctrlKey || event.metaKey ? this.onCommand(event)
-            : event.altKey ? false
-            : this.onFunctionKey(event) || this.onCharacter(event, target);
+        const used = event.ctrlKey || event.metaKey ? this.onCommand(event) :
+            event.altKey                            ? false :
+                           this.onFunctionKey(event) || this.onCharacter(event, target);
         if (used) {
             event.preventDefault();
         }
@@ -134,8 +138,8 @@ export class Keyboard {
      */
     onCharacter(event, target) {
         const character = characterOf(event);
-        const pressesButton = target instanceof HTMLButtonElement
-            && (character === "\r" || character === " ");
+        const pressesButton =
+            target instanceof HTMLButtonElement && (character === "\r" || character === " ");
         if (!character || pressesButton) {
             return false;
         }

@@ -1,6 +1,6 @@
 // main.js - starts the calculator of the page.
 
-import { Calculator } from "./calculator.js";
+import {Calculator} from "./calculator.js";
 
 new Calculator().start();
 

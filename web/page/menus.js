@@ -5,7 +5,11 @@
  *
  * @type {Record<string, string>}
  */
-const MENU_LOCKS = { examples: "open", listing: "options", registers: "options" };
+const MENU_LOCKS = {
+    examples: "open",
+    listing: "options",
+    registers: "options"
+};
 
 export class Menus {
     /**

@@ -2,7 +2,7 @@
 
 /** @typedef {import("../engine").Box} Box */
 
-const MOST_TRACE = 200000;      // characters that are shown; the saved trace has all
+const MOST_TRACE = 200000;  // characters that are shown; the saved trace has all
 const MOST_KEPT_TRACE = 20000000;
 
 export class LinePane {
@@ -16,9 +16,10 @@ export class LinePane {
     }
 
     /** @param {Box} box */
-    show({ lines, highlight, shown }) {
+    show({lines, highlight, shown}) {
         this.element.hidden = !shown;
-        if (lines.length !== this.lines.length || lines.some((line, at) => line !== this.lines[at])) {
+        if (lines.length !== this.lines.length
+            || lines.some((line, at) => line !== this.lines[at])) {
             this.lines = lines;
             this.list.replaceChildren(...lines.map((line) => {
                 const item = document.createElement("li");
@@ -44,7 +45,7 @@ export class LinePane {
 
     /** In the box only: the page does not move. */
     revealMark() {
-        const { list } = this;
+        const {list} = this;
         const item = /** @type {HTMLElement | null} */ (list.querySelector(".here"));
         if (!item) {
             return;

@@ -6,8 +6,8 @@
 /** Pixels drawn and left out, in turn, by the style of a line of width 1. */
 const DASHES = [[], [18, 6], [3, 3], [9, 6, 3, 6], [9, 3, 3, 3, 3, 3]];
 
-const FONT = '14px "Liberation Sans", Arial, Helvetica, sans-serif';
-const ASCENT = 13;          // from the top of a line of text to its base line
+const FONT = "14px \"Liberation Sans\", Arial, Helvetica, sans-serif";
+const ASCENT = 13;  // from the top of a line of text to its base line
 
 /** @type {CanvasTextAlign[]} */
 const ALIGNMENTS = ["left", "center", "right"];
@@ -22,7 +22,7 @@ class Painter {
      * @param {CanvasRenderingContext2D} context
      * @param {GraphPicture} picture
      */
-    constructor(context, { operations, texts }) {
+    constructor(context, {operations, texts}) {
         this.context = context;
         this.numbers = operations;
         this.texts = texts;
@@ -34,8 +34,10 @@ class Painter {
     }
 
     paint() {
-        const operations = [() => {}, () => this.box(), () => this.line(), () => this.polygon(),
-            () => this.text(), () => this.clip(), () => this.context.restore()];
+        const operations = [
+            () => {}, () => this.box(), () => this.line(), () => this.polygon(), () => this.text(),
+            () => this.clip(), () => this.context.restore()
+        ];
         while (this.at < this.numbers.length) {
             operations[this.next()]();
         }
@@ -55,7 +57,7 @@ class Painter {
 
     /** A line along an axis covers whole pixels and ends before its last one. */
     line() {
-        const { context } = this;
+        const {context} = this;
         const style = this.next();
         const width = this.next();
         context.strokeStyle = colourText(this.next());
@@ -87,7 +89,7 @@ class Painter {
     }
 
     polygon() {
-        const { context } = this;
+        const {context} = this;
         context.fillStyle = context.strokeStyle = colourText(this.next());
         const count = this.next();
         context.lineWidth = 1;
@@ -102,7 +104,7 @@ class Painter {
     }
 
     text() {
-        const { context } = this;
+        const {context} = this;
         const x = this.next();
         const y = this.next();
         context.font = FONT;

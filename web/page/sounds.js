@@ -1,7 +1,7 @@
 // sounds.js - plays the calculator's sounds. A browser lets a page sound only after the
 // user has done something with it.
 
-import { assetBytes } from "./assets.js";
+import {assetBytes} from "./assets.js";
 
 const KEY_CLICK = "key_click";
 
@@ -14,15 +14,15 @@ export class Sounds {
         /** @type {AudioBufferSourceNode | null} */
         this.playing = null;
         // Reaching the sound device takes longer than a key may: before the first one.
-        addEventListener("load", () => setTimeout(() => this.prepare()), { once: true });
+        addEventListener("load", () => setTimeout(() => this.prepare()), {once: true});
         for (const name of ["pointerdown", "keydown"]) {
-            addEventListener(name, () => this.wake(), { capture: true, passive: true });
+            addEventListener(name, () => this.wake(), {capture: true, passive: true});
         }
     }
 
     prepare() {
         if (typeof AudioContext !== "undefined" && !this.context) {
-            this.context = new AudioContext({ latencyHint: 0 });
+            this.context = new AudioContext({latencyHint: 0});
             this.buffer(this.context, KEY_CLICK).catch(() => this.buffers.delete(KEY_CLICK));
         }
     }
@@ -43,8 +43,8 @@ export class Sounds {
         if (known) {
             return known;
         }
-        const decoded = assetBytes(`sounds/${name}.wav`)
-            .then((bytes) => context.decodeAudioData(bytes));
+        const decoded =
+            assetBytes(`sounds/${name}.wav`).then((bytes) => context.decodeAudioData(bytes));
         this.buffers.set(name, decoded);
         return decoded;
     }
@@ -62,7 +62,7 @@ export class Sounds {
         try {
             const buffer = await this.buffer(context, name);
             this.playing?.stop();
-            const source = new AudioBufferSourceNode(context, { buffer });
+            const source = new AudioBufferSourceNode(context, {buffer});
             source.connect(context.destination);
             source.start();
             this.playing = source;
