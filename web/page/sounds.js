@@ -13,6 +13,7 @@ export class Sounds {
         this.buffers = new Map();
         /** @type {AudioBufferSourceNode | null} */
         this.playing = null;
+        this.awake = false;  // the user has done something
         // Reaching the sound device takes longer than a key may: before the first one.
         addEventListener("load", () => setTimeout(() => this.prepare()), {once: true});
         for (const name of ["pointerdown", "keydown"]) {
@@ -29,6 +30,7 @@ export class Sounds {
 
     wake() {
         this.prepare();
+        this.awake = true;
         if (this.context?.state === "suspended") {
             this.context.resume().catch(() => {});
         }
@@ -56,7 +58,7 @@ export class Sounds {
      */
     async play(name) {
         const context = this.context;
-        if (!context) {
+        if (!context || !this.awake) {
             return;
         }
         try {
