@@ -21,7 +21,9 @@ public:
 static int PlotTables(const cPlotOptions &Options, const cPictureFile &File,
                       const cStreams &Streams)
 {
-    cTableInput Tables(Options.m_Tables, Streams);
+    cTableInput Tables(Options.m_Tables, Streams,
+                       HasScatter(Options.m_Picture.m_Figure) ? kMostKeptWithMarkers
+                                                              : kMostKeptValues);
     const int   nExitCode = Tables.Load(Options.m_DataFiles);
     if (nExitCode != kExitDone)
         return nExitCode;

@@ -10,10 +10,10 @@
 // Standard input in findings and labels.
 static const char kStdinTable[] = "<stdin>";
 
-cTableInput::cTableInput(const cTableOptions &Options, const cStreams &Streams)
+cTableInput::cTableInput(const cTableOptions &Options, const cStreams &Streams, size_t nMostKept)
     : m_Options(Options), m_Streams(Streams),
       m_Progress(Streams.m_pErr, !Options.m_bNoProgress && CanRedrawErrors()),
-      m_Points(Options.m_Format, &m_Progress)
+      m_Points(Options.m_Format, &m_Progress, nMostKept)
 {
 }
 

@@ -19,8 +19,10 @@ int RefuseStrictly(const cStreams &Streams);
 class cTableInput : public cPointSource
 {
 public:
-    // Options and streams outlive the input.
-    cTableInput(const cTableOptions &Options, const cStreams &Streams);
+    // Options and streams outlive the input. Tables of up to nMostKept values are kept
+    // in memory.
+    cTableInput(const cTableOptions &Options, const cStreams &Streams,
+                size_t nMostKept = kMostKeptValues);
 
     // Opens the tables, "-" for standard input, and reads each to its end. Findings
     // go to standard error, as those of listings look:

@@ -34,3 +34,11 @@ cLineLook LookOfLine(const cFigure &Figure, size_t nLine)
     const double dSize  = Chosen(OfLine.m_dMarkerSize, OfAll.m_dMarkerSize, kMarkerSize);
     return {nType, {nInk, dWidth, DashesOfStyle(nStyle), 1}, {nInk, dSize, nShape}};
 }
+
+int HasScatter(const cFigure &Figure)
+{
+    int bScatter = Figure.m_Look.m_nType == gtScatter;
+    for (const auto &Chosen : Figure.m_LineLooks)
+        bScatter |= Chosen.second.m_nType == gtScatter;
+    return bScatter;
+}

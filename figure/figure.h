@@ -67,4 +67,7 @@ struct cLineLook
 // markers of other shapes.
 cLineLook LookOfLine(const cFigure &Figure, size_t nLine);
 
+// 1 if data lines of markers have been chosen.
+int HasScatter(const cFigure &Figure);
+
 #endif

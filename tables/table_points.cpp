@@ -2,8 +2,8 @@
 
 #include <utility>
 
-cTablePoints::cTablePoints(const cTableFormat &Format, cTableWatch *pWatch)
-    : m_Format(Format), m_pWatch(pWatch)
+cTablePoints::cTablePoints(const cTableFormat &Format, cTableWatch *pWatch, size_t nMostKept)
+    : m_Format(Format), m_pWatch(pWatch), m_Kept(nMostKept)
 {
 }
 

@@ -18,8 +18,10 @@
 class cTablePoints : public cPointSource
 {
 public:
-    // pWatch (null: nobody) outlives the points.
-    cTablePoints(const cTableFormat &Format, cTableWatch *pWatch);
+    // pWatch (null: nobody) outlives the points. Tables of up to nMostKept values are
+    // kept in memory.
+    cTablePoints(const cTableFormat &Format, cTableWatch *pWatch,
+                 size_t nMostKept = kMostKeptValues);
 
     // Name is what labels and messages call the table.
     void Add(const std::string &Name, cOpenFile File);

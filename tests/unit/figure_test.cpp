@@ -38,3 +38,15 @@ TEST_CASE("what is chosen for one line goes before what is chosen for all")
     CHECK(LookOfLine(Figure, 1).m_Stroke.m_Dashes.data() == DashesOfStyle(2).data());
     CHECK(LookOfLine(Figure, 1).m_nType == gtStairStep);
 }
+
+TEST_CASE("markers are chosen for all data lines or for one")
+{
+    cFigure Figure;
+    CHECK(HasScatter(Figure) == 0);
+    Figure.m_LineLooks[3].m_nType = gtScatter;
+    CHECK(HasScatter(Figure) == 1);
+    Figure.m_LineLooks[3].m_nType = gtPlot;
+    CHECK(HasScatter(Figure) == 0);
+    Figure.m_Look.m_nType = gtScatter;
+    CHECK(HasScatter(Figure) == 1);
+}

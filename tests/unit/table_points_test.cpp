@@ -86,6 +86,20 @@ TEST_CASE("a table that is too large to be kept is read again from its file")
     CHECK(Bytes.m_nEnded == 3);
 }
 
+TEST_CASE("values beyond the limit are not kept")
+{
+    cKeptValues Kept(6);
+    CHECK(Kept.Extend(3) != nullptr);
+    CHECK(Kept.Extend(4) == nullptr);
+    CHECK(Kept.Extend(3) != nullptr);
+    Kept.GoBack(3);
+    CHECK(Kept.Extend(3) != nullptr);
+    Kept.GoBack(0);
+    CHECK(Kept.Extend(7) == nullptr);
+    CHECK(Kept.Extend(6) != nullptr);
+    CHECK(Kept.Used() == 6);
+}
+
 TEST_CASE("a file that has become shorter fails")
 {
     std::string Content;
