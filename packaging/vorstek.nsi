@@ -15,6 +15,7 @@
 ;
 ;   /S          installs silently
 ;   /LISTINGS   adds the entries for listings to the Explorer's menu
+;   /PATH       adds the folder to the user's PATH, for vorstek-cli
 ;   /D=FOLDER   installs to that folder; the last argument, without quotes
 
 Unicode true
@@ -153,6 +154,58 @@ FunctionEnd
     !insertmacro REMOVE_IF_SHIPPED "$INSTDIR\${NEW}"
 !macroend
 
+; --- the user's PATH, which may be longer than a variable of the installer
+
+; Reads the user's PATH, with ";" before and after it: the text is at $R1, its type is
+; $R4, and $R5 is where the folder is in it, 0 for nowhere. There is room to append the
+; folder. Opens the key $R3; the memory has to be freed.
+!macro READ_PATH
+    System::Call 'advapi32::RegCreateKeyW(p 0x80000001, w "Environment", *p .R3)'
+    StrCpy $R2 0
+    StrCpy $R4 2    ; with names of variables in it, unless there is another one
+    System::Call 'advapi32::RegQueryValueExW(p R3, w "Path", p 0, *i .R4, p 0, *i .R2) i .R6'
+    ${If} $R6 != 0
+        StrCpy $R2 0
+        StrCpy $R4 2
+    ${EndIf}
+    StrLen $R7 $INSTDIR
+    IntOp $R6 $R7 + 4
+    IntOp $R6 $R6 * 2
+    IntOp $R6 $R6 + $R2
+    System::Alloc $R6       ; filled with zeros
+    Pop $R1
+    System::Call 'kernel32::lstrcpyW(p R1, w ";")'
+    ${If} $R2 > 2
+        IntPtrOp $R6 $R1 + 2
+        System::Call 'advapi32::RegQueryValueExW(p R3, w "Path", p 0, p 0, p R6, *i R2)'
+        System::Call 'kernel32::lstrcatW(p R1, w ";")'
+    ${EndIf}
+    System::Call 'shlwapi::StrStrIW(p R1, w ";$INSTDIR;") p .R5'
+!macroend
+
+; Writes the PATH at $R1 without the ";" before and after it; none if it is empty.
+!macro WRITE_PATH
+    System::Call 'kernel32::lstrlenW(p R1) i .R2'
+    ${If} $R2 < 3
+        System::Call 'advapi32::RegDeleteValueW(p R3, w "Path")'
+    ${Else}
+        IntOp $R6 $R2 - 1
+        IntOp $R6 $R6 * 2
+        IntPtrOp $R6 $R1 + $R6
+        System::Call '*$R6(&i2 0)'
+        IntPtrOp $R6 $R1 + 2
+        IntOp $R2 $R2 - 1
+        IntOp $R2 $R2 * 2
+        System::Call 'advapi32::RegSetValueExW(p R3, w "Path", i 0, i R4, p R6, i R2)'
+    ${EndIf}
+    SendMessage ${HWND_BROADCAST} ${WM_SETTINGCHANGE} 0 "STR:Environment" /TIMEOUT=2000
+!macroend
+
+!macro CLOSE_PATH
+    System::Free $R1
+    System::Call 'advapi32::RegCloseKey(p R3)'
+!macroend
+
 ; Makes the Explorer reload the menus of files.
 !macro TELL_EXPLORER
     System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)'
@@ -196,7 +249,10 @@ Section "Vorstek" SectionProgram
     !include "${INSTALLS}"
     SetOutPath "$INSTDIR"
     WriteUninstaller "$INSTDIR\Uninstall.exe"
-    CreateShortcut "$SMPROGRAMS\Vorstek.lnk" "$INSTDIR\Vorstek.exe"
+    CreateDirectory "$SMPROGRAMS\Vorstek"
+    CreateShortcut "$SMPROGRAMS\Vorstek\Vorstek.lnk" "$INSTDIR\Vorstek.exe"
+    CreateShortcut "$SMPROGRAMS\Vorstek\Vorstek manual.lnk" "$INSTDIR\VORSTEK.chm"
+    CreateShortcut "$SMPROGRAMS\Vorstek\Vorstek examples.lnk" "$INSTDIR\examples"
 
     WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayName" "Vorstek"
     WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
@@ -223,11 +279,24 @@ Section /o "Explorer entries" SectionListings
     !insertmacro TELL_EXPLORER
 SectionEnd
 
+; A folder that the user has put there is left alone, also by the uninstaller.
+Section /o "vorstek-cli on the PATH" SectionPath
+    !insertmacro READ_PATH
+    ${If} $R5 P= 0
+        System::Call 'kernel32::lstrcatW(p R1, w "$INSTDIR;")'
+        !insertmacro WRITE_PATH
+        WriteRegDWORD HKCU "${UNINSTALL_KEY}" "AddedToPath" 1
+    ${EndIf}
+    !insertmacro CLOSE_PATH
+SectionEnd
+
 LangString DESCRIPTION_PROGRAM ${LANG_ENGLISH} "The calculator, its console program, help and examples."
 LangString DESCRIPTION_LISTINGS ${LANG_ENGLISH} "Two entries in the Explorer's menu of text files. Text files are opened with your editor as before."
+LangString DESCRIPTION_PATH ${LANG_ENGLISH} "The console program can be called by its name, vorstek-cli, in every folder."
 !insertmacro MUI_FUNCTION_DESCRIPTION_BEGIN
     !insertmacro MUI_DESCRIPTION_TEXT ${SectionProgram} $(DESCRIPTION_PROGRAM)
     !insertmacro MUI_DESCRIPTION_TEXT ${SectionListings} $(DESCRIPTION_LISTINGS)
+    !insertmacro MUI_DESCRIPTION_TEXT ${SectionPath} $(DESCRIPTION_PATH)
 !insertmacro MUI_FUNCTION_DESCRIPTION_END
 
 Function .onInit
@@ -238,9 +307,18 @@ Function .onInit
     ${IfNot} ${Errors}
         !insertmacro SelectSection ${SectionListings}
     ${EndIf}
-    ReadRegStr $0 HKCU "${RUN_VERB}" ""
-    ${If} $0 != ""
+    ReadRegStr $1 HKCU "${RUN_VERB}" ""
+    ${If} $1 != ""
         !insertmacro SelectSection ${SectionListings}
+    ${EndIf}
+    ClearErrors
+    ${GetOptions} $0 "/PATH" $1
+    ${IfNot} ${Errors}
+        !insertmacro SelectSection ${SectionPath}
+    ${EndIf}
+    ReadRegDWORD $1 HKCU "${UNINSTALL_KEY}" "AddedToPath"
+    ${If} $1 == 1
+        !insertmacro SelectSection ${SectionPath}
     ${EndIf}
 FunctionEnd
 
@@ -252,7 +330,27 @@ Section "Uninstall"
     Delete "$INSTDIR\Uninstall.exe"
     RMDir "$INSTDIR"
     RMDir "$LOCALAPPDATA\Programs"
-    Delete "$SMPROGRAMS\Vorstek.lnk"
+    Delete "$SMPROGRAMS\Vorstek\Vorstek.lnk"
+    Delete "$SMPROGRAMS\Vorstek\Vorstek manual.lnk"
+    Delete "$SMPROGRAMS\Vorstek\Vorstek examples.lnk"
+    RMDir "$SMPROGRAMS\Vorstek"
+
+    ReadRegDWORD $0 HKCU "${UNINSTALL_KEY}" "AddedToPath"
+    ${If} $0 == 1
+        !insertmacro READ_PATH
+        ${If} $R5 P<> 0
+            ; What follows the folder moves to its place, with the ";" between.
+            IntOp $R7 $R7 + 1
+            IntOp $R7 $R7 * 2
+            IntPtrOp $R7 $R5 + $R7
+            System::Call 'kernel32::lstrlenW(p R7) i .R6'
+            IntOp $R6 $R6 + 1
+            IntOp $R6 $R6 * 2
+            System::Call 'ntdll::RtlMoveMemory(p R5, p R7, p R6)'
+            !insertmacro WRITE_PATH
+        ${EndIf}
+        !insertmacro CLOSE_PATH
+    ${EndIf}
     DeleteRegKey HKCU "${UNINSTALL_KEY}"
 
     ReadRegStr $0 HKCU "${RUN_VERB}" ""

@@ -57,6 +57,20 @@ def values(lines, key):
     return found
 
 
+def set_path(kind=None, value=None):
+    """The user's PATH as it was made with another program; None: without one."""
+    change = ["add", "HKCU\\Environment", "/v", "Path", "/t", kind, "/d", value, "/f"]
+    done = wine("reg", *(change if kind else ["delete", "HKCU\\Environment", "/v", "Path", "/f"]))
+    assert done.returncode == 0, done.stdout
+
+
+def user_path():
+    """The kind and the value of the user's PATH, None if there is none."""
+    done = wine("reg", "query", "HKCU\\Environment", "/v", "Path")
+    found = re.search(r"^ +Path +(REG_\w+) +(.*?)\r?$", done.stdout.decode(), re.MULTILINE)
+    return found and found.groups()
+
+
 def state():
     """Everything that an installer could leave: paths and registry keys, except
     those of Wine itself."""
@@ -68,6 +82,9 @@ def state():
 
 
 class InstallerTest(unittest.TestCase):
+
+    TARGETS = {"Vorstek.lnk": "Vorstek.exe", "Vorstek manual.lnk": "VORSTEK.chm",
+               "Vorstek examples.lnk": "examples"}
 
     @classmethod
     def setUpClass(cls):
@@ -81,8 +98,7 @@ class InstallerTest(unittest.TestCase):
         cls.user = next(path for path in (PREFIX / "drive_c/users").iterdir()
                         if path.name != "Public")
         cls.folder = cls.user / "AppData/Local/Programs/Vorstek"
-        cls.shortcut = (cls.user / "AppData/Roaming/Microsoft/Windows/Start Menu/Programs"
-                        / "Vorstek.lnk")
+        cls.menu = cls.user / "AppData/Roaming/Microsoft/Windows/Start Menu/Programs/Vorstek"
         with zipfile.ZipFile(package("vorstek-VERSION-windows-x64.zip")) as archive:
             cls.files = {entry.filename.split("/", 1)[1]: archive.read(entry)
                          for entry in archive.infolist() if not entry.is_dir()}
@@ -126,7 +142,7 @@ class InstallerTest(unittest.TestCase):
 
     @classmethod
     def start_program(cls, mark=None):
-        arguments = [package_case.ARGUMENTS[1], windows_name(cls.shortcut)]
+        arguments = [package_case.ARGUMENTS[1], windows_name(cls.menu / "Vorstek.lnk")]
         return subprocess.Popen([ROOT / "scripts" / "wine-run", *arguments, *([mark] if mark else [])],
                                 stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, text=True)
 
@@ -146,6 +162,11 @@ class InstallerTest(unittest.TestCase):
         size = sum(map(len, self.files.values())) / 1024
         self.assertTrue(size <= int(key["EstimatedSize"].removeprefix("dword:"), 16) <= size + 200)
         self.assertFalse(any("Vorstek.Run" in line for line in lines))
+        self.assertIsNone(user_path())
+        self.assertEqual(
+            {entry: name in data.decode("latin-1") for entry, data in files(self.menu).items()
+             for name in [windows_name(self.folder / self.TARGETS[entry])]},
+            dict.fromkeys(self.TARGETS, True))
         self.assertFalse(any("Vorstek" in line for line in registry(MACHINE)))
 
         started = self.start_program()
@@ -180,6 +201,31 @@ class InstallerTest(unittest.TestCase):
         self.uninstall()
         self.assert_nothing_left()
 
+    def test_the_folder_joins_the_path_stays_with_an_update_and_goes(self):
+        folder = windows_name(self.folder)
+        # Longer than a variable of the installer, and with one of the system's.
+        others = "%USERPROFILE%\\bin;" + ";".join(f"C:\\Tools\\number {i}" for i in range(200))
+        set_path("REG_EXPAND_SZ", others)
+        self.addCleanup(set_path)
+        self.install("/PATH")
+        self.assertEqual(user_path(), ("REG_EXPAND_SZ", f"{others};{folder}"))
+        self.install()
+        self.assertEqual(user_path(), ("REG_EXPAND_SZ", f"{others};{folder}"))
+        # What has come since stays.
+        set_path("REG_SZ", f"{others};{folder};{folder} 2;")
+        self.uninstall()
+        self.assertEqual(user_path(), ("REG_SZ", f"{others};{folder} 2;"))
+        self.assert_nothing_left()
+
+    def test_a_path_with_the_folder_in_it_is_left_alone(self):
+        path = "C:\\Tools;" + windows_name(self.folder).upper()
+        set_path("REG_SZ", path)
+        self.addCleanup(set_path)
+        self.install("/PATH")
+        self.assertEqual(user_path(), ("REG_SZ", path))
+        self.uninstall()
+        self.assertEqual(user_path(), ("REG_SZ", path))
+
     def test_another_folder_and_what_an_older_version_had(self):
         folder = PREFIX / "drive_c" / "Tools" / "Calculator"
         self.install("/D=" + windows_name(folder))
@@ -199,12 +245,15 @@ class InstallerTest(unittest.TestCase):
         trace = self.folder / "tracelog.txt"
         mine.write_text("LBL 1\n")
         trace.write_text("01 LBL 1\n")
+        entry = self.menu / "Mine.lnk"
+        entry.write_bytes((self.menu / "Vorstek.lnk").read_bytes())
         self.uninstall(left=("examples", "tracelog.txt"))
         self.assertEqual(files(self.folder), {"examples/mine.txt": b"LBL 1\n",
                                               "tracelog.txt": b"01 LBL 1\n"})
         self.assert_nothing_left(*(path.relative_to(PREFIX).as_posix() for path in (
-            self.folder.parent, self.folder, mine.parent, mine, trace)))
+            self.folder.parent, self.folder, mine.parent, mine, trace, self.menu, entry)))
         shutil.rmtree(self.folder.parent)
+        shutil.rmtree(self.menu)
 
     def test_texts_that_the_user_has_changed_stay_beside_the_new_ones(self):
         self.folder.mkdir(parents=True)
@@ -238,12 +287,15 @@ class InstallerTest(unittest.TestCase):
         self.assert_nothing_left()
 
     def test_installed_elsewhere_it_is_removed_there(self):
-        self.install()
+        self.install("/PATH")
+        self.assertEqual(user_path()[1], windows_name(self.folder))
         folder = PREFIX / "drive_c" / "Elsewhere"
         self.install("/D=" + windows_name(folder))
         self.assertFalse(self.folder.exists())
         self.assertEqual(self.installed(folder), self.files)
+        self.assertEqual(user_path()[1], windows_name(folder))
         self.uninstall(folder)
+        self.assertIsNone(user_path())
         self.assert_nothing_left()
 
     def test_a_running_program_is_neither_replaced_nor_removed(self):
