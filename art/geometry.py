@@ -33,9 +33,9 @@ WINDOW = (28, 23, 282, 95)
 
 # State lamps in the frame below the glass: left, top, kind. Prefix keys pending,
 # program mode, running program; the last two are above the labels of the switch.
-LAMP_WIDTH, LAMP_HEIGHT = 11, 9
+LAMP_WIDTH, LAMP_HEIGHT = 15, 9
 LAMP_F, LAMP_G, LAMP_PROGRAM, LAMP_RUN = range(4)
-LAMPS = ((46, 95, LAMP_F), (72, 95, LAMP_G), (166, 95, LAMP_PROGRAM), (236, 95, LAMP_RUN))
+LAMPS = ((44, 95, LAMP_F), (70, 95, LAMP_G), (164, 95, LAMP_PROGRAM), (234, 95, LAMP_RUN))
 
 # Kinds of key cap.
 FUNCTION, DIGIT, OPERATOR, ENTER, GOLD, BLUE = range(6)

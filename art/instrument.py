@@ -64,7 +64,8 @@ _LIT = {
     g.LAMP_F: (255, 190, 60), g.LAMP_G: (110, 180, 255),
     g.LAMP_PROGRAM: (255, 110, 80), g.LAMP_RUN: (96, 240, 130),
 }
-_LAMP_RADIUS = 2.3
+_LAMP_RADIUS = 2.4              # of the round ends of a lamp
+_LAMP_REACH = 2.0               # from its middle to where they begin
 _LAMP_LETTERS = {g.LAMP_F: ("f", _GOLD_INK), g.LAMP_G: ("g", _BLUE_INK)}
 
 _HOOD_RECT = (13, 11, 293, 105)
@@ -137,7 +138,7 @@ def _hood(field):
 
 
 def _lamps(field, lit):
-    """Small lenses in the lower edge of the hood."""
+    """Small oblong lenses in the lower edge of the hood."""
     for lamp in g.LAMPS:
         left, top, kind = lamp
         where = field.window(_grown(g.lamp_rect(lamp), 6))
@@ -145,7 +146,7 @@ def _lamps(field, lit):
             continue
         x = field.x[:, where[1]] - left - g.LAMP_WIDTH / 2
         y = field.y[where[0]] - top - g.LAMP_HEIGHT / 2
-        away = np.hypot(x, y)
+        away = np.hypot(x - np.clip(x, -_LAMP_REACH, _LAMP_REACH), y)
         lens = smooth(0.25, -0.25, away - _LAMP_RADIUS)
         ring = smooth(1.0, 0.4, np.abs(away - _LAMP_RADIUS - 0.5))
         part = field.height[where]
@@ -155,7 +156,7 @@ def _lamps(field, lit):
         field.paint(where, lens, _LENS[kind], gloss=0.15, polish=0.04)
         if kind in lit:
             core = lens * (0.75 + 0.25 * smooth(_LAMP_RADIUS, 0.4, away))
-            halo = 0.22 * smooth(4.4, _LAMP_RADIUS - 0.4, away) * (1 - lens)
+            halo = 0.3 * smooth(4.4, _LAMP_RADIUS - 0.4, away) * (1 - lens)
             field.glow[where] += (core + halo)[..., None] * relief.to_linear(_LIT[kind])
             hot = lens * smooth(1.5, 0.2, away)
             field.glow[where] += 0.5 * hot[..., None]

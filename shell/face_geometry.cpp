@@ -32,7 +32,7 @@ const int       kSwitchStarts[kFaceSwitches] = { 0, 12 };
 
 const cFaceRect kLampRects[kFaceLamps] =
 {
-    { 46, 95, 11, 9 }, { 72, 95, 11, 9 }, { 166, 95, 11, 9 }, { 236, 95, 11, 9 },
+    { 44, 95, 15, 9 }, { 70, 95, 15, 9 }, { 164, 95, 15, 9 }, { 234, 95, 15, 9 },
 };
 
 constexpr cFaceRect kDisplayRect = { 44, 40, 260, 92 };
