@@ -218,12 +218,14 @@ class FilesCase(PageCase):
                         "document.querySelector('#file-name [value=ok]').click()")
 
     def saved(self, name):
-        """The bytes of a file that the page hands out."""
+        """The bytes of a file that the page hands out; none is empty. The browser puts an
+        empty file under the name until it has all of it."""
+        file = self.folder / name
         end = time.monotonic() + DOWNLOAD_TIME
-        while not (self.folder / name).exists():
+        while not file.exists() or file.stat().st_size == 0:
             self.assertLess(time.monotonic(), end, f"{name} has not been saved")
             time.sleep(0.02)
-        return (self.folder / name).read_bytes()
+        return file.read_bytes()
 
     def printed(self):
         """The text of the page on paper."""
