@@ -108,6 +108,34 @@ private:
     std::string m_Note;
 };
 
+// Registers the viewer of ./run in place of the platform's.
+class cPageViewer
+{
+public:
+    cPageViewer()
+    {
+        LONG nSize = sizeof m_szFormer;
+        REQUIRE(RegQueryValueA(HKEY_CLASSES_ROOT, kViewerKey, m_szFormer, &nSize) == ERROR_SUCCESS);
+        Register(VORSTEK_HELP_PAGES);
+    }
+
+    ~cPageViewer() { Register(m_szFormer); }
+
+    cPageViewer(const cPageViewer &)            = delete;
+    cPageViewer &operator=(const cPageViewer &) = delete;
+
+private:
+    static constexpr const char *kViewerKey =
+        "CLSID\\{ADB880A6-D8FF-11CF-9377-00AA003B7A11}\\InprocServer32";
+
+    static void Register(const char *szViewer)
+    {
+        RegSetValueA(HKEY_CLASSES_ROOT, kViewerKey, REG_SZ, szViewer, 0);
+    }
+
+    char m_szFormer[MAX_PATH] = "";
+};
+
 }  // namespace
 
 TEST_CASE("a missing help file of the graph is reported, and the graph still works")
@@ -174,4 +202,21 @@ TEST_CASE("without a help file the introduction is opened as a page")
 
     Calculator.HitKey(kKey7);
     CHECK(Calculator.ReadsX("7."));
+}
+
+TEST_CASE("the viewer of ./run opens the help of calculator and graph as pages")
+{
+    const cPageViewer Viewer;
+    cCalculator       Calculator;
+    BringHelp(Calculator);
+    const cPageReader Reader(Calculator.Path("opened.txt"));
+    Calculator.HitShortcut(VK_F1);
+    const std::string Page = Calculator.Path("HtmlHelp\\Introduction.htm");
+    CHECK(Eventually(Page, [&] { return Reader.Opened(); }) == Page);
+
+    cGraphWindow Graph(&Calculator);
+    Graph.Choose(gmHelp, IDM_GRAPH_HELP);
+    const std::string Topic = Calculator.Path("HtmlHelp\\cVantor Introduction.htm");
+    CHECK(Eventually(Topic, [&] { return Reader.Opened(); }) == Topic);
+    CHECK(Calculator.HasDialog() == 0);
 }
