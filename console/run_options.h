@@ -20,7 +20,7 @@ struct cRunOptions
     int                                      m_nLabel = -1;  // -1: start at line 1
     std::string                              m_TraceFile;    // "" for none, "-" for standard output
     unsigned                                 m_nTraceMegabytes = 1;
-    std::string                              m_GraphFile;  // "" for none, "-" as the trace
+    std::string                              m_GraphFile;         // "" for none, "-" as the trace
     int                                      m_bGraphAsData = 0;  // else as a picture
     cFigureOptions                           m_Picture;
     cPictureFile                             m_PictureFile = {};  // of the graph
