@@ -1,9 +1,18 @@
 #include "toolkit/win32/clipboard.h"
 
 #include <cstring>
+#include <memory>
 
 namespace
 {
+
+struct cSharedFreer
+{
+    void operator()(HGLOBAL hShared) const { GlobalFree(hShared); }
+};
+
+// Memory that programs can hand to one another.
+using cShared = std::unique_ptr<void, cSharedFreer>;
 
 class cOpenClipboard
 {
@@ -25,16 +34,16 @@ private:
 
 }  // namespace
 
-static HGLOBAL MakeShared(const char *szText)
+static cShared MakeShared(const char *szText)
 {
-    const size_t  nSize   = strlen(szText) + 1;
-    const HGLOBAL hShared = GlobalAlloc(GMEM_MOVEABLE, nSize);
-    void *const   pShared = hShared ? GlobalLock(hShared) : nullptr;
+    const size_t nSize = strlen(szText) + 1;
+    cShared      Shared(GlobalAlloc(GMEM_MOVEABLE, nSize));
+    void *const  pShared = Shared ? GlobalLock(Shared.get()) : nullptr;
     if (!pShared)
-        return nullptr;  // memory is short, so there is none to free
+        return nullptr;
     memcpy(pShared, szText, nSize);
-    GlobalUnlock(hShared);
-    return hShared;
+    GlobalUnlock(Shared.get());
+    return Shared;
 }
 
 int CopyText(HWND hOwner, const char *szText)
@@ -42,13 +51,11 @@ int CopyText(HWND hOwner, const char *szText)
     const cOpenClipboard Clipboard(hOwner);
     if (!Clipboard.IsOpen() || !EmptyClipboard())
         return 0;
-    const HGLOBAL hShared = MakeShared(szText);
-    if (!hShared)
+    cShared Shared = MakeShared(szText);
+    if (!Shared || !SetClipboardData(CF_TEXT, Shared.get()))
         return 0;
-    if (SetClipboardData(CF_TEXT, hShared))
-        return 1;  // the memory belongs to the clipboard now
-    GlobalFree(hShared);
-    return 0;
+    static_cast<void>(Shared.release());  // it belongs to the clipboard now
+    return 1;
 }
 
 // The text may be as large as its memory and without an end.
