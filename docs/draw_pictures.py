@@ -21,7 +21,8 @@ from PIL import Image, ImageDraw, ImageFont
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 CLI = ROOT / "build/native/console/vorstek-cli"
 FONTS = pathlib.Path("/usr/share/fonts/truetype/liberation")
-FINE = 4                    # oversampling, for smooth edges
+SHARP = 2                   # pixels of a picture for one of a page
+FINE = 4                    # pixels drawn for one of a page, for smooth edges
 
 INK, QUIET, FAINT, PAPER = (35, 38, 43), (95, 98, 104), (140, 144, 150), (255, 255, 255)
 BOX, EDGE = (247, 243, 234), (190, 180, 160)
@@ -63,7 +64,7 @@ class Sheet:
         self.draw.polygon([(x * FINE, y * FINE) for x, y in points], colour)
 
     def save(self, path):
-        size = (self.image.width // FINE, self.image.height // FINE)
+        size = (self.image.width * SHARP // FINE, self.image.height * SHARP // FINE)
         small = self.image.resize(size, Image.LANCZOS)
         small.quantize(256, dither=Image.Dither.NONE).save(path, optimize=True)
 
@@ -136,7 +137,7 @@ MOVEMENTS = (
 
 # Numbered parts of the face: number, its x and y, x and y of the part.
 CALLOUTS = (
-    ("1", (-24, 66), (32, 66)), ("2", (-24, 112), (74, 113)), ("3", (330, 112), (230, 113)),
+    ("1", (-24, 66), (32, 66)), ("2", (-24, 113), (66, 113)), ("3", (330, 113), (250, 113)),
     ("4", (330, 167), (268, 167)), ("5", (330, 222), (268, 222)), ("6", (-24, 275), (38, 275)),
     ("7", (-24, 381), (38, 381)), ("8", (330, 400), (268, 400)), ("9", (330, 489), (268, 489)),
 )
@@ -145,9 +146,10 @@ CALLOUTS = (
 def face(path):
     """The face with the numbers that the text refers to."""
     margin = 46
-    bitmap = Image.open(ROOT / "resources/bitmaps/face.bmp").convert("RGB")
-    sheet = Sheet(bitmap.width + 2 * margin, bitmap.height)
-    sheet.image.paste(bitmap.resize((bitmap.width * FINE, bitmap.height * FINE), Image.NEAREST),
+    bitmap = Image.open(ROOT / "resources/bitmaps/face_200.png").convert("RGB")
+    width, height = bitmap.width // SHARP, bitmap.height // SHARP
+    sheet = Sheet(width + 2 * margin, height)
+    sheet.image.paste(bitmap.resize((width * FINE, height * FINE), Image.NEAREST),
                       (margin * FINE, 0))
     draw = sheet.draw
     texts = ((50, 42, 11, "LastOp:  +"), (234, 40, 11, "deg"), (59, 66, 16, " 5.00"))
@@ -163,8 +165,8 @@ def face(path):
 
 
 def convert(source, width, path):
-    """An SVG file as an image of this width."""
-    subprocess.run(["rsvg-convert", "--width", str(width), "--output", path, source], check=True)
+    """An SVG file as an image that fills this width of a page."""
+    subprocess.run(["rsvg-convert", "--width", str(width * SHARP), "--output", path, source], check=True)
     with Image.open(path) as picture:
         small = picture.convert("RGB").quantize(64, dither=Image.Dither.NONE)
     small.save(path, optimize=True)
