@@ -14,7 +14,7 @@ static const cWarningRow s_Warnings[kWarnings] =
     { "number-range",    "%1 is beyond the calculator's range and becomes %2"                          },
     { "missing-label",   "there is no LBL %1: the program would halt here with \"Error: no such label\"" },
     { "duplicate-label", "LBL %1 is already in line %2; a jump goes to the next one after it, then from the top" },
-    { "unused-label",    "no GTO or GSB goes to LBL %1, and no comment names it"                                               },
+    { "unused-label",    "no GTO or GSB goes to LBL %1, and no comment names it"                      },
     { "unreachable",     "nothing%1 reaches %2"                                                        },
     { "falls-off-end",   "after program line 98 the run continues in line 01"                          },
     { "deep-calls",      "%1: the fourth call in a chain ends with \"Error: subr overflow\""           },

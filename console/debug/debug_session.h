@@ -14,8 +14,8 @@ class cDebugSession : public cSession
 public:
     explicit cDebugSession(const cStreams &Streams);
 
-    // The program as it is read from a file or standard input; 0 with an Error() if it cannot be loaded,
-    // without one if the streams have been told why.
+    // The program as it is read from a file or standard input; 0 with an Error() if it
+    // cannot be loaded, without one if the streams have been told why.
     int Load(const std::string &Name);
 
     const char                                   *Prompt() const override { return "debug> "; }
